@@ -1,0 +1,21 @@
+#pragma once
+
+#include "vesta/Export.h"
+#include "vesta/Path.h"
+
+/// Holds a lock file (beside `path`, its name with ".lock" added) while it lives, against other
+/// programs that save the same file. Waits at most `timeoutMs` milliseconds; when it cannot be had
+/// `IsHeld` is false and the reason is logged: the caller goes on without.
+class TOLVAN_API FileLock
+{
+public:
+    explicit FileLock(const Path& path, int timeoutMs = 2000);
+    ~FileLock();
+    FileLock(const FileLock&) = delete;
+    FileLock& operator=(const FileLock&) = delete;
+
+    bool IsHeld() const { return m_Descriptor >= 0; }
+
+private:
+    int m_Descriptor = -1;
+};
