@@ -1,0 +1,124 @@
+#include "appearance/wxTolvanColors.h"
+#include "shell/wxTolvanFrame.h"
+#include "vesta/CallEntry.h"
+
+#include <wx/dc.h>
+#include <wx/dcclient.h>
+#include <wx/toplevel.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+namespace
+{
+constexpr int    kHilightOffset = 25;     // per channel
+constexpr double kDisabledOwnShare = 0.7; // the rest is the stock light grey
+
+unsigned char Channel(int value)
+{
+    return static_cast<unsigned char>(std::clamp(value, 0, 255));
+}
+
+// Truncated, so that the same mix gives the same colour on every port.
+unsigned char Mix(unsigned char a, unsigned char b, double share)
+{
+    return Channel(static_cast<int>(a * share + b * (1 - share)));
+}
+
+// From 1 at the first step down to (1/steps)^exponent at the last; single precision is enough for
+// 256 shades.
+float Blend(int step, int steps, float exponent)
+{
+    if (steps == 1)
+    {
+        return 0;
+    }
+    const float way = static_cast<float>(std::abs(step - steps)) / static_cast<float>(steps);
+    return std::clamp(std::pow(way, exponent), 0.0f, 1.0f);
+}
+
+wxColour BlendColours(const wxColour& outer, const wxColour& inner, float share)
+{
+    const auto mix = [share](unsigned char a, unsigned char b)
+    { return Channel(static_cast<int>(a * share + b * (1 - share))); };
+    return wxColour(mix(outer.Red(), inner.Red()), mix(outer.Green(), inner.Green()),
+                    mix(outer.Blue(), inner.Blue()));
+}
+} // namespace
+
+wxColour OffsetColor(const wxColour& colour, int red, int green, int blue)
+{
+    if (!colour.IsOk())
+    {
+        return colour;
+    }
+    return wxColour(Channel(colour.Red() + red), Channel(colour.Green() + green),
+                    Channel(colour.Blue() + blue));
+}
+
+wxColour Disabled(const wxColour& colour)
+{
+    if (!colour.IsOk())
+    {
+        return colour;
+    }
+    const wxColour& grey = *wxLIGHT_GREY;
+    return wxColour(Mix(colour.Red(), grey.Red(), kDisabledOwnShare),
+                    Mix(colour.Green(), grey.Green(), kDisabledOwnShare),
+                    Mix(colour.Blue(), grey.Blue(), kDisabledOwnShare));
+}
+
+wxColour Hilight(const wxColour& colour)
+{
+    return OffsetColor(colour, kHilightOffset, kHilightOffset, kHilightOffset);
+}
+
+void DrawGradedRectangle(wxDC& dc, const wxRect& rect, const wxColour& inner,
+                         const wxColour& outer, float exponent, bool shrinkBottom, bool shrinkTop)
+{
+    CALL_ENTRY("DrawGradedRectangle");
+    if (!inner.IsOk() || !outer.IsOk())
+    {
+        return;
+    }
+    const wxDCBrushChanger brush(dc, dc.GetBrush());
+    const wxDCPenChanger   pen(dc, *wxTRANSPARENT_PEN);
+    const int              steps = shrinkBottom || shrinkTop ? rect.height / 2 : 1;
+    wxRect                 area = rect;
+    for (int i = 0; i < steps; ++i)
+    {
+        dc.SetBrush(wxBrush(BlendColours(outer, inner, Blend(i, steps, exponent))));
+        dc.DrawRectangle(area);
+        if (shrinkTop)
+        {
+            ++area.y;
+            --area.height;
+        }
+        if (shrinkBottom)
+        {
+            --area.height;
+        }
+    }
+}
+
+void DrawCircle(wxDC& dc, const wxRect& rect, double startAngle, double endAngle)
+{
+    CALL_ENTRY("DrawCircle");
+    dc.DrawEllipticArc(rect.GetPosition(), rect.GetSize(), startAngle, endAngle);
+}
+
+bool ParentIsActive(wxWindow* window)
+{
+    CALL_ENTRY("ParentIsActive");
+    while (window && !window->IsTopLevel())
+    {
+        window = window->GetParent();
+    }
+    auto* const top = wxDynamicCast(window, wxTopLevelWindow);
+    if (top && !top->IsActive())
+    {
+        return false;
+    }
+    return !wxTolvanFrame::IsMenuOpen();
+}

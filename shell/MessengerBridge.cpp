@@ -1,0 +1,146 @@
+#include "appearance/wxTolvanString.h"
+#include "dialogs/wxConfirmDlg.h"
+#include "dialogs/wxTolvanDlg.h"
+#include "shell/_TopWindow.h"
+#include "shell/wxTolvanApp.h"
+#include "vesta/CallEntry.h"
+#include "vesta/ThreadPool.h"
+
+#include <wx/thread.h>
+
+// The bridge from the messenger's signals, which come on threads of the platform, to events on the
+// main thread.
+
+wxDEFINE_EVENT(wxTOLVAN_MESSAGE_EVENT, wxCommandEvent);
+wxDEFINE_EVENT(wxTOLVAN_CONNECT_EVENT, wxCommandEvent);
+wxDEFINE_EVENT(wxTOLVAN_DISCONNECT_EVENT, wxCommandEvent);
+
+namespace
+{
+void PostCommand(wxEventType type)
+{
+    _PostToTopWindow([type](wxWindow&) { return std::make_unique<wxCommandEvent>(type, 0); });
+}
+
+void ShowRequestFailure(const String& text)
+{
+    wxTolvanMessageBox("Master reports error:\n" + wxtToWx(text), "RequestFailed", nullptr);
+}
+} // namespace
+
+void wxTolvanApp::EnableMessageProcessing()
+{
+    the_App = dynamic_cast<wxTolvanApp*>(Application::the_Application);
+}
+
+void wxTolvanApp::DisableMessageProcessing()
+{
+    the_App = nullptr;
+}
+
+bool wxTolvanApp::IsMessageProcessingEnabled() const
+{
+    Application* const enabled = the_App.load();
+    return enabled && enabled == Application::the_Application;
+}
+
+void wxTolvanApp::ProcessNextMessage()
+{
+    CALL_ENTRY("wxTolvanApp::ProcessNextMessage");
+    if (IsMessageProcessingEnabled())
+    {
+        the_App.load()->DispatchMessage();
+    }
+}
+
+void wxTolvanApp::OnMessage(wxCommandEvent&)
+{
+    CALL_ENTRY("wxTolvanApp::OnMessage");
+    ProcessNextMessage();
+}
+
+void wxTolvanApp::_Connect(MessengerConnectedEvt&)
+{
+    CALL_ENTRY("wxTolvanApp::_Connect");
+    if (_HasTopWindow())
+    {
+        LogDebug("... Messenger Connected: translating to wxTOLVAN_CONNECT_EVENT");
+        PostCommand(wxTOLVAN_CONNECT_EVENT);
+    }
+    else
+    {
+        LogDebug("... Ignoring MessageConnectedEvt because app has no top window");
+    }
+    wxTolvanDlg::NotifyConnected(true);
+}
+
+void wxTolvanApp::_Disconnect(MessengerDisconnectedEvt&)
+{
+    CALL_ENTRY("wxTolvanApp::_Disconnect");
+    if (_HasTopWindow())
+    {
+        LogDebug("... Messenger Disconnected: translating to wxTOLVAN_DISCONNECT_EVENT");
+        PostCommand(wxTOLVAN_DISCONNECT_EVENT);
+    }
+    else
+    {
+        LogDebug("... Ignoring MessageDisconnectedEvt because app has no top window");
+    }
+    wxTolvanDlg::NotifyConnected(false);
+}
+
+void wxTolvanApp::_CheckReceive(MessageReceivedEvt& event)
+{
+    CALL_ENTRY("wxTolvanApp::_CheckReceive");
+    if (!_HasTopWindow())
+    {
+        LogDebug("... Ignoring MessageReceivedEvt because app has no top window");
+        return;
+    }
+    // Read once: the main thread may disable processing at any moment.
+    wxTolvanApp* const app = the_App.load();
+    if (ThreadPool::IsReady() && app)
+    {
+        LogDebug("... Received message: initiating deferred processing");
+        boost::shared_ptr<Message> message;
+        message.swap(event.m_Message);
+        if (message)
+        {
+            app->CallMessageHandlers(message);
+        }
+        return;
+    }
+    LogDebug("... Received message: translating to wxTOLVAN_MESSAGE_EVENT");
+    PostCommand(wxTOLVAN_MESSAGE_EVENT);
+}
+
+void wxTolvanApp::OnShutdownMsg(const boost::shared_ptr<ShutdownMsg>&)
+{
+    CALL_ENTRY("wxTolvanApp::OnShutdownMsg");
+    LogSystem("Received Shutdown request");
+    if (the_Exe)
+    {
+        the_Exe->Signal(0);
+    }
+}
+
+void wxTolvanApp::_EndSession(wxCloseEvent&)
+{
+    CALL_ENTRY("wxTolvanApp::_EndSession");
+    LogSystem("Notified of user request to log out or shut down the system");
+    the_Exe->Signal(0);
+}
+
+bool wxTolvanApp::RequestHasFailed(const String& text)
+{
+    CALL_ENTRY("wxTolvanApp::RequestHasFailed");
+    if (wxIsMainThread())
+    {
+        ShowRequestFailure(text);
+    }
+    else
+    {
+        CallAfter([text] { ShowRequestFailure(text); });
+    }
+    return false;
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "vesta/Export.h"
+#include "vesta/LibStatic.h"
+#include "vesta/Signal.h"
+
+#include <wx/timer.h>
+
+#include <set>
+
+/// Base of objects that want a nudge every 250 ms, from construction to destruction, and owner of
+/// the signals for those that rather connect a slot. All are driven by one timer, which only runs
+/// while there is a `wxTimed`; the signals alone do not keep it running.
+///
+/// `OnTick` and the signals come on the main thread. Objects may be made and destroyed on any
+/// thread and at any time, in a tick too, their own included.
+class TOLVAN_API wxTimed
+{
+public:
+    wxTimed();
+    virtual ~wxTimed();
+    wxTimed(const wxTimed&) = delete;
+    wxTimed& operator=(const wxTimed&) = delete;
+
+    virtual void OnTick() = 0; ///< Every 250 ms.
+
+    static Signal0<> s_Timer0100; ///< Every 100 ms.
+    static Signal0<> s_Timer0250; ///< Every 250 ms, before the objects' `OnTick`.
+};
+
+/// The one timer. Its first tick, 50 ms after it starts, fires everything.
+///
+/// One recursive lock, of the process and not of the timer, guards the set and `g_MasterTimer`: a
+/// tick that makes or destroys objects takes it again, and whoever destroys an object on another
+/// thread waits until the tick is over.
+class TOLVAN_API wxMasterTimer : private wxTimer,
+                                 private std::set<wxTimed*>,
+                                 private LibStatic
+{
+public:
+    wxMasterTimer();
+    ~wxMasterTimer() override;
+
+    void Insert(wxTimed* timed);
+    void Erase(wxTimed* timed);
+
+    bool IsRunning() const { return wxTimer::IsRunning(); }
+    int  GetInterval() const { return wxTimer::GetInterval(); } ///< Milliseconds.
+
+    void Notify() override;
+    void OnLibCleanup() override;
+
+private:
+    void Tick();
+    void TickObjects();
+    void StartOrStop();
+
+    int m_Ticks = 0; ///< Never reset while the timer exists.
+};
+
+/// Null before the first `wxTimed` is made and after the library's clean-up.
+extern TOLVAN_API wxMasterTimer* g_MasterTimer;

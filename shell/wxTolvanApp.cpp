@@ -1,0 +1,242 @@
+#include "shell/wxTolvanApp.h"
+
+#include "appearance/wxTolvanString.h"
+#include "appearance/wxtRenderer.h"
+#include "shell/OpenWindows.h"
+#include "shell/_TopWindow.h"
+#include "shell/_wxTolvanLog.h"
+#include "vesta/CallEntry.h"
+#include "vesta/Platform.h"
+
+#include <wx/intl.h>
+#include <wx/msgdlg.h>
+#include <wx/sysopt.h>
+#include <wx/tooltip.h>
+
+wxTolvanExecutable*       the_Exe = nullptr;
+std::atomic<wxTolvanApp*> the_App{nullptr};
+wxWeakRef<wxWindow>       s_ActiveWin;
+
+namespace
+{
+constexpr int kToolTipShownMs = 10000;
+constexpr int kToolTipDelayMs = 330;
+constexpr int kToolTipReshowMs = 0;
+
+// The request to close the program, among the numbers of signals.
+constexpr int kCloseSignal = 0;
+
+// Once a process, whatever number of application objects it makes.
+void InitLocale()
+{
+    static wxLocale   s_Locale;
+    static const bool s_Done = s_Locale.Init(wxLANGUAGE_DEFAULT, wxLOCALE_LOAD_DEFAULT);
+    static_cast<void>(s_Done);
+}
+} // namespace
+
+wxTolvanExecutable::wxTolvanExecutable(TolvanClientApp* application) : Executable(application) {}
+
+int wxTolvanExecutable::Signal(int signal)
+{
+    CALL_ENTRY("wxTolvanExecutable::Signal");
+    const int result = Executable::Signal(signal);
+    if (signal == kCloseSignal && the_App.load())
+    {
+        _PostToTopWindow(
+            [](wxWindow& top)
+            {
+                auto event = std::make_unique<wxCloseEvent>(wxEVT_CLOSE_WINDOW, top.GetId());
+                event->SetEventObject(&top);
+                return event;
+            });
+    }
+    return result;
+}
+
+// clang-format off
+wxBEGIN_EVENT_TABLE(wxTolvanApp, wxApp)
+    EVT_COMMAND(wxID_ANY, wxTOLVAN_MESSAGE_EVENT, wxTolvanApp::OnMessage)
+    EVT_QUERY_END_SESSION(wxTolvanApp::_EndSession)
+    EVT_CHAR_HOOK(wxTolvanApp::KeyboardHook)
+    EVT_ACTIVATE(wxTolvanApp::ActivateEvent)
+wxEND_EVENT_TABLE()
+// clang-format on
+
+wxTolvanApp::wxTolvanApp(LogLevel fileLevel, LogLevel consoleLevel)
+    : TolvanClientApp(fileLevel, consoleLevel)
+{
+    CALL_ENTRY("wxTolvanApp::wxTolvanApp");
+    the_Exe = new wxTolvanExecutable(this);
+    EnableMessageProcessing();
+    InitLocale();
+}
+
+wxTolvanApp::~wxTolvanApp()
+{
+    // Slots run on the messenger's thread; none may find a half-destroyed application.
+    HasSlots::DisconnectAll();
+    DisableMessageProcessing();
+    delete the_Exe;
+    the_Exe = nullptr;
+}
+
+bool wxTolvanApp::OnInit()
+{
+    CALL_ENTRY("wxTolvanApp::OnInit");
+    // The earlier target stays alive: others may hold it.
+    wxLog::SetActiveTarget(new wxTolvanLog);
+    wxLogStatus("Set wxLog to use VestaLib Log");
+    m_TopWindowWatch = std::make_unique<_TopWindowWatch>();
+    ConnectSignals();
+    wxSystemOptions::SetOption("msw.notebook.themed-background", 0);
+
+    std::vector<String> words;
+    for (int i = 0; i < argc; ++i)
+    {
+        words.push_back(wxtFromWx(argv[i]));
+    }
+    CommandLine commandLine(words);
+    if (RunStartup(commandLine))
+    {
+        wxToolTip::Enable(true);
+        wxToolTip::SetAutoPop(kToolTipShownMs);
+        wxToolTip::SetDelay(kToolTipDelayMs);
+        wxToolTip::SetReshow(kToolTipReshowMs);
+        StartedSignal.Emit();
+        return true;
+    }
+    if (m_ShowStartupError)
+    {
+        ShowStartupError();
+    }
+    Cleanup();
+    ExitedSignal.Emit();
+    return false;
+}
+
+bool wxTolvanApp::RunStartup(CommandLine& commandLine)
+{
+    // One write of the options file for whatever the windows store while they are built.
+    const OptionsFile::PauseAutoWrite pause(Options());
+    return Startup(commandLine);
+}
+
+void wxTolvanApp::ConnectSignals()
+{
+    ShutdownMsg::s_Signal.Connect(this, &wxTolvanApp::OnShutdownMsg);
+    MessageReceivedEvt::s_Signal.Connect(this, &wxTolvanApp::_CheckReceive);
+    MessengerConnectedEvt::s_Signal.Connect(this, &wxTolvanApp::_Connect);
+    MessengerDisconnectedEvt::s_Signal.Connect(this, &wxTolvanApp::_Disconnect);
+}
+
+void wxTolvanApp::ShowStartupError() const
+{
+    const String name = AppName().empty() ? wxtFromWx(argv[0]) : AppName();
+    wxMessageBox(
+        wxString::Format(
+            wxGetTranslation(
+                "%s failed to start:\n\nPlease check the following:\n"
+                "1. Tolvan is correctly installed and all libraries and modules are accessible\n\n"
+                "2. The current user '%s' has permission to create and delete log files in the "
+                "folder:\n%s\n\nCheck the startup log file for more information:\n%s"),
+            wxtToWx(name), wxtToWx(Platform::GetCurrentUserName()), wxtToWx(LogDir()),
+            wxtToWx(Log::s_GlobalLog->FileName())),
+        wxGetTranslation("Startup Error"), wxOK | wxCENTRE);
+}
+
+int wxTolvanApp::OnRun()
+{
+    CALL_ENTRY("wxTolvanApp::OnRun");
+    for (;;)
+    {
+        bool goOn = false;
+        try
+        {
+            return wxAppBase::OnRun();
+        }
+        catch (Exception* exception)
+        {
+            const std::unique_ptr<Exception> owner(exception);
+            goOn = OnException(exception);
+        }
+        catch (...)
+        {
+            goOn = OnException(nullptr);
+        }
+        if (!goOn)
+        {
+            return 0;
+        }
+    }
+}
+
+int wxTolvanApp::OnExit()
+{
+    CALL_ENTRY("wxTolvanApp::OnExit");
+    ExitingSignal.Emit();
+    OpenWindows::_this->Clear();
+    int result = 0;
+    {
+        const OptionsFile::PauseAutoWrite pause(Options());
+        Cleanup();
+        result = wxAppBase::OnExit();
+    }
+    HasSlots::DisconnectAll();
+    m_TopWindowWatch.reset();
+    ExitedSignal.Emit();
+    return result;
+}
+
+bool wxTolvanApp::OnExceptionInMainLoop()
+{
+    // Always: the toolkit ends the loop, carries the exception past its own C code, and OnRun gets
+    // it.
+    throw;
+}
+
+wxAppTraits* wxTolvanApp::CreateTraits()
+{
+    return new wxtTraits;
+}
+
+wxRendererNative* wxtTraits::CreateRenderer()
+{
+    return new wxtRenderer(wxRendererNative::GetGeneric());
+}
+
+int wxTolvanApp::Execute()
+{
+    return 0;
+}
+
+void wxTolvanApp::ActivateEvent(wxActivateEvent& event)
+{
+    CALL_ENTRY("wxTolvanApp::ActivateEvent");
+    event.Skip();
+    wxObject* const object = event.GetEventObject();
+    if (event.GetActive())
+    {
+        s_ActiveWin = wxDynamicCast(object, wxWindow);
+    }
+    else if (object == s_ActiveWin.get())
+    {
+        s_ActiveWin = nullptr;
+    }
+}
+
+void wxTolvanApp::KeyboardHook(wxKeyEvent& event)
+{
+    CALL_ENTRY("wxTolvanApp::KeyboardHook");
+    const bool centres = event.GetKeyCode() == 'C' && event.ControlDown() && event.ShiftDown();
+    if (!centres)
+    {
+        event.Skip();
+        return;
+    }
+    wxWindow* const target = s_ActiveWin ? s_ActiveWin.get() : GetTopWindow();
+    if (target)
+    {
+        target->Centre(wxBOTH | wxCENTRE_ON_SCREEN);
+    }
+}

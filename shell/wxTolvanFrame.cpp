@@ -1,0 +1,208 @@
+#include "shell/wxTolvanFrame.h"
+
+#include "shell/_FrameColors.h"
+#include "shell/_Geometry.h"
+#include "shell/wxTolvanApp.h"
+#include "vesta/CallEntry.h"
+
+#include <wx/image.h>
+#include <wx/imagpng.h>
+
+wxTolvanFrame*           wxTolvanFrame::s_Frame = nullptr;
+Signal0<>                wxTolvanFrame::s_WinClosed;
+bool                     wxTolvanFrame::s_MenuOpen = false;
+std::set<wxTolvanFrame*> g_ChildFrames;
+
+namespace
+{
+// Keys in section "Window" of the options file.
+const char* const kSection = "Window";
+const char* const kGeometryKey = "Window";
+const char* const kMinimizedKey = "IsMinimized";
+const char* const kMaximizedKey = "IsMaximized";
+const char* const kFullScreenKey = "IsFullScreen";
+
+constexpr long kToolFrameStyle = wxCAPTION | wxFRAME_FLOAT_ON_PARENT | wxFRAME_TOOL_WINDOW;
+} // namespace
+
+// clang-format off
+wxBEGIN_EVENT_TABLE(wxTolvanFrame, wxFrame)
+    EVT_MOVE(wxTolvanFrame::OnMove)
+    EVT_SIZE(wxTolvanFrame::OnSize)
+    EVT_MENU_HIGHLIGHT_ALL(wxTolvanFrame::OnMenuOpen)
+    EVT_MENU_CLOSE(wxTolvanFrame::OnMenuClose)
+    EVT_ACTIVATE(wxTolvanFrame::OnActivate)
+wxEND_EVENT_TABLE()
+// clang-format on
+
+wxTolvanFrame::wxTolvanFrame(const wxString& title, const wxPoint& position, const wxSize& size,
+                             long style)
+    : wxFrame(nullptr, wxID_ANY, title, position, size, style)
+{
+    CALL_ENTRY("wxTolvanFrame::wxTolvanFrame");
+    if (s_Frame)
+    {
+        JoinMainFrame();
+    }
+    else
+    {
+        BecomeMainFrame();
+    }
+    Manage(this);
+}
+
+wxTolvanFrame::wxTolvanFrame(wxWindow* parent, const wxString& title, long style)
+    : wxFrame(parent, wxID_ANY, title, wxDefaultPosition, wxDefaultSize, style | kToolFrameStyle)
+{
+    CALL_ENTRY("wxTolvanFrame::wxTolvanFrame");
+    Manage(this);
+}
+
+void wxTolvanFrame::BecomeMainFrame()
+{
+    s_Frame = this;
+    if (!wxImage::FindHandler(wxBITMAP_TYPE_PNG))
+    {
+        wxImage::AddHandler(new wxPNGHandler);
+    }
+    if (g_Scheme == -1)
+    {
+        LoadColorScheme();
+    }
+    _AnswerColorRequests();
+}
+
+void wxTolvanFrame::JoinMainFrame()
+{
+    g_ChildFrames.insert(this);
+    const wxIcon icon = s_Frame->GetIcon();
+    if (icon.IsOk())
+    {
+        SetIcon(icon);
+    }
+}
+
+wxTolvanFrame::~wxTolvanFrame()
+{
+    if (this == s_Frame)
+    {
+        s_Frame = nullptr;
+        while (!g_ChildFrames.empty())
+        {
+            wxTolvanFrame* const child = *g_ChildFrames.begin();
+            g_ChildFrames.erase(child);
+            delete child;
+        }
+    }
+    else
+    {
+        g_ChildFrames.erase(this);
+    }
+    s_WinClosed.DisconnectAll();
+}
+
+void wxTolvanFrame::SizeHasChanged(const wxSize&, const wxSize&, bool) {}
+
+void wxTolvanFrame::PositionHasChanged(const wxPoint&, const wxPoint&) {}
+
+bool wxTolvanFrame::IsMenuOpen()
+{
+    return s_MenuOpen;
+}
+
+void wxTolvanFrame::LoadWindowPosition()
+{
+    CALL_ENTRY("wxTolvanFrame::LoadWindowPosition");
+    wxSetWindowPos(this, kSection, 0);
+    m_Position = GetPosition();
+    m_NormalSize = GetSize();
+    m_LastSize = m_NormalSize;
+    // "IsMinimized" is not read: a program that starts iconised looks as if it had not started.
+    const OptionsFile& options = Application::the_Application->Options();
+    m_WasMaximized = options.GetBool(kSection, kMaximizedKey, false);
+    m_WasFullScreen = options.GetBool(kSection, kFullScreenKey, false);
+    Maximize(m_WasMaximized);
+    ShowFullScreen(m_WasFullScreen, wxFULLSCREEN_ALL);
+}
+
+void wxTolvanFrame::SaveWindowPosition() const
+{
+    CALL_ENTRY("wxTolvanFrame::SaveWindowPosition");
+    OptionsFile&                      options = Application::the_Application->Options();
+    const OptionsFile::PauseAutoWrite pause(options);
+    const WriteLock                   lock(options.Lock());
+    const String                      stored = options.GetValue(kSection, kGeometryKey);
+    options.SetValue(kSection, kGeometryKey,
+                     _GeometryToStore(stored, wxRect(m_Position, m_NormalSize),
+                                      _Displays::Get().placesWindows()));
+    options.SetValue(kSection, kMinimizedKey, String::FromBool(IsIconized()));
+    options.SetValue(kSection, kMaximizedKey, String::FromBool(m_WasMaximized));
+    options.SetValue(kSection, kFullScreenKey, String::FromBool(m_WasFullScreen));
+}
+
+void wxTolvanFrame::OnMove(wxMoveEvent& event)
+{
+    CALL_ENTRY("wxTolvanFrame::OnMove");
+    event.Skip();
+    if (m_Built && !IsIconized() && !IsMaximized())
+    {
+        const wxPoint old = m_Position;
+        m_Position = GetPosition();
+        PositionHasChanged(m_Position, old);
+    }
+}
+
+void wxTolvanFrame::OnSize(wxSizeEvent& event)
+{
+    CALL_ENTRY("wxTolvanFrame::OnSize");
+    event.Skip();
+    if (!m_Built)
+    {
+        LogDebug("Size event ignored because gui is not finished building");
+        return;
+    }
+    if (event.GetSize() == m_LastSize)
+    {
+        LogDebug("Size event ignored because it is a duplicate event");
+        return;
+    }
+    const wxSize oldSize = m_LastSize;
+    m_LastSize = event.GetSize();
+    const bool restoring =
+        (m_WasMaximized && !IsMaximized()) || (m_WasFullScreen && !IsFullScreen());
+    m_WasMaximized = IsMaximized();
+    m_WasFullScreen = IsFullScreen();
+    if (restoring && m_LastSize != m_NormalSize)
+    {
+        // Window managers first report the old, large size; the resize brings a further event.
+        SetSize(-1, -1, m_NormalSize.x, m_NormalSize.y, wxSIZE_USE_EXISTING);
+        LogDebug("Size event ignored because we're restoring the correct size");
+        return;
+    }
+    if (!m_WasMaximized && !m_WasFullScreen)
+    {
+        m_NormalSize = m_LastSize;
+    }
+    SizeHasChanged(m_LastSize, oldSize, restoring);
+}
+
+void wxTolvanFrame::OnMenuOpen(wxMenuEvent& event)
+{
+    event.Skip();
+    s_MenuOpen = true;
+}
+
+void wxTolvanFrame::OnMenuClose(wxMenuEvent& event)
+{
+    event.Skip();
+    s_MenuOpen = false;
+}
+
+void wxTolvanFrame::OnActivate(wxActivateEvent& event)
+{
+    event.Skip();
+    if (auto* const app = dynamic_cast<wxTolvanApp*>(wxTheApp))
+    {
+        app->ActivateEvent(event);
+    }
+}
