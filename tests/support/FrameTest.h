@@ -1,0 +1,28 @@
+#pragma once
+
+#include "tests/support/UserFolderTest.h"
+
+#include <wx/frame.h>
+#include <wx/weakref.h>
+
+#include <functional>
+
+/// Pumps the event loop until the condition holds; false when the deadline (milliseconds) passes
+/// first.
+bool WaitFor(const std::function<bool()>& condition, int deadlineMs = 5000);
+/// Pumps the event loop until no event is waiting.
+void PumpEvents();
+
+/// A test with a shown frame of 600 x 400 pixels client size at a known place, and options of its
+/// own.
+class FrameTest : public UserFolderTest
+{
+protected:
+    FrameTest();
+    ~FrameTest() override;
+
+    wxFrame* Frame() const { return m_Frame; }
+
+private:
+    wxWeakRef<wxFrame> m_Frame;
+};

@@ -1,0 +1,125 @@
+#include "tests/support/TestApp.h"
+
+#include "vesta/File.h"
+
+#include <gtest/gtest.h>
+
+#include <wx/evtloop.h>
+#include <wx/image.h>
+#include <wx/init.h>
+
+#include <dlfcn.h>
+
+#include <cstdio>
+
+#include <cstdlib>
+
+namespace
+{
+// GLib's own declaration, so that its headers need not be installed.
+using GLogHandler = void (*)(const char* domain, int level, const char* message, void* data);
+using SetGLogHandler = GLogHandler (*)(GLogHandler handler, void* data);
+
+constexpr int kGLogWarningOrWorse = 0x1e; // error, critical, warning
+
+void OnAssert(const wxString& file, int line, const wxString& function, const wxString& condition,
+              const wxString& message)
+{
+    ADD_FAILURE() << "assertion of the toolkit: " << condition << " in " << function << " at "
+                  << file << ":" << line << " " << message;
+}
+
+void OnGLog(const char* domain, int level, const char* message, void*)
+{
+    if (level & kGLogWarningOrWorse)
+    {
+        ADD_FAILURE() << (domain ? domain : "GLib") << ": " << (message ? message : "");
+    }
+}
+
+void CatchToolkitFaults()
+{
+    wxSetAssertHandler(OnAssert);
+    if (const auto set =
+            reinterpret_cast<SetGLogHandler>(dlsym(RTLD_DEFAULT, "g_log_set_default_handler")))
+    {
+        set(OnGLog, nullptr);
+    }
+    else
+    {
+        std::fprintf(stderr, "GLib's messages are not watched\n");
+        std::exit(EXIT_FAILURE);
+    }
+}
+
+// The desktop's services are no part of what is tested.
+void DetachFromDesktop()
+{
+    setenv("NO_AT_BRIDGE", "1", 1);
+    setenv("GSETTINGS_BACKEND", "memory", 1);
+    setenv("GIO_USE_VFS", "local", 1);
+    setenv("GTK_THEME", "Adwaita", 0);
+}
+} // namespace
+
+TestApp::TestApp() : wxTolvanApp(log_Debug, log_Warning) {}
+
+TestApp::~TestApp() = default;
+
+TestApp& TestApp::Get()
+{
+    return *static_cast<TestApp*>(wxTheApp);
+}
+
+bool TestApp::Startup(CommandLine&)
+{
+    return !m_Startup || m_Startup();
+}
+
+void TestApp::Cleanup()
+{
+    if (m_Cleanup)
+    {
+        m_Cleanup();
+    }
+}
+
+bool TestApp::OnException(Exception* exception)
+{
+    if (m_OnException)
+    {
+        return m_OnException(exception);
+    }
+    ADD_FAILURE() << "exception in the main loop: " << (exception ? exception->Text() : "unknown");
+    return false;
+}
+
+String TestApp::OptionsFilename() const
+{
+    return File::s_UserDir.empty() ? String() : (Path(File::s_UserDir) / "TolvanTests.ini").Text();
+}
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    DetachFromDesktop();
+    wxApp::SetInstance(new TestApp);
+    if (!wxEntryStart(argc, argv))
+    {
+        std::fprintf(stderr, "no display\n");
+        return EXIT_FAILURE;
+    }
+    CatchToolkitFaults();
+    wxTheApp->SetExitOnFrameDelete(false);
+    wxImage::AddHandler(new wxPNGHandler);
+    int result = EXIT_FAILURE;
+    if (wxTheApp->CallOnInit())
+    {
+        wxEventLoop                loop;
+        const wxEventLoopActivator active(&loop);
+        result = RUN_ALL_TESTS();
+        wxTheApp->OnExit();
+    }
+    wxEntryCleanup();
+    return result;
+}
