@@ -3,6 +3,7 @@
 #include "tolvan/JobTypeInfo.h"
 #include "vesta/Export.h"
 
+#include <cstdint>
 #include <map>
 #include <mutex>
 #include <vector>
@@ -30,16 +31,30 @@ public:
     boost::shared_ptr<const JobTypeInfo> GetTypeInfo(const UID& id, bool reload);
 
 private:
+    /// What tells a file from a later one of its name.
+    struct Stamp
+    {
+        int64_t  changed = -1; ///< Nanoseconds since 1970.
+        int64_t  size = -1;    ///< Bytes.
+        uint64_t number = 0;   ///< Of the file in its file system.
+    };
     struct Entry
     {
-        int64_t                              stamp = 0; ///< Change time and size in one.
-        boost::shared_ptr<const JobTypeInfo> info;      ///< Null for a file with errors.
+        Stamp                                stamp;
+        boost::shared_ptr<const JobTypeInfo> info; ///< Null for a file with errors.
+        bool isReported = false; ///< As one that has another file's identifier.
     };
 
-    void Rescan();
+    static Stamp StampOf(const Path& file);
+    void         Rescan();
+    bool         LookInto(const Path& folder);
+    bool         Refresh(const Path& file, Entry& entry) const;
+    void         ListByIds();
 
     mutable std::mutex      m_Mutex;
-    Path                    m_Folder;
+    Path                    m_Folder;  ///< Empty: the default one.
+    Path                    m_Scanned; ///< The folder that the rest is about.
     std::map<String, Entry> m_Files;
+    std::vector<UID>        m_Order;
     std::map<UID, boost::shared_ptr<const JobTypeInfo>> m_Types;
 };

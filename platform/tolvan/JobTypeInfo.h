@@ -24,30 +24,35 @@ struct JobParamInfo
 ///
 /// The file, an ini file named "*.module":
 /// [Type] Id (UID), Name, Description, Execute (the command line, with %Parameter% replaced by the
-/// job's value; quotes and backslashes as in `StringTokenizer`), Folder;
+/// job's value; quotes and backslashes as in `StringTokenizer`), Folder (where it is run; empty:
+/// the job's own); Id and Name must be there;
 /// [Parameter NAME] Description, Default, Choices (separated by ";");
-/// [Command NAME] Flags (job, output, admin; separated by ";"), Description, Items, States,
-/// Separator (yes: nothing else counts);
+/// [Command NAME] Flags (job, output, admin; separated by ";"; job when there are none),
+/// Description, Items, States, Separator (yes: only Flags count besides; every kind when there are
+/// none);
 /// [Entries] NAME = text: named entries that fields may refer to; [Outputs] NAME = file pattern.
 class TOLVAN_API JobTypeInfo
 {
 public:
+    static constexpr size_t k_Limit = 1u << 20; ///< Bytes; a larger module file is refused.
+
     /// Reads a module file. Throws an `Exception*` whose text names the file, the line and what is
-    /// wrong with it.
+    /// wrong with it. Sections and keys that nobody knows are only logged.
     static boost::shared_ptr<const JobTypeInfo> Load(const Path& file);
 
     const UID&    Id() const { return m_Id; }
     const String& Name() const { return m_Name; }
     const String& Description() const { return m_Description; }
     const String& ExecuteLine() const { return m_Execute; }
+    const String& Folder() const { return m_Folder; } ///< As declared.
     const Path&   FileName() const { return m_File; }
 
     int                 ParamCount() const { return static_cast<int>(m_Params.size()); }
     const JobParamInfo& GetParam(int index) const; ///< Throws an `Exception*` out of range.
 
-    const std::vector<CommandInfo>&  Commands() const { return m_Commands; }
-    const std::map<String, String>&  Entries() const { return m_Entries; }
-    const std::map<String, String>&  Outputs() const { return m_Outputs; }
+    const std::vector<CommandInfo>& Commands() const { return m_Commands; }
+    const std::map<String, String>& Entries() const { return m_Entries; }
+    const std::map<String, String>& Outputs() const { return m_Outputs; }
 
 private:
     Path                      m_File;
@@ -55,6 +60,7 @@ private:
     String                    m_Name;
     String                    m_Description;
     String                    m_Execute;
+    String                    m_Folder;
     std::vector<JobParamInfo> m_Params;
     std::vector<CommandInfo>  m_Commands;
     std::map<String, String>  m_Entries;

@@ -11,7 +11,7 @@
 
 #include <functional>
 #include <memory>
-#include <vector>
+#include <shared_mutex>
 
 class ComponentServer;
 class Messenger;
@@ -22,24 +22,33 @@ class Messenger;
 ///
 /// Options of the command line that `Startup` knows: "--log-dir FOLDER", "--no-master" (do not
 /// connect), "--verbose" (debug lines on the console too).
+///
+/// What the master says is raised as the signals of Message.h by the messenger; a message
+/// msg_Shutdown is raised as a `ShutdownMsg` only, a message msg_Failed that no handler takes ends
+/// in `RequestHasFailed`.
 class TOLVAN_API TolvanClientApp : public Application, public HasSlots
 {
 public:
     TolvanClientApp(LogLevel fileLevel, LogLevel consoleLevel);
     ~TolvanClientApp() override;
 
-    /// Runs the program until it ends; the exit code. Graphical clients let their toolkit do it.
+    /// Runs the program until `EndExecute` or until the master asks it to shut down, dispatching
+    /// messages; the exit code. Graphical clients let their toolkit do it.
     virtual int Execute();
     /// Reads the command line, opens the log, starts the thread pool, the component server and the
-    /// messenger. False ends the program. An override calls this first and stops when it fails.
+    /// messenger. False (the log cannot be written) ends the program. An override calls this first
+    /// and stops when it fails.
     virtual bool Startup(CommandLine& commandLine);
-    /// Ends what `Startup` began, in the reverse order. Also called after a `Startup` that failed.
+    /// Ends what `Startup` began, in the reverse order: no signal of the messenger, no handler and
+    /// no request comes any more. Also called after a `Startup` that failed; calling it again does
+    /// nothing. Main thread. Waits for handlers that are running: they must not wait for the main
+    /// thread.
     virtual void Cleanup();
     /// An exception reached the main loop; null when it was none of the platform. Logs it; the
     /// result tells whether the program goes on (true here).
     virtual bool OnException(Exception* exception);
-    /// Chooses the log folder: "--log-dir", else "logs" in the user's folder, else the temporary
-    /// folder.
+    /// Chooses the log folder: "--log-dir", else "logs" in the user's folder, else this user's
+    /// private folder in the temporary folder.
     virtual void SetLogDir(CommandLine& commandLine);
     /// A message that no handler took; here it is logged at debug level.
     virtual void OnUnhandledMessage(const boost::shared_ptr<Message>& message);
@@ -60,7 +69,7 @@ public:
     /// @}
 
     const String& AppName() const { return m_AppName; } ///< As shown to users; may be empty.
-    void          SetAppName(const String& name) { m_AppName = name; }
+    void          SetApplicationName(const String& name) { m_AppName = name; }
     const String& LogDir() const { return m_LogDir; }
     const CommandLine& GetCommandLine() const { return m_CommandLine; }
 
@@ -79,6 +88,8 @@ public:
     /// Sends a message to the master; false when there is no connection. Any thread.
     bool Send(const Message& message);
     bool IsConnected() const;
+    /// Makes `Execute` return. Any thread.
+    void EndExecute(int exitCode);
     bool SendRequest(const String& component, const String& request) override;
 
     MessageQueue& Queue() { return m_Queue; }
@@ -88,7 +99,14 @@ protected:
 
 private:
     struct Handlers;
+    struct Execution;
+
+    bool OpenLog();
+    void EndStarted();
+    void StartServer();
+    void StopServer();
     void Handle(const boost::shared_ptr<Message>& message);
+    void ReportFailedRequest(const Message& message);
 
     LogLevel                         m_FileLevel;
     LogLevel                         m_ConsoleLevel;
@@ -97,6 +115,9 @@ private:
     CommandLine                      m_CommandLine;
     MessageQueue                     m_Queue;
     std::unique_ptr<Handlers>        m_Handlers;
+    std::unique_ptr<Execution>       m_Execution;
+    mutable std::shared_mutex        m_ServerLock; ///< Held shared while the server is used.
     std::unique_ptr<ComponentServer> m_Server;
     std::unique_ptr<Messenger>       m_Messenger;
+    bool                             m_IsStarted = false;
 };

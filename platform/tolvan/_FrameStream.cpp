@@ -1,0 +1,174 @@
+#include "tolvan/_FrameStream.h"
+
+#include "tolvan/Framing.h"
+#include "vesta/Exception.h"
+
+#include <boost/asio/buffer.hpp>
+#include <boost/asio/error.hpp>
+#include <boost/asio/write.hpp>
+
+namespace asio = boost::asio;
+
+namespace
+{
+
+constexpr size_t kChunkSize = 64 << 10; // bytes read at once
+
+} // namespace
+
+_FrameStream::_FrameStream(asio::io_context& context, _Descriptor socket,
+                           std::chrono::milliseconds stallTime)
+    : m_Socket(context, asio::local::stream_protocol(), socket.Release()), m_StallTimer(context),
+      m_StallTime(stallTime), m_Chunk(kChunkSize)
+{
+}
+
+void _FrameStream::Start(Events events)
+{
+    m_Events = std::make_shared<const Events>(std::move(events));
+    Read();
+}
+
+void _FrameStream::Send(String frame)
+{
+    if (!IsOpen() || frame.empty())
+    {
+        return;
+    }
+    m_Waiting += frame.size();
+    m_Output.push_back(std::move(frame));
+    if (m_Output.size() == 1)
+    {
+        Write();
+    }
+}
+
+void _FrameStream::Close()
+{
+    Error ignored; // A socket that fails to close is gone all the same.
+    m_Socket.close(ignored);
+    m_StallTimer.cancel();
+    m_Events.reset(); // They may hold the owner.
+}
+
+void _FrameStream::Read()
+{
+    m_Socket.async_read_some(asio::buffer(m_Chunk),
+                             [self = shared_from_this()](const Error& error, size_t count)
+                             { self->OnRead(error, count); });
+}
+
+void _FrameStream::OnRead(const Error& error, size_t count)
+{
+    if (!IsOpen())
+    {
+        return;
+    }
+    if (error)
+    {
+        const bool isEnd = error == asio::error::eof || error == asio::error::connection_reset;
+        End(!isEnd ? String(error.message())
+            : m_Input.empty() ? String()
+                              : String("it ended inside a frame"));
+        return;
+    }
+    m_Input.append(m_Chunk.data(), count);
+    if (TakeFrames() && IsOpen())
+    {
+        WatchForStall();
+        Read();
+    }
+}
+
+bool _FrameStream::TakeFrames()
+{
+    const std::shared_ptr<const Events> events = m_Events; // One of them may close us.
+    size_t                              begin = 0;
+    try
+    {
+        while (IsOpen() && m_Input.size() - begin >= Framing::k_HeaderSize)
+        {
+            const size_t length = Framing::ContentLength(m_Input.data() + begin);
+            const size_t end = begin + Framing::k_HeaderSize + length;
+            if (m_Input.size() < end)
+            {
+                break;
+            }
+            events->frame(m_Input.substr(begin + Framing::k_HeaderSize, length));
+            begin = end;
+        }
+    }
+    catch (Exception* exception)
+    {
+        const String why = exception->Text();
+        delete exception;
+        End(why);
+        return false;
+    }
+    m_Input.erase(0, begin);
+    return true;
+}
+
+void _FrameStream::WatchForStall()
+{
+    m_StallTimer.cancel();
+    if (m_Input.empty())
+    {
+        return;
+    }
+    m_StallTimer.expires_after(m_StallTime);
+    m_StallTimer.async_wait(
+        [self = shared_from_this()](const Error& error)
+        {
+            // A timer that was set anew meanwhile has not expired, though its handler may be due.
+            if (!error && self->IsOpen() && !self->m_Input.empty() &&
+                self->m_StallTimer.expiry() <= std::chrono::steady_clock::now())
+            {
+                self->End("half a frame, and nothing more for " +
+                          String::FromInt(self->m_StallTime.count()) + " ms");
+            }
+        });
+}
+
+void _FrameStream::Write()
+{
+    asio::async_write(m_Socket, asio::buffer(m_Output.front()),
+                      [self = shared_from_this()](const Error& error, size_t count)
+                      { self->OnWritten(error, count); });
+}
+
+void _FrameStream::OnWritten(const Error& error, size_t count)
+{
+    if (!IsOpen())
+    {
+        return;
+    }
+    if (error)
+    {
+        // What the other side said before it went is still to be read; the reader ends it then.
+        if (error != asio::error::broken_pipe && error != asio::error::connection_reset)
+        {
+            End(error.message());
+        }
+        return;
+    }
+    m_Waiting -= count;
+    m_Output.pop_front();
+    if (!m_Output.empty())
+    {
+        Write();
+    }
+    if (const auto events = m_Events; events->written)
+    {
+        events->written(count);
+    }
+}
+
+void _FrameStream::End(const String& why)
+{
+    if (const auto events = m_Events)
+    {
+        Close();
+        events->closed(why);
+    }
+}

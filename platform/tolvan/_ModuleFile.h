@@ -1,0 +1,41 @@
+#pragma once
+
+#include "vesta/IniDocument.h"
+#include "vesta/Path.h"
+#include "vesta/String.h"
+
+#include <map>
+#include <vector>
+
+/// The text of a module file, read value by value; every complaint names the file and the line.
+class _ModuleFile
+{
+public:
+    /// Throws an `Exception*` for a file that cannot be read, is larger than `limit` bytes or has a
+    /// line that is no part of an ini file.
+    _ModuleFile(const Path& path, size_t limit);
+
+    /// "FILE:LINE: why" as an `Exception*` (ec_BadData); a line of 0 is left out.
+    [[noreturn]] void Complain(int line, const String& why) const;
+    [[noreturn]] void Complain(const String& section, const String& key, const String& why) const;
+
+    /// Logs keys of the section that are not among those known.
+    void ReportUnknownKeys(const String& section, const std::vector<String>& known) const;
+    void ReportUnknownSection(const String& section) const;
+
+    std::vector<String> Sections() const { return m_Document.Sections(); }
+    bool                HasSection(const String& section) const;
+
+    String Get(const String& section, const String& key) const;     ///< Empty when there is none.
+    String Require(const String& section, const String& key) const; ///< Complains when empty.
+    bool   GetBool(const String& section, const String& key) const; ///< Complains of other words.
+    /// The pieces between ";", trimmed, without empty ones.
+    std::vector<String>      GetList(const String& section, const String& key) const;
+    std::map<String, String> GetMap(const String& section) const; ///< All keys and values.
+
+private:
+    int FirstLineOf(const String& section) const;
+
+    Path        m_Path;
+    IniDocument m_Document;
+};
