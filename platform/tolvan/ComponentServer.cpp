@@ -63,8 +63,10 @@ struct ComponentServer::State
     /// One connection, in either direction.
     struct Conversation : std::enable_shared_from_this<Conversation>
     {
-        Conversation(State& owner, _Descriptor socket, const String& with)
-            : state(owner), partner(with), deadline(owner.context),
+        Conversation(State& owner, _SocketHandle socket, const String& with)
+            : state(owner),
+              partner(with),
+              deadline(owner.context),
               stream(std::make_shared<_FrameStream>(owner.context, std::move(socket), kPatience))
         {
         }
@@ -85,11 +87,11 @@ struct ComponentServer::State
     void Listen();
     void Accept();
     void TakeConnections();
-    void Serve(_Descriptor socket);
+    void Serve(_SocketHandle socket);
     void Answer(Conversation& with, const String& content);
     bool SendTo(const Path& to, const String& component, const String& request,
                 const String& frame);
-    void AwaitAnswer(_Descriptor socket, const String& component, const String& request,
+    void AwaitAnswer(_SocketHandle socket, const String& component, const String& request,
                      const String& rest);
     void CloseAll();
 
@@ -184,7 +186,7 @@ void ComponentServer::State::Accept()
 
 void ComponentServer::State::TakeConnections()
 {
-    _Descriptor socket = _LocalSocket::Accept(listener.native_handle());
+    _SocketHandle socket = _LocalSocket::Accept(listener.native_handle());
     for (; socket.IsOpen(); socket = _LocalSocket::Accept(listener.native_handle()))
     {
         Serve(std::move(socket));
@@ -207,7 +209,7 @@ void ComponentServer::State::TakeConnections()
         });
 }
 
-void ComponentServer::State::Serve(_Descriptor socket)
+void ComponentServer::State::Serve(_SocketHandle socket)
 {
     const _LocalSocket::Peer peer = _LocalSocket::PeerOf(socket.Get());
     if (!peer.isOurs)
@@ -216,8 +218,8 @@ void ComponentServer::State::Serve(_Descriptor socket)
                            peer.processId, peer.userId));
         return;
     }
-    const auto conversation = std::make_shared<Conversation>(
-        *this, std::move(socket), SFormat("process %d", peer.processId));
+    const auto conversation = std::make_shared<Conversation>(*this, std::move(socket),
+                                                             SFormat("process %d", peer.processId));
     conversations.insert(conversation);
     conversation->Start([this, with = conversation.get()](const String& content)
                         { Answer(*with, content); });
@@ -239,7 +241,7 @@ void ComponentServer::State::Answer(Conversation& with, const String& content)
 bool ComponentServer::State::SendTo(const Path& program, const String& to, const String& request,
                                     const String& frame)
 {
-    _Descriptor socket = _LocalSocket::Connect(program);
+    _SocketHandle socket = _LocalSocket::Connect(program);
     if (!socket.IsOpen())
     {
         LogInfo("The request \"" + request + "\" did not reach " + program.Text() + ": " +
@@ -259,13 +261,13 @@ bool ComponentServer::State::SendTo(const Path& program, const String& to, const
         return false;
     }
     const size_t written = sent < 0 ? 0 : static_cast<size_t>(sent);
-    asio::post(context, [this, socket = std::make_shared<_Descriptor>(std::move(socket)), to,
+    asio::post(context, [this, socket = std::make_shared<_SocketHandle>(std::move(socket)), to,
                          request, rest = String(frame.substr(written))]
                { AwaitAnswer(std::move(*socket), to, request, rest); });
     return true;
 }
 
-void ComponentServer::State::AwaitAnswer(_Descriptor socket, const String& to,
+void ComponentServer::State::AwaitAnswer(_SocketHandle socket, const String& to,
                                          const String& request, const String& rest)
 {
     const int  processId = _LocalSocket::PeerOf(socket.Get()).processId;

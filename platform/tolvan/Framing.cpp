@@ -29,9 +29,9 @@ String Framing::Wrap(const String& content)
 {
     if (content.size() > k_Limit)
     {
-        Exception::Throw("Framing", "Wrap", ec_TooLarge,
-                         SFormat("A message of %zu bytes is over the limit of %zu", content.size(),
-                                 k_Limit));
+        Exception::Throw(
+            "Framing", "Wrap", ec_TooLarge,
+            SFormat("A message of %zu bytes is over the limit of %zu", content.size(), k_Limit));
     }
     String frame;
     frame.reserve(k_HeaderSize + content.size());

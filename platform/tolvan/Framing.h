@@ -16,6 +16,7 @@ public:
 
     /// Throws an `Exception*` (ec_TooLarge) for a content over the limit.
     static String Wrap(const String& content);
-    /// The content length that a header announces. Throws an `Exception*` (ec_BadData, ec_TooLarge).
+    /// The content length that a header announces. Throws an `Exception*` (ec_BadData,
+    /// ec_TooLarge).
     static size_t ContentLength(const char* header);
 };

@@ -82,13 +82,13 @@ void Job::DoCommand(const String& command, const String& item)
 
 std::vector<String> Job::CommonParameterNames()
 {
-    return {p_Id,         p_Name,       p_Type, p_User,    p_State, p_Priority, p_Progress,
-            p_FramesDone, p_FrameCount, p_Host, p_Started, p_Ended, p_Folder,   p_LogFile,
-            p_ExitCode,   p_Error};
+    return {p_Id,       p_Name,       p_Type,       p_User, p_State,   p_Priority,
+            p_Progress, p_FramesDone, p_FrameCount, p_Host, p_Started, p_Ended,
+            p_Folder,   p_LogFile,    p_ExitCode,   p_Error};
 }
 
 std::vector<String> Job::ParameterCommandNames()
 {
-    return {"Frame", "FirstFrame", "LastFrame", "FrameStep", "Output", "Folder",
+    return {"Frame", "FirstFrame", "LastFrame", "FrameStep", "Output",  "Folder",
             "ID",    "Name",       "User",      "Host",      "Priority"};
 }

@@ -13,9 +13,9 @@
 
 /// Names of the parameters that every job has.
 /// @{
-extern TOLVAN_API const String p_Id;       ///< UID of the job.
+extern TOLVAN_API const String p_Id; ///< UID of the job.
 extern TOLVAN_API const String p_Name;
-extern TOLVAN_API const String p_Type;     ///< UID of its type.
+extern TOLVAN_API const String p_Type; ///< UID of its type.
 extern TOLVAN_API const String p_User;
 extern TOLVAN_API const String p_State;    ///< One of the job states below.
 extern TOLVAN_API const String p_Priority; ///< 0 to 100; higher runs first.
@@ -23,12 +23,12 @@ extern TOLVAN_API const String p_Progress; ///< Percent, 0 to 100.
 extern TOLVAN_API const String p_FramesDone;
 extern TOLVAN_API const String p_FrameCount;
 extern TOLVAN_API const String p_Host;
-extern TOLVAN_API const String p_Started;  ///< Microseconds since 1970; empty before the start.
-extern TOLVAN_API const String p_Ended;    ///< Microseconds since 1970; empty before the end.
-extern TOLVAN_API const String p_Folder;   ///< Where the job writes.
-extern TOLVAN_API const String p_LogFile;  ///< Its whole output, byte for byte.
+extern TOLVAN_API const String p_Started; ///< Microseconds since 1970; empty before the start.
+extern TOLVAN_API const String p_Ended;   ///< Microseconds since 1970; empty before the end.
+extern TOLVAN_API const String p_Folder;  ///< Where the job writes.
+extern TOLVAN_API const String p_LogFile; ///< Its whole output, byte for byte.
 extern TOLVAN_API const String p_ExitCode;
-extern TOLVAN_API const String p_Error;    ///< Why it failed, in words.
+extern TOLVAN_API const String p_Error; ///< Why it failed, in words.
 /// @}
 
 /// States of a job.

@@ -43,7 +43,9 @@ JobFactory* JobFactory::s_JobFactory = &DefaultFactory();
 
 JobFactory::JobFactory() = default;
 
-JobFactory::JobFactory(const Path& folder) : m_Folder(folder) {}
+JobFactory::JobFactory(const Path& folder) : m_Folder(folder)
+{
+}
 
 Path JobFactory::Folder() const
 {

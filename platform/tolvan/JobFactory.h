@@ -42,7 +42,7 @@ private:
     {
         Stamp                                stamp;
         boost::shared_ptr<const JobTypeInfo> info; ///< Null for a file with errors.
-        bool isReported = false; ///< As one that has another file's identifier.
+        bool isReported = false;                   ///< As one that has another file's identifier.
     };
 
     static Stamp StampOf(const Path& file);

@@ -25,8 +25,7 @@ struct KindName
     int32_t     kind;
 };
 
-constexpr KindName kKindNames[] = {
-    {"job", cmd_Job}, {"output", cmd_Output}, {"admin", cmd_Admin}};
+constexpr KindName kKindNames[] = {{"job", cmd_Job}, {"output", cmd_Output}, {"admin", cmd_Admin}};
 
 /// The NAME of a section "KIND NAME"; false when it is of another kind.
 bool TakeName(const _ModuleFile& file, const String& section, const String& kind, String& name)

@@ -65,10 +65,7 @@ public:
         m_Key = name;
         return true;
     }
-    bool binary(binary_t& bytes) override
-    {
-        return Value(String(bytes.begin(), bytes.end()));
-    }
+    bool binary(binary_t& bytes) override { return Value(String(bytes.begin(), bytes.end())); }
     // Nobody sends texts, but they can be meant in one way only.
     bool string(string_t& text) override { return Value(text); }
 
@@ -144,7 +141,7 @@ String Message::Encode() const
     {
         fields[name] = ToBinary(value);
     }
-    const Json message = {{kTypeKey, ToBinary(m_Type)}, {kFieldsKey, std::move(fields)}};
+    const Json  message = {{kTypeKey, ToBinary(m_Type)}, {kFieldsKey, std::move(fields)}};
     std::string bytes;
     Json::to_msgpack(message, bytes);
     return bytes;

@@ -11,7 +11,7 @@ void MessageQueue::Push(boost::shared_ptr<Message>& message)
     }
 }
 
-void MessageQueue::RaiseAndQueue(MessageReceivedEvt&                              event,
+void MessageQueue::RaiseAndQueue(MessageReceivedEvt&                             event,
                                  const std::function<void(MessageReceivedEvt&)>& raise)
 {
     const std::lock_guard<std::recursive_mutex> lock(m_Mutex);

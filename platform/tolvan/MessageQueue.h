@@ -15,8 +15,8 @@ public:
     /// Runs `raise`, which tells the world of the message, and queues the message that it left in
     /// the event, as one step: `Take` waits meanwhile. So whoever is told of a message finds it in
     /// the queue, however soon it looks. What `raise` throws passes on; the message is queued.
-    void RaiseAndQueue(MessageReceivedEvt&                              event,
-                       const std::function<void(MessageReceivedEvt&)>& raise);
+    void                       RaiseAndQueue(MessageReceivedEvt&                             event,
+                                             const std::function<void(MessageReceivedEvt&)>& raise);
     boost::shared_ptr<Message> Take(); ///< The oldest message, or null.
     /// The same, but waits up to `timeoutMs` milliseconds for one.
     boost::shared_ptr<Message> WaitAndTake(int timeoutMs);

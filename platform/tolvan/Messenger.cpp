@@ -27,10 +27,10 @@ namespace
 
 using std::chrono::milliseconds;
 
-constexpr milliseconds kFirstPause{100};  // before the second attempt to connect
+constexpr milliseconds kFirstPause{100}; // before the second attempt to connect
 constexpr milliseconds kLongestPause{5000};
-constexpr milliseconds kStallTime{10000}; // for the rest of half a frame
-constexpr milliseconds kDrainTime{500};   // for what still waits to be sent at the end
+constexpr milliseconds kStallTime{10000};       // for the rest of half a frame
+constexpr milliseconds kDrainTime{500};         // for what still waits to be sent at the end
 constexpr size_t       kMostWaiting = 8u << 20; // bytes
 
 } // namespace
@@ -46,7 +46,7 @@ struct Messenger::State
     void TryConnect();
     void ConnectLater();
     void ReportFailure(const String& why);
-    void Open(_Descriptor socket);
+    void Open(_SocketHandle socket);
     void OnFrame(const String& content);
     void OnWritten(size_t count);
     void OnClosed(const String& why);
@@ -61,8 +61,8 @@ struct Messenger::State
 
     // Shared with the callers' threads.
     std::atomic<bool>   isConnected{false};
-    std::atomic<size_t> waiting{0}; ///< Bytes on their way from `Send` to the socket.
-    std::mutex          raising;    ///< Held while a signal is raised.
+    std::atomic<size_t> waiting{0};         ///< Bytes on their way from `Send` to the socket.
+    std::mutex          raising;            ///< Held while a signal is raised.
     bool                isStopping = false; ///< Under `raising`.
 
     // The rest belongs to the thread.
@@ -93,8 +93,8 @@ void Messenger::State::Connect()
 
 void Messenger::State::TryConnect()
 {
-    const Path  path = SocketFolder::ForMaster();
-    _Descriptor socket = _LocalSocket::Connect(path);
+    const Path    path = SocketFolder::ForMaster();
+    _SocketHandle socket = _LocalSocket::Connect(path);
     if (!socket.IsOpen())
     {
         Exception::Throw("Messenger", "TryConnect", ec_Refused,
@@ -104,9 +104,9 @@ void Messenger::State::TryConnect()
     master = SFormat("the master (process %d)", peer.processId);
     if (!peer.isOurs)
     {
-        Exception::Throw("Messenger", "TryConnect", ec_Refused,
-                         SFormat("%s belongs to user %d and is refused", master.c_str(),
-                                 peer.userId));
+        Exception::Throw(
+            "Messenger", "TryConnect", ec_Refused,
+            SFormat("%s belongs to user %d and is refused", master.c_str(), peer.userId));
     }
     Open(std::move(socket));
 }
@@ -134,7 +134,7 @@ void Messenger::State::ReportFailure(const String& why)
     }
 }
 
-void Messenger::State::Open(_Descriptor socket)
+void Messenger::State::Open(_SocketHandle socket)
 {
     const String hello = Framing::Wrap(Message(msg_Hello)
                                            .Set("component", component)
@@ -269,7 +269,9 @@ void Messenger::State::Finish()
     work.reset();
 }
 
-Messenger::Messenger(MessageQueue& queue) : m_State(std::make_unique<State>(queue)) {}
+Messenger::Messenger(MessageQueue& queue) : m_State(std::make_unique<State>(queue))
+{
+}
 
 Messenger::~Messenger()
 {
@@ -325,9 +327,8 @@ bool Messenger::Send(const Message& message)
 {
     State& state = *m_State;
     String frame;
-    if (!state.isConnected ||
-        !_Guarded("Sending a message to the master",
-                  [&] { frame = Framing::Wrap(message.Encode()); }))
+    if (!state.isConnected || !_Guarded("Sending a message to the master",
+                                        [&] { frame = Framing::Wrap(message.Encode()); }))
     {
         return false;
     }
@@ -337,7 +338,6 @@ bool Messenger::Send(const Message& message)
         state.waiting -= size;
         return false;
     }
-    asio::post(state.context,
-               [&state, sent = std::move(frame)] { state.Write(sent); });
+    asio::post(state.context, [&state, sent = std::move(frame)] { state.Write(sent); });
     return true;
 }

@@ -37,7 +37,7 @@ void MakePrivate(const Path& folder)
     {
         Refuse(folder, String("it cannot be created, ") + strerror(errno));
     }
-    const _Descriptor opened(
+    const _SocketHandle opened(
         open(folder.Text().c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     if (!opened.IsOpen())
     {
@@ -71,8 +71,9 @@ int ProcessIdIn(const String& name, const String& component)
         return 0;
     }
     const String digits = name.substr(component.size() + 1);
-    const bool   isNumber = !digits.empty() && std::all_of(digits.begin(), digits.end(), [](char c)
-                                                           { return c >= '0' && c <= '9'; });
+    const bool   isNumber =
+        !digits.empty() &&
+        std::all_of(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; });
     return isNumber ? static_cast<int>(digits.ToInt(0)) : 0;
 }
 

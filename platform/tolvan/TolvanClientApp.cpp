@@ -55,15 +55,26 @@ struct TolvanClientApp::Handlers
     std::vector<Entry> entries;
 };
 
-struct TolvanClientApp::Execution
+/// Remembers from the start on that the program is to end; `Execute` may come later.
+struct TolvanClientApp::Execution : HasSlots
 {
+    ~Execution() override { DisconnectAll(); }
+
+    void OnShutdown(const boost::shared_ptr<ShutdownMsg>&)
+    {
+        exitCode = 0;
+        isOver = true;
+    }
+
     std::atomic<bool> isOver{false};
     std::atomic<int>  exitCode{0};
 };
 
 TolvanClientApp::TolvanClientApp(LogLevel fileLevel, LogLevel consoleLevel)
-    : m_FileLevel(fileLevel), m_ConsoleLevel(consoleLevel),
-      m_Handlers(std::make_unique<Handlers>()), m_Execution(std::make_unique<Execution>()),
+    : m_FileLevel(fileLevel),
+      m_ConsoleLevel(consoleLevel),
+      m_Handlers(std::make_unique<Handlers>()),
+      m_Execution(std::make_unique<Execution>()),
       m_Messenger(std::make_unique<Messenger>(m_Queue))
 {
     Log::s_GlobalLog->SetLevels(fileLevel, consoleLevel);
@@ -78,9 +89,6 @@ TolvanClientApp::~TolvanClientApp()
 int TolvanClientApp::Execute()
 {
     CALL_ENTRY("TolvanClientApp::Execute");
-    HasSlots slots;
-    ShutdownMsg::s_Signal.Connect(&slots, [this](const boost::shared_ptr<ShutdownMsg>&)
-                                  { EndExecute(0); });
     while (!m_Execution->isOver)
     {
         if (const auto message = m_Queue.WaitAndTake(kExecuteWait))
@@ -118,6 +126,7 @@ bool TolvanClientApp::Startup(CommandLine& commandLine)
         LogWarning("No User Folder available: options last for this run only, the log is in " +
                    m_LogDir);
     }
+    ShutdownMsg::s_Signal.Connect(m_Execution.get(), &Execution::OnShutdown);
     ThreadPool::Start(kWorkers);
     StartServer();
     if (!commandLine.Has(kNoMaster))
@@ -137,6 +146,7 @@ void TolvanClientApp::Cleanup()
 void TolvanClientApp::EndStarted()
 {
     m_Messenger->Stop();
+    m_Execution->DisconnectAll();
     StopServer();
     if (std::exchange(m_IsStarted, false))
     {
@@ -182,8 +192,8 @@ bool TolvanClientApp::OpenLog()
              [&]
              {
                  File::MakeFolder(m_LogDir);
-                 isOpen = Log::s_GlobalLog->Open(
-                     (Path(m_LogDir) / (GetClientName() + ".log")).Text());
+                 isOpen =
+                     Log::s_GlobalLog->Open((Path(m_LogDir) / (GetClientName() + ".log")).Text());
              });
     return isOpen;
 }
@@ -266,8 +276,8 @@ bool TolvanClientApp::IsConnected() const
 
 void TolvanClientApp::StartServer()
 {
-    auto server = std::make_unique<ComponentServer>(
-        GetClientName(), [this](const String& request) { return HandleRequest(request); });
+    auto server = std::make_unique<ComponentServer>(GetClientName(), [this](const String& request)
+                                                    { return HandleRequest(request); });
     const std::unique_lock<std::shared_mutex> lock(m_ServerLock);
     m_Server = std::move(server);
 }

@@ -68,9 +68,9 @@ public:
     Signal0<> ExitedSignal;
     /// @}
 
-    const String& AppName() const { return m_AppName; } ///< As shown to users; may be empty.
-    void          SetApplicationName(const String& name) { m_AppName = name; }
-    const String& LogDir() const { return m_LogDir; }
+    const String&      AppName() const { return m_AppName; } ///< As shown to users; may be empty.
+    void               SetApplicationName(const String& name) { m_AppName = name; }
+    const String&      LogDir() const { return m_LogDir; }
     const CommandLine& GetCommandLine() const { return m_CommandLine; }
 
     /// A handler takes a message or leaves it (false) to the next one. It runs on a thread of the

@@ -16,10 +16,12 @@ constexpr size_t kChunkSize = 64 << 10; // bytes read at once
 
 } // namespace
 
-_FrameStream::_FrameStream(asio::io_context& context, _Descriptor socket,
+_FrameStream::_FrameStream(asio::io_context& context, _SocketHandle socket,
                            std::chrono::milliseconds stallTime)
-    : m_Socket(context, asio::local::stream_protocol(), socket.Release()), m_StallTimer(context),
-      m_StallTime(stallTime), m_Chunk(kChunkSize)
+    : m_Socket(context, asio::local::stream_protocol(), socket.Release()),
+      m_StallTimer(context),
+      m_StallTime(stallTime),
+      m_Chunk(kChunkSize)
 {
 }
 
@@ -67,7 +69,7 @@ void _FrameStream::OnRead(const Error& error, size_t count)
     if (error)
     {
         const bool isEnd = error == asio::error::eof || error == asio::error::connection_reset;
-        End(!isEnd ? String(error.message())
+        End(!isEnd            ? String(error.message())
             : m_Input.empty() ? String()
                               : String("it ended inside a frame"));
         return;

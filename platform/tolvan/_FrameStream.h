@@ -29,7 +29,7 @@ public:
         std::function<void(size_t count)>      written; ///< After every frame; may be empty.
     };
 
-    _FrameStream(boost::asio::io_context& context, _Descriptor socket,
+    _FrameStream(boost::asio::io_context& context, _SocketHandle socket,
                  std::chrono::milliseconds stallTime);
 
     void Start(Events events);
@@ -54,8 +54,8 @@ private:
     boost::asio::steady_timer                   m_StallTimer;
     std::chrono::milliseconds                   m_StallTime;
     std::shared_ptr<const Events>               m_Events; ///< Null once closed.
-    std::vector<char>                           m_Chunk; ///< What one read brings.
-    String                                      m_Input; ///< Begins with a frame's header.
+    std::vector<char>                           m_Chunk;  ///< What one read brings.
+    String                                      m_Input;  ///< Begins with a frame's header.
     std::deque<String>                          m_Output;
     size_t                                      m_Waiting = 0;
 };

@@ -26,8 +26,8 @@ public:
         String name = path.Text();
         if (name.size() >= sizeof m_Address.sun_path)
         {
-            m_Folder = _Descriptor(
-                open(path.Branch().Text().c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+            m_Folder =
+                _SocketHandle(open(path.Branch().Text().c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
             name = SFormat("/proc/self/fd/%d/%s", m_Folder.Get(), path.Leaf().c_str());
         }
         m_Fits = name.size() < sizeof m_Address.sun_path;
@@ -43,19 +43,19 @@ public:
     socklen_t       Size() const { return sizeof m_Address; }
 
 private:
-    sockaddr_un m_Address = {};
-    _Descriptor m_Folder;
-    bool        m_Fits = false;
+    sockaddr_un   m_Address = {};
+    _SocketHandle m_Folder;
+    bool          m_Fits = false;
 };
 
-_Descriptor NewSocket()
+_SocketHandle NewSocket()
 {
-    return _Descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
+    return _SocketHandle(socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
 }
 
 } // namespace
 
-_Descriptor::~_Descriptor()
+_SocketHandle::~_SocketHandle()
 {
     if (m_Number >= 0)
     {
@@ -63,7 +63,7 @@ _Descriptor::~_Descriptor()
     }
 }
 
-_Descriptor _LocalSocket::Listen(const Path& path)
+_SocketHandle _LocalSocket::Listen(const Path& path)
 {
     const Path    unfinished(SFormat("%s.%d.new", path.Text().c_str(), getpid()));
     const Address address(unfinished);
@@ -72,7 +72,7 @@ _Descriptor _LocalSocket::Listen(const Path& path)
         Exception::Throw("_LocalSocket", "Listen", ec_System,
                          "The name of the socket is too long: " + path.Text());
     }
-    _Descriptor listener = NewSocket();
+    _SocketHandle listener = NewSocket();
     unlink(unfinished.Text().c_str());
     if (!listener.IsOpen() || bind(listener.Get(), address.Get(), address.Size()) != 0 ||
         listen(listener.Get(), kBacklog) != 0 ||
@@ -87,27 +87,27 @@ _Descriptor _LocalSocket::Listen(const Path& path)
     return listener;
 }
 
-_Descriptor _LocalSocket::Connect(const Path& path)
+_SocketHandle _LocalSocket::Connect(const Path& path)
 {
     const Address address(path);
     if (!address.Fits())
     {
         errno = ENAMETOOLONG;
-        return _Descriptor();
+        return _SocketHandle();
     }
-    _Descriptor socket = NewSocket();
+    _SocketHandle socket = NewSocket();
     if (socket.IsOpen() && connect(socket.Get(), address.Get(), address.Size()) != 0)
     {
         const int error = errno;
-        socket = _Descriptor();
+        socket = _SocketHandle();
         errno = error;
     }
     return socket;
 }
 
-_Descriptor _LocalSocket::Accept(int listener)
+_SocketHandle _LocalSocket::Accept(int listener)
 {
-    return _Descriptor(accept4(listener, nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
+    return _SocketHandle(accept4(listener, nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
 }
 
 _LocalSocket::Peer _LocalSocket::PeerOf(int descriptor)

@@ -5,13 +5,13 @@
 #include <utility>
 
 /// A file descriptor that closes itself; -1 is none.
-class _Descriptor
+class _SocketHandle
 {
 public:
-    explicit _Descriptor(int number = -1) : m_Number(number) {}
-    ~_Descriptor();
-    _Descriptor(_Descriptor&& other) noexcept : m_Number(other.Release()) {}
-    _Descriptor& operator=(_Descriptor&& other) noexcept
+    explicit _SocketHandle(int number = -1) : m_Number(number) {}
+    ~_SocketHandle();
+    _SocketHandle(_SocketHandle&& other) noexcept : m_Number(other.Release()) {}
+    _SocketHandle& operator=(_SocketHandle&& other) noexcept
     {
         std::swap(m_Number, other.m_Number);
         return *this;
@@ -34,11 +34,11 @@ public:
     /// A listening socket, reachable by its name only once it takes connections, so that nobody
     /// mistakes it for one that a dead program has left. Replaces what has the name. Throws an
     /// `Exception*`.
-    static _Descriptor Listen(const Path& path);
+    static _SocketHandle Listen(const Path& path);
     /// None, with errno set, when nobody listens.
-    static _Descriptor Connect(const Path& path);
+    static _SocketHandle Connect(const Path& path);
     /// None when there is no waiting connection, or with another errno than EAGAIN on failure.
-    static _Descriptor Accept(int listener);
+    static _SocketHandle Accept(int listener);
 
     /// The other side: its process id; whether it belongs to this user.
     struct Peer

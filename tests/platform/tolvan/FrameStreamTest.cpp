@@ -1,0 +1,143 @@
+#include "tests/platform/tolvan/TestPeer.h"
+#include "tolvan/Framing.h"
+#include "tolvan/_FrameStream.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/socket.h>
+
+namespace
+{
+
+constexpr std::chrono::milliseconds kStall{100};
+
+class FrameStreamTest : public testing::Test
+{
+protected:
+    FrameStreamTest()
+    {
+        int ends[2];
+        EXPECT_EQ(socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends), 0);
+        fcntl(ends[0], F_SETFL, O_NONBLOCK);
+        m_Stream = std::make_shared<_FrameStream>(m_Context, _SocketHandle(ends[0]), kStall);
+        m_Peer = TestPeer(ends[1]);
+        _FrameStream::Events events;
+        events.frame = [this](const String& content) { m_Frames.push_back(content); };
+        events.closed = [this](const String& why) { m_Ends.push_back(why); };
+        m_Stream->Start(std::move(events));
+    }
+
+    /// Works until the condition holds.
+    bool RunUntil(const std::function<bool()>& condition)
+    {
+        return WaitFor(
+            [&]
+            {
+                m_Context.poll();
+                return condition();
+            });
+    }
+    bool HasEnded() const { return !m_Ends.empty(); }
+
+    boost::asio::io_context       m_Context;
+    std::shared_ptr<_FrameStream> m_Stream;
+    TestPeer                      m_Peer;
+    std::vector<String>           m_Frames;
+    std::vector<String>           m_Ends;
+};
+
+TEST_F(FrameStreamTest, PutsFramesTogether)
+{
+    const String big(Framing::k_Limit / 8, 'b');
+    const String bytes = Framing::Wrap("one") + Framing::Wrap("") + Framing::Wrap(big);
+    for (const size_t piece : {size_t{1}, size_t{7}, size_t{8}, size_t{11}, size_t{30}})
+    {
+        m_Peer.Send(bytes.substr(0, piece));
+        m_Context.poll();
+        m_Peer.Send(bytes.substr(piece));
+        ASSERT_TRUE(RunUntil([&] { return m_Frames.size() == 3; })) << "cut after " << piece;
+        EXPECT_EQ(m_Frames[0], "one");
+        EXPECT_EQ(m_Frames[1], "");
+        EXPECT_TRUE(m_Frames[2] == big);
+        m_Frames.clear();
+    }
+    m_Peer.Close();
+    ASSERT_TRUE(RunUntil([&] { return HasEnded(); }));
+    EXPECT_EQ(m_Ends, std::vector<String>{""}) << "an end between two frames is no fault";
+}
+
+TEST_F(FrameStreamTest, EndsOverHalfAFrame)
+{
+    m_Peer.Send(Framing::Wrap("whole") + Framing::Wrap("broken off").substr(0, 12));
+    m_Peer.Close();
+    ASSERT_TRUE(RunUntil([&] { return HasEnded(); }));
+    EXPECT_EQ(m_Frames, std::vector<String>{"whole"});
+    EXPECT_EQ(m_Ends, std::vector<String>{"it ended inside a frame"});
+}
+
+TEST_F(FrameStreamTest, EndsOverAStalledFrameButNotOverSilence)
+{
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_TRUE(RunUntil([&] { return std::chrono::steady_clock::now() > begin + 3 * kStall; }));
+    EXPECT_FALSE(HasEnded()) << "silence between frames";
+    m_Peer.Send(Framing::Wrap("whole") + "TLV");
+    ASSERT_TRUE(RunUntil([&] { return HasEnded(); }));
+    EXPECT_NE(m_Ends[0].find("half a frame"), String::npos) << m_Ends[0];
+    EXPECT_TRUE(m_Peer.SeesEnd());
+}
+
+TEST_F(FrameStreamTest, WaitsForAFrameThatComesSlowly)
+{
+    const String bytes = Framing::Wrap("slow");
+    for (const char byte : bytes)
+    {
+        const auto begin = std::chrono::steady_clock::now();
+        m_Peer.Send(String(1, byte));
+        RunUntil([&] { return std::chrono::steady_clock::now() > begin + kStall / 5; });
+    }
+    EXPECT_TRUE(RunUntil([&] { return !m_Frames.empty(); }));
+    EXPECT_FALSE(HasEnded());
+}
+
+TEST_F(FrameStreamTest, QueuesWhatThePeerDoesNotReadYet)
+{
+    const String frame = Framing::Wrap(Message("M").Set("F", String(200000, 'x')).Encode());
+    for (int i = 0; i < 20; ++i)
+    {
+        m_Stream->Send(frame);
+    }
+    m_Context.poll();
+    EXPECT_GT(m_Stream->Waiting(), frame.size() * 10);
+    int         received = 0;
+    TestPeer&   peer = m_Peer;
+    std::thread reader(
+        [&]
+        {
+            while (received < 20 && peer.Receive())
+            {
+                ++received;
+            }
+        });
+    EXPECT_TRUE(RunUntil([&] { return m_Stream->Waiting() == 0; }));
+    reader.join();
+    EXPECT_EQ(received, 20);
+}
+
+TEST_F(FrameStreamTest, ASilentCloseTellsNobody)
+{
+    m_Peer.Send(Framing::Wrap("one") + Framing::Wrap("two"));
+    m_Stream->Send(Framing::Wrap("bye"));
+    m_Stream->Close();
+    m_Stream->Close();
+    m_Stream->Send("more");
+    m_Stream.reset();
+    m_Context.run();
+    EXPECT_TRUE(m_Frames.empty());
+    EXPECT_TRUE(m_Ends.empty());
+}
+
+} // namespace

@@ -1,0 +1,178 @@
+#include "tolvan/JobTypeInfo.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/UserFolderTest.h"
+#include "vesta/Exception.h"
+
+#include <limits>
+
+namespace
+{
+
+class JobTypeInfoTest : public UserFolderTest
+{
+protected:
+    Path File() const { return TempFile("render.module"); }
+
+    boost::shared_ptr<const JobTypeInfo> Load(const String& text) const
+    {
+        WriteFile(File(), text);
+        return JobTypeInfo::Load(File());
+    }
+
+    /// What loading complains of, without the file's name in front; empty when it does not.
+    String Complaint(const String& text) const
+    {
+        try
+        {
+            Load(text);
+            return String();
+        }
+        catch (Exception* exception)
+        {
+            String complaint = exception->Text();
+            delete exception;
+            EXPECT_TRUE(complaint.StartsWith(File().Text() + ":")) << complaint;
+            return complaint.substr(std::min(complaint.size(), File().Text().size()));
+        }
+    }
+};
+
+const char* const kHead = "[Type]\n"
+                          "Id = 5c1f5f2e-6f0e-4c55-9d0a-0b3b8f5f7a01\n"
+                          "Name = Frames\n";
+
+TEST_F(JobTypeInfoTest, ReadsEverythingInOrder)
+{
+    LogCapture log;
+    const auto info = Load("; renders\n"
+                           "[type]\n"
+                           "ID = {5C1F5F2E-6F0E-4C55-9D0A-0B3B8F5F7A01}\n"
+                           "Name = Frames\n"
+                           "Description = Renders frames\n"
+                           "Execute = render --frame %Frame% \"--out=%Output%\"\n"
+                           "Folder = /tmp\n"
+                           "[Parameter Scene]\n"
+                           "Description = What to render\n"
+                           "Default = spheres\n"
+                           "Choices = spheres; cubes ;;waves\n"
+                           "[Parameter  Note to self]\n"
+                           "[Command Suspend]\n"
+                           "States = Waiting;Running\n"
+                           "[Command ---]\n"
+                           "Separator = yes\n"
+                           "[Command --- admin]\n"
+                           "Separator = yes\n"
+                           "Flags = admin\n"
+                           "[Command Open]\n"
+                           "Flags = output; Admin\n"
+                           "Items = Folder;\"a;b\"\n"
+                           "Description = Shows it\n"
+                           "[Entries]\n"
+                           "Farm = Local farm\n"
+                           "[Outputs]\n"
+                           "Frames = *.png\n");
+
+    EXPECT_EQ(info->Id().ToString(), "5c1f5f2e-6f0e-4c55-9d0a-0b3b8f5f7a01");
+    EXPECT_EQ(info->Name(), "Frames");
+    EXPECT_EQ(info->Description(), "Renders frames");
+    EXPECT_EQ(info->ExecuteLine(), "render --frame %Frame% \"--out=%Output%\"");
+    EXPECT_EQ(info->Folder(), "/tmp");
+    ASSERT_EQ(info->ParamCount(), 2);
+    EXPECT_EQ(info->GetParam(0).name, "Scene");
+    EXPECT_EQ(info->GetParam(0).value, "spheres");
+    EXPECT_EQ(info->GetParam(0).choices, (std::vector<String>{"spheres", "cubes", "waves"}));
+    EXPECT_EQ(info->GetParam(1).name, "Note to self");
+    EXPECT_TRUE(info->GetParam(1).choices.empty());
+
+    const auto& commands = info->Commands();
+    ASSERT_EQ(commands.size(), 4u);
+    EXPECT_EQ(commands[0].name, "Suspend");
+    EXPECT_EQ(commands[0].flags, cmd_Job) << "by default";
+    EXPECT_EQ(commands[0].states, "Waiting;Running");
+    EXPECT_LT(commands[1].flags, 0);
+    EXPECT_NE(commands[1].flags & cmd_Output, 0) << "a separator fits every mask";
+    EXPECT_EQ(commands[2].flags, std::numeric_limits<int32_t>::min() | cmd_Admin);
+    EXPECT_EQ(commands[3].flags, cmd_Output | cmd_Admin);
+    EXPECT_EQ(commands[3].items, "Folder;\"a;b\"");
+    EXPECT_EQ(info->Entries().at("Farm"), "Local farm");
+    EXPECT_EQ(info->Outputs().at("Frames"), "*.png");
+    EXPECT_FALSE(log.Has("", log_Warning)) << log.All();
+}
+
+TEST_F(JobTypeInfoTest, NamesFileLineAndFault)
+{
+    struct Case
+    {
+        const char* what;
+        String      text;
+        const char* complaint;
+    };
+    const Case cases[] = {
+        {"empty", "", ": there is no section [Type]"},
+        {"no id", "[Type]\nName = A\n", ":2: [Type] needs a value for \"Id\""},
+        {"bad id", "[Type]\nName = A\nId = 12\n", ":3: \"12\" is no identifier"},
+        {"no name", "[Type]\nId = 5c1f5f2e-6f0e-4c55-9d0a-0b3b8f5f7a01\nName =\n",
+         ":3: [Type] needs a value for \"Name\""},
+        {"a stray line", String(kHead) + "\nwhat is this\n", ":5: neither a section"},
+        {"no parameter name", String(kHead) + "[Parameter]\nDefault = a\n",
+         ": [Parameter] needs a name"},
+        {"an impossible default", String(kHead) + "[Parameter P]\nChoices = a;b\nDefault = c\n",
+         ":6: the default \"c\" is not among the choices"},
+        {"an unknown flag", String(kHead) + "[Command C]\n\nFlags = job;jbo\n",
+         ":6: there is no flag \"jbo\""},
+        {"no truth value", String(kHead) + "[Command C]\nSeparator = perhaps\n",
+         ":5: \"perhaps\" is neither yes nor no"}};
+    for (const Case& one : cases)
+    {
+        const String complaint = Complaint(one.text);
+        EXPECT_TRUE(complaint.StartsWith(one.complaint)) << one.what << ": " << complaint;
+    }
+    EXPECT_EQ(Complaint(kHead), "") << "Id and Name are enough";
+}
+
+TEST_F(JobTypeInfoTest, LogsWhatNobodyKnows)
+{
+    LogCapture log;
+    Load(String(kHead) + "Exceute = render\n[Comand Stop]\nItems = a\n");
+    EXPECT_TRUE(log.Has(":4: the key \"Exceute\" means nothing in [Type]", log_Warning));
+    EXPECT_TRUE(log.Has(":6: the section [Comand Stop] means nothing", log_Warning)) << log.All();
+}
+
+TEST_F(JobTypeInfoTest, RefusesWhatCannotBeRead)
+{
+    WriteFile(File(), kHead + String(JobTypeInfo::k_Limit, '\n'));
+    for (const Path& path : {File(), TempFile("missing.module"), TempFile("user")})
+    {
+        try
+        {
+            JobTypeInfo::Load(path);
+            ADD_FAILURE() << path.Text();
+        }
+        catch (Exception* exception)
+        {
+            EXPECT_NE(exception->Text().find(path.Text()), String::npos) << exception->Text();
+            delete exception;
+        }
+    }
+}
+
+TEST_F(JobTypeInfoTest, ChecksTheParameterIndex)
+{
+    const auto info = Load(String(kHead) + "[Parameter P]\n");
+    EXPECT_EQ(info->GetParam(0).name, "P");
+    for (const int index : {-1, 1})
+    {
+        try
+        {
+            info->GetParam(index);
+            ADD_FAILURE() << index;
+        }
+        catch (Exception* exception)
+        {
+            EXPECT_EQ(exception->Code(), ec_BadData);
+            delete exception;
+        }
+    }
+}
+
+} // namespace

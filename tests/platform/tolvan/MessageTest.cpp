@@ -1,0 +1,166 @@
+#include "tolvan/Message.h"
+#include "tolvan/Framing.h"
+#include "vesta/Exception.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <random>
+
+namespace
+{
+
+/// The code of the exception that the call throws; 0 when it throws none.
+int CodeOf(const std::function<void()>& call)
+{
+    try
+    {
+        call();
+        return 0;
+    }
+    catch (Exception* exception)
+    {
+        const int code = exception->Code();
+        EXPECT_FALSE(exception->Text().empty());
+        delete exception;
+        return code;
+    }
+}
+
+int DecodeCode(const String& bytes)
+{
+    return CodeOf([&] { Message::Decode(bytes); });
+}
+
+String AllBytes()
+{
+    String bytes;
+    for (int i = 0; i < 256; ++i)
+    {
+        bytes.push_back(static_cast<char>(i));
+    }
+    return bytes;
+}
+
+Message Sample()
+{
+    return Message("Output").Set("ID", "7").Set("Line", AllBytes()).Set("Empty", String());
+}
+
+TEST(Message, CarriesAnyBytes)
+{
+    const String odd = String("\0\xff\xc3(\n", 5);
+    Message      message(odd);
+    message.Set("Line", AllBytes()).Set(odd, "named oddly").Set("", "without a name");
+    message.Set("Long", String(300000, '\xfe')).Set("Number", -42);
+
+    const auto decoded = Message::Decode(message.Encode());
+
+    EXPECT_EQ(decoded->Type(), odd);
+    EXPECT_EQ(decoded->Fields(), message.Fields());
+    EXPECT_EQ(decoded->GetInt("Number"), -42);
+    EXPECT_EQ(decoded->GetInt("Line", 5), 5) << "no number";
+    EXPECT_FALSE(decoded->Has("Lines"));
+    EXPECT_EQ(decoded->Get("Lines"), "");
+}
+
+TEST(Message, RefusesWhatIsNoMessage)
+{
+    const String valid = Sample().Encode();
+    ASSERT_EQ(DecodeCode(valid), 0);
+    for (size_t length = 0; length < valid.size(); ++length)
+    {
+        ASSERT_EQ(DecodeCode(valid.substr(0, length)), ec_BadData) << "cut after " << length;
+    }
+    const String inner = "\x82\xa4type\xa1"
+                         "A"
+                         "\xa6"
+                         "fields";
+    ASSERT_EQ(DecodeCode(inner + "\x80"), 0) << "texts instead of bytes are understood";
+    const std::vector<std::pair<const char*, String>> cases = {
+        {"one byte too many", valid + "x"},
+        {"a text", "\xa5hello"},
+        {"no fields", "\x81\xa4type\xa1"
+                      "A"},
+        {"no type", "\x81\xa6"
+                    "fields\x80"},
+        {"an empty type", "\x82\xa4type\xa0\xa6"
+                          "fields\x80"},
+        {"two types", "\x83\xa4type\xa1"
+                      "A\xa4type\xa1"
+                      "B\xa6"
+                      "fields\x80"},
+        {"a third member", "\x83\xa4type\xa1"
+                           "A\xa6"
+                           "fields\x80\xa1x\xa1y"},
+        {"fields as a list", inner + "\x90"},
+        {"fields as a text", inner + "\xa1x"},
+        {"a number as a field", inner + "\x81\xa1x\x05"},
+        {"nothing as a field", inner + "\x81\xa1x\xc0"},
+        {"a map as a field", inner + "\x81\xa1x\x80"},
+        {"one field twice", inner + "\x82\xa1x\xa1y\xa1x\xa1z"},
+        {"a map that promises 4294967295 fields", inner + "\xdf\xff\xff\xff\xff\xa1x"},
+        {"a text that promises 4294967295 bytes", inner + "\x81\xa1x\xdb\xff\xff\xff\xffx"},
+        {"a number as a name", inner + "\x81\x05\xa1x"}};
+    for (const auto& [what, bytes] : cases)
+    {
+        EXPECT_EQ(DecodeCode(bytes), ec_BadData) << what;
+    }
+}
+
+TEST(Message, SurvivesDeepNesting)
+{
+    // As deep as a frame can be; a reader that follows would run out of stack.
+    for (const char opening : {'\x91', '\x81', '\x9f', '\x5f', '\x7f', '\xdc', '\xc7'})
+    {
+        EXPECT_EQ(DecodeCode(String(Framing::k_Limit, opening)), ec_BadData);
+    }
+}
+
+TEST(Message, SurvivesDamagedBytes)
+{
+    std::mt19937                       random(4711);
+    std::uniform_int_distribution<int> byte(0, 255);
+    const String                       valid = Sample().Encode();
+    int                                refused = 0;
+    for (int round = 0; round < 20000; ++round)
+    {
+        String bytes = round % 4 == 0 ? String(static_cast<size_t>(byte(random)), '\0') : valid;
+        for (int i = 0; i < 1 + round % 8 && !bytes.empty(); ++i)
+        {
+            bytes[random() % bytes.size()] = static_cast<char>(byte(random));
+        }
+        try
+        {
+            const auto message = Message::Decode(bytes);
+            EXPECT_EQ(Message::Decode(message->Encode())->Fields(), message->Fields());
+        }
+        catch (Exception* exception)
+        {
+            EXPECT_EQ(exception->Code(), ec_BadData);
+            delete exception;
+            ++refused;
+        }
+    }
+    EXPECT_GT(refused, 5000) << "the bytes were hardly damaged";
+}
+
+TEST(Framing, WrapsUpToTheLimit)
+{
+    const String frame = Framing::Wrap(String(Framing::k_Limit, 'x'));
+    EXPECT_EQ(frame.size(), Framing::k_HeaderSize + Framing::k_Limit);
+    EXPECT_EQ(frame.substr(0, 4), "TLV1");
+    EXPECT_EQ(Framing::ContentLength(frame.data()), Framing::k_Limit);
+    EXPECT_EQ(Framing::ContentLength(Framing::Wrap("").data()), 0u);
+    EXPECT_EQ(CodeOf([] { Framing::Wrap(String(Framing::k_Limit + 1, 'x')); }), ec_TooLarge);
+}
+
+TEST(Framing, RefusesBadHeaders)
+{
+    EXPECT_EQ(CodeOf([] { Framing::ContentLength("TLV1\x00\x10\x00\x01"); }), ec_TooLarge);
+    EXPECT_EQ(CodeOf([] { Framing::ContentLength("TLV1\xff\xff\xff\xff"); }), ec_TooLarge);
+    EXPECT_EQ(CodeOf([] { Framing::ContentLength("TLV2\0\0\0\1"); }), ec_BadData);
+    EXPECT_EQ(CodeOf([] { Framing::ContentLength("GET / HT"); }), ec_BadData);
+}
+
+} // namespace

@@ -1,0 +1,179 @@
+#include "tests/platform/tolvan/TestPeer.h"
+
+#include "tolvan/Framing.h"
+#include "tolvan/SocketFolder.h"
+#include "vesta/Exception.h"
+
+#include <cstring>
+#include <thread>
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace
+{
+
+constexpr int kPatience = 10000; // ms
+
+sockaddr_un AddressOf(const Path& path)
+{
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    std::strncpy(address.sun_path, path.Text().c_str(), sizeof address.sun_path - 1);
+    return address;
+}
+
+bool IsReadable(int descriptor)
+{
+    pollfd entry = {descriptor, POLLIN, 0};
+    return poll(&entry, 1, kPatience) == 1;
+}
+
+} // namespace
+
+bool WaitFor(const std::function<bool()>& condition, std::chrono::milliseconds deadline)
+{
+    const auto end = std::chrono::steady_clock::now() + deadline;
+    while (!condition())
+    {
+        if (std::chrono::steady_clock::now() > end)
+        {
+            return false;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    return true;
+}
+
+TestPeer::TestPeer(int descriptor) : m_Descriptor(descriptor)
+{
+}
+
+TestPeer::~TestPeer()
+{
+    Close();
+}
+
+TestPeer& TestPeer::operator=(TestPeer&& other) noexcept
+{
+    std::swap(m_Descriptor, other.m_Descriptor);
+    return *this;
+}
+
+TestPeer TestPeer::ConnectTo(const Path& path)
+{
+    const sockaddr_un address = AddressOf(path);
+    const int         descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    if (connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
+    {
+        close(descriptor);
+        return TestPeer();
+    }
+    return TestPeer(descriptor);
+}
+
+bool TestPeer::Send(const String& bytes)
+{
+    return send(m_Descriptor, bytes.data(), bytes.size(), MSG_NOSIGNAL) ==
+           static_cast<ssize_t>(bytes.size());
+}
+
+bool TestPeer::Send(const Message& message)
+{
+    return Send(Framing::Wrap(message.Encode()));
+}
+
+std::optional<String> TestPeer::Read(size_t count)
+{
+    String bytes(count, '\0');
+    size_t done = 0;
+    while (done < count && IsReadable(m_Descriptor))
+    {
+        const ssize_t got = recv(m_Descriptor, &bytes[done], count - done, 0);
+        if (got <= 0)
+        {
+            return std::nullopt;
+        }
+        done += static_cast<size_t>(got);
+    }
+    return done == count ? std::optional<String>(bytes) : std::nullopt;
+}
+
+boost::shared_ptr<Message> TestPeer::Receive()
+{
+    const auto header = Read(Framing::k_HeaderSize);
+    if (!header)
+    {
+        return nullptr;
+    }
+    try
+    {
+        const auto content = Read(Framing::ContentLength(header->data()));
+        return content ? Message::Decode(*content) : nullptr;
+    }
+    catch (Exception* exception)
+    {
+        exception->Log();
+        delete exception;
+        return nullptr;
+    }
+}
+
+bool TestPeer::SeesEnd()
+{
+    char bytes[4096];
+    while (IsReadable(m_Descriptor))
+    {
+        if (recv(m_Descriptor, bytes, sizeof bytes, 0) <= 0)
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+void TestPeer::Close()
+{
+    if (m_Descriptor >= 0)
+    {
+        close(m_Descriptor);
+        m_Descriptor = -1;
+    }
+}
+
+TestMaster::TestMaster()
+    : m_Path(SocketFolder::ForMaster()),
+      m_Descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0))
+{
+    const sockaddr_un address = AddressOf(m_Path);
+    unlink(m_Path.Text().c_str());
+    if (bind(m_Descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
+        listen(m_Descriptor, 8) != 0)
+    {
+        Exception::ThrowErrno("TestMaster", "TestMaster", "no socket at " + m_Path.Text());
+    }
+}
+
+TestMaster::~TestMaster()
+{
+    Stop();
+}
+
+TestPeer TestMaster::Accept()
+{
+    return IsReadable(m_Descriptor)
+               ? TestPeer(accept4(m_Descriptor, nullptr, nullptr, SOCK_CLOEXEC))
+               : TestPeer();
+}
+
+void TestMaster::Stop()
+{
+    if (m_Descriptor >= 0)
+    {
+        close(m_Descriptor);
+        m_Descriptor = -1;
+        unlink(m_Path.Text().c_str());
+    }
+}

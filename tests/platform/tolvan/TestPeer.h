@@ -1,0 +1,60 @@
+#pragma once
+
+#include "tolvan/Message.h"
+#include "vesta/Path.h"
+#include "vesta/String.h"
+
+#include <boost/shared_ptr.hpp>
+
+#include <chrono>
+#include <functional>
+#include <optional>
+
+/// Waits until the condition holds; false when the deadline comes first.
+bool WaitFor(const std::function<bool()>& condition,
+             std::chrono::milliseconds    deadline = std::chrono::seconds(10));
+
+/// One end of a local connection that says exactly what a test wants it to say. Blocks, but for no
+/// longer than ten seconds at a time.
+class TestPeer
+{
+public:
+    explicit TestPeer(int descriptor = -1);
+    ~TestPeer();
+    TestPeer(TestPeer&& other) noexcept : m_Descriptor(other.m_Descriptor)
+    {
+        other.m_Descriptor = -1;
+    }
+    TestPeer& operator=(TestPeer&& other) noexcept;
+
+    static TestPeer ConnectTo(const Path& path);
+
+    bool IsConnected() const { return m_Descriptor >= 0; }
+    bool Send(const String& bytes);
+    bool Send(const Message& message);
+    /// Nothing when the other side has closed, or is silent for too long.
+    boost::shared_ptr<Message> Receive();
+    /// Whether the other side closes the connection (what it says before is dropped).
+    bool SeesEnd();
+    void Close();
+
+private:
+    std::optional<String> Read(size_t count);
+
+    int m_Descriptor;
+};
+
+/// Plays the master: takes connections at the master's socket.
+class TestMaster
+{
+public:
+    TestMaster();
+    ~TestMaster();
+
+    TestPeer Accept(); ///< Waits for the next connection.
+    void     Stop();   ///< Nobody can connect any more.
+
+private:
+    Path m_Path;
+    int  m_Descriptor;
+};
