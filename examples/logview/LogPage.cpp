@@ -1,0 +1,117 @@
+#include "logview/LogPage.h"
+
+#include "appearance/wxTolvanString.h"
+#include "textviews/wxTextLineCtrl.h"
+#include "textviews/wxTextLineSearchPanel.h"
+#include "vesta/Log.h"
+
+#include <wx/sizer.h>
+
+namespace
+{
+// Bytes read between two looks at the user's events: some 20 ms.
+constexpr size_t kSlice = 4u << 20;
+
+FileFollower::Sink SinkOf(std::function<void(const String&)> onLine,
+                          std::function<void(const String&)> onPartialLine,
+                          std::function<void(const String&)> onRestart)
+{
+    return {std::move(onLine), std::move(onPartialLine), std::move(onRestart)};
+}
+} // namespace
+
+LogPage::LogPage(wxWindow* parent, const Path& file)
+    : wxtPanel(parent), m_Text(new wxTextLineCtrl(this)),
+      m_Follower(file, SinkOf([this](const String& line) { ShowLine(line); },
+                              [this](const String& line) { ShowPartialLine(line); },
+                              [this](const String& how) { ShowNotice(how); }))
+{
+    auto* const sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(m_Text, 1, wxEXPAND);
+    sizer->Add(m_Text->GetSearchPanel(), 0, wxEXPAND);
+    SetSizer(sizer);
+    m_Text->SetFollowEnd(m_Follow);
+    OnTick();
+}
+
+LogPage::~LogPage() = default;
+
+wxString LogPage::Title() const
+{
+    return wxtToWx(m_Follower.FileName().Leaf());
+}
+
+wxString LogPage::StatusText() const
+{
+    const wxString name = wxtToWx(m_Follower.FileName().Text());
+    switch (m_Follower.CurrentState())
+    {
+    case FileFollower::State::kMissing:
+        return wxString::Format(wxGetTranslation("%s does not exist yet"), name);
+    case FileFollower::State::kUnreadable:
+        return wxString::Format(wxGetTranslation("%s cannot be read: %s"), name,
+                                wxtToWx(m_Follower.Problem()));
+    case FileFollower::State::kFollowing:
+        break;
+    }
+    return wxString::Format(wxGetTranslation("%s: %d lines, %lld bytes"), name,
+                            m_Text->GetLineCount(), m_Follower.Position());
+}
+
+void LogPage::SetFollowing(bool follow)
+{
+    m_Follow = follow;
+    m_Text->SetFollowEnd(follow);
+    if (follow)
+    {
+        m_Text->ScrollToBottom();
+    }
+}
+
+void LogPage::OnTick()
+{
+    if (!m_Reading)
+    {
+        ReadSlice();
+    }
+}
+
+void LogPage::ReadSlice()
+{
+    const auto before = m_Follower.CurrentState();
+    const bool wasEmpty = m_Text->GetLineCount() == 0;
+    m_Reading = m_Follower.Read(kSlice);
+    if (m_Follower.CurrentState() != before)
+    {
+        LogInfo(wxtFromWx(StatusText()));
+    }
+    if (m_Follow && wasEmpty && m_Text->GetLineCount() > 0)
+    {
+        m_Text->ScrollToBottom();
+    }
+    if (m_Reading)
+    {
+        CallAfter(&LogPage::ReadSlice);
+    }
+}
+
+void LogPage::ShowLine(const String& line)
+{
+    m_Text->Append(line, false);
+}
+
+void LogPage::ShowPartialLine(const String& line)
+{
+    if (m_PartialLine >= 0 && m_PartialLine < m_Text->GetLineCount())
+    {
+        m_Text->Erase(m_PartialLine);
+    }
+    m_PartialLine = line.empty() ? -1 : m_Text->Append(line, false);
+}
+
+void LogPage::ShowNotice(const String& text)
+{
+    m_PartialLine = -1;
+    LogInfo(m_Follower.FileName().Text() + ": " + text);
+    m_Text->Append("--- " + text + " ---", false);
+}

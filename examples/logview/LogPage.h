@@ -1,0 +1,39 @@
+#pragma once
+
+#include "logview/FileFollower.h"
+
+#include "appearance/wxTolvanColors.h"
+#include "shell/wxTimed.h"
+
+class wxTextLineCtrl;
+
+/// One file in the viewer: its text and the search bar under it. It reads in slices, so that even a
+/// huge file leaves the program usable while it loads.
+class LogPage : public wxtPanel, private wxTimed
+{
+public:
+    LogPage(wxWindow* parent, const Path& file);
+    ~LogPage() override;
+
+    wxTextLineCtrl* Text() const { return m_Text; }
+    wxString        Title() const; ///< The file's name without its folder.
+    /// One line about the file: where it is, how much of it is shown, or what is wrong.
+    wxString StatusText() const;
+
+    bool IsFollowing() const { return m_Follow; }
+    /// Whether the view stays at the end of the text as it grows.
+    void SetFollowing(bool follow);
+
+private:
+    void OnTick() override;
+    void ReadSlice();
+    void ShowLine(const String& line);
+    void ShowPartialLine(const String& line);
+    void ShowNotice(const String& text);
+
+    wxTextLineCtrl* m_Text;
+    FileFollower    m_Follower;
+    int             m_PartialLine = -1; ///< Where the unfinished last line stands.
+    bool            m_Follow = true;
+    bool            m_Reading = false; ///< A further slice is on its way.
+};

@@ -1,0 +1,175 @@
+#include "logview/LogViewFrame.h"
+
+#include "appearance/wxTolvanString.h"
+#include "common/ColorMenu.h"
+#include "logview/LogPage.h"
+#include "textviews/wxTextLineCtrl.h"
+
+#include <wx/aui/auibook.h>
+#include <wx/filedlg.h>
+#include <wx/menu.h>
+#include <wx/sizer.h>
+#include <wx/statusbr.h>
+
+namespace
+{
+constexpr int kStatusMs = 250; // between two looks at the current page's state
+
+enum
+{
+    id_Follow = 22000,
+    id_FullScreen
+};
+
+const wxSize kFirstSize(900, 600); // pixels, before the user has chosen
+} // namespace
+
+LogViewFrame::LogViewFrame()
+    : wxTolvanFrame(wxGetTranslation("Tolvan Log Viewer"), wxDefaultPosition, kFirstSize)
+{
+    BuildMenus();
+    BuildPages();
+    CreateStatusBar();
+    Bind(wxEVT_CLOSE_WINDOW, &LogViewFrame::OnClose, this);
+    Bind(
+        wxEVT_SYS_COLOUR_CHANGED,
+        [this](wxSysColourChangedEvent& event)
+        {
+            event.Skip();
+            ColourTabs();
+        });
+    m_StatusTimer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { ShowStatus(); });
+    m_StatusTimer.Start(kStatusMs);
+    LoadWindowPosition();
+    m_Built = true;
+}
+
+void LogViewFrame::BuildMenus()
+{
+    auto* const file = new wxMenu;
+    file->Append(wxID_OPEN, wxGetTranslation("&Open...\tCtrl+O"));
+    file->Append(wxTextLineCtrl::id_SaveAs, wxGetTranslation("Save &As...\tCtrl+S"));
+    file->AppendSeparator();
+    file->Append(wxID_EXIT, wxGetTranslation("&Quit\tCtrl+Q"));
+
+    auto* const edit = new wxMenu;
+    edit->Append(wxTextLineCtrl::id_Copy, wxGetTranslation("&Copy\tCtrl+C"));
+    edit->Append(wxTextLineCtrl::id_SelectAll, wxGetTranslation("Select &All"));
+    edit->Append(wxTextLineCtrl::id_Search, wxGetTranslation("&Search...\tCtrl+F"));
+
+    auto* const view = new wxMenu;
+    view->AppendCheckItem(id_Follow, wxGetTranslation("&Follow the End\tF5"))->Check();
+    view->AppendSubMenu(new ColorMenu(this), wxGetTranslation("&Colours"));
+    view->AppendCheckItem(id_FullScreen, wxGetTranslation("F&ull Screen\tF11"));
+
+    auto* const bar = new wxMenuBar;
+    bar->Append(file, wxGetTranslation("&File"));
+    bar->Append(edit, wxGetTranslation("&Edit"));
+    bar->Append(view, wxGetTranslation("&View"));
+    SetMenuBar(bar);
+
+    Bind(wxEVT_MENU, &LogViewFrame::OnOpen, this, wxID_OPEN);
+    Bind(wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, wxID_EXIT);
+    Bind(wxEVT_MENU, &LogViewFrame::OnFollow, this, id_Follow);
+    Bind(wxEVT_MENU, &LogViewFrame::OnFullScreen, this, id_FullScreen);
+    Bind(wxEVT_MENU, &LogViewFrame::OnTextCommand, this, wxTextLineCtrl::id_SelectAll,
+         wxTextLineCtrl::id_Search);
+}
+
+void LogViewFrame::BuildPages()
+{
+    m_Pages = new wxAuiNotebook(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                                wxAUI_NB_TOP | wxAUI_NB_TAB_MOVE | wxAUI_NB_SCROLL_BUTTONS |
+                                    wxAUI_NB_CLOSE_ON_ACTIVE_TAB | wxBORDER_NONE);
+    ColourTabs();
+    m_Pages->Bind(wxEVT_AUINOTEBOOK_PAGE_CHANGED,
+                  [this](wxAuiNotebookEvent& event)
+                  {
+                      event.Skip();
+                      ShowStatus();
+                      if (LogPage* const page = CurrentPage())
+                      {
+                          GetMenuBar()->Check(id_Follow, page->IsFollowing());
+                          page->Text()->SetFocus();
+                      }
+                  });
+}
+
+void LogViewFrame::ColourTabs()
+{
+    auto* const art = new wxAuiSimpleTabArt;
+    art->SetColour(wxtGetColor(color_WindowBG));
+    art->SetActiveColour(wxtGetColor(color_WindowBGLighter));
+    m_Pages->SetArtProvider(art);
+    m_Pages->SetBackgroundColour(wxtGetColor(color_WindowBG));
+    m_Pages->Refresh();
+}
+
+void LogViewFrame::OpenFile(const Path& file)
+{
+    auto* const page = new LogPage(m_Pages, file);
+    m_Pages->AddPage(page, page->Title(), true);
+    page->Text()->SetFocus();
+    ShowStatus();
+}
+
+LogPage* LogViewFrame::CurrentPage() const
+{
+    return dynamic_cast<LogPage*>(m_Pages->GetCurrentPage());
+}
+
+void LogViewFrame::ShowStatus()
+{
+    const LogPage* const page = CurrentPage();
+    const wxString       text =
+        page ? page->StatusText() : wxString(wxGetTranslation("Open a file with Ctrl+O"));
+    // Setting a text repaints the bar, changed or not.
+    if (text != GetStatusBar()->GetStatusText())
+    {
+        SetStatusText(text);
+    }
+}
+
+void LogViewFrame::OnOpen(wxCommandEvent&)
+{
+    wxFileDialog dialog(this, wxGetTranslation("Open"), wxString(), wxString(),
+                        wxFileSelectorDefaultWildcardStr,
+                        wxFD_OPEN | wxFD_MULTIPLE | wxFD_FILE_MUST_EXIST);
+    if (dialog.ShowModal() != wxID_OK)
+    {
+        return;
+    }
+    wxArrayString files;
+    dialog.GetPaths(files);
+    for (const wxString& file : files)
+    {
+        OpenFile(wxtFromWx(file));
+    }
+}
+
+void LogViewFrame::OnFollow(wxCommandEvent& event)
+{
+    if (LogPage* const page = CurrentPage())
+    {
+        page->SetFollowing(event.IsChecked());
+    }
+}
+
+void LogViewFrame::OnFullScreen(wxCommandEvent& event)
+{
+    ShowFullScreen(event.IsChecked(), wxFULLSCREEN_NOBORDER | wxFULLSCREEN_NOCAPTION);
+}
+
+void LogViewFrame::OnTextCommand(wxCommandEvent& event)
+{
+    if (LogPage* const page = CurrentPage())
+    {
+        page->Text()->OnMenu(event);
+    }
+}
+
+void LogViewFrame::OnClose(wxCloseEvent& event)
+{
+    SaveWindowPosition();
+    event.Skip();
+}

@@ -1,0 +1,131 @@
+#include "monitor/FarmText.h"
+
+#include "tolvan/Job.h"
+
+namespace
+{
+constexpr int kProgressStep = 10; // percent; smaller steps are no line of their own
+
+String Stamped(Time now, const String& text)
+{
+    return now.FormatClock() + "  " + text;
+}
+
+// Milestones: the step that a percentage lies in.
+int StepOf(int percent)
+{
+    return percent / kProgressStep;
+}
+
+String Duration(const Message& message)
+{
+    const Time started(message.GetInt(p_Started));
+    const Time ended(message.GetInt(p_Ended));
+    return (ended - started).FormatDuration();
+}
+
+String StateText(const Message& message)
+{
+    const String state = message.Get(p_State);
+    if (state == state_Waiting)
+    {
+        return "waits for a free slot";
+    }
+    if (state == state_Running)
+    {
+        return "runs on " + message.Get(p_Host);
+    }
+    if (state == state_Suspended)
+    {
+        return "is suspended";
+    }
+    if (state == state_Done)
+    {
+        return "is done after " + Duration(message);
+    }
+    if (state == state_Killed)
+    {
+        return "was killed after " + Duration(message);
+    }
+    const String error = message.Get(p_Error);
+    return error.empty() ? "failed with exit code " + message.Get(p_ExitCode) : "failed: " + error;
+}
+} // namespace
+
+std::vector<String> FarmText::LinesFor(const Message& message, Time now)
+{
+    const String& type = message.Type();
+    if (type == msg_Output)
+    {
+        ++m_OutputLines;
+        return {Stamped(now, "[" + NameOf(message) + "] ") + message.Get("Line")};
+    }
+    if (type == msg_Job)
+    {
+        return JobLines(message, now);
+    }
+    if (type == msg_JobGone)
+    {
+        m_Jobs.erase(message.Get(p_Id));
+        return {};
+    }
+    if (type == msg_Skipped)
+    {
+        return {Stamped(now, "[" + NameOf(message) + "] " + message.Get("Count") +
+                                 " lines came too fast to show; all are in " +
+                                 message.Get("File"))};
+    }
+    if (type == msg_Failed)
+    {
+        return {Stamped(now, "The master reports: " + message.Get("Text"))};
+    }
+    return {};
+}
+
+std::vector<String> FarmText::LinesForConnection(bool connected, Time now) const
+{
+    return {Stamped(now, connected ? "Connected to the master"
+                                   : "The connection to the master is lost; trying again")};
+}
+
+std::vector<String> FarmText::JobLines(const Message& message, Time now)
+{
+    std::vector<String> lines;
+    JobState&           job = m_Jobs[message.Get(p_Id)];
+    job.name = message.Get(p_Name);
+    const String prefix = "Job '" + job.name + "' ";
+    const String state = message.Get(p_State);
+    const int    progress = static_cast<int>(message.GetInt(p_Progress));
+    if (state != job.state)
+    {
+        lines.push_back(Stamped(now, prefix + StateText(message)));
+    }
+    else if (state == state_Running && StepOf(progress) > StepOf(job.progress))
+    {
+        lines.push_back(Stamped(now, prefix + SFormat("has done %d %%", progress)));
+    }
+    job.state = state;
+    job.progress = progress;
+    return lines;
+}
+
+String FarmText::NameOf(const Message& message) const
+{
+    const auto found = m_Jobs.find(message.Get(p_Id));
+    return found == m_Jobs.end() ? message.Get(p_Id) : found->second.name;
+}
+
+FarmText::Summary FarmText::Summarize() const
+{
+    Summary summary;
+    summary.outputLines = m_OutputLines;
+    for (const auto& entry : m_Jobs)
+    {
+        const String& state = entry.second.state;
+        ++summary.jobs;
+        summary.running += state == state_Running;
+        summary.done += state == state_Done;
+        summary.failed += state == state_Failed || state == state_Killed;
+    }
+    return summary;
+}

@@ -1,0 +1,105 @@
+#include "appearance/wxTolvanColors.h"
+#include "tests/support/Pictures.h"
+
+#include <gtest/gtest.h>
+
+#include <wx/dcmemory.h>
+
+namespace
+{
+const wxColour kBackground(1, 2, 3);
+const wxColour kInner(0, 100, 200);
+const wxColour kOuter(200, 100, 0);
+
+wxImage Graded(int height, float exponent, bool shrinkBottom, bool shrinkTop)
+{
+    return Drawn(wxSize(4, 12), kBackground,
+                 [=](wxDC& dc)
+                 {
+                     DrawGradedRectangle(dc, wxRect(0, 1, 4, height), kInner, kOuter, exponent,
+                                         shrinkBottom, shrinkTop);
+                 });
+}
+
+// The colours of the column of pixels at x = 1.
+std::vector<wxColour> Column(const wxImage& image)
+{
+    std::vector<wxColour> colours;
+    for (int y = 0; y < image.GetHeight(); ++y)
+    {
+        colours.push_back(PixelAt(image, 1, y));
+    }
+    return colours;
+}
+} // namespace
+
+TEST(ColorHelpers, ChannelsAreOffsetClampedAndTruncated)
+{
+    EXPECT_EQ(wxColour(255, 0, 128), OffsetColor(wxColour(250, 5, 128), 20, -20, 0));
+    EXPECT_EQ(wxColour(255, 35, 255), Hilight(wxColour(240, 10, 230)));
+    const int grey = static_cast<int>(0.3 * wxLIGHT_GREY->Red());
+    EXPECT_EQ(wxColour(grey, grey, grey), Disabled(*wxBLACK));
+}
+
+TEST(GradedRectangle, PlainWithoutAShrinkingEdge)
+{
+    const std::vector<wxColour> column = Column(Graded(10, 1, false, false));
+    EXPECT_EQ(kBackground, column[0]);
+    for (int y = 1; y <= 10; ++y)
+    {
+        EXPECT_EQ(kInner, column[static_cast<size_t>(y)]) << y;
+    }
+    EXPECT_EQ(kBackground, column[11]);
+}
+
+TEST(GradedRectangle, RunsFromTheOuterColourAtTheEdgesToTheInner)
+{
+    const std::vector<wxColour> both = Column(Graded(10, 1, true, true));
+    // Five steps: shares of 1, 0.8, 0.6, 0.4 and 0.2 of the outer colour, from both edges.
+    const int red[] = {200, 160, 120, 80, 40, 40, 80, 120, 160, 200};
+    for (size_t i = 0; i < 10; ++i)
+    {
+        EXPECT_NEAR(red[i], both[i + 1].Red(), 1) << i;
+        EXPECT_NEAR(200 - red[i], both[i + 1].Blue(), 1) << i;
+    }
+    const std::vector<wxColour> fromBottom = Column(Graded(10, 1, false, true));
+    EXPECT_EQ(kOuter, fromBottom[1]);
+    EXPECT_NEAR(40, fromBottom[10].Red(), 1); // the innermost step fills what is left
+    const std::vector<wxColour> bent = Column(Graded(10, 2, true, true));
+    EXPECT_NEAR(200 * 0.64, bent[2].Red(), 1);
+}
+
+TEST(GradedRectangle, SmallHeights)
+{
+    EXPECT_EQ(kBackground, Column(Graded(1, 1, true, true))[1]);
+    const std::vector<wxColour> two = Column(Graded(2, 1, true, true));
+    EXPECT_EQ(kOuter, two[1]);
+    EXPECT_EQ(kOuter, two[2]);
+    EXPECT_EQ(kBackground, two[3]);
+}
+
+TEST(GradedRectangle, LeavesTheContextAsItWas)
+{
+    wxBitmap   bitmap(4, 4);
+    wxMemoryDC dc(bitmap);
+    dc.SetBrush(*wxRED_BRUSH);
+    dc.SetPen(*wxGREEN_PEN);
+    DrawGradedRectangle(dc, wxRect(0, 0, 4, 4), kInner, kOuter, 1, true, true);
+    EXPECT_EQ(*wxRED, dc.GetBrush().GetColour());
+    EXPECT_EQ(*wxGREEN, dc.GetPen().GetColour());
+    DrawGradedRectangle(dc, wxRect(0, 0, 4, 4), wxColour(), kOuter, 1, true, true);
+}
+
+TEST(Circle, FillsTheEllipseInTheRectangle)
+{
+    const wxImage image = Drawn(wxSize(21, 21), kBackground,
+                                [](wxDC& dc)
+                                {
+                                    dc.SetPen(*wxTRANSPARENT_PEN);
+                                    dc.SetBrush(wxBrush(kInner));
+                                    DrawCircle(dc, wxRect(0, 0, 20, 20), 0, 180);
+                                });
+    EXPECT_EQ(kInner, PixelAt(image, 10, 5)) << Kept(image, "upper-half");
+    EXPECT_EQ(kBackground, PixelAt(image, 10, 15)) << Kept(image, "upper-half");
+    EXPECT_EQ(kBackground, PixelAt(image, 0, 0)) << Kept(image, "upper-half");
+}

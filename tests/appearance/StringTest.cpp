@@ -1,0 +1,40 @@
+#include "appearance/wxTolvanString.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+struct Case
+{
+    const char* name;
+    String      bytes;
+    wxString    shown;
+};
+} // namespace
+
+TEST(StringConversion, ShowsEveryByteString)
+{
+    const Case cases[] = {
+        {"plain", "frame 12", "frame 12"},
+        {"valid UTF-8 of all lengths", "\x41\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80",
+         wxString(L"A\u00e9\u20ac\U0001F600")},
+        {"a lone byte between valid text", "a\xE9z\xC3\xA9", wxString(L"a\u00e9z\u00e9")},
+        {"an overlong slash", "\xC0\xAF", wxString(L"\u00c0\u00af")},
+        {"a surrogate", "\xED\xA0\x80", wxString(L"\u00ed\u00a0\u0080")},
+        {"beyond the last code point", "\xF4\x90\x80\x80", wxString(L"\u00f4\u0090\u0080\u0080")},
+        {"cut off", "ab\xE2\x82", wxString(L"ab\u00e2\u0082")},
+    };
+    for (const Case& row : cases)
+    {
+        EXPECT_EQ(row.shown, wxtToWx(row.bytes)) << row.name;
+    }
+    const String withNul("a\0b", 3);
+    EXPECT_EQ(3u, wxtToWx(withNul).length());
+    EXPECT_EQ(withNul, wxtFromWx(wxtToWx(withNul)));
+}
+
+TEST(StringConversion, ValidTextComesBackUnchanged)
+{
+    const String text = "\xC3\xA9t\xC3\xA9 \xE6\xBC\xA2 \xF0\x9F\x8E\xA8";
+    EXPECT_EQ(text, wxtFromWx(wxtToWx(text)));
+}

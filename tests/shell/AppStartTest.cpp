@@ -1,0 +1,191 @@
+#include "tests/support/FrameTest.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestApp.h"
+
+#include "appearance/wxTolvanString.h"
+#include "appearance/wxtRenderer.h"
+#include "vesta/Platform.h"
+
+#include <wx/log.h>
+#include <wx/modalhook.h>
+#include <wx/msgdlg.h>
+
+namespace
+{
+/// Answers every modal dialog at once and remembers what it said.
+class DialogCatcher : public wxModalDialogHook
+{
+public:
+    DialogCatcher() { Register(); }
+    ~DialogCatcher() override { Unregister(); }
+
+    int      count = 0;
+    wxString caption;
+    wxString text;
+
+protected:
+    int Enter(wxDialog* dialog) override
+    {
+        ++count;
+        if (const auto* const box = dynamic_cast<wxMessageDialog*>(dialog))
+        {
+            caption = box->GetTitle();
+            text = box->GetMessage();
+        }
+        return wxID_OK;
+    }
+};
+
+/// Starts the application once more.
+class AppStartTest : public UserFolderTest
+{
+protected:
+    AppStartTest()
+    {
+        App().HasSlots::DisconnectAll();
+        App().ForgetOptions();
+        App().m_Cleanup = [this] { ++m_Cleanups; };
+    }
+    ~AppStartTest() override
+    {
+        App().m_Startup = nullptr;
+        App().m_Cleanup = nullptr;
+        App().HasSlots::DisconnectAll();
+        Start();
+        App().ForgetOptions();
+    }
+
+    static TestApp& App() { return TestApp::Get(); }
+    static bool     Start()
+    {
+        // The application leaves an earlier log target to others.
+        const std::unique_ptr<wxLog> earlier(wxLog::GetActiveTarget());
+        return App().OnInit();
+    }
+
+    int m_Cleanups = 0;
+};
+
+struct Slots : public HasSlots
+{
+    int  started = 0;
+    int  exited = 0;
+    void OnStarted() { ++started; }
+    void OnExited() { ++exited; }
+};
+} // namespace
+
+TEST_F(AppStartTest, FailureIsExplainedOnceAndCleanedUpOnce)
+{
+    Slots slots;
+    App().StartedSignal.Connect(&slots, &Slots::OnStarted);
+    App().ExitedSignal.Connect(&slots, &Slots::OnExited);
+    App().m_Startup = [] { return false; };
+    const DialogCatcher catcher;
+    EXPECT_FALSE(Start());
+    EXPECT_EQ(1, catcher.count);
+    EXPECT_EQ(1, m_Cleanups);
+    EXPECT_EQ(0, slots.started);
+    EXPECT_EQ(1, slots.exited);
+    EXPECT_EQ("Startup Error", catcher.caption);
+    // Without a name of its own the program goes by the word it was started with.
+    const wxString expected =
+        App().argv[0] +
+        " failed to start:\n\nPlease check the following:\n1. Tolvan is correctly installed and "
+        "all libraries and modules are accessible\n\n2. The current user '" +
+        wxtToWx(Platform::GetCurrentUserName()) +
+        "' has permission to create and delete log files in the folder:\n" +
+        wxtToWx(App().LogDir()) + "\n\nCheck the startup log file for more information:\n" +
+        wxtToWx(Log::s_GlobalLog->FileName());
+    EXPECT_EQ(expected, catcher.text);
+}
+
+TEST_F(AppStartTest, FailureMayBeSilent)
+{
+    App().m_Startup = [] { return false; };
+    App().m_ShowStartupError = false;
+    const DialogCatcher catcher;
+    EXPECT_FALSE(Start());
+    App().m_ShowStartupError = true;
+    EXPECT_EQ(0, catcher.count);
+    EXPECT_EQ(1, m_Cleanups);
+}
+
+TEST_F(AppStartTest, OptionsChangedDuringTheStartAreWrittenOnce)
+{
+    App().m_Startup = []
+    {
+        for (int i = 0; i < 50; ++i)
+        {
+            App().Options().SetValue("Test", String::FromInt(i), "x");
+        }
+        return true;
+    };
+    const int before = App().Options().WriteCount();
+    EXPECT_TRUE(Start());
+    EXPECT_EQ(before + 1, App().Options().WriteCount());
+    EXPECT_EQ(0, m_Cleanups);
+}
+
+TEST_F(AppStartTest, ToolkitLogsIntoTheProductLog)
+{
+    const LogCapture log;
+    EXPECT_TRUE(Start());
+    EXPECT_TRUE(log.Has("wxWidgets 3.1.2: Set wxLog to use VestaLib Log", log_Notice)) << log.All();
+    struct Case
+    {
+        wxLogLevel level;
+        LogLevel   expected;
+    };
+    for (const Case& row : {Case{wxLOG_Error, log_Error}, Case{wxLOG_Warning, log_Warning},
+                            Case{wxLOG_Message, log_Notice}, Case{wxLOG_Status, log_Notice},
+                            Case{wxLOG_Info, log_Info}, Case{wxLOG_Debug, log_Debug},
+                            Case{wxLOG_Trace, log_Debug}, Case{wxLOG_User + 3, log_Info}})
+    {
+        const String text = SFormat("level %lu", row.level);
+        wxLog::OnLog(row.level, wxtToWx(text), wxLogRecordInfo(__FILE__, __LINE__, "", ""));
+        EXPECT_TRUE(log.Has("wxWidgets 3.1.2: " + text, row.expected)) << log.All();
+    }
+}
+
+TEST(AppTraits, InstallTheThemedRenderer)
+{
+    EXPECT_NE(nullptr, dynamic_cast<wxtRenderer*>(&wxRendererNative::Get()));
+}
+
+TEST_F(AppStartTest, ActivationsAndTheCentringKey)
+{
+    App().ForgetOptions();
+    auto* const other = new wxFrame(nullptr, wxID_ANY, "Other", wxPoint(0, 0), wxSize(200, 100));
+    other->Show();
+    ASSERT_TRUE(WaitFor([&] { return other->IsShownOnScreen(); }));
+
+    wxActivateEvent activation(wxEVT_ACTIVATE, true, other->GetId());
+    activation.SetEventObject(other);
+    App().ActivateEvent(activation);
+    EXPECT_TRUE(activation.GetSkipped());
+    EXPECT_EQ(other, s_ActiveWin.get());
+
+    wxActivateEvent strange(wxEVT_ACTIVATE, false, wxID_ANY);
+    strange.SetEventObject(&App());
+    App().ActivateEvent(strange);
+    EXPECT_EQ(other, s_ActiveWin.get());
+
+    const auto press = [](int code, bool control, bool shift)
+    {
+        wxKeyEvent key(wxEVT_CHAR_HOOK);
+        key.m_keyCode = code;
+        key.SetControlDown(control);
+        key.SetShiftDown(shift);
+        App().KeyboardHook(key);
+        return !key.GetSkipped();
+    };
+    EXPECT_FALSE(press('C', true, false));
+    EXPECT_FALSE(press('C', false, true));
+    EXPECT_FALSE(press('X', true, true));
+    EXPECT_TRUE(press('C', true, true));
+    EXPECT_TRUE(WaitFor([&] { return other->GetPosition().x > 300; }));
+
+    other->Destroy();
+    EXPECT_TRUE(WaitFor([] { return !s_ActiveWin; }));
+}

@@ -1,0 +1,204 @@
+#include "tests/support/EventCounter.h"
+#include "tests/support/FrameTest.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestApp.h"
+
+#include "dialogs/wxTolvanDlg.h"
+#include "vesta/ThreadPool.h"
+
+#include <atomic>
+#include <thread>
+
+namespace
+{
+boost::shared_ptr<Message> NewMessage()
+{
+    return boost::shared_ptr<Message>(new Message("Test"));
+}
+
+class BridgeTest : public FrameTest
+{
+protected:
+    BridgeTest() { TestApp::Get().SetTopWindow(Frame()); }
+    ~BridgeTest() override
+    {
+        ThreadPool::Stop();
+        App().EnableMessageProcessing();
+        App().Queue().Clear();
+        App().SetTopWindow(nullptr);
+    }
+
+    static TestApp& App() { return TestApp::Get(); }
+
+    // As the messenger does with what comes in.
+    static void Receive()
+    {
+        MessageReceivedEvt event;
+        event.m_Message = NewMessage();
+        App().Queue().RaiseAndQueue(event, [](MessageReceivedEvt& raised)
+                                    { MessageReceivedEvt::s_Signal.Emit(raised); });
+    }
+    static void Close()
+    {
+        if (wxWindow* const top = App().GetTopWindow())
+        {
+            top->Destroy();
+        }
+        App().SetTopWindow(nullptr);
+        WaitFor([] { return !App().GetTopWindow(); });
+    }
+};
+
+class Listener : public wxTolvanDlg
+{
+public:
+    explicit Listener(wxWindow* parent) : wxTolvanDlg(parent, "Listener") {}
+    void OnConnected(bool connected) override
+    {
+        EXPECT_TRUE(wxIsMainThread());
+        heard += connected ? "+" : "-";
+        if (destroysItself)
+        {
+            Destroy();
+        }
+    }
+    std::string heard;
+    bool        destroysItself = false;
+};
+} // namespace
+
+TEST_F(BridgeTest, ConnectionChangesReachWindowsAndDialogs)
+{
+    const LogCapture    log;
+    EventCounter        connects(Frame(), wxTOLVAN_CONNECT_EVENT);
+    EventCounter        disconnects(Frame(), wxTOLVAN_DISCONNECT_EVENT);
+    auto* const         dialog = new Listener(Frame());
+    MessengerConnectedEvt    connected;
+    MessengerDisconnectedEvt disconnected;
+    MessengerConnectedEvt::s_Signal.Emit(connected);
+    EXPECT_EQ("+", dialog->heard); // at once on the main thread
+    EXPECT_EQ(0, connects.Count());
+    std::thread([&] { MessengerDisconnectedEvt::s_Signal.Emit(disconnected); }).join();
+    EXPECT_TRUE(WaitFor([&] { return disconnects.Count() == 1 && dialog->heard == "+-"; }));
+    EXPECT_EQ(1, connects.Count());
+    const auto* const event = dynamic_cast<const wxCommandEvent*>(connects.Last());
+    ASSERT_NE(nullptr, event);
+    EXPECT_EQ(0, event->GetId());
+    EXPECT_TRUE(log.Has("... Messenger Connected: translating to wxTOLVAN_CONNECT_EVENT"));
+    EXPECT_TRUE(log.Has("... Messenger Disconnected: translating to wxTOLVAN_DISCONNECT_EVENT"));
+}
+
+TEST_F(BridgeTest, DialogsMayGoWhileTheyAreTold)
+{
+    for (int i = 0; i < 3; ++i)
+    {
+        (new Listener(Frame()))->destroysItself = true;
+    }
+    wxTolvanDlg::NotifyConnected(true);
+    EXPECT_TRUE(WaitFor([] { return wxTolvanDlg::s_Dialogs.empty(); }));
+    wxTolvanDlg::NotifyConnected(false);
+}
+
+TEST_F(BridgeTest, MessagesGoToTheThreadPoolWhenItIsReady)
+{
+    const LogCapture log;
+    EventCounter     events(Frame(), wxTOLVAN_MESSAGE_EVENT);
+    std::atomic<int> handled{0};
+    const int handler =
+        App().AddMessageHandler("Test",
+                            [&handled](const boost::shared_ptr<Message>&)
+                            {
+                                ++handled;
+                                return true;
+                            });
+    ThreadPool::Start(2);
+    Receive();
+    EXPECT_TRUE(WaitFor([&] { return handled == 1; }));
+    EXPECT_EQ(0u, App().Queue().Size());
+    ThreadPool::Stop();
+
+    Receive();
+    Receive();
+    EXPECT_EQ(2u, App().Queue().Size());
+    EXPECT_TRUE(WaitFor([&] { return handled == 3; }));
+    EXPECT_EQ(2, events.Count());
+    EXPECT_EQ(0u, App().Queue().Size());
+
+    ThreadPool::Start(1);
+    App().DisableMessageProcessing();
+    Receive();
+    EXPECT_TRUE(WaitFor([&] { return events.Count() == 3; }));
+    EXPECT_EQ(3, handled);
+    EXPECT_EQ(1u, App().Queue().Size());
+    App().EnableMessageProcessing();
+    App().ProcessNextMessage();
+    EXPECT_EQ(4, handled);
+
+    EXPECT_EQ(1, log.Count("... Received message: initiating deferred processing"));
+    EXPECT_EQ(3, log.Count("... Received message: translating to wxTOLVAN_MESSAGE_EVENT"));
+    App().RemoveMessageHandler(handler);
+}
+
+TEST_F(BridgeTest, WithoutATopWindowOnlyDialogsHear)
+{
+    Close();
+    const LogCapture         log;
+    MessengerConnectedEvt    connected;
+    MessengerDisconnectedEvt disconnected;
+    for (const bool onMainThread : {true, false})
+    {
+        const auto raise = [&]
+        {
+            MessengerConnectedEvt::s_Signal.Emit(connected);
+            MessengerDisconnectedEvt::s_Signal.Emit(disconnected);
+            MessageReceivedEvt event;
+            event.m_Message = NewMessage();
+            MessageReceivedEvt::s_Signal.Emit(event);
+            EXPECT_NE(nullptr, event.m_Message);
+            the_Exe->Signal(0);
+        };
+        if (onMainThread)
+        {
+            raise();
+        }
+        else
+        {
+            std::thread(raise).join();
+        }
+    }
+    PumpEvents();
+    EXPECT_EQ(2, log.Count("... Ignoring MessageConnectedEvt because app has no top window"));
+    EXPECT_EQ(2, log.Count("... Ignoring MessageDisconnectedEvt because app has no top window"));
+    EXPECT_EQ(2, log.Count("... Ignoring MessageReceivedEvt because app has no top window"));
+}
+
+TEST_F(BridgeTest, ShutdownAsksTheTopWindowToClose)
+{
+    EventCounter closes(Frame(), wxEVT_CLOSE_WINDOW);
+    Frame()->Bind(wxEVT_CLOSE_WINDOW, [](wxCloseEvent& event) { event.Veto(); });
+    const LogCapture log;
+    the_Exe->Signal(15);
+    App().DisableMessageProcessing();
+    the_Exe->Signal(0);
+    App().EnableMessageProcessing();
+    PumpEvents();
+    EXPECT_EQ(0, closes.Count());
+
+    std::thread(
+        []
+        {
+            ShutdownMsg::s_Signal.Emit(boost::shared_ptr<ShutdownMsg>(new ShutdownMsg("test")));
+        })
+        .join();
+    EXPECT_TRUE(WaitFor([&] { return closes.Count() == 1; }));
+    const auto* const close = dynamic_cast<const wxCloseEvent*>(closes.Last());
+    EXPECT_TRUE(close->CanVeto());
+    EXPECT_TRUE(log.Has("Received Shutdown request", log_System));
+
+    wxCloseEvent session(wxEVT_QUERY_END_SESSION);
+    App()._EndSession(session);
+    EXPECT_FALSE(session.GetVeto());
+    EXPECT_TRUE(WaitFor([&] { return closes.Count() == 2; }));
+    EXPECT_TRUE(
+        log.Has("Notified of user request to log out or shut down the system", log_System));
+}

@@ -1,0 +1,130 @@
+#include "shell/wxTimed.h"
+#include "tests/support/FrameTest.h"
+
+#include <memory>
+#include <thread>
+
+namespace
+{
+class Counter : public wxTimed
+{
+public:
+    int ticks = 0;
+
+    void OnTick() override { ++ticks; }
+};
+
+class Doer : public wxTimed
+{
+public:
+    explicit Doer(std::function<void()> work) : m_Work(std::move(work)) {}
+    void OnTick() override { m_Work(); }
+
+private:
+    std::function<void()> m_Work;
+};
+
+struct Slots : public HasSlots
+{
+    int  fast = 0;
+    int  slow = 0;
+    void OnFast() { ++fast; }
+    void OnSlow() { ++slow; }
+};
+
+class TimedTest : public UserFolderTest
+{
+protected:
+    TimedTest() { LibStatic::CleanupAll(); } // a fresh timer for every test
+
+    static void Tick(int count)
+    {
+        for (int i = 0; i < count; ++i)
+        {
+            g_MasterTimer->Notify();
+        }
+    }
+};
+} // namespace
+
+TEST_F(TimedTest, RunsOnlyWhileSomebodyNeedsIt)
+{
+    EXPECT_EQ(nullptr, g_MasterTimer);
+    auto first = std::make_unique<Counter>();
+    auto second = std::make_unique<Counter>();
+    ASSERT_NE(nullptr, g_MasterTimer);
+    EXPECT_TRUE(g_MasterTimer->IsRunning());
+    EXPECT_EQ(50, g_MasterTimer->GetInterval());
+    first.reset();
+    EXPECT_TRUE(g_MasterTimer->IsRunning());
+    second.reset();
+    EXPECT_FALSE(g_MasterTimer->IsRunning());
+    const Counter third;
+    EXPECT_TRUE(g_MasterTimer->IsRunning());
+}
+
+TEST_F(TimedTest, FirstTickFiresEverythingAndThePeriodsHold)
+{
+    Counter counter;
+    Slots   slots;
+    wxTimed::s_Timer0100.Connect(&slots, &Slots::OnFast);
+    wxTimed::s_Timer0250.Connect(&slots, &Slots::OnSlow);
+    Tick(1);
+    EXPECT_EQ(1, slots.fast);
+    EXPECT_EQ(1, slots.slow);
+    EXPECT_EQ(1, counter.ticks);
+    Tick(9);
+    EXPECT_EQ(5, slots.fast);
+    EXPECT_EQ(2, slots.slow);
+    EXPECT_EQ(2, counter.ticks);
+}
+
+TEST_F(TimedTest, ReallyTicks)
+{
+    Counter counter;
+    EXPECT_TRUE(WaitFor([&] { return counter.ticks >= 3; }));
+}
+
+TEST_F(TimedTest, ObjectsMayGoAndComeInsideATick)
+{
+    auto                  victim = std::make_unique<Counter>();
+    std::unique_ptr<Doer> self;
+    std::vector<std::unique_ptr<Counter>> born;
+    // One of them ticks before the victim, one after it, whatever their addresses.
+    Doer before([&] { victim.reset(); });
+    self = std::make_unique<Doer>(
+        [&]
+        {
+            victim.reset();
+            born.push_back(std::make_unique<Counter>());
+            self.reset();
+        });
+    Tick(1);
+    EXPECT_EQ(nullptr, victim);
+    EXPECT_EQ(nullptr, self);
+    ASSERT_EQ(1u, born.size());
+    Tick(5);
+    EXPECT_EQ(1, born[0]->ticks);
+}
+
+TEST_F(TimedTest, CleanUpEndsEverythingAndANewObjectBeginsAnew)
+{
+    Slots slots;
+    auto  counter = std::make_unique<Counter>();
+    wxTimed::s_Timer0100.Connect(&slots, &Slots::OnFast);
+    LibStatic::CleanupAll();
+    EXPECT_EQ(nullptr, g_MasterTimer);
+    EXPECT_EQ(0u, slots.ConnectionCount());
+    counter.reset();
+    const Counter next;
+    EXPECT_TRUE(g_MasterTimer->IsRunning());
+}
+
+TEST_F(TimedTest, ObjectsOfOtherThreadsTickOnTheMainThread)
+{
+    std::unique_ptr<Counter> counter;
+    std::thread([&] { counter = std::make_unique<Counter>(); }).join();
+    EXPECT_TRUE(WaitFor([&] { return counter->ticks > 0; }));
+    std::thread([&] { counter.reset(); }).join();
+    EXPECT_TRUE(WaitFor([] { return !g_MasterTimer->IsRunning(); }));
+}
