@@ -33,6 +33,7 @@ struct TolvanClientApp::Handlers
 {
     struct Entry
     {
+        int            id;
         String         type;
         MessageHandler handler;
     };
@@ -53,6 +54,7 @@ struct TolvanClientApp::Handlers
 
     std::mutex         mutex;
     std::vector<Entry> entries;
+    int                lastId = 0;
 };
 
 /// Remembers from the start on that the program is to end; `Execute` may come later.
@@ -129,7 +131,7 @@ bool TolvanClientApp::Startup(CommandLine& commandLine)
     ShutdownMsg::s_Signal.Connect(m_Execution.get(), &Execution::OnShutdown);
     ThreadPool::Start(kWorkers);
     StartServer();
-    if (!commandLine.Has(kNoMaster))
+    if (m_UsesMaster && !commandLine.Has(kNoMaster))
     {
         m_Messenger->Start(GetClientName());
     }
@@ -214,10 +216,20 @@ bool TolvanClientApp::RequestHasFailed(const String&)
     return false;
 }
 
-void TolvanClientApp::AddMessageHandler(const String& type, MessageHandler handler)
+int TolvanClientApp::AddMessageHandler(const String& type, MessageHandler handler)
 {
     const std::lock_guard<std::mutex> lock(m_Handlers->mutex);
-    m_Handlers->entries.push_back({type, std::move(handler)});
+    m_Handlers->entries.push_back({++m_Handlers->lastId, type, std::move(handler)});
+    return m_Handlers->lastId;
+}
+
+void TolvanClientApp::RemoveMessageHandler(int id)
+{
+    const std::lock_guard<std::mutex> lock(m_Handlers->mutex);
+    auto&                             entries = m_Handlers->entries;
+    entries.erase(std::remove_if(entries.begin(), entries.end(),
+                                 [id](const Handlers::Entry& entry) { return entry.id == id; }),
+                  entries.end());
 }
 
 void TolvanClientApp::DispatchMessage()

@@ -77,7 +77,11 @@ public:
     /// pool or on the main thread. Handlers of one type run in the order of registration; an empty
     /// type stands for every type.
     using MessageHandler = std::function<bool(const boost::shared_ptr<Message>&)>;
-    void AddMessageHandler(const String& type, MessageHandler handler);
+    /// The result names the handler for `RemoveMessageHandler`.
+    int AddMessageHandler(const String& type, MessageHandler handler);
+    /// The handler is not called for any further message; one that is being handled just now on
+    /// another thread may still reach it. An unknown id does nothing.
+    void RemoveMessageHandler(int id);
 
     /// Takes the oldest queued message, if any, and calls its handlers on the calling thread.
     void DispatchMessage();
@@ -95,6 +99,9 @@ public:
     MessageQueue& Queue() { return m_Queue; }
 
 protected:
+    /// Whether `Startup` connects to the master; a program that has no use for it clears it.
+    bool m_UsesMaster = true;
+
     void SetLogFolder(const String& folder) { m_LogDir = folder; }
 
 private:
