@@ -1,6 +1,7 @@
 #pragma once
 
 #include "vesta/Export.h"
+#include "vesta/Mutex.h"
 #include "vesta/OptionsFile.h"
 #include "vesta/String.h"
 
@@ -8,7 +9,6 @@
 
 #include <map>
 #include <memory>
-#include <mutex>
 
 /// The program as the platform knows it: its options file and the requests that it sends to and
 /// takes from the other components of the system. One object a process.
@@ -35,16 +35,18 @@ public:
     /// Makes `handler` answer the request `name` from now on; an empty handler ends that. Any thread.
     void RegisterRequestHandler(const String& name, RequestHandler handler);
     /// Has the registered handler answer; false when there is none. Any thread.
+    /// An exception of the handler is logged and counts as false.
     bool HandleRequest(const String& name);
     /// Sends a request to every running program of another component (and to other running
-    /// instances of this one). Never blocks; true when at least one took it.
+    /// instances of this one). Never blocks; true when at least one took it. Here there is no
+    /// connection to others: false.
     virtual bool SendRequest(const String& component, const String& request);
 
 protected:
     void CloseOptions(); ///< Writes and drops the options file; the next use loads it again.
 
 private:
-    std::mutex                       m_Mutex;
+    Mutex                            m_Mutex; ///< Recursive: a view of the log may ask back.
     std::unique_ptr<OptionsFile>     m_Options;
     std::map<String, RequestHandler> m_Handlers;
 };

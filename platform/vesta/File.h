@@ -4,6 +4,8 @@
 #include "vesta/Path.h"
 #include "vesta/String.h"
 
+#include <vector>
+
 /// Files and folders of the user. All functions may be called on any thread, but `s_UserDir` is
 /// only changed before other threads run (or by a test).
 class TOLVAN_API File
@@ -27,8 +29,12 @@ public:
     static String Read(const Path& path, size_t limit);
     /// Replaces the content: written to a temporary file beside it (mode 0600), flushed and renamed
     /// over it, so that a crash or a full disk leaves the old content or the new. A symbolic link
-    /// is followed. Throws an `Exception*`; the old file is then untouched.
+    /// is followed. Throws an `Exception*`; the old file is then untouched, and no other is left
+    /// behind. A file that its owner has write-protected is not replaced, whoever asks.
     static void WriteAtomically(const Path& path, const String& content);
+    /// Throws the `Exception*` of `WriteAtomically` when the file is write-protected or no plain
+    /// file. A file that does not exist is all right.
+    static void CheckReplaceable(const Path& path);
     /// The names in a folder, sorted; empty when it cannot be read.
     static std::vector<String> List(const Path& folder);
 };

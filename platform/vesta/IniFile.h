@@ -6,6 +6,8 @@
 #include "vesta/RWLock.h"
 #include "vesta/String.h"
 
+#include <map>
+#include <utility>
 #include <vector>
 
 /// An ini file: sections of keys and values, loaded and saved whole. Reading and writing single
@@ -13,8 +15,9 @@
 /// together are made under one `WriteLock` on `Lock()`.
 ///
 /// Saving reads the file on the disk again, under a lock file, and applies only what was changed
-/// here since it was loaded: two programs that save the same file lose neither's key. A file that
-/// could not be read, or was too large, is never overwritten.
+/// here since it was loaded: two programs that save the same file lose neither's key. What the
+/// other program changed is seen here after the save. A file that cannot be read, is too large or
+/// write-protected is never overwritten.
 class TOLVAN_API IniFile
 {
 public:
@@ -61,19 +64,31 @@ protected:
 private:
     struct Change
     {
-        enum Kind { kInsert, kSet, kRemove, kClear } kind;
+        enum Kind
+        {
+            kInsert,
+            kSet,
+            kRemove,
+            kClear
+        } kind;
         String section;
         String key;
         String value;
     };
+    struct NameLess ///< Orders pairs of section and key without regard to case.
+    {
+        bool operator()(const std::pair<String, String>& a,
+                        const std::pair<String, String>& b) const;
+    };
 
-    void Record(Change::Kind kind, const String& section, const String& key = String(),
-                const String& value = String());
+    void        Record(Change::Kind kind, const String& section, const String& key = String(),
+                       const String& value = String());
+    void        RecordClear(const String& section);
     static void Apply(IniDocument& document, const Change& change);
 
     Path                m_Path;
     mutable RWLock      m_Lock;
     IniDocument         m_Document;
-    std::vector<Change> m_Changes;          ///< Since the last load or save, in order.
-    bool                m_Unreadable = false; ///< The file is there but was not loaded.
+    std::vector<Change> m_Changes; ///< Since the last load or save, in order, one a key.
+    std::map<std::pair<String, String>, size_t, NameLess> m_ChangeOf; ///< Of a key in m_Changes.
 };

@@ -36,7 +36,9 @@ protected:
     void Changed() override;
 
 private:
-    std::atomic<int>  m_Pauses{0};
-    std::atomic<int>  m_WriteCount{0};
-    bool              m_FailureLogged = false; ///< One line for a disk that stays full.
+    bool Write();
+
+    std::atomic<int> m_Pauses{0};
+    std::atomic<int> m_WriteCount{0};
+    bool             m_FailureLogged = false; ///< Under the write lock.
 };

@@ -4,7 +4,12 @@
 #include "vesta/Path.h"
 #include "vesta/String.h"
 
-/// A file that is written from its start, buffered. Every failure is an `Exception*`.
+#include <memory>
+
+class _Descriptor;
+
+/// A file that is written from its start, buffered. Every failure is an `Exception*`. Writing after
+/// `Close` fails. For one thread at a time.
 class TOLVAN_API OutputFile
 {
 public:
@@ -23,8 +28,9 @@ public:
 
 private:
     void Flush();
+    void WriteOut(const char* bytes, size_t count);
 
-    Path   m_Path;
-    int    m_Descriptor = -1;
-    String m_Buffer;
+    Path                         m_Path;
+    std::unique_ptr<_Descriptor> m_File; ///< Never null; closed after `Close`.
+    String                       m_Buffer;
 };

@@ -1,0 +1,297 @@
+#include "vesta/File.h"
+
+#include "vesta/CallEntry.h"
+#include "vesta/Exception.h"
+#include "vesta/_Descriptor.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <dirent.h>
+#include <fcntl.h>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+String File::s_UserDir = File::FindUserDir();
+
+namespace
+{
+
+constexpr mode_t kPrivateFolder = 0700;
+constexpr mode_t kPrivateFile = 0600;
+constexpr int    kMaxLinks = 40; // symbolic links followed, as many as Linux follows
+
+String HomeFolder()
+{
+    if (const char* home = std::getenv("HOME"))
+    {
+        return home; // Set but empty says that there is none.
+    }
+    passwd            entry{};
+    passwd*           found = nullptr;
+    std::vector<char> buffer(16384);
+    if (getpwuid_r(getuid(), &entry, buffer.data(), buffer.size(), &found) == 0 && found)
+    {
+        return found->pw_dir;
+    }
+    return String();
+}
+
+/// The file that a chain of symbolic links ends at; it need not exist.
+String FollowLinks(const String& fileName)
+{
+    String result = fileName;
+    for (int i = 0; i < kMaxLinks; ++i)
+    {
+        char          target[PATH_MAX];
+        const ssize_t length = readlink(result.c_str(), target, sizeof target);
+        if (length <= 0)
+        {
+            return result; // No link, or nothing there.
+        }
+        const String text(target, static_cast<size_t>(length));
+        result = text[0] == '/' ? text : (Path(result).Branch() / text).Text();
+    }
+    errno = ELOOP;
+    Exception::ThrowErrno("File", "WriteAtomically", "Cannot write \"" + fileName + "\"");
+}
+
+/// A new file beside the one to be replaced; removed again unless it was renamed.
+class _TemporaryFile
+{
+public:
+    explicit _TemporaryFile(const Path& folder)
+        : m_Name((folder / ".tolvan-XXXXXX").Text()), m_File(mkostemp(&m_Name[0], O_CLOEXEC))
+    {
+        m_Exists = m_File.IsOpen();
+    }
+    ~_TemporaryFile()
+    {
+        if (m_Exists)
+        {
+            unlink(m_Name.c_str());
+        }
+    }
+    _TemporaryFile(const _TemporaryFile&) = delete;
+    _TemporaryFile& operator=(const _TemporaryFile&) = delete;
+
+    /// False with errno when any step fails.
+    bool Fill(const String& content)
+    {
+        return m_File.IsOpen() && fchmod(m_File.Get(), kPrivateFile) == 0 &&
+               m_File.WriteAll(content.data(), content.size()) && fsync(m_File.Get()) == 0 &&
+               m_File.Close();
+    }
+    bool RenameTo(const String& fileName)
+    {
+        m_Exists = std::rename(m_Name.c_str(), fileName.c_str()) != 0;
+        return !m_Exists;
+    }
+
+private:
+    String      m_Name;
+    _Descriptor m_File;
+    bool        m_Exists = false;
+};
+
+/// Makes a rename in the folder last. Some file systems cannot; the new content is then there all
+/// the same, only a crash of the machine may bring back the old.
+void SyncFolder(const Path& folder)
+{
+    const _Descriptor descriptor(_Descriptor::Open(folder.Text(), O_RDONLY | O_DIRECTORY));
+    if (descriptor.IsOpen())
+    {
+        fsync(descriptor.Get());
+    }
+}
+
+/// Reads to the real end: the file may grow meanwhile, and some files report no size. False when
+/// there are more than `limit` bytes.
+bool ReadToEnd(const Path& path, const _Descriptor& file, size_t limit, String& content)
+{
+    char block[65536];
+    while (content.size() <= limit)
+    {
+        const ssize_t count = read(file.Get(), block, sizeof block);
+        if (count == 0)
+        {
+            return true;
+        }
+        if (count > 0)
+        {
+            content.append(block, static_cast<size_t>(count));
+        }
+        else if (errno != EINTR)
+        {
+            Exception::ThrowErrno("File", "Read", "Cannot read \"" + path.Text() + "\"");
+        }
+    }
+    return false;
+}
+
+Path FolderOf(const String& fileName)
+{
+    const Path folder = Path(fileName).Branch();
+    return folder.IsEmpty() ? Path(".") : folder;
+}
+
+} // namespace
+
+String File::FindUserDir()
+{
+    if (const char* folder = std::getenv("TOLVAN_USER_DIR"); folder && *folder)
+    {
+        return folder;
+    }
+    // A relative name there is invalid by the desktop's rules and to be ignored.
+    if (const char* config = std::getenv("XDG_CONFIG_HOME"); config && *config == '/')
+    {
+        return (Path(config) / "tolvan").Text();
+    }
+    const String home = HomeFolder();
+    return home.empty() ? String() : (Path(home) / ".config/tolvan").Text();
+}
+
+Path File::GetUserDir()
+{
+    CALL_ENTRY("File::GetUserDir");
+    if (s_UserDir.empty())
+    {
+        Exception::Throw("File", "GetUserDir", ec_NoUserDir, "No User Folder available");
+    }
+    return s_UserDir;
+}
+
+bool File::Exists(const Path& path)
+{
+    return access(path.Text().c_str(), F_OK) == 0;
+}
+
+bool File::IsFolder(const Path& path)
+{
+    struct stat status
+    {
+    };
+    return stat(path.Text().c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+void File::MakeFolder(const Path& path)
+{
+    CALL_ENTRY("File::MakeFolder");
+    const String& name = path.Text();
+    for (size_t slash = 0; slash != String::npos && !name.empty();)
+    {
+        slash = name.find('/', slash + 1);
+        const String part = name.substr(0, slash);
+        if (mkdir(part.c_str(), kPrivateFolder) == 0)
+        {
+            continue;
+        }
+        const int error = errno;
+        if (!IsFolder(part))
+        {
+            errno = error;
+            Exception::ThrowErrno("File", "MakeFolder",
+                                  "Cannot create the folder \"" + part + "\"");
+        }
+    }
+}
+
+bool File::Remove(const Path& path)
+{
+    return unlink(path.Text().c_str()) == 0;
+}
+
+String File::Read(const Path& path, size_t limit)
+{
+    CALL_ENTRY("File::Read");
+    const String& name = path.Text();
+    // Without waiting: a pipe in the file's place must not block the program.
+    const _Descriptor file(_Descriptor::Open(name, O_RDONLY | O_NONBLOCK));
+    struct stat       status
+    {
+    };
+    if (!file.IsOpen() || fstat(file.Get(), &status) != 0)
+    {
+        Exception::ThrowErrno("File", "Read", "Cannot read \"" + name + "\"");
+    }
+    if (!S_ISREG(status.st_mode))
+    {
+        Exception::Throw("File", "Read", ec_BadData, "Cannot read \"" + name + "\"",
+                         "It is no plain file");
+    }
+
+    String content;
+    if (const auto expected = static_cast<size_t>(status.st_size); expected <= limit)
+    {
+        content.reserve(expected);
+        if (ReadToEnd(path, file, limit, content))
+        {
+            return content;
+        }
+    }
+    Exception::Throw("File", "Read", ec_TooLarge, "\"" + name + "\" is too large",
+                     SFormat("The limit is %zu bytes", limit));
+}
+
+void File::CheckReplaceable(const Path& path)
+{
+    const String& fileName = path.Text();
+    // Renaming over a file asks only for the folder's permission, and root may write everything:
+    // what the owner's mode forbids is looked up here.
+    struct stat status
+    {
+    };
+    if (stat(fileName.c_str(), &status) != 0)
+    {
+        return; // Nothing to protect.
+    }
+    if (!S_ISREG(status.st_mode))
+    {
+        Exception::Throw("File", "WriteAtomically", ec_System, "Cannot write \"" + fileName + "\"",
+                         "It is no plain file");
+    }
+    if ((status.st_mode & S_IWUSR) == 0 || access(fileName.c_str(), W_OK) != 0)
+    {
+        Exception::Throw("File", "WriteAtomically", ec_System, "Cannot write \"" + fileName + "\"",
+                         "It is write-protected");
+    }
+}
+
+void File::WriteAtomically(const Path& path, const String& content)
+{
+    CALL_ENTRY("File::WriteAtomically");
+    const String target = FollowLinks(path.Text());
+    CheckReplaceable(target);
+    const Path     folder = FolderOf(target);
+    _TemporaryFile file(folder);
+    if (!file.Fill(content) || !file.RenameTo(target))
+    {
+        Exception::ThrowErrno("File", "WriteAtomically", "Cannot write \"" + target + "\"");
+    }
+    SyncFolder(folder);
+}
+
+std::vector<String> File::List(const Path& folder)
+{
+    CALL_ENTRY("File::List");
+    std::vector<String> names;
+    DIR* const          stream = opendir(folder.Text().c_str());
+    if (!stream)
+    {
+        return names;
+    }
+    while (const dirent* entry = readdir(stream))
+    {
+        const String name = entry->d_name;
+        if (name != "." && name != "..")
+        {
+            names.push_back(name);
+        }
+    }
+    closedir(stream);
+    std::sort(names.begin(), names.end());
+    return names;
+}

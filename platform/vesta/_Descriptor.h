@@ -1,0 +1,29 @@
+#pragma once
+
+#include "vesta/String.h"
+
+#include <sys/types.h>
+
+/// An open file of the operating system, closed with its holder. Not exported.
+class _Descriptor
+{
+public:
+    explicit _Descriptor(int descriptor = -1) : m_Descriptor(descriptor) {}
+    ~_Descriptor() { Close(); }
+    _Descriptor(const _Descriptor&) = delete;
+    _Descriptor& operator=(const _Descriptor&) = delete;
+
+    /// open(2) with close-on-exec, tried again when a signal interrupts it.
+    static int Open(const String& fileName, int flags, mode_t mode = 0);
+
+    int  Get() const { return m_Descriptor; }
+    void Release() { m_Descriptor = -1; } ///< Leaves the file open.
+    bool IsOpen() const { return m_Descriptor >= 0; }
+    /// False, with errno set, when the system reports a late failure of writing.
+    bool Close();
+    /// All the bytes, however often the system interrupts or shortens the call; false with errno.
+    bool WriteAll(const char* bytes, size_t count) const;
+
+private:
+    int m_Descriptor;
+};
