@@ -3,16 +3,10 @@ add_library(wxTolvan SHARED)
 add_library(tolvan::wxTolvan ALIAS wxTolvan)
 set_target_properties(wxTolvan PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION 0)
 
-# wx's own headers are another project's: they are included as system headers, so that they raise
-# no warnings of ours.
-target_include_directories(wxTolvan SYSTEM PUBLIC ${wxWidgets_INCLUDE_DIRS})
-target_compile_definitions(wxTolvan PUBLIC ${wxWidgets_DEFINITIONS}
-                           $<$<CONFIG:Debug>:${wxWidgets_DEFINITIONS_DEBUG}>)
-target_compile_options(wxTolvan PUBLIC ${wxWidgets_CXX_FLAGS})
 target_include_directories(wxTolvan PUBLIC
     $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}> $<INSTALL_INTERFACE:include/wxTolvan>)
 target_link_libraries(wxTolvan
-    PUBLIC tolvan::vesta tolvan::platform ${wxWidgets_LIBRARIES}
+    PUBLIC tolvan::vesta tolvan::platform tolvan::wx
     PRIVATE $<BUILD_INTERFACE:tolvan_warnings> $<BUILD_INTERFACE:tolvan_sanitizers>)
 target_precompile_headers(wxTolvan PRIVATE <wx/wx.h>)
 
