@@ -26,13 +26,14 @@ public:
     Application(const Application&) = delete;
     Application& operator=(const Application&) = delete;
 
-    /// The program's options file, loaded on first use from `OptionsFilename`. Without a user folder
-    /// the options live in memory only, and that is logged.
+    /// The program's options file, loaded on first use from `OptionsFilename`. Without a user
+    /// folder the options live in memory only, and that is logged.
     OptionsFile& Options();
     /// Full name of the options file; empty when there is no place for one.
     virtual String OptionsFilename() const = 0;
 
-    /// Makes `handler` answer the request `name` from now on; an empty handler ends that. Any thread.
+    /// Makes `handler` answer the request `name` from now on; an empty handler ends that. Any
+    /// thread.
     void RegisterRequestHandler(const String& name, RequestHandler handler);
     /// Has the registered handler answer; false when there is none. Any thread.
     /// An exception of the handler is logged and counts as false.

@@ -1,35 +1,37 @@
 #include "vesta/CallEntry.h"
 
-#include "vesta/Exception.h"
 #include "vesta/Log.h"
 #include "vesta/_CallTrace.h"
 
-#include <cstdint>
+#include <algorithm>
+#include <cxxabi.h>
 #include <exception>
+#include <vector>
 
 namespace
 {
 
-constexpr int kMaxDepth = 256;   // entries; deeper ones are only counted
-constexpr int kMaxInFlight = 31; // exceptions in flight that are told apart: bits of `printed`
+constexpr size_t   kMaxLines = 256;   // entries written out
+constexpr unsigned kMaxInFlight = 31; // exceptions in flight told apart: bits of `printed`
 
 /// Constant-initialized and without a destructor, so that a thread's first entry costs no set-up
-/// and entries work during a thread's end.
-struct ThreadTrace
-{
-    int depth;
-    /// Bit n: the trace of the n-th exception in flight has been printed. The bits above the number
-    /// in flight belong to exceptions that were caught meanwhile.
-    uint32_t        printed;
-    const CallSite* sites[kMaxDepth];
-};
+/// and entries work during a thread's end. The access model spares a function call at each entry;
+/// so few bytes find room in every program, also when the library is loaded late.
+__attribute__((tls_model("initial-exec"))) thread_local _ThreadTrace t_Trace;
 
-thread_local ThreadTrace t_Trace;
+/// Where the C++ runtime counts the calling thread's exceptions in flight: what
+/// std::uncaught_exceptions reads, without its calls at every entry. The layout (a pointer, then
+/// the count) is laid down by the C++ ABI.
+const unsigned* InFlightCount()
+{
+    const void* const globals = abi::__cxa_get_globals();
+    return reinterpret_cast<const unsigned*>(static_cast<const char*>(globals) + sizeof(void*));
+}
 
 /// Keeps the bits of the first `count` exceptions in flight.
-uint32_t UpTo(int count)
+unsigned UpTo(unsigned count)
 {
-    return count >= kMaxInFlight ? ~uint32_t{0} : (uint32_t{2} << count) - 1;
+    return count >= kMaxInFlight ? ~0u : (2u << count) - 1;
 }
 
 void PrintTrace() noexcept
@@ -44,71 +46,71 @@ void PrintTrace() noexcept
     }
 }
 
-/// Out of line: an exception passes the innermost entry and each outer one.
-void ExceptionPasses(ThreadTrace& trace, int inFlight) noexcept
-{
-    const uint32_t bit = uint32_t{1} << (inFlight < kMaxInFlight ? inFlight : kMaxInFlight);
-    trace.printed &= UpTo(inFlight);
-    if ((trace.printed & bit) == 0)
-    {
-        trace.printed |= bit;
-        PrintTrace();
-    }
-}
-
 } // namespace
 
 void _ForgetPrintedTraces() noexcept
 {
-    t_Trace.printed &= UpTo(std::uncaught_exceptions());
+    t_Trace.printed &= UpTo(static_cast<unsigned>(std::uncaught_exceptions()));
 }
 
-_CallEntry::_CallEntry(const CallSite& site) noexcept : m_Exceptions(std::uncaught_exceptions())
+_CallEntry::_CallEntry(const CallSite& site) noexcept
+    : m_Trace(t_Trace), m_Outer(t_Trace.innermost), m_Site(site)
 {
-    ThreadTrace& trace = t_Trace;
-    if (trace.depth < kMaxDepth)
+    if (!m_Trace.inFlight)
     {
-        trace.sites[trace.depth] = &site;
+        m_Trace.inFlight = InFlightCount();
     }
-    ++trace.depth;
-    if (trace.printed != 0)
+    m_Exceptions = *m_Trace.inFlight;
+    if (m_Trace.printed != 0)
     {
-        trace.printed &= UpTo(m_Exceptions);
+        m_Trace.printed &= UpTo(m_Exceptions);
     }
+    m_Trace.innermost = this;
 }
 
-_CallEntry::~_CallEntry()
+void _CallEntry::Look() const noexcept
 {
-    ThreadTrace& trace = t_Trace;
-    const int    inFlight = std::uncaught_exceptions();
-    if (inFlight > m_Exceptions)
+    const unsigned inFlight = *m_Trace.inFlight;
+    const unsigned bit = 1u << std::min(inFlight, kMaxInFlight);
+    m_Trace.printed &= UpTo(inFlight);
+    if (inFlight > m_Exceptions && (m_Trace.printed & bit) == 0)
     {
-        ExceptionPasses(trace, inFlight);
+        m_Trace.printed |= bit;
+        PrintTrace();
     }
-    else if (trace.printed != 0)
-    {
-        trace.printed &= UpTo(inFlight);
-    }
-    --trace.depth;
 }
 
 String _CallEntry::Trace()
 {
-    const ThreadTrace& trace = t_Trace;
-    String             text;
-    for (int i = 0; i < trace.depth && i < kMaxDepth; ++i)
+    const int                      depth = Depth();
+    std::vector<const _CallEntry*> entries;
+    for (const _CallEntry* entry = t_Trace.innermost; entry && entries.size() < kMaxLines;
+         entry = entry->m_Outer)
     {
-        const CallSite& site = *trace.sites[i];
-        text += SFormat("%s%s (%s:%d)", i == 0 ? "" : "\n", site.name, site.file, site.line);
+        entries.push_back(entry);
     }
-    if (trace.depth > kMaxDepth)
+    std::reverse(entries.begin(), entries.end());
+
+    String    text;
+    const int left = depth - static_cast<int>(entries.size());
+    if (left > 0)
     {
-        text += SFormat("\n... and %d deeper", trace.depth - kMaxDepth);
+        text = SFormat("... %d more outside", left);
+    }
+    for (const _CallEntry* entry : entries)
+    {
+        const CallSite& site = entry->m_Site;
+        text += SFormat("%s%s (%s:%d)", text.empty() ? "" : "\n", site.name, site.file, site.line);
     }
     return text;
 }
 
 int _CallEntry::Depth() noexcept
 {
-    return t_Trace.depth;
+    int depth = 0;
+    for (const _CallEntry* entry = t_Trace.innermost; entry; entry = entry->m_Outer)
+    {
+        ++depth;
+    }
+    return depth;
 }

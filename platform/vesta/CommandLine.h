@@ -22,7 +22,7 @@ public:
     const std::vector<String>& Words() const { return m_Words; } ///< All, the program first.
     const std::vector<String>& Arguments() const { return m_Arguments; }
     /// Whether the option (its name without dashes) was given.
-    bool                       Has(const String& option) const;
+    bool Has(const String& option) const;
     /// Reads "--option=value" and, whatever was named at construction, "--option value". Empty for
     /// an option without a value, `otherwise` when it was not given at all.
     String Value(const String& option, const String& otherwise = String()) const;

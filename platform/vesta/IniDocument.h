@@ -33,8 +33,8 @@ public:
     std::vector<int> Parse(const String& text);
     String           ToText() const;
 
-    bool   HasSection(const String& section) const;
-    bool   Has(const String& section, const String& key) const;
+    bool HasSection(const String& section) const;
+    bool Has(const String& section, const String& key) const;
     /// Empty when there is none.
     String Get(const String& section, const String& key) const;
     /// From 1; 0 when there is none. Counts the lines up to it: for messages.
@@ -93,7 +93,7 @@ private:
 
     Lines      m_Lines;
     SectionMap m_Sections;
-    String     m_LineEnd = "\n"; ///< That of the first line; new lines get it.
+    String     m_LineEnd = "\n";  ///< That of the first line; new lines get it.
     bool       m_HasMark = false; ///< The text began with a UTF-8 byte order mark.
     size_t     m_NextOrder = 0;
 };

@@ -43,10 +43,11 @@ public:
 
     RWLock& Lock() const { return m_Lock; }
 
-    String GetValue(const String& section, const String& key, const String& otherwise = String()) const;
-    bool   GetBool(const String& section, const String& key, bool otherwise) const;
-    int    GetInt(const String& section, const String& key, int otherwise) const;
-    bool   HasValue(const String& section, const String& key) const;
+    String              GetValue(const String& section, const String& key,
+                                 const String& otherwise = String()) const;
+    bool                GetBool(const String& section, const String& key, bool otherwise) const;
+    int                 GetInt(const String& section, const String& key, int otherwise) const;
+    bool                HasValue(const String& section, const String& key) const;
     std::vector<String> Sections() const;
     std::vector<String> Keys(const String& section) const;
     int                 LineOf(const String& section, const String& key) const;

@@ -16,7 +16,8 @@ public:
     bool          IsEmpty() const { return m_Text.empty(); }
 
     String Leaf() const;      ///< What follows the last slash.
-    String Extension() const; ///< What follows the leaf's last dot, without it; empty when there is none or it is the first byte.
+    String Extension() const; ///< What follows the leaf's last dot, without it; empty when there is
+                              ///< none or it is the first byte.
     /// The folder part. With `isFolder` the path itself is taken as a folder and stays whole;
     /// with `slash` the result ends in a slash (unless it is empty).
     Path Branch(bool isFolder = false, bool slash = false) const;

@@ -4,25 +4,64 @@
 
 _SignalCore::~_SignalCore() = default;
 
+void _SignalCore::Forget(HasSlots* holder)
+{
+    const MutexLock lock(m_Lock);
+    Disconnect(holder);
+    m_Leaving.erase(std::remove(m_Leaving.begin(), m_Leaving.end(), holder), m_Leaving.end());
+}
+
+void _SignalCore::Leave(HasSlots* holder)
+{
+    if (m_Emissions == 0)
+    {
+        holder->_Left(this);
+    }
+    else if (std::find(m_Leaving.begin(), m_Leaving.end(), holder) == m_Leaving.end())
+    {
+        m_Leaving.push_back(holder);
+    }
+}
+
+_SignalCore::Emission::~Emission()
+{
+    if (--m_Core.m_Emissions > 0)
+    {
+        return;
+    }
+    for (HasSlots* const holder : m_Core.m_Leaving)
+    {
+        if (!m_Core.IsConnected(holder)) // It may have connected anew.
+        {
+            holder->_Left(&m_Core);
+        }
+    }
+    m_Core.m_Leaving.clear();
+}
+
 HasSlots::HasSlots() = default;
 
 HasSlots::~HasSlots()
 {
-    DisconnectAll();
+    for (const auto& core : Signals())
+    {
+        core->Forget(this);
+    }
 }
 
 void HasSlots::DisconnectAll()
 {
-    std::vector<std::shared_ptr<_SignalCore>> signals;
-    {
-        const MutexLock lock(m_SlotsLock);
-        signals = m_Signals;
-    }
-    // Without the own lock: a signal locks itself first and its holders after that.
-    for (const auto& core : signals)
+    for (const auto& core : Signals())
     {
         core->Disconnect(this);
     }
+}
+
+std::vector<std::shared_ptr<_SignalCore>> HasSlots::Signals() const
+{
+    // A copy, used without the own lock: a signal locks itself first and its holders after that.
+    const MutexLock lock(m_SlotsLock);
+    return m_Signals;
 }
 
 size_t HasSlots::ConnectionCount() const

@@ -21,14 +21,40 @@ class TOLVAN_API _SignalCore
 {
 public:
     virtual ~_SignalCore();
+    /// Ends the holder's connections. While a slot runs, on this thread then, the holder keeps this
+    /// core among its own until the emission is over: whoever destroys it on another thread waits.
     virtual void Disconnect(HasSlots* holder) = 0;
+    /// The same for a holder that is being destroyed: nothing here points to it afterwards.
+    void Forget(HasSlots* holder);
 
-    Mutex m_Lock;
+    Mutex m_Lock; ///< Held before any holder's own lock, never behind it.
+
+protected:
+    /// Marks an emission while it lives.
+    class TOLVAN_API Emission
+    {
+    public:
+        explicit Emission(_SignalCore& core) : m_Core(core) { ++core.m_Emissions; }
+        ~Emission();
+        Emission(const Emission&) = delete;
+        Emission& operator=(const Emission&) = delete;
+
+    private:
+        _SignalCore& m_Core;
+    };
+
+    virtual bool IsConnected(const HasSlots* holder) const = 0;
+    void         Leave(HasSlots* holder);
+
+private:
+    int                    m_Emissions = 0; ///< Those running; nested ones count each.
+    std::vector<HasSlots*> m_Leaving;       ///< Disconnected while a slot was running.
 };
 
 /// Base of classes whose member functions are connected to signals. All its connections end when
 /// it is destroyed. A class whose slots run on other threads must call `DisconnectAll` in its own
-/// destructor: here, its members would be gone already.
+/// destructor: here, its members would be gone already. Both wait for a slot that runs on another
+/// thread, so neither may be called under a lock that a slot takes.
 class TOLVAN_API HasSlots
 {
 public:
@@ -37,14 +63,17 @@ public:
     HasSlots(const HasSlots&) = delete;
     HasSlots& operator=(const HasSlots&) = delete;
 
-    void   DisconnectAll();
-    size_t ConnectionCount() const; ///< Signals that this object is connected to.
+    void DisconnectAll();
+    /// Signals that this object is connected to, or was when one that still runs began to emit.
+    size_t ConnectionCount() const;
 
     void _Joined(const std::shared_ptr<_SignalCore>& core); ///< For signals only.
     void _Left(const _SignalCore* core);                    ///< For signals only.
 
 private:
-    mutable Mutex                            m_SlotsLock;
+    std::vector<std::shared_ptr<_SignalCore>> Signals() const;
+
+    mutable Mutex                             m_SlotsLock;
     std::vector<std::shared_ptr<_SignalCore>> m_Signals;
 };
 
@@ -60,6 +89,7 @@ template <class... Args> class _Core final : public _SignalCore
 public:
     void Disconnect(HasSlots* holder) override;
     void Emit(Args... args);
+    bool IsConnected(const HasSlots* holder) const override;
 
     /// Connections live on the heap so that they survive an emission that disconnects them.
     std::vector<std::shared_ptr<_Connection<Args...>>> m_Connections;
@@ -79,14 +109,20 @@ public:
     _Signal(const _Signal&) = delete;
     _Signal& operator=(const _Signal&) = delete;
 
-    template <class Holder, class Base>
-    void Connect(Holder* holder, void (Base::*slot)(Args...))
+    /// Calls a member function of `holder`, which must not be null.
+    template <class Holder, class Base> void Connect(Holder* holder, void (Base::*slot)(Args...))
     {
-        Connect(holder, [holder, slot](Args... args)
-                { (holder->*slot)(std::forward<Args>(args)...); });
+        Connect(holder,
+                [holder, slot](Args... args) { (holder->*slot)(std::forward<Args>(args)...); });
     }
+    /// Calls `slot` until `holder` is disconnected or destroyed; a null holder or an empty slot
+    /// connects nothing.
     void Connect(HasSlots* holder, std::function<void(Args...)> slot)
     {
+        if (!holder || !slot)
+        {
+            return;
+        }
         const MutexLock lock(m_Core->m_Lock);
         auto            connection = std::make_shared<Connection>();
         connection->holder = holder;
@@ -137,13 +173,26 @@ template <class... Args> void _Core<Args...>::Disconnect(HasSlots* holder)
     }
     if (found)
     {
-        holder->_Left(this);
+        Leave(holder);
     }
+}
+
+template <class... Args> bool _Core<Args...>::IsConnected(const HasSlots* holder) const
+{
+    for (const auto& connection : m_Connections)
+    {
+        if (connection->holder == holder)
+        {
+            return true;
+        }
+    }
+    return false;
 }
 
 template <class... Args> void _Core<Args...>::Emit(Args... args)
 {
     const MutexLock lock(m_Lock);
+    const Emission  emission(*this);
     const auto      connections = m_Connections;
     for (const auto& connection : connections)
     {

@@ -24,9 +24,9 @@ public:
     String(const std::string& text) : std::string(text) {}
     String(std::string&& text) noexcept : std::string(std::move(text)) {}
 
-    String ToUpper() const;           ///< ASCII letters only; other bytes stay.
-    String ToLower() const;           ///< ASCII letters only; other bytes stay.
-    String Trim() const;              ///< Without blanks, tabs and line ends at both ends.
+    String ToUpper() const; ///< ASCII letters only; other bytes stay.
+    String ToLower() const; ///< ASCII letters only; other bytes stay.
+    String Trim() const;    ///< Without blanks, tabs and line ends at both ends.
     bool   StartsWith(const String& prefix) const;
     bool   EqualsNoCase(const String& other) const; ///< Same but for the case of ASCII letters.
 

@@ -27,10 +27,22 @@ public:
     String FormatDate() const;
     String FormatClock() const; ///< As a point in local time: "17:05:09".
 
-    friend constexpr Time operator+(Time a, Time b) { return Time(a.m_Microseconds + b.m_Microseconds); }
-    friend constexpr Time operator-(Time a, Time b) { return Time(a.m_Microseconds - b.m_Microseconds); }
-    friend constexpr bool operator==(Time a, Time b) { return a.m_Microseconds == b.m_Microseconds; }
-    friend constexpr bool operator!=(Time a, Time b) { return a.m_Microseconds != b.m_Microseconds; }
+    friend constexpr Time operator+(Time a, Time b)
+    {
+        return Time(a.m_Microseconds + b.m_Microseconds);
+    }
+    friend constexpr Time operator-(Time a, Time b)
+    {
+        return Time(a.m_Microseconds - b.m_Microseconds);
+    }
+    friend constexpr bool operator==(Time a, Time b)
+    {
+        return a.m_Microseconds == b.m_Microseconds;
+    }
+    friend constexpr bool operator!=(Time a, Time b)
+    {
+        return a.m_Microseconds != b.m_Microseconds;
+    }
     friend constexpr bool operator<(Time a, Time b) { return a.m_Microseconds < b.m_Microseconds; }
 
 private:
