@@ -1,0 +1,68 @@
+#pragma once
+
+#include "examples/master/_ClientSession.h"
+#include "examples/master/_Farm.h"
+#include "examples/master/_Options.h"
+#include "tolvan/JobFactory.h"
+#include "tolvan/_LocalSocket.h"
+
+#include <boost/asio/io_context.hpp>
+#include <boost/asio/posix/stream_descriptor.hpp>
+#include <boost/asio/signal_set.hpp>
+#include <boost/asio/steady_timer.hpp>
+
+#include <memory>
+#include <set>
+
+/// The master of a farm of one machine: joins the farm's jobs to the clients that are connected to
+/// its socket, and ends when nobody needs it any more. One thread.
+class Master : private _ClientSession::Host
+{
+public:
+    explicit Master(const _Options& options);
+    ~Master() override;
+
+    /// Opens the socket, loads the jobs and runs until the end. Throws an `Exception*` when the
+    /// socket cannot be had. Whoever calls this holds the lock of the one master.
+    void Run();
+
+private:
+    void OnHello(_ClientSession& session) override;
+    void OnMessage(_ClientSession& session, const Message& message) override;
+    void OnGone(_ClientSession& session) override;
+
+    void OnJobChanged(const _JobRecord& job);
+    void OnOutput(const _JobRecord& job, std::string_view line);
+
+    void       Listen();
+    void       WaitForClients();
+    void       AcceptClients();
+    void       AddClient(_SocketHandle socket);
+    _SendQueue MakeQueue();
+    void       SendEverything(_ClientSession& session);
+    void       Submit(_ClientSession& session, const Message& message);
+    void       Command(_ClientSession& session, const Message& message);
+
+    void LoadJobs();
+    void WaitForSignals();
+    void OnSignal(int signal);
+    void ShutDownClients();
+
+    bool IsNeeded() const;
+    void EndWhenUnneeded();
+    void End(const String& why);
+    void StopWhenOver();
+
+    _Options                                  m_Options;
+    boost::asio::io_context                   m_Context;
+    JobFactory                                m_Types;
+    _Farm                                     m_Farm;
+    boost::asio::posix::stream_descriptor     m_Listener;
+    boost::asio::signal_set                   m_Signals;
+    boost::asio::steady_timer                 m_AcceptTimer;
+    boost::asio::steady_timer                 m_EndTimer;
+    std::set<std::shared_ptr<_ClientSession>> m_Sessions;
+    std::chrono::steady_clock::time_point     m_Begin = std::chrono::steady_clock::now();
+    bool                                      m_HadClient = false;
+    bool                                      m_IsEnding = false;
+};

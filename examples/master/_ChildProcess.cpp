@@ -1,0 +1,115 @@
+#include "examples/master/_ChildProcess.h"
+
+#include <boost/process/args.hpp>
+#include <boost/process/child.hpp>
+#include <boost/process/error.hpp>
+#include <boost/process/exe.hpp>
+#include <boost/process/extend.hpp>
+#include <boost/process/io.hpp>
+#include <boost/process/pipe.hpp>
+#include <boost/process/start_dir.hpp>
+
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+
+#include <fcntl.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace process = boost::process;
+
+namespace
+{
+
+/// Runs in the new process before the program does. Only calls that are safe after a fork.
+void PrepareChild()
+{
+    setpgid(0, 0);
+    prctl(PR_SET_PDEATHSIG, SIGTERM);
+    // Signals that this program ignores or blocks would stay so in the job.
+    signal(SIGPIPE, SIG_DFL);
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
+    // From the first one after the standard ones on; they close when the program is loaded, so
+    // that a failure to load it can still be reported.
+    close_range(3, ~0u, CLOSE_RANGE_CLOEXEC);
+}
+
+/// A child that could not be started has ended, but is not collected by the library.
+template <class Executor> void CollectFailed(Executor& executor)
+{
+    if (executor.pid > 0)
+    {
+        waitpid(executor.pid, nullptr, 0);
+    }
+}
+
+std::vector<std::string> PlainStrings(const std::vector<String>& words)
+{
+    return {words.begin(), words.end()};
+}
+
+} // namespace
+
+String _ChildExit::Describe() const
+{
+    if (isSignal)
+    {
+        return SFormat("The program was ended by signal %d (%s)", code, strsignal(code));
+    }
+    return SFormat("The program ended with exit code %d", code);
+}
+
+String _ChildProcess::Start(const _ChildSpec& spec)
+{
+    process::pipe pipe;
+    // The other end may be gone before this program is asked to look at it.
+    fcntl(pipe.native_source(), F_SETFL, O_NONBLOCK);
+    std::error_code error;
+    process::child  child(
+         process::exe = spec.program.Text(), process::args = PlainStrings(spec.words),
+         process::start_dir = std::string(spec.folder.Text()),
+         process::std_in<process::null, (process::std_out & process::std_err)> pipe,
+         process::extend::on_exec_setup = [](auto&) { PrepareChild(); },
+         process::extend::on_error = [](auto& executor, const auto&) { CollectFailed(executor); },
+         error);
+    if (error)
+    {
+        return spec.program.Text() + " cannot be started: " + error.message();
+    }
+    m_Id = child.id();
+    child.detach(); // it is collected below, and nothing must kill it before
+    // Both sides set the group: whichever comes first, it is there before the first signal.
+    setpgid(m_Id, m_Id);
+    m_Output = pipe.native_source();
+    pipe.assign_source(-1);
+    return String();
+}
+
+void _ChildProcess::SignalGroup(int signal) const
+{
+    if (IsAlive())
+    {
+        kill(-m_Id, signal);
+    }
+}
+
+bool _ChildProcess::Collect(_ChildExit& exit)
+{
+    siginfo_t info = {};
+    if (!IsAlive() || waitid(P_PID, static_cast<id_t>(m_Id), &info, WEXITED | WNOHANG | WNOWAIT) ||
+        info.si_pid == 0)
+    {
+        return false;
+    }
+    // Before it is collected: its number, which is the group's too, cannot have a new owner yet.
+    SignalGroup(SIGKILL);
+    waitpid(m_Id, nullptr, 0);
+    m_Id = 0;
+    exit.isSignal = info.si_code != CLD_EXITED;
+    exit.code = info.si_status;
+    return true;
+}

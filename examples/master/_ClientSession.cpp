@@ -1,0 +1,137 @@
+#include "examples/master/_ClientSession.h"
+
+#include "vesta/Exception.h"
+#include "vesta/Log.h"
+
+#include <chrono>
+
+namespace
+{
+
+constexpr std::chrono::milliseconds kStallTime{10000}; // for half a frame
+constexpr std::chrono::milliseconds kHelloTime{10000};
+constexpr size_t                    kAtOnce = 256 << 10; // bytes handed to the socket at a time
+// Only the answers to a client's own requests can fill the queue this far.
+constexpr size_t kTooMuch = 2 * _SendQueue::k_Limit;
+constexpr size_t kMostName = 100; // bytes of a client's name that are worth logging
+
+} // namespace
+
+_ClientSession::_ClientSession(boost::asio::io_context& context, _SocketHandle socket, Host& host,
+                               _SendQueue queue)
+    : m_Stream(std::make_shared<_FrameStream>(context, std::move(socket), kStallTime)),
+      m_HelloTimer(context),
+      m_Host(host),
+      m_Queue(std::move(queue))
+{
+}
+
+void _ClientSession::Start()
+{
+    const auto self = shared_from_this();
+    m_Stream->Start({[self](const String& content) { self->OnFrame(content); },
+                     [self](const String& why) { self->OnClosed(why); },
+                     [self](size_t)
+                     {
+                         self->m_IsSending = false;
+                         self->m_Queue.Sent();
+                         self->Pump();
+                     }});
+    WaitForHello();
+}
+
+void _ClientSession::WaitForHello()
+{
+    m_HelloTimer.expires_after(kHelloTime);
+    m_HelloTimer.async_wait(
+        [weak = weak_from_this()](const boost::system::error_code& error)
+        {
+            const auto self = weak.lock();
+            if (!error && self && !self->m_HasIntroduced && self->m_Stream->IsOpen())
+            {
+                self->End("it has not said who it is");
+            }
+        });
+}
+
+void _ClientSession::Close()
+{
+    m_HelloTimer.cancel();
+    m_Stream->Close();
+}
+
+void _ClientSession::OnFrame(const String& content)
+{
+    const auto message = Message::Decode(content); // what it throws ends the connection
+    if (message->Type() == msg_Hello && !m_HasIntroduced)
+    {
+        m_HasIntroduced = true;
+        m_HelloTimer.cancel();
+        m_Name = message->Get("component").substr(0, kMostName);
+        LogInfo(m_Name + " has connected");
+        m_Host.OnHello(*this);
+    }
+    else if (m_HasIntroduced)
+    {
+        m_Host.OnMessage(*this, *message);
+    }
+    else
+    {
+        Exception::Throw("_ClientSession", "OnFrame", ec_BadData,
+                         "it sent a message before it said who it is");
+    }
+}
+
+void _ClientSession::OnClosed(const String& why)
+{
+    if (!why.empty())
+    {
+        LogWarning(m_Name + " has been disconnected: " + why);
+    }
+    else if (m_HasIntroduced)
+    {
+        LogInfo(m_Name + " has disconnected");
+    }
+    m_HelloTimer.cancel();
+    m_Host.OnGone(*this);
+}
+
+void _ClientSession::End(const String& why)
+{
+    const auto self = shared_from_this();
+    Close();
+    OnClosed(why);
+}
+
+void _ClientSession::Send(const _Frame& frame)
+{
+    m_Queue.Push(frame);
+    Pump();
+}
+
+void _ClientSession::SendJob(const String& job)
+{
+    m_Queue.PushJob(job);
+    Pump();
+}
+
+void _ClientSession::SendOutput(const String& job, const _SendQueue::MakeFrame& frame)
+{
+    m_Queue.PushOutput(job, frame);
+    Pump();
+}
+
+void _ClientSession::Pump()
+{
+    if (!m_Stream->IsOpen() || m_IsSending)
+    {
+        return;
+    }
+    String bytes;
+    for (const _Frame& frame : m_Queue.Next(kAtOnce))
+    {
+        bytes += *frame;
+    }
+    m_IsSending = !bytes.empty();
+    m_Stream->Send(std::move(bytes));
+}

@@ -1,0 +1,451 @@
+#include "examples/master/_Farm.h"
+
+#include "examples/master/_JobCommand.h"
+#include "examples/master/_ProgressParser.h"
+#include "examples/master/_Scheduler.h"
+#include "tolvan/Job.h"
+#include "vesta/Exception.h"
+#include "vesta/File.h"
+#include "vesta/Log.h"
+#include "vesta/Platform.h"
+#include "vesta/Time.h"
+#include "vesta/UID.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdlib>
+#include <vector>
+
+namespace
+{
+
+constexpr size_t kMostParameters = 256 << 10; // bytes of names and values: they go into one frame
+constexpr size_t kMostFolderName = 60;        // bytes
+constexpr std::chrono::milliseconds kProgressEvery{100};
+
+[[noreturn]] void Refuse(const char* method, const String& text, const String& text2 = String())
+{
+    Exception::Throw("Master", method, ec_Refused, text, text2);
+}
+
+String Now()
+{
+    return String::FromInt(Time::CurrentTime().ToMicroseconds());
+}
+
+/// The type's defaults with the job's own values over them.
+std::map<String, String> MergedParams(const _NewJob& request, const JobTypeInfo& type)
+{
+    std::map<String, String> params;
+    for (int i = 0; i < type.ParamCount(); ++i)
+    {
+        params[type.GetParam(i).name] = type.GetParam(i).value;
+    }
+    for (const auto& [name, value] : request.params)
+    {
+        params[name] = value;
+    }
+    return params;
+}
+
+void CheckSize(const String& name, const std::map<String, String>& params)
+{
+    size_t bytes = name.size();
+    for (const auto& [key, value] : params)
+    {
+        bytes += key.size() + value.size();
+    }
+    if (bytes > kMostParameters)
+    {
+        Refuse("Submit",
+               SFormat("The job's parameters are larger than %zu bytes", kMostParameters));
+    }
+}
+
+int ReadPriority(const String& text)
+{
+    if (text.empty())
+    {
+        return _JobRecord::k_DefaultPriority;
+    }
+    const _Decision decision = Decide(_JobRecord("", 0), command_SetPriority, text);
+    if (decision.action == _Action::kRefuse)
+    {
+        Refuse("Submit", decision.reason);
+    }
+    return decision.priority;
+}
+
+/// A folder's name that says which job it belongs to, without anything that could lead elsewhere.
+String FolderName(const String& name, const String& id)
+{
+    String plain = name.substr(0, kMostFolderName);
+    for (char& c : plain)
+    {
+        if (!std::isalnum(static_cast<unsigned char>(c)) && c != '-' && c != '_')
+        {
+            c = '_';
+        }
+    }
+    return plain + "-" + id.substr(0, 8);
+}
+
+void SetProgress(_JobRecord& job, const _Progress& progress)
+{
+    job.Set(p_Progress, String::FromInt(progress.percent));
+    if (progress.frameCount > 0)
+    {
+        job.Set(p_FramesDone, String::FromInt(progress.framesDone));
+        job.Set(p_FrameCount, String::FromInt(progress.frameCount));
+    }
+}
+
+/// Forgets what an earlier run has left behind.
+void ResetRun(_JobRecord& job)
+{
+    for (const String& name : {p_FramesDone, p_FrameCount, p_Started, p_Ended, p_ExitCode, p_Error})
+    {
+        job.Set(name, String());
+    }
+    job.Set(p_Progress, "0");
+    job.Tail().Clear();
+}
+
+} // namespace
+
+_Farm::_Farm(boost::asio::io_context& context, JobFactory& types, Settings settings, Events events)
+    : m_Context(context),
+      m_Types(types),
+      m_Settings(std::move(settings)),
+      m_Events(std::move(events)),
+      m_AnnounceTimer(context)
+{
+}
+
+boost::shared_ptr<const JobTypeInfo> _Farm::FindType(const String& idOrName)
+{
+    if (const UID id(idOrName); !id.IsNull())
+    {
+        return m_Types.GetTypeInfo(id, true);
+    }
+    for (const UID& id : m_Types.ListTypes())
+    {
+        const auto type = m_Types.GetTypeInfo(id, false);
+        if (type && type->Name().EqualsNoCase(idOrName))
+        {
+            return type;
+        }
+    }
+    return nullptr;
+}
+
+String _Farm::Submit(const _NewJob& request)
+{
+    const auto type = FindType(request.type);
+    if (!type)
+    {
+        Refuse("Submit", "There is no job type '" + request.type + "'",
+               "The types are read from " + m_Types.Folder().Text());
+    }
+    if (m_IsStopping || m_Table.IsFull())
+    {
+        Refuse("Submit", m_IsStopping ? "The master is about to end" : "There are too many jobs");
+    }
+    const String id = Add(request, *type).Id();
+    Schedule();
+    return id;
+}
+
+_JobRecord& _Farm::Add(const _NewJob& request, const JobTypeInfo& type)
+{
+    // Whatever is wrong is refused before the job is there.
+    const int                      priority = ReadPriority(request.priority);
+    const std::map<String, String> params = MergedParams(request, type);
+    CheckSize(request.name, params);
+
+    const bool  isNew = request.id.empty() || m_Table.Find(request.id);
+    _JobRecord& job = m_Table.Add(isNew ? UID::Create().ToString() : request.id);
+    for (const auto& [name, value] : params)
+    {
+        job.Set(name, value);
+    }
+    job.Set(p_Name, request.name.empty() ? type.Name() : request.name);
+    job.Set(p_Type, type.Id().ToString());
+    job.Set(p_User, Platform::GetCurrentUserName());
+    job.Set(p_Host, Platform::GetHostName());
+    job.Set(p_Folder, FolderOf(job).Text());
+    job.SetPriority(priority);
+    ResetRun(job);
+    Announce(job);
+    return job;
+}
+
+void _Farm::Schedule()
+{
+    while (!m_IsStopping)
+    {
+        _JobRecord* const job = NextToStart(m_Table, m_Settings.slots);
+        if (!job)
+        {
+            return;
+        }
+        Start(*job);
+    }
+}
+
+void _Farm::Start(_JobRecord& job)
+{
+    try
+    {
+        Launch(job);
+        job.SetHasProcess(true);
+        job.SetState(_JobState::kRunning);
+        job.Set(p_Started, Now());
+        LogInfo("Started job " + job.Get(p_Name) + ", output in " + job.Get(p_LogFile));
+        Announce(job);
+    }
+    catch (Exception* exception)
+    {
+        const String text2 = exception->Text2().empty() ? String() : ": " + exception->Text2();
+        End(job, _JobState::kFailed, exception->Text() + text2);
+        delete exception;
+    }
+}
+
+void _Farm::Launch(_JobRecord& job)
+{
+    const auto type = m_Types.GetTypeInfo(UID(job.Get(p_Type)), true);
+    if (!type)
+    {
+        Refuse("Start", "The job's type is no longer there");
+    }
+    const Path folder = FolderOf(job);
+    File::MakeFolder(folder);
+    const _ChildSpec spec = MakeSpec(job, *type, folder);
+    const Path       logFile = _JobLog::MakeRoom(folder);
+    const auto       runner = std::make_shared<_JobRunner>(
+        m_Context, _JobRunner::Events{[this, &job](std::string_view line) { OnOutput(job, line); },
+                                      [this, &job](const String& why) { OnTrouble(job, why); },
+                                      [this, &job](const _ChildExit& exit, size_t lost)
+                                      { OnEnded(job, exit, lost); }});
+    const String failure = runner->Start(spec, logFile);
+    if (!failure.empty())
+    {
+        Refuse("Start", failure);
+    }
+    m_Runners[job.Id()] = runner;
+    job.Set(p_LogFile, logFile.Text());
+}
+
+_ChildSpec _Farm::MakeSpec(const _JobRecord& job, const JobTypeInfo& type, const Path& folder) const
+{
+    const auto lookup = [&job](const String& name, String& value)
+    {
+        const auto& params = job.Params();
+        const auto  found =
+            std::find_if(params.begin(), params.end(),
+                         [&](const auto& param) { return param.first.EqualsNoCase(name); });
+        if (found != params.end())
+        {
+            value = found->second;
+        }
+        return found != params.end();
+    };
+    const char* const   searchPath = std::getenv("PATH");
+    std::vector<String> words = CommandWords(type.ExecuteLine(), lookup);
+    const String        workFolder = ExpandReferences(type.Folder(), lookup);
+    _ChildSpec          spec;
+    spec.program = FindProgram(words[0], type.FileName().Branch(), m_Settings.ownFolder,
+                               searchPath ? searchPath : "/usr/bin:/bin");
+    spec.words.assign(words.begin() + 1, words.end());
+    spec.folder = workFolder.empty() ? folder : Path(workFolder);
+    if (!File::IsFolder(spec.folder))
+    {
+        Refuse("Start", "There is no folder " + spec.folder.Text() + " to run in");
+    }
+    return spec;
+}
+
+Path _Farm::FolderOf(const _JobRecord& job) const
+{
+    return m_Settings.runFolder / FolderName(job.Get(p_Name), job.Id());
+}
+
+void _Farm::Command(const String& id, const String& command, const String& item)
+{
+    _JobRecord* const job = m_Table.Find(id);
+    if (!job)
+    {
+        Refuse("Command", "There is no job " + id);
+    }
+    const _Decision decision = Decide(*job, command, item);
+    if (decision.action == _Action::kRefuse)
+    {
+        Refuse("Command",
+               "'" + command + "' is not possible for the job " + job->Get(p_Name) + " (" +
+                   NameOf(job->State()) + ")",
+               decision.reason);
+    }
+    LogInfo("Command '" + command + "' for the job " + job->Get(p_Name));
+    Do(*job, decision);
+    Schedule();
+}
+
+void _Farm::Do(_JobRecord& job, const _Decision& decision)
+{
+    const auto found = m_Runners.find(job.Id());
+    const auto runner = found == m_Runners.end() ? nullptr : found->second;
+    switch (decision.action)
+    {
+    case _Action::kRefuse:
+        return;
+    case _Action::kStop:
+        runner->Suspend();
+        [[fallthrough]];
+    case _Action::kHold:
+        job.SetState(_JobState::kSuspended);
+        break;
+    case _Action::kContinue:
+        runner->Resume();
+        job.SetState(_JobState::kRunning);
+        break;
+    case _Action::kRelease:
+        job.SetState(_JobState::kWaiting);
+        break;
+    case _Action::kCancel:
+        End(job, _JobState::kKilled, String());
+        return;
+    case _Action::kKill:
+        m_ToKill.insert(job.Id());
+        runner->Stop();
+        return; // the state changes when it has ended
+    case _Action::kRetry:
+        Retry(job);
+        break;
+    case _Action::kSetPriority:
+        job.SetPriority(decision.priority);
+        break;
+    }
+    Announce(job);
+}
+
+void _Farm::Retry(_JobRecord& job)
+{
+    ResetRun(job);
+    job.SetState(_JobState::kWaiting);
+}
+
+void _Farm::OnOutput(_JobRecord& job, std::string_view line)
+{
+    job.Tail().Add(line);
+    _Progress progress;
+    if (ReadProgress(line, progress))
+    {
+        SetProgress(job, progress);
+        AnnounceSoon(job);
+    }
+    m_Events.output(job, line);
+}
+
+void _Farm::OnTrouble(_JobRecord& job, const String& why)
+{
+    const String text = why.empty() ? String() : "Waits until its output can be written: " + why;
+    LogWarning("Job " + job.Get(p_Name) + ": " +
+               (why.empty() ? String("its output can be written again") : text));
+    job.Set(p_Error, text);
+    Announce(job);
+}
+
+void _Farm::OnEnded(_JobRecord& job, const _ChildExit& exit, size_t lost)
+{
+    m_Runners.erase(job.Id());
+    const bool wasTold = m_ToKill.erase(job.Id()) != 0;
+    job.SetHasProcess(false);
+    job.Set(p_ExitCode, exit.isSignal ? String() : String::FromInt(exit.code));
+    if (lost > 0)
+    {
+        End(job, wasTold ? _JobState::kKilled : _JobState::kFailed,
+            SFormat("The last output (%zu bytes or more) could not be written to ", lost) +
+                job.Get(p_LogFile));
+    }
+    else if (wasTold)
+    {
+        End(job, _JobState::kKilled, String());
+    }
+    else
+    {
+        End(job, exit.IsSuccess() ? _JobState::kDone : _JobState::kFailed,
+            exit.IsSuccess() ? String() : exit.Describe());
+    }
+    Schedule();
+}
+
+void _Farm::End(_JobRecord& job, _JobState state, const String& error)
+{
+    job.SetState(state);
+    job.Set(p_Ended, Now());
+    job.Set(p_Error, error);
+    if (state == _JobState::kDone)
+    {
+        job.Set(p_Progress, "100");
+    }
+    LogInfo("Job " + job.Get(p_Name) + ": " + NameOf(state) +
+            (error.empty() ? String() : ". " + error));
+    Announce(job);
+}
+
+void _Farm::CheckChildren()
+{
+    const auto runners = m_Runners; // one that has ended leaves the map
+    for (const auto& [id, runner] : runners)
+    {
+        runner->CheckExit();
+    }
+}
+
+void _Farm::StopAll(bool atOnce)
+{
+    m_IsStopping = true;
+    for (const auto& [id, runner] : m_Runners)
+    {
+        m_ToKill.insert(id);
+        atOnce ? runner->Kill() : runner->Stop();
+    }
+}
+
+void _Farm::Announce(const _JobRecord& job)
+{
+    m_Unannounced.erase(job.Id());
+    m_Events.changed(job);
+}
+
+/// Progress may change thousands of times a second; clients hear of it ten times at most.
+void _Farm::AnnounceSoon(const _JobRecord& job)
+{
+    m_Unannounced.insert(job.Id());
+    if (m_IsAnnouncing)
+    {
+        return;
+    }
+    m_IsAnnouncing = true;
+    m_AnnounceTimer.expires_after(kProgressEvery);
+    m_AnnounceTimer.async_wait(
+        [this](const boost::system::error_code& error)
+        {
+            if (!error)
+            {
+                AnnounceProgress();
+            }
+        });
+}
+
+void _Farm::AnnounceProgress()
+{
+    m_IsAnnouncing = false;
+    const std::set<String> ids = std::move(m_Unannounced);
+    m_Unannounced.clear();
+    for (const String& id : ids)
+    {
+        m_Events.changed(*m_Table.Find(id));
+    }
+}

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "examples/master/_Commands.h"
+#include "examples/master/_JobRunner.h"
+#include "examples/master/_JobTable.h"
+#include "examples/master/_NewJob.h"
+#include "tolvan/JobFactory.h"
+
+#include <boost/asio/io_context.hpp>
+#include <boost/asio/steady_timer.hpp>
+
+#include <chrono>
+#include <functional>
+#include <map>
+#include <memory>
+#include <set>
+#include <string_view>
+
+/// The jobs and their runs: starts waiting jobs while there are slots, carries out commands and
+/// tells of every change. Knows nothing of clients. One thread, that of its `io_context`.
+class _Farm
+{
+public:
+    struct Settings
+    {
+        int  slots = 1;
+        Path runFolder; ///< Holds a folder for every job.
+        Path ownFolder; ///< Where job programs are looked for first.
+    };
+    struct Events
+    {
+        std::function<void(const _JobRecord& job)>                        changed;
+        std::function<void(const _JobRecord& job, std::string_view line)> output;
+    };
+
+    /// `types` must outlive the farm.
+    _Farm(boost::asio::io_context& context, JobFactory& types, Settings settings, Events events);
+
+    /// Adds a job and starts it when there is a slot. Returns its identifier. Throws an
+    /// `Exception*` (ec_Refused) when it cannot be a job at all; one that cannot be started is
+    /// added, as failed.
+    String Submit(const _NewJob& request);
+    /// Throws an `Exception*` (ec_Refused) that says why when the command is impossible.
+    void Command(const String& id, const String& command, const String& item);
+
+    void CheckChildren(); ///< To be called whenever some child process has ended.
+    /// Asks all running jobs to end (and kills those that don't), or kills them at once. No job
+    /// starts any more.
+    void StopAll(bool atOnce);
+
+    bool             HasRunners() const { return !m_Runners.empty(); }
+    const _JobTable& Table() const { return m_Table; }
+
+private:
+    boost::shared_ptr<const JobTypeInfo> FindType(const String& idOrName);
+    _JobRecord&                          Add(const _NewJob& request, const JobTypeInfo& type);
+
+    void       Schedule();
+    void       Start(_JobRecord& job);
+    void       Launch(_JobRecord& job);
+    _ChildSpec MakeSpec(const _JobRecord& job, const JobTypeInfo& type, const Path& folder) const;
+    Path       FolderOf(const _JobRecord& job) const;
+
+    void Do(_JobRecord& job, const _Decision& decision);
+    void Retry(_JobRecord& job);
+
+    void OnOutput(_JobRecord& job, std::string_view line);
+    void OnTrouble(_JobRecord& job, const String& why);
+    void OnEnded(_JobRecord& job, const _ChildExit& exit, size_t lost);
+    void End(_JobRecord& job, _JobState state, const String& error);
+
+    void Announce(const _JobRecord& job);
+    void AnnounceSoon(const _JobRecord& job);
+    void AnnounceProgress();
+
+    boost::asio::io_context&                      m_Context;
+    JobFactory&                                   m_Types;
+    Settings                                      m_Settings;
+    Events                                        m_Events;
+    _JobTable                                     m_Table;
+    std::map<String, std::shared_ptr<_JobRunner>> m_Runners; ///< By the job's identifier.
+    std::set<String>                              m_ToKill;  ///< Jobs that were told to end.
+    std::set<String>                              m_Unannounced;
+    boost::asio::steady_timer                     m_AnnounceTimer;
+    bool                                          m_IsAnnouncing = false;
+    bool                                          m_IsStopping = false;
+};
