@@ -1,0 +1,120 @@
+#include "appearance/_GlyphTable.h"
+
+#include "appearance/wxTolvanString.h"
+
+#include <wx/fontutil.h>
+#include <wx/string.h>
+
+#include <utility>
+
+namespace
+{
+constexpr size_t kMostOthers = 20000; // characters kept beyond the quick ones, then begun anew
+
+double Pixels(int pangoUnits)
+{
+    return static_cast<double>(pangoUnits) / PANGO_SCALE;
+}
+
+_GObjectPtr<PangoLayout> MakeLayout(PangoContext* context, const PangoFontDescription* description,
+                                    const wchar_t* characters, int count)
+{
+    _GObjectPtr<PangoLayout> layout(pango_layout_new(context));
+    pango_layout_set_font_description(layout.get(), description);
+    const String utf8 = wxtFromWx(wxString(characters, static_cast<size_t>(count)));
+    pango_layout_set_text(layout.get(), utf8.data(), static_cast<int>(utf8.size()));
+    return layout;
+}
+
+// The only glyph of a layout, or null when it has several or one that the font does not have.
+const PangoGlyphInfo* SingleGlyph(PangoLayoutLine* line, PangoFont*& font)
+{
+    if (!line || !line->runs || line->runs->next)
+    {
+        return nullptr;
+    }
+    const auto* run = static_cast<const PangoLayoutRun*>(line->runs->data);
+    if (run->glyphs->num_glyphs != 1 || run->glyphs->glyphs[0].glyph & PANGO_GLYPH_UNKNOWN_FLAG)
+    {
+        return nullptr;
+    }
+    font = run->item->analysis.font;
+    return run->glyphs->glyphs;
+}
+} // namespace
+
+_GlyphTable& _GlyphTable::For(cairo_t* cairo, const wxFont& font)
+{
+    // Never freed: the text libraries may be gone when static objects are destroyed.
+    static auto* const s_Tables = new std::map<std::pair<wxString, unsigned long>, _GlyphTable>;
+
+    cairo_font_options_t* const options = cairo_font_options_create();
+    cairo_surface_get_font_options(cairo_get_target(cairo), options);
+    const std::pair key(font.GetNativeFontInfoDesc(), cairo_font_options_hash(options));
+    cairo_font_options_destroy(options);
+    const auto known = s_Tables->find(key);
+    return known != s_Tables->end() ? known->second
+                                    : s_Tables->try_emplace(key, cairo, font).first->second;
+}
+
+_GlyphTable::_GlyphTable(cairo_t* cairo, const wxFont& font)
+    : m_Context(pango_cairo_create_context(cairo)),
+      m_Description(pango_font_description_copy(font.GetNativeFontInfo()->description))
+{
+    const auto layout = MakeLayout(m_Context.get(), m_Description, L"M", 1);
+    m_Baseline = Pixels(pango_layout_get_baseline(layout.get()));
+}
+
+const _Glyph& _GlyphTable::Of(const wchar_t* characters, int count)
+{
+    const auto code = static_cast<size_t>(characters[0]);
+    if (count == 1 && code < kQuickCodes)
+    {
+        std::unique_ptr<_Glyph>& quick = m_Quick[code];
+        if (!quick)
+        {
+            quick = std::make_unique<_Glyph>(LayOut(characters, count));
+        }
+        return *quick;
+    }
+    std::wstring key(characters, static_cast<size_t>(count));
+    const auto   known = m_Others.find(key);
+    if (known != m_Others.end())
+    {
+        return known->second;
+    }
+    if (m_Others.size() >= kMostOthers)
+    {
+        m_Others.clear();
+    }
+    return m_Others.emplace(std::move(key), LayOut(characters, count)).first->second;
+}
+
+_Glyph _GlyphTable::LayOut(const wchar_t* characters, int count)
+{
+    _Glyph glyph;
+    auto   layout = MakeLayout(m_Context.get(), m_Description, characters, count);
+    PangoRectangle ink;
+    PangoRectangle logical;
+    pango_layout_get_extents(layout.get(), &ink, &logical);
+    glyph.advance = Pixels(logical.width);
+    glyph.blank = ink.width <= 0 || ink.height <= 0;
+    PangoFont*  font = nullptr;
+    const auto* single = SingleGlyph(pango_layout_get_line_readonly(layout.get(), 0), font);
+    if (single && PANGO_IS_CAIRO_FONT(font))
+    {
+        glyph.font = pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(font));
+        glyph.index = single->glyph;
+        glyph.dx = Pixels(single->geometry.x_offset);
+        glyph.dy = Pixels(single->geometry.y_offset);
+        if (!m_Fonts.count(font))
+        {
+            m_Fonts.emplace(font, static_cast<PangoFont*>(g_object_ref(font)));
+        }
+    }
+    if (!glyph.font)
+    {
+        glyph.layout = std::move(layout);
+    }
+    return glyph;
+}

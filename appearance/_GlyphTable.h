@@ -1,0 +1,56 @@
+#pragma once
+
+#include <pango/pangocairo.h>
+
+#include <wx/font.h>
+
+#include <array>
+#include <map>
+#include <memory>
+#include <string>
+#include <unordered_map>
+
+/// Frees what the text libraries count references of.
+struct _GObjectDeleter
+{
+    void operator()(void* object) const { g_object_unref(object); }
+};
+template <class T> using _GObjectPtr = std::unique_ptr<T, _GObjectDeleter>;
+
+/// How one character (with its combining marks) looks in a font.
+struct _Glyph
+{
+    cairo_scaled_font_t*     font = nullptr; ///< Kept by the table; null: draw the layout.
+    unsigned long            index = 0;
+    double                   advance = 0; ///< Pixels.
+    double                   dx = 0;      ///< Pixels from where the character starts.
+    double                   dy = 0;
+    bool                     blank = false; ///< Nothing to draw.
+    _GObjectPtr<PangoLayout> layout; ///< What is not a single glyph.
+};
+
+/// The glyphs of one font on one kind of surface, laid out when first asked for. Tables are shared
+/// by all views and kept for the life of the program.
+class _GlyphTable
+{
+public:
+    /// The table for drawing with that font on that context's surface.
+    static _GlyphTable& For(cairo_t* cairo, const wxFont& font);
+
+    _GlyphTable(cairo_t* cairo, const wxFont& font);
+
+    const _Glyph& Of(const wchar_t* characters, int count);
+    double        Baseline() const { return m_Baseline; } ///< Pixels below the top of a line.
+
+private:
+    static constexpr size_t kQuickCodes = 256;
+
+    _Glyph LayOut(const wchar_t* characters, int count);
+
+    _GObjectPtr<PangoContext>                 m_Context;
+    PangoFontDescription*                     m_Description; ///< Kept as long as the table.
+    double                                    m_Baseline = 0;
+    std::array<std::unique_ptr<_Glyph>, kQuickCodes> m_Quick; ///< By code.
+    std::unordered_map<std::wstring, _Glyph>  m_Others;
+    std::map<PangoFont*, _GObjectPtr<PangoFont>> m_Fonts; ///< All that glyphs came from.
+};

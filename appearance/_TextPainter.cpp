@@ -1,0 +1,218 @@
+#include "appearance/_TextPainter.h"
+
+#include "appearance/_GlyphTable.h"
+
+#include <wx/graphics.h>
+#include <wx/region.h>
+
+namespace
+{
+constexpr double kTightFit = 0.75; // pixels that a character may be wider than its cell
+constexpr double kFullChannel = 255.0;
+} // namespace
+
+/// The bitmap's cairo surface, with the glyphs that wait to be drawn on it.
+class _TextPainter::Canvas
+{
+public:
+    Canvas(std::unique_ptr<wxGraphicsContext> context, const wxFont& font);
+    ~Canvas();
+
+    void SetColour(const wxColour& colour);
+    void DrawCell(const wchar_t* characters, int count, int x, int y, int width);
+    void ClipTo(const std::vector<wxRect>& rects);
+    void Unclip();
+    void Flush();
+
+private:
+    void DrawAlone(const _Glyph& glyph, int x, int y, int width);
+
+    std::unique_ptr<wxGraphicsContext> m_Context;
+    cairo_t*                           m_Cairo;
+    _GlyphTable&                       m_Glyphs;
+    cairo_scaled_font_t*               m_BatchFont = nullptr;
+    std::vector<cairo_glyph_t>         m_Batch; ///< All of that font.
+    bool                               m_Visible = false;
+    bool                               m_Clipped = false;
+};
+
+_TextPainter::Canvas::Canvas(std::unique_ptr<wxGraphicsContext> context, const wxFont& font)
+    : m_Context(std::move(context)),
+      m_Cairo(static_cast<cairo_t*>(m_Context->GetNativeContext())),
+      m_Glyphs(_GlyphTable::For(m_Cairo, font))
+{
+    // The device context draws on the same surface; it finds its own state again afterwards.
+    cairo_save(m_Cairo);
+}
+
+_TextPainter::Canvas::~Canvas()
+{
+    Flush();
+    Unclip();
+    cairo_restore(m_Cairo);
+}
+
+void _TextPainter::Canvas::SetColour(const wxColour& colour)
+{
+    Flush();
+    m_Visible = colour.IsOk();
+    if (m_Visible)
+    {
+        cairo_set_source_rgba(m_Cairo, colour.Red() / kFullChannel, colour.Green() / kFullChannel,
+                              colour.Blue() / kFullChannel, colour.Alpha() / kFullChannel);
+    }
+}
+
+void _TextPainter::Canvas::DrawCell(const wchar_t* characters, int count, int x, int y, int width)
+{
+    const _Glyph& glyph = m_Glyphs.Of(characters, count);
+    if (glyph.blank || !m_Visible)
+    {
+        return;
+    }
+    if (!glyph.font || glyph.advance > width + kTightFit)
+    {
+        DrawAlone(glyph, x, y, width);
+        return;
+    }
+    if (glyph.font != m_BatchFont)
+    {
+        Flush();
+        m_BatchFont = glyph.font;
+    }
+    m_Batch.push_back({glyph.index, x + glyph.dx, y + m_Glyphs.Baseline() + glyph.dy});
+}
+
+// A character of several glyphs, or one that has to be squeezed into its cell.
+void _TextPainter::Canvas::DrawAlone(const _Glyph& glyph, int x, int y, int width)
+{
+    Flush();
+    cairo_save(m_Cairo);
+    cairo_translate(m_Cairo, x, y + m_Glyphs.Baseline());
+    if (glyph.advance > width + kTightFit)
+    {
+        cairo_scale(m_Cairo, width / glyph.advance, 1.0);
+    }
+    if (glyph.layout)
+    {
+        cairo_move_to(m_Cairo, 0, 0);
+        pango_cairo_show_layout_line(m_Cairo,
+                                     pango_layout_get_line_readonly(glyph.layout.get(), 0));
+    }
+    else
+    {
+        const cairo_glyph_t single{glyph.index, glyph.dx, glyph.dy};
+        cairo_set_scaled_font(m_Cairo, glyph.font);
+        cairo_show_glyphs(m_Cairo, &single, 1);
+    }
+    cairo_restore(m_Cairo);
+}
+
+void _TextPainter::Canvas::ClipTo(const std::vector<wxRect>& rects)
+{
+    Flush();
+    Unclip();
+    cairo_save(m_Cairo);
+    cairo_new_path(m_Cairo);
+    for (const wxRect& rect : rects)
+    {
+        cairo_rectangle(m_Cairo, rect.x, rect.y, rect.width, rect.height);
+    }
+    cairo_clip(m_Cairo);
+    m_Clipped = true;
+}
+
+void _TextPainter::Canvas::Unclip()
+{
+    if (m_Clipped)
+    {
+        Flush();
+        cairo_restore(m_Cairo);
+        m_Clipped = false;
+    }
+}
+
+void _TextPainter::Canvas::Flush()
+{
+    if (!m_Batch.empty())
+    {
+        cairo_set_scaled_font(m_Cairo, m_BatchFont);
+        cairo_show_glyphs(m_Cairo, m_Batch.data(), static_cast<int>(m_Batch.size()));
+        m_Batch.clear();
+    }
+}
+
+_TextPainter::_TextPainter(wxMemoryDC& dc, const wxFont& font) : m_Dc(dc), m_Font(font)
+{
+    std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc));
+    if (context && context->GetNativeContext())
+    {
+        m_Canvas = std::make_unique<Canvas>(std::move(context), font);
+    }
+    dc.SetFont(font);
+    dc.SetBackgroundMode(wxBRUSHSTYLE_TRANSPARENT);
+}
+
+_TextPainter::~_TextPainter() = default;
+
+void _TextPainter::SetColour(const wxColour& colour)
+{
+    m_Colour = colour;
+    if (m_Canvas)
+    {
+        m_Canvas->SetColour(colour);
+    }
+    else if (colour.IsOk())
+    {
+        m_Dc.SetTextForeground(colour);
+    }
+}
+
+void _TextPainter::DrawCell(const wchar_t* characters, int count, int x, int y, int width)
+{
+    if (count < 1 || !m_Colour.IsOk())
+    {
+        return;
+    }
+    if (m_Canvas)
+    {
+        m_Canvas->DrawCell(characters, count, x, y, width);
+    }
+    else
+    {
+        m_Dc.DrawText(wxString(characters, static_cast<size_t>(count)), x, y);
+    }
+}
+
+void _TextPainter::ClipTo(const std::vector<wxRect>& rects)
+{
+    if (m_Canvas)
+    {
+        m_Canvas->ClipTo(rects);
+        return;
+    }
+    wxRegion region;
+    for (const wxRect& rect : rects)
+    {
+        region.Union(rect);
+    }
+    m_Dc.SetDeviceClippingRegion(region);
+}
+
+void _TextPainter::Unclip()
+{
+    if (m_Canvas)
+    {
+        m_Canvas->Unclip();
+        return;
+    }
+    m_Dc.DestroyClippingRegion();
+}
+
+void _TextPainter::Flush()
+{
+    if (m_Canvas)
+    {
+        m_Canvas->Flush();
+    }
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "vesta/Export.h"
+
+#include <wx/colour.h>
+#include <wx/dcmemory.h>
+#include <wx/font.h>
+#include <wx/gdicmn.h>
+
+#include <memory>
+#include <vector>
+
+class _GlyphTable;
+class wxGraphicsContext;
+
+/// Draws text into a bitmap several times faster than the toolkit does: the glyphs of a font are
+/// laid out once each, kept in a table, and drawn in runs of thousands. Nothing is sure to be seen
+/// before `Flush`. It must be destroyed before its device context. Main thread only.
+class TOLVAN_API _TextPainter
+{
+public:
+    /// @param dc A bitmap must be selected into it.
+    _TextPainter(wxMemoryDC& dc, const wxFont& font);
+    ~_TextPainter(); ///< Flushes.
+    _TextPainter(const _TextPainter&) = delete;
+    _TextPainter& operator=(const _TextPainter&) = delete;
+
+    /// The colour of what is drawn from now on; an invalid one draws nothing.
+    void SetColour(const wxColour& colour);
+    /// Draws one character with its combining marks so that it starts at `x` and fits `width`
+    /// pixels: what is wider by nature is squeezed. `y` is the top of a line of text.
+    void DrawCell(const wchar_t* characters, int count, int x, int y, int width);
+    /// Keeps what is drawn from now on within these rectangles, until `Unclip`.
+    void ClipTo(const std::vector<wxRect>& rects);
+    void Unclip();
+    void Flush();
+
+private:
+    class Canvas;
+
+    wxMemoryDC&             m_Dc;
+    wxFont                  m_Font;
+    wxColour                m_Colour;
+    std::unique_ptr<Canvas> m_Canvas; ///< Null where cairo can't be had.
+};

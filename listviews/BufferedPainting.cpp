@@ -1,0 +1,157 @@
+#include "listviews/_ScrollModel.h"
+#include "listviews/_ScrollState.h"
+#include "listviews/wxDoubleBufferedWindow.h"
+#include "vesta/CallEntry.h"
+#include "vesta/Exception.h"
+#include "vesta/Log.h"
+
+#include <wx/dcclient.h>
+
+#include <exception>
+
+void wxDoubleBufferedWindow::Redraw(const wxRect& area)
+{
+    CALL_ENTRY("wxDoubleBufferedWindow::Redraw");
+    m_PendingArea.Union(area);
+    if (!m_RedrawTimer.IsRunning())
+    {
+        m_RedrawTimer.StartOnce(m_RedrawDelay);
+    }
+}
+
+void wxDoubleBufferedWindow::Redraw()
+{
+    if (m_WholePending && m_RedrawTimer.IsRunning())
+    {
+        return;
+    }
+    CALL_ENTRY("wxDoubleBufferedWindow::Redraw");
+    Redraw(wxRect(GetClientAreaOrigin(), GetClientSize()));
+    m_WholePending = true;
+}
+
+void wxDoubleBufferedWindow::RedrawAll()
+{
+    CALL_ENTRY("wxDoubleBufferedWindow::RedrawAll");
+    for (wxDoubleBufferedWindow* window : s_Windows)
+    {
+        window->Redraw();
+    }
+}
+
+void wxDoubleBufferedWindow::Timeout(wxTimerEvent&)
+{
+    CALL_ENTRY("wxDoubleBufferedWindow::Timeout");
+    ApplyDueScrollbars();
+    if (m_PendingArea.IsEmpty())
+    {
+        return; // only the scrollbars were due
+    }
+    const wxRect area = m_PendingArea;
+    m_PendingArea = wxRect();
+    m_WholePending = false;
+    m_Stale = true;
+    Refresh(false, &area);
+}
+
+void wxDoubleBufferedWindow::Paint(wxPaintEvent&)
+{
+    CALL_ENTRY("wxDoubleBufferedWindow::Paint");
+    try
+    {
+        PaintBuffer();
+        m_PaintFailed = false;
+    }
+    catch (Exception* exception)
+    {
+        const std::unique_ptr<Exception> owner(exception);
+        RetryPaint(exception->ClassName() + "::" + exception->Method() + ": " +
+                   exception->Text() + " " + exception->Text2());
+    }
+    catch (const std::exception& exception)
+    {
+        RetryPaint(exception.what());
+    }
+    catch (...) // whatever a derived class throws, the view has to come back
+    {
+        RetryPaint("unknown exception");
+    }
+}
+
+// Painting is tried again for ever, the log hears of it once until a paint has succeeded.
+void wxDoubleBufferedWindow::RetryPaint(const String& reason)
+{
+    if (!m_PaintFailed)
+    {
+        m_PaintFailed = true;
+        LogError("wxDoubleBufferedWindow: painting failed and is tried again: " + reason);
+    }
+    m_Stale = true;
+    Redraw();
+}
+
+void wxDoubleBufferedWindow::PaintBuffer()
+{
+    wxPaintDC dc(this);
+    ApplyDueScrollbars();
+    if (!EnsureBuffer())
+    {
+        return;
+    }
+    if (m_Stale)
+    {
+        DrawBitmap();
+        m_Stale = false;
+    }
+    dc.DrawBitmap(*m_Buffer, 0, 0, false);
+}
+
+// False while the client area is empty. The buffer has the window's scale, or everything drawn
+// through it would be blurred on a high-resolution screen.
+bool wxDoubleBufferedWindow::EnsureBuffer()
+{
+    const double scale = GetContentScaleFactor();
+    if (m_Buffer && m_Buffer->GetScaleFactor() == scale)
+    {
+        return true;
+    }
+    const wxSize client = GetClientSize();
+    if (client.x < 1 || client.y < 1)
+    {
+        return false;
+    }
+    auto buffer = std::make_unique<wxBitmap>();
+    if (!buffer->CreateScaled(client.x, client.y, wxBITMAP_SCREEN_DEPTH, scale))
+    {
+        Exception::Throw("wxDoubleBufferedWindow", "EnsureBuffer", ec_System,
+                         "Can't create the off-screen bitmap");
+    }
+    m_Buffer = std::move(buffer);
+    m_Stale = true;
+    return true;
+}
+
+// The counts go by the size that the event names, less what border and scrollbars take of it, so
+// that a page never moves by more than is seen.
+void wxDoubleBufferedWindow::Resize(wxSizeEvent& event)
+{
+    CALL_ENTRY("wxDoubleBufferedWindow::Resize");
+    const wxSize visible = event.GetSize() - (GetSize() - GetClientSize());
+    m_VisibleColumns = _VisibleUnits(visible.x, m_ColumnWidth);
+    m_VisibleLines = _VisibleUnits(visible.y, m_LineHeight);
+    AdjustScrollbars();
+    m_Buffer.reset();
+    m_WholePending = false; // the area that is whole has changed
+    Refresh(false, nullptr);
+}
+
+void wxDoubleBufferedWindow::Erase(wxEraseEvent&)
+{
+}
+
+void wxDoubleBufferedWindow::OnSysColorChange(wxSysColourChangedEvent& event)
+{
+    CALL_ENTRY("wxDoubleBufferedWindow::OnSysColorChange");
+    event.Skip();
+    Redraw();
+}

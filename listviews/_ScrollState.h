@@ -1,0 +1,17 @@
+#pragma once
+
+#include "listviews/_ScrollModel.h"
+#include "listviews/wxDoubleBufferedWindow.h"
+
+/// Both scrollbars as last given to the toolkit.
+struct wxDoubleBufferedWindow::ScrollState
+{
+    _ScrollAxis horizontal;
+    _ScrollAxis vertical;
+    bool        due = false; ///< They are behind the content.
+
+    _ScrollAxis& Axis(int orientation)
+    {
+        return orientation == wxHORIZONTAL ? horizontal : vertical;
+    }
+};

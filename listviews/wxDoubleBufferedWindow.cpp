@@ -1,0 +1,225 @@
+#include "listviews/wxDoubleBufferedWindow.h"
+
+#include "listviews/_ScrollModel.h"
+#include "listviews/_ScrollState.h"
+#include "vesta/CallEntry.h"
+#include "vesta/Log.h"
+
+#include <wx/dcclient.h>
+
+namespace
+{
+constexpr int kRedrawTimerId = 1;
+constexpr int kLeastSize = 80; // pixels: room for two scrollbars and a little content
+} // namespace
+
+std::set<wxDoubleBufferedWindow*> wxDoubleBufferedWindow::s_Windows;
+
+wxBEGIN_EVENT_TABLE(wxDoubleBufferedWindow, wxWindow)
+    EVT_PAINT(wxDoubleBufferedWindow::Paint)
+    EVT_SIZE(wxDoubleBufferedWindow::Resize)
+    EVT_ERASE_BACKGROUND(wxDoubleBufferedWindow::Erase)
+    EVT_SYS_COLOUR_CHANGED(wxDoubleBufferedWindow::OnSysColorChange)
+    EVT_SCROLLWIN_TOP(wxDoubleBufferedWindow::Scroll)
+    EVT_SCROLLWIN_BOTTOM(wxDoubleBufferedWindow::Scroll)
+    EVT_SCROLLWIN_LINEUP(wxDoubleBufferedWindow::Scroll)
+    EVT_SCROLLWIN_LINEDOWN(wxDoubleBufferedWindow::Scroll)
+    EVT_SCROLLWIN_PAGEUP(wxDoubleBufferedWindow::Scroll)
+    EVT_SCROLLWIN_PAGEDOWN(wxDoubleBufferedWindow::Scroll)
+    EVT_SCROLLWIN_THUMBTRACK(wxDoubleBufferedWindow::Scroll)
+    EVT_SCROLLWIN_THUMBRELEASE(wxDoubleBufferedWindow::Scroll)
+    EVT_MOUSEWHEEL(wxDoubleBufferedWindow::OnMouseWheel)
+    EVT_TIMER(kRedrawTimerId, wxDoubleBufferedWindow::Timeout)
+wxEND_EVENT_TABLE()
+
+wxDoubleBufferedWindow::wxDoubleBufferedWindow(wxWindow* parent, int id, long style)
+    : m_Scroll(std::make_unique<ScrollState>())
+{
+    CALL_ENTRY("wxDoubleBufferedWindow::wxDoubleBufferedWindow");
+    SetBackgroundStyle(wxBG_STYLE_PAINT);
+    Create(parent, id, wxDefaultPosition, wxDefaultSize,
+           style | wxVSCROLL | wxHSCROLL | wxWANTS_CHARS, wxASCII_STR(wxPanelNameStr));
+    // GTK 3 complains about scrollbars that are laid out in less room than they need.
+    SetMinSize(wxSize(kLeastSize, kLeastSize));
+    SetSize(wxSize(kLeastSize, kLeastSize));
+    m_RedrawTimer.SetOwner(this, kRedrawTimerId);
+    s_Windows.insert(this);
+}
+
+wxDoubleBufferedWindow::~wxDoubleBufferedWindow()
+{
+    CALL_ENTRY("wxDoubleBufferedWindow::~wxDoubleBufferedWindow");
+    s_Windows.erase(this);
+    m_RedrawTimer.Stop();
+    m_RedrawTimer.SetOwner(nullptr);
+}
+
+_ScrollUnits wxDoubleBufferedWindow::ScrollUnits() const
+{
+    return {m_LineHeight, m_ColumnWidth, m_VisibleLines, m_VisibleColumns};
+}
+
+// What the scrollbar shows once it has followed the content. The getters go by this and not by the
+// native scrollbar, which may be behind and which reads back an empty range as 1.
+_ScrollAxis wxDoubleBufferedWindow::DueAxis(int orientation) const
+{
+    const _ScrollAxis& axis = m_Scroll->Axis(orientation);
+    if (!m_Scroll->due)
+    {
+        return axis;
+    }
+    const wxSize client = GetClientSize();
+    if (client.x < 1 || client.y < 1)
+    {
+        return axis;
+    }
+    if (orientation == wxHORIZONTAL)
+    {
+        return _Adjusted(axis, client.x, m_ContentWidth, false);
+    }
+    return _Adjusted(axis, client.y, _ScrollRange(m_LineCount, m_LineHeight), m_FollowEnd);
+}
+
+void wxDoubleBufferedWindow::AdjustScrollbars()
+{
+    CALL_ENTRY("wxDoubleBufferedWindow::AdjustScrollbars");
+    m_Scroll->due = true;
+    ApplyDueScrollbars();
+}
+
+void wxDoubleBufferedWindow::AdjustScrollbarsLater()
+{
+    if (m_Scroll->due && m_RedrawTimer.IsRunning())
+    {
+        return;
+    }
+    CALL_ENTRY("wxDoubleBufferedWindow::AdjustScrollbarsLater");
+    m_Scroll->due = true;
+    if (!m_RedrawTimer.IsRunning())
+    {
+        m_RedrawTimer.StartOnce(m_RedrawDelay);
+    }
+}
+
+void wxDoubleBufferedWindow::ApplyDueScrollbars()
+{
+    if (!m_Scroll->due)
+    {
+        return;
+    }
+    const wxSize client = GetClientSize();
+    if (client.x < 1 || client.y < 1)
+    {
+        return; // stays due until there is room
+    }
+    const _ScrollAxis horizontal = DueAxis(wxHORIZONTAL);
+    const _ScrollAxis vertical = DueAxis(wxVERTICAL);
+    m_Scroll->due = false;
+    SetScrollbar(wxHORIZONTAL, horizontal.position, horizontal.thumb, horizontal.range, true);
+    SetScrollbar(wxVERTICAL, vertical.position, vertical.thumb, vertical.range, true);
+    if (m_ScrollTrace)
+    {
+        TraceScrolling();
+    }
+}
+
+void wxDoubleBufferedWindow::TraceScrolling() const
+{
+    const _ScrollAxis h = m_Scroll->horizontal;
+    const _ScrollAxis v = m_Scroll->vertical;
+    LogInfo(SFormat("wxDoubleBufferedWindow %x    H: %d %d %d   first: %d -%d (%d / %d x %d)   "
+                    "V: %d %d %d   first: %d -%d (%d / %d x %d)",
+                    static_cast<unsigned>(reinterpret_cast<uintptr_t>(this)), h.position, h.thumb,
+                    h.range, h.position / m_ColumnWidth, h.position % m_ColumnWidth,
+                    m_ContentWidth, m_VisibleColumns, m_ColumnWidth, v.position, v.thumb, v.range,
+                    v.position / m_LineHeight, v.position % m_LineHeight, m_LineCount,
+                    m_VisibleLines, m_LineHeight));
+}
+
+void wxDoubleBufferedWindow::SetScrollbar(int orientation, int position, int thumb, int range,
+                                          bool refresh)
+{
+    CALL_ENTRY("wxDoubleBufferedWindow::SetScrollbar");
+    _ScrollAxis& axis = m_Scroll->Axis(orientation);
+    axis.thumb = thumb;
+    axis.range = range;
+    axis.position = axis.Clamped(position);
+    wxWindow::SetScrollbar(orientation, axis.position, thumb, range, refresh);
+}
+
+void wxDoubleBufferedWindow::SetScrollPos(int orientation, int position, bool refresh)
+{
+    CALL_ENTRY("wxDoubleBufferedWindow::SetScrollPos");
+    ApplyDueScrollbars();
+    _ScrollAxis& axis = m_Scroll->Axis(orientation);
+    axis.position = axis.Clamped(position);
+    wxWindow::SetScrollPos(orientation, axis.position, refresh);
+}
+
+int wxDoubleBufferedWindow::GetScrollPos(int orientation) const
+{
+    return DueAxis(orientation).position;
+}
+
+int wxDoubleBufferedWindow::GetScrollThumb(int orientation) const
+{
+    return DueAxis(orientation).thumb;
+}
+
+int wxDoubleBufferedWindow::GetScrollRange(int orientation) const
+{
+    return DueAxis(orientation).range;
+}
+
+void wxDoubleBufferedWindow::Scroll(wxScrollWinEvent& event)
+{
+    CALL_ENTRY("wxDoubleBufferedWindow::Scroll");
+    const int         orientation = event.GetOrientation();
+    const _ScrollAxis axis{GetScrollPos(orientation), GetScrollThumb(orientation),
+                           GetScrollRange(orientation)};
+    const int         target =
+        _ScrollTarget(event.GetEventType(), axis, m_LineHeight,
+                      _PageSize(orientation, ScrollUnits()), event.GetPosition());
+    SetScrollPos(orientation, target, true);
+    Redraw();
+    if (m_LinkedWindow && s_Windows.count(m_LinkedWindow))
+    {
+        m_LinkedWindow->Redraw();
+    }
+}
+
+void wxDoubleBufferedWindow::ScrollTo(int orientation, long long position)
+{
+    const _ScrollAxis axis{0, GetScrollThumb(orientation), GetScrollRange(orientation)};
+    wxScrollWinEvent  event(wxEVT_SCROLLWIN_THUMBRELEASE, axis.Clamped(position), orientation);
+    event.SetEventObject(this);
+    Scroll(event);
+}
+
+bool wxDoubleBufferedWindow::ScrollLines(int lines)
+{
+    CALL_ENTRY("wxDoubleBufferedWindow::ScrollLines");
+    ScrollTo(wxVERTICAL,
+             GetScrollPos(wxVERTICAL) + static_cast<long long>(lines) * m_LineHeight);
+    return true;
+}
+
+bool wxDoubleBufferedWindow::ScrollPages(int pages)
+{
+    CALL_ENTRY("wxDoubleBufferedWindow::ScrollPages");
+    ScrollTo(wxVERTICAL, GetScrollPos(wxVERTICAL) +
+                             static_cast<long long>(pages) * GetScrollThumb(wxVERTICAL));
+    return true;
+}
+
+// Vertical whatever the wheel's axis: these views are long, not wide.
+void wxDoubleBufferedWindow::OnMouseWheel(wxMouseEvent& event)
+{
+    CALL_ENTRY("wxDoubleBufferedWindow::OnMouseWheel");
+    const int lines = _WheelLines(m_WheelAccumulator, event.GetWheelRotation(),
+                                  event.GetWheelDelta(), event.GetLinesPerAction());
+    if (lines != 0)
+    {
+        ScrollLines(lines);
+    }
+}

@@ -1,0 +1,119 @@
+#include "listviews/_ScrollModel.h"
+#include "textviews/_FontExtents.h"
+#include "textviews/_LinePainter.h"
+#include "textviews/_LineStore.h"
+#include "textviews/_TextGeometry.h"
+#include "textviews/_TextPalette.h"
+#include "textviews/_TextSelection.h"
+#include "textviews/wxTextLineCtrl.h"
+#include "vesta/CallEntry.h"
+
+#include <algorithm>
+
+namespace
+{
+void Fill(wxDC& dc, const wxRect& rect, const wxColour& colour)
+{
+    if (colour.IsOk())
+    {
+        dc.SetBrush(wxBrush(colour));
+        dc.DrawRectangle(rect);
+    }
+}
+} // namespace
+
+_TextGeometry wxTextLineCtrl::Geometry() const
+{
+    _TextGeometry geometry;
+    geometry.lineHeight = m_LineHeight;
+    geometry.columnWidth = m_ColumnWidth;
+    geometry.scroll = {GetScrollPos(wxHORIZONTAL), GetScrollPos(wxVERTICAL)};
+    geometry.client = GetClientSize();
+    geometry.lineCount = m_Lines->Count();
+    return geometry;
+}
+
+_TextPalette wxTextLineCtrl::Palette() const
+{
+    return _TextPalette(GetBackgroundColour(), wxtGetColor(color_Selected),
+                        wxtGetColor(color_TextBlue));
+}
+
+void wxTextLineCtrl::DrawBitmap()
+{
+    CALL_ENTRY("wxTextLineCtrl::DrawBitmap");
+    const _TextGeometry geometry = Geometry();
+    wxMemoryDC          dc(*m_Buffer);
+    dc.SetPen(*wxTRANSPARENT_PEN);
+    Fill(dc, wxRect(geometry.client), GetBackgroundColour());
+    DrawBands(dc, geometry);
+
+    _LinePainter painter(dc, m_Font.font, geometry, *m_Places);
+    painter.SetColour(GetForegroundColour());
+    const int end = EndOfDrawnLines(geometry);
+    for (int line = geometry.FirstDrawnLine(); line < end; ++line)
+    {
+        painter.DrawLine(line, m_Lines->Line(line),
+                         {geometry.FirstDrawnCell(), geometry.EndOfDrawnCells()});
+    }
+    painter.Flush();
+    if (m_MarkedLine >= geometry.FirstDrawnLine() && m_MarkedLine < end)
+    {
+        DrawHit(dc, geometry, painter);
+    }
+}
+
+int wxTextLineCtrl::EndOfDrawnLines(const _TextGeometry& geometry) const
+{
+    // Before the first size event the base has not counted them yet.
+    return geometry.EndOfDrawnLines(
+        std::max(m_VisibleLines, _VisibleUnits(geometry.client.y, m_LineHeight)));
+}
+
+_LineState wxTextLineCtrl::StateOf(int line) const
+{
+    return {m_Selection->Contains(line), line == m_HoverLine, line == m_MarkedLine};
+}
+
+// Plain lines show the background that is there already.
+void wxTextLineCtrl::DrawBands(wxMemoryDC& dc, const _TextGeometry& geometry) const
+{
+    const _TextPalette palette = Palette();
+    const int          end = EndOfDrawnLines(geometry);
+    for (int line = geometry.FirstDrawnLine(); line < end; ++line)
+    {
+        const _LineState state = StateOf(line);
+        if (state.selected || state.hover || state.marked)
+        {
+            Fill(dc, geometry.BandOf(line), palette.Band(state));
+        }
+    }
+}
+
+// The hit is its cells with every colour inverted, in a box with rounded corners. The ports can't
+// invert alike, so that it is drawn anew in the inverted colours.
+void wxTextLineCtrl::DrawHit(wxMemoryDC& dc, const _TextGeometry& geometry,
+                             _LinePainter& painter) const
+{
+    const std::string_view text = m_Lines->Line(m_MarkedLine);
+    const auto             cellOf = [&](int column)
+    { return m_Places->AtColumn(m_MarkedLine, text, column).cell; };
+    const int left = geometry.XOf(cellOf(m_MatchColumn));
+    const int right = geometry.XOf(cellOf(m_MatchColumn + m_MatchLength));
+    wxRect    box(left, geometry.TopOf(m_MarkedLine), right - left, m_LineHeight);
+    // A hit of any length costs no more than what is seen of it.
+    box.Intersect(wxRect(geometry.client).Inflate(m_LineHeight));
+    if (box.IsEmpty())
+    {
+        return;
+    }
+    const auto     rows = _RoundedRows(box, m_ColumnWidth / 2);
+    const wxColour inverted = _InvertedColour(Palette().Band(StateOf(m_MarkedLine)));
+    for (const wxRect& row : rows)
+    {
+        Fill(dc, row, inverted);
+    }
+    painter.SetColour(_InvertedColour(GetForegroundColour()));
+    painter.DrawLineWithin(rows, m_MarkedLine, text,
+                           {geometry.FirstDrawnCell(), geometry.EndOfDrawnCells()});
+}

@@ -1,0 +1,240 @@
+#include "textviews/_LineStore.h"
+#include "textviews/_TextGeometry.h"
+#include "textviews/_TextSelection.h"
+#include "textviews/wxTextLineCtrl.h"
+#include "vesta/CallEntry.h"
+#include "vesta/Exception.h"
+
+#include <wx/menu.h>
+#include <wx/msgdlg.h>
+
+#include "appearance/wxTolvanString.h"
+
+namespace
+{
+/// What a key with or without Ctrl scrolls.
+struct KeyScroll
+{
+    int                key;
+    const wxEventType& plain; ///< References: event types get their values at start-up.
+    const wxEventType& withCtrl;
+    int                orientation;
+};
+
+// Home and End scroll sideways with Ctrl too: the way to the first and the last line is Ctrl with
+// Page Up and Page Down, and the menu.
+const KeyScroll kKeyScrolls[] = {
+    {WXK_HOME, wxEVT_SCROLLWIN_TOP, wxEVT_SCROLLWIN_TOP, wxHORIZONTAL},
+    {WXK_END, wxEVT_SCROLLWIN_BOTTOM, wxEVT_SCROLLWIN_BOTTOM, wxHORIZONTAL},
+    {WXK_LEFT, wxEVT_SCROLLWIN_LINEUP, wxEVT_SCROLLWIN_LINEUP, wxHORIZONTAL},
+    {WXK_RIGHT, wxEVT_SCROLLWIN_LINEDOWN, wxEVT_SCROLLWIN_LINEDOWN, wxHORIZONTAL},
+    {WXK_UP, wxEVT_SCROLLWIN_LINEUP, wxEVT_SCROLLWIN_LINEUP, wxVERTICAL},
+    {WXK_DOWN, wxEVT_SCROLLWIN_LINEDOWN, wxEVT_SCROLLWIN_LINEDOWN, wxVERTICAL},
+    {WXK_PAGEUP, wxEVT_SCROLLWIN_PAGEUP, wxEVT_SCROLLWIN_TOP, wxVERTICAL},
+    {WXK_PAGEDOWN, wxEVT_SCROLLWIN_PAGEDOWN, wxEVT_SCROLLWIN_BOTTOM, wxVERTICAL},
+};
+
+struct MenuEntry
+{
+    int         id; ///< 0 for a separator.
+    const char* label;
+};
+
+constexpr MenuEntry kStandardEntries[] = {
+    {wxTextLineCtrl::menu_SaveAs, wxTRANSLATE("Save As...\tCtrl+S")},
+    {0, nullptr},
+    {wxTextLineCtrl::menu_Search, wxTRANSLATE("Search...\tCtrl+F")},
+    {0, nullptr},
+    {wxTextLineCtrl::menu_SelectAll, wxTRANSLATE("Select All\tCtrl+A")},
+    {wxTextLineCtrl::menu_SelectNone, wxTRANSLATE("Select None\tEsc")},
+    {0, nullptr},
+    {wxTextLineCtrl::menu_Copy, wxTRANSLATE("Copy\tCtrl+C")},
+    {0, nullptr},
+    {wxTextLineCtrl::menu_ScrollToTop, wxTRANSLATE("Scroll to Top\tCtrl+Home")},
+    {wxTextLineCtrl::menu_ScrollToBottom, wxTRANSLATE("Scroll to Bottom\tCtrl+End")},
+};
+} // namespace
+
+void wxTextLineCtrl::OnLeftClick(wxMouseEvent& event)
+{
+    CALL_ENTRY("wxTextLineCtrl::OnLeftClick");
+    SetFocus();
+    m_Selecting = true;
+    m_Selection->Click(Geometry().LineAt(event.GetY()), m_Lines->Count());
+    Redraw();
+    if (!HasCapture())
+    {
+        CaptureMouse();
+    }
+}
+
+void wxTextLineCtrl::OnLeftUp(wxMouseEvent&)
+{
+    CALL_ENTRY("wxTextLineCtrl::OnLeftUp");
+    StopSelecting();
+}
+
+void wxTextLineCtrl::OnCaptureLoss(wxMouseCaptureLostEvent&)
+{
+    CALL_ENTRY("wxTextLineCtrl::OnCaptureLoss");
+    StopSelecting();
+}
+
+void wxTextLineCtrl::OnMouseMove(wxMouseEvent& event)
+{
+    CALL_ENTRY("wxTextLineCtrl::OnMouseMove");
+    const int line = Geometry().LineAt(event.GetY());
+    SetHighlightLine(line);
+    if (m_Selecting)
+    {
+        m_Selection->Drag(line, m_Lines->Count());
+        Redraw();
+        AutoScroll(event.GetY());
+    }
+}
+
+// One line for every motion outside the view.
+void wxTextLineCtrl::AutoScroll(int y)
+{
+    if (y < 0)
+    {
+        ScrollBy(wxEVT_SCROLLWIN_LINEUP, wxVERTICAL);
+    }
+    else if (y > GetClientSize().y)
+    {
+        ScrollBy(wxEVT_SCROLLWIN_LINEDOWN, wxVERTICAL);
+    }
+}
+
+void wxTextLineCtrl::ScrollBy(wxEventType type, int orientation)
+{
+    wxScrollWinEvent event(type, 0, orientation);
+    event.SetEventObject(this);
+    Scroll(event);
+}
+
+void wxTextLineCtrl::OnMouseLeave(wxMouseEvent&)
+{
+    CALL_ENTRY("wxTextLineCtrl::OnMouseLeave");
+    SetHighlightLine(-1);
+}
+
+void wxTextLineCtrl::OnRightClick(wxMouseEvent&)
+{
+    CALL_ENTRY("wxTextLineCtrl::OnRightClick");
+    SetFocus();
+    wxMenu menu;
+    HandleContextMenu(menu, true);
+}
+
+void wxTextLineCtrl::HandleContextMenu(wxMenu& menu, bool addStandardItems)
+{
+    CALL_ENTRY("wxTextLineCtrl::HandleContextMenu");
+    if (addStandardItems)
+    {
+        for (const MenuEntry& entry : kStandardEntries)
+        {
+            if (entry.id == 0)
+            {
+                menu.AppendSeparator();
+            }
+            else
+            {
+                menu.Append(entry.id, wxGetTranslation(entry.label));
+            }
+        }
+    }
+    PopupMenu(&menu);
+}
+
+void wxTextLineCtrl::OnKey(wxKeyEvent& event)
+{
+    CALL_ENTRY("wxTextLineCtrl::OnKey");
+    event.Skip(); // the parent sees every key too
+    const int key = event.GetKeyCode();
+    for (const KeyScroll& scroll : kKeyScrolls)
+    {
+        if (scroll.key == key)
+        {
+            ScrollBy(event.ControlDown() ? scroll.withCtrl : scroll.plain, scroll.orientation);
+            return;
+        }
+    }
+    if (key == WXK_ESCAPE)
+    {
+        SelectNone();
+    }
+    else if (event.ControlDown())
+    {
+        OnCtrlKey(key);
+    }
+}
+
+void wxTextLineCtrl::OnCtrlKey(int key)
+{
+    switch (key)
+    {
+    case 'A':
+        SelectAll();
+        break;
+    case 'C':
+        CopySelectionToClipboard();
+        break;
+    case 'F':
+        ToggleSearch();
+        break;
+    case 'S':
+        SaveOrTell();
+        break;
+    default:
+        break;
+    }
+}
+
+void wxTextLineCtrl::OnMenu(wxCommandEvent& event)
+{
+    CALL_ENTRY("wxTextLineCtrl::OnMenu");
+    switch (event.GetId())
+    {
+    case menu_SelectAll:
+        SelectAll();
+        break;
+    case menu_SelectNone:
+        SelectNone();
+        break;
+    case menu_Copy:
+        CopySelectionToClipboard();
+        break;
+    case menu_ScrollToTop:
+        ScrollBy(wxEVT_SCROLLWIN_TOP, wxVERTICAL);
+        break;
+    case menu_ScrollToBottom:
+        ScrollBy(wxEVT_SCROLLWIN_BOTTOM, wxVERTICAL);
+        break;
+    case menu_SaveAs:
+        SaveOrTell();
+        break;
+    case menu_Search:
+        ToggleSearch();
+        break;
+    default:
+        event.Skip();
+        break;
+    }
+}
+
+// A key or a menu has no caller that could handle the failure: the user has to hear of it.
+void wxTextLineCtrl::SaveOrTell()
+{
+    try
+    {
+        SaveAs();
+    }
+    catch (Exception* exception)
+    {
+        const std::unique_ptr<Exception> owner(exception);
+        exception->Log();
+        wxMessageBox(wxtToWx(exception->Text() + "\n" + exception->Text2()), _("Save As"),
+                     wxOK | wxICON_ERROR, this);
+    }
+}

@@ -1,0 +1,80 @@
+#include "appearance/wxTolvanString.h"
+#include "textviews/_LineStore.h"
+#include "textviews/_TextSelection.h"
+#include "textviews/wxTextLineCtrl.h"
+#include "vesta/CallEntry.h"
+#include "vesta/OutputFile.h"
+
+#include <wx/clipbrd.h>
+#include <wx/filedlg.h>
+
+#include <algorithm>
+
+namespace
+{
+// Carries the bytes as they are; the text form can't where they are no valid text.
+const char* const kBytesFormat = "application/octet-stream";
+} // namespace
+
+String wxTextLineCtrl::SelectedText() const
+{
+    String    text;
+    const int last = std::min(m_Selection->Last(), m_Lines->Count() - 1);
+    for (int line = std::max(m_Selection->First(), 0); line <= last; ++line)
+    {
+        text += m_Lines->Line(line);
+        text += '\n';
+    }
+    return text;
+}
+
+void wxTextLineCtrl::CopySelectionToClipboard()
+{
+    CALL_ENTRY("wxTextLineCtrl::CopySelectionToClipboard");
+    const wxClipboardLocker clipboard;
+    if (!clipboard)
+    {
+        return;
+    }
+    const String text = SelectedText();
+    auto* const  data = new wxDataObjectComposite;
+    data->Add(new wxTextDataObject(wxtToWx(text)), true);
+    auto* const bytes = new wxCustomDataObject(wxDataFormat(kBytesFormat));
+    bytes->SetData(text.size(), text.data());
+    data->Add(bytes);
+    wxTheClipboard->SetData(data);
+    wxTheClipboard->Flush();
+}
+
+void wxTextLineCtrl::SaveAs()
+{
+    CALL_ENTRY("wxTextLineCtrl::SaveAs");
+    const wxString name =
+        wxFileSelector(wxASCII_STR(wxFileSelectorPromptStr), wxEmptyString, wxEmptyString,
+                       wxEmptyString, wxASCII_STR(wxFileSelectorDefaultWildcardStr),
+                       wxFD_SAVE | wxFD_OVERWRITE_PROMPT, this);
+    if (!name.empty())
+    {
+        SaveTo(Path(String(name.fn_str())));
+    }
+}
+
+void wxTextLineCtrl::SaveTo(const Path& path) const
+{
+    CALL_ENTRY("wxTextLineCtrl::SaveTo");
+    const String endOfLine = OutputFile::k_EndOfLine;
+    OutputFile   file(path);
+    const int    count = m_Lines->Count();
+    for (int line = 0; line < count;)
+    {
+        const _LineStore::Block block = m_Lines->BlockOf(line);
+        for (int i = 0; i < block.lineCount; ++i)
+        {
+            const std::string_view text = block.Line(i);
+            file.Write(text.data(), text.size());
+            file.Write(endOfLine);
+        }
+        line = block.firstLine + block.lineCount;
+    }
+    file.Close();
+}

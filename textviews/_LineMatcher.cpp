@@ -1,0 +1,223 @@
+#include "textviews/_LineMatcher.h"
+
+#include "textviews/_TextCells.h"
+
+#include <algorithm>
+#include <cstring>
+#include <cwctype>
+
+namespace
+{
+constexpr uint32_t kTabledCodes = 0x600; // Latin, Greek, Cyrillic and what lies between
+constexpr size_t   kAsciiCodes = 0x80;
+constexpr uint32_t kLastInvalid = kInvalidByteBase + 0xFF;
+
+uint32_t LowerCase(uint32_t code)
+{
+    if (code >= kInvalidByteBase && code <= kLastInvalid)
+    {
+        return code;
+    }
+    return static_cast<uint32_t>(std::towlower(static_cast<wint_t>(code)));
+}
+
+char LowerAscii(char c)
+{
+    return static_cast<char>(c + (static_cast<unsigned char>(c - 'A') < 26 ? 'a' - 'A' : 0));
+}
+
+const char* FindBytes(std::string_view in, std::string_view what)
+{
+    return static_cast<const char*>(memmem(in.data(), in.size(), what.data(), what.size()));
+}
+} // namespace
+
+_LineMatcher::_LineMatcher(const String& text, bool matchCase) : m_MatchCase(matchCase)
+{
+    if (!matchCase)
+    {
+        m_FoldedCodes.resize(kTabledCodes);
+        for (uint32_t code = 0; code < kTabledCodes; ++code)
+        {
+            m_FoldedCodes[code] = LowerCase(code);
+        }
+    }
+    for (size_t byte = 0; byte < text.size();)
+    {
+        const _TextCell cell = _CellAt(text, byte);
+        m_Codes.push_back(Folded(cell.code));
+        byte += static_cast<size_t>(cell.bytes);
+    }
+    PrepareFallbacks();
+    PrepareQuickBytes();
+    if (m_MatchCase)
+    {
+        m_Bytes = text;
+        m_Quick = !text.empty();
+    }
+}
+
+// Whether blocks of ASCII can be compared by bytes in lower case: not in a locale whose lower case
+// of an ASCII letter is something else (Turkish), and not for a text that holds other characters.
+void _LineMatcher::PrepareQuickBytes()
+{
+    if (m_MatchCase || m_Codes.empty())
+    {
+        return;
+    }
+    for (uint32_t code = 0; code < kAsciiCodes; ++code)
+    {
+        if (m_FoldedCodes[code] != static_cast<unsigned char>(LowerAscii(static_cast<char>(code))))
+        {
+            return;
+        }
+    }
+    m_Quick = std::all_of(m_Codes.begin(), m_Codes.end(),
+                          [](uint32_t code) { return code < kAsciiCodes; });
+    if (m_Quick)
+    {
+        m_Bytes.assign(m_Codes.begin(), m_Codes.end());
+    }
+}
+
+uint32_t _LineMatcher::Folded(uint32_t code) const
+{
+    if (m_MatchCase)
+    {
+        return code;
+    }
+    return code < kTabledCodes ? m_FoldedCodes[code] : LowerCase(code);
+}
+
+// The table of the Knuth-Morris-Pratt search: it never goes back in the line, so that a long line
+// can be left and taken up again anywhere.
+void _LineMatcher::PrepareFallbacks()
+{
+    m_Fallbacks.assign(m_Codes.size() + 1, 0);
+    size_t agreed = 0;
+    for (size_t i = 1; i < m_Codes.size(); ++i)
+    {
+        while (agreed > 0 && m_Codes[i] != m_Codes[agreed])
+        {
+            agreed = m_Fallbacks[agreed];
+        }
+        agreed += m_Codes[i] == m_Codes[agreed] ? 1 : 0;
+        m_Fallbacks[i + 1] = agreed;
+    }
+}
+
+bool _LineMatcher::Continue(std::string_view line, Progress& progress, size_t budget) const
+{
+    const size_t end = std::min(line.size(), progress.byte + budget);
+    if (m_Codes.empty())
+    {
+        progress.byte = line.size();
+        return false;
+    }
+    while (progress.byte < end)
+    {
+        const _TextCell cell = _CellAt(line, progress.byte);
+        const uint32_t  code = Folded(cell.code);
+        while (progress.matched > 0 && code != m_Codes[progress.matched])
+        {
+            progress.matched = m_Fallbacks[progress.matched];
+        }
+        progress.matched += code == m_Codes[progress.matched] ? 1 : 0;
+        progress.byte += static_cast<size_t>(cell.bytes);
+        ++progress.column;
+        if (progress.matched == m_Codes.size())
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool _LineMatcher::Find(std::string_view line, _LineMatch& match) const
+{
+    Progress progress;
+    if (!Continue(line, progress, line.size()))
+    {
+        return false;
+    }
+    match.column = static_cast<int>(progress.column) - Length();
+    match.length = Length();
+    return true;
+}
+
+const std::vector<int>& _LineMatcher::HitsIn(const _LineStore::Block& block, int from, int end,
+                                             bool onlyFirst)
+{
+    m_Hits.clear();
+    if (m_Codes.empty() || from >= end)
+    {
+        return m_Hits;
+    }
+    if (m_Quick && m_MatchCase)
+    {
+        QuickHits(block, block.bytes, from, end, onlyFirst);
+    }
+    else if (m_Quick && _IsAscii(block.bytes))
+    {
+        QuickHits(block, LowerCaseOf(block.bytes), from, end, onlyFirst);
+    }
+    else
+    {
+        SlowHits(block, from, end, onlyFirst);
+    }
+    return m_Hits;
+}
+
+std::string_view _LineMatcher::LowerCaseOf(std::string_view ascii)
+{
+    m_Scratch.resize(ascii.size());
+    std::transform(ascii.begin(), ascii.end(), m_Scratch.begin(), LowerAscii);
+    return m_Scratch;
+}
+
+// Compares bytes without regard to the lines; what is found may lie across two of them, or start
+// within a character, and is looked at again.
+void _LineMatcher::QuickHits(const _LineStore::Block& block, std::string_view bytes, int from,
+                             int end, bool onlyFirst)
+{
+    const auto   startOf = [&](int line)
+    { return line < block.lineCount ? block.StartOf(line) : bytes.size(); };
+    const size_t limit = startOf(end);
+    _LineMatch   ignored;
+    for (size_t at = startOf(from); at < limit;)
+    {
+        const char* const hit = FindBytes(bytes.substr(at, limit - at), m_Bytes);
+        if (!hit)
+        {
+            return;
+        }
+        const auto byte = static_cast<size_t>(hit - bytes.data());
+        const int  line = block.LineAt(byte);
+        at = byte + 1;
+        if (Find(block.Line(line), ignored))
+        {
+            m_Hits.push_back(line);
+            if (onlyFirst)
+            {
+                return;
+            }
+            at = startOf(line + 1);
+        }
+    }
+}
+
+void _LineMatcher::SlowHits(const _LineStore::Block& block, int from, int end, bool onlyFirst)
+{
+    _LineMatch ignored;
+    for (int line = from; line < end; ++line)
+    {
+        if (Find(block.Line(line), ignored))
+        {
+            m_Hits.push_back(line);
+            if (onlyFirst)
+            {
+                return;
+            }
+        }
+    }
+}

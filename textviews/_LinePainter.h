@@ -1,0 +1,36 @@
+#pragma once
+
+#include "appearance/_TextPainter.h"
+#include "textviews/_TextCells.h"
+#include "textviews/_TextGeometry.h"
+
+#include <string_view>
+
+/// Draws the text of lines on the grid of cells: the one place where that is done. Every character
+/// stands exactly in its cells, whatever the font's advances.
+class _LinePainter
+{
+public:
+    /// A stretch of cells, [first, end).
+    struct Cells
+    {
+        int64_t first = 0;
+        int64_t end = 0;
+    };
+
+    _LinePainter(wxMemoryDC& dc, const wxFont& font, const _TextGeometry& geometry,
+                 _TextPlaces& places);
+
+    void SetColour(const wxColour& colour) { m_Painter.SetColour(colour); }
+    /// Draws the characters of the line that lie at least in part in the stretch.
+    void DrawLine(int line, std::string_view text, const Cells& cells);
+    /// The same, cut off outside the rectangles.
+    void DrawLineWithin(const std::vector<wxRect>& rects, int line, std::string_view text,
+                        const Cells& cells);
+    void Flush() { m_Painter.Flush(); }
+
+private:
+    _TextPainter         m_Painter;
+    const _TextGeometry& m_Geometry;
+    _TextPlaces&         m_Places;
+};

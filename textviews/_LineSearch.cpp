@@ -1,0 +1,212 @@
+#include "textviews/_LineSearch.h"
+
+#include <algorithm>
+
+namespace
+{
+// A line from this many bytes on is looked through in pieces. Longer than any block of short lines.
+constexpr size_t kLongLine = 64 * 1024;
+
+bool IsLong(const _LineStore::Block& block)
+{
+    return block.bytes.size() > kLongLine;
+}
+} // namespace
+
+void _LineSearch::Begin(const String& text, bool forward, bool matchCase, int start)
+{
+    m_Matcher = std::make_unique<_LineMatcher>(text, matchCase);
+    m_Progress = {};
+    m_State = State::Running;
+    m_Forward = forward;
+    m_Wrapped = false;
+    m_Next = m_Start = start;
+    m_Match = {};
+}
+
+// Goes on from the other end once; false when the way round is complete.
+bool _LineSearch::WrapIfAtEnd(int count)
+{
+    if (!m_Wrapped && (m_Forward ? m_Next >= count : m_Next < 0))
+    {
+        m_Wrapped = true;
+        m_Next = m_Forward ? 0 : count - 1;
+        m_Progress = {};
+    }
+    if (m_Forward)
+    {
+        return m_Next < (m_Wrapped ? std::min(m_Start, count) : count);
+    }
+    return m_Next > (m_Wrapped ? std::max(m_Start, -1) : -1);
+}
+
+_LineSearch::State _LineSearch::Step(const _LineStore& lines, size_t budget)
+{
+    size_t left = budget;
+    while (m_State == State::Running && left > 0)
+    {
+        const int count = lines.Count();
+        m_Next = m_Forward ? std::max(m_Next, 0) : std::min(m_Next, count - 1);
+        if (!WrapIfAtEnd(count))
+        {
+            m_State = State::NotFound;
+            break;
+        }
+        const size_t used = LookThrough(lines.BlockOf(m_Next), left);
+        left -= std::min(left, std::max<size_t>(used, 1));
+    }
+    return m_State;
+}
+
+// The lines of the block that the search is due to look through.
+_LineSearch::Range _LineSearch::RangeIn(const _LineStore::Block& block) const
+{
+    const int end = block.firstLine + block.lineCount;
+    if (m_Forward)
+    {
+        return {m_Next, m_Wrapped ? std::min(end, m_Start) : end};
+    }
+    return {m_Wrapped ? std::max(block.firstLine, m_Start + 1) : block.firstLine, m_Next + 1};
+}
+
+void _LineSearch::MoveBeyond(const Range& range)
+{
+    m_Next = m_Forward ? range.end : range.first - 1;
+    m_Progress = {};
+}
+
+void _LineSearch::TakeMatch(int line, const _LineMatch& match)
+{
+    m_Match = match;
+    m_Match.line = line;
+    m_State = State::Found;
+}
+
+// Gives the number of bytes that were looked at.
+size_t _LineSearch::LookThrough(const _LineStore::Block& block, size_t budget)
+{
+    const Range range = RangeIn(block);
+    if (IsLong(block))
+    {
+        const size_t before = m_Progress.byte;
+        const bool   found = m_Matcher->Continue(block.bytes, m_Progress, budget);
+        const size_t used = m_Progress.byte - before;
+        if (found)
+        {
+            const int length = m_Matcher->Length();
+            TakeMatch(m_Next, {m_Next, static_cast<int>(m_Progress.column) - length, length});
+        }
+        else if (m_Progress.byte >= block.bytes.size())
+        {
+            MoveBeyond(range);
+        }
+        return used;
+    }
+    // Backwards the last one counts.
+    const std::vector<int>& hits =
+        m_Matcher->HitsIn(block, range.first - block.firstLine, range.end - block.firstLine,
+                          m_Forward);
+    _LineMatch match;
+    if (!hits.empty() && m_Matcher->Find(block.Line(hits.back()), match))
+    {
+        TakeMatch(block.firstLine + hits.back(), match);
+    }
+    else
+    {
+        MoveBeyond(range);
+    }
+    return block.bytes.size();
+}
+
+void _LineSearch::LineInserted(int line)
+{
+    m_Next += line <= m_Next ? 1 : 0;
+    m_Start += line <= m_Start ? 1 : 0;
+}
+
+void _LineSearch::LineErased(int line)
+{
+    if (line == m_Next)
+    {
+        m_Progress = {};
+        m_Next -= m_Forward ? 0 : 1;
+    }
+    else if (line < m_Next)
+    {
+        --m_Next;
+    }
+    m_Start -= line < m_Start ? 1 : 0;
+}
+
+void _HitCounter::Begin(const String& text, bool matchCase)
+{
+    m_Matcher = std::make_unique<_LineMatcher>(text, matchCase);
+    LinesCleared();
+}
+
+void _HitCounter::LinesCleared()
+{
+    m_Progress = {};
+    m_Next = 0;
+    m_Hits = 0;
+}
+
+bool _HitCounter::Step(const _LineStore& lines, size_t budget)
+{
+    size_t left = budget;
+    while (m_Matcher && m_Next < lines.Count() && left > 0)
+    {
+        const _LineStore::Block block = lines.BlockOf(m_Next);
+        const size_t            used = CountIn(block, left);
+        left -= std::min(left, std::max<size_t>(used, 1));
+    }
+    return !m_Matcher || m_Next >= lines.Count();
+}
+
+// Gives the number of bytes that were looked at.
+size_t _HitCounter::CountIn(const _LineStore::Block& block, size_t budget)
+{
+    if (IsLong(block))
+    {
+        const size_t before = m_Progress.byte;
+        const bool   found = m_Matcher->Continue(block.bytes, m_Progress, budget);
+        const size_t used = m_Progress.byte - before;
+        if (found || m_Progress.byte >= block.bytes.size())
+        {
+            m_Hits += found ? 1 : 0;
+            m_Progress = {};
+            ++m_Next;
+        }
+        return used;
+    }
+    const int from = m_Next - block.firstLine;
+    m_Hits += static_cast<int>(m_Matcher->HitsIn(block, from, block.lineCount, false).size());
+    m_Next = block.firstLine + block.lineCount;
+    return block.bytes.size();
+}
+
+void _HitCounter::LineInserted(const _LineStore& lines, int line)
+{
+    _LineMatch ignored;
+    if (m_Matcher && line < m_Next)
+    {
+        m_Hits += m_Matcher->Find(lines.Line(line), ignored) ? 1 : 0;
+        ++m_Next;
+    }
+}
+
+void _HitCounter::LineErased(const _LineStore& lines, int line)
+{
+    _LineMatch ignored;
+    if (!m_Matcher || line > m_Next)
+    {
+        return;
+    }
+    if (line == m_Next)
+    {
+        m_Progress = {};
+        return;
+    }
+    m_Hits -= m_Matcher->Find(lines.Line(line), ignored) ? 1 : 0;
+    --m_Next;
+}

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "textviews/_LineMatcher.h"
+#include "textviews/_LineStore.h"
+#include "vesta/Export.h"
+
+#include <memory>
+
+/// A search through the lines, done in steps. The unit is the line: at most one hit a line, the
+/// first one in it. Lines may come and go between the steps, if the search is told.
+class TOLVAN_API _LineSearch
+{
+public:
+    enum class State
+    {
+        Idle,
+        Running,
+        Found,
+        NotFound
+    };
+
+    /// Begins at line `start` and goes once round all lines. A start before the first line (after
+    /// the last one) goes on from the other end.
+    void Begin(const String& text, bool forward, bool matchCase, int start);
+    /// Goes on for about `budget` bytes.
+    State Step(const _LineStore& lines, size_t budget);
+    void  Stop() { m_State = State::Idle; }
+
+    State             GetState() const { return m_State; }
+    bool              IsForward() const { return m_Forward; }
+    bool              HasWrapped() const { return m_Wrapped; } ///< It went past an end.
+    const _LineMatch& Match() const { return m_Match; }        ///< Valid when found.
+
+    /// To be told of lines that come (before others) and go.
+    /// @{
+    void LineInserted(int line);
+    void LineErased(int line);
+    /// @}
+
+private:
+    struct Range
+    {
+        int first = 0;
+        int end = 0;
+    };
+
+    bool   WrapIfAtEnd(int count);
+    Range  RangeIn(const _LineStore::Block& block) const;
+    size_t LookThrough(const _LineStore::Block& block, size_t budget);
+    void   MoveBeyond(const Range& range);
+    void   TakeMatch(int line, const _LineMatch& match);
+
+    std::unique_ptr<_LineMatcher> m_Matcher;
+    _LineMatcher::Progress        m_Progress; ///< Within a long line.
+    State                         m_State = State::Idle;
+    bool                          m_Forward = true;
+    bool                          m_Wrapped = false;
+    int                           m_Next = 0;  ///< The line that is looked at next.
+    int                           m_Start = 0; ///< The line that the way round began at.
+    _LineMatch                    m_Match;
+};
+
+/// Counts the lines that hold a text, in steps, and goes on as lines come.
+class TOLVAN_API _HitCounter
+{
+public:
+    void Begin(const String& text, bool matchCase);
+    void Stop() { m_Matcher.reset(); }
+    bool IsActive() const { return m_Matcher != nullptr; }
+    /// Goes on for about `budget` bytes; true when all lines are counted.
+    bool Step(const _LineStore& lines, size_t budget);
+    int  Hits() const { return m_Hits; } ///< So far.
+
+    /// To be told of every line that comes before others, after it came; of every line that goes,
+    /// before it goes.
+    /// @{
+    void LineInserted(const _LineStore& lines, int line);
+    void LineErased(const _LineStore& lines, int line);
+    void LinesCleared();
+    /// @}
+
+private:
+    size_t CountIn(const _LineStore::Block& block, size_t budget);
+
+    std::unique_ptr<_LineMatcher> m_Matcher;
+    _LineMatcher::Progress        m_Progress;
+    int                           m_Next = 0; ///< The first line that is not counted yet.
+    int                           m_Hits = 0;
+};

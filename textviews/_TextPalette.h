@@ -1,0 +1,32 @@
+#pragma once
+
+#include "vesta/Export.h"
+
+#include <wx/colour.h>
+
+#include <array>
+
+/// What a line is, for the colour of its band.
+struct _LineState
+{
+    bool selected = false;
+    bool hover = false;
+    bool marked = false; ///< The search last hit it.
+};
+
+/// Colours of the bands behind the lines, all derived from three of the scheme.
+class TOLVAN_API _TextPalette
+{
+public:
+    _TextPalette(const wxColour& background, const wxColour& selection, const wxColour& mark);
+
+    const wxColour& Band(const _LineState& state) const;
+
+private:
+    std::array<wxColour, 8> m_Bands; ///< By the three bits of the state.
+};
+
+/// 75% of the one and 25% of the other, each channel truncated. An invalid colour adds nothing.
+TOLVAN_API wxColour _MixedColour(const wxColour& most, const wxColour& some);
+/// Each channel's complement; an invalid colour stays invalid.
+TOLVAN_API wxColour _InvertedColour(const wxColour& colour);

@@ -1,0 +1,306 @@
+#include "textviews/wxTextLineCtrl.h"
+
+#include "listviews/_ScrollModel.h"
+#include "textviews/_FontExtents.h"
+#include "textviews/_LineSearch.h"
+#include "textviews/_LineStore.h"
+#include "textviews/_TextCells.h"
+#include "textviews/_TextGeometry.h"
+#include "textviews/_TextSelection.h"
+#include "textviews/wxTextLineSearchPanel.h"
+#include "vesta/CallEntry.h"
+#include "vesta/Log.h"
+
+#include <algorithm>
+#include <climits>
+
+namespace
+{
+const char* const kTabReplacement = "    ";
+constexpr size_t  kSearchStep = 1024 * 1024; // bytes
+
+String WithoutTabs(const String& line)
+{
+    String expanded;
+    expanded.reserve(line.size() + 32);
+    for (const char c : line)
+    {
+        if (c == '\t')
+        {
+            expanded += kTabReplacement;
+        }
+        else
+        {
+            expanded += c;
+        }
+    }
+    return expanded;
+}
+
+int Saturated(int64_t count)
+{
+    return static_cast<int>(std::min<int64_t>(count, INT_MAX - 1));
+}
+} // namespace
+
+wxBEGIN_EVENT_TABLE(wxTextLineCtrl, wxDoubleBufferedWindow)
+    EVT_LEFT_DOWN(wxTextLineCtrl::OnLeftClick)
+    EVT_LEFT_UP(wxTextLineCtrl::OnLeftUp)
+    EVT_MOUSE_CAPTURE_LOST(wxTextLineCtrl::OnCaptureLoss)
+    EVT_MOTION(wxTextLineCtrl::OnMouseMove)
+    EVT_LEAVE_WINDOW(wxTextLineCtrl::OnMouseLeave)
+    EVT_RIGHT_DOWN(wxTextLineCtrl::OnRightClick)
+    EVT_KEY_DOWN(wxTextLineCtrl::OnKey)
+    EVT_MENU_RANGE(menu_SelectAll, menu_Search, wxTextLineCtrl::OnMenu)
+wxEND_EVENT_TABLE()
+
+wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
+    : wxDoubleBufferedWindow(parent, wxID_ANY, wxBORDER_NONE | wxWANTS_CHARS),
+      m_Font(_FontExtents::Get()), m_Lines(std::make_unique<_LineStore>()),
+      m_Places(std::make_unique<_TextPlaces>()), m_Selection(std::make_unique<_TextSelection>())
+{
+    CALL_ENTRY("wxTextLineCtrl::wxTextLineCtrl");
+    Manage(this);
+    m_BackgroundName = color_WindowBGLighter;
+    RefreshColors();
+    SetFont(m_Font.font);
+    m_ColumnWidth = static_cast<int>(m_Font.columnWidth);
+    m_LineHeight = static_cast<int>(m_Font.lineHeight);
+    SetScrollbar(wxHORIZONTAL, 0, 0, 0);
+    SetScrollbar(wxVERTICAL, 0, 0, 0);
+    m_SearchPanel = new wxTextLineSearchPanel(this, parent);
+}
+
+wxTextLineCtrl::~wxTextLineCtrl()
+{
+    CALL_ENTRY("wxTextLineCtrl::~wxTextLineCtrl");
+    if (HasCapture())
+    {
+        ReleaseMouse();
+    }
+    if (m_SearchPanel && GetParent() && !GetParent()->IsBeingDeleted())
+    {
+        m_SearchPanel->Destroy();
+    }
+}
+
+wxTextLineSearchPanel* wxTextLineCtrl::GetSearchPanel() const
+{
+    return static_cast<wxTextLineSearchPanel*>(m_SearchPanel.get());
+}
+
+// Nothing here may cost more than constant time, measure text or touch the native scrollbars:
+// programs append millions of lines.
+int wxTextLineCtrl::Append(const String& line, bool sorted)
+{
+    CALL_ENTRY("wxTextLineCtrl::Append");
+    if (line.find('\t') != String::npos)
+    {
+        return Append(WithoutTabs(line), sorted);
+    }
+    int index = m_Lines->Count();
+    if (sorted)
+    {
+        index = InsertSorted(line);
+    }
+    else
+    {
+        m_Lines->Append(line);
+    }
+    if (wxTextLineSearchPanel* const panel = GetSearchPanel())
+    {
+        panel->LineInserted(index);
+    }
+    Extend(line);
+    return index;
+}
+
+int wxTextLineCtrl::InsertSorted(const String& line)
+{
+    const int index = m_Lines->LowerBound(line);
+    if (index < m_Lines->Count())
+    {
+        m_Selection->LineInserted(index);
+        m_MarkedLine = _IndexAfterInsert(m_MarkedLine, index);
+        m_HoverLine = _IndexAfterInsert(m_HoverLine, index);
+        m_Places->Forget();
+    }
+    m_Lines->Insert(index, line);
+    return index;
+}
+
+void wxTextLineCtrl::Extend(const String& line)
+{
+    const int width = _ScrollRange(Saturated(_CellCount(line)) + 1, m_ColumnWidth);
+    m_ContentWidth = std::max(m_ContentWidth, width);
+    LinesMoved();
+}
+
+void wxTextLineCtrl::LinesMoved()
+{
+    m_LineCount = m_Lines->Count();
+    AdjustScrollbarsLater();
+    Redraw();
+}
+
+void wxTextLineCtrl::Erase(int index)
+{
+    CALL_ENTRY("wxTextLineCtrl::Erase");
+    if (index < 0 || index >= m_Lines->Count())
+    {
+        LogWarning(SFormat("wxTextLineCtrl::Erase: there is no line %d among %d", index,
+                           m_Lines->Count()));
+        return;
+    }
+    if (wxTextLineSearchPanel* const panel = GetSearchPanel())
+    {
+        panel->LineErased(index);
+    }
+    m_Lines->Erase(index);
+    m_Selection->LineErased(index);
+    m_MarkedLine = _IndexAfterErase(m_MarkedLine, index);
+    m_HoverLine = _IndexAfterErase(m_HoverLine, index);
+    m_Places->Forget();
+    LinesMoved();
+}
+
+void wxTextLineCtrl::Clear()
+{
+    CALL_ENTRY("wxTextLineCtrl::Clear");
+    m_Lines->Clear();
+    m_Places->Forget();
+    SelectNone();
+    m_MarkedLine = -1;
+    if (wxTextLineSearchPanel* const panel = GetSearchPanel())
+    {
+        panel->LinesCleared();
+    }
+    Redraw();
+}
+
+int wxTextLineCtrl::GetLineCount() const
+{
+    return m_Lines->Count();
+}
+
+String wxTextLineCtrl::GetLine(int index) const
+{
+    CALL_ENTRY("wxTextLineCtrl::GetLine");
+    return String(std::string(m_Lines->Line(index)));
+}
+
+void wxTextLineCtrl::SetFollowEnd(bool follow)
+{
+    CALL_ENTRY("wxTextLineCtrl::SetFollowEnd");
+    m_FollowEnd = follow;
+}
+
+void wxTextLineCtrl::SelectAll()
+{
+    CALL_ENTRY("wxTextLineCtrl::SelectAll");
+    m_Selection->SelectAll(m_Lines->Count());
+    Redraw();
+}
+
+void wxTextLineCtrl::SelectNone()
+{
+    CALL_ENTRY("wxTextLineCtrl::SelectNone");
+    if (!m_Selection->IsEmpty())
+    {
+        m_Selection->Clear();
+        StopSelecting();
+        Redraw();
+    }
+}
+
+void wxTextLineCtrl::StopSelecting()
+{
+    CALL_ENTRY("wxTextLineCtrl::StopSelecting");
+    if (m_Selecting)
+    {
+        m_Selecting = false;
+        if (HasCapture()) // not when the capture was lost
+        {
+            ReleaseMouse();
+        }
+    }
+}
+
+int wxTextLineCtrl::GetSelectionAnchor() const
+{
+    return m_Selection->Anchor();
+}
+
+int wxTextLineCtrl::GetSelectionEnd() const
+{
+    return m_Selection->End();
+}
+
+void wxTextLineCtrl::SetHighlightLine(int line)
+{
+    CALL_ENTRY("wxTextLineCtrl::SetHighlightLine");
+    if (line != m_HoverLine)
+    {
+        m_HoverLine = line;
+        Redraw();
+    }
+}
+
+void wxTextLineCtrl::ToggleSearch()
+{
+    CALL_ENTRY("wxTextLineCtrl::ToggleSearch");
+    if (wxTextLineSearchPanel* const panel = GetSearchPanel())
+    {
+        panel->Expand();
+    }
+}
+
+bool wxTextLineCtrl::Search(const String& text, bool forward, bool caseSensitive)
+{
+    CALL_ENTRY("wxTextLineCtrl::Search");
+    _LineSearch search;
+    search.Begin(text, forward, caseSensitive, SearchStart(forward));
+    while (search.Step(*m_Lines, kSearchStep) == _LineSearch::State::Running)
+    {
+    }
+    if (search.GetState() != _LineSearch::State::Found)
+    {
+        return false;
+    }
+    ShowHit(search.Match());
+    return true;
+}
+
+int wxTextLineCtrl::SearchStart(bool forward) const
+{
+    if (m_MarkedLine != -1)
+    {
+        return forward ? m_MarkedLine + 1 : m_MarkedLine - 1;
+    }
+    const _TextGeometry geometry = Geometry();
+    const int           last = geometry.LineAt(geometry.client.y - 1);
+    return forward ? geometry.scroll.y / m_LineHeight : last == -1 ? m_Lines->Count() - 1 : last;
+}
+
+void wxTextLineCtrl::ShowHit(const _LineMatch& match)
+{
+    m_MarkedLine = match.line;
+    m_MatchColumn = match.column;
+    m_MatchLength = match.length;
+    ScrollIntoView(match);
+    Redraw();
+}
+
+void wxTextLineCtrl::ScrollIntoView(const _LineMatch& match)
+{
+    const std::string_view text = m_Lines->Line(match.line);
+    const int64_t          first = m_Places->AtColumn(match.line, text, match.column).cell;
+    const int64_t end = m_Places->AtColumn(match.line, text, match.column + match.length).cell;
+    // Half a cell of margin on either side, as the text itself has.
+    const _Stretch across{first * m_ColumnWidth, (end + 1) * m_ColumnWidth};
+    const _Stretch down{static_cast<int64_t>(match.line) * m_LineHeight,
+                        (static_cast<int64_t>(match.line) + 1) * m_LineHeight};
+    ScrollTo(wxVERTICAL, _PositionShowing(down, GetScrollPos(wxVERTICAL), GetClientSize().y));
+    ScrollTo(wxHORIZONTAL,
+             _PositionShowing(across, GetScrollPos(wxHORIZONTAL), GetClientSize().x));
+}

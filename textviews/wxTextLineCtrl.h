@@ -1,0 +1,147 @@
+#pragma once
+
+#include "appearance/wxTolvanColors.h"
+#include "listviews/wxDoubleBufferedWindow.h"
+#include "vesta/Export.h"
+#include "vesta/Path.h"
+#include "vesta/String.h"
+
+#include <memory>
+
+class wxMemoryDC;
+class wxMenu;
+class wxTextLineSearchPanel;
+class _LineStore;
+class _LinePainter;
+class _TextPalette;
+class _TextPlaces;
+class _TextSelection;
+struct _FontExtents;
+struct _LineMatch;
+struct _LineState;
+struct _TextGeometry;
+
+/// A read-only view of long logs and command output: whole lines of any bytes in one fixed-pitch
+/// font, with selection of lines, copying, saving, a context menu and a search bar. The line is the
+/// unit of everything; there is no caret. Text that is not valid UTF-8 is shown byte by byte, and
+/// everything is stored, copied and saved byte for byte (tabs are stored as four spaces).
+///
+/// There is no limit on lines but memory: whoever streams without end erases or clears. The search
+/// bar is a sibling of the control; whoever lays the two out puts `GetSearchPanel()` under it.
+/// Main thread only.
+class TOLVAN_API wxTextLineCtrl : public wxDoubleBufferedWindow, public wxtColorManaged
+{
+public:
+    /// Command ids of the context menu.
+    enum MenuId
+    {
+        menu_SelectAll = 7301,
+        menu_SelectNone = 7302,
+        menu_Copy = 7303,
+        menu_ScrollToTop = 7304,
+        menu_ScrollToBottom = 7305,
+        menu_SaveAs = 7306,
+        menu_Search = 7307
+    };
+
+    explicit wxTextLineCtrl(wxWindow* parent);
+    ~wxTextLineCtrl() override;
+
+    /// Adds a line and returns its index: at the end, or with `sorted` before the first line that
+    /// is not less than it, byte by byte, among lines that the caller keeps sorted. It does not
+    /// scroll.
+    int Append(const String& line, bool sorted);
+    /// Removes the line; those after it move up. An index without a line is logged and ignored.
+    void Erase(int index);
+    /// Removes all lines. The scrollbars stay as they are until the next `Append` or `Erase`, so
+    /// that a view that is filled anew does not jump.
+    void Clear();
+
+    int    GetLineCount() const;
+    String GetLine(int index) const; ///< As stored; empty when there is no such line.
+    /// Whether a view that is scrolled to its end stays there when lines come.
+    void SetFollowEnd(bool follow);
+    bool GetFollowEnd() const { return m_FollowEnd; }
+
+    void SelectAll();
+    void SelectNone();
+    /// Ends a selection by the mouse.
+    void StopSelecting();
+    int  GetSelectionAnchor() const; ///< -1 when nothing is selected.
+    int  GetSelectionEnd() const;    ///< -1 when nothing is selected.
+    bool IsSelecting() const { return m_Selecting; }
+    /// Shows the line under the pointer lighter; -1 for none.
+    void SetHighlightLine(int line);
+    int  GetHighlightLine() const { return m_HoverLine; }
+
+    /// Places the selected lines on the clipboard, each followed by a newline, as text and byte for
+    /// byte as "application/octet-stream". Nothing selected places an empty text.
+    void CopySelectionToClipboard();
+    /// Asks for a file and writes all lines to it. Throws an `Exception*` when that fails.
+    void SaveAs();
+    /// Writes all lines, each followed by the platform's end of line. Throws an `Exception*`.
+    void SaveTo(const Path& path) const;
+
+    /// Shows or hides the search bar.
+    void                   ToggleSearch();
+    wxTextLineSearchPanel* GetSearchPanel() const; ///< Null once its parent destroyed it.
+    /// Looks for the text, from the line after (before) the last hit, or from the first (last)
+    /// visible line when there was none, once round all lines. A hit is marked and scrolled into
+    /// view; without one the result is false and the last hit stays. Without `caseSensitive`,
+    /// letters are the same as their lower case in the locale.
+    bool Search(const String& text, bool forward, bool caseSensitive);
+    int  GetMarkedLine() const { return m_MarkedLine; }   ///< The last hit; -1 for none.
+    int  GetMatchColumn() const { return m_MatchColumn; } ///< Characters; -1 for none.
+    int  GetMatchLength() const { return m_MatchLength; } ///< Characters.
+
+    /// Pops the menu up at the pointer, with the standard entries at its end if wanted.
+    void HandleContextMenu(wxMenu& menu, bool addStandardItems);
+
+protected:
+    void DrawBitmap() override;
+
+    void OnLeftClick(wxMouseEvent& event);
+    void OnLeftUp(wxMouseEvent& event);
+    void OnCaptureLoss(wxMouseCaptureLostEvent& event);
+    void OnMouseMove(wxMouseEvent& event);
+    void OnMouseLeave(wxMouseEvent& event);
+    void OnRightClick(wxMouseEvent& event);
+    void OnKey(wxKeyEvent& event);
+    void OnMenu(wxCommandEvent& event);
+
+private:
+    friend class wxTextLineSearchPanel;
+
+    _TextGeometry Geometry() const;
+    _TextPalette  Palette() const;
+    _LineState    StateOf(int line) const;
+    int           EndOfDrawnLines(const _TextGeometry& geometry) const;
+    void          DrawBands(wxMemoryDC& dc, const _TextGeometry& geometry) const;
+    void          DrawHit(wxMemoryDC& dc, const _TextGeometry& geometry, _LinePainter& painter) const;
+
+    int  InsertSorted(const String& line);
+    void Extend(const String& line);
+    void LinesMoved();
+    void AutoScroll(int y);
+    void ScrollBy(wxEventType type, int orientation);
+    void SaveOrTell();
+    void OnCtrlKey(int key);
+
+    String SelectedText() const;
+    int    SearchStart(bool forward) const;
+    void   ShowHit(const _LineMatch& match);
+    void   ScrollIntoView(const _LineMatch& match);
+
+    const _FontExtents&             m_Font;
+    std::unique_ptr<_LineStore>     m_Lines;
+    std::unique_ptr<_TextPlaces>    m_Places;
+    int                             m_MarkedLine = -1;
+    int                             m_MatchColumn = -1;
+    int                             m_MatchLength = 0;
+    std::unique_ptr<_TextSelection> m_Selection;
+    bool                            m_Selecting = false; ///< The button is down, mouse captured.
+    int                             m_HoverLine = -1;
+    wxWeakRef<wxWindow>             m_SearchPanel; ///< Child of the parent.
+
+    wxDECLARE_EVENT_TABLE();
+};

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "appearance/wxTolvanColors.h"
+#include "vesta/Export.h"
+#include "vesta/String.h"
+
+#include <wx/weakref.h>
+
+#include <memory>
+
+class wxButton;
+class wxCheckBox;
+class wxStaticText;
+class wxTextCtrl;
+class wxTextLineCtrl;
+
+/// The search bar of a text view: a field, previous and next, "Match Case", the number of lines
+/// with a hit, notices, and a button that closes it. Enter looks for the next hit, Shift+Enter for
+/// the previous one, Esc closes. A search through many lines runs in slices while the window stays
+/// alive, and its button stops it. Main thread only.
+class TOLVAN_API wxTextLineSearchPanel : public wxtPanel
+{
+public:
+    /// Hidden at first. View and bar may be destroyed in either order.
+    wxTextLineSearchPanel(wxTextLineCtrl* view, wxWindow* parent);
+    ~wxTextLineSearchPanel() override;
+
+    /// Shows the bar and puts the keyboard into its field; or hides it, stops a search and gives
+    /// the keyboard back to the view. Lays the parent out.
+    void Expand();
+
+    /// Begins to look for the field's text; the result comes later.
+    void Find(bool forward);
+    /// Ends a search that runs; what was hit before stays.
+    void StopSearch();
+    bool IsSearching() const;
+
+    wxString GetText() const;
+    void     SetText(const wxString& text);
+    bool     GetMatchCase() const;
+    void     SetMatchCase(bool matchCase);
+    int      GetHits() const;       ///< Lines with a hit, as far as they are counted.
+    bool     IsCounting() const;    ///< Lines are left to be counted.
+    wxString GetMessage() const;    ///< The notice that is shown; empty for none.
+
+    /// Told by the view about its lines: after one came before others, before one goes, after all
+    /// have gone.
+    /// @{
+    void LineInserted(int line);
+    void LineErased(int line);
+    void LinesCleared();
+    /// @}
+
+private:
+    struct Work;
+
+    void MakeControls();
+    void LayOutControls();
+    void BindEvents();
+    void OnKey(wxKeyEvent& event);
+    void OnIdle(wxIdleEvent& event);
+    void OnTextChanged(wxCommandEvent& event);
+    void OnColoursChanged(wxSysColourChangedEvent& event);
+    void ColourControls();
+
+    bool WorkOnSearch();
+    void FinishSearch();
+    void StartCounting();
+    void CountOn();
+    void ShowHits();
+    void ShowMessage(const wxString& message);
+    void ShowSearching(bool searching);
+
+    wxWeakRef<wxTextLineCtrl> m_View;
+    std::unique_ptr<Work>     m_Work;
+    wxTextCtrl*               m_Field = nullptr;
+    wxButton*                 m_Previous = nullptr;
+    wxButton*                 m_Next = nullptr;
+    wxButton*                 m_Stop = nullptr;
+    wxCheckBox*               m_MatchCase = nullptr;
+    wxStaticText*             m_HitCount = nullptr;
+    wxStaticText*             m_Message = nullptr;
+    wxButton*                 m_Close = nullptr;
+};
