@@ -26,14 +26,10 @@ unsigned char Mix(unsigned char a, unsigned char b, double share)
     return Channel(static_cast<int>(a * share + b * (1 - share)));
 }
 
-// From 1 at the first step down to (1/steps)^exponent at the last; single precision is enough for
-// 256 shades.
-float Blend(int step, int steps, float exponent)
+// The outer colour's share: from 1 at the first step down to (1/steps)^exponent at the last. Single
+// precision is enough for 256 shades.
+float OuterShare(int step, int steps, float exponent)
 {
-    if (steps == 1)
-    {
-        return 0;
-    }
     const float way = static_cast<float>(std::abs(step - steps)) / static_cast<float>(steps);
     return std::clamp(std::pow(way, exponent), 0.0f, 1.0f);
 }
@@ -74,8 +70,8 @@ wxColour Hilight(const wxColour& colour)
     return OffsetColor(colour, kHilightOffset, kHilightOffset, kHilightOffset);
 }
 
-void DrawGradedRectangle(wxDC& dc, const wxRect& rect, const wxColour& inner,
-                         const wxColour& outer, float exponent, bool shrinkBottom, bool shrinkTop)
+void DrawGradedRectangle(wxDC& dc, const wxRect& rect, const wxColour& inner, const wxColour& outer,
+                         float exponent, bool shrinkBottom, bool shrinkTop)
 {
     CALL_ENTRY("DrawGradedRectangle");
     if (!inner.IsOk() || !outer.IsOk())
@@ -84,11 +80,13 @@ void DrawGradedRectangle(wxDC& dc, const wxRect& rect, const wxColour& inner,
     }
     const wxDCBrushChanger brush(dc, dc.GetBrush());
     const wxDCPenChanger   pen(dc, *wxTRANSPARENT_PEN);
-    const int              steps = shrinkBottom || shrinkTop ? rect.height / 2 : 1;
+    const bool             graded = shrinkBottom || shrinkTop;
+    const int              steps = graded ? rect.height / 2 : 1;
     wxRect                 area = rect;
     for (int i = 0; i < steps; ++i)
     {
-        dc.SetBrush(wxBrush(BlendColours(outer, inner, Blend(i, steps, exponent))));
+        const float share = graded ? OuterShare(i, steps, exponent) : 0;
+        dc.SetBrush(wxBrush(BlendColours(outer, inner, share)));
         dc.DrawRectangle(area);
         if (shrinkTop)
         {

@@ -78,7 +78,8 @@ TOLVAN_API void SetColors(int scheme);
 /// Reads the scheme's code from "Colors.ini" in the user's folder and fills the table. Without a
 /// readable file the current scheme stays (at first: the default). Windows are told by the caller.
 TOLVAN_API void LoadColorScheme();
-/// Writes the scheme's code to "Colors.ini"; everything else in the file stays. A failure is logged.
+/// Writes the scheme's code to "Colors.ini"; everything else in the file stays. A failure is
+/// logged.
 TOLVAN_API void SaveColorScheme();
 /// Sets one colour from the loaded file if it names it. A text that is no colour makes the colour
 /// invalid.

@@ -10,13 +10,17 @@ namespace
 constexpr int kSashWidth = 5; // pixels
 } // namespace
 
-wxtRenderer::wxtRenderer(wxRendererNative& wrapped) : wxDelegateRendererNative(wrapped) {}
+wxtRenderer::wxtRenderer(wxRendererNative& wrapped) : wxDelegateRendererNative(wrapped)
+{
+}
 
 // The sash alone parts the panes.
-void wxtRenderer::DrawSplitterBorder(wxWindow*, wxDC&, const wxRect&, int) {}
+void wxtRenderer::DrawSplitterBorder(wxWindow*, wxDC&, const wxRect&, int)
+{
+}
 
-void wxtRenderer::DrawSplitterSash(wxWindow*, wxDC& dc, const wxSize& size, wxCoord,
-                                   wxOrientation, int)
+void wxtRenderer::DrawSplitterSash(wxWindow*, wxDC& dc, const wxSize& size, wxCoord, wxOrientation,
+                                   int)
 {
     CALL_ENTRY("wxtRenderer::DrawSplitterSash");
     const wxDCBrushChanger brush(dc, wxBrush(wxtGetColor(color_ButtonFace)));

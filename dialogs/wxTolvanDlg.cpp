@@ -37,7 +37,9 @@ wxTolvanDlg::~wxTolvanDlg()
     s_Dialogs.erase(this);
 }
 
-void wxTolvanDlg::OnConnected(bool) {}
+void wxTolvanDlg::OnConnected(bool)
+{
+}
 
 void wxTolvanDlg::NotifyConnected(bool connected)
 {

@@ -179,8 +179,8 @@ void OpenWindows::OnCommand(wxCommandEvent& event)
 void OpenWindows::CenterOnDisplay(wxWindow* reference, wxWindow* window)
 {
     CALL_ENTRY("OpenWindows::CenterOnDisplay");
-    const wxRect place = _CentredOn(_DisplayAreaOf(reference), reference->GetSize(),
-                                    window->GetSize());
+    const wxRect place =
+        _CentredOn(_DisplayAreaOf(reference), reference->GetSize(), window->GetSize());
     window->Freeze();
     window->Move(place.GetPosition());
     window->SetSize(place.GetSize());

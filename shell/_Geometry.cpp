@@ -87,7 +87,8 @@ wxRect _CentredOn(const wxRect& area, const wxSize& reference, const wxSize& siz
 
 _Displays _Displays::Real()
 {
-    return {DisplayOf, [](int index) { return wxDisplay(static_cast<unsigned>(index)).GetClientArea(); },
+    return {DisplayOf,
+            [](int index) { return wxDisplay(static_cast<unsigned>(index)).GetClientArea(); },
             ProgramsPlaceWindows};
 }
 

@@ -18,8 +18,7 @@ TOLVAN_API std::optional<wxRect> _ParseGeometry(const String& text);
 
 /// What to store for a window at `current`. Where a program cannot place its windows it does not
 /// know where they are either: the stored position stays then, and only the size is new.
-TOLVAN_API String _GeometryToStore(const String& stored, const wxRect& current,
-                                   bool positionKnown);
+TOLVAN_API String _GeometryToStore(const String& stored, const wxRect& current, bool positionKnown);
 
 /// `size`, but at least half as large as `reference`, in the middle of `area`.
 TOLVAN_API wxRect _CentredOn(const wxRect& area, const wxSize& reference, const wxSize& size);
@@ -27,9 +26,9 @@ TOLVAN_API wxRect _CentredOn(const wxRect& area, const wxSize& reference, const 
 /// The displays, as functions that a test can replace. Main thread.
 struct TOLVAN_API _Displays
 {
-    std::function<int(const wxWindow*)>    indexOf;    ///< Display of a window, or wxNOT_FOUND.
-    std::function<wxRect(int index)>       clientArea; ///< Pixels, screen coordinates.
-    std::function<bool()>                  placesWindows; ///< Whether programs place their windows.
+    std::function<int(const wxWindow*)> indexOf;       ///< Display of a window, or wxNOT_FOUND.
+    std::function<wxRect(int index)>    clientArea;    ///< Pixels, screen coordinates.
+    std::function<bool()>               placesWindows; ///< Whether programs place their windows.
 
     static _Displays& Get(); ///< The ones in use; at first the real ones.
     static _Displays  Real();

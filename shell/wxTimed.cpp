@@ -43,7 +43,9 @@ wxTimed::~wxTimed()
     }
 }
 
-wxMasterTimer::wxMasterTimer() : LibStatic("wxMasterTimer") {}
+wxMasterTimer::wxMasterTimer() : LibStatic("wxMasterTimer")
+{
+}
 
 wxMasterTimer::~wxMasterTimer() = default;
 

@@ -33,9 +33,7 @@ public:
 /// One recursive lock, of the process and not of the timer, guards the set and `g_MasterTimer`: a
 /// tick that makes or destroys objects takes it again, and whoever destroys an object on another
 /// thread waits until the tick is over.
-class TOLVAN_API wxMasterTimer : private wxTimer,
-                                 private std::set<wxTimed*>,
-                                 private LibStatic
+class TOLVAN_API wxMasterTimer : private wxTimer, private std::set<wxTimed*>, private LibStatic
 {
 public:
     wxMasterTimer();

@@ -33,10 +33,10 @@ wxBEGIN_EVENT_TABLE(wxTolvanFrame, wxFrame)
     EVT_MENU_CLOSE(wxTolvanFrame::OnMenuClose)
     EVT_ACTIVATE(wxTolvanFrame::OnActivate)
 wxEND_EVENT_TABLE()
-// clang-format on
+    // clang-format on
 
-wxTolvanFrame::wxTolvanFrame(const wxString& title, const wxPoint& position, const wxSize& size,
-                             long style)
+    wxTolvanFrame::wxTolvanFrame(const wxString& title, const wxPoint& position, const wxSize& size,
+                                 long style)
     : wxFrame(nullptr, wxID_ANY, title, position, size, style)
 {
     CALL_ENTRY("wxTolvanFrame::wxTolvanFrame");
@@ -101,9 +101,13 @@ wxTolvanFrame::~wxTolvanFrame()
     s_WinClosed.DisconnectAll();
 }
 
-void wxTolvanFrame::SizeHasChanged(const wxSize&, const wxSize&, bool) {}
+void wxTolvanFrame::SizeHasChanged(const wxSize&, const wxSize&, bool)
+{
+}
 
-void wxTolvanFrame::PositionHasChanged(const wxPoint&, const wxPoint&) {}
+void wxTolvanFrame::PositionHasChanged(const wxPoint&, const wxPoint&)
+{
+}
 
 bool wxTolvanFrame::IsMenuOpen()
 {

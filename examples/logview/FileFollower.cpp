@@ -20,7 +20,9 @@ String ErrnoText()
 }
 } // namespace
 
-FileFollower::FileFollower(const Path& path, Sink sink) : m_Path(path), m_Sink(std::move(sink)) {}
+FileFollower::FileFollower(const Path& path, Sink sink) : m_Path(path), m_Sink(std::move(sink))
+{
+}
 
 FileFollower::~FileFollower()
 {

@@ -21,7 +21,8 @@ FileFollower::Sink SinkOf(std::function<void(const String&)> onLine,
 } // namespace
 
 LogPage::LogPage(wxWindow* parent, const Path& file)
-    : wxtPanel(parent), m_Text(new wxTextLineCtrl(this)),
+    : wxtPanel(parent),
+      m_Text(new wxTextLineCtrl(this)),
       m_Follower(file, SinkOf([this](const String& line) { ShowLine(line); },
                               [this](const String& line) { ShowPartialLine(line); },
                               [this](const String& how) { ShowNotice(how); }))

@@ -31,13 +31,12 @@ LogViewFrame::LogViewFrame()
     BuildPages();
     CreateStatusBar();
     Bind(wxEVT_CLOSE_WINDOW, &LogViewFrame::OnClose, this);
-    Bind(
-        wxEVT_SYS_COLOUR_CHANGED,
-        [this](wxSysColourChangedEvent& event)
-        {
-            event.Skip();
-            ColourTabs();
-        });
+    Bind(wxEVT_SYS_COLOUR_CHANGED,
+         [this](wxSysColourChangedEvent& event)
+         {
+             event.Skip();
+             ColourTabs();
+         });
     m_StatusTimer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { ShowStatus(); });
     m_StatusTimer.Start(kStatusMs);
     LoadWindowPosition();
@@ -69,7 +68,8 @@ void LogViewFrame::BuildMenus()
     SetMenuBar(bar);
 
     Bind(wxEVT_MENU, &LogViewFrame::OnOpen, this, wxID_OPEN);
-    Bind(wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, wxID_EXIT);
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, wxID_EXIT);
     Bind(wxEVT_MENU, &LogViewFrame::OnFollow, this, id_Follow);
     Bind(wxEVT_MENU, &LogViewFrame::OnFullScreen, this, id_FullScreen);
     Bind(wxEVT_MENU, &LogViewFrame::OnTextCommand, this, wxTextLineCtrl::id_SelectAll,

@@ -4,7 +4,9 @@
 #include <iterator>
 #include <utility>
 
-FarmFeed::FarmFeed(std::function<void()> wake) : m_Wake(std::move(wake)) {}
+FarmFeed::FarmFeed(std::function<void()> wake) : m_Wake(std::move(wake))
+{
+}
 
 void FarmFeed::OnMessage(const Message& message)
 {

@@ -15,10 +15,10 @@ public:
     /// What the farm does as a whole.
     struct Summary
     {
-        int jobs = 0;
-        int running = 0;
-        int done = 0;
-        int failed = 0; ///< Failed or killed.
+        int       jobs = 0;
+        int       running = 0;
+        int       done = 0;
+        int       failed = 0; ///< Failed or killed.
         long long outputLines = 0;
     };
 

@@ -66,12 +66,14 @@ void MonitorFrame::BuildMenus()
     bar->Append(help, wxGetTranslation("&Help"));
     SetMenuBar(bar);
 
-    Bind(wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, wxID_EXIT);
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, wxID_EXIT);
     Bind(wxEVT_MENU, &MonitorFrame::OnFollow, this, id_Follow);
     Bind(wxEVT_MENU, &MonitorFrame::OnFullScreen, this, id_FullScreen);
     Bind(wxEVT_MENU, &MonitorFrame::OnAbout, this, wxID_ABOUT);
-    Bind(wxEVT_MENU, [this](wxCommandEvent& event) { m_Log->OnMenu(event); },
-         wxTextLineCtrl::id_SelectAll, wxTextLineCtrl::id_Search);
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent& event) { m_Log->OnMenu(event); },
+        wxTextLineCtrl::id_SelectAll, wxTextLineCtrl::id_Search);
 }
 
 void MonitorFrame::BuildViews()
@@ -133,11 +135,11 @@ void MonitorFrame::ShowSummary()
         m_OutputSeen = true;
         LogInfo("The first output of a job is shown");
     }
-    const wxString          connection = m_Connected ? wxGetTranslation("Connected to the master")
-                                                     : wxGetTranslation("No connection to the master");
-    const wxString          jobs = wxString::Format(
-        wxGetTranslation("%d jobs: %d running, %d done, %d failed"), summary.jobs, summary.running,
-        summary.done, summary.failed);
+    const wxString connection = m_Connected ? wxGetTranslation("Connected to the master")
+                                            : wxGetTranslation("No connection to the master");
+    const wxString jobs =
+        wxString::Format(wxGetTranslation("%d jobs: %d running, %d done, %d failed"), summary.jobs,
+                         summary.running, summary.done, summary.failed);
     const wxColour colour = wxtGetColor(m_Connected ? color_TextGreen : color_TextRed);
     if (connection == m_Connection->GetLabel() && jobs == m_Summary->GetLabel() &&
         colour == m_Connection->GetForegroundColour())

@@ -37,7 +37,7 @@ TEST(ColorHelpers, ChannelsAreOffsetClampedAndTruncated)
 {
     EXPECT_EQ(wxColour(255, 0, 128), OffsetColor(wxColour(250, 5, 128), 20, -20, 0));
     EXPECT_EQ(wxColour(255, 35, 255), Hilight(wxColour(240, 10, 230)));
-    const int grey = static_cast<int>(0.3 * wxLIGHT_GREY->Red());
+    const auto grey = static_cast<unsigned char>(0.3 * wxLIGHT_GREY->Red());
     EXPECT_EQ(wxColour(grey, grey, grey), Disabled(*wxBLACK));
 }
 

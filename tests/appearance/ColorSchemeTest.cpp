@@ -131,7 +131,7 @@ TEST_F(ColorSchemeTest, CustomColoursLieOverTheDarkPreset)
     Dark();
     std::map<String, wxColour> expected = g_Colors;
     WriteFile(ColorFile(), "scheme = 5\nSelected = #FF0000\nheader = rgb(1, 2, 3)\nText = red\n"
-                      "TextGrey = #123456\nTextGray = #010203\n3DDark = mauve-ish\n");
+                           "TextGrey = #123456\nTextGray = #010203\n3DDark = mauve-ish\n");
     LoadColorScheme();
     expected["Selected"] = wxColour(255, 0, 0);
     expected["Header"] = wxColour(1, 2, 3);

@@ -46,6 +46,7 @@ protected:
         }
         App().SetTopWindow(nullptr);
         WaitFor([] { return !App().GetTopWindow(); });
+        PumpEvents(); // other threads know of it from the next idle moment on
     }
 };
 
@@ -69,10 +70,10 @@ public:
 
 TEST_F(BridgeTest, ConnectionChangesReachWindowsAndDialogs)
 {
-    const LogCapture    log;
-    EventCounter        connects(Frame(), wxTOLVAN_CONNECT_EVENT);
-    EventCounter        disconnects(Frame(), wxTOLVAN_DISCONNECT_EVENT);
-    auto* const         dialog = new Listener(Frame());
+    const LogCapture         log;
+    EventCounter             connects(Frame(), wxTOLVAN_CONNECT_EVENT);
+    EventCounter             disconnects(Frame(), wxTOLVAN_DISCONNECT_EVENT);
+    auto* const              dialog = new Listener(Frame());
     MessengerConnectedEvt    connected;
     MessengerDisconnectedEvt disconnected;
     MessengerConnectedEvt::s_Signal.Emit(connected);
@@ -104,13 +105,12 @@ TEST_F(BridgeTest, MessagesGoToTheThreadPoolWhenItIsReady)
     const LogCapture log;
     EventCounter     events(Frame(), wxTOLVAN_MESSAGE_EVENT);
     std::atomic<int> handled{0};
-    const int handler =
-        App().AddMessageHandler("Test",
-                            [&handled](const boost::shared_ptr<Message>&)
-                            {
-                                ++handled;
-                                return true;
-                            });
+    const int        handler = App().AddMessageHandler("Test",
+                                                       [&handled](const boost::shared_ptr<Message>&)
+                                                       {
+                                                    ++handled;
+                                                    return true;
+                                                });
     ThreadPool::Start(2);
     Receive();
     EXPECT_TRUE(WaitFor([&] { return handled == 1; }));
@@ -167,15 +167,16 @@ TEST_F(BridgeTest, WithoutATopWindowOnlyDialogsHear)
         }
     }
     PumpEvents();
-    EXPECT_EQ(2, log.Count("... Ignoring MessageConnectedEvt because app has no top window"));
+    EXPECT_EQ(2, log.Count("... Ignoring MessageConnectedEvt because app has no top window"))
+        << log.All();
     EXPECT_EQ(2, log.Count("... Ignoring MessageDisconnectedEvt because app has no top window"));
     EXPECT_EQ(2, log.Count("... Ignoring MessageReceivedEvt because app has no top window"));
 }
 
 TEST_F(BridgeTest, ShutdownAsksTheTopWindowToClose)
 {
-    EventCounter closes(Frame(), wxEVT_CLOSE_WINDOW);
     Frame()->Bind(wxEVT_CLOSE_WINDOW, [](wxCloseEvent& event) { event.Veto(); });
+    EventCounter     closes(Frame(), wxEVT_CLOSE_WINDOW);
     const LogCapture log;
     the_Exe->Signal(15);
     App().DisableMessageProcessing();
@@ -185,10 +186,7 @@ TEST_F(BridgeTest, ShutdownAsksTheTopWindowToClose)
     EXPECT_EQ(0, closes.Count());
 
     std::thread(
-        []
-        {
-            ShutdownMsg::s_Signal.Emit(boost::shared_ptr<ShutdownMsg>(new ShutdownMsg("test")));
-        })
+        [] { ShutdownMsg::s_Signal.Emit(boost::shared_ptr<ShutdownMsg>(new ShutdownMsg("test"))); })
         .join();
     EXPECT_TRUE(WaitFor([&] { return closes.Count() == 1; }));
     const auto* const close = dynamic_cast<const wxCloseEvent*>(closes.Last());
@@ -199,6 +197,5 @@ TEST_F(BridgeTest, ShutdownAsksTheTopWindowToClose)
     App()._EndSession(session);
     EXPECT_FALSE(session.GetVeto());
     EXPECT_TRUE(WaitFor([&] { return closes.Count() == 2; }));
-    EXPECT_TRUE(
-        log.Has("Notified of user request to log out or shut down the system", log_System));
+    EXPECT_TRUE(log.Has("Notified of user request to log out or shut down the system", log_System));
 }

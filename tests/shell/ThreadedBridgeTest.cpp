@@ -49,12 +49,12 @@ TEST_F(ThreadedBridgeTest, SignalsMayComeWhileWindowsOpenAndClose)
 {
     TestApp&         app = TestApp::Get();
     std::atomic<int> handled{0};
-    const int handler = app.AddMessageHandler("",
-                          [&handled](const boost::shared_ptr<Message>&)
-                          {
-                              ++handled;
-                              return true;
-                          });
+    const int        handler = app.AddMessageHandler("",
+                                                     [&handled](const boost::shared_ptr<Message>&)
+                                                     {
+                                                  ++handled;
+                                                  return true;
+                                              });
     ThreadPool::Start(2);
     std::atomic<int>         running{kThreads};
     std::vector<std::thread> threads;

@@ -87,8 +87,8 @@ TEST_F(TimedTest, ReallyTicks)
 
 TEST_F(TimedTest, ObjectsMayGoAndComeInsideATick)
 {
-    auto                  victim = std::make_unique<Counter>();
-    std::unique_ptr<Doer> self;
+    auto                                  victim = std::make_unique<Counter>();
+    std::unique_ptr<Doer>                 self;
     std::vector<std::unique_ptr<Counter>> born;
     // One of them ticks before the victim, one after it, whatever their addresses.
     Doer before([&] { victim.reset(); });

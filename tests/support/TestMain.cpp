@@ -62,7 +62,9 @@ void DetachFromDesktop()
 }
 } // namespace
 
-TestApp::TestApp() : wxTolvanApp(log_Debug, log_Warning) {}
+TestApp::TestApp() : wxTolvanApp(log_Debug, log_Warning)
+{
+}
 
 TestApp::~TestApp() = default;
 

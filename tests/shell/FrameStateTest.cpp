@@ -1,0 +1,278 @@
+#include "tests/support/FrameTest.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestApp.h"
+
+#include "shell/_Geometry.h"
+#include "shell/wxTolvanFrame.h"
+
+#include <wx/display.h>
+
+namespace
+{
+class MainFrame : public wxTolvanFrame
+{
+public:
+    explicit MainFrame(const wxSize& size = wxSize(500, 300))
+        : wxTolvanFrame("Main", wxPoint(100, 120), size)
+    {
+    }
+    void Finish() { m_Built = true; }
+    void SizeHasChanged(const wxSize& newSize, const wxSize& oldSize, bool restoring) override
+    {
+        ++changes;
+        lastSize = newSize;
+        lastOldSize = oldSize;
+        lastRestoring = restoring;
+    }
+    int    changes = 0;
+    wxSize lastSize;
+    wxSize lastOldSize;
+    bool   lastRestoring = false;
+};
+
+class FrameStateTest : public UserFolderTest
+{
+protected:
+    FrameStateTest()
+    {
+        TestApp::Get().ForgetOptions();
+        g_Scheme = -1;
+    }
+    ~FrameStateTest() override
+    {
+        if (wxTolvanFrame::s_Frame)
+        {
+            wxTolvanFrame::s_Frame->Destroy();
+        }
+        WaitFor([] { return !wxTolvanFrame::s_Frame; });
+        _Displays::Get() = _Displays::Real();
+        TestApp::Get().ForgetOptions();
+    }
+
+    static OptionsFile& Options() { return TestApp::Get().Options(); }
+
+    // As a program does: positions first, then the window is shown.
+    static MainFrame* Open()
+    {
+        auto* const frame = new MainFrame;
+        frame->LoadWindowPosition();
+        frame->Finish();
+        frame->Show();
+        EXPECT_TRUE(WaitFor([&] { return frame->IsShownOnScreen() && frame->IsActive(); }));
+        Settle(frame);
+        return frame;
+    }
+    // Until the window manager has had its say: nothing has changed for a while.
+    static void Settle(wxWindow* window)
+    {
+        wxRect    last;
+        int       quiet = 0;
+        const int enough = 25;
+        WaitFor(
+            [&]
+            {
+                quiet = window->GetRect() == last ? quiet + 1 : 0;
+                last = window->GetRect();
+                return quiet > enough;
+            });
+    }
+};
+} // namespace
+
+TEST_F(FrameStateTest, MaximisingAndBackRestoresTheSizeTwice)
+{
+    Options().SetValue("Window", "Window", "150, 130, 640, 480");
+    MainFrame* const frame = Open();
+    EXPECT_EQ(wxSize(640, 480), frame->GetSize());
+    const wxPoint position = frame->GetPosition();
+    for (int round = 0; round < 2; ++round)
+    {
+        frame->Maximize();
+        ASSERT_TRUE(WaitFor([&] { return frame->IsMaximized() && frame->GetSize().x > 1000; }));
+        Settle(frame);
+        frame->SaveWindowPosition();
+        EXPECT_EQ("yes", Options().GetValue("Window", "IsMaximized").ToLower());
+        EXPECT_EQ(SFormat("%d, %d, 640, 480", position.x, position.y),
+                  Options().GetValue("Window", "Window"));
+        frame->Maximize(false);
+        ASSERT_TRUE(WaitFor([&] { return !frame->IsMaximized() && frame->GetSize().x == 640; }));
+        Settle(frame);
+        EXPECT_EQ(wxSize(640, 480), frame->GetSize());
+    }
+    frame->SaveWindowPosition();
+    EXPECT_FALSE(Options().GetBool("Window", "IsMaximized", true));
+}
+
+TEST_F(FrameStateTest, FullScreenAndBackRestoresTheSizeTwice)
+{
+    Options().SetValue("Window", "Window", "150, 130, 640, 480");
+    MainFrame* const frame = Open();
+    for (int round = 0; round < 2; ++round)
+    {
+        frame->ShowFullScreen(true, wxFULLSCREEN_ALL);
+        ASSERT_TRUE(WaitFor([&] { return frame->IsFullScreen() && frame->GetSize().x > 1000; }));
+        Settle(frame);
+        frame->SaveWindowPosition();
+        EXPECT_TRUE(Options().GetBool("Window", "IsFullScreen", false));
+        frame->ShowFullScreen(false, wxFULLSCREEN_ALL);
+        ASSERT_TRUE(WaitFor([&] { return !frame->IsFullScreen() && frame->GetSize().x == 640; }));
+        Settle(frame);
+        EXPECT_EQ(wxSize(640, 480), frame->GetSize());
+    }
+}
+
+TEST_F(FrameStateTest, StateComesBackInTheNextRun)
+{
+    Options().SetValue("Window", "Window", "150, 130, 640, 480");
+    Options().SetValue("Window", "IsMaximized", "yes");
+    Options().SetValue("Window", "IsMinimized", "yes");
+    MainFrame* const frame = Open();
+    EXPECT_TRUE(WaitFor([&] { return frame->IsMaximized() && frame->GetSize().x > 1000; }));
+    EXPECT_FALSE(frame->IsIconized());
+    Settle(frame);
+    frame->Maximize(false);
+    EXPECT_TRUE(WaitFor([&] { return frame->GetSize() == wxSize(640, 480); }))
+        << frame->GetSize().x << " x " << frame->GetSize().y;
+}
+
+TEST_F(FrameStateTest, SizeEventsAreFiltered)
+{
+    const LogCapture log;
+    auto* const      frame = new MainFrame;
+    const auto       tell = [frame](const wxSize& size)
+    {
+        wxSizeEvent event(size, frame->GetId());
+        event.SetEventObject(frame);
+        frame->GetEventHandler()->ProcessEvent(event);
+    };
+    tell(wxSize(300, 200));
+    EXPECT_EQ(0, frame->changes);
+    EXPECT_TRUE(log.Has("Size event ignored because gui is not finished building"));
+    frame->Finish();
+    tell(wxSize(300, 200));
+    EXPECT_EQ(1, frame->changes);
+    tell(wxSize(300, 200));
+    EXPECT_EQ(1, frame->changes);
+    EXPECT_TRUE(log.Has("Size event ignored because it is a duplicate event"));
+    tell(wxSize(310, 200));
+    EXPECT_EQ(2, frame->changes);
+    EXPECT_EQ(wxSize(310, 200), frame->lastSize);
+    EXPECT_EQ(wxSize(300, 200), frame->lastOldSize);
+    EXPECT_FALSE(frame->lastRestoring);
+}
+
+TEST_F(FrameStateTest, SavedPlacesAreUsedWithAnOffset)
+{
+    auto* const frame = new MainFrame;
+    Options().SetValue("Job", "Window", "10, 20, 300, 200");
+    wxSetWindowPos(frame, "Job", 30);
+    EXPECT_EQ(wxRect(40, 50, 300, 200), frame->GetRect());
+    wxSaveWindowPos(frame, "Other");
+    EXPECT_EQ("40, 50, 300, 200", Options().GetValue("Other", "Window"));
+}
+
+TEST_F(FrameStateTest, UnusablePlacesCentreTheWindow)
+{
+    const wxRect area = wxDisplay(0u).GetClientArea();
+    for (const char* text : {"", "10, 20, 300", "no numbers", "5000, 5000, 300, 200"})
+    {
+        auto* const frame = new MainFrame(wxSize(300, 200));
+        frame->Show();
+        ASSERT_TRUE(WaitFor([&] { return frame->IsShownOnScreen(); }));
+        Settle(frame);
+        Options().SetValue("Job", "Window", text);
+        wxSetWindowPos(frame, "Job", 0);
+        EXPECT_TRUE(WaitFor(
+            [&]
+            {
+                const wxPoint middle = frame->GetRect().GetPosition() + frame->GetSize() / 2;
+                return std::abs(middle.x - area.width / 2) < 40 &&
+                       std::abs(middle.y - area.height / 2) < 60;
+            }))
+            << text << ": " << frame->GetPosition().x << ", " << frame->GetPosition().y;
+        frame->Destroy();
+        ASSERT_TRUE(WaitFor([] { return !wxTolvanFrame::s_Frame; }));
+    }
+}
+
+TEST_F(FrameStateTest, AFrameSavedOffEveryScreenIsSeenWhenItIsShown)
+{
+    Options().SetValue("Window", "Window", "6000, 100, 300, 200");
+    MainFrame* const frame = Open();
+    EXPECT_TRUE(WaitFor([&] { return _Displays::Get().indexOf(frame) != wxNOT_FOUND; }))
+        << frame->GetPosition().x;
+}
+
+TEST_F(FrameStateTest, WhereWindowsCannotBePlacedAGoodPositionIsKept)
+{
+    Options().SetValue("Window", "Window", "150, 130, 640, 480");
+    Options().SetValue("Job", "Window", "10, 20, 300, 200");
+    MainFrame* const frame = Open();
+    _Displays::Get().placesWindows = [] { return false; };
+    frame->SetSize(0, 0, 700, 500);
+    ASSERT_TRUE(WaitFor([&] { return frame->GetSize() == wxSize(700, 500); }));
+    Settle(frame);
+    frame->SaveWindowPosition();
+    wxSaveWindowPos(frame, "Job");
+    EXPECT_EQ("150, 130, 700, 500", Options().GetValue("Window", "Window"));
+    EXPECT_EQ("10, 20, 700, 500", Options().GetValue("Job", "Window"));
+}
+
+TEST_F(FrameStateTest, TheMainFrameTakesTheOthersWithIt)
+{
+    struct Slots : public HasSlots
+    {
+        void OnClosed() {}
+    } slots;
+    auto* const main = new MainFrame;
+    EXPECT_EQ(main, wxTolvanFrame::s_Frame);
+    EXPECT_EQ(0, g_Scheme); // loaded with it
+    auto* const second = new wxTolvanFrame("Second");
+    auto* const tool = new wxTolvanFrame(main, "Tool", 0);
+    EXPECT_EQ(std::set<wxTolvanFrame*>{second}, g_ChildFrames);
+    wxTolvanFrame::s_WinClosed.Connect(&slots, &Slots::OnClosed);
+    EXPECT_EQ(1u, slots.ConnectionCount());
+    tool->Destroy();
+    EXPECT_TRUE(WaitFor([&] { return slots.ConnectionCount() == 0; }));
+
+    const wxWeakRef<wxTolvanFrame> watch(second);
+    main->Destroy();
+    EXPECT_TRUE(WaitFor([&] { return !watch; }));
+    EXPECT_TRUE(g_ChildFrames.empty());
+    EXPECT_EQ(nullptr, wxTolvanFrame::s_Frame);
+}
+
+TEST_F(FrameStateTest, SwitchingTheSchemeReachesEveryFrame)
+{
+    auto* const main = new MainFrame;
+    auto* const second = new wxTolvanFrame("Second");
+    auto* const panel = new wxtPanel(second);
+    EXPECT_EQ(0, wxTolvanFrame::SetColorScheme(-1));
+    EXPECT_EQ(2, wxTolvanFrame::SetColorScheme(scheme_Lighter));
+    for (wxWindow* const window : {static_cast<wxWindow*>(main), static_cast<wxWindow*>(second),
+                                   static_cast<wxWindow*>(panel)})
+    {
+        EXPECT_EQ(wxColour(233, 233, 233), window->GetBackgroundColour());
+    }
+    EXPECT_EQ("scheme = 2\n", ReadFile(UserFile("Colors.ini")));
+
+    // Another program changes it.
+    WriteFile(UserFile("Colors.ini"), "scheme = 4\n");
+    EXPECT_TRUE(TestApp::Get().HandleRequest("COLORS"));
+    EXPECT_TRUE(WaitFor([&] { return panel->GetBackgroundColour() == wxColour(32, 32, 32); }));
+    EXPECT_EQ(4, g_Scheme);
+}
+
+TEST_F(FrameStateTest, KnowsWhetherAMenuIsOpen)
+{
+    auto* const frame = new MainFrame;
+    wxMenuEvent highlight(wxEVT_MENU_HIGHLIGHT, 1);
+    frame->GetEventHandler()->ProcessEvent(highlight);
+    EXPECT_TRUE(wxTolvanFrame::IsMenuOpen());
+    EXPECT_FALSE(ParentIsActive(nullptr));
+    wxMenuEvent close(wxEVT_MENU_CLOSE, 1);
+    frame->GetEventHandler()->ProcessEvent(close);
+    EXPECT_FALSE(wxTolvanFrame::IsMenuOpen());
+    EXPECT_TRUE(ParentIsActive(nullptr));
+    EXPECT_FALSE(ParentIsActive(frame)); // never shown
+}
