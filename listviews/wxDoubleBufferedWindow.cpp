@@ -5,12 +5,13 @@
 #include "vesta/CallEntry.h"
 #include "vesta/Log.h"
 
-#include <wx/dcclient.h>
+#include <algorithm>
 
 namespace
 {
 constexpr int kRedrawTimerId = 1;
-constexpr int kLeastSize = 80; // pixels: room for two scrollbars and a little content
+constexpr int kLeastSize = 80;     // pixels: room for two scrollbars and a little content
+constexpr int kScrollbarRoom = 64; // pixels: a view that is smaller shows no scrollbars
 } // namespace
 
 std::set<wxDoubleBufferedWindow*> wxDoubleBufferedWindow::s_Windows;
@@ -39,11 +40,32 @@ wxDoubleBufferedWindow::wxDoubleBufferedWindow(wxWindow* parent, int id, long st
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     Create(parent, id, wxDefaultPosition, wxDefaultSize,
            style | wxVSCROLL | wxHSCROLL | wxWANTS_CHARS, wxASCII_STR(wxPanelNameStr));
-    // GTK 3 complains about scrollbars that are laid out in less room than they need.
     SetMinSize(wxSize(kLeastSize, kLeastSize));
     SetSize(wxSize(kLeastSize, kLeastSize));
     m_RedrawTimer.SetOwner(this, kRedrawTimerId);
     s_Windows.insert(this);
+}
+
+// GTK 3 complains about scrollbars that are laid out in less room than they need, as happens for a
+// moment even to the views of a frame that is about to be shown. They are gone before it can.
+void wxDoubleBufferedWindow::DoMoveWindow(int x, int y, int width, int height)
+{
+    if (!HasScrollbarRoom({width, height}))
+    {
+        HideNative(wxHORIZONTAL);
+        HideNative(wxVERTICAL);
+    }
+    wxWindow::DoMoveWindow(x, y, width, height);
+}
+
+bool wxDoubleBufferedWindow::HasScrollbarRoom(const wxSize& size)
+{
+    return size.x >= kScrollbarRoom && size.y >= kScrollbarRoom;
+}
+
+void wxDoubleBufferedWindow::HideNative(int orientation)
+{
+    wxWindow::SetScrollbar(orientation, 0, 1, 1, true);
 }
 
 wxDoubleBufferedWindow::~wxDoubleBufferedWindow()
@@ -144,7 +166,14 @@ void wxDoubleBufferedWindow::SetScrollbar(int orientation, int position, int thu
     axis.thumb = thumb;
     axis.range = range;
     axis.position = axis.Clamped(position);
-    wxWindow::SetScrollbar(orientation, axis.position, thumb, range, refresh);
+    if (HasScrollbarRoom(GetSize()))
+    {
+        wxWindow::SetScrollbar(orientation, axis.position, thumb, range, refresh);
+    }
+    else
+    {
+        HideNative(orientation);
+    }
 }
 
 void wxDoubleBufferedWindow::SetScrollPos(int orientation, int position, bool refresh)

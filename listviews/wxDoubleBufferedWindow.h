@@ -70,6 +70,8 @@ protected:
     void OnMouseWheel(wxMouseEvent& event);
     void Timeout(wxTimerEvent& event);
 
+    void DoMoveWindow(int x, int y, int width, int height) override;
+
     _ScrollUnits ScrollUnits() const;
     /// Scrolls to that position (pixels), corrected to the content.
     void ScrollTo(int orientation, long long position);
@@ -95,6 +97,9 @@ protected:
 private:
     struct ScrollState;
 
+    static bool HasScrollbarRoom(const wxSize& size);
+
+    void        HideNative(int orientation);
     _ScrollAxis DueAxis(int orientation) const;
     void        ApplyDueScrollbars();
     void        TraceScrolling() const;
