@@ -92,8 +92,8 @@ const _Glyph& _GlyphTable::Of(const wchar_t* characters, int count)
 
 _Glyph _GlyphTable::LayOut(const wchar_t* characters, int count)
 {
-    _Glyph glyph;
-    auto   layout = MakeLayout(m_Context.get(), m_Description, characters, count);
+    _Glyph         glyph;
+    auto           layout = MakeLayout(m_Context.get(), m_Description, characters, count);
     PangoRectangle ink;
     PangoRectangle logical;
     pango_layout_get_extents(layout.get(), &ink, &logical);

@@ -26,7 +26,7 @@ struct _Glyph
     double                   dx = 0;      ///< Pixels from where the character starts.
     double                   dy = 0;
     bool                     blank = false; ///< Nothing to draw.
-    _GObjectPtr<PangoLayout> layout; ///< What is not a single glyph.
+    _GObjectPtr<PangoLayout> layout;        ///< What is not a single glyph.
 };
 
 /// The glyphs of one font on one kind of surface, laid out when first asked for. Tables are shared
@@ -47,10 +47,10 @@ private:
 
     _Glyph LayOut(const wchar_t* characters, int count);
 
-    _GObjectPtr<PangoContext>                 m_Context;
-    PangoFontDescription*                     m_Description; ///< Kept as long as the table.
-    double                                    m_Baseline = 0;
+    _GObjectPtr<PangoContext>                        m_Context;
+    PangoFontDescription*                            m_Description; ///< Kept as long as the table.
+    double                                           m_Baseline = 0;
     std::array<std::unique_ptr<_Glyph>, kQuickCodes> m_Quick; ///< By code.
-    std::unordered_map<std::wstring, _Glyph>  m_Others;
-    std::map<PangoFont*, _GObjectPtr<PangoFont>> m_Fonts; ///< All that glyphs came from.
+    std::unordered_map<std::wstring, _Glyph>         m_Others;
+    std::map<PangoFont*, _GObjectPtr<PangoFont>>     m_Fonts; ///< All that glyphs came from.
 };

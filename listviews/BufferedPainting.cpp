@@ -65,8 +65,8 @@ void wxDoubleBufferedWindow::Paint(wxPaintEvent&)
     catch (Exception* exception)
     {
         const std::unique_ptr<Exception> owner(exception);
-        RetryPaint(exception->ClassName() + "::" + exception->Method() + ": " +
-                   exception->Text() + " " + exception->Text2());
+        RetryPaint(exception->ClassName() + "::" + exception->Method() + ": " + exception->Text() +
+                   " " + exception->Text2());
     }
     catch (const std::exception& exception)
     {

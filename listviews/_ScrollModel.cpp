@@ -6,9 +6,9 @@
 
 namespace
 {
-constexpr int kExtraUnits = 2;       // visible units counted beyond the whole ones
-constexpr int kOverlapColumns = 3;   // columns that a horizontal page keeps in view
-constexpr int kDefaultDelta = 120;   // rotation of one notch where a device reports none
+constexpr int kExtraUnits = 2;     // visible units counted beyond the whole ones
+constexpr int kOverlapColumns = 3; // columns that a horizontal page keeps in view
+constexpr int kDefaultDelta = 120; // rotation of one notch where a device reports none
 } // namespace
 
 int _ScrollAxis::MaxPosition() const

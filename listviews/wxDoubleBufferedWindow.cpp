@@ -16,24 +16,22 @@ constexpr int kScrollbarRoom = 64; // pixels: a view that is smaller shows no sc
 
 std::set<wxDoubleBufferedWindow*> wxDoubleBufferedWindow::s_Windows;
 
-wxBEGIN_EVENT_TABLE(wxDoubleBufferedWindow, wxWindow)
-    EVT_PAINT(wxDoubleBufferedWindow::Paint)
-    EVT_SIZE(wxDoubleBufferedWindow::Resize)
-    EVT_ERASE_BACKGROUND(wxDoubleBufferedWindow::Erase)
-    EVT_SYS_COLOUR_CHANGED(wxDoubleBufferedWindow::OnSysColorChange)
-    EVT_SCROLLWIN_TOP(wxDoubleBufferedWindow::Scroll)
-    EVT_SCROLLWIN_BOTTOM(wxDoubleBufferedWindow::Scroll)
-    EVT_SCROLLWIN_LINEUP(wxDoubleBufferedWindow::Scroll)
-    EVT_SCROLLWIN_LINEDOWN(wxDoubleBufferedWindow::Scroll)
-    EVT_SCROLLWIN_PAGEUP(wxDoubleBufferedWindow::Scroll)
-    EVT_SCROLLWIN_PAGEDOWN(wxDoubleBufferedWindow::Scroll)
-    EVT_SCROLLWIN_THUMBTRACK(wxDoubleBufferedWindow::Scroll)
-    EVT_SCROLLWIN_THUMBRELEASE(wxDoubleBufferedWindow::Scroll)
-    EVT_MOUSEWHEEL(wxDoubleBufferedWindow::OnMouseWheel)
-    EVT_TIMER(kRedrawTimerId, wxDoubleBufferedWindow::Timeout)
-wxEND_EVENT_TABLE()
+wxBEGIN_EVENT_TABLE(wxDoubleBufferedWindow, wxWindow) EVT_PAINT(wxDoubleBufferedWindow::Paint)
+    EVT_SIZE(wxDoubleBufferedWindow::Resize) EVT_ERASE_BACKGROUND(wxDoubleBufferedWindow::Erase)
+        EVT_SYS_COLOUR_CHANGED(wxDoubleBufferedWindow::OnSysColorChange) EVT_SCROLLWIN_TOP(
+            wxDoubleBufferedWindow::Scroll) EVT_SCROLLWIN_BOTTOM(wxDoubleBufferedWindow::Scroll)
+            EVT_SCROLLWIN_LINEUP(wxDoubleBufferedWindow::Scroll)
+                EVT_SCROLLWIN_LINEDOWN(wxDoubleBufferedWindow::Scroll)
+                    EVT_SCROLLWIN_PAGEUP(wxDoubleBufferedWindow::Scroll)
+                        EVT_SCROLLWIN_PAGEDOWN(wxDoubleBufferedWindow::Scroll)
+                            EVT_SCROLLWIN_THUMBTRACK(wxDoubleBufferedWindow::Scroll)
+                                EVT_SCROLLWIN_THUMBRELEASE(wxDoubleBufferedWindow::Scroll)
+                                    EVT_MOUSEWHEEL(wxDoubleBufferedWindow::OnMouseWheel)
+                                        EVT_TIMER(kRedrawTimerId, wxDoubleBufferedWindow::Timeout)
+                                            wxEND_EVENT_TABLE()
 
-wxDoubleBufferedWindow::wxDoubleBufferedWindow(wxWindow* parent, int id, long style)
+                                                wxDoubleBufferedWindow::wxDoubleBufferedWindow(
+                                                    wxWindow* parent, int id, long style)
     : m_Scroll(std::make_unique<ScrollState>())
 {
     CALL_ENTRY("wxDoubleBufferedWindow::wxDoubleBufferedWindow");
@@ -152,8 +150,8 @@ void wxDoubleBufferedWindow::TraceScrolling() const
     LogInfo(SFormat("wxDoubleBufferedWindow %x    H: %d %d %d   first: %d -%d (%d / %d x %d)   "
                     "V: %d %d %d   first: %d -%d (%d / %d x %d)",
                     static_cast<unsigned>(reinterpret_cast<uintptr_t>(this)), h.position, h.thumb,
-                    h.range, h.position / m_ColumnWidth, h.position % m_ColumnWidth,
-                    m_ContentWidth, m_VisibleColumns, m_ColumnWidth, v.position, v.thumb, v.range,
+                    h.range, h.position / m_ColumnWidth, h.position % m_ColumnWidth, m_ContentWidth,
+                    m_VisibleColumns, m_ColumnWidth, v.position, v.thumb, v.range,
                     v.position / m_LineHeight, v.position % m_LineHeight, m_LineCount,
                     m_VisibleLines, m_LineHeight));
 }
@@ -206,9 +204,8 @@ void wxDoubleBufferedWindow::Scroll(wxScrollWinEvent& event)
     const int         orientation = event.GetOrientation();
     const _ScrollAxis axis{GetScrollPos(orientation), GetScrollThumb(orientation),
                            GetScrollRange(orientation)};
-    const int         target =
-        _ScrollTarget(event.GetEventType(), axis, m_LineHeight,
-                      _PageSize(orientation, ScrollUnits()), event.GetPosition());
+    const int         target = _ScrollTarget(event.GetEventType(), axis, m_LineHeight,
+                                             _PageSize(orientation, ScrollUnits()), event.GetPosition());
     SetScrollPos(orientation, target, true);
     Redraw();
     if (m_LinkedWindow && s_Windows.count(m_LinkedWindow))
@@ -228,16 +225,15 @@ void wxDoubleBufferedWindow::ScrollTo(int orientation, long long position)
 bool wxDoubleBufferedWindow::ScrollLines(int lines)
 {
     CALL_ENTRY("wxDoubleBufferedWindow::ScrollLines");
-    ScrollTo(wxVERTICAL,
-             GetScrollPos(wxVERTICAL) + static_cast<long long>(lines) * m_LineHeight);
+    ScrollTo(wxVERTICAL, GetScrollPos(wxVERTICAL) + static_cast<long long>(lines) * m_LineHeight);
     return true;
 }
 
 bool wxDoubleBufferedWindow::ScrollPages(int pages)
 {
     CALL_ENTRY("wxDoubleBufferedWindow::ScrollPages");
-    ScrollTo(wxVERTICAL, GetScrollPos(wxVERTICAL) +
-                             static_cast<long long>(pages) * GetScrollThumb(wxVERTICAL));
+    ScrollTo(wxVERTICAL,
+             GetScrollPos(wxVERTICAL) + static_cast<long long>(pages) * GetScrollThumb(wxVERTICAL));
     return true;
 }
 

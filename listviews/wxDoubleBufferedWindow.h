@@ -51,6 +51,13 @@ public:
     bool ScrollLines(int lines) override; ///< Down by that many lines; negative is up.
     bool ScrollPages(int pages) override; ///< Down by that many client heights; negative is up.
 
+    void Paint(wxPaintEvent& event);
+    void Resize(wxSizeEvent& event);
+    void Erase(wxEraseEvent& event); ///< Does nothing: the copied bitmap covers everything.
+    void OnSysColorChange(wxSysColourChangedEvent& event);
+    void OnMouseWheel(wxMouseEvent& event);
+    void Timeout(wxTimerEvent& event);
+
     void SetScrollbar(int orientation, int position, int thumb, int range,
                       bool refresh = true) override;
     void SetScrollPos(int orientation, int position, bool refresh = true) override;
@@ -62,13 +69,6 @@ protected:
     /// Paints the whole visible content into `m_Buffer`, which exists and has the client area's
     /// size. What it throws is caught: the painting is tried again after the redraw delay.
     virtual void DrawBitmap() = 0;
-
-    void Paint(wxPaintEvent& event);
-    void Resize(wxSizeEvent& event);
-    void Erase(wxEraseEvent& event); ///< Does nothing: the copied bitmap covers everything.
-    void OnSysColorChange(wxSysColourChangedEvent& event);
-    void OnMouseWheel(wxMouseEvent& event);
-    void Timeout(wxTimerEvent& event);
 
     void DoMoveWindow(int x, int y, int width, int height) override;
 

@@ -41,17 +41,17 @@ struct MenuEntry
 };
 
 constexpr MenuEntry kStandardEntries[] = {
-    {wxTextLineCtrl::menu_SaveAs, wxTRANSLATE("Save As...\tCtrl+S")},
+    {wxTextLineCtrl::id_SaveAs, wxTRANSLATE("Save As...\tCtrl+S")},
     {0, nullptr},
-    {wxTextLineCtrl::menu_Search, wxTRANSLATE("Search...\tCtrl+F")},
+    {wxTextLineCtrl::id_Search, wxTRANSLATE("Search...\tCtrl+F")},
     {0, nullptr},
-    {wxTextLineCtrl::menu_SelectAll, wxTRANSLATE("Select All\tCtrl+A")},
-    {wxTextLineCtrl::menu_SelectNone, wxTRANSLATE("Select None\tEsc")},
+    {wxTextLineCtrl::id_SelectAll, wxTRANSLATE("Select All\tCtrl+A")},
+    {wxTextLineCtrl::id_SelectNone, wxTRANSLATE("Select None\tEsc")},
     {0, nullptr},
-    {wxTextLineCtrl::menu_Copy, wxTRANSLATE("Copy\tCtrl+C")},
+    {wxTextLineCtrl::id_Copy, wxTRANSLATE("Copy\tCtrl+C")},
     {0, nullptr},
-    {wxTextLineCtrl::menu_ScrollToTop, wxTRANSLATE("Scroll to Top\tCtrl+Home")},
-    {wxTextLineCtrl::menu_ScrollToBottom, wxTRANSLATE("Scroll to Bottom\tCtrl+End")},
+    {wxTextLineCtrl::id_ScrollToTop, wxTRANSLATE("Scroll to Top\tCtrl+Home")},
+    {wxTextLineCtrl::id_ScrollToBottom, wxTRANSLATE("Scroll to Bottom\tCtrl+End")},
 };
 } // namespace
 
@@ -111,6 +111,18 @@ void wxTextLineCtrl::ScrollBy(wxEventType type, int orientation)
     wxScrollWinEvent event(type, 0, orientation);
     event.SetEventObject(this);
     Scroll(event);
+}
+
+void wxTextLineCtrl::ScrollToTop()
+{
+    CALL_ENTRY("wxTextLineCtrl::ScrollToTop");
+    ScrollBy(wxEVT_SCROLLWIN_TOP, wxVERTICAL);
+}
+
+void wxTextLineCtrl::ScrollToBottom()
+{
+    CALL_ENTRY("wxTextLineCtrl::ScrollToBottom");
+    ScrollBy(wxEVT_SCROLLWIN_BOTTOM, wxVERTICAL);
 }
 
 void wxTextLineCtrl::OnMouseLeave(wxMouseEvent&)
@@ -196,25 +208,25 @@ void wxTextLineCtrl::OnMenu(wxCommandEvent& event)
     CALL_ENTRY("wxTextLineCtrl::OnMenu");
     switch (event.GetId())
     {
-    case menu_SelectAll:
+    case id_SelectAll:
         SelectAll();
         break;
-    case menu_SelectNone:
+    case id_SelectNone:
         SelectNone();
         break;
-    case menu_Copy:
+    case id_Copy:
         CopySelectionToClipboard();
         break;
-    case menu_ScrollToTop:
-        ScrollBy(wxEVT_SCROLLWIN_TOP, wxVERTICAL);
+    case id_ScrollToTop:
+        ScrollToTop();
         break;
-    case menu_ScrollToBottom:
-        ScrollBy(wxEVT_SCROLLWIN_BOTTOM, wxVERTICAL);
+    case id_ScrollToBottom:
+        ScrollToBottom();
         break;
-    case menu_SaveAs:
+    case id_SaveAs:
         SaveOrTell();
         break;
-    case menu_Search:
+    case id_Search:
         ToggleSearch();
         break;
     default:

@@ -49,10 +49,9 @@ void wxTextLineCtrl::CopySelectionToClipboard()
 void wxTextLineCtrl::SaveAs()
 {
     CALL_ENTRY("wxTextLineCtrl::SaveAs");
-    const wxString name =
-        wxFileSelector(wxASCII_STR(wxFileSelectorPromptStr), wxEmptyString, wxEmptyString,
-                       wxEmptyString, wxASCII_STR(wxFileSelectorDefaultWildcardStr),
-                       wxFD_SAVE | wxFD_OVERWRITE_PROMPT, this);
+    const wxString name = wxFileSelector(
+        wxASCII_STR(wxFileSelectorPromptStr), wxEmptyString, wxEmptyString, wxEmptyString,
+        wxASCII_STR(wxFileSelectorDefaultWildcardStr), wxFD_SAVE | wxFD_OVERWRITE_PROMPT, this);
     if (!name.empty())
     {
         SaveTo(Path(String(name.fn_str())));

@@ -180,7 +180,7 @@ std::string_view _LineMatcher::LowerCaseOf(std::string_view ascii)
 void _LineMatcher::QuickHits(const _LineStore::Block& block, std::string_view bytes, int from,
                              int end, bool onlyFirst)
 {
-    const auto   startOf = [&](int line)
+    const auto startOf = [&](int line)
     { return line < block.lineCount ? block.StartOf(line) : bytes.size(); };
     const size_t limit = startOf(end);
     _LineMatch   ignored;

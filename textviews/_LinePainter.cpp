@@ -46,8 +46,8 @@ void _LinePainter::DrawLine(int line, std::string_view text, const Cells& cells)
     }
 }
 
-void _LinePainter::DrawLineWithin(const std::vector<wxRect>& rects, int line,
-                                  std::string_view text, const Cells& cells)
+void _LinePainter::DrawLineWithin(const std::vector<wxRect>& rects, int line, std::string_view text,
+                                  const Cells& cells)
 {
     m_Painter.ClipTo(rects);
     DrawLine(line, text, cells);

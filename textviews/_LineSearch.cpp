@@ -103,10 +103,9 @@ size_t _LineSearch::LookThrough(const _LineStore::Block& block, size_t budget)
         return used;
     }
     // Backwards the last one counts.
-    const std::vector<int>& hits =
-        m_Matcher->HitsIn(block, range.first - block.firstLine, range.end - block.firstLine,
-                          m_Forward);
-    _LineMatch match;
+    const std::vector<int>& hits = m_Matcher->HitsIn(block, range.first - block.firstLine,
+                                                     range.end - block.firstLine, m_Forward);
+    _LineMatch              match;
     if (!hits.empty() && m_Matcher->Find(block.Line(hits.back()), match))
     {
         TakeMatch(block.firstLine + hits.back(), match);

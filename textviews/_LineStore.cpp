@@ -5,10 +5,10 @@
 
 namespace
 {
-constexpr size_t   kLeafBytes = 32 * 1024; // bytes of lines in a leaf; a longer line is alone
-constexpr size_t   kLeafLines = 4096;      // lines in a leaf, where they are short or empty
-constexpr size_t   kMergeBytes = kLeafBytes / 4;          // smaller leaves look for a neighbour
-constexpr size_t   kFirstStarts = 256;                    // lines
+constexpr size_t   kLeafBytes = 32 * 1024;       // bytes of lines in a leaf; a longer line is alone
+constexpr size_t   kLeafLines = 4096;            // lines in a leaf, where they are short or empty
+constexpr size_t   kMergeBytes = kLeafBytes / 4; // smaller leaves look for a neighbour
+constexpr size_t   kFirstStarts = 256;           // lines
 constexpr uint64_t kTrimBytes = uint64_t{16} * 1024 * 1024; // bytes freed that are worth a trim
 } // namespace
 
@@ -79,8 +79,7 @@ _LineStore::Block _LineStore::BlockOf(int index) const
 
 size_t _LineStore::LeafOf(int index) const
 {
-    const auto after =
-        std::upper_bound(m_FirstLines.begin(), m_FirstLines.end(), index + m_Erased);
+    const auto after = std::upper_bound(m_FirstLines.begin(), m_FirstLines.end(), index + m_Erased);
     return static_cast<size_t>(after - m_FirstLines.begin()) - 1;
 }
 
@@ -173,15 +172,15 @@ bool _LineStore::TooLarge(const Leaf& leaf)
 void _LineStore::Split(size_t leafIndex)
 {
     AddLeaf(leafIndex + 1, 0);
-    Leaf&        left = m_Leaves[leafIndex];
-    Leaf&        right = m_Leaves[leafIndex + 1];
-    const auto   middle = static_cast<uint32_t>(left.bytes.size() / 2);
-    const auto   after =
+    Leaf&      left = m_Leaves[leafIndex];
+    Leaf&      right = m_Leaves[leafIndex + 1];
+    const auto middle = static_cast<uint32_t>(left.bytes.size() / 2);
+    const auto after =
         left.starts.size() > kLeafLines
             ? left.starts.begin() + kLeafLines / 2
             : std::lower_bound(left.starts.begin() + 1, left.starts.end() - 1, middle);
-    const auto   cut = *after;
-    const auto   keptLines = after - left.starts.begin();
+    const auto cut = *after;
+    const auto keptLines = after - left.starts.begin();
     right.bytes.assign(left.bytes.begin() + cut, left.bytes.end());
     right.starts.assign(after, left.starts.end());
     std::for_each(right.starts.begin(), right.starts.end(), [cut](uint32_t& s) { s -= cut; });

@@ -15,10 +15,10 @@
 
 struct _TextCell
 {
-    uint32_t shown;  ///< The character to draw: a control character's picture for itself.
-    uint32_t code;   ///< The character; an invalid byte is `kInvalidByteBase` plus its value.
-    int      bytes;  ///< How many of the line it takes.
-    int      cells;  ///< 0, 1 or 2.
+    uint32_t shown; ///< The character to draw: a control character's picture for itself.
+    uint32_t code;  ///< The character; an invalid byte is `kInvalidByteBase` plus its value.
+    int      bytes; ///< How many of the line it takes.
+    int      cells; ///< 0, 1 or 2.
 };
 
 /// Invalid bytes get codes of their own, so that they never equal a character.

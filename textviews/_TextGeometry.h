@@ -17,10 +17,10 @@ struct TOLVAN_API _TextGeometry
     int     lineCount = 0;
 
     /// The first line that is drawn: one above the visible ones, whose glyphs may hang over.
-    int FirstDrawnLine() const;
-    int EndOfDrawnLines(int visibleLines) const; ///< One past the last.
-    int TopOf(int line) const;
-    int LineAt(int y) const; ///< -1 below the last line; above the first one that one.
+    int    FirstDrawnLine() const;
+    int    EndOfDrawnLines(int visibleLines) const; ///< One past the last.
+    int    TopOf(int line) const;
+    int    LineAt(int y) const; ///< -1 below the last line; above the first one that one.
     wxRect BandOf(int line) const;
 
     int64_t FirstDrawnCell() const; ///< One to the left of the visible ones.

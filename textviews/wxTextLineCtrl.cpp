@@ -44,20 +44,19 @@ int Saturated(int64_t count)
 } // namespace
 
 wxBEGIN_EVENT_TABLE(wxTextLineCtrl, wxDoubleBufferedWindow)
-    EVT_LEFT_DOWN(wxTextLineCtrl::OnLeftClick)
-    EVT_LEFT_UP(wxTextLineCtrl::OnLeftUp)
-    EVT_MOUSE_CAPTURE_LOST(wxTextLineCtrl::OnCaptureLoss)
-    EVT_MOTION(wxTextLineCtrl::OnMouseMove)
-    EVT_LEAVE_WINDOW(wxTextLineCtrl::OnMouseLeave)
-    EVT_RIGHT_DOWN(wxTextLineCtrl::OnRightClick)
-    EVT_KEY_DOWN(wxTextLineCtrl::OnKey)
-    EVT_MENU_RANGE(menu_SelectAll, menu_Search, wxTextLineCtrl::OnMenu)
-wxEND_EVENT_TABLE()
+    EVT_LEFT_DOWN(wxTextLineCtrl::OnLeftClick) EVT_LEFT_UP(wxTextLineCtrl::OnLeftUp)
+        EVT_MOUSE_CAPTURE_LOST(wxTextLineCtrl::OnCaptureLoss)
+            EVT_MOTION(wxTextLineCtrl::OnMouseMove) EVT_LEAVE_WINDOW(wxTextLineCtrl::OnMouseLeave)
+                EVT_RIGHT_DOWN(wxTextLineCtrl::OnRightClick) EVT_KEY_DOWN(wxTextLineCtrl::OnKey)
+                    EVT_MENU_RANGE(id_SelectAll, id_Search, wxTextLineCtrl::OnMenu)
+                        wxEND_EVENT_TABLE()
 
-wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
+                            wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
     : wxDoubleBufferedWindow(parent, wxID_ANY, wxBORDER_NONE | wxWANTS_CHARS),
-      m_Font(_FontExtents::Get()), m_Lines(std::make_unique<_LineStore>()),
-      m_Places(std::make_unique<_TextPlaces>()), m_Selection(std::make_unique<_TextSelection>())
+      m_Font(_FontExtents::Get()),
+      m_Lines(std::make_unique<_LineStore>()),
+      m_Places(std::make_unique<_TextPlaces>()),
+      m_Selection(std::make_unique<_TextSelection>())
 {
     CALL_ENTRY("wxTextLineCtrl::wxTextLineCtrl");
     Manage(this);
@@ -301,6 +300,5 @@ void wxTextLineCtrl::ScrollIntoView(const _LineMatch& match)
     const _Stretch down{static_cast<int64_t>(match.line) * m_LineHeight,
                         (static_cast<int64_t>(match.line) + 1) * m_LineHeight};
     ScrollTo(wxVERTICAL, _PositionShowing(down, GetScrollPos(wxVERTICAL), GetClientSize().y));
-    ScrollTo(wxHORIZONTAL,
-             _PositionShowing(across, GetScrollPos(wxHORIZONTAL), GetClientSize().x));
+    ScrollTo(wxHORIZONTAL, _PositionShowing(across, GetScrollPos(wxHORIZONTAL), GetClientSize().x));
 }

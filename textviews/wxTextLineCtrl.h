@@ -35,13 +35,13 @@ public:
     /// Command ids of the context menu.
     enum MenuId
     {
-        menu_SelectAll = 7301,
-        menu_SelectNone = 7302,
-        menu_Copy = 7303,
-        menu_ScrollToTop = 7304,
-        menu_ScrollToBottom = 7305,
-        menu_SaveAs = 7306,
-        menu_Search = 7307
+        id_SelectAll = 7301,
+        id_SelectNone = 7302,
+        id_Copy = 7303,
+        id_ScrollToTop = 7304,
+        id_ScrollToBottom = 7305,
+        id_SaveAs = 7306,
+        id_Search = 7307
     };
 
     explicit wxTextLineCtrl(wxWindow* parent);
@@ -62,6 +62,9 @@ public:
     /// Whether a view that is scrolled to its end stays there when lines come.
     void SetFollowEnd(bool follow);
     bool GetFollowEnd() const { return m_FollowEnd; }
+
+    void ScrollToTop();
+    void ScrollToBottom();
 
     void SelectAll();
     void SelectNone();
@@ -97,9 +100,8 @@ public:
     /// Pops the menu up at the pointer, with the standard entries at its end if wanted.
     void HandleContextMenu(wxMenu& menu, bool addStandardItems);
 
-protected:
-    void DrawBitmap() override;
-
+    /// Handlers; a menu bar's commands of the ids above are passed on to `OnMenu`.
+    /// @{
     void OnLeftClick(wxMouseEvent& event);
     void OnLeftUp(wxMouseEvent& event);
     void OnCaptureLoss(wxMouseCaptureLostEvent& event);
@@ -108,6 +110,10 @@ protected:
     void OnRightClick(wxMouseEvent& event);
     void OnKey(wxKeyEvent& event);
     void OnMenu(wxCommandEvent& event);
+    /// @}
+
+protected:
+    void DrawBitmap() override;
 
 private:
     friend class wxTextLineSearchPanel;
@@ -117,7 +123,7 @@ private:
     _LineState    StateOf(int line) const;
     int           EndOfDrawnLines(const _TextGeometry& geometry) const;
     void          DrawBands(wxMemoryDC& dc, const _TextGeometry& geometry) const;
-    void          DrawHit(wxMemoryDC& dc, const _TextGeometry& geometry, _LinePainter& painter) const;
+    void DrawHit(wxMemoryDC& dc, const _TextGeometry& geometry, _LinePainter& painter) const;
 
     int  InsertSorted(const String& line);
     void Extend(const String& line);

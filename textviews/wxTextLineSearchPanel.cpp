@@ -19,11 +19,11 @@
 
 namespace
 {
-constexpr int    kFieldWidth = 220;          // pixels
-constexpr int    kGap = 6;                   // pixels between the controls
-constexpr int    kMargin = 4;                // pixels around them
+constexpr int    kFieldWidth = 220; // pixels
+constexpr int    kGap = 6;          // pixels between the controls
+constexpr int    kMargin = 4;       // pixels around them
 constexpr auto   kSlice = std::chrono::milliseconds(10);
-constexpr size_t kStepBytes = 128 * 1024;    // looked at between two looks at the clock
+constexpr size_t kStepBytes = 128 * 1024; // looked at between two looks at the clock
 
 // Repeats the step until it says that it is done (true) or the slice of time is over (false).
 template <class Step> bool WorkForASlice(Step step)
@@ -83,7 +83,7 @@ void wxTextLineSearchPanel::MakeControls()
 
 void wxTextLineSearchPanel::LayOutControls()
 {
-    auto* const       row = new wxBoxSizer(wxHORIZONTAL);
+    auto* const        row = new wxBoxSizer(wxHORIZONTAL);
     const wxSizerFlags one = wxSizerFlags().CentreVertical().Border(wxRIGHT, kGap);
     for (wxWindow* const control :
          {static_cast<wxWindow*>(m_Close), static_cast<wxWindow*>(m_Field),
@@ -231,9 +231,7 @@ bool wxTextLineSearchPanel::IsSearching() const
 bool wxTextLineSearchPanel::WorkOnSearch()
 {
     const auto step = [this]
-    {
-        return m_Work->search.Step(*m_View->m_Lines, kStepBytes) != _LineSearch::State::Running;
-    };
+    { return m_Work->search.Step(*m_View->m_Lines, kStepBytes) != _LineSearch::State::Running; };
     return WorkForASlice(step);
 }
 
@@ -247,7 +245,7 @@ void wxTextLineSearchPanel::FinishSearch()
         return;
     }
     m_View->ShowHit(search.Match());
-    ShowMessage(!search.HasWrapped()  ? wxString()
+    ShowMessage(!search.HasWrapped() ? wxString()
                 : search.IsForward() ? _("Went on from the top")
                                      : _("Went on from the bottom"));
 }
@@ -269,8 +267,8 @@ void wxTextLineSearchPanel::OnIdle(wxIdleEvent& event)
     }
     else if (!m_Work->counted)
     {
-        m_Work->counted = WorkForASlice(
-            [this] { return m_Work->counter.Step(*m_View->m_Lines, kStepBytes); });
+        m_Work->counted =
+            WorkForASlice([this] { return m_Work->counter.Step(*m_View->m_Lines, kStepBytes); });
         ShowHits();
         event.RequestMore(!m_Work->counted);
     }

@@ -39,9 +39,9 @@ public:
     void     SetText(const wxString& text);
     bool     GetMatchCase() const;
     void     SetMatchCase(bool matchCase);
-    int      GetHits() const;       ///< Lines with a hit, as far as they are counted.
-    bool     IsCounting() const;    ///< Lines are left to be counted.
-    wxString GetMessage() const;    ///< The notice that is shown; empty for none.
+    int      GetHits() const;    ///< Lines with a hit, as far as they are counted.
+    bool     IsCounting() const; ///< Lines are left to be counted.
+    wxString GetMessage() const; ///< The notice that is shown; empty for none.
 
     /// Told by the view about its lines: after one came before others, before one goes, after all
     /// have gone.
