@@ -61,3 +61,87 @@ install_packages()
     apt-get install ${missing[*]}"
     fi
 }
+
+# need_value OPTION COUNT: an option without its value is an error.
+need_value()
+{
+    [ "$2" -ge 2 ] || fail "$1 needs a value"
+}
+
+# configure PRESET WX_CONFIG ARGUMENT...: sets build_folder. Another wxWidgets than the packaged one
+# gets a build folder of its own, named after its port.
+configure()
+{
+    local preset=$1 wx_config=$2 port=""
+    shift 2
+    if [ -n "$wx_config" ]; then
+        wx_config=$(realpath -e -- "$wx_config") || fail "there is no such wx-config"
+        port=$("$wx_config" --selected-config) || fail "$wx_config does not work"
+        port=-${port%%-*}
+    fi
+    build_folder=$root/build/$preset$port
+    # CMake looks for presets in the folder that it is called in.
+    (cd "$root" && cmake --preset "$preset" -B "$build_folder" "-DTOLVAN_WX_CONFIG=$wx_config" "$@")
+}
+
+# wait_until SECONDS COMMAND...: whether the command succeeded before the deadline.
+wait_until()
+{
+    local end=$((SECONDS + $1))
+    shift
+    until "$@"; do
+        [ "$SECONDS" -lt "$end" ] || return 1
+        sleep 0.1
+    done
+}
+
+has_window_manager()
+{
+    xdotool get_num_desktops >/dev/null 2>&1
+}
+
+# Makes the folder scratch, which goes with the script, as does whatever is in started_processes.
+make_scratch()
+{
+    scratch=$(mktemp -d -t tolvan.XXXXXX)
+    started_processes=()
+    trap clean_up EXIT
+    trap 'exit 130' INT
+    trap 'exit 143' TERM
+}
+
+clean_up()
+{
+    local status=$? i
+    trap - EXIT
+    # The latest first: programs, then the window manager, then the display.
+    for ((i = ${#started_processes[@]} - 1; i >= 0; --i)); do
+        kill "${started_processes[i]}" 2>/dev/null || continue
+        wait "${started_processes[i]}" 2>/dev/null || true
+    done
+    rm -rf "$scratch"
+    exit "$status"
+}
+
+# Sets DISPLAY to an X server of this script's own with a window manager on it. The desktop of
+# whoever calls stays out of it: no Wayland, no sockets in the user's runtime folder.
+start_display()
+{
+    local number
+    make_scratch
+    mkfifo "$scratch/number"
+    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp -noreset \
+        3>"$scratch/number" 2>"$scratch/xvfb.log" &
+    started_processes+=($!)
+    read -r -t 30 number <"$scratch/number" ||
+        fail "Xvfb did not start: $(cat "$scratch/xvfb.log")"
+    export DISPLAY=:$number
+    unset WAYLAND_DISPLAY
+    export GDK_BACKEND=x11 XDG_RUNTIME_DIR=$scratch/runtime
+    mkdir -m 700 "$XDG_RUNTIME_DIR"
+
+    XDG_CONFIG_HOME=$scratch openbox --sm-disable >"$scratch/openbox.log" 2>&1 &
+    started_processes+=($!)
+    wait_until 30 has_window_manager ||
+        fail "openbox did not start: $(cat "$scratch/openbox.log")"
+}
