@@ -80,8 +80,8 @@ void MonitorApp::StartMasterIfNone()
     {
         return;
     }
-    String error;
-    if (StartMaster(error))
+    const String error = StartMaster();
+    if (error.empty())
     {
         m_Frame->ShowNotice("No master answers on this machine: one is started");
     }
