@@ -11,7 +11,7 @@
 namespace
 {
 
-constexpr size_t   kMaxLines = 256;   // entries written out
+constexpr size_t   kMaxLines = 64;    // entries written out
 constexpr unsigned kMaxInFlight = 31; // exceptions in flight told apart: bits of `printed`
 
 /// Constant-initialized and without a destructor, so that a thread's first entry costs no set-up

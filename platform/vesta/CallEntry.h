@@ -47,7 +47,7 @@ public:
     _CallEntry& operator=(const _CallEntry&) = delete;
 
     /// The calling thread's open entries, outermost first, a line "name (file:line)" each. Of very
-    /// many only the innermost 256, behind a line that says how many there are outside them.
+    /// many only the innermost 64, behind a line that says how many there are outside them.
     static String Trace();
     static int    Depth() noexcept; ///< Number of open entries of the calling thread.
 

@@ -6,7 +6,10 @@
 
 #include <cerrno>
 #include <chrono>
+#include <condition_variable>
 #include <fcntl.h>
+#include <memory>
+#include <mutex>
 #include <sys/file.h>
 #include <system_error>
 #include <thread>
@@ -15,22 +18,55 @@
 namespace
 {
 
-constexpr std::chrono::milliseconds kRetry{5};
-constexpr mode_t                    kPrivateFile = 0600;
+constexpr mode_t kPrivateFile = 0600;
 
-/// Whether the lock was had before the deadline; errno says why not.
-bool LockUntil(int descriptor, std::chrono::steady_clock::time_point deadline)
+/// What a thread that waits for the lock shares with the one that waits for it until the deadline.
+struct Waiting
 {
-    while (flock(descriptor, LOCK_EX | LOCK_NB) != 0)
+    std::mutex              mutex;
+    std::condition_variable changed;
+    bool                    done = false;
+    bool                    abandoned = false;
+    int                     error = 0;
+};
+
+/// Takes the lock, however long it takes; 0 or the error.
+int LockFor(int descriptor)
+{
+    while (flock(descriptor, LOCK_EX) != 0)
     {
-        if ((errno != EWOULDBLOCK && errno != EINTR) ||
-            std::chrono::steady_clock::now() >= deadline)
+        if (errno != EINTR)
         {
-            return false;
+            return errno;
         }
-        std::this_thread::sleep_for(kRetry);
     }
-    return true;
+    return 0;
+}
+
+/// Waits in the system's queue, which is first come, first served: trying again and again would
+/// starve beside a busy program. The system knows no deadline, so a thread waits there; when it
+/// comes too late, it gives the lock back by itself. 0 or the error; `descriptor` then is gone.
+int LockUntil(int descriptor, std::chrono::steady_clock::time_point deadline)
+{
+    const auto waiting = std::make_shared<Waiting>();
+    std::thread(
+        [waiting, descriptor]
+        {
+            const int                         error = LockFor(descriptor);
+            const std::lock_guard<std::mutex> lock(waiting->mutex);
+            waiting->error = error;
+            waiting->done = true;
+            waiting->changed.notify_all();
+            if (waiting->abandoned || error != 0)
+            {
+                close(descriptor);
+            }
+        })
+        .detach();
+    std::unique_lock<std::mutex> lock(waiting->mutex);
+    waiting->abandoned =
+        !waiting->changed.wait_until(lock, deadline, [&waiting] { return waiting->done; });
+    return waiting->abandoned ? EWOULDBLOCK : waiting->error;
 }
 
 } // namespace
@@ -43,17 +79,26 @@ FileLock::FileLock(const Path& path, int timeoutMs)
     // The lock file stays for good: removing it would let two programs lock two different files of
     // that name. A link in its place is none of ours.
     const int descriptor = _Descriptor::Open(name, O_RDWR | O_CREAT | O_NOFOLLOW, kPrivateFile);
-    if (descriptor >= 0 && LockUntil(descriptor, deadline))
+    int       error = descriptor < 0 ? errno : 0;
+    if (error == 0 && flock(descriptor, LOCK_EX | LOCK_NB) != 0)
+    {
+        try
+        {
+            error = LockUntil(descriptor, deadline);
+        }
+        catch (const std::system_error& e) // No further thread to be had.
+        {
+            error = e.code().value();
+            close(descriptor);
+        }
+    }
+    if (error == 0)
     {
         m_Descriptor = descriptor;
         return;
     }
-    const String reason =
-        errno == EWOULDBLOCK ? "another program holds it" : std::generic_category().message(errno);
-    if (descriptor >= 0)
-    {
-        close(descriptor);
-    }
+    const String reason = error == EWOULDBLOCK ? String("another program holds it")
+                                               : String(std::generic_category().message(error));
     LogWarning("Going on without the lock file \"" + name + "\": " + reason);
 }
 

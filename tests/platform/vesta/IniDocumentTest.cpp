@@ -1,0 +1,248 @@
+#include "vesta/IniDocument.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace
+{
+
+const String kFile = "; heading\r\n"
+                     "scheme = 2\r\n"
+                     "\r\n"
+                     "[Window]\r\n"
+                     "  Geometry=1,2,3,4  \r\n"
+                     "# note\r\n"
+                     "damaged line\r\n"
+                     "[ Confirm ] ; answers\r\n"
+                     "quit = \"a \\\"b\\\" \\x41 \"\r\n"
+                     "[broken\r\n"
+                     "= no key\r\n"
+                     "[window]\r\n"
+                     "geometry = 5";
+
+IniDocument Parsed(const String& text)
+{
+    IniDocument document;
+    document.Parse(text);
+    return document;
+}
+
+TEST(IniDocument, ReadsValues)
+{
+    IniDocument document;
+    EXPECT_EQ((std::vector<int>{7, 10, 11}), document.Parse(kFile));
+    EXPECT_EQ("2", document.Get("", "Scheme"));
+    EXPECT_EQ("a \"b\" A ", document.Get("CONFIRM", "QUIT"));
+    EXPECT_EQ("5", document.Get("Window", "Geometry")); // The last one counts.
+    EXPECT_EQ(13, document.LineOf("Window", "Geometry"));
+    EXPECT_EQ(0, document.LineOf("Window", "other"));
+    EXPECT_EQ((std::vector<String>{"", "Window", "Confirm"}), document.Sections());
+    EXPECT_EQ(std::vector<String>{"Geometry"}, document.Keys("window"));
+    EXPECT_FALSE(document.Has("Window", "note"));
+}
+
+TEST(IniDocument, PlainValuesStandAsTheyAre)
+{
+    const IniDocument document = Parsed("a = x ; y # z\nb=\"one\",\"two\"\nc=\"C:\\dir\\quit\"\n"
+                                        "d = \"open\ne=a=b\nf=\n\"quoted = key\" = g\n\"h=i\n");
+    EXPECT_EQ("x ; y # z", document.Get("", "a"));
+    EXPECT_EQ("\"one\",\"two\"", document.Get("", "b"));
+    EXPECT_EQ("C:\\dir\\quit", document.Get("", "c"));
+    EXPECT_EQ("\"open", document.Get("", "d"));
+    EXPECT_EQ("a=b", document.Get("", "e"));
+    EXPECT_TRUE(document.Has("", "f"));
+    EXPECT_EQ("g", document.Get("", "quoted = key"));
+    EXPECT_EQ("i", document.Get("", "\"h"));
+}
+
+TEST(IniDocument, ChangesOnlyWhatIsSet)
+{
+    IniDocument document = Parsed(kFile);
+    document.Set("Window", "GEOMETRY", "7");
+    document.Set("", "scheme", "2"); // No change at all.
+    document.Set("Confirm", "exit", "1");
+    document.Set("", "Text", "#000000");
+    document.Set("New", "key", "");
+    String expected = kFile;
+    expected.replace(expected.size() - 1, 1, "7\r\n\r\n[New]\r\nkey =\r\n");
+    expected.replace(expected.find("[broken"), 0, "exit = 1\r\n");
+    expected.replace(expected.find("\r\n\r\n"), 2, "\r\nText = #000000\r\n");
+    EXPECT_EQ(expected, document.ToText());
+}
+
+TEST(IniDocument, KeepsUntouchedBytes)
+{
+    for (const String& text :
+         {kFile, String(), String("\n\n"), String("\xEF\xBB\xBF[A]\nx=1"), String("a=1\r"),
+          String("\0\xFF\xC3 = \0\n[\0]\n", 12), String(" [ a ] junk\n\r\n\r"), String("\xEF\xBB")})
+    {
+        EXPECT_EQ(text, Parsed(text).ToText());
+    }
+}
+
+TEST(IniDocument, PutsTheFirstUnnamedValueAboveTheSections)
+{
+    const struct
+    {
+        const char* before;
+        const char* after;
+    } cases[] = {
+        {"", "k = v\n"},
+        {"[A]\n", "k = v\n[A]\n"},
+        {"\xEF\xBB\xBF[A]\n", "\xEF\xBB\xBFk = v\n[A]\n"},
+        {"; head\n[A]\n", "; head\nk = v\n[A]\n"},
+        {"; head\n\n; of A\n[A]\n", "; head\n\nk = v\n; of A\n[A]\n"},
+        {"; only a comment", "; only a comment\nk = v\n"},
+    };
+    for (const auto& c : cases)
+    {
+        IniDocument document = Parsed(c.before);
+        document.Set("", "k", "v");
+        EXPECT_EQ(c.after, document.ToText());
+        EXPECT_EQ("v", Parsed(document.ToText()).Get("", "k"));
+    }
+}
+
+TEST(IniDocument, RemovesEveryLineOfAKey)
+{
+    IniDocument document = Parsed("[A]\nx=1\n;c\nx=2\n[B]\nx=3\n[a]\nX=4\ny=5\n");
+    document.Remove("A", "x");
+    EXPECT_EQ("[A]\n;c\n[B]\nx=3\n[a]\ny=5\n", document.ToText());
+    EXPECT_FALSE(document.Has("A", "x"));
+    document.Set("A", "z", "6");
+    document.Remove("A", "absent");
+    document.Remove("absent", "x");
+    EXPECT_EQ((std::vector<String>{"y", "z"}), document.Keys("A"));
+}
+
+TEST(IniDocument, ClearsASectionButItsComments)
+{
+    IniDocument document = Parsed("u=0\n[A]\n; first\nx=1\nx=2\n; second\ny=3\n\n[B]\nx=3\n");
+    document.ClearSection("a");
+    EXPECT_EQ("u=0\n[A]\n; first\n; second\n\n[B]\nx=3\n", document.ToText());
+    EXPECT_TRUE(document.HasSection("A"));
+    document.Set("A", "k", "v");
+    EXPECT_EQ("u=0\n[A]\nk = v\n; first\n; second\n\n[B]\nx=3\n", document.ToText());
+    document.ClearSection("");
+    document.Set("", "w", "1");
+    EXPECT_EQ("1", Parsed(document.ToText()).Get("", "w"));
+}
+
+TEST(IniDocument, CopiesStandAlone)
+{
+    IniDocument original = Parsed(kFile);
+    IniDocument copy = original;
+    copy.Set("Window", "Geometry", "copy");
+    original = Parsed("[X]\n");
+    EXPECT_EQ("copy", copy.Get("Window", "Geometry"));
+    EXPECT_EQ("[X]\n", original.ToText());
+}
+
+/// Bytes that meet every rule of quoting much more often than chance would have it.
+String RandomBytes(std::mt19937& random, size_t maxLength)
+{
+    static const String special("\"\\=[];# \t\r\n\0\xEF\xBB\xBF\xFF\x7Fxn4", 21);
+    String              text;
+    for (size_t left = random() % (maxLength + 1); left > 0; --left)
+    {
+        text +=
+            random() % 4 == 0 ? static_cast<char>(random()) : special[random() % special.size()];
+    }
+    return text;
+}
+
+TEST(IniDocument, RoundTripsAnyBytes)
+{
+    std::mt19937 random(20260331);
+    for (int round = 0; round < 3000; ++round)
+    {
+        const String section = RandomBytes(random, 6);
+        const String key = RandomBytes(random, 6);
+        const String value = RandomBytes(random, 12);
+        // Into garbage that is kept beside it.
+        const String garbage = RandomBytes(random, 20);
+        IniDocument  document = Parsed(garbage);
+        document.Set(section, key, value);
+        const String      text = document.ToText();
+        const IniDocument read = Parsed(text);
+        ASSERT_TRUE(read.Has(section, key)) << testing::PrintToString(text);
+        ASSERT_EQ(value, read.Get(section, key)) << testing::PrintToString(text);
+        ASSERT_EQ(document.Sections(), read.Sections()) << testing::PrintToString(text);
+        ASSERT_EQ(text, read.ToText());
+    }
+}
+
+/// A random series of changes gives what a plain map gives, in memory and when read again.
+TEST(IniDocument, BehavesLikeAMap)
+{
+    using Key = std::pair<String, String>;
+    std::mt19937          random(7);
+    IniDocument           document = Parsed("a=1\nA=2\n[S]\nb=3\n; c\n[T]\n[s]\nB=4\n");
+    std::map<Key, String> model{{{"", "a"}, "2"}, {{"s", "b"}, "4"}};
+    const String          sections[] = {"", "s", "t", "u"};
+    const String          keys[] = {"a", "b", "c", "\"", "="};
+    for (int round = 0; round < 5000; ++round)
+    {
+        const Key key{sections[random() % 4], keys[random() % 5]};
+        if (const auto action = random() % 16; action == 0)
+        {
+            document.ClearSection(key.first);
+            model.erase(model.lower_bound({key.first, ""}),
+                        model.lower_bound({key.first + '\0', ""}));
+        }
+        else if (action < 6)
+        {
+            document.Remove(key.first, key.second);
+            model.erase(key);
+        }
+        else
+        {
+            const String value = RandomBytes(random, 4);
+            document.Set(key.first.ToUpper(), key.second, value);
+            model[key] = value;
+        }
+        const IniDocument read = Parsed(document.ToText());
+        for (const String& s : sections)
+        {
+            ASSERT_EQ(document.Keys(s), read.Keys(s));
+            for (const String& k : keys)
+            {
+                const auto found = model.find({s, k});
+                ASSERT_EQ(found != model.end(), document.Has(s, k));
+                const String value = found == model.end() ? String() : found->second;
+                ASSERT_EQ(value, document.Get(s, k));
+                ASSERT_EQ(value, read.Get(s, k));
+            }
+        }
+    }
+}
+
+/// Sixteen megabytes are read, changed at every section and written in well under the time that
+/// any quadratic step would take.
+TEST(IniDocument, BearsALargeFile)
+{
+    String text;
+    for (int section = 0; text.size() < (16u << 20); ++section)
+    {
+        text += SFormat("[Section %d]\n", section);
+        for (int key = 0; key < 20; ++key)
+        {
+            text += SFormat("key %d = some value of usual length %d\n", key, section);
+        }
+    }
+    IniDocument document = Parsed(text);
+    const auto  sections = document.Sections();
+    ASSERT_GT(sections.size(), 10000u);
+    for (const String& section : sections)
+    {
+        document.Set(section, "new", "1");
+        document.Remove(section, "key 3");
+        EXPECT_EQ(20u, document.Keys(section).size());
+    }
+    const IniDocument read = Parsed(document.ToText());
+    EXPECT_EQ("1", read.Get(sections.back(), "new"));
+    EXPECT_EQ(sections, read.Sections());
+}
+
+} // namespace

@@ -1,0 +1,79 @@
+#include "vesta/OptionsFile.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/UserFolderTest.h"
+
+#include <sys/stat.h>
+
+namespace
+{
+
+class OptionsFileTest : public UserFolderTest
+{
+protected:
+    const Path m_File = UserFile("options.ini");
+};
+
+TEST_F(OptionsFileTest, WritesEveryChangeAtOnce)
+{
+    OptionsFile file(m_File);
+    file.SetValue("S", "a", "1");
+    EXPECT_EQ("[S]\na = 1\n", File::Read(m_File, 100));
+    file.SetValue("S", "a", "1");
+    EXPECT_EQ(1, file.WriteCount());
+    file.RemoveValue("S", "a");
+    EXPECT_EQ(2, file.WriteCount());
+    EXPECT_EQ("[S]\n", File::Read(m_File, 100));
+}
+
+TEST_F(OptionsFileTest, WritesOnceAfterTheOutermostPause)
+{
+    OptionsFile file(m_File);
+    {
+        const OptionsFile::PauseAutoWrite outer(file);
+        for (int i = 0; i < 50; ++i)
+        {
+            const OptionsFile::PauseAutoWrite inner(file);
+            file.SetValue("S", String::FromInt(i), "x");
+        }
+        EXPECT_EQ(0, file.WriteCount());
+        EXPECT_FALSE(File::Exists(m_File));
+    }
+    EXPECT_EQ(1, file.WriteCount());
+    {
+        const OptionsFile::PauseAutoWrite nothing(file);
+    }
+    EXPECT_EQ(1, file.WriteCount());
+}
+
+TEST_F(OptionsFileTest, LogsAFailingDiskOnceAndTriesAgain)
+{
+    File::MakeFolder(m_File.Branch());
+    File::WriteAtomically(m_File, "");
+    chmod(m_File.Text().c_str(), 0400);
+    const LogCapture log;
+    {
+        OptionsFile file(m_File);
+        for (int i = 0; i < 10; ++i)
+        {
+            file.SetValue("S", "a", String::FromInt(i));
+        }
+        EXPECT_FALSE(file.WriteOut());
+        EXPECT_EQ(0, file.WriteCount());
+        EXPECT_EQ(1, log.Count("write-protected", log_Error)) << log.All();
+        EXPECT_EQ("9", file.GetValue("S", "a"));
+        chmod(m_File.Text().c_str(), 0600);
+    }
+    EXPECT_EQ("[S]\na = 9\n", File::Read(m_File, 100)); // Written at the end of its life.
+}
+
+TEST_F(OptionsFileTest, LivesInMemoryWithoutAName)
+{
+    const LogCapture log;
+    OptionsFile      file{Path()};
+    file.SetValue("S", "a", "1");
+    EXPECT_EQ("1", file.GetValue("S", "a"));
+    EXPECT_FALSE(file.WriteOut());
+    EXPECT_EQ(0, log.Count("", log_Error)) << log.All();
+}
+
+} // namespace

@@ -1,0 +1,125 @@
+#include "vesta/RWLock.h"
+
+#include "tests/support/LogCapture.h"
+#include "vesta/Exception.h"
+#include "vesta/Mutex.h"
+
+#include <gtest/gtest.h>
+
+#include <future>
+#include <vector>
+
+namespace
+{
+
+constexpr std::chrono::milliseconds kMoment{20}; // for what must not happen
+constexpr std::chrono::seconds      kDeadline{20};
+
+TEST(RWLock, WriterMayTakeItAgain)
+{
+    RWLock lock;
+    {
+        const WriteLock outer(lock);
+        const WriteLock inner(lock);
+        const ReadLock  read(lock);
+        const WriteLock again(lock);
+    }
+    // All of them are given back: another thread gets it.
+    EXPECT_EQ(std::future_status::ready,
+              std::async(std::launch::async, [&lock] { const WriteLock other(lock); })
+                  .wait_for(kDeadline));
+}
+
+TEST(RWLock, ReaderMustNotAskForTheWriteLock)
+{
+    RWLock lock;
+    int    code = 0;
+    {
+        const ReadLock read(lock);
+        try
+        {
+            lock.GetWriteLock();
+        }
+        catch (Exception* e)
+        {
+            code = e->Code();
+            delete e;
+        }
+    }
+    EXPECT_EQ(ec_Refused, code);
+    const WriteLock write(lock); // It still works.
+}
+
+TEST(RWLock, ReaderMayReadAgainWhileAWriterWaits)
+{
+    RWLock lock;
+    lock.GetReadLock();
+    auto writer = std::async(std::launch::async, [&lock] { const WriteLock write(lock); });
+    EXPECT_EQ(std::future_status::timeout, writer.wait_for(kMoment));
+    lock.GetReadLock(); // Would wait for ever behind the writer.
+    auto stranger = std::async(std::launch::async, [&lock] { const ReadLock read(lock); });
+    lock.Unlock();
+    EXPECT_EQ(std::future_status::timeout, writer.wait_for(kMoment));
+    lock.Unlock();
+    EXPECT_EQ(std::future_status::ready, writer.wait_for(kDeadline));
+    EXPECT_EQ(std::future_status::ready, stranger.wait_for(kDeadline));
+}
+
+TEST(RWLock, UnlockWithoutLockIsLogged)
+{
+    const LogCapture log;
+    RWLock           lock;
+    lock.Unlock();
+    EXPECT_TRUE(log.Has("RWLock::Unlock", log_Error)) << log.All();
+    const WriteLock write(lock);
+}
+
+TEST(RWLock, KeepsWritersApart)
+{
+    RWLock                         lock;
+    int                            first = 0; // Unguarded but for the lock.
+    int                            second = 0;
+    std::vector<std::future<void>> threads;
+    for (int i = 0; i < 4; ++i)
+    {
+        threads.push_back(std::async(std::launch::async,
+                                     [&, i]
+                                     {
+                                         for (int round = 0; round < 3000; ++round)
+                                         {
+                                             if ((round + i) % 3 == 0)
+                                             {
+                                                 const WriteLock write(lock);
+                                                 ++first;
+                                                 const ReadLock read(lock);
+                                                 ++second;
+                                             }
+                                             else
+                                             {
+                                                 const ReadLock read(lock);
+                                                 const ReadLock again(lock);
+                                                 ASSERT_EQ(first, second);
+                                             }
+                                         }
+                                     }));
+    }
+    for (auto& thread : threads)
+    {
+        thread.get();
+    }
+    EXPECT_EQ(4000, first);
+}
+
+TEST(Mutex, IsRecursive)
+{
+    Mutex           mutex;
+    const MutexLock outer(mutex);
+    EXPECT_TRUE(mutex.TryLock());
+    const auto tryElsewhere = [&mutex]
+    { return std::async(std::launch::async, [&mutex] { return mutex.TryLock(); }).get(); };
+    EXPECT_FALSE(tryElsewhere());
+    mutex.Unlock();
+    EXPECT_FALSE(tryElsewhere());
+}
+
+} // namespace

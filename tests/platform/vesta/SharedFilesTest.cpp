@@ -1,0 +1,92 @@
+#include "tests/support/LogCapture.h"
+#include "tests/support/UserFolderTest.h"
+#include "vesta/IniFile.h"
+#include "vesta/OptionsFile.h"
+
+#include <thread>
+
+namespace
+{
+
+constexpr int kKeys = 20; // a thread
+
+class SharedFilesTest : public UserFolderTest
+{
+protected:
+    const Path m_File = UserFile("shared.ini");
+};
+
+/// Each thread has its own object, as two programs would have.
+TEST_F(SharedFilesTest, ProgramsLoseNobodysKey)
+{
+    const LogCapture         log;
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i)
+    {
+        threads.emplace_back(
+            [this, i]
+            {
+                OptionsFile file(m_File);
+                file.Load(false, false);
+                for (int key = 0; key < kKeys; ++key)
+                {
+                    file.SetValue(SFormat("Section %d", key % 3), SFormat("%d.%d", i, key), "x");
+                    file.SetValue("Common", "key", SFormat("%d.%d", i, key));
+                }
+            });
+    }
+    for (std::thread& thread : threads)
+    {
+        thread.join();
+    }
+    EXPECT_EQ(0, log.Count("", log_Warning)) << log.All();
+    IniFile file(m_File);
+    ASSERT_TRUE(file.Load(true, true));
+    for (int i = 0; i < 4 * kKeys; ++i)
+    {
+        const int key = i % kKeys;
+        EXPECT_TRUE(
+            file.HasValue(SFormat("Section %d", key % 3), SFormat("%d.%d", i / kKeys, key)));
+    }
+    EXPECT_EQ(1u, file.Keys("Common").size());
+}
+
+TEST_F(SharedFilesTest, OneObjectServesManyThreads)
+{
+    OptionsFile              file(m_File);
+    std::vector<std::thread> threads;
+    {
+        const OptionsFile::PauseAutoWrite all(file);
+        for (int i = 0; i < 4; ++i)
+        {
+            threads.emplace_back(
+                [&file, i]
+                {
+                    for (int key = 0; key < 200; ++key)
+                    {
+                        const OptionsFile::PauseAutoWrite pause(file);
+                        const WriteLock                   lock(file.Lock());
+                        const int                         count = file.GetInt("S", "count", 0);
+                        file.SetValue("S", SFormat("%d.%d", i, key), "x");
+                        file.SetValue("S", "count", String::FromInt(count + 1));
+                    }
+                });
+        }
+        for (int round = 0; round < 200; ++round)
+        {
+            // Reading goes on beside it, each answer whole.
+            const ReadLock lock(file.Lock());
+            const auto     keys = file.Keys("S").size();
+            EXPECT_EQ(keys, static_cast<size_t>(file.GetInt("S", "count", 0)) + (keys ? 1 : 0));
+        }
+        for (std::thread& thread : threads)
+        {
+            thread.join();
+        }
+        EXPECT_EQ(0, file.WriteCount());
+    }
+    EXPECT_EQ(1, file.WriteCount());
+    EXPECT_EQ(800, file.GetInt("S", "count", 0));
+}
+
+} // namespace

@@ -1,0 +1,243 @@
+#include "vesta/Signal.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <future>
+#include <random>
+#include <stdexcept>
+#include <thread>
+
+namespace
+{
+
+using Numbers = std::vector<int>;
+using NumberSignal = Signal1<int>;
+
+struct Listener : HasSlots
+{
+    Numbers heard;
+
+    ~Listener() override { DisconnectAll(); }
+    void Hear(int number) { heard.push_back(number); }
+};
+
+TEST(Signal, CallsSlotsInOrder)
+{
+    NumberSignal signal;
+    Listener     listener;
+    Listener     other;
+    std::string  order;
+    signal.Connect(&listener, &Listener::Hear);
+    signal.Connect(&other, [&order](int) { order += "a"; });
+    signal.Connect(&listener, [&order](int) { order += "b"; });
+    signal.Connect(nullptr, [&order](int) { order += "null"; });
+    signal.Connect(&other, std::function<void(int)>());
+    signal.Emit(1);
+    signal(2);
+    EXPECT_EQ((Numbers{1, 2}), listener.heard);
+    EXPECT_EQ("abab", order);
+    EXPECT_EQ(1u, listener.ConnectionCount());
+    signal.Disconnect(&listener);
+    signal.Disconnect(&listener);
+    signal.Emit(3);
+    EXPECT_EQ("ababa", order);
+    EXPECT_EQ(0u, listener.ConnectionCount());
+    EXPECT_EQ(1u, signal.SlotCount());
+}
+
+TEST(Signal, EndsWithEitherSide)
+{
+    Listener listener;
+    {
+        NumberSignal signal;
+        {
+            Listener shortLived;
+            signal.Connect(&shortLived, &Listener::Hear);
+            signal.Connect(&listener, &Listener::Hear);
+        }
+        EXPECT_EQ(1u, signal.SlotCount());
+        signal.Emit(1);
+    }
+    EXPECT_EQ(0u, listener.ConnectionCount());
+    EXPECT_EQ(Numbers{1}, listener.heard);
+}
+
+TEST(Signal, SlotMayConnectAndDisconnect)
+{
+    Signal0<> signal;
+    HasSlots  first;
+    HasSlots  second;
+    Numbers   calls;
+    signal.Connect(&first,
+                   [&]
+                   {
+                       calls.push_back(1);
+                       signal.Disconnect(&first);
+                       signal.Disconnect(&second);
+                       signal.Connect(&first, [&calls] { calls.push_back(2); });
+                   });
+    signal.Connect(&second, [&calls] { calls.push_back(3); });
+    signal.Emit();
+    EXPECT_EQ(Numbers{1}, calls); // Neither the disconnected nor the new one.
+    EXPECT_EQ(1u, first.ConnectionCount());
+    EXPECT_EQ(0u, second.ConnectionCount());
+    signal.Emit();
+    EXPECT_EQ((Numbers{1, 2}), calls);
+}
+
+TEST(Signal, SlotMayDestroyItsHolderOrTheSignal)
+{
+    Numbers calls;
+    auto    signal = std::make_unique<Signal0<>>();
+    auto    holder = std::make_unique<HasSlots>();
+    auto    other = std::make_unique<HasSlots>();
+    signal->Connect(holder.get(),
+                    [&]
+                    {
+                        calls.push_back(1);
+                        signal->Disconnect(holder.get());
+                        holder.reset();
+                        signal->Connect(other.get(), [&calls] { calls.push_back(2); });
+                    });
+    signal->Emit();
+    signal->Connect(other.get(), [&signal] { signal.reset(); });
+    signal->Connect(other.get(), [&calls] { calls.push_back(3); });
+    signal->Emit();
+    EXPECT_EQ((Numbers{1, 2}), calls);
+    EXPECT_EQ(nullptr, signal);
+    EXPECT_EQ(0u, other->ConnectionCount());
+}
+
+TEST(Signal, SurvivesASlotThatThrowsOrEmits)
+{
+    NumberSignal signal;
+    Listener     listener;
+    signal.Connect(&listener,
+                   [&](int number)
+                   {
+                       if (number > 0)
+                       {
+                           signal.Disconnect(&listener);
+                           signal.Connect(&listener, &Listener::Hear);
+                           signal.Emit(-number);
+                           throw std::runtime_error("slot");
+                       }
+                   });
+    EXPECT_THROW(signal.Emit(5), std::runtime_error);
+    EXPECT_EQ(Numbers{-5}, listener.heard);
+    signal.Emit(6);
+    EXPECT_EQ((Numbers{-5, 6}), listener.heard);
+    EXPECT_EQ(1u, listener.ConnectionCount());
+}
+
+/// Whoever disconnects on another thread waits for the slot that runs, also when the slot has
+/// disconnected itself meanwhile.
+TEST(Signal, DestroyingWaitsForARunningSlot)
+{
+    for (const bool disconnectsItself : {false, true})
+    {
+        Signal0<>          signal;
+        auto               holder = std::make_unique<HasSlots>();
+        HasSlots* const    raw = holder.get();
+        std::promise<void> entered;
+        std::promise<void> goOn;
+        std::atomic<bool>  left{false};
+        signal.Connect(raw,
+                       [&]
+                       {
+                           if (disconnectsItself)
+                           {
+                               signal.Disconnect(raw);
+                           }
+                           entered.set_value();
+                           goOn.get_future().wait();
+                           left = true;
+                       });
+        std::thread emitter([&signal] { signal.Emit(); });
+        entered.get_future().wait();
+        auto destroyed = std::async(std::launch::async,
+                                    [&]
+                                    {
+                                        holder.reset();
+                                        return left.load();
+                                    });
+        EXPECT_EQ(std::future_status::timeout, destroyed.wait_for(std::chrono::milliseconds(20)));
+        goOn.set_value();
+        EXPECT_TRUE(destroyed.get());
+        emitter.join();
+    }
+}
+
+/// A listener whose slot notices when it is called after its end.
+struct FragileListener : HasSlots
+{
+    static constexpr int kAlive = 0x600D;
+
+    int                 alive = kAlive;
+    std::atomic<size_t> heard{0}; // Several signals call at once.
+
+    ~FragileListener() override
+    {
+        DisconnectAll();
+        alive = 0;
+    }
+    void Hear(int)
+    {
+        ASSERT_EQ(kAlive, alive);
+        ++heard;
+    }
+};
+
+TEST(Signal, BearsEverythingAtOnce)
+{
+    constexpr int            kRounds = 3000;
+    NumberSignal             signals[2];
+    std::atomic<bool>        running{true};
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 2; ++i)
+    {
+        threads.emplace_back(
+            [&signals, &running, i]
+            {
+                while (running)
+                {
+                    signals[i].Emit(i);
+                }
+            });
+    }
+    std::vector<std::thread> users;
+    for (unsigned i = 0; i < 3; ++i)
+    {
+        users.emplace_back(
+            [&signals, i]
+            {
+                std::mt19937 random(i);
+                for (int round = 0; round < kRounds; ++round)
+                {
+                    FragileListener listener;
+                    NumberSignal    shortLived;
+                    signals[random() % 2].Connect(&listener, &FragileListener::Hear);
+                    shortLived.Connect(&listener, &FragileListener::Hear);
+                    signals[0].Connect(&listener, [&](int) { signals[0].Disconnect(&listener); });
+                    if (random() % 2)
+                    {
+                        signals[random() % 2].Disconnect(&listener);
+                    }
+                    shortLived.Emit(1);
+                }
+            });
+    }
+    for (std::thread& user : users)
+    {
+        user.join();
+    }
+    running = false;
+    for (std::thread& thread : threads)
+    {
+        thread.join();
+    }
+    EXPECT_EQ(0u, signals[0].SlotCount() + signals[1].SlotCount());
+}
+
+} // namespace

@@ -1,0 +1,59 @@
+#include "vesta/Time.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <ctime>
+#include <limits>
+
+namespace
+{
+
+constexpr int64_t kSecond = 1000000; // microseconds
+
+TEST(Time, FormatsDurations)
+{
+    const struct
+    {
+        int64_t     microseconds;
+        const char* text;
+    } cases[] = {
+        {0, "0.000s"},
+        {250000, "0.250s"},
+        {999999, "0.999s"},
+        {kSecond, "1s"},
+        {12 * kSecond + 999999, "12s"},
+        {185 * kSecond, "3m 05s"},
+        {7385 * kSecond, "2h 03m 05s"},
+        {86399 * kSecond, "23h 59m 59s"},
+        {(4 * 86400 + 2 * 3600 + 3 * 60 + 59) * kSecond, "4d 02h 03m"},
+        {-185 * kSecond, "-3m 05s"},
+        {std::numeric_limits<int64_t>::min(), "-106751991d 04h 00m"},
+    };
+    for (const auto& c : cases)
+    {
+        EXPECT_EQ(c.text, Time(c.microseconds).FormatDuration());
+    }
+}
+
+TEST(Time, FormatsLocalTime)
+{
+    setenv("TZ", "UTC-2", 1);
+    tzset();
+    const Time time = Time::Seconds(1774969509);
+    EXPECT_EQ("2026-03-31 17:05:09", time.FormatDate());
+    EXPECT_EQ("17:05:09", time.FormatClock());
+    EXPECT_EQ("1970-01-01 01:59:59", Time(-1).FormatDate());
+    unsetenv("TZ");
+    tzset();
+}
+
+TEST(Time, CurrentTimeIsNow)
+{
+    const std::time_t before = std::time(nullptr);
+    const int64_t     now = Time::CurrentTime().ToSeconds();
+    EXPECT_LE(before, now);
+    EXPECT_GE(std::time(nullptr) + 1, now);
+}
+
+} // namespace
