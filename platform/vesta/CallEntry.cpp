@@ -53,6 +53,16 @@ void _ForgetPrintedTraces() noexcept
     t_Trace.printed &= UpTo(static_cast<unsigned>(std::uncaught_exceptions()));
 }
 
+_QuietTraces::_QuietTraces(bool quiet) : m_Before(t_Trace.quiet)
+{
+    t_Trace.quiet = quiet || m_Before;
+}
+
+_QuietTraces::~_QuietTraces()
+{
+    t_Trace.quiet = m_Before;
+}
+
 _CallEntry::_CallEntry(const CallSite& site) noexcept
     : m_Trace(t_Trace), m_Outer(t_Trace.innermost), m_Site(site)
 {
@@ -76,7 +86,10 @@ void _CallEntry::Look() const noexcept
     if (inFlight > m_Exceptions && (m_Trace.printed & bit) == 0)
     {
         m_Trace.printed |= bit;
-        PrintTrace();
+        if (!m_Trace.quiet)
+        {
+            PrintTrace();
+        }
     }
 }
 

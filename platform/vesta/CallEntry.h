@@ -22,6 +22,7 @@ struct _ThreadTrace
     /// Bit n: the trace of the n-th exception in flight has been printed. The bits above the number
     /// in flight belong to exceptions that were caught meanwhile.
     unsigned printed;
+    bool     quiet; ///< Nothing is to be printed for now.
 };
 
 /// One level of the call trace, alive while its function runs. Opening one links it to the level

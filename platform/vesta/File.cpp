@@ -39,25 +39,6 @@ String HomeFolder()
     return String();
 }
 
-/// The file that a chain of symbolic links ends at; it need not exist.
-String FollowLinks(const String& fileName)
-{
-    String result = fileName;
-    for (int i = 0; i < kMaxLinks; ++i)
-    {
-        char          target[PATH_MAX];
-        const ssize_t length = readlink(result.c_str(), target, sizeof target);
-        if (length <= 0)
-        {
-            return result; // No link, or nothing there.
-        }
-        const String text(target, static_cast<size_t>(length));
-        result = text[0] == '/' ? text : (Path(result).Branch() / text).Text();
-    }
-    errno = ELOOP;
-    Exception::ThrowErrno("File", "WriteAtomically", "Cannot write \"" + fileName + "\"");
-}
-
 /// A new file beside the one to be replaced; removed again unless it was renamed.
 class _TemporaryFile
 {
@@ -135,6 +116,11 @@ Path FolderOf(const String& fileName)
 {
     const Path folder = Path(fileName).Branch();
     return folder.IsEmpty() ? Path(".") : folder;
+}
+
+bool MayWrite(const String& name)
+{
+    return faccessat(AT_FDCWD, name.c_str(), W_OK, AT_EACCESS) == 0;
 }
 
 } // namespace
@@ -236,11 +222,33 @@ String File::Read(const Path& path, size_t limit)
                      SFormat("The limit is %zu bytes", limit));
 }
 
+Path File::FollowLinks(const Path& path)
+{
+    CALL_ENTRY("File::FollowLinks");
+    String result = path.Text();
+    for (int i = 0; i < kMaxLinks; ++i)
+    {
+        char          target[PATH_MAX];
+        const ssize_t length = readlink(result.c_str(), target, sizeof target);
+        if (length <= 0)
+        {
+            return result; // No link, or nothing there.
+        }
+        const String text(target, static_cast<size_t>(length));
+        result = text[0] == '/' ? text : (Path(result).Branch() / text).Text();
+    }
+    errno = ELOOP;
+    Exception::ThrowErrno("File", "FollowLinks", "Cannot use \"" + path.Text() + "\"");
+}
+
 void File::CheckReplaceable(const Path& path)
 {
     const String& fileName = path.Text();
-    // Renaming over a file asks only for the folder's permission, and root may write everything:
-    // what the owner's mode forbids is looked up here.
+    const String  failure = "Cannot write \"" + fileName + "\"";
+    if (!MayWrite(FolderOf(fileName).Text()))
+    {
+        Exception::ThrowErrno("File", "WriteAtomically", failure);
+    }
     struct stat status
     {
     };
@@ -250,20 +258,20 @@ void File::CheckReplaceable(const Path& path)
     }
     if (!S_ISREG(status.st_mode))
     {
-        Exception::Throw("File", "WriteAtomically", ec_System, "Cannot write \"" + fileName + "\"",
-                         "It is no plain file");
+        Exception::Throw("File", "WriteAtomically", ec_System, failure, "It is no plain file");
     }
-    if ((status.st_mode & S_IWUSR) == 0 || access(fileName.c_str(), W_OK) != 0)
+    // Renaming over a file asks only for the folder's permission, and root may write everything:
+    // what the owner's mode forbids is looked up here.
+    if ((status.st_mode & S_IWUSR) == 0 || !MayWrite(fileName))
     {
-        Exception::Throw("File", "WriteAtomically", ec_System, "Cannot write \"" + fileName + "\"",
-                         "It is write-protected");
+        Exception::Throw("File", "WriteAtomically", ec_System, failure, "It is write-protected");
     }
 }
 
 void File::WriteAtomically(const Path& path, const String& content)
 {
     CALL_ENTRY("File::WriteAtomically");
-    const String target = FollowLinks(path.Text());
+    const String target = FollowLinks(path).Text();
     CheckReplaceable(target);
     const Path     folder = FolderOf(target);
     _TemporaryFile file(folder);

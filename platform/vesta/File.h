@@ -32,8 +32,12 @@ public:
     /// is followed. Throws an `Exception*`; the old file is then untouched, and no other is left
     /// behind. A file that its owner has write-protected is not replaced, whoever asks.
     static void WriteAtomically(const Path& path, const String& content);
-    /// Throws the `Exception*` of `WriteAtomically` when the file is write-protected or no plain
-    /// file. A file that does not exist is all right.
+    /// The file that a chain of symbolic links ends at, which need not exist; the path itself when
+    /// it is no link. Throws an `Exception*` for links in a circle.
+    static Path FollowLinks(const Path& path);
+    /// Throws the `Exception*` of `WriteAtomically` when the file or its folder is write-protected
+    /// or the file is no plain one; links are not followed here. A file that does not exist is all
+    /// right.
     static void CheckReplaceable(const Path& path);
     /// The names in a folder, sorted; empty when it cannot be read.
     static std::vector<String> List(const Path& folder);

@@ -91,20 +91,21 @@ void IniFile::Save()
     {
         Exception::Throw("IniFile", "Save", ec_NoUserDir, "The settings have no file");
     }
-    File::MakeFolder(m_Path.Branch());
-    File::CheckReplaceable(m_Path);
+    const Path target = File::FollowLinks(m_Path);
+    File::MakeFolder(target.Branch());
+    File::CheckReplaceable(target);
 
-    const FileLock fileLock(m_Path);
+    const FileLock fileLock(target);
     IniDocument    merged;
-    if (File::Exists(m_Path))
+    if (File::Exists(target))
     {
-        merged.Parse(File::Read(m_Path, k_Limit));
+        merged.Parse(File::Read(target, k_Limit));
     }
     for (const Change& change : m_Changes)
     {
         Apply(merged, change);
     }
-    File::WriteAtomically(m_Path, merged.ToText());
+    File::WriteAtomically(target, merged.ToText());
 
     m_Document = std::move(merged);
     m_Changes.clear();

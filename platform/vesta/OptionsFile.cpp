@@ -2,6 +2,7 @@
 
 #include "vesta/CallEntry.h"
 #include "vesta/Exception.h"
+#include "vesta/_CallTrace.h"
 
 #include <exception>
 
@@ -59,6 +60,7 @@ bool OptionsFile::WriteOut() noexcept
 
 bool OptionsFile::Write()
 {
+    const _QuietTraces again(m_FailureLogged);
     try
     {
         Save();

@@ -169,6 +169,44 @@ TEST_F(IniFileTest, RespectsWriteProtection)
     EXPECT_EQ("a=2\n", Content());
 }
 
+/// Gives up root's rights while it lives, if there are any: they would override a folder's mode.
+class AsNobody
+{
+public:
+    AsNobody() : m_IsRoot(geteuid() == 0) { EXPECT_TRUE(!m_IsRoot || seteuid(65534) == 0); }
+    ~AsNobody() { EXPECT_TRUE(!m_IsRoot || seteuid(0) == 0); }
+    AsNobody(const AsNobody&) = delete;
+    AsNobody& operator=(const AsNobody&) = delete;
+
+private:
+    const bool m_IsRoot;
+};
+
+TEST_F(IniFileTest, RespectsAWriteProtectedFolder)
+{
+    Put("a=1\n");
+    ASSERT_EQ(0, chmod(m_File.Text().c_str(), 0666));
+    const Path folder = m_File.Branch();
+    for (const Path& path : {TempFile("").Branch(), UserFile("").Branch(), folder.Branch()})
+    {
+        ASSERT_EQ(0, chmod(path.Text().c_str(), 0755));
+    }
+    ASSERT_EQ(0, chmod(folder.Text().c_str(), 0555));
+    const LogCapture log;
+    IniFile          file(m_File);
+    {
+        const AsNobody nobody;
+        ASSERT_TRUE(file.Load(true, true));
+        file.SetValue("", "a", "2");
+        EXPECT_EQ(ec_System, SaveFails(file));
+    }
+    EXPECT_EQ(0, log.Count(".lock")) << log.All();
+    EXPECT_EQ("a=1\n", Content());
+    ASSERT_EQ(0, chmod(folder.Text().c_str(), 0700));
+    EXPECT_EQ(0, SaveFails(file));
+    EXPECT_EQ("a=2\n", Content());
+}
+
 TEST_F(IniFileTest, LeavesAFolderOrDeviceInItsPlaceAlone)
 {
     File::MakeFolder(m_File);
@@ -211,6 +249,19 @@ TEST_F(IniFileTest, FullDiskLeavesTheOldFile)
     EXPECT_EQ(left, File::List(m_File.Branch()));
     EXPECT_EQ(0, SaveFails(file));
     EXPECT_EQ(content + "\na = 2\n", Content());
+}
+
+TEST_F(IniFileTest, FollowsALinkToTheRealFile)
+{
+    Put("a=1\n");
+    const Path link = UserFile("link.ini");
+    ASSERT_EQ(0, symlink("sub/folder/options.ini", link.Text().c_str()));
+    IniFile file(link);
+    ASSERT_TRUE(file.Load(true, true));
+    file.SetValue("", "a", "2");
+    file.Save();
+    EXPECT_EQ("a=2\n", Content());
+    EXPECT_EQ((std::vector<String>{"link.ini", "sub"}), File::List(link.Branch()));
 }
 
 TEST_F(IniFileTest, SettingTheSameValueChangesNothing)

@@ -60,6 +60,7 @@ TEST_F(OptionsFileTest, LogsAFailingDiskOnceAndTriesAgain)
         EXPECT_FALSE(file.WriteOut());
         EXPECT_EQ(0, file.WriteCount());
         EXPECT_EQ(1, log.Count("write-protected", log_Error)) << log.All();
+        EXPECT_EQ(1, log.Count("Call trace", log_Warning)) << log.All();
         EXPECT_EQ("9", file.GetValue("S", "a"));
         chmod(m_File.Text().c_str(), 0600);
     }
