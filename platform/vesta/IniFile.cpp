@@ -5,7 +5,9 @@
 #include "vesta/File.h"
 #include "vesta/FileLock.h"
 
-#include <algorithm>
+#include <cerrno>
+#include <unistd.h>
+#include <utility>
 
 namespace
 {
@@ -24,6 +26,13 @@ void LogDamage(const Path& path, const std::vector<int>& lines)
         LogWarning(SFormat("%s: %zu more damaged lines", path.Text().c_str(),
                            lines.size() - kMaxDamageLines));
     }
+}
+
+/// Whether there is certainly no file: one in a folder that may not be searched counts as there,
+/// so that the reason is told.
+bool IsMissing(const Path& path)
+{
+    return access(path.Text().c_str(), F_OK) != 0 && (errno == ENOENT || errno == ENOTDIR);
 }
 
 } // namespace
@@ -56,7 +65,7 @@ bool IniFile::Load(bool mustExist, bool mustBeRead)
     m_Document = IniDocument();
     m_Changes.clear();
     m_ChangeOf.clear();
-    const bool exists = File::Exists(m_Path);
+    const bool exists = !IsMissing(m_Path);
     if (!exists && !mustExist)
     {
         LogDebug("There is no file \"" + m_Path.Text() + "\" yet");
@@ -97,7 +106,7 @@ void IniFile::Save()
 
     const FileLock fileLock(target);
     IniDocument    merged;
-    if (File::Exists(target))
+    if (!IsMissing(target))
     {
         merged.Parse(File::Read(target, k_Limit));
     }
