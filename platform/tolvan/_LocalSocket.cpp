@@ -14,7 +14,7 @@
 namespace
 {
 
-constexpr int kBacklog = 64; // connections that wait to be accepted
+constexpr int kBacklog = 256; // connections that wait to be accepted
 
 /// The address of a socket. A name that is too long for one is reached through its opened folder.
 class Address
