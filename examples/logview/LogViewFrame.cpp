@@ -9,11 +9,12 @@
 #include <wx/filedlg.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
-#include <wx/statusbr.h>
+#include <wx/stattext.h>
 
 namespace
 {
-constexpr int kStatusMs = 250; // between two looks at the current page's state
+constexpr int kStatusMs = 250;   // between two looks at the current page's state
+constexpr int kStatusBorder = 4; // pixels
 
 enum
 {
@@ -29,13 +30,12 @@ LogViewFrame::LogViewFrame()
 {
     BuildMenus();
     BuildPages();
-    CreateStatusBar();
     Bind(wxEVT_CLOSE_WINDOW, &LogViewFrame::OnClose, this);
     Bind(wxEVT_SYS_COLOUR_CHANGED,
          [this](wxSysColourChangedEvent& event)
          {
              event.Skip();
-             ColourTabs();
+             Colour();
          });
     m_StatusTimer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { ShowStatus(); });
     m_StatusTimer.Start(kStatusMs);
@@ -78,10 +78,15 @@ void LogViewFrame::BuildMenus()
 
 void LogViewFrame::BuildPages()
 {
-    m_Pages = new wxAuiNotebook(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+    auto* const panel = new wxtPanel(this);
+    m_Pages = new wxAuiNotebook(panel, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                 wxAUI_NB_TOP | wxAUI_NB_TAB_MOVE | wxAUI_NB_SCROLL_BUTTONS |
                                     wxAUI_NB_CLOSE_ON_ACTIVE_TAB | wxBORDER_NONE);
-    ColourTabs();
+    BuildStatusLine(panel);
+    auto* const whole = new wxBoxSizer(wxVERTICAL);
+    whole->Add(panel, 1, wxEXPAND);
+    SetSizer(whole);
+    Colour();
     m_Pages->Bind(wxEVT_AUINOTEBOOK_PAGE_CHANGED,
                   [this](wxAuiNotebookEvent& event)
                   {
@@ -95,8 +100,19 @@ void LogViewFrame::BuildPages()
                   });
 }
 
-void LogViewFrame::ColourTabs()
+void LogViewFrame::BuildStatusLine(wxtPanel* parent)
 {
+    m_Status = new wxStaticText(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                                wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_MIDDLE);
+    auto* const views = new wxBoxSizer(wxVERTICAL);
+    views->Add(m_Pages, 1, wxEXPAND);
+    views->Add(m_Status, 0, wxEXPAND | wxALL, kStatusBorder);
+    parent->SetSizer(views);
+}
+
+void LogViewFrame::Colour()
+{
+    m_Status->SetForegroundColour(wxtGetColor(color_Text));
     auto* const art = new wxAuiSimpleTabArt;
     art->SetColour(wxtGetColor(color_WindowBG));
     art->SetActiveColour(wxtGetColor(color_WindowBGLighter));
@@ -123,10 +139,10 @@ void LogViewFrame::ShowStatus()
     const LogPage* const page = CurrentPage();
     const wxString       text =
         page ? page->StatusText() : wxString(wxGetTranslation("Open a file with Ctrl+O"));
-    // Setting a text repaints the bar, changed or not.
-    if (text != GetStatusBar()->GetStatusText())
+    // Setting a text repaints the line, changed or not.
+    if (text != m_Status->GetLabel())
     {
-        SetStatusText(text);
+        m_Status->SetLabel(text);
     }
 }
 

@@ -7,6 +7,7 @@
 
 class LogPage;
 class wxAuiNotebook;
+class wxStaticText;
 
 /// The viewer's window: a page a file.
 class LogViewFrame : public wxTolvanFrame
@@ -19,7 +20,8 @@ public:
 private:
     void     BuildMenus();
     void     BuildPages();
-    void     ColourTabs();
+    void     BuildStatusLine(wxtPanel* parent);
+    void     Colour();
     void     ShowStatus();
     LogPage* CurrentPage() const;
 
@@ -30,5 +32,6 @@ private:
     void OnClose(wxCloseEvent& event);
 
     wxAuiNotebook* m_Pages = nullptr;
+    wxStaticText*  m_Status = nullptr;
     wxTimer        m_StatusTimer;
 };

@@ -11,8 +11,8 @@
 namespace
 {
 // The farm monitor. Options beside those of every client: "--no-start" (start no master),
-// "--time-start" (print the milliseconds from the process's start to the first complete paint, and
-// end).
+// "--set-scheme=CODE" (switch the colour scheme of all programs), "--time-start" (print the
+// milliseconds from the process's start to the first complete paint, and end).
 class MonitorApp : public wxTolvanApp
 {
 public:
@@ -44,6 +44,10 @@ bool MonitorApp::Startup(CommandLine& commandLine)
         StartMasterIfNone();
     }
     m_Frame->Show();
+    if (commandLine.Has("set-scheme"))
+    {
+        wxTolvanFrame::SetColorScheme(static_cast<int>(commandLine.Value("set-scheme").ToInt(-1)));
+    }
     if (commandLine.Has("time-start"))
     {
         PrintStartTime();

@@ -2,9 +2,10 @@
 
 #include <wx/dcclient.h>
 #include <wx/dcmemory.h>
-#include <wx/dcscreen.h>
+#include <wx/filefn.h>
 #include <wx/filename.h>
 #include <wx/image.h>
+#include <wx/utils.h>
 #include <wx/window.h>
 
 #include <cstdlib>
@@ -22,17 +23,23 @@ wxImage Drawn(const wxSize& size, const wxColour& background,
     return bitmap.ConvertToImage();
 }
 
+wxImage PictureOfScreen()
+{
+    // Another program's: the toolkit's own screen context leaves out other programs' windows.
+    const wxString file = wxFileName::CreateTempFileName("tolvan-screen");
+    wxImage        image;
+    if (wxExecute("import -silent -window root png:" + file, wxEXEC_SYNC) == 0)
+    {
+        image.LoadFile(file, wxBITMAP_TYPE_PNG);
+    }
+    wxRemoveFile(file);
+    return image;
+}
+
 wxImage PictureOf(wxWindow* window)
 {
-    const wxSize  size = window->GetClientSize();
-    const wxPoint origin = window->ClientToScreen(wxPoint(0, 0));
-    wxBitmap      bitmap(size);
-    {
-        wxScreenDC screen;
-        wxMemoryDC dc(bitmap);
-        dc.Blit(wxPoint(0, 0), size, &screen, origin);
-    }
-    return bitmap.ConvertToImage();
+    const wxRect area(window->ClientToScreen(wxPoint(0, 0)), window->GetClientSize());
+    return PictureOfScreen().GetSubImage(area);
 }
 
 wxColour PixelAt(const wxImage& image, int x, int y)

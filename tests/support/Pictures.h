@@ -12,6 +12,8 @@ class wxWindow;
 /// What a function draws on a bitmap filled with `background`.
 wxImage Drawn(const wxSize& size, const wxColour& background,
               const std::function<void(wxDC&)>& draw);
+/// What the whole screen shows; an invalid image when it cannot be taken.
+wxImage PictureOfScreen();
 /// What a shown window looks like on the screen, its client area.
 wxImage PictureOf(wxWindow* window);
 

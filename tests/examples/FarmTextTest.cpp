@@ -1,0 +1,86 @@
+#include "monitor/FarmFeed.h"
+#include "monitor/FarmText.h"
+
+#include "tolvan/Job.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+using Lines = std::vector<String>;
+
+const Time kNow = Time::Seconds(1000000);
+
+Message JobMessage(const String& state, int progress)
+{
+    Message message(msg_Job);
+    message.Set(p_Id, "1").Set(p_Name, "Sky").Set(p_State, state).Set(p_Progress, progress);
+    message.Set(p_Host, "node7").Set(p_Started, 5000000LL).Set(p_Ended, 17000000LL);
+    return message;
+}
+
+// Without the time of day.
+Lines TextsFor(FarmText& text, const Message& message)
+{
+    Lines lines = text.LinesFor(message, kNow);
+    for (String& line : lines)
+    {
+        line = line.substr(kNow.FormatClock().size() + 2);
+    }
+    return lines;
+}
+} // namespace
+
+TEST(FarmText, TellsStartMilestonesAndEnd)
+{
+    FarmText text;
+    EXPECT_EQ(Lines{"Job 'Sky' waits for a free slot"},
+              TextsFor(text, JobMessage(state_Waiting, 0)));
+    EXPECT_EQ(Lines{"Job 'Sky' runs on node7"}, TextsFor(text, JobMessage(state_Running, 0)));
+    EXPECT_EQ(Lines{}, TextsFor(text, JobMessage(state_Running, 9)));
+    EXPECT_EQ(Lines{"Job 'Sky' has done 31 %"}, TextsFor(text, JobMessage(state_Running, 31)));
+    EXPECT_EQ(Lines{}, TextsFor(text, JobMessage(state_Running, 39)));
+    EXPECT_EQ(1, text.Summarize().running);
+    EXPECT_EQ(Lines{"Job 'Sky' is done after 12s"}, TextsFor(text, JobMessage(state_Done, 100)));
+    EXPECT_EQ(0, text.Summarize().running);
+    EXPECT_EQ(1, text.Summarize().done);
+}
+
+TEST(FarmText, SaysWhyAJobFailed)
+{
+    FarmText text;
+    Message  message = JobMessage(state_Failed, 0);
+    message.Set(p_Error, "No such program");
+    EXPECT_EQ(Lines{"Job 'Sky' failed: No such program"}, TextsFor(text, message));
+    EXPECT_EQ(1, text.Summarize().failed);
+}
+
+TEST(FarmText, HandsOutputOnByteForByte)
+{
+    FarmText text;
+    text.LinesFor(JobMessage(state_Running, 0), kNow);
+    const String bytes("a\0\xff z", 5);
+    Message      message(msg_Output);
+    message.Set(p_Id, "1").Set("Line", bytes);
+    EXPECT_EQ(Lines{"[Sky] " + bytes}, TextsFor(text, message));
+}
+
+TEST(FarmFeed, WakesOnceForAllThatWaits)
+{
+    int      wakes = 0;
+    FarmFeed feed([&wakes] { ++wakes; });
+    for (int i = 0; i < 5; ++i)
+    {
+        feed.OnConnection(i % 2 == 0);
+    }
+    EXPECT_EQ(1, wakes);
+    bool more = false;
+    EXPECT_EQ(3u, feed.Take(3, more).size());
+    EXPECT_TRUE(more);
+    feed.OnConnection(true);
+    EXPECT_EQ(1, wakes); // whoever was told of more comes back by itself
+    EXPECT_EQ(3u, feed.Take(10, more).size());
+    EXPECT_FALSE(more);
+    feed.OnConnection(false);
+    EXPECT_EQ(2, wakes);
+}

@@ -1,0 +1,105 @@
+#include "logview/FileFollower.h"
+#include "tests/support/UserFolderTest.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <fstream>
+
+namespace
+{
+class FileFollowerTest : public UserFolderTest
+{
+protected:
+    FileFollowerTest()
+        : m_File(TempFile("log")),
+          m_Follower(m_File, {[this](const String& line) { m_Lines.push_back(line); },
+                              [this](const String& line) { m_Partial = line; },
+                              [this](const String& how) { m_Restarts.push_back(how); }})
+    {
+    }
+
+    void Append(const String& text) const
+    {
+        std::ofstream(m_File.Text(), std::ios::binary | std::ios::app)
+            .write(text.data(), static_cast<std::streamsize>(text.size()));
+    }
+    void ReadAll()
+    {
+        while (m_Follower.Read(7)) // small, so that every boundary is met
+        {
+        }
+    }
+    using Lines = std::vector<String>;
+
+    Path         m_File;
+    Lines        m_Lines;
+    String       m_Partial;
+    Lines        m_Restarts;
+    FileFollower m_Follower;
+};
+} // namespace
+
+TEST_F(FileFollowerTest, FollowsAFileThatComesLaterAndGrows)
+{
+    ReadAll();
+    EXPECT_EQ(FileFollower::State::kMissing, m_Follower.CurrentState());
+    Append("first\nsecond is longer\nthi");
+    ReadAll();
+    EXPECT_EQ(FileFollower::State::kFollowing, m_Follower.CurrentState());
+    EXPECT_EQ((Lines{"first", "second is longer"}), m_Lines);
+    EXPECT_EQ("thi", m_Partial);
+    Append("rd\n\n");
+    ReadAll();
+    EXPECT_EQ((Lines{"first", "second is longer", "third", ""}), m_Lines);
+    EXPECT_EQ("", m_Partial);
+    EXPECT_EQ(30, m_Follower.Position());
+}
+
+TEST_F(FileFollowerTest, HandsEveryByteOn)
+{
+    const String odd("a\0b\xff\xc3\x28\r\n\x1b[1m\r\n", 14);
+    Append(odd);
+    ReadAll();
+    ASSERT_EQ(2u, m_Lines.size());
+    EXPECT_EQ(odd, m_Lines[0] + "\n" + m_Lines[1] + "\n");
+}
+
+TEST_F(FileFollowerTest, SurvivesTruncation)
+{
+    Append("one\ntwo\nthree\nunfinished");
+    ReadAll();
+    ASSERT_EQ(0, truncate(m_File.Text().c_str(), 0));
+    Append("new\n");
+    ReadAll();
+    EXPECT_EQ((Lines{"one", "two", "three", "unfinished", "new"}), m_Lines);
+    EXPECT_EQ(1u, m_Restarts.size());
+    EXPECT_EQ("", m_Partial);
+}
+
+TEST_F(FileFollowerTest, SurvivesRotationAndReadsTheOldFileToItsEnd)
+{
+    Append("one\n");
+    ReadAll();
+    const String old = m_File.Text() + ".1";
+    ASSERT_EQ(0, rename(m_File.Text().c_str(), old.c_str()));
+    ReadAll(); // between the two steps of a rotation: no file of that name
+    std::ofstream(old, std::ios::app) << "late\n";
+    ReadAll();
+    Append("fresh\n");
+    ReadAll();
+    EXPECT_EQ((Lines{"one", "late", "fresh"}), m_Lines);
+    EXPECT_EQ(1u, m_Restarts.size());
+}
+
+TEST_F(FileFollowerTest, RefusesWhatIsNoFile)
+{
+    ASSERT_EQ(0, mkfifo(m_File.Text().c_str(), 0600));
+    ReadAll(); // would wait for a writer for ever
+    EXPECT_EQ(FileFollower::State::kUnreadable, m_Follower.CurrentState());
+    EXPECT_FALSE(m_Follower.Problem().empty());
+    ASSERT_EQ(0, unlink(m_File.Text().c_str()));
+    Append("now\n");
+    ReadAll();
+    EXPECT_EQ((Lines{"now"}), m_Lines);
+}

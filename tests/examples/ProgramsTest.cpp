@@ -1,0 +1,144 @@
+#include "tests/support/FrameTest.h"
+#include "tests/support/Pictures.h"
+
+#include "tolvan/Components.h"
+
+#include <wx/image.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace
+{
+constexpr int kProgramDeadlineMs = 20000; // programs under a sanitizer are slow to start
+
+/// A program that is ended with the test.
+class Program
+{
+public:
+    explicit Program(std::vector<String> words)
+    {
+        m_Process = fork();
+        if (m_Process == 0)
+        {
+            std::vector<char*> arguments;
+            for (String& word : words)
+            {
+                arguments.push_back(&word[0]);
+            }
+            arguments.push_back(nullptr);
+            execv(arguments[0], arguments.data());
+            _exit(127);
+        }
+    }
+    ~Program()
+    {
+        if (!HasEnded())
+        {
+            kill(m_Process, SIGKILL);
+            waitpid(m_Process, nullptr, 0);
+        }
+    }
+    bool HasEnded()
+    {
+        m_Ended = m_Ended || waitpid(m_Process, &m_Status, WNOHANG) == m_Process;
+        return m_Ended;
+    }
+    int ExitCode() const { return WIFEXITED(m_Status) ? WEXITSTATUS(m_Status) : -1; }
+
+private:
+    pid_t m_Process = -1;
+    bool  m_Ended = false;
+    int   m_Status = 0;
+};
+
+class ProgramsTest : public UserFolderTest
+{
+protected:
+    ProgramsTest()
+    {
+        setenv("TOLVAN_USER_DIR", UserFile("").Text().c_str(), 1);
+        setenv("XDG_STATE_HOME", TempFile("state").Text().c_str(), 1);
+    }
+
+    String LogOf(const String& component) const
+    {
+        const Path file = UserFile("logs/" + component + ".log");
+        return File::Exists(file) ? ReadFile(file) : String();
+    }
+    bool WaitForLog(const String& component, const String& text) const
+    {
+        return WaitFor([&] { return LogOf(component).find(text) != String::npos; },
+                       kProgramDeadlineMs);
+    }
+};
+
+// Pixels of that colour on the whole screen.
+int CountPixels(const wxColour& colour)
+{
+    const wxImage        image = PictureOfScreen();
+    const unsigned char* pixel = image.GetData();
+    int                  count = 0;
+    for (int i = image.GetWidth() * image.GetHeight(); i > 0; --i, pixel += 3)
+    {
+        count += pixel[0] == colour.Red() && pixel[1] == colour.Green() &&
+                 pixel[2] == colour.Blue();
+    }
+    return count;
+}
+} // namespace
+
+TEST_F(ProgramsTest, MonitorStartsAMasterAndShowsItsJobs)
+{
+    {
+        Program monitor({MONITOR_PROGRAM});
+        EXPECT_TRUE(WaitForLog(component_Monitor, "The first output of a job is shown"))
+            << LogOf(component_Monitor) << LogOf(component_Master);
+    }
+    // Nobody watches any more and no one may be left behind: its process id stands in its socket.
+    std::system("pkill -TERM -f '" MASTER_PROGRAM "'");
+    EXPECT_TRUE(WaitFor([] { return !Components::DidStart(component_Master); },
+                        kProgramDeadlineMs));
+}
+
+TEST_F(ProgramsTest, ASchemeChangeReachesAnotherProgramWithinASecond)
+{
+    WriteFile(TempFile("some.log"), "a line\nanother line\n");
+    WriteFile(UserFile("Colors.ini"), "scheme = 0\n");
+    Program viewer({LOGVIEW_PROGRAM, TempFile("some.log").Text()});
+    const wxColour darkText(92, 92, 92);
+    const wxColour lighterText(255, 255, 255);
+    // Most of the viewer's window is the background of its text.
+    constexpr int kMost = 100000;
+    ASSERT_TRUE(WaitFor([&] { return CountPixels(darkText) > kMost; }, kProgramDeadlineMs));
+    ASSERT_TRUE(WaitForLog(component_LogView, "2 lines"));
+    Program monitor({MONITOR_PROGRAM, "--no-start", "--set-scheme=2"});
+    ASSERT_TRUE(WaitForLog(component_Monitor, "Notifying color changed to: " + component_LogView));
+    EXPECT_TRUE(WaitFor([&] { return CountPixels(darkText) < kMost / 10; }, 1500));
+    EXPECT_GT(CountPixels(lighterText), kMost);
+}
+
+TEST_F(ProgramsTest, MonitorMeasuresItsStart)
+{
+    Program monitor({MONITOR_PROGRAM, "--no-start", "--time-start"});
+    EXPECT_TRUE(WaitFor([&] { return monitor.HasEnded(); }, kProgramDeadlineMs));
+    EXPECT_EQ(0, monitor.ExitCode());
+}
+
+TEST_F(ProgramsTest, AnUnusableLogFolderIsExplained)
+{
+    WriteFile(UserFile("logs"), "a file where the folder should be");
+    Program monitor({MONITOR_PROGRAM, "--no-start"});
+    // The dialog waits for the user; closing it ends the program with a failure.
+    EXPECT_TRUE(WaitFor(
+        [&]
+        {
+            std::system("xdotool search --name '^Startup Error$' windowactivate --sync key Return "
+                        ">/dev/null 2>&1");
+            return monitor.HasEnded();
+        },
+        kProgramDeadlineMs));
+    EXPECT_NE(0, monitor.ExitCode());
+}
