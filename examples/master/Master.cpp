@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
+#include <exception>
 
 #include <unistd.h>
 
@@ -75,7 +76,28 @@ void Master::Run()
     WaitForSignals();
     LoadJobs();
     EndWhenUnneeded();
-    m_Context.run();
+    while (!m_Context.stopped())
+    {
+        RunHandlers();
+    }
+}
+
+/// What one handler could not do must not end the other jobs.
+void Master::RunHandlers()
+{
+    try
+    {
+        m_Context.run();
+    }
+    catch (Exception* exception)
+    {
+        exception->Log();
+        delete exception;
+    }
+    catch (const std::exception& exception)
+    {
+        LogError(String("The master goes on after: ") + exception.what());
+    }
 }
 
 void Master::Listen()

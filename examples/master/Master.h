@@ -34,6 +34,7 @@ private:
     void OnJobChanged(const _JobRecord& job);
     void OnOutput(const _JobRecord& job, std::string_view line);
 
+    void       RunHandlers();
     void       Listen();
     void       WaitForClients();
     void       AcceptClients();

@@ -1,9 +1,9 @@
 #include "examples/master/StartMaster.h"
 
-#include "vesta/Path.h"
 #include "vesta/Platform.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 
 #include <fcntl.h>
@@ -38,8 +38,8 @@ struct Words
     _exit(1);
 }
 
-/// In the second process: becomes the master, or reports why not.
-[[noreturn]] void BecomeMaster(const Words& words, int reportTo)
+/// In the second process: becomes the program, or reports why not.
+[[noreturn]] void BecomeProgram(const Words& words, int reportTo)
 {
     const int nowhere = open("/dev/null", O_RDWR);
     if (nowhere < 0 || dup2(nowhere, STDIN_FILENO) < 0 || dup2(nowhere, STDOUT_FILENO) < 0 ||
@@ -47,6 +47,10 @@ struct Words
     {
         Report(reportTo);
     }
+    // Whoever calls may block signals that end the program.
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
     close_range(STDERR_FILENO + 1, ~0u, CLOSE_RANGE_CLOEXEC);
     execv(words.pointers[0], words.pointers.data());
     Report(reportTo);
@@ -63,7 +67,7 @@ struct Words
     }
     if (second == 0)
     {
-        BecomeMaster(words, reportTo);
+        BecomeProgram(words, reportTo);
     }
     _exit(0);
 }
@@ -84,7 +88,11 @@ int ReadReport(int reportFrom)
 
 String StartMaster(const std::vector<String>& options)
 {
-    const Path  program = Path(Platform::GetProgramFolder()) / "tolvan-master";
+    return StartInBackground(Path(Platform::GetProgramFolder()) / "tolvan-master", options);
+}
+
+String StartInBackground(const Path& program, const std::vector<String>& options)
+{
     const Words words(program, options);
     int         report[2];
     if (pipe2(report, O_CLOEXEC) != 0)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "vesta/Path.h"
 #include "vesta/String.h"
 
 #include <vector>
@@ -10,3 +11,6 @@
 /// or why it cannot be started. A master that runs already makes the new one end at once. Any
 /// thread.
 String StartMaster(const std::vector<String>& options = {});
+
+/// The same for any program.
+String StartInBackground(const Path& program, const std::vector<String>& options);

@@ -30,6 +30,7 @@ void PrepareChild()
     prctl(PR_SET_PDEATHSIG, SIGTERM);
     // Signals that this program ignores or blocks would stay so in the job.
     signal(SIGPIPE, SIG_DFL);
+    signal(SIGXFSZ, SIG_DFL);
     sigset_t none;
     sigemptyset(&none);
     sigprocmask(SIG_SETMASK, &none, nullptr);
@@ -63,30 +64,45 @@ String _ChildExit::Describe() const
     return SFormat("The program ended with exit code %d", code);
 }
 
+_ChildProcess::~_ChildProcess()
+{
+    if (IsAlive())
+    {
+        SignalGroup(SIGKILL);
+        waitpid(m_Id, nullptr, 0);
+    }
+}
+
 String _ChildProcess::Start(const _ChildSpec& spec)
 {
-    process::pipe pipe;
-    // The other end may be gone before this program is asked to look at it.
-    fcntl(pipe.native_source(), F_SETFL, O_NONBLOCK);
     std::error_code error;
-    process::child  child(
-         process::exe = spec.program.Text(), process::args = PlainStrings(spec.words),
-         process::start_dir = std::string(spec.folder.Text()),
-         process::std_in<process::null, (process::std_out & process::std_err)> pipe,
-         process::extend::on_exec_setup = [](auto&) { PrepareChild(); },
-         process::extend::on_error = [](auto& executor, const auto&) { CollectFailed(executor); },
-         error);
-    if (error)
+    try
     {
-        return spec.program.Text() + " cannot be started: " + error.message();
+        process::pipe  pipe;
+        process::child child(
+            process::exe = spec.program.Text(), process::args = PlainStrings(spec.words),
+            process::start_dir = std::string(spec.folder.Text()), (process::std_in < process::null),
+            ((process::std_out & process::std_err) > pipe),
+            process::extend::on_exec_setup = [](auto&) { PrepareChild(); },
+            process::extend::on_error = [](auto& executor, const auto&)
+            { CollectFailed(executor); },
+            error);
+        if (!error)
+        {
+            m_Id = child.id();
+            child.detach(); // it is collected below, and nothing must kill it before
+            // Both sides set the group: whichever comes first, it is there before any signal.
+            setpgid(m_Id, m_Id);
+            m_Output = pipe.native_source();
+            pipe.assign_source(-1);
+            fcntl(m_Output, F_SETFL, O_NONBLOCK);
+        }
     }
-    m_Id = child.id();
-    child.detach(); // it is collected below, and nothing must kill it before
-    // Both sides set the group: whichever comes first, it is there before the first signal.
-    setpgid(m_Id, m_Id);
-    m_Output = pipe.native_source();
-    pipe.assign_source(-1);
-    return String();
+    catch (const std::system_error& failure) // no pipe to be had
+    {
+        error = failure.code();
+    }
+    return error ? spec.program.Text() + " cannot be started: " + error.message() : String();
 }
 
 void _ChildProcess::SignalGroup(int signal) const

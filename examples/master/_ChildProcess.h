@@ -31,6 +31,11 @@ struct _ChildExit
 class _ChildProcess
 {
 public:
+    _ChildProcess() = default;
+    ~_ChildProcess(); ///< Kills what still runs.
+    _ChildProcess(const _ChildProcess&) = delete;
+    _ChildProcess& operator=(const _ChildProcess&) = delete;
+
     /// Starts it. Returns an empty text, or why it cannot be started.
     String Start(const _ChildSpec& spec);
     /// The reading end of its output, non-blocking; the caller closes it. -1 before the start.

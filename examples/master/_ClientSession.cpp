@@ -106,6 +106,11 @@ void _ClientSession::End(const String& why)
 void _ClientSession::Send(const _Frame& frame)
 {
     m_Queue.Push(frame);
+    if (m_Queue.Bytes() > kTooMuch)
+    {
+        End("it does not read the answers to what it asks");
+        return;
+    }
     Pump();
 }
 

@@ -259,6 +259,10 @@ _ChildSpec _Farm::MakeSpec(const _JobRecord& job, const JobTypeInfo& type, const
                                searchPath ? searchPath : "/usr/bin:/bin");
     spec.words.assign(words.begin() + 1, words.end());
     spec.folder = workFolder.empty() ? folder : Path(workFolder);
+    if (spec.folder.Text()[0] != '/')
+    {
+        spec.folder = folder / workFolder;
+    }
     if (!File::IsFolder(spec.folder))
     {
         Refuse("Start", "There is no folder " + spec.folder.Text() + " to run in");

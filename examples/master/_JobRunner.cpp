@@ -4,6 +4,8 @@
 
 #include <csignal>
 
+#include <unistd.h>
+
 namespace
 {
 
@@ -11,7 +13,7 @@ constexpr std::chrono::milliseconds kRetryWriting{500};
 // After the program's end: for what is still in the pipe, and for a process that left the group
 // and holds it open.
 constexpr std::chrono::milliseconds kDrain{2000};
-constexpr std::chrono::milliseconds kDrainInTrouble{10000};
+constexpr std::chrono::milliseconds kDrainInTrouble{5000};
 
 } // namespace
 
@@ -31,12 +33,19 @@ String _JobRunner::Start(const _ChildSpec& spec, const Path& logFile)
     {
         failure = m_Child.Start(spec);
     }
-    if (failure.empty())
+    if (!failure.empty())
     {
-        m_Output.assign(m_Child.OutputDescriptor());
-        Read();
+        return failure;
     }
-    return failure;
+    Error error;
+    m_Output.assign(m_Child.OutputDescriptor(), error);
+    if (error)
+    {
+        close(m_Child.OutputDescriptor());
+        return "Its output cannot be read: " + error.message();
+    }
+    Read();
+    return String();
 }
 
 void _JobRunner::Suspend()

@@ -10,7 +10,7 @@ class _OutputTail
 {
 public:
     static constexpr size_t k_MaxLines = 200;
-    static constexpr size_t k_MaxBytes = 1u << 20; ///< Very long lines leave room for fewer.
+    static constexpr size_t k_MaxBytes = 256u << 10; ///< Very long lines leave room for fewer.
 
     void Add(std::string_view line)
     {

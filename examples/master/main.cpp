@@ -63,7 +63,9 @@ int Run(const CommandLine& commandLine)
 
 int main(int argc, char** argv)
 {
-    std::signal(SIGPIPE, SIG_IGN); // a client that goes is no reason to end
+    // A client that goes and a log at the system's limit are no reasons to end.
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
     const CommandLine commandLine = MasterCommandLine(argc, argv);
     if (commandLine.Has("help"))
     {

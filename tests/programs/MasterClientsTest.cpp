@@ -1,0 +1,151 @@
+#include "tests/programs/MasterFixture.h"
+#include "tolvan/Framing.h"
+#include "tolvan/SocketFolder.h"
+
+#include <algorithm>
+#include <csignal>
+#include <fstream>
+
+namespace
+{
+
+class MasterClients : public MasterTest
+{
+protected:
+    TestPeer NewPeer() const { return TestPeer::ConnectTo(SocketFolder::ForMaster()); }
+
+    /// Resident memory of the master in kilobytes, at its highest.
+    long long PeakMemory() const
+    {
+        std::ifstream file("/proc/" + std::to_string(master) + "/status");
+        for (std::string line; std::getline(file, line);)
+        {
+            if (line.rfind("VmHWM:", 0) == 0)
+            {
+                return std::stoll(line.substr(6));
+            }
+        }
+        return -1;
+    }
+};
+
+TEST_F(MasterClients, LateClientIsToldOfAllJobsAndTheirLastLines)
+{
+    Start();
+    const String job = client.Submit("seq 1 1000");
+    const String other = client.Submit("sleep 1000");
+    ASSERT_TRUE(client.WaitForState(job, state_Done));
+    EXPECT_EQ(client.lines[job].size(), 1000u);
+
+    MasterClient late;
+    ASSERT_TRUE(late.Connect());
+    EXPECT_EQ(late.others[0]->Get("jobs"), "2");
+    ASSERT_TRUE(late.ReadUntil([&] { return late.jobs.size() == 2; }));
+    EXPECT_EQ(late.Param(job, p_State), state_Done);
+    EXPECT_EQ(late.Param(other, p_State), state_Running);
+    ASSERT_EQ(late.lines[job].size(), 200u);
+    EXPECT_EQ(late.lines[job].front(), "801");
+    EXPECT_EQ(late.lines[job].back(), "1000");
+}
+
+TEST_F(MasterClients, FloodNeitherBlocksNorGrowsTheMasterAndNoLineIsUnaccountedFor)
+{
+    constexpr int kLines = 1500000;
+    Start();
+    MasterClient stuck; // reads nothing until the end
+    ASSERT_TRUE(stuck.Connect());
+    const long long memoryBefore = PeakMemory();
+
+    const String job = client.Submit(SFormat("yes | head -n %d", kLines));
+    const String other = client.Submit("echo other");
+    int          answers = 0;
+    while (client.Param(job, p_State) != state_Done && !HasFailure())
+    {
+        const auto begin = std::chrono::steady_clock::now();
+        const auto answer = client.Command(other, "Set Priority", String::FromInt(answers % 100));
+        ASSERT_TRUE(answer);
+        EXPECT_STREQ(answer->Type().c_str(), msg_Done);
+        EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+        ++answers;
+    }
+    EXPECT_GT(answers, 2);
+    EXPECT_LT(PeakMemory() - memoryBefore, 100 * 1024) << "kilobytes more";
+    EXPECT_EQ(ReadFile(client.Param(job, p_LogFile)).size(), size_t(kLines) * 2);
+
+    ASSERT_TRUE(stuck.WaitForState(job, state_Done));
+    EXPECT_GT(stuck.skipped[job], 0);
+    const auto sum = [&](MasterClient& one)
+    { return static_cast<long long>(one.lines[job].size()) + one.skipped[job]; };
+    EXPECT_EQ(sum(stuck), kLines);
+    EXPECT_EQ(sum(client), kLines);
+    EXPECT_TRUE(std::all_of(stuck.lines[job].begin(), stuck.lines[job].end(),
+                            [](const String& line) { return line == "y"; }));
+}
+
+TEST_F(MasterClients, BadPeersAreClosedAndLoggedAndDisturbNobody)
+{
+    Start();
+    TestPeer     silent = NewPeer();
+    TestPeer     half = NewPeer();
+    const String hello = Framing::Wrap(Message(msg_Hello).Set("component", "Half").Encode());
+    half.Send(hello.substr(0, hello.size() / 2));
+
+    TestPeer garbage = NewPeer();
+    garbage.Send(String(std::string(64, 'g')));
+    EXPECT_TRUE(garbage.SeesEnd());
+
+    TestPeer huge = NewPeer();
+    huge.Send(String(std::string("TLV1\x7f\xff\xff\xff", 8)));
+    EXPECT_TRUE(huge.SeesEnd());
+
+    TestPeer noMessage = NewPeer();
+    noMessage.Send(Framing::Wrap("no message"));
+    EXPECT_TRUE(noMessage.SeesEnd());
+
+    TestPeer rude = NewPeer();
+    rude.Send(Message(msg_Submit).Set(p_Type, kScriptType).Set("Script", "true"));
+    EXPECT_TRUE(rude.SeesEnd());
+
+    const String job = client.Submit("echo fine");
+    EXPECT_TRUE(client.WaitForState(job, state_Done));
+    EXPECT_EQ(client.jobs.size(), 1u);
+    for (const char* const reason : {"67676767", "over the limit", "no message", "who it is"})
+    {
+        EXPECT_NE(LogText().find(reason), String::npos) << reason;
+    }
+    // The half frame is still a beginning: its rest makes it a client.
+    half.Send(hello.substr(hello.size() / 2));
+    const auto welcome = half.Receive();
+    ASSERT_TRUE(welcome);
+    EXPECT_STREQ(welcome->Type().c_str(), msg_Welcome);
+}
+
+TEST_F(MasterClients, ClientThatAsksAndNeverReadsIsClosed)
+{
+    Start();
+    MasterClient rude;
+    ASSERT_TRUE(rude.Connect());
+    const String bytes = Framing::Wrap(Message(msg_Command)
+                                           .Set(p_Id, std::string(64 << 10, 'x'))
+                                           .Set("Request", std::string(64 << 10, 'r'))
+                                           .Encode());
+    int          sent = 0;
+    while (sent < 2000 && rude.peer.Send(bytes))
+    {
+        ++sent;
+    }
+    EXPECT_LT(sent, 2000);
+    EXPECT_EQ(client.Ask(Message("Dance"))->Type(), msg_Failed);
+    EXPECT_NE(LogText().find("does not read"), String::npos);
+}
+
+TEST_F(MasterClients, ClientsAreAskedToCloseOnTheOperatorsSignal)
+{
+    Start();
+    Signal(SIGUSR1);
+    ASSERT_TRUE(client.ReadUntil([&] { return client.others.back()->Type() == msg_Shutdown; }));
+    EXPECT_NE(client.others.back()->Get("Reason"), "");
+    EXPECT_NE(client.Submit("true"), ""); // it serves whoever stays
+}
+
+} // namespace

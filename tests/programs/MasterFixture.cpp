@@ -1,0 +1,209 @@
+#include "tests/programs/MasterFixture.h"
+
+#include "tolvan/SocketFolder.h"
+#include "vesta/UID.h"
+
+#include <boost/process/args.hpp>
+#include <boost/process/child.hpp>
+#include <boost/process/exe.hpp>
+#include <boost/process/io.hpp>
+
+#include <csignal>
+#include <cstdlib>
+#include <fstream>
+
+#include <sys/wait.h>
+
+const char* const kScriptType = "11111111-2222-3333-4444-555555555555";
+const char* const kMissingType = "11111111-2222-3333-4444-666666666666";
+
+namespace
+{
+
+const char* const kScriptModule =
+    "[Type]\nId = 11111111-2222-3333-4444-555555555555\nName = Script\n"
+    "Execute = /bin/sh -c %Script%\n[Parameter Script]\n";
+const char* const kMissingModule =
+    "[Type]\nId = 11111111-2222-3333-4444-666666666666\nName = Missing\n"
+    "Execute = no-such-program --help\n";
+
+} // namespace
+
+char ProcessState(pid_t id)
+{
+    std::ifstream     file("/proc/" + std::to_string(id) + "/stat");
+    const std::string text(std::istreambuf_iterator<char>(file), {});
+    const size_t      end = text.rfind(')'); // of the program's name, which may hold anything
+    const bool        isThere = end != std::string::npos && end + 2 < text.size();
+    return isThere && text[end + 2] != 'Z' ? text[end + 2] : '\0';
+}
+
+bool MasterClient::Connect()
+{
+    const auto connects = [this]
+    {
+        peer = TestPeer::ConnectTo(SocketFolder::ForMaster());
+        return peer.IsConnected();
+    };
+    return WaitFor(connects) &&
+           peer.Send(Message(msg_Hello).Set("component", "TolvanTest").Set("user", "tester")) &&
+           ReadUntil([this] { return !others.empty() && others[0]->Type() == msg_Welcome; });
+}
+
+bool MasterClient::ReadUntil(const std::function<bool()>& condition,
+                             std::chrono::milliseconds    deadline)
+{
+    const auto end = std::chrono::steady_clock::now() + deadline;
+    while (!condition())
+    {
+        const auto message = peer.Receive();
+        if (!message || std::chrono::steady_clock::now() > end)
+        {
+            return false;
+        }
+        Take(message);
+    }
+    return true;
+}
+
+void MasterClient::Take(const boost::shared_ptr<Message>& message)
+{
+    const String id = message->Get(p_Id);
+    if (message->Type() == msg_Job)
+    {
+        jobs[id] = message->Fields();
+    }
+    else if (message->Type() == msg_Output)
+    {
+        lines[id].push_back(message->Get("Line"));
+    }
+    else if (message->Type() == msg_Skipped)
+    {
+        skipped[id] += message->GetInt("Count");
+        EXPECT_EQ(message->Get("File"), Param(id, p_LogFile));
+    }
+    else
+    {
+        others.push_back(message);
+    }
+}
+
+bool MasterClient::WaitForState(const String& job, const String& state)
+{
+    return ReadUntil([&] { return Param(job, p_State) == state; });
+}
+
+boost::shared_ptr<Message> MasterClient::Ask(Message message)
+{
+    const String request = UID::Create().ToString();
+    message.Set("Request", request);
+    peer.Send(message);
+    const auto isAnswered = [&]
+    { return !others.empty() && others.back()->Get("Request") == request; };
+    return ReadUntil(isAnswered) ? others.back() : nullptr;
+}
+
+String MasterClient::Submit(const String& script, const String& name, int priority)
+{
+    const auto answer = Ask(Message(msg_Submit)
+                                .Set(p_Type, kScriptType)
+                                .Set(p_Name, name)
+                                .Set(p_Priority, priority)
+                                .Set("Script", script));
+    EXPECT_TRUE(answer && answer->Type() == msg_Done) << (answer ? answer->Get("Text") : "silence");
+    return answer ? answer->Get(p_Id) : String();
+}
+
+boost::shared_ptr<Message> MasterClient::Command(const String& job, const String& command,
+                                                 const String& item)
+{
+    return Ask(Message(msg_Command).Set(p_Id, job).Set("Command", command).Set("Item", item));
+}
+
+String MasterClient::Param(const String& job, const String& name) const
+{
+    const auto found = jobs.find(job);
+    if (found == jobs.end() || found->second.count(name) == 0)
+    {
+        return String();
+    }
+    return found->second.at(name);
+}
+
+String MasterClient::Text(const String& job) const
+{
+    String     text;
+    const auto found = lines.find(job);
+    if (found != lines.end())
+    {
+        for (const String& line : found->second)
+        {
+            text += line + "\n";
+        }
+    }
+    return text;
+}
+
+MasterTest::MasterTest()
+{
+    File::MakeFolder(TempFile("modules"));
+    File::MakeFolder(TempFile("jobs"));
+    WriteFile(TempFile("modules/script.module"), kScriptModule);
+    WriteFile(TempFile("modules/missing.module"), kMissingModule);
+    setenv("TOLVAN_USER_DIR", File::s_UserDir.c_str(), 1);
+}
+
+MasterTest::~MasterTest()
+{
+    if (master > 0)
+    {
+        kill(master, SIGTERM);
+        WaitForEnd();
+    }
+    if (HasFailure())
+    {
+        std::fputs(LogText().c_str(), stderr);
+    }
+}
+
+void MasterTest::Launch(const std::vector<String>& options)
+{
+    std::vector<std::string> words = {
+        "--modules",    TempFile("modules").Text(), "--jobs",    TempFile("jobs").Text(),
+        "--run-folder", TempFile("runs").Text(),    "--log-dir", TempFile("logs").Text()};
+    words.insert(words.end(), options.begin(), options.end());
+    namespace process = boost::process;
+    process::child child(
+        process::exe = MASTER_PROGRAM, process::args = words,
+        process::std_in<process::null, (process::std_out & process::std_err)> TempFile("console")
+            .Text()
+            .c_str());
+    master = child.id();
+    child.detach(); // `WaitForEnd` collects it
+}
+
+void MasterTest::Start(const std::vector<String>& options)
+{
+    Launch(options);
+    ASSERT_TRUE(client.Connect());
+}
+
+int MasterTest::WaitForEnd()
+{
+    int        status = 0;
+    const bool ended = WaitFor([&] { return waitpid(master, &status, WNOHANG) == master; },
+                               std::chrono::seconds(20));
+    if (!ended)
+    {
+        ADD_FAILURE() << "the master goes on";
+        kill(master, SIGKILL);
+        waitpid(master, nullptr, 0);
+    }
+    master = 0;
+    return ended && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+void MasterTest::Signal(int signal) const
+{
+    kill(master, signal);
+}

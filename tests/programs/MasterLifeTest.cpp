@@ -1,0 +1,121 @@
+#include "examples/master/StartMaster.h"
+#include "tests/programs/MasterFixture.h"
+#include "tolvan/Components.h"
+#include "tolvan/SocketFolder.h"
+
+#include <cerrno>
+#include <csignal>
+
+#include <sys/wait.h>
+
+namespace
+{
+
+class MasterLife : public MasterTest
+{
+protected:
+    static bool HasSocket() { return File::Exists(SocketFolder::ForMaster()); }
+};
+
+TEST_F(MasterLife, EndsWhenTheLastClientHasGoneAndNoJobRuns)
+{
+    Start({"--grace", "0", "--first-client", "1000"});
+    const String job = client.Submit("while ! test -e ../go; do sleep 0.02; done");
+    client.peer.Close();
+
+    MasterClient second; // the job keeps the master; a probe of the socket is no client
+    ASSERT_TRUE(Components::DidStart(component_Master));
+    ASSERT_TRUE(second.Connect());
+    EXPECT_EQ(second.Param(job, p_State), "");
+    ASSERT_TRUE(second.WaitForState(job, state_Running));
+    second.peer.Close();
+    WriteFile(TempFile("runs/go"), "");
+    EXPECT_EQ(WaitForEnd(), 0);
+    EXPECT_FALSE(HasSocket());
+}
+
+TEST_F(MasterLife, EndsWhenNoClientEverComes)
+{
+    Launch({"--grace", "0", "--first-client", "1"});
+    EXPECT_EQ(WaitForEnd(), 0);
+    EXPECT_FALSE(HasSocket());
+}
+
+TEST_F(MasterLife, SecondOneSaysSoAndEnds)
+{
+    Start();
+    const pid_t first = master;
+    Launch({});
+    EXPECT_EQ(WaitForEnd(), 0);
+    EXPECT_NE(Console().find("A master of this user runs already\n"), String::npos);
+    master = first;
+    EXPECT_NE(client.Submit("true"), "");
+}
+
+TEST_F(MasterLife, TakesThePlaceOfADeadOne)
+{
+    Start();
+    kill(master, SIGKILL);
+    EXPECT_EQ(WaitForEnd(), -1);
+    ASSERT_TRUE(HasSocket()); // the dead one could not remove it
+    MasterClient old = std::move(client);
+    client = MasterClient();
+    Start();
+    EXPECT_NE(client.Submit("true"), "");
+}
+
+TEST_F(MasterLife, RequestToEndEndsTheJobsAndRemovesTheSocket)
+{
+    Start();
+    const String job =
+        client.Submit("trap '' TERM; sleep 1000 & echo $!; while :; do sleep 1; done");
+    ASSERT_TRUE(client.ReadUntil([&] { return !client.lines[job].empty(); }));
+    const auto sleeper = static_cast<pid_t>(client.lines[job][0].ToInt());
+    Signal(SIGTERM);
+    EXPECT_TRUE(
+        client.peer.SeesEnd()); // clients are let go at once; they connect again by themselves
+    EXPECT_EQ(WaitForEnd(), 0);
+    EXPECT_EQ(ProcessState(sleeper), '\0');
+    EXPECT_FALSE(HasSocket());
+}
+
+TEST_F(MasterLife, JobsDoNotOutliveAMasterThatIsKilled)
+{
+    Start();
+    const String job = client.Submit("echo $$; exec sleep 1000");
+    ASSERT_TRUE(client.ReadUntil([&] { return !client.lines[job].empty(); }));
+    const auto process = static_cast<pid_t>(client.lines[job][0].ToInt());
+    kill(master, SIGKILL);
+    WaitForEnd();
+    EXPECT_TRUE(WaitFor([&] { return ProcessState(process) == '\0'; }));
+}
+
+TEST_F(MasterLife, WrongOptionIsNamed)
+{
+    Launch({"--slots", "many"});
+    EXPECT_EQ(WaitForEnd(), 1);
+    EXPECT_NE(Console().find("--slots must be a number from 1 to 1024, not 'many'"), String::npos);
+}
+
+TEST_F(MasterLife, IsStartedInTheBackground)
+{
+    ASSERT_EQ(StartMaster({"--grace", "0", "--jobs", TempFile("jobs").Text(), "--modules",
+                           TempFile("modules").Text(), "--run-folder", TempFile("runs").Text(),
+                           "--log-dir", TempFile("logs").Text()}),
+              "");
+    EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1); // no child of this program is left
+    EXPECT_EQ(errno, ECHILD);
+    ASSERT_TRUE(client.Connect());
+    const String job = client.Submit("cut -d' ' -f6 /proc/$PPID/stat; readlink /proc/$PPID/fd/1");
+    ASSERT_TRUE(client.WaitForState(job, state_Done));
+    EXPECT_NE(client.lines[job][0], String::FromInt(getsid(0)));
+    EXPECT_EQ(client.lines[job][1], "/dev/null");
+    client.peer.Close();
+    EXPECT_TRUE(WaitFor([] { return !HasSocket(); }));
+
+    const String failure = StartInBackground(TempFile("nothing"), {});
+    EXPECT_EQ(failure,
+              TempFile("nothing").Text() + " cannot be started: No such file or directory");
+}
+
+} // namespace

@@ -1,0 +1,297 @@
+#include "examples/master/_Commands.h"
+#include "examples/master/_JobCommand.h"
+#include "examples/master/_JobLog.h"
+#include "examples/master/_LineSplitter.h"
+#include "examples/master/_NewJob.h"
+#include "examples/master/_ProgressParser.h"
+#include "examples/master/_Scheduler.h"
+#include "examples/master/job-programs/render/Scene.h"
+#include "examples/master/job-programs/render/Tracer.h"
+#include "tests/support/UserFolderTest.h"
+#include "tolvan/Job.h"
+#include "vesta/Exception.h"
+
+#include <sys/stat.h>
+
+namespace
+{
+
+using MasterFiles = UserFolderTest;
+
+/// The text of the exception that `call` throws; empty when it throws none.
+template <class Call> String TextThrown(const Call& call)
+{
+    try
+    {
+        call();
+        return String();
+    }
+    catch (Exception* exception)
+    {
+        const String text = exception->Text();
+        delete exception;
+        return text;
+    }
+}
+
+std::vector<std::string> Split(const std::string& bytes, size_t limit, size_t step)
+{
+    std::vector<std::string> lines;
+    const auto               take = [&](std::string_view line) { lines.emplace_back(line); };
+    _LineSplitter            splitter(limit);
+    for (size_t at = 0; at < bytes.size(); at += step)
+    {
+        splitter.Add(std::string_view(bytes).substr(at, step), take);
+    }
+    splitter.Finish(take);
+    return lines;
+}
+
+TEST(LineSplitter, CutsAtLineEndsAndAtTheLimitHoweverTheBytesCome)
+{
+    using Lines = std::vector<std::string>;
+    struct
+    {
+        std::string bytes;
+        Lines       lines;
+    } const cases[] = {
+        {"", {}},
+        {"\n", {""}},
+        {"a", {"a"}},
+        {"a\r\n\nb\n", {"a\r", "", "b"}},
+        {std::string("\0\xff\n\0", 4), {std::string("\0\xff", 2), std::string(1, 0)}},
+        {"abcd\ne", {"abcd", "e"}}, // exactly the limit: one line
+        {"abcde\nf", {"abcd", "e", "f"}},
+        {"abcdefghi", {"abcd", "efgh", "i"}},
+        {"abcdefgh\n", {"abcd", "efgh"}}};
+    for (const auto& one : cases)
+    {
+        for (const size_t step : {1, 2, 3, 5, 100})
+        {
+            EXPECT_EQ(Split(one.bytes, 4, step), one.lines) << one.bytes << " by " << step;
+        }
+    }
+}
+
+TEST(ProgressParser, ReadsBothFormsAndNothingElse)
+{
+    struct
+    {
+        const char* line;
+        bool        isProgress;
+        int         percent;
+        long long   done;
+        long long   count;
+    } const cases[] = {{"PROGRESS 37", true, 37, 0, 0},
+                       {"PROGRESS 37.9% of it", true, 37, 0, 0},
+                       {"PROGRESS 100\r", true, 100, 0, 0},
+                       {"FRAME 3/40 took 0.1 s", true, 7, 3, 40},
+                       {"FRAME 40/40", true, 100, 40, 40},
+                       {"FRAME 0/1", true, 0, 0, 1},
+                       {"PROGRESS 101", false, 0, 0, 0},
+                       {"PROGRESS -1", false, 0, 0, 0},
+                       {"PROGRESS 5x", false, 0, 0, 0},
+                       {"PROGRESS ", false, 0, 0, 0},
+                       {"PROGRESS", false, 0, 0, 0},
+                       {" PROGRESS 5", false, 0, 0, 0},
+                       {"FRAME 5/4", false, 0, 0, 0},
+                       {"FRAME 0/0", false, 0, 0, 0},
+                       {"FRAME 3", false, 0, 0, 0},
+                       {"FRAME 3/", false, 0, 0, 0},
+                       {"FRAME 99999999999999999999/1", false, 0, 0, 0},
+                       {"FRAME 1/9223372036854775807", false, 0, 0, 0}};
+    for (const auto& one : cases)
+    {
+        _Progress progress;
+        EXPECT_EQ(ReadProgress(one.line, progress), one.isProgress) << one.line;
+        EXPECT_EQ(progress.percent, one.percent) << one.line;
+        EXPECT_EQ(progress.framesDone, one.done) << one.line;
+        EXPECT_EQ(progress.frameCount, one.count) << one.line;
+    }
+}
+
+TEST(OutputTail, KeepsTheLastLinesWithinItsBytes)
+{
+    _OutputTail tail;
+    for (int i = 0; i < 500; ++i)
+    {
+        tail.Add(std::to_string(i));
+    }
+    ASSERT_EQ(tail.Lines().size(), 200u);
+    EXPECT_EQ(tail.Lines().front(), "300");
+    for (int i = 0; i < 10; ++i)
+    {
+        tail.Add(std::string(100 << 10, 'x'));
+    }
+    EXPECT_EQ(tail.Lines().size(), 2u);
+    tail.Add(std::string(2 << 20, 'x')); // the last line is always there
+    EXPECT_EQ(tail.Lines().size(), 1u);
+}
+
+TEST(Scheduler, TakesTheHighestPriorityThenTheFirstWhileThereIsASlot)
+{
+    _JobTable table;
+    EXPECT_EQ(NextToStart(table, 1), nullptr);
+    table.Add("low").SetPriority(10);
+    _JobRecord& first = table.Add("first");
+    _JobRecord& second = table.Add("second");
+    EXPECT_EQ(NextToStart(table, 1), &first);
+    first.SetState(_JobState::kRunning);
+    EXPECT_EQ(NextToStart(table, 1), nullptr);
+    EXPECT_EQ(NextToStart(table, 2), &second);
+    first.SetState(_JobState::kSuspended); // gives its slot away
+    EXPECT_EQ(NextToStart(table, 1), &second);
+    second.SetState(_JobState::kRunning);
+    first.SetState(_JobState::kRunning); // goes on beside it
+    EXPECT_EQ(NextToStart(table, 2), nullptr);
+}
+
+TEST(Commands, DependOnTheStateAndOnWhetherThereIsAProcess)
+{
+    using State = _JobState;
+    struct
+    {
+        State       state;
+        bool        hasProcess;
+        const char* command;
+        _Action     action;
+    } const cases[] = {{State::kWaiting, false, "Suspend", _Action::kHold},
+                       {State::kRunning, true, "Suspend", _Action::kStop},
+                       {State::kSuspended, true, "Suspend", _Action::kRefuse},
+                       {State::kDone, false, "Suspend", _Action::kRefuse},
+                       {State::kSuspended, true, "Resume", _Action::kContinue},
+                       {State::kSuspended, false, "Resume", _Action::kRelease},
+                       {State::kRunning, true, "Resume", _Action::kRefuse},
+                       {State::kWaiting, false, "Kill", _Action::kCancel},
+                       {State::kSuspended, false, "Kill", _Action::kCancel},
+                       {State::kSuspended, true, "Kill", _Action::kKill},
+                       {State::kRunning, true, "Kill", _Action::kKill},
+                       {State::kKilled, false, "Kill", _Action::kRefuse},
+                       {State::kFailed, false, "retry", _Action::kRetry},
+                       {State::kKilled, false, "Retry", _Action::kRetry},
+                       {State::kSuspended, false, "Retry", _Action::kRefuse},
+                       {State::kRunning, true, "Explode", _Action::kRefuse}};
+    for (const auto& one : cases)
+    {
+        _JobRecord job("id", 0);
+        job.SetState(one.state);
+        job.SetHasProcess(one.hasProcess);
+        const _Decision decision = Decide(job, one.command, String());
+        EXPECT_EQ(decision.action, one.action) << one.command << " in " << NameOf(one.state);
+        EXPECT_EQ(decision.reason.empty(), one.action != _Action::kRefuse);
+    }
+    const _JobRecord job("id", 0);
+    EXPECT_EQ(Decide(job, "Set Priority", " 90 ").priority, 90);
+    for (const char* const item : {"", "-1", "101", "9x", "1e1", "99999999999999999999"})
+    {
+        EXPECT_EQ(Decide(job, "Set Priority", item).action, _Action::kRefuse) << item;
+    }
+}
+
+TEST(JobCommand, ValuesStayOneWordWhateverTheyHold)
+{
+    const auto lookup = [](const String& name, String& value)
+    {
+        value = name == "Name" ? String("a \"b\" %Name% \\c;") : String();
+        return name == "Name" || name == "Empty";
+    };
+    EXPECT_EQ(CommandWords("run  --x=%Name%\t\"two words\" %Empty% 100%%", lookup),
+              (std::vector<String>{"run", "--x=a \"b\" %Name% \\c;", "two words", "", "100%"}));
+    for (const char* const wrong : {"", "   ", "%Empty% x", "run %Unknown%", "run 50%"})
+    {
+        EXPECT_NE(TextThrown([&] { CommandWords(wrong, lookup); }), "") << wrong;
+    }
+    const auto nul = [](const String&, String& value)
+    {
+        value = String(std::string(1, '\0'));
+        return true;
+    };
+    EXPECT_NE(TextThrown([&] { CommandWords("run %X%", nul); }), "");
+}
+
+TEST_F(MasterFiles, ProgramIsLookedForInTheOwnFolderFirst)
+{
+    for (const char* const folder : {"own", "other"})
+    {
+        File::MakeFolder(TempFile(folder));
+        WriteFile(TempFile(folder) / "tool", "");
+        chmod((TempFile(folder) / "tool").Text().c_str(), 0700);
+    }
+    File::MakeFolder(TempFile("own/folder"));
+    const auto find = [&](const String& name)
+    { return FindProgram(name, TempFile("own"), TempFile("own"), ":" + TempFile("other").Text()); };
+    EXPECT_EQ(find("tool").Text(), TempFile("own/tool").Text());
+    File::Remove(TempFile("own/tool"));
+    EXPECT_EQ(find("tool").Text(), TempFile("other/tool").Text());
+    EXPECT_EQ(find("../other/tool").Text(), TempFile("own/../other/tool").Text());
+    EXPECT_NE(TextThrown([&] { find("folder"); }), "");
+    EXPECT_NE(TextThrown([&] { find("./tool"); }).find(TempFile("own/./tool").Text()),
+              String::npos);
+}
+
+TEST_F(MasterFiles, JobFileGivesTheSameJobEveryTime)
+{
+    WriteFile(TempFile("a.job"), "[Job]\nType = Some Type\nName = A\nPriority = 70\n"
+                                 "[Parameters]\nFrames = 1 to 5\nState = Done\nid = x\n");
+    WriteFile(TempFile("b.job"), "[Job]\nName = B\n");
+    WriteFile(TempFile("c.txt"), "");
+    const std::vector<Path> files = FindJobFiles(TempFile(""));
+    ASSERT_EQ(files.size(), 2u);
+    const _NewJob job = _NewJob::FromFile(files[0]);
+    EXPECT_EQ(job.type, "Some Type");
+    EXPECT_EQ(job.name, "A");
+    EXPECT_EQ(job.priority, "70");
+    // What only the master may say is left out.
+    EXPECT_EQ(job.params, (std::map<String, String>{{"Frames", "1 to 5"}}));
+    EXPECT_EQ(job.id, _NewJob::FromFile(files[0]).id);
+    EXPECT_EQ(job.id.size(), 36u);
+    EXPECT_NE(TextThrown([&] { _NewJob::FromFile(files[1]); }).find("b.job"), String::npos);
+    EXPECT_NE(TextThrown([&] { _NewJob::FromFile(TempFile("missing.job")); }), "");
+}
+
+TEST_F(MasterFiles, LogsOfTheLastRunsAreKept)
+{
+    for (int run = 0; run < 7; ++run)
+    {
+        WriteFile(_JobLog::MakeRoom(TempFile("")), String::FromInt(run));
+    }
+    EXPECT_EQ(ReadFile(TempFile("output.log")), "6");
+    EXPECT_EQ(ReadFile(TempFile("output.1.log")), "5");
+    EXPECT_EQ(ReadFile(TempFile("output.4.log")), "2");
+    EXPECT_FALSE(File::Exists(TempFile("output.5.log")));
+}
+
+TEST(Tracer, SameFrameIsTheSamePictureAndFramesDiffer)
+{
+    const auto render = [](const char* name, double turn, uint32_t seed)
+    {
+        Scene scene;
+        EXPECT_TRUE(MakeScene(name, turn, scene));
+        return Trace(scene, 48, 27, 2, seed).bytes;
+    };
+    const auto picture = render("orbit", 0.1, 1);
+    EXPECT_EQ(picture.size(), 48u * 27u * 3u);
+    EXPECT_EQ(picture, render("orbit", 0.1, 1));
+    EXPECT_NE(picture, render("orbit", 0.4, 1));
+    EXPECT_NE(picture, render("bounce", 0.1, 1));
+    Scene scene;
+    EXPECT_FALSE(MakeScene("nowhere", 0, scene));
+}
+
+TEST(Tracer, NearestSurfaceHidesWhatIsBehindIt)
+{
+    Scene scene;
+    scene.spheres = {{{0, 1, 5}, 1, {{1, 0, 0}}}, {{0, 1, 9}, 2, {{0, 1, 0}}}};
+    Hit hit;
+    ASSERT_TRUE(scene.Nearest({{0, 1, 0}, {0, 0, 1}}, hit));
+    EXPECT_DOUBLE_EQ(hit.distance, 4);
+    EXPECT_EQ(hit.material.colour.x, 1);
+    EXPECT_DOUBLE_EQ(hit.normal.z, -1);
+    EXPECT_TRUE(scene.IsBlocked({{0, 1, 0}, {0, 0, 1}}, 4.5));
+    EXPECT_FALSE(scene.IsBlocked({{0, 1, 0}, {0, 0, 1}}, 3.5));
+    EXPECT_FALSE(scene.Nearest({{0, 5, 0}, {0, 1, 0}}, hit)); // the sky
+    ASSERT_TRUE(scene.Nearest({{9, 5, 0}, {0, -1, 0}}, hit)); // the floor
+    EXPECT_DOUBLE_EQ(hit.distance, 5);
+}
+
+} // namespace

@@ -1,0 +1,132 @@
+#include "examples/master/_JobRunner.h"
+#include "tests/support/UserFolderTest.h"
+
+#include <boost/asio/signal_set.hpp>
+
+#include <csignal>
+#include <optional>
+
+#include <sys/resource.h>
+
+namespace
+{
+
+/// Runs one job's run without a farm.
+class JobRunner : public UserFolderTest
+{
+protected:
+    JobRunner()
+    {
+        const _JobRunner::Events events = {[this](std::string_view line)
+                                           { text += std::string(line) + "\n"; },
+                                           [this](const String& why) { troubles.push_back(why); },
+                                           [this](const _ChildExit& how, size_t bytes)
+                                           {
+                                               exit = how;
+                                               lost = bytes;
+                                               context.stop();
+                                           }};
+        runner = std::make_shared<_JobRunner>(context, events);
+        WaitForChildren();
+    }
+    void WaitForChildren()
+    {
+        signals.async_wait(
+            [this](const boost::system::error_code& error, int)
+            {
+                if (!error)
+                {
+                    WaitForChildren();
+                    runner->CheckExit();
+                }
+            });
+    }
+    String Start(const String& script, const Path& logFile)
+    {
+        return runner->Start({"/bin/sh", {"-c", script}, TempFile("")}, logFile);
+    }
+    /// Runs to the end, 20 seconds at most.
+    void Run()
+    {
+        context.run_for(std::chrono::seconds(20));
+        EXPECT_TRUE(exit.has_value()) << "no end";
+    }
+
+    boost::asio::io_context     context;
+    boost::asio::signal_set     signals{context, SIGCHLD};
+    std::shared_ptr<_JobRunner> runner;
+    String                      text;
+    std::vector<String>         troubles;
+    std::optional<_ChildExit>   exit;
+    size_t                      lost = 0;
+};
+
+TEST_F(JobRunner, FullDiskHoldsTheJobAndIsReported)
+{
+    ASSERT_EQ(Start("echo line; sleep 1000", "/dev/full"), "");
+    boost::asio::steady_timer timer(context, std::chrono::milliseconds(800));
+    timer.async_wait([this](const boost::system::error_code&) { runner->Stop(); });
+    context.run_for(std::chrono::seconds(2));
+    EXPECT_EQ(troubles, std::vector<String>{"No space left on device"});
+    EXPECT_EQ(text, "");
+    Run();
+    EXPECT_EQ(lost, 5u);
+    EXPECT_EQ(exit->code, SIGTERM);
+}
+
+/// The largest file that this process may write.
+void LimitFiles(rlim_t bytes)
+{
+    rlimit limit = {};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    limit.rlim_cur = bytes;
+    setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+TEST_F(JobRunner, GoesOnWhereItStoodWhenThereIsRoomAgain)
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+    LimitFiles(7);
+    ASSERT_EQ(Start("printf 'line\\nmore\\nlast'", TempFile("log")), "");
+    boost::asio::steady_timer timer(context, std::chrono::milliseconds(800));
+    timer.async_wait([](const boost::system::error_code&) { LimitFiles(RLIM_INFINITY); });
+    Run();
+    LimitFiles(RLIM_INFINITY);
+    EXPECT_EQ(troubles, (std::vector<String>{"File too large", ""}));
+    EXPECT_EQ(text, "line\nmore\nlast\n");
+    EXPECT_EQ(lost, 0u);
+    EXPECT_EQ(ReadFile(TempFile("log")), "line\nmore\nlast");
+}
+
+TEST_F(JobRunner, ProcessThatLeftTheGroupDoesNotHoldTheJob)
+{
+    ASSERT_EQ(Start("setsid sleep 1000 & echo $!; sleep 0.2", TempFile("log")), "");
+    Run();
+    EXPECT_TRUE(exit->IsSuccess());
+    kill(static_cast<pid_t>(text.ToInt()), SIGKILL);
+}
+
+TEST_F(JobRunner, ChildHasNoFilesAndSignalsOfThisProgram)
+{
+    std::signal(SIGPIPE, SIG_IGN);
+    ASSERT_EQ(Start("ls /proc/self/fd | wc -l; grep SigIgn /proc/self/status; "
+                    "grep SigBlk /proc/self/status; ps -o pgid= -p $$; echo $$; cat",
+                    TempFile("log")),
+              "");
+    Run();
+    std::signal(SIGPIPE, SIG_DFL);
+    const std::vector<String> lines = StringTokenizer::Split(text, "\n");
+    ASSERT_GE(lines.size(), 5u) << text;
+    EXPECT_EQ(lines[0].Trim(), "4"); // the three standard ones and the folder that ls reads
+    EXPECT_EQ(lines[1], "SigIgn:\t0000000000000000");
+    EXPECT_EQ(lines[2], "SigBlk:\t0000000000000000");
+    EXPECT_EQ(lines[3].Trim(), lines[4]);
+}
+
+TEST_F(JobRunner, LogThatCannotBeCreatedIsAFailureToStart)
+{
+    const String file = TempFile("no/such/folder/log").Text();
+    EXPECT_EQ(Start("true", file), "Cannot write " + file + ": No such file or directory");
+}
+
+} // namespace
