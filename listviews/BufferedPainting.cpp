@@ -100,6 +100,7 @@ void wxDoubleBufferedWindow::PaintBuffer()
     }
     if (m_Stale)
     {
+        const _QuietTraces again(m_PaintFailed);
         DrawBitmap();
         m_Stale = false;
     }

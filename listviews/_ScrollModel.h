@@ -1,5 +1,7 @@
 #pragma once
 
+#include "vesta/Export.h"
+
 #include <wx/event.h>
 
 /// The arithmetic of a scrolled view. Everything is in pixels unless said otherwise; products are
@@ -7,7 +9,7 @@
 /// millions of lines scrolls to its limit instead of overflowing.
 
 /// State of one scrollbar.
-struct _ScrollAxis
+struct TOLVAN_API _ScrollAxis
 {
     int position = 0; ///< Pixels scrolled off the near edge.
     int thumb = 0;    ///< Visible part: the client size.
@@ -30,26 +32,26 @@ struct _ScrollUnits
 };
 
 /// `units` times `unitSize`, at most INT_MAX; negative arguments count as 0.
-int _ScrollRange(int units, int unitSize);
+TOLVAN_API int _ScrollRange(int units, int unitSize);
 
 /// How many units of that size a view shows at least in part: whole ones plus two.
-int _VisibleUnits(int clientSize, int unitSize);
+TOLVAN_API int _VisibleUnits(int clientSize, int unitSize);
 
 /// The axis after the content or the client area has changed. With `followEnd` an axis that stood
 /// at its end stands at the new end.
-_ScrollAxis _Adjusted(const _ScrollAxis& axis, int thumb, int range, bool followEnd);
+TOLVAN_API _ScrollAxis _Adjusted(const _ScrollAxis& axis, int thumb, int range, bool followEnd);
 
 /// What one page scroll moves by. Vertically the whole lines that fit; horizontally three columns
 /// less than fit, because text that is read across a page needs some overlap. Never less than one
 /// unit, or a view of two lines could not be paged through.
-int _PageSize(int orientation, const _ScrollUnits& units);
+TOLVAN_API int _PageSize(int orientation, const _ScrollUnits& units);
 
 /// Where a scroll event of that type leads on the axis. A line step is the line height on both
 /// axes: a single column is too little for a step sideways. Any type without a rule of its own
 /// leads to `eventPosition`. The result lies within the axis.
-int _ScrollTarget(wxEventType type, const _ScrollAxis& axis, int lineHeight, int page,
-                  int eventPosition);
+TOLVAN_API int _ScrollTarget(wxEventType type, const _ScrollAxis& axis, int lineHeight, int page,
+                             int eventPosition);
 
 /// Takes a rotation of the wheel and gives the whole lines due, positive downwards; what does not
 /// make a whole notch stays in the accumulator.
-int _WheelLines(int& accumulator, int rotation, int delta, int linesPerAction);
+TOLVAN_API int _WheelLines(int& accumulator, int rotation, int delta, int linesPerAction);

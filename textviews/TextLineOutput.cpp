@@ -1,5 +1,6 @@
 #include "appearance/wxTolvanString.h"
 #include "textviews/_LineStore.h"
+#include "textviews/_LinesDataObject.h"
 #include "textviews/_TextSelection.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "vesta/CallEntry.h"
@@ -9,12 +10,6 @@
 #include <wx/filedlg.h>
 
 #include <algorithm>
-
-namespace
-{
-// Carries the bytes as they are; the text form can't where they are no valid text.
-const char* const kBytesFormat = "application/octet-stream";
-} // namespace
 
 String wxTextLineCtrl::SelectedText() const
 {
@@ -36,13 +31,7 @@ void wxTextLineCtrl::CopySelectionToClipboard()
     {
         return;
     }
-    const String text = SelectedText();
-    auto* const  data = new wxDataObjectComposite;
-    data->Add(new wxTextDataObject(wxtToWx(text)), true);
-    auto* const bytes = new wxCustomDataObject(wxDataFormat(kBytesFormat));
-    bytes->SetData(text.size(), text.data());
-    data->Add(bytes);
-    wxTheClipboard->SetData(data);
+    wxTheClipboard->SetData(new _LinesDataObject(SelectedText()));
     wxTheClipboard->Flush();
 }
 

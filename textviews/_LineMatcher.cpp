@@ -21,6 +21,23 @@ uint32_t LowerCase(uint32_t code)
     return static_cast<uint32_t>(std::towlower(static_cast<wint_t>(code)));
 }
 
+struct SizedCode
+{
+    uint32_t code;
+    size_t   bytes;
+};
+
+SizedCode NextCode(std::string_view text, size_t byte)
+{
+    const auto first = static_cast<unsigned char>(text[byte]);
+    if (first < kAsciiCodes)
+    {
+        return {first, 1};
+    }
+    const _TextCell cell = _CellAt(text, byte);
+    return {cell.code, static_cast<size_t>(cell.bytes)};
+}
+
 char LowerAscii(char c)
 {
     return static_cast<char>(c + (static_cast<unsigned char>(c - 'A') < 26 ? 'a' - 'A' : 0));
@@ -44,9 +61,9 @@ _LineMatcher::_LineMatcher(const String& text, bool matchCase) : m_MatchCase(mat
     }
     for (size_t byte = 0; byte < text.size();)
     {
-        const _TextCell cell = _CellAt(text, byte);
-        m_Codes.push_back(Folded(cell.code));
-        byte += static_cast<size_t>(cell.bytes);
+        const SizedCode next = NextCode(text, byte);
+        m_Codes.push_back(Folded(next.code));
+        byte += next.bytes;
     }
     PrepareFallbacks();
     PrepareQuickBytes();
@@ -116,14 +133,14 @@ bool _LineMatcher::Continue(std::string_view line, Progress& progress, size_t bu
     }
     while (progress.byte < end)
     {
-        const _TextCell cell = _CellAt(line, progress.byte);
-        const uint32_t  code = Folded(cell.code);
+        const SizedCode next = NextCode(line, progress.byte);
+        const uint32_t  code = Folded(next.code);
         while (progress.matched > 0 && code != m_Codes[progress.matched])
         {
             progress.matched = m_Fallbacks[progress.matched];
         }
         progress.matched += code == m_Codes[progress.matched] ? 1 : 0;
-        progress.byte += static_cast<size_t>(cell.bytes);
+        progress.byte += next.bytes;
         ++progress.column;
         if (progress.matched == m_Codes.size())
         {

@@ -44,6 +44,7 @@ void _LinePainter::DrawLine(int line, std::string_view text, const Cells& cells)
         }
         cell += base.cells;
     }
+    m_Painter.Flush();
 }
 
 void _LinePainter::DrawLineWithin(const std::vector<wxRect>& rects, int line, std::string_view text,

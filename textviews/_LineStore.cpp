@@ -99,34 +99,48 @@ void _LineStore::AddLeaf(size_t at, int64_t firstLine)
     m_FirstLines.insert(m_FirstLines.begin() + static_cast<ptrdiff_t>(at), firstLine);
 }
 
-// A leaf that takes no more lines at its end keeps no room for them.
+// A leaf that takes no more lines at its end keeps little room for them.
 void _LineStore::Seal(Leaf& leaf)
 {
-    leaf.starts.shrink_to_fit();
-    if (leaf.bytes.size() < leaf.bytes.capacity() - leaf.bytes.capacity() / 8)
+    const auto shrink = [](auto& vector)
     {
-        leaf.bytes.shrink_to_fit();
-    }
+        if (vector.size() < vector.capacity() - vector.capacity() / 8)
+        {
+            vector.shrink_to_fit();
+        }
+    };
+    shrink(leaf.starts);
+    shrink(leaf.bytes);
 }
 
 void _LineStore::Append(std::string_view line)
 {
     if (m_Leaves.empty() || !Fits(m_Leaves.back(), line.size()))
     {
-        if (!m_Leaves.empty())
-        {
-            Seal(m_Leaves.back());
-        }
-        AddLeaf(m_Leaves.size(), m_Erased + m_Count);
-        Leaf& leaf = m_Leaves.back();
-        leaf.bytes.reserve(line.size() > kLeafBytes ? line.size() : kLeafBytes);
-        leaf.starts.reserve(line.size() > kLeafBytes ? 1 : kFirstStarts);
+        BeginLastLeaf(line.size());
     }
     Leaf& leaf = m_Leaves.back();
     leaf.starts.push_back(static_cast<uint32_t>(leaf.bytes.size()));
     leaf.bytes.insert(leaf.bytes.end(), line.begin(), line.end());
     ++m_Count;
     m_Bytes += line.size();
+}
+
+// Room for a whole leaf at once, and for as many lines as the leaf before has: growing bit by bit
+// would leave holes in the heap.
+void _LineStore::BeginLastLeaf(size_t firstSize)
+{
+    size_t lines = kFirstStarts;
+    if (!m_Leaves.empty())
+    {
+        Seal(m_Leaves.back());
+        lines = m_Leaves.back().starts.size();
+    }
+    AddLeaf(m_Leaves.size(), m_Erased + m_Count);
+    Leaf&      leaf = m_Leaves.back();
+    const bool alone = firstSize > kLeafBytes;
+    leaf.bytes.reserve(alone ? firstSize : kLeafBytes);
+    leaf.starts.reserve(alone ? 1 : lines + lines / 16);
 }
 
 void _LineStore::Insert(int index, std::string_view line)

@@ -68,6 +68,7 @@ private:
 
     size_t LeafOf(int index) const;
     int    FirstLineOf(size_t leaf) const;
+    void   BeginLastLeaf(size_t firstSize);
     void   AddLeaf(size_t at, int64_t firstLine);
     void   InsertIntoLeaf(size_t leaf, int line, std::string_view text);
     void   Split(size_t leaf);

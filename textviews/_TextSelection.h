@@ -1,8 +1,10 @@
 #pragma once
 
+#include "vesta/Export.h"
+
 /// The selected lines: all from the smaller to the larger of anchor and end. The anchor is where
 /// the mouse went down, the end follows it.
-class _TextSelection
+class TOLVAN_API _TextSelection
 {
 public:
     int  Anchor() const { return m_Anchor; } ///< -1 when nothing is selected.
@@ -32,6 +34,6 @@ private:
 };
 
 /// The index of a line after another was inserted; -1 stays.
-int _IndexAfterInsert(int index, int inserted);
+TOLVAN_API int _IndexAfterInsert(int index, int inserted);
 /// The index of a line after a line was erased; -1 when it was that line itself.
-int _IndexAfterErase(int index, int erased);
+TOLVAN_API int _IndexAfterErase(int index, int erased);

@@ -61,6 +61,21 @@ private:
     unsigned          m_Exceptions; ///< Exceptions in flight when the entry was opened.
 };
 
+/// While it lives, exceptions that pass on the calling thread leave no trace in the log: for a
+/// failure that has been reported and is being tried again.
+class TOLVAN_API _QuietTraces
+{
+public:
+    /// @param quiet False changes nothing.
+    explicit _QuietTraces(bool quiet);
+    ~_QuietTraces();
+    _QuietTraces(const _QuietTraces&) = delete;
+    _QuietTraces& operator=(const _QuietTraces&) = delete;
+
+private:
+    const bool m_Before;
+};
+
 /// Opens the trace entry of the function that it stands in, as its first statement.
 #define CALL_ENTRY(functionName)                                                                   \
     static constexpr CallSite s_CallSite{functionName, __FILE__, __LINE__};                        \

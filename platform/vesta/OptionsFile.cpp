@@ -2,7 +2,6 @@
 
 #include "vesta/CallEntry.h"
 #include "vesta/Exception.h"
-#include "vesta/_CallTrace.h"
 
 #include <exception>
 

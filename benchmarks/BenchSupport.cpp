@@ -1,0 +1,142 @@
+#include "benchmarks/BenchSupport.h"
+
+#include "appearance/wxTolvanColors.h"
+
+#include <wx/app.h>
+#include <wx/evtloop.h>
+#include <wx/init.h>
+#include <wx/sizer.h>
+#include <wx/stopwatch.h>
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <random>
+
+namespace
+{
+constexpr int      kClientWidth = 1600; // pixels
+constexpr int      kClientHeight = 900; // pixels
+constexpr int      kLeastLine = 40;     // characters
+constexpr int      kLongestLine = 160;  // characters
+constexpr size_t   kLines = 4001;       // a prime, so that no pattern repeats with the repaints
+constexpr unsigned kSeed = 20240607;
+constexpr int      kPatienceMs = 10000;
+
+String MakeLine(std::mt19937& random)
+{
+    static const char* const kWords[] = {"frame",   "rendered", "tile", "sample", "texture",
+                                         "warning", "loading",  "done", "shots",  "geometry"};
+    const auto               size =
+        static_cast<size_t>(std::uniform_int_distribution<int>(kLeastLine, kLongestLine)(random));
+    String line = SFormat("%08x ", static_cast<unsigned>(random()));
+    while (line.size() < size)
+    {
+        line += kWords[random() % std::size(kWords)];
+        line += ' ';
+    }
+    line.resize(size);
+    return line;
+}
+} // namespace
+
+const std::vector<String>& WorkloadLines()
+{
+    static const std::vector<String> s_Lines = []
+    {
+        std::mt19937        random(kSeed);
+        std::vector<String> lines;
+        for (size_t i = 0; i < kLines; ++i)
+        {
+            lines.push_back(MakeLine(random));
+        }
+        return lines;
+    }();
+    return s_Lines;
+}
+
+wxFrame* OpenFrame(const std::function<wxWindow*(wxFrame*)>& make)
+{
+    auto* const     frame = new wxFrame(nullptr, wxID_ANY, "Benchmark", wxPoint(0, 0));
+    wxWindow* const window = make(frame);
+    auto* const     sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(window, 1, wxEXPAND);
+    frame->SetSizer(sizer);
+    frame->SetClientSize(kClientWidth, kClientHeight);
+    frame->Show();
+    PumpUntil([&] { return frame->IsShownOnScreen() && frame->IsActive(); });
+    PumpUntil([&] { return window->GetSize().x > kClientWidth / 2; });
+    return frame;
+}
+
+void CloseFrame(wxFrame* frame)
+{
+    const wxWeakRef<wxFrame> closed(frame);
+    frame->Destroy();
+    PumpUntil([&] { return !closed; });
+}
+
+void PumpEvents()
+{
+    wxEventLoopBase* const loop = wxEventLoopBase::GetActive();
+    while (loop->Pending())
+    {
+        loop->Dispatch();
+    }
+    wxTheApp->ProcessPendingEvents();
+    wxTheApp->ProcessIdle();
+}
+
+void PumpUntil(const std::function<bool()>& condition)
+{
+    const wxStopWatch watch;
+    while (!condition())
+    {
+        if (watch.Time() > kPatienceMs)
+        {
+            std::fprintf(stderr, "a window does not get where it should\n");
+            std::exit(EXIT_FAILURE);
+        }
+        PumpEvents();
+    }
+}
+
+size_t ResidentBytes()
+{
+    std::ifstream statm("/proc/self/statm");
+    size_t        total = 0;
+    size_t        resident = 0;
+    statm >> total >> resident;
+    return resident * static_cast<size_t>(sysconf(_SC_PAGESIZE));
+}
+
+int RunBenchmarks(int argc, char** argv)
+{
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+    {
+        return EXIT_FAILURE;
+    }
+    wxApp::SetInstance(new wxApp);
+    if (!wxEntryStart(argc, argv) || !wxTheApp->CallOnInit())
+    {
+        std::fprintf(stderr, "no display\n");
+        return EXIT_FAILURE;
+    }
+    wxTheApp->SetExitOnFrameDelete(false);
+    SetColors(scheme_Dark);
+    benchmark::AddCustomContext("toolkit", wxGetLibraryVersionInfo().GetVersionString().ToStdString());
+    benchmark::AddCustomContext("port",
+                                wxPlatformInfo::Get().GetPortIdShortName().ToStdString() +
+                                    SFormat(" %d", wxPlatformInfo::Get().GetToolkitMajorVersion()));
+    {
+        wxEventLoop                loop;
+        const wxEventLoopActivator active(&loop);
+        benchmark::RunSpecifiedBenchmarks();
+    }
+    benchmark::Shutdown();
+    wxEntryCleanup();
+    return EXIT_SUCCESS;
+}

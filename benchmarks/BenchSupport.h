@@ -1,0 +1,34 @@
+#pragma once
+
+#include "vesta/String.h"
+
+#include <benchmark/benchmark.h>
+
+#include <wx/frame.h>
+
+#include <cstddef>
+#include <functional>
+#include <vector>
+
+/// What the benchmarks of windows share: the toolkit's start and end, a shown frame with a client
+/// area of 1600 x 900 pixels, the lines of the workload, and the process's memory.
+
+/// Lines of 40 to 160 characters, 100 in the mean, that look like a render log. The same in every
+/// run; there are some thousand, to be used over and over.
+const std::vector<String>& WorkloadLines();
+
+/// A frame that is shown and holds the window that `make` makes; closed by
+/// `CloseFrame`.
+wxFrame* OpenFrame(const std::function<wxWindow*(wxFrame*)>& make);
+void     CloseFrame(wxFrame* frame);
+
+/// Handles the events that wait.
+void PumpEvents();
+/// Pumps until the condition holds; ends the program when it does not within ten seconds.
+void PumpUntil(const std::function<bool()>& condition);
+
+/// Resident memory of the process, in bytes.
+size_t ResidentBytes();
+
+/// Runs all benchmarks of the program under the toolkit; to be returned from main.
+int RunBenchmarks(int argc, char** argv);

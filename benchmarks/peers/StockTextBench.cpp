@@ -1,0 +1,180 @@
+#include "benchmarks/BenchSupport.h"
+
+#include "appearance/wxTolvanString.h"
+
+#include <wx/stc/stc.h>
+#include <wx/textctrl.h>
+
+#include <algorithm>
+#include <chrono>
+#include <random>
+
+/// The workload of the text view on the toolkit's own controls.
+
+namespace
+{
+constexpr int      kLinesPerRepaint = 1000;
+constexpr int      kRepaints = 200; // of which the median is taken
+constexpr int      kMillion = 1000000;
+constexpr unsigned kSeed = 7;
+
+using Clock = std::chrono::steady_clock;
+
+double Seconds(Clock::duration time)
+{
+    return std::chrono::duration<double>(time).count();
+}
+
+struct StyledText
+{
+    static constexpr const char* kNeedle = "Needle in";
+
+    explicit StyledText(wxFrame* frame) : window(new wxStyledTextCtrl(frame))
+    {
+        window->SetReadOnly(false);
+        window->SetUndoCollection(false);
+    }
+
+    void Append(const String& line) const { window->AppendText(wxtToWx(line + "\n")); }
+    void Repaint() const
+    {
+        window->Refresh();
+        window->Update();
+    }
+    void ScrollTo(int line) const { window->SetFirstVisibleLine(line); }
+    bool Find() const
+    {
+        return window->FindText(0, window->GetLength(), kNeedle, 0) != wxSTC_INVALID_POSITION;
+    }
+
+    wxStyledTextCtrl* window;
+};
+
+struct PlainText
+{
+    explicit PlainText(wxFrame* frame)
+        : window(new wxTextCtrl(frame, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
+                                wxTE_MULTILINE | wxTE_READONLY | wxTE_DONTWRAP))
+    {
+    }
+
+    void Append(const String& line) const { window->AppendText(wxtToWx(line + "\n")); }
+    void Repaint() const
+    {
+        window->Refresh();
+        window->Update();
+    }
+
+    wxTextCtrl* window;
+};
+
+template <class Control> class Stage
+{
+public:
+    Stage()
+    {
+        m_Frame = OpenFrame(
+            [this](wxFrame* frame)
+            {
+                m_Control = std::make_unique<Control>(frame);
+                return m_Control->window;
+            });
+        PumpEvents();
+    }
+    ~Stage() { CloseFrame(m_Frame); }
+
+    Control* operator->() const { return m_Control.get(); }
+
+private:
+    wxFrame*                 m_Frame;
+    std::unique_ptr<Control> m_Control;
+};
+
+template <class Control> void AppendAndRepaint(benchmark::State& state)
+{
+    const int                  count = static_cast<int>(state.range(0));
+    const std::vector<String>& lines = WorkloadLines();
+    for (auto _ : state)
+    {
+        state.PauseTiming();
+        const Stage<Control> stage;
+        const size_t         before = ResidentBytes();
+        Clock::duration      appending{};
+        state.ResumeTiming();
+        for (int i = 0; i < count;)
+        {
+            const auto start = Clock::now();
+            for (const int end = std::min(i + kLinesPerRepaint, count); i < end; ++i)
+            {
+                stage->Append(lines[static_cast<size_t>(i) % lines.size()]);
+            }
+            appending += Clock::now() - start;
+            PumpEvents();
+            stage->Repaint();
+        }
+        state.PauseTiming();
+        state.counters["append_ns"] = Seconds(appending) * 1e9 / count;
+        state.counters["bytes_per_line"] =
+            static_cast<double>(ResidentBytes() - before) / static_cast<double>(count);
+        state.ResumeTiming();
+    }
+}
+BENCHMARK_TEMPLATE(AppendAndRepaint, StyledText)
+    ->Arg(kMillion)
+    ->Iterations(1)
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_TEMPLATE(AppendAndRepaint, PlainText)
+    ->Arg(kMillion)
+    ->Iterations(1)
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
+
+void RepaintAnywhere(benchmark::State& state)
+{
+    const Stage<StyledText>    stage;
+    const std::vector<String>& lines = WorkloadLines();
+    for (int i = 0; i < kMillion; ++i)
+    {
+        stage->Append(lines[static_cast<size_t>(i) % lines.size()]);
+    }
+    PumpEvents();
+    std::mt19937        random(kSeed);
+    std::vector<double> times;
+    for (auto _ : state)
+    {
+        stage->ScrollTo(static_cast<int>(random() % kMillion));
+        const auto start = Clock::now();
+        stage->Repaint();
+        times.push_back(Seconds(Clock::now() - start));
+        state.SetIterationTime(times.back());
+    }
+    std::nth_element(times.begin(), times.begin() + kRepaints / 2, times.end());
+    state.counters["median_ms"] = times[kRepaints / 2] * 1e3;
+}
+BENCHMARK(RepaintAnywhere)->Iterations(kRepaints)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+void SearchToTheLastLine(benchmark::State& state)
+{
+    const Stage<StyledText>    stage;
+    const std::vector<String>& lines = WorkloadLines();
+    for (int i = 0; i < kMillion - 1; ++i)
+    {
+        stage->Append(lines[static_cast<size_t>(i) % lines.size()]);
+    }
+    stage->Append("the Needle in the last line");
+    for (auto _ : state)
+    {
+        if (!stage->Find())
+        {
+            state.SkipWithError("not found");
+        }
+    }
+}
+BENCHMARK(SearchToTheLastLine)->Iterations(3)->UseRealTime()->Unit(benchmark::kMillisecond);
+} // namespace
+
+int main(int argc, char** argv)
+{
+    return RunBenchmarks(argc, argv);
+}

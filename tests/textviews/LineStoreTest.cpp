@@ -1,0 +1,177 @@
+#include "textviews/_LineStore.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <string>
+
+namespace
+{
+using Lines = std::vector<std::string>;
+
+/// What the store holds must be the same line by line, by blocks, and in sum.
+void ExpectSame(const _LineStore& store, const Lines& lines)
+{
+    ASSERT_EQ(store.Count(), static_cast<int>(lines.size()));
+    uint64_t bytes = 0;
+    for (int i = 0; i < store.Count(); ++i)
+    {
+        ASSERT_EQ(store.Line(i), lines[static_cast<size_t>(i)]) << "line " << i;
+        bytes += store.Line(i).size();
+    }
+    EXPECT_EQ(store.Bytes(), bytes);
+    for (int i = 0; i < store.Count();)
+    {
+        const _LineStore::Block block = store.BlockOf(i);
+        ASSERT_EQ(block.firstLine, i);
+        for (int n = 0; n < block.lineCount; ++n, ++i)
+        {
+            ASSERT_EQ(block.Line(n), lines[static_cast<size_t>(i)]) << "line " << i;
+        }
+    }
+}
+
+std::string RandomLine(std::mt19937& random)
+{
+    // Mostly short, some empty, a few longer than the blocks that lines are kept in.
+    const auto   kind = random() % 100;
+    const size_t size = kind < 10 ? 0 : kind < 98 ? random() % 200 : random() % 100000;
+    std::string  line(size, '\0');
+    std::generate(line.begin(), line.end(), [&] { return static_cast<char>(random()); });
+    return line;
+}
+} // namespace
+
+TEST(LineStore, HoldsAnyBytes)
+{
+    using namespace std::string_literals;
+    const Lines lines = {"",
+                         "plain",
+                         "with\nnewline",
+                         "with\0nul"s,
+                         "\xff\xfe",
+                         std::string(70000, 'x'),
+                         "after a long one"};
+    _LineStore  store;
+    for (const std::string& line : lines)
+    {
+        store.Append(line);
+    }
+    ExpectSame(store, lines);
+    EXPECT_EQ(store.Line(-1), "");
+    EXPECT_EQ(store.Line(7), "");
+}
+
+// Any mixture of changes gives what a plain vector gives.
+TEST(LineStore, AgreesWithAVector)
+{
+    for (unsigned seed = 1; seed <= 6; ++seed)
+    {
+        std::mt19937   random(seed);
+        const unsigned erasing = 10 + seed * 8; // per cent; the later runs shrink most of the time
+        _LineStore     store;
+        Lines          lines;
+        for (int step = 0; step < 4000; ++step)
+        {
+            const auto at = static_cast<int>(random() % (lines.size() + 1));
+            if (random() % 100 < erasing && !lines.empty())
+            {
+                const int index = random() % 3 == 0 ? 0 : std::min(at, store.Count() - 1);
+                store.Erase(index);
+                lines.erase(lines.begin() + index);
+            }
+            else if (random() % 2)
+            {
+                lines.push_back(RandomLine(random));
+                store.Append(lines.back());
+            }
+            else
+            {
+                lines.insert(lines.begin() + at, RandomLine(random));
+                store.Insert(at, lines[static_cast<size_t>(at)]);
+            }
+        }
+        ExpectSame(store, lines);
+    }
+}
+
+TEST(LineStore, KeepsManyEmptyLines)
+{
+    _LineStore store;
+    Lines      lines;
+    for (int i = 0; i < 20000; ++i)
+    {
+        store.Append("");
+        store.Insert(i / 2, "");
+        lines.insert(lines.end(), 2, "");
+    }
+    store.Insert(12345, "one");
+    lines.insert(lines.begin() + 12345, "one");
+    ExpectSame(store, lines);
+}
+
+TEST(LineStore, ErasingEverythingLeavesAStoreThatWorks)
+{
+    _LineStore store;
+    for (int i = 0; i < 5000; ++i)
+    {
+        store.Append(std::to_string(i));
+    }
+    for (int i = 0; i < 2500; ++i)
+    {
+        store.Erase(0);
+        store.Erase(store.Count() - 1);
+    }
+    EXPECT_EQ(store.Count(), 0);
+    EXPECT_EQ(store.Bytes(), 0u);
+    store.Erase(0);
+    store.Erase(-1);
+    store.Append("again");
+    EXPECT_EQ(store.Line(0), "again");
+    store.Clear();
+    EXPECT_EQ(store.Count(), 0);
+    store.Insert(5, "beyond the end");
+    store.Insert(-5, "before the start");
+    ExpectSame(store, {"before the start", "beyond the end"});
+}
+
+TEST(LineStore, LowerBoundComparesBytes)
+{
+    using namespace std::string_literals;
+    Lines lines = {"", "a", "a", "a\0"s, "ab", "b", "b", "\x7f", "\x80", "\xff"};
+    for (int i = 0; i < 3000; ++i)
+    {
+        lines.push_back("n" + std::to_string(i));
+    }
+    std::sort(lines.begin(), lines.end());
+    _LineStore store;
+    for (const std::string& line : lines)
+    {
+        store.Append(line);
+    }
+    Lines wanted = lines;
+    wanted.insert(wanted.end(), {"aa", "n15x", "zzz", "\xff\xff", "A"});
+    for (const std::string& text : wanted)
+    {
+        const auto expected = std::lower_bound(lines.begin(), lines.end(), text) - lines.begin();
+        ASSERT_EQ(store.LowerBound(text), expected) << text;
+    }
+}
+
+TEST(LineStore, FindsTheLineOfAByte)
+{
+    _LineStore store;
+    for (const char* line : {"abc", "", "de", "", ""})
+    {
+        store.Append(line);
+    }
+    store.Erase(0);
+    store.Insert(0, "xyz");
+    const _LineStore::Block block = store.BlockOf(2);
+    EXPECT_EQ(block.bytes, "xyzde");
+    EXPECT_EQ(block.LineAt(0), 0);
+    EXPECT_EQ(block.LineAt(2), 0);
+    EXPECT_EQ(block.LineAt(3), 2);
+    EXPECT_EQ(block.LineAt(4), 2);
+}

@@ -1,0 +1,79 @@
+#include "textviews/_LinesDataObject.h"
+
+#include "appearance/_Utf8.h"
+#include "appearance/wxTolvanString.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace
+{
+const char* const kBytesFormat = "application/octet-stream";
+const char* const kMimeText = "text/plain;charset=utf-8"; // what Wayland's programs ask for
+
+std::array<wxDataFormat, 4> Formats()
+{
+    return {wxDataFormat(wxDF_UNICODETEXT), wxDataFormat(wxDF_TEXT), wxDataFormat(kMimeText),
+            wxDataFormat(kBytesFormat)};
+}
+
+bool IsValidText(const String& bytes)
+{
+    const char* const end = bytes.data() + bytes.size();
+    for (const char* at = bytes.data(); at < end;)
+    {
+        const _Utf8Char character = _DecodeUtf8(at, end);
+        if (!character.valid)
+        {
+            return false;
+        }
+        at += character.length;
+    }
+    return true;
+}
+} // namespace
+
+_LinesDataObject::_LinesDataObject(String bytes) : m_Bytes(std::move(bytes))
+{
+    if (!IsValidText(m_Bytes))
+    {
+        m_Text = wxtFromWx(wxtToWx(m_Bytes));
+    }
+}
+
+wxDataFormat _LinesDataObject::GetPreferredFormat(Direction) const
+{
+    return wxDF_UNICODETEXT;
+}
+
+size_t _LinesDataObject::GetFormatCount(Direction direction) const
+{
+    return direction == Get ? Formats().size() : 0;
+}
+
+void _LinesDataObject::GetAllFormats(wxDataFormat* formats, Direction direction) const
+{
+    if (direction == Get)
+    {
+        const auto all = Formats();
+        std::copy(all.begin(), all.end(), formats);
+    }
+}
+
+const String& _LinesDataObject::In(const wxDataFormat& format) const
+{
+    return m_Text.empty() || format == wxDataFormat(kBytesFormat) ? m_Bytes : m_Text;
+}
+
+size_t _LinesDataObject::GetDataSize(const wxDataFormat& format) const
+{
+    return In(format).size();
+}
+
+bool _LinesDataObject::GetDataHere(const wxDataFormat& format, void* buffer) const
+{
+    const String& data = In(format);
+    std::memcpy(buffer, data.data(), data.size());
+    return true;
+}
