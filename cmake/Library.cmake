@@ -9,8 +9,9 @@ target_link_libraries(wxTolvan
     PUBLIC tolvan::vesta tolvan::platform tolvan::wx
     PRIVATE $<BUILD_INTERFACE:tolvan_warnings> $<BUILD_INTERFACE:tolvan_sanitizers>)
 target_precompile_headers(wxTolvan PRIVATE <wx/wx.h>)
-# Programs reuse the library's precompiled header; the compiler takes it only for the same kind of
-# position-independent code.
+# Programs reuse the library's precompiled header; the compiler takes it only with the same macros
+# and for the same kind of position-independent code.
+set_target_properties(wxTolvan PROPERTIES DEFINE_SYMBOL "")
 set(CMAKE_CXX_COMPILE_OPTIONS_PIE -fPIC)
 
 foreach(folder shell appearance listviews textviews dialogs jobwidgets)
