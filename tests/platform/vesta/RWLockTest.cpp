@@ -58,6 +58,7 @@ TEST(RWLock, ReaderMayReadAgainWhileAWriterWaits)
     EXPECT_EQ(std::future_status::timeout, writer.wait_for(kMoment));
     lock.GetReadLock(); // Would wait for ever behind the writer.
     auto stranger = std::async(std::launch::async, [&lock] { const ReadLock read(lock); });
+    EXPECT_EQ(std::future_status::timeout, stranger.wait_for(kMoment)); // The writer is first.
     lock.Unlock();
     EXPECT_EQ(std::future_status::timeout, writer.wait_for(kMoment));
     lock.Unlock();
