@@ -1,5 +1,6 @@
 #include "listviews/wxDoubleBufferedWindow.h"
 
+#include "appearance/_Port.h"
 #include "listviews/_ScrollModel.h"
 #include "listviews/_ScrollState.h"
 #include "vesta/CallEntry.h"
@@ -38,6 +39,7 @@ wxBEGIN_EVENT_TABLE(wxDoubleBufferedWindow, wxWindow) EVT_PAINT(wxDoubleBuffered
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     Create(parent, id, wxDefaultPosition, wxDefaultSize,
            style | wxVSCROLL | wxHSCROLL | wxWANTS_CHARS, wxASCII_STR(wxPanelNameStr));
+    _UseSolidScrollbars(*this);
     SetMinSize(wxSize(kLeastSize, kLeastSize));
     SetSize(wxSize(kLeastSize, kLeastSize));
     m_RedrawTimer.SetOwner(this, kRedrawTimerId);
@@ -166,7 +168,8 @@ void wxDoubleBufferedWindow::SetScrollbar(int orientation, int position, int thu
     axis.position = axis.Clamped(position);
     if (HasScrollbarRoom(GetSize()))
     {
-        wxWindow::SetScrollbar(orientation, axis.position, thumb, range, refresh);
+        // A thumb larger than the range would look like an axis pulled beyond its end.
+        wxWindow::SetScrollbar(orientation, axis.position, std::min(thumb, range), range, refresh);
     }
     else
     {
@@ -179,8 +182,11 @@ void wxDoubleBufferedWindow::SetScrollPos(int orientation, int position, bool re
     CALL_ENTRY("wxDoubleBufferedWindow::SetScrollPos");
     ApplyDueScrollbars();
     _ScrollAxis& axis = m_Scroll->Axis(orientation);
-    axis.position = axis.Clamped(position);
-    wxWindow::SetScrollPos(orientation, axis.position, refresh);
+    const int    target = axis.Clamped(position);
+    // The toolkit asks for the position and leaves the scrollbar alone when it is there already:
+    // ours changes after its.
+    wxWindow::SetScrollPos(orientation, target, refresh);
+    axis.position = target;
 }
 
 int wxDoubleBufferedWindow::GetScrollPos(int orientation) const

@@ -1,0 +1,341 @@
+#include "listviews/wxDoubleBufferedWindow.h"
+#include "tests/support/FrameTest.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/Pictures.h"
+#include "vesta/CallEntry.h"
+#include "vesta/Exception.h"
+
+#include <wx/dcmemory.h>
+#include <wx/scrolwin.h>
+#include <wx/stopwatch.h>
+
+#include <functional>
+#include <stdexcept>
+
+namespace
+{
+/// Fills its bitmap with one colour and tells what it was asked for.
+class PlainView : public wxDoubleBufferedWindow
+{
+public:
+    explicit PlainView(wxWindow* parent) : wxDoubleBufferedWindow(parent, wxID_ANY, 0) {}
+
+    void SetContent(int lines, int width)
+    {
+        m_LineCount = lines;
+        m_ContentWidth = width;
+    }
+    void   Link(wxDoubleBufferedWindow* other) { m_LinkedWindow = other; }
+    void   Follow() { m_FollowEnd = true; }
+    void   Trace() { m_ScrollTrace = true; }
+    wxRect Pending() const { return m_PendingArea; }
+    wxSize BufferSize() const { return m_Buffer ? m_Buffer->GetSize() : wxSize(); }
+    int    VisibleLines() const { return m_VisibleLines; }
+    int    VisibleColumns() const { return m_VisibleColumns; }
+    int    NativePos(int orientation) const { return wxWindow::GetScrollPos(orientation); }
+    int    NativeRange(int orientation) const { return wxWindow::GetScrollRange(orientation); }
+
+    int                   m_Drawn = 0;
+    wxColour              m_Colour = *wxBLUE;
+    std::function<void()> m_BeforeDrawing;
+
+protected:
+    void DrawBitmap() override
+    {
+        CALL_ENTRY("PlainView::DrawBitmap");
+        ++m_Drawn;
+        if (m_BeforeDrawing)
+        {
+            m_BeforeDrawing();
+        }
+        wxMemoryDC dc(*m_Buffer);
+        dc.SetBackground(wxBrush(m_Colour));
+        dc.Clear();
+    }
+};
+
+class DoubleBufferedWindowTest : public FrameTest
+{
+protected:
+    DoubleBufferedWindowTest() : m_View(new PlainView(Frame()))
+    {
+        m_View->SetSize(0, 0, 300, 200);
+        EXPECT_TRUE(WaitFor([this] { return m_View->m_Drawn > 0; }));
+        Settle();
+    }
+
+    /// Lets every redraw that is under way come to its end.
+    void Settle()
+    {
+        EXPECT_TRUE(WaitFor(
+            [this]
+            {
+                const int         before = m_View->m_Drawn;
+                const wxStopWatch quiet;
+                WaitFor([&] { return m_View->m_Drawn != before || quiet.Time() > 200; });
+                return m_View->m_Drawn == before;
+            }));
+    }
+
+    /// Gives the view that content and waits until its scrollbars have found their place.
+    void Fill(int lines, int width)
+    {
+        m_View->SetContent(lines, width);
+        m_View->AdjustScrollbars();
+        Settle();
+    }
+
+    void Send(wxEventType type, int orientation, int position = 0)
+    {
+        wxScrollWinEvent event(type, position, orientation);
+        m_View->ProcessWindowEvent(event);
+    }
+
+    void Wheel(int rotation)
+    {
+        wxMouseEvent event(wxEVT_MOUSEWHEEL);
+        event.m_wheelRotation = rotation;
+        event.m_wheelDelta = 120;
+        event.m_linesPerAction = 3;
+        m_View->ProcessWindowEvent(event);
+    }
+
+    PlainView* m_View;
+};
+} // namespace
+
+TEST_F(DoubleBufferedWindowTest, MergesRequestsToRedraw)
+{
+    const int         before = m_View->m_Drawn;
+    const wxStopWatch watch;
+    m_View->Redraw(wxRect(10, 10, 20, 20));
+    WaitFor([&] { return watch.Time() >= 10; });
+    m_View->Redraw(wxRect(50, 5, 10, 10));
+    EXPECT_EQ(m_View->Pending(), wxRect(10, 5, 50, 25));
+    EXPECT_TRUE(WaitFor([&] { return m_View->m_Drawn > before; }));
+    EXPECT_GE(watch.Time(), 75);
+    EXPECT_TRUE(m_View->Pending().IsEmpty());
+    Settle();
+    EXPECT_EQ(m_View->m_Drawn, before + 1);
+}
+
+TEST_F(DoubleBufferedWindowTest, LaterRequestsDoNotPutARedrawOff)
+{
+    const int         before = m_View->m_Drawn;
+    const wxStopWatch watch;
+    EXPECT_TRUE(WaitFor(
+        [&]
+        {
+            m_View->Redraw();
+            return m_View->m_Drawn > before;
+        }));
+    EXPECT_LT(watch.Time(), 2000);
+}
+
+TEST_F(DoubleBufferedWindowTest, ShowsWhatWasDrawn)
+{
+    m_View->m_Colour = wxColour(10, 200, 30);
+    wxDoubleBufferedWindow::RedrawAll();
+    const auto shown = [this]
+    { return PixelAt(PictureOf(m_View), 150, 100) == wxColour(10, 200, 30); };
+    EXPECT_TRUE(WaitFor(shown)) << Kept(PictureOf(m_View), "double-buffered");
+    EXPECT_EQ(PixelAt(PictureOf(m_View), 0, 0), wxColour(10, 200, 30));
+}
+
+TEST_F(DoubleBufferedWindowTest, AResizeMakesANewBuffer)
+{
+    const int before = m_View->m_Drawn;
+    m_View->SetSize(250, 150);
+    EXPECT_TRUE(WaitFor([&] { return m_View->m_Drawn > before; }));
+    EXPECT_EQ(m_View->BufferSize(), m_View->GetClientSize());
+    EXPECT_EQ(m_View->VisibleLines(), m_View->GetClientSize().y / 10 + 2);
+    EXPECT_EQ(m_View->VisibleColumns(), m_View->GetClientSize().x / 10 + 2);
+}
+
+// The toolkit complains about scrollbars squeezed into too little; the harness hears it.
+TEST_F(DoubleBufferedWindowTest, AnySizeIsFine)
+{
+    Fill(1000, 5000);
+    PumpEvents();
+    for (int size = 90; size >= 0; size -= 3)
+    {
+        m_View->SetSize(size, 200);
+        PumpEvents();
+        m_View->SetSize(200, size);
+        PumpEvents();
+        m_View->SetSize(size, size);
+        m_View->Redraw();
+        PumpEvents();
+    }
+    const int before = m_View->m_Drawn;
+    m_View->SetSize(0, 0);
+    m_View->Refresh();
+    m_View->Update();
+    Settle();
+    EXPECT_EQ(m_View->m_Drawn, before) << "nothing to draw on";
+    m_View->SetSize(300, 200);
+    EXPECT_TRUE(WaitFor([&] { return m_View->m_Drawn > before; }));
+    EXPECT_EQ(m_View->NativeRange(wxVERTICAL), 10000);
+}
+
+TEST_F(DoubleBufferedWindowTest, AFailedPaintIsTriedAgainAndLoggedOnce)
+{
+    const LogCapture log;
+    const int        before = m_View->m_Drawn;
+    int              failures = 0;
+    m_View->m_BeforeDrawing = [&]
+    {
+        switch (++failures)
+        {
+        case 1:
+            Exception::Throw("Test", "Draw", ec_System, "no paint today");
+        case 2:
+            throw std::runtime_error("still none");
+        case 3:
+            throw 3;
+        default:
+            break;
+        }
+    };
+    m_View->Redraw();
+    EXPECT_TRUE(WaitFor([&] { return m_View->m_Drawn == before + 4; }));
+    EXPECT_EQ(log.Count("painting failed"), 1) << log.All();
+    EXPECT_EQ(log.Count("no paint today"), 1) << log.All();
+    EXPECT_LE(log.Count("PlainView::DrawBitmap"), 1) << log.All();
+    EXPECT_EQ(log.Count("still none"), 0) << log.All();
+    Settle();
+    EXPECT_EQ(m_View->m_Drawn, before + 4);
+
+    failures = 0; // after a paint that succeeded a new failure is news again
+    m_View->Redraw();
+    EXPECT_TRUE(WaitFor([&] { return m_View->m_Drawn == before + 8; }));
+    EXPECT_EQ(log.Count("no paint today"), 2) << log.All();
+}
+
+TEST_F(DoubleBufferedWindowTest, ScrollsByEvents)
+{
+    Fill(100, 3000);
+    const wxSize client = m_View->GetClientSize();
+    EXPECT_EQ(m_View->GetScrollRange(wxVERTICAL), 1000);
+    EXPECT_EQ(m_View->GetScrollThumb(wxVERTICAL), client.y);
+    EXPECT_EQ(m_View->GetScrollRange(wxHORIZONTAL), 3000);
+
+    Send(wxEVT_SCROLLWIN_LINEDOWN, wxVERTICAL);
+    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 10);
+    Send(wxEVT_SCROLLWIN_PAGEDOWN, wxVERTICAL);
+    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 10 + client.y / 10 * 10);
+    Send(wxEVT_SCROLLWIN_BOTTOM, wxVERTICAL);
+    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 1000 - client.y);
+    EXPECT_EQ(m_View->NativePos(wxVERTICAL), 1000 - client.y);
+    Send(wxEVT_SCROLLWIN_THUMBTRACK, wxVERTICAL, 123);
+    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 123);
+    Send(wxEVT_SCROLLWIN_LINEDOWN, wxHORIZONTAL);
+    EXPECT_EQ(m_View->GetScrollPos(wxHORIZONTAL), 10) << "a line height, not a column";
+    Send(wxEVT_SCROLLWIN_PAGEDOWN, wxHORIZONTAL);
+    EXPECT_EQ(m_View->GetScrollPos(wxHORIZONTAL), 10 + (client.x / 10 - 3) * 10);
+
+    m_View->ScrollLines(-5);
+    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 73);
+    m_View->ScrollPages(1);
+    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 73 + client.y);
+    m_View->ScrollPages(1000);
+    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 1000 - client.y);
+    m_View->ScrollLines(-1000);
+    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 0);
+
+    Wheel(-60);
+    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 0);
+    Wheel(-60);
+    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 30);
+}
+
+TEST_F(DoubleBufferedWindowTest, AScrollRedrawsTheLinkedWindow)
+{
+    auto* const other = new PlainView(Frame());
+    other->SetSize(310, 0, 100, 100);
+    EXPECT_TRUE(WaitFor([&] { return other->m_Drawn > 0; }));
+    Settle();
+    Fill(100, 100);
+    m_View->Link(other);
+    const int before = other->m_Drawn;
+    Send(wxEVT_SCROLLWIN_LINEDOWN, wxVERTICAL);
+    EXPECT_TRUE(WaitFor([&] { return other->m_Drawn > before; }));
+
+    other->Destroy(); // a link to a window that is gone does no harm
+    PumpEvents();
+    Send(wxEVT_SCROLLWIN_LINEDOWN, wxVERTICAL);
+    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 20);
+}
+
+TEST_F(DoubleBufferedWindowTest, FollowsTheEnd)
+{
+    m_View->Follow();
+    Fill(100, 0);
+    const int height = m_View->GetClientSize().y;
+    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 1000 - height);
+    Fill(150, 0);
+    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 1500 - height);
+    m_View->SetScrollPos(wxVERTICAL, 1500 - height - 1);
+    Fill(200, 0);
+    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 1500 - height - 1);
+}
+
+// The native scrollbars may be behind; nobody who asks notices.
+TEST_F(DoubleBufferedWindowTest, ScrollbarsMayFollowLater)
+{
+    m_View->Follow();
+    const int native = m_View->NativeRange(wxVERTICAL);
+    m_View->SetContent(500, 4000);
+    m_View->AdjustScrollbarsLater();
+    const int height = m_View->GetClientSize().y;
+    EXPECT_EQ(m_View->NativeRange(wxVERTICAL), native);
+    EXPECT_EQ(m_View->GetScrollRange(wxVERTICAL), 5000);
+    EXPECT_EQ(m_View->GetScrollThumb(wxVERTICAL), height);
+    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 5000 - height);
+    EXPECT_EQ(m_View->GetScrollRange(wxHORIZONTAL), 4000);
+    EXPECT_TRUE(WaitFor([&] { return m_View->NativeRange(wxVERTICAL) == 5000; }));
+
+    m_View->SetContent(600, 4000);
+    m_View->AdjustScrollbarsLater();
+    m_View->SetScrollPos(wxVERTICAL, 100); // brings them up to date first
+    EXPECT_EQ(m_View->NativeRange(wxVERTICAL), 6000);
+    EXPECT_EQ(m_View->NativePos(wxVERTICAL), 100);
+    m_View->SetScrollbar(wxVERTICAL, 0, 0, 0);
+    EXPECT_EQ(m_View->GetScrollRange(wxVERTICAL), 0);
+    EXPECT_EQ(m_View->GetScrollThumb(wxVERTICAL), 0);
+}
+
+TEST_F(DoubleBufferedWindowTest, HugeContentScrollsToItsEnd)
+{
+    Fill(10'000'000, 100);
+    Send(wxEVT_SCROLLWIN_BOTTOM, wxVERTICAL);
+    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 100'000'000 - m_View->GetClientSize().y);
+    EXPECT_EQ(m_View->NativePos(wxVERTICAL), m_View->GetScrollPos(wxVERTICAL));
+    m_View->ScrollLines(INT_MAX);
+    m_View->ScrollPages(INT_MAX);
+    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 100'000'000 - m_View->GetClientSize().y);
+}
+
+TEST_F(DoubleBufferedWindowTest, TracesScrolling)
+{
+    Fill(100, 700);
+    const LogCapture log;
+    m_View->Trace();
+    m_View->AdjustScrollbars();
+    const wxSize client = m_View->GetClientSize();
+    const String expected =
+        SFormat("    H: 0 %d 700   first: 0 -0 (700 / %d x 10)   V: 0 %d 1000   first: 0 -0 (100 / "
+                "%d x 10)",
+                client.x, m_View->VisibleColumns(), client.y, m_View->VisibleLines());
+    EXPECT_EQ(log.Count(expected, log_Info), 1) << log.All();
+}
+
+TEST_F(DoubleBufferedWindowTest, AWindowMayGoWithARedrawPending)
+{
+    m_View->Redraw();
+    m_View->AdjustScrollbarsLater();
+    m_View->Destroy();
+    wxDoubleBufferedWindow::RedrawAll();
+    const wxStopWatch watch;
+    EXPECT_TRUE(WaitFor([&] { return watch.Time() > 150; }));
+}
