@@ -6,16 +6,24 @@
 #include "vesta/Log.h"
 #include "vesta/Platform.h"
 
-#include <algorithm>
 #include <cstdlib>
-#include <set>
+#include <cstring>
+#include <utility>
 
 #include <sys/stat.h>
 
 namespace
 {
 
-const char* const kExtension = "module";
+const char* const kExtension = ".module";
+
+bool IsModule(const String& name)
+{
+    const size_t length = std::strlen(kExtension);
+    const bool   isHidden = name.StartsWith("."); // Editors keep their notes in such files.
+    return !isHidden && name.size() > length &&
+           name.compare(name.size() - length, length, kExtension) == 0;
+}
 
 Path DefaultFolder()
 {
@@ -79,12 +87,12 @@ boost::shared_ptr<const JobTypeInfo> JobFactory::GetTypeInfo(const UID& id, bool
     return found == m_Types.end() ? nullptr : found->second;
 }
 
-JobFactory::Stamp JobFactory::StampOf(const Path& file)
+JobFactory::Stamp JobFactory::StampOf(const String& file)
 {
     struct stat status = {};
     Stamp       stamp;
     stamp.changed = 0; // A file that is not to be had is looked at, and complained of, once too.
-    if (stat(file.Text().c_str(), &status) == 0)
+    if (stat(file.c_str(), &status) == 0)
     {
         // The time of change, not of modification: it cannot be set back by whoever copies a file.
         stamp.changed = status.st_ctim.tv_sec * 1000000000LL + status.st_ctim.tv_nsec;
@@ -113,32 +121,34 @@ void JobFactory::Rescan()
     }
 }
 
-/// Brings the files up to date; whether there was anything to do.
+/// Brings the files up to date; whether there was anything to do. Of files that have not changed
+/// nothing is copied or allocated: there may be many thousands.
 bool JobFactory::LookInto(const Path& folder)
 {
     std::map<String, Entry> files;
     bool                    changed = false;
+    String                  path = (folder / "").Text();
+    const size_t            folderLength = path.size();
     for (const String& name : File::List(folder))
     {
-        if (Path(name).Extension() != kExtension)
+        if (!IsModule(name))
         {
             continue;
         }
-        const auto known = m_Files.find(name);
-        Entry&     entry = files[name];
-        if (known != m_Files.end())
-        {
-            entry = known->second;
-        }
-        changed = Refresh(folder / name, entry) || changed;
+        auto known = m_Files.extract(name);
+        auto entry = known.empty() ? files.emplace_hint(files.end(), name, Entry())
+                                   : files.insert(files.end(), std::move(known));
+        path.resize(folderLength);
+        path += name;
+        changed = Refresh(path, entry->second) || changed;
     }
-    changed = changed || files.size() != m_Files.size();
+    changed = changed || !m_Files.empty();
     m_Files.swap(files);
     return changed;
 }
 
 /// Reads the file again if it is not the one that was read; whether it did.
-bool JobFactory::Refresh(const Path& file, Entry& entry) const
+bool JobFactory::Refresh(const String& file, Entry& entry) const
 {
     const Stamp stamp = StampOf(file);
     if (stamp.changed == entry.stamp.changed && stamp.size == entry.stamp.size &&

@@ -45,10 +45,10 @@ private:
         bool isReported = false;                   ///< As one that has another file's identifier.
     };
 
-    static Stamp StampOf(const Path& file);
+    static Stamp StampOf(const String& file);
     void         Rescan();
     bool         LookInto(const Path& folder);
-    bool         Refresh(const Path& file, Entry& entry) const;
+    bool         Refresh(const String& file, Entry& entry) const;
     void         ListByIds();
 
     mutable std::mutex      m_Mutex;

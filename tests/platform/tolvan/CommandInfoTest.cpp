@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <vector>
 
 namespace
 {
@@ -109,18 +109,6 @@ TEST(Job, SendsItsCommands)
             EXPECT_NE(exception->Text2().find("Kill"), String::npos) << exception->Text2();
             delete exception;
         }
-    }
-}
-
-TEST(Job, NamesItsVocabulary)
-{
-    const auto names = Job::CommonParameterNames();
-    EXPECT_EQ(std::count(names.begin(), names.end(), p_Priority), 1);
-    EXPECT_EQ(names.size(), 16u);
-    const auto words = Job::ParameterCommandNames();
-    for (const char* const word : {"Frame", "FirstFrame", "LastFrame", "Output", "Name", "Host"})
-    {
-        EXPECT_EQ(std::count(words.begin(), words.end(), word), 1) << word;
     }
 }
 

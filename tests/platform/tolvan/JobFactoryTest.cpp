@@ -35,7 +35,10 @@ TEST_F(JobFactoryTest, ListsTypesInTheOrderOfTheirFiles)
     const UID  second = Install("b.module", "Alpha");
     const UID  first = Install("a.module", "Beta");
     JobFactory factory(TempFile("modules"));
-    WriteFile(Module("c.ini"), "[Type]\n");
+    for (const char* const other : {"c.ini", ".module", ".#a.module", "a.module~"})
+    {
+        WriteFile(Module(other), "[Type]\n");
+    }
 
     EXPECT_FALSE(factory.GetTypeInfo(first, false)) << "nothing has been read yet";
     EXPECT_EQ(factory.ListTypes(), (std::vector<UID>{first, second}));
