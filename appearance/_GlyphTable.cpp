@@ -9,6 +9,7 @@
 
 namespace
 {
+constexpr double kOverhang = 0.5;     // pixels above or below its line that no one sees
 constexpr size_t kMostOthers = 20000; // characters kept beyond the quick ones, then begun anew
 
 double Pixels(int pangoUnits)
@@ -61,8 +62,11 @@ _GlyphTable::_GlyphTable(cairo_t* cairo, const wxFont& font)
     : m_Context(pango_cairo_create_context(cairo)),
       m_Description(pango_font_description_copy(font.GetNativeFontInfo()->description))
 {
-    const auto layout = MakeLayout(m_Context.get(), m_Description, L"M", 1);
+    const auto     layout = MakeLayout(m_Context.get(), m_Description, L"M", 1);
+    PangoRectangle logical;
+    pango_layout_get_extents(layout.get(), nullptr, &logical);
     m_Baseline = Pixels(pango_layout_get_baseline(layout.get()));
+    m_LineHeight = Pixels(logical.height);
 }
 
 const _Glyph& _GlyphTable::Of(const wchar_t* characters, int count)
@@ -99,6 +103,8 @@ _Glyph _GlyphTable::LayOut(const wchar_t* characters, int count)
     pango_layout_get_extents(layout.get(), &ink, &logical);
     glyph.advance = Pixels(logical.width);
     glyph.blank = ink.width <= 0 || ink.height <= 0;
+    const double top = m_Baseline + Pixels(ink.y - pango_layout_get_baseline(layout.get()));
+    glyph.tall = top < -kOverhang || top + Pixels(ink.height) > m_LineHeight + kOverhang;
     PangoFont*  font = nullptr;
     const auto* single = SingleGlyph(pango_layout_get_line_readonly(layout.get(), 0), font);
     if (single && PANGO_IS_CAIRO_FONT(font))

@@ -26,6 +26,7 @@ struct _Glyph
     double                   dx = 0;      ///< Pixels from where the character starts.
     double                   dy = 0;
     bool                     blank = false; ///< Nothing to draw.
+    bool                     tall = false;  ///< It does not keep within a line of the font.
     _GObjectPtr<PangoLayout> layout;        ///< What is not a single glyph.
 };
 
@@ -40,7 +41,8 @@ public:
     _GlyphTable(cairo_t* cairo, const wxFont& font);
 
     const _Glyph& Of(const wchar_t* characters, int count);
-    double        Baseline() const { return m_Baseline; } ///< Pixels below the top of a line.
+    double        Baseline() const { return m_Baseline; }     ///< Pixels below the top of a line.
+    double        LineHeight() const { return m_LineHeight; } ///< Pixels.
 
 private:
     static constexpr size_t kQuickCodes = 256;
@@ -50,6 +52,7 @@ private:
     _GObjectPtr<PangoContext>                        m_Context;
     PangoFontDescription*                            m_Description; ///< Kept as long as the table.
     double                                           m_Baseline = 0;
+    double                                           m_LineHeight = 0;
     std::array<std::unique_ptr<_Glyph>, kQuickCodes> m_Quick; ///< By code.
     std::unordered_map<std::wstring, _Glyph>         m_Others;
     std::map<PangoFont*, _GObjectPtr<PangoFont>>     m_Fonts; ///< All that glyphs came from.

@@ -70,7 +70,7 @@ void _TextPainter::Canvas::DrawCell(const wchar_t* characters, int count, int x,
     {
         return;
     }
-    if (!glyph.font || glyph.advance > width + kTightFit)
+    if (!glyph.font || glyph.tall || glyph.advance > width + kTightFit)
     {
         DrawAlone(glyph, x, y, width);
         return;
@@ -83,11 +83,16 @@ void _TextPainter::Canvas::DrawCell(const wchar_t* characters, int count, int x,
     m_Batch.push_back({glyph.index, x + glyph.dx, y + m_Glyphs.Baseline() + glyph.dy});
 }
 
-// A character of several glyphs, or one that has to be squeezed into its cell.
+// A character of several glyphs, or one that has to be squeezed into its cell or cut off there.
 void _TextPainter::Canvas::DrawAlone(const _Glyph& glyph, int x, int y, int width)
 {
     Flush();
     cairo_save(m_Cairo);
+    if (glyph.tall)
+    {
+        cairo_rectangle(m_Cairo, x, y, width, m_Glyphs.LineHeight());
+        cairo_clip(m_Cairo);
+    }
     cairo_translate(m_Cairo, x, y + m_Glyphs.Baseline());
     if (glyph.advance > width + kTightFit)
     {

@@ -28,7 +28,8 @@ public:
     /// The colour of what is drawn from now on; an invalid one draws nothing.
     void SetColour(const wxColour& colour);
     /// Draws one character with its combining marks so that it starts at `x` and fits `width`
-    /// pixels: what is wider by nature is squeezed. `y` is the top of a line of text.
+    /// pixels: what is wider by nature is squeezed, what is taller than a line is cut off. `y` is
+    /// the top of the line.
     void DrawCell(const wchar_t* characters, int count, int x, int y, int width);
     /// Keeps what is drawn from now on within these rectangles, until `Unclip`.
     void ClipTo(const std::vector<wxRect>& rects);

@@ -125,24 +125,25 @@ void wxDoubleBufferedWindow::AdjustScrollbarsLater()
 
 void wxDoubleBufferedWindow::ApplyDueScrollbars()
 {
-    if (!m_Scroll->due)
+    // A scrollbar that comes or goes changes the client area, and with it what is due.
+    for (int pass = 0; pass < 2 && m_Scroll->due; ++pass)
     {
-        return;
+        const wxSize client = GetClientSize();
+        if (client.x < 1 || client.y < 1)
+        {
+            return; // stays due until there is room
+        }
+        const _ScrollAxis horizontal = DueAxis(wxHORIZONTAL);
+        const _ScrollAxis vertical = DueAxis(wxVERTICAL);
+        SetScrollbar(wxHORIZONTAL, horizontal.position, horizontal.thumb, horizontal.range, true);
+        SetScrollbar(wxVERTICAL, vertical.position, vertical.thumb, vertical.range, true);
+        m_Scroll->due = GetClientSize() != client;
+        if (m_ScrollTrace)
+        {
+            TraceScrolling();
+        }
     }
-    const wxSize client = GetClientSize();
-    if (client.x < 1 || client.y < 1)
-    {
-        return; // stays due until there is room
-    }
-    const _ScrollAxis horizontal = DueAxis(wxHORIZONTAL);
-    const _ScrollAxis vertical = DueAxis(wxVERTICAL);
     m_Scroll->due = false;
-    SetScrollbar(wxHORIZONTAL, horizontal.position, horizontal.thumb, horizontal.range, true);
-    SetScrollbar(wxVERTICAL, vertical.position, vertical.thumb, vertical.range, true);
-    if (m_ScrollTrace)
-    {
-        TraceScrolling();
-    }
 }
 
 void wxDoubleBufferedWindow::TraceScrolling() const

@@ -292,6 +292,7 @@ void wxTextLineCtrl::ShowHit(const _LineMatch& match)
 
 void wxTextLineCtrl::ScrollIntoView(const _LineMatch& match)
 {
+    AdjustScrollbars(); // they may take part of the view away
     const std::string_view text = m_Lines->Line(match.line);
     const int64_t          first = m_Places->AtColumn(match.line, text, match.column).cell;
     const int64_t end = m_Places->AtColumn(match.line, text, match.column + match.length).cell;

@@ -1,0 +1,273 @@
+#include "tests/textviews/TextViewTest.h"
+
+#include <wx/stopwatch.h>
+
+#include <cstring>
+
+namespace
+{
+/// The pixels of one cell of a line, in a picture of the view that is not scrolled.
+wxImage CellOf(const TestView& view, const wxImage& picture, int line, int cell)
+{
+    const int width = view.ColumnWidth();
+    return picture.GetSubImage(
+        wxRect(width / 2 + cell * width, line * view.LineHeight(), width, view.LineHeight()));
+}
+
+bool SamePixels(const wxImage& a, const wxImage& b)
+{
+    return a.GetSize() == b.GetSize() &&
+           std::memcmp(a.GetData(), b.GetData(),
+                       static_cast<size_t>(a.GetWidth() * a.GetHeight() * 3)) == 0;
+}
+
+bool IsBlank(const wxImage& image)
+{
+    for (int y = 0; y < image.GetHeight(); ++y)
+    {
+        for (int x = 0; x < image.GetWidth(); ++x)
+        {
+            if (PixelAt(image, x, y) != PixelAt(image, 0, 0))
+            {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+wxColour FromChannels(int red, int green, int blue)
+{
+    return wxColour(static_cast<unsigned char>(red), static_cast<unsigned char>(green),
+                    static_cast<unsigned char>(blue));
+}
+
+wxColour Mixed(const wxColour& most, const wxColour& some)
+{
+    return FromChannels((3 * most.Red() + some.Red()) / 4, (3 * most.Green() + some.Green()) / 4,
+                        (3 * most.Blue() + some.Blue()) / 4);
+}
+
+wxColour Inverse(const wxColour& colour)
+{
+    return FromChannels(255 - colour.Red(), 255 - colour.Green(), 255 - colour.Blue());
+}
+} // namespace
+
+TEST_F(TextViewTest, BandsTellTheStateInEveryScheme)
+{
+    AppendNumbered(6);
+    m_View->Mouse(wxEVT_LEFT_DOWN, 5, m_View->MiddleOf(1));
+    m_View->Mouse(wxEVT_MOTION, 5, m_View->MiddleOf(2));
+    m_View->Mouse(wxEVT_LEFT_UP, 5, m_View->MiddleOf(2));
+    ASSERT_TRUE(m_View->Search("line 4", true, true));
+    for (const int scheme : {scheme_Dark, scheme_Light, scheme_Lighter, scheme_Darker})
+    {
+        SetColors(scheme);
+        wxSysColourChangedEvent changed;
+        m_View->ProcessWindowEvent(changed);
+        const wxColour plain = wxtGetColor(color_WindowBGLighter);
+        const wxColour selected = wxtGetColor(color_Selected);
+        const wxColour blue = wxtGetColor(color_TextBlue);
+        const wxColour expected[] = {plain, selected,           OffsetColor(selected, 10, 10, 10),
+                                     plain, Mixed(plain, blue), plain,
+                                     plain}; // below the lines
+        const wxImage  picture = m_View->Picture();
+        for (int line = 0; line < 7; ++line)
+        {
+            for (const int x : {0, picture.GetWidth() - 1})
+            {
+                for (const int y : {0, m_View->LineHeight() - 1})
+                {
+                    EXPECT_EQ(PixelAt(picture, x, line * m_View->LineHeight() + y), expected[line])
+                        << "scheme " << scheme << " line " << line << " " << Kept(picture, "bands");
+                }
+            }
+        }
+        EXPECT_EQ(PixelAt(picture, 5, picture.GetHeight() - 1), plain);
+    }
+}
+
+TEST_F(TextViewTest, CharactersStandOnTheGrid)
+{
+    Append({String(80, 'M'), String(80, 'g')});
+    const wxImage picture = m_View->Picture();
+    for (int line = 0; line < 2; ++line)
+    {
+        const wxImage first = CellOf(*m_View, picture, line, 0);
+        EXPECT_FALSE(IsBlank(first));
+        // The first and the last one lack a neighbour whose edge may reach into them.
+        const wxImage second = CellOf(*m_View, picture, line, 1);
+        for (int cell = 2; cell < 79; ++cell)
+        {
+            ASSERT_TRUE(SamePixels(CellOf(*m_View, picture, line, cell), second))
+                << "cell " << cell << " " << Kept(picture, "grid");
+        }
+        EXPECT_TRUE(IsBlank(CellOf(*m_View, picture, line, 81)));
+    }
+}
+
+TEST_F(TextViewTest, EveryKindOfCharacterTakesItsCells)
+{
+    struct Case
+    {
+        const char* name;
+        String      text;
+        int         cells;
+    };
+    const Case cases[] = {
+        {"ascii", "plain", 5},
+        {"two and three bytes", "\xc3\xa4\xe2\x82\xac\xd0\x96", 3},
+        {"wide", "\xe6\xbc\xa2\xe5\xad\x97", 4},
+        {"combining", "e\xcc\x81o\xcc\x88", 2},
+        {"controls", String("\0\x01\x1b\x7f", 4), 4},
+        {"invalid bytes", "\xff\x80\xe9", 3},
+        {"right to left", "\xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d \xd8\xb3\xd9\x84\xd8\xa7", 8},
+        {"picture", "\xf0\x9f\x98\x80", 2},
+        {"line ends", "a\nb\r\xe2\x80\xa8", 5},
+    };
+    Append({"x |"});
+    for (const Case& c : cases)
+    {
+        m_View->Append(c.text + " |", false);
+    }
+    const wxImage picture = m_View->Picture();
+    const wxImage bar = CellOf(*m_View, picture, 0, 2);
+    int           line = 1;
+    for (const Case& c : cases)
+    {
+        EXPECT_TRUE(SamePixels(CellOf(*m_View, picture, line, c.cells + 1), bar))
+            << c.name << " " << Kept(picture, "cells");
+        EXPECT_FALSE(IsBlank(CellOf(*m_View, picture, line, 0))) << c.name;
+        ++line;
+    }
+}
+
+// The box is the same line with every pixel inverted; checked against the line with the box
+// somewhere else.
+TEST_F(TextViewTest, TheHitIsAnInvertedRoundedBox)
+{
+    Append({"Mgx find Mg here, other Mg there"});
+    for (const bool selected : {false, true})
+    {
+        selected ? m_View->SelectAll() : m_View->SelectNone();
+        ASSERT_TRUE(m_View->Search("find Mg", true, true));
+        const wxImage with = m_View->Picture();
+        ASSERT_TRUE(m_View->Search("other Mg", true, true));
+        const wxImage without = m_View->Picture();
+        const int     width = m_View->ColumnWidth();
+        const wxRect  box(4 * width + width / 2, 0, 7 * width, m_View->LineHeight());
+        const wxRect  other(18 * width + width / 2, 0, 8 * width, m_View->LineHeight());
+        int           corners = 0;
+        for (int y = 0; y < m_View->LineHeight(); ++y)
+        {
+            for (int x = 0; x < with.GetWidth(); ++x)
+            {
+                const wxColour a = PixelAt(with, x, y);
+                const wxColour b = PixelAt(without, x, y);
+                const bool     inside = box.Contains(x, y);
+                const bool     nearCorner = inside &&
+                                        (x < box.x + width / 2 || x > box.GetRight() - width / 2) &&
+                                        (y < width / 2 || y >= m_View->LineHeight() - width / 2);
+                if (nearCorner && Near(a, b, 0))
+                {
+                    ++corners; // cut off by the rounding
+                }
+                else if (inside)
+                {
+                    ASSERT_TRUE(Near(a, Inverse(b), 1))
+                        << x << "," << y << " " << Kept(with, "hit");
+                }
+                else if (!other.Contains(x, y))
+                {
+                    ASSERT_EQ(a, b) << x << "," << y << " " << Kept(with, "hit");
+                }
+            }
+        }
+        EXPECT_GE(corners, 4) << Kept(with, "hit");
+    }
+}
+
+TEST_F(TextViewTest, TheHitLiesOverItsCharacters)
+{
+    // Wide characters and marks before the hit move it.
+    Append({"\xe6\xbc\xa2"
+            "e\xcc\x81 \xe5\xad\x97z"});
+    ASSERT_TRUE(m_View->Search("\xe5\xad\x97z", true, true));
+    EXPECT_EQ(m_View->GetMatchColumn(), 4);
+    EXPECT_EQ(m_View->GetMatchLength(), 2);
+    const wxImage  picture = m_View->Picture();
+    const int      width = m_View->ColumnWidth();
+    const wxColour band = PixelAt(picture, 0, 0);
+    const int      middle = m_View->LineHeight() / 2;
+    // Cells: two, one with its mark, a blank, two, one.
+    EXPECT_EQ(PixelAt(picture, width / 2 + 4 * width - 1, middle), band);
+    EXPECT_TRUE(Near(PixelAt(picture, width / 2 + 4 * width, middle), Inverse(band), 1) ||
+                PixelAt(picture, width / 2 + 4 * width, middle) != band);
+    EXPECT_TRUE(Near(PixelAt(picture, width / 2 + 6 * width, 0), Inverse(band), 1));
+    EXPECT_EQ(PixelAt(picture, width / 2 + 7 * width + 1, middle), band);
+}
+
+TEST_F(TextViewTest, ScrolledTextShowsTheSamePixels)
+{
+    String text;
+    for (int i = 0; i < 300; ++i)
+    {
+        text += static_cast<char>('!' + i % 90);
+    }
+    for (int i = 0; i < 100; ++i)
+    {
+        m_View->Append(text, false);
+    }
+    const wxImage whole = m_View->Picture();
+    const int     width = m_View->ColumnWidth();
+    m_View->SetScrollPos(wxHORIZONTAL, 11 * width + 3);
+    m_View->SetScrollPos(wxVERTICAL, 7 * m_View->LineHeight() + 4);
+    const wxImage scrolled = m_View->Picture();
+    const int     dx = 11 * width + 3;
+    for (int y = 0; y < 100; ++y)
+    {
+        for (int x = 0; x < 200; ++x)
+        {
+            ASSERT_EQ(PixelAt(scrolled, x, y), PixelAt(whole, x + dx, y + 4))
+                << x << "," << y << " " << Kept(scrolled, "scrolled");
+        }
+    }
+}
+
+TEST_F(TextViewTest, AVeryLongLineIsDrawnAtBothEnds)
+{
+    String text;
+    while (text.size() < 10'000'000)
+    {
+        text += "0123456789 \xc3\xa4\xe6\xbc\xa2 ";
+    }
+    Append({"x |", text + " |"});
+    EXPECT_TRUE(m_View->Search(" |", false, true));
+    EXPECT_EQ(m_View->GetMarkedLine(), 1);
+    m_View->SetScrollPos(wxHORIZONTAL,
+                         m_View->GetScrollRange(wxHORIZONTAL)); // the far right
+    m_View->Picture();
+    const wxStopWatch watch;
+    const wxImage     picture = m_View->Picture();
+    EXPECT_LT(watch.Time(), 500) << "only what is visible may be laid out";
+    const int end = m_View->VirtualWidth() - m_View->GetScrollPos(wxHORIZONTAL);
+    EXPECT_EQ(end, m_View->GetClientSize().x);
+    EXPECT_FALSE(
+        IsBlank(picture.GetSubImage(wxRect(end - 2 * m_View->ColumnWidth(), m_View->LineHeight(),
+                                           m_View->ColumnWidth(), m_View->LineHeight()))));
+}
+
+TEST_F(TextViewTest, AnInvalidColourDrawsNothingAndAssertsNothing)
+{
+    AppendNumbered(3);
+    m_View->SelectAll();
+    wxtSetColor(color_Selected, wxColour());
+    wxtSetColor(color_TextBlue, wxColour());
+    wxtSetColor(color_Text, wxColour());
+    m_View->Search("line 1", true, true);
+    wxSysColourChangedEvent changed;
+    m_View->ProcessWindowEvent(changed);
+    EXPECT_EQ(PixelAt(m_View->Picture(), 0, 0), wxtGetColor(color_WindowBGLighter));
+    SetColors(scheme_Dark);
+}
