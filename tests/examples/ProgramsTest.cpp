@@ -7,7 +7,10 @@
 #include <wx/image.h>
 
 #include <csignal>
+#include <cstring>
 #include <cstdlib>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -76,13 +79,22 @@ protected:
     }
 };
 
-// Ends the masters of this test's runtime folder: their process ids stand in their sockets' names.
-void EndMasters()
+// Ends the master of this test's runtime folder: whoever takes a connection on its socket.
+void EndMaster()
 {
-    for (const Path& socket : SocketFolder::Find(component_Master))
+    const int   descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    std::strncpy(address.sun_path, SocketFolder::ForMaster().Text().c_str(),
+                 sizeof address.sun_path - 1);
+    ucred     peer = {};
+    socklen_t length = sizeof peer;
+    if (connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 &&
+        getsockopt(descriptor, SOL_SOCKET, SO_PEERCRED, &peer, &length) == 0)
     {
-        kill(static_cast<pid_t>(socket.Extension().ToInt()), SIGTERM);
+        kill(peer.pid, SIGTERM);
     }
+    close(descriptor);
 }
 
 // Pixels of that colour on the whole screen.
@@ -110,7 +122,7 @@ TEST_F(ProgramsTest, MonitorStartsAMasterAndShowsItsJobs)
     EXPECT_TRUE(WaitFor(
         []
         {
-            EndMasters();
+            EndMaster();
             return !Components::DidStart(component_Master);
         },
         kProgramDeadlineMs));
