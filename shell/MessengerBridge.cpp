@@ -53,6 +53,14 @@ void wxTolvanApp::ProcessNextMessage()
     }
 }
 
+void wxTolvanApp::DeliverQueuedMessages()
+{
+    if (Queue().Size() > 0)
+    {
+        CallQueuedMessageHandlers();
+    }
+}
+
 void wxTolvanApp::OnMessage(wxCommandEvent&)
 {
     CALL_ENTRY("wxTolvanApp::OnMessage");
@@ -104,6 +112,8 @@ void wxTolvanApp::_CheckReceive(MessageReceivedEvt& event)
         LogDebug("... Received message: initiating deferred processing");
         boost::shared_ptr<Message> message;
         message.swap(event.m_Message);
+        // What came before there was a window, or while processing was disabled, comes first.
+        app->DeliverQueuedMessages();
         if (message)
         {
             app->CallMessageHandlers(message);

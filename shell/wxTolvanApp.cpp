@@ -106,6 +106,8 @@ bool wxTolvanApp::OnInit()
         wxToolTip::SetDelay(kToolTipDelayMs);
         wxToolTip::SetReshow(kToolTipReshowMs);
         StartedSignal.Emit();
+        // The master's first messages may have come before there was a window.
+        DeliverQueuedMessages();
         return true;
     }
     if (m_ShowStartupError)

@@ -68,6 +68,8 @@ public:
     void DisableMessageProcessing();
     bool IsMessageProcessingEnabled() const;
     void ProcessNextMessage(); ///< Dispatches one queued message if processing is enabled.
+    /// Hands what waits in the queue to the thread pool, if that is ready. Any thread.
+    void DeliverQueuedMessages();
     /// @}
 
     /// Slots of the platform's signals. Any thread: they touch no window.

@@ -248,6 +248,18 @@ void TolvanClientApp::CallMessageHandlers(const boost::shared_ptr<Message>& mess
     }
 }
 
+void TolvanClientApp::CallQueuedMessageHandlers()
+{
+    ThreadPool::PostInOrder(this,
+                            [this]
+                            {
+                                while (m_Queue.Size() > 0)
+                                {
+                                    DispatchMessage();
+                                }
+                            });
+}
+
 void TolvanClientApp::Handle(const boost::shared_ptr<Message>& message)
 {
     for (const MessageHandler& handler : m_Handlers->For(message->Type()))

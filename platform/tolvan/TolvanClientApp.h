@@ -88,6 +88,9 @@ public:
     /// Takes over a message and has its handlers called on the thread pool, one message after
     /// another in the order of the calls; without a pool on the calling thread.
     void CallMessageHandlers(const boost::shared_ptr<Message>& message);
+    /// Has the handlers of the messages that wait in the queue called on the thread pool, before
+    /// those of any message that is handed over later. Without a pool they go on waiting.
+    void CallQueuedMessageHandlers();
 
     /// Sends a message to the master; false when there is no connection. Any thread.
     bool Send(const Message& message);

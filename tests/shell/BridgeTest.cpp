@@ -139,6 +139,41 @@ TEST_F(BridgeTest, MessagesGoToTheThreadPoolWhenItIsReady)
     App().RemoveMessageHandler(handler);
 }
 
+TEST_F(BridgeTest, MessagesThatCameBeforeTheWindowComeFirst)
+{
+    Close();
+    std::string      order;
+    std::atomic<int> handled{0};
+    const int        handler =
+        App().AddMessageHandler("Test",
+                                [&](const boost::shared_ptr<Message>& message)
+                                {
+                                    order += message->Get("Name");
+                                    ++handled;
+                                    return true;
+                                });
+    ThreadPool::Start(2);
+    const auto receive = [](const char* name)
+    {
+        MessageReceivedEvt event;
+        event.m_Message = NewMessage();
+        event.m_Message->Set("Name", name);
+        App().Queue().RaiseAndQueue(event, [](MessageReceivedEvt& raised)
+                                    { MessageReceivedEvt::s_Signal.Emit(raised); });
+    };
+    receive("a");
+    receive("b");
+    EXPECT_EQ(2u, App().Queue().Size());
+    auto* const frame = new wxFrame(nullptr, wxID_ANY, "Late");
+    frame->Show();
+    receive("c");
+    EXPECT_TRUE(WaitFor([&] { return handled == 3; }));
+    EXPECT_EQ("abc", order);
+    App().RemoveMessageHandler(handler);
+    frame->Destroy();
+    PumpEvents();
+}
+
 TEST_F(BridgeTest, WithoutATopWindowOnlyDialogsHear)
 {
     Close();
