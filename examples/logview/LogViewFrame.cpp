@@ -47,14 +47,16 @@ void LogViewFrame::BuildMenus()
 {
     auto* const file = new wxMenu;
     file->Append(wxID_OPEN, wxGetTranslation("&Open...\tCtrl+O"));
-    file->Append(wxTextLineCtrl::id_SaveAs, wxGetTranslation("Save &As...\tCtrl+S"));
+    file->Append(wxTextLineCtrl::id_SaveAs, wxGetTranslation("Save &As..."));
     file->AppendSeparator();
     file->Append(wxID_EXIT, wxGetTranslation("&Quit\tCtrl+Q"));
 
+    // Without keys of their own: the text view takes its keys itself and passes them on, so that an
+    // accelerator would do everything twice.
     auto* const edit = new wxMenu;
-    edit->Append(wxTextLineCtrl::id_Copy, wxGetTranslation("&Copy\tCtrl+C"));
+    edit->Append(wxTextLineCtrl::id_Copy, wxGetTranslation("&Copy"));
     edit->Append(wxTextLineCtrl::id_SelectAll, wxGetTranslation("Select &All"));
-    edit->Append(wxTextLineCtrl::id_Search, wxGetTranslation("&Search...\tCtrl+F"));
+    edit->Append(wxTextLineCtrl::id_Search, wxGetTranslation("&Search..."));
 
     auto* const view = new wxMenu;
     view->AppendCheckItem(id_Follow, wxGetTranslation("&Follow the End\tF5"))->Check();

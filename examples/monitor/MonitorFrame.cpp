@@ -42,14 +42,16 @@ MonitorFrame::MonitorFrame(std::shared_ptr<FarmFeed> feed)
 void MonitorFrame::BuildMenus()
 {
     auto* const file = new wxMenu;
-    file->Append(wxTextLineCtrl::id_SaveAs, wxGetTranslation("Save Log &As...\tCtrl+S"));
+    file->Append(wxTextLineCtrl::id_SaveAs, wxGetTranslation("Save Log &As..."));
     file->AppendSeparator();
     file->Append(wxID_EXIT, wxGetTranslation("&Quit\tCtrl+Q"));
 
+    // Without keys of their own: the text view takes its keys itself and passes them on, so that an
+    // accelerator would do everything twice.
     auto* const edit = new wxMenu;
-    edit->Append(wxTextLineCtrl::id_Copy, wxGetTranslation("&Copy\tCtrl+C"));
+    edit->Append(wxTextLineCtrl::id_Copy, wxGetTranslation("&Copy"));
     edit->Append(wxTextLineCtrl::id_SelectAll, wxGetTranslation("Select &All"));
-    edit->Append(wxTextLineCtrl::id_Search, wxGetTranslation("&Search...\tCtrl+F"));
+    edit->Append(wxTextLineCtrl::id_Search, wxGetTranslation("&Search..."));
 
     auto* const view = new wxMenu;
     view->AppendCheckItem(id_Follow, wxGetTranslation("&Follow the Log\tF5"))->Check();
