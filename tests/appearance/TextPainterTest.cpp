@@ -1,0 +1,148 @@
+#include "appearance/_TextPainter.h"
+
+#include "tests/support/FrameTest.h"
+#include "tests/support/Pictures.h"
+
+#include <wx/dcmemory.h>
+
+namespace
+{
+constexpr int kCell = 30; // pixels, wider than any character drawn
+
+const wxColour kGround(40, 60, 80);
+const wxColour kInk(250, 240, 200);
+
+class TextPainterTest : public FrameTest
+{
+protected:
+    static wxImage Draw(const std::function<void(wxMemoryDC&)>& draw)
+    {
+        wxBitmap bitmap(40 * kCell, 40);
+        {
+            wxMemoryDC dc(bitmap);
+            dc.SetBackground(wxBrush(kGround));
+            dc.Clear();
+            draw(dc);
+        }
+        return bitmap.ConvertToImage();
+    }
+
+    static int Differences(const wxImage& a, const wxImage& b, int tolerance)
+    {
+        int count = 0;
+        for (int y = 0; y < a.GetHeight(); ++y)
+        {
+            for (int x = 0; x < a.GetWidth(); ++x)
+            {
+                count += Near(PixelAt(a, x, y), PixelAt(b, x, y), tolerance) ? 0 : 1;
+            }
+        }
+        return count;
+    }
+};
+
+const wxFont kFonts[] = {
+    wxFont(9, wxFONTFAMILY_MODERN, wxFONTSTYLE_NORMAL, wxFONTWEIGHT_NORMAL),
+    wxFont(14, wxFONTFAMILY_MODERN, wxFONTSTYLE_NORMAL, wxFONTWEIGHT_BOLD),
+    wxFont(10, wxFONTFAMILY_SWISS, wxFONTSTYLE_ITALIC, wxFONTWEIGHT_NORMAL),
+};
+} // namespace
+
+// Character by character the picture is the toolkit's own.
+TEST_F(TextPainterTest, AgreesWithTheToolkit)
+{
+    const wxString texts[] = {
+        "ABCDEFGHIJKLMNOPQRSTUVWXYZ",
+        "abcdefghijklmnopqrstuvwxyz",
+        "0123456789 .,:;!?/\\|_-+*#",
+        wxString(L"\u00e4\u00f6\u00fc\u00df\u00e9\u00e8\u03b1\u03b2\u03a9\u0416\u0434\u20ac"),
+    };
+    for (const wxFont& font : kFonts)
+    {
+        for (const wxString& text : texts)
+        {
+            const std::wstring characters = text.ToStdWstring();
+            const wxImage      ours = Draw(
+                [&](wxMemoryDC& dc)
+                {
+                    _TextPainter painter(dc, font);
+                    painter.SetColour(kInk);
+                    for (size_t i = 0; i < characters.size(); ++i)
+                    {
+                        painter.DrawCell(&characters[i], 1, static_cast<int>(i) * kCell, 5, kCell);
+                    }
+                });
+            const wxImage theirs = Draw(
+                [&](wxMemoryDC& dc)
+                {
+                    dc.SetFont(font);
+                    dc.SetTextForeground(kInk);
+                    for (size_t i = 0; i < characters.size(); ++i)
+                    {
+                        dc.DrawText(wxString(characters[i]), static_cast<int>(i) * kCell, 5);
+                    }
+                });
+            EXPECT_GT(Differences(ours, Draw([](wxMemoryDC&) {}), 40), 100) << "something is drawn";
+            EXPECT_EQ(Differences(ours, theirs, 2), 0)
+                << text << " in " << font.GetNativeFontInfoUserDesc() << " "
+                << Kept(ours, "painter-ours") << " " << Kept(theirs, "painter-theirs");
+        }
+    }
+}
+
+TEST_F(TextPainterTest, SqueezesWhatIsTooWide)
+{
+    const wchar_t wide[] = L"W";
+    const wxImage picture = Draw(
+        [&](wxMemoryDC& dc)
+        {
+            _TextPainter painter(dc, kFonts[1]);
+            painter.SetColour(kInk);
+            painter.DrawCell(wide, 1, 10, 5, 4);
+        });
+    bool inked = false;
+    for (int y = 0; y < picture.GetHeight(); ++y)
+    {
+        for (int x = 0; x < 40; ++x)
+        {
+            const bool ground = Near(PixelAt(picture, x, y), kGround, 0);
+            inked = inked || !ground;
+            // A pixel on either side for the edges' smoothing.
+            EXPECT_TRUE(ground || (x >= 9 && x < 15)) << x << "," << y;
+        }
+    }
+    EXPECT_TRUE(inked);
+}
+
+TEST_F(TextPainterTest, ClipsToRectangles)
+{
+    const wchar_t block[] = L"M";
+    const wxImage picture = Draw(
+        [&](wxMemoryDC& dc)
+        {
+            _TextPainter painter(dc, kFonts[1]);
+            painter.ClipTo({wxRect(0, 0, 5, 40)});
+            painter.SetColour(kInk);
+            painter.DrawCell(block, 1, 0, 5, kCell);
+            painter.Unclip();
+            painter.SetColour(kInk);
+            painter.DrawCell(block, 1, 50, 5, kCell);
+            painter.SetColour(wxColour()); // draws nothing
+            painter.DrawCell(block, 1, 100, 5, kCell);
+        });
+    int inked[3] = {0, 0, 0};
+    for (int y = 0; y < picture.GetHeight(); ++y)
+    {
+        for (int x = 0; x < 150; ++x)
+        {
+            if (!Near(PixelAt(picture, x, y), kGround, 0))
+            {
+                EXPECT_FALSE(x >= 5 && x < 45) << x << "," << y;
+                ++inked[x / 50];
+            }
+        }
+    }
+    EXPECT_GT(inked[0], 0);
+    EXPECT_GT(inked[1], inked[0]);
+    EXPECT_EQ(inked[2], 0);
+}
