@@ -92,8 +92,9 @@ void wxDoubleBufferedWindow::RetryPaint(const String& reason)
 
 void wxDoubleBufferedWindow::PaintBuffer()
 {
+    // The native scrollbars stay as they are: GTK 3 loses the layout of the whole window when one
+    // comes or goes while it paints.
     wxPaintDC dc(this);
-    ApplyDueScrollbars();
     if (!EnsureBuffer())
     {
         return;
@@ -140,7 +141,9 @@ void wxDoubleBufferedWindow::Resize(wxSizeEvent& event)
     const wxSize visible = event.GetSize() - (GetSize() - GetClientSize());
     m_VisibleColumns = _VisibleUnits(visible.x, m_ColumnWidth);
     m_VisibleLines = _VisibleUnits(visible.y, m_LineHeight);
-    AdjustScrollbars();
+    // Not at once: GTK 3 loses the layout of the window's other children when a scrollbar comes or
+    // goes in the middle of it.
+    AdjustScrollbarsLater();
     m_Buffer.reset();
     m_WholePending = false; // the area that is whole has changed
     Refresh(false, nullptr);

@@ -17,22 +17,26 @@ constexpr int kScrollbarRoom = 64; // pixels: a view that is smaller shows no sc
 
 std::set<wxDoubleBufferedWindow*> wxDoubleBufferedWindow::s_Windows;
 
-wxBEGIN_EVENT_TABLE(wxDoubleBufferedWindow, wxWindow) EVT_PAINT(wxDoubleBufferedWindow::Paint)
-    EVT_SIZE(wxDoubleBufferedWindow::Resize) EVT_ERASE_BACKGROUND(wxDoubleBufferedWindow::Erase)
-        EVT_SYS_COLOUR_CHANGED(wxDoubleBufferedWindow::OnSysColorChange) EVT_SCROLLWIN_TOP(
-            wxDoubleBufferedWindow::Scroll) EVT_SCROLLWIN_BOTTOM(wxDoubleBufferedWindow::Scroll)
-            EVT_SCROLLWIN_LINEUP(wxDoubleBufferedWindow::Scroll)
-                EVT_SCROLLWIN_LINEDOWN(wxDoubleBufferedWindow::Scroll)
-                    EVT_SCROLLWIN_PAGEUP(wxDoubleBufferedWindow::Scroll)
-                        EVT_SCROLLWIN_PAGEDOWN(wxDoubleBufferedWindow::Scroll)
-                            EVT_SCROLLWIN_THUMBTRACK(wxDoubleBufferedWindow::Scroll)
-                                EVT_SCROLLWIN_THUMBRELEASE(wxDoubleBufferedWindow::Scroll)
-                                    EVT_MOUSEWHEEL(wxDoubleBufferedWindow::OnMouseWheel)
-                                        EVT_TIMER(kRedrawTimerId, wxDoubleBufferedWindow::Timeout)
-                                            wxEND_EVENT_TABLE()
+// clang-format off
+wxBEGIN_EVENT_TABLE(wxDoubleBufferedWindow, wxWindow)
+    EVT_PAINT(wxDoubleBufferedWindow::Paint)
+    EVT_SIZE(wxDoubleBufferedWindow::Resize)
+    EVT_ERASE_BACKGROUND(wxDoubleBufferedWindow::Erase)
+    EVT_SYS_COLOUR_CHANGED(wxDoubleBufferedWindow::OnSysColorChange)
+    EVT_SCROLLWIN_TOP(wxDoubleBufferedWindow::Scroll)
+    EVT_SCROLLWIN_BOTTOM(wxDoubleBufferedWindow::Scroll)
+    EVT_SCROLLWIN_LINEUP(wxDoubleBufferedWindow::Scroll)
+    EVT_SCROLLWIN_LINEDOWN(wxDoubleBufferedWindow::Scroll)
+    EVT_SCROLLWIN_PAGEUP(wxDoubleBufferedWindow::Scroll)
+    EVT_SCROLLWIN_PAGEDOWN(wxDoubleBufferedWindow::Scroll)
+    EVT_SCROLLWIN_THUMBTRACK(wxDoubleBufferedWindow::Scroll)
+    EVT_SCROLLWIN_THUMBRELEASE(wxDoubleBufferedWindow::Scroll)
+    EVT_MOUSEWHEEL(wxDoubleBufferedWindow::OnMouseWheel)
+    EVT_TIMER(kRedrawTimerId, wxDoubleBufferedWindow::Timeout)
+wxEND_EVENT_TABLE()
+// clang-format on
 
-                                                wxDoubleBufferedWindow::wxDoubleBufferedWindow(
-                                                    wxWindow* parent, int id, long style)
+wxDoubleBufferedWindow::wxDoubleBufferedWindow(wxWindow* parent, int id, long style)
     : m_Scroll(std::make_unique<ScrollState>())
 {
     CALL_ENTRY("wxDoubleBufferedWindow::wxDoubleBufferedWindow");

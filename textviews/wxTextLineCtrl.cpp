@@ -43,13 +43,18 @@ int Saturated(int64_t count)
 }
 } // namespace
 
+// clang-format off
 wxBEGIN_EVENT_TABLE(wxTextLineCtrl, wxDoubleBufferedWindow)
-    EVT_LEFT_DOWN(wxTextLineCtrl::OnLeftClick) EVT_LEFT_UP(wxTextLineCtrl::OnLeftUp)
-        EVT_MOUSE_CAPTURE_LOST(wxTextLineCtrl::OnCaptureLoss)
-            EVT_MOTION(wxTextLineCtrl::OnMouseMove) EVT_LEAVE_WINDOW(wxTextLineCtrl::OnMouseLeave)
-                EVT_RIGHT_DOWN(wxTextLineCtrl::OnRightClick) EVT_KEY_DOWN(wxTextLineCtrl::OnKey)
-                    EVT_MENU_RANGE(id_SelectAll, id_Search, wxTextLineCtrl::OnMenu)
-                        wxEND_EVENT_TABLE()
+    EVT_LEFT_DOWN(wxTextLineCtrl::OnLeftClick)
+    EVT_LEFT_UP(wxTextLineCtrl::OnLeftUp)
+    EVT_MOUSE_CAPTURE_LOST(wxTextLineCtrl::OnCaptureLoss)
+    EVT_MOTION(wxTextLineCtrl::OnMouseMove)
+    EVT_LEAVE_WINDOW(wxTextLineCtrl::OnMouseLeave)
+    EVT_RIGHT_DOWN(wxTextLineCtrl::OnRightClick)
+    EVT_KEY_DOWN(wxTextLineCtrl::OnKey)
+    EVT_MENU_RANGE(id_SelectAll, id_Search, wxTextLineCtrl::OnMenu)
+wxEND_EVENT_TABLE()
+// clang-format on
 
                             wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
     : wxDoubleBufferedWindow(parent, wxID_ANY, wxBORDER_NONE | wxWANTS_CHARS),

@@ -39,6 +39,8 @@ bool MonitorApp::Startup(CommandLine& commandLine)
     }
     BuildFeed();
     m_Frame = new MonitorFrame(m_Feed);
+    // The connection may have come before there was a window to tell of it.
+    m_Frame->OnConnection(IsConnected());
     if (!commandLine.Has("no-start") && !commandLine.Has("no-master"))
     {
         StartMasterIfNone();

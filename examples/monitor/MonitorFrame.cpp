@@ -158,6 +158,10 @@ void MonitorFrame::ShowSummary()
 
 void MonitorFrame::OnConnection(bool connected)
 {
+    if (connected == m_Connected)
+    {
+        return;
+    }
     m_Connected = connected;
     m_Feed->OnConnection(connected);
 }

@@ -17,6 +17,8 @@ public:
 
     /// Shows the lines that wait in the feed.
     void TakeLines();
+    /// The connection to the master has come or gone; what is known already changes nothing.
+    void OnConnection(bool connected);
     /// Writes a line of the monitor's own into the farm's log.
     void ShowNotice(const String& text);
 
@@ -26,7 +28,6 @@ private:
     void ShowSummary();
     void SetFollowing(bool follow);
 
-    void OnConnection(bool connected);
     void OnFollow(wxCommandEvent& event);
     void OnFullScreen(wxCommandEvent& event);
     void OnAbout(wxCommandEvent& event);
