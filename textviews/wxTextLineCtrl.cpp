@@ -56,7 +56,7 @@ wxBEGIN_EVENT_TABLE(wxTextLineCtrl, wxDoubleBufferedWindow)
 wxEND_EVENT_TABLE()
 // clang-format on
 
-                            wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
+wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
     : wxDoubleBufferedWindow(parent, wxID_ANY, wxBORDER_NONE | wxWANTS_CHARS),
       m_Font(_FontExtents::Get()),
       m_Lines(std::make_unique<_LineStore>()),
