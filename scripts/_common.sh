@@ -7,7 +7,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 # The one list of packages (Debian 12 names), by purpose.
 packages_build="build-essential cmake ninja-build ccache pkg-config libwxgtk3.2-dev libboost-dev
-    libsimpleini-dev libspdlog-dev nlohmann-json3-dev"
+    libpng-dev libspdlog-dev nlohmann-json3-dev"
 packages_display="xvfb openbox xdotool imagemagick fonts-dejavu-core"
 packages_test="libgtest-dev gettext"
 packages_bench="libbenchmark-dev jq"
