@@ -9,7 +9,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 packages_build="build-essential cmake ninja-build ccache pkg-config libwxgtk3.2-dev libboost-dev
     libpng-dev libspdlog-dev nlohmann-json3-dev libpango1.0-dev"
 packages_display="xvfb openbox xdotool imagemagick fonts-dejavu-core"
-packages_test="libgtest-dev gettext xclip xclip"
+packages_test="libgtest-dev gettext xclip"
 packages_bench="libbenchmark-dev jq"
 packages_wx_gtk2="build-essential dpkg-dev libgtk2.0-dev libsm-dev libxtst-dev libpng-dev
     libjpeg-dev libtiff-dev zlib1g-dev libexpat1-dev libpcre2-dev"
@@ -100,11 +100,12 @@ has_window_manager()
     xdotool get_num_desktops >/dev/null 2>&1
 }
 
-# Makes the folder scratch, which goes with the script, as does whatever is in started_processes.
+# Makes the folder scratch, which goes with the script, as does every program started with it in its
+# environment, also one that has put itself in the background.
 make_scratch()
 {
     scratch=$(mktemp -d -t tolvan.XXXXXX)
-    started_processes=()
+    display_server=""
     trap clean_up EXIT
     trap 'exit 130' INT
     trap 'exit 143' TERM
@@ -112,15 +113,34 @@ make_scratch()
 
 clean_up()
 {
-    local status=$? i
+    local status=$?
     trap - EXIT
-    # The latest first: programs, then the window manager, then the display.
-    for ((i = ${#started_processes[@]} - 1; i >= 0; --i)); do
-        kill "${started_processes[i]}" 2>/dev/null || continue
-        wait "${started_processes[i]}" 2>/dev/null || true
-    done
+    unset XDG_RUNTIME_DIR TOLVAN_USER_DIR
+    signal_programs TERM
+    wait_until 10 have_programs_ended || signal_programs KILL
+    [ -z "$display_server" ] || kill "$display_server" 2>/dev/null || true
+    wait
     rm -rf "$scratch"
     exit "$status"
+}
+
+# Process ids, one a line.
+programs_with_scratch()
+{
+    grep -lsz -- "^[A-Z_]*=$scratch/" /proc/[0-9]*/environ | cut -d / -f 3
+}
+
+signal_programs()
+{
+    local program
+    for program in $(programs_with_scratch); do
+        kill "-$1" "$program" 2>/dev/null || true
+    done
+}
+
+have_programs_ended()
+{
+    [ -z "$(programs_with_scratch)" ]
 }
 
 # Sets DISPLAY to an X server of this script's own with a window manager on it. The desktop of
@@ -132,7 +152,7 @@ start_display()
     mkfifo "$scratch/number"
     Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp -noreset \
         3>"$scratch/number" 2>"$scratch/xvfb.log" &
-    started_processes+=($!)
+    display_server=$!
     read -r -t 30 number <"$scratch/number" ||
         fail "Xvfb did not start: $(cat "$scratch/xvfb.log")"
     export DISPLAY=:$number
@@ -140,8 +160,7 @@ start_display()
     export GDK_BACKEND=x11 XDG_RUNTIME_DIR=$scratch/runtime
     mkdir -m 700 "$XDG_RUNTIME_DIR"
 
-    XDG_CONFIG_HOME=$scratch openbox --sm-disable >"$scratch/openbox.log" 2>&1 &
-    started_processes+=($!)
+    XDG_CONFIG_HOME=$scratch/config openbox --sm-disable >"$scratch/openbox.log" 2>&1 &
     wait_until 30 has_window_manager ||
         fail "openbox did not start: $(cat "$scratch/openbox.log")"
 }
