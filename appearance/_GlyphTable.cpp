@@ -1,11 +1,14 @@
 #include "appearance/_GlyphTable.h"
 
+#include "appearance/_Port.h"
 #include "appearance/wxTolvanString.h"
 
 #include <wx/fontutil.h>
 #include <wx/string.h>
 
+#include <cwchar>
 #include <utility>
+#include <vector>
 
 namespace
 {
@@ -42,24 +45,55 @@ const PangoGlyphInfo* SingleGlyph(PangoLayoutLine* line, PangoFont*& font)
     font = run->item->analysis.font;
     return run->glyphs->glyphs;
 }
-} // namespace
-
-_GlyphTable& _GlyphTable::For(cairo_t* cairo, const wxFont& font)
+// What the toolkit may lay its texts out with: the surface's context, or the screen's.
+std::vector<_GObjectPtr<PangoContext>> Contexts(cairo_t* cairo)
 {
-    // Never freed: the text libraries may be gone when static objects are destroyed.
-    static auto* const s_Tables = new std::map<std::pair<wxString, unsigned long>, _GlyphTable>;
-
-    cairo_font_options_t* const options = cairo_font_options_create();
-    cairo_surface_get_font_options(cairo_get_target(cairo), options);
-    const std::pair key(font.GetNativeFontInfoDesc(), cairo_font_options_hash(options));
-    cairo_font_options_destroy(options);
-    const auto known = s_Tables->find(key);
-    return known != s_Tables->end() ? known->second
-                                    : s_Tables->try_emplace(key, cairo, font).first->second;
+    std::vector<_GObjectPtr<PangoContext>> contexts;
+    contexts.emplace_back(pango_cairo_create_context(cairo));
+    if (PangoContext* const screen = _ScreenTextContext())
+    {
+        contexts.emplace_back(screen);
+        pango_cairo_update_context(cairo, screen);
+    }
+    return contexts;
 }
 
-_GlyphTable::_GlyphTable(cairo_t* cairo, const wxFont& font)
-    : m_Context(pango_cairo_create_context(cairo)),
+unsigned long SurfaceKind(cairo_t* cairo)
+{
+    cairo_font_options_t* const options = cairo_font_options_create();
+    cairo_surface_get_font_options(cairo_get_target(cairo), options);
+    const unsigned long kind = cairo_font_options_hash(options);
+    cairo_font_options_destroy(options);
+    return kind;
+}
+} // namespace
+
+_GlyphTable* _GlyphTable::For(cairo_t* cairo, wxDC& dc, const wxFont& font)
+{
+    using Tables = std::map<std::pair<wxString, unsigned long>, std::unique_ptr<_GlyphTable>>;
+    // Never freed: the text libraries may be gone when static objects are destroyed.
+    static auto* const s_Tables = new Tables;
+
+    const auto [place, isNew] =
+        s_Tables->try_emplace({font.GetNativeFontInfoDesc(), SurfaceKind(cairo)});
+    if (isNew)
+    {
+        dc.SetFont(font);
+        for (_GObjectPtr<PangoContext>& context : Contexts(cairo))
+        {
+            auto table = std::make_unique<_GlyphTable>(std::move(context), font);
+            if (table->AgreesWith(dc))
+            {
+                place->second = std::move(table);
+                break;
+            }
+        }
+    }
+    return place->second.get();
+}
+
+_GlyphTable::_GlyphTable(_GObjectPtr<PangoContext> context, const wxFont& font)
+    : m_Context(std::move(context)),
       m_Description(pango_font_description_copy(font.GetNativeFontInfo()->description))
 {
     const auto     layout = MakeLayout(m_Context.get(), m_Description, L"M", 1);
@@ -67,6 +101,25 @@ _GlyphTable::_GlyphTable(cairo_t* cairo, const wxFont& font)
     pango_layout_get_extents(layout.get(), nullptr, &logical);
     m_Baseline = Pixels(pango_layout_get_baseline(layout.get()));
     m_LineHeight = Pixels(logical.height);
+}
+
+// The same text has the same size: another resolution or another hinting shows in some of these.
+bool _GlyphTable::AgreesWith(wxDC& dc) const
+{
+    for (const wchar_t* const text : {L"MMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMMM",
+                                      L"Quick (brown) fox_7", L"0123456789", L"gjpqy|/\\"})
+    {
+        const auto layout =
+            MakeLayout(m_Context.get(), m_Description, text, static_cast<int>(std::wcslen(text)));
+        int width = 0;
+        int height = 0;
+        pango_layout_get_pixel_size(layout.get(), &width, &height);
+        if (dc.GetTextExtent(text) != wxSize(width, height))
+        {
+            return false;
+        }
+    }
+    return true;
 }
 
 const _Glyph& _GlyphTable::Of(const wchar_t* characters, int count)

@@ -2,6 +2,7 @@
 
 #include <pango/pangocairo.h>
 
+#include <wx/dc.h>
 #include <wx/font.h>
 
 #include <array>
@@ -35,10 +36,11 @@ struct _Glyph
 class _GlyphTable
 {
 public:
-    /// The table for drawing with that font on that context's surface.
-    static _GlyphTable& For(cairo_t* cairo, const wxFont& font);
+    /// The table for drawing with that font as the device context does, on the surface that the
+    /// cairo context draws on. Null when glyphs laid out here would not come out like its own.
+    static _GlyphTable* For(cairo_t* cairo, wxDC& dc, const wxFont& font);
 
-    _GlyphTable(cairo_t* cairo, const wxFont& font);
+    _GlyphTable(_GObjectPtr<PangoContext> context, const wxFont& font);
 
     const _Glyph& Of(const wchar_t* characters, int count);
     double        Baseline() const { return m_Baseline; }     ///< Pixels below the top of a line.
@@ -46,6 +48,8 @@ public:
 
 private:
     static constexpr size_t kQuickCodes = 256;
+
+    bool AgreesWith(wxDC& dc) const;
 
     _Glyph LayOut(const wchar_t* characters, int count);
 

@@ -2,6 +2,7 @@
 
 #include <wx/window.h>
 
+#include <dlfcn.h>
 #include <glib-object.h>
 
 void _UseSolidScrollbars(wxWindow& window)
@@ -13,4 +14,12 @@ void _UseSolidScrollbars(wxWindow& window)
     {
         g_object_set(widget, kProperty, FALSE, nullptr);
     }
+}
+
+_PangoContext* _ScreenTextContext()
+{
+    // By name: both ports have loaded it, and its headers need not be installed.
+    using Get = _PangoContext* (*)();
+    const auto get = reinterpret_cast<Get>(dlsym(RTLD_DEFAULT, "gdk_pango_context_get"));
+    return get ? get() : nullptr;
 }

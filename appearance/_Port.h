@@ -3,9 +3,14 @@
 #include "vesta/Export.h"
 
 class wxWindow;
+struct _PangoContext;
 
 /// What the toolkit has no word for, by the port's own means.
 
 /// Gives a scrolled window scrollbars that take room of their own. Scrollbars that float over the
 /// content (GTK 3) come and go by themselves, and the window's client size with them.
 TOLVAN_API void _UseSolidScrollbars(wxWindow& window);
+
+/// What the port lays out texts for the screen with; the caller owns the reference. Null where the
+/// port does not tell.
+TOLVAN_API _PangoContext* _ScreenTextContext();

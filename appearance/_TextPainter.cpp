@@ -15,7 +15,7 @@ constexpr double kFullChannel = 255.0;
 class _TextPainter::Canvas
 {
 public:
-    Canvas(std::unique_ptr<wxGraphicsContext> context, const wxFont& font);
+    Canvas(std::unique_ptr<wxGraphicsContext> context, _GlyphTable& glyphs);
     ~Canvas();
 
     void SetColour(const wxColour& colour);
@@ -36,10 +36,10 @@ private:
     bool                               m_Clipped = false;
 };
 
-_TextPainter::Canvas::Canvas(std::unique_ptr<wxGraphicsContext> context, const wxFont& font)
+_TextPainter::Canvas::Canvas(std::unique_ptr<wxGraphicsContext> context, _GlyphTable& glyphs)
     : m_Context(std::move(context)),
       m_Cairo(static_cast<cairo_t*>(m_Context->GetNativeContext())),
-      m_Glyphs(_GlyphTable::For(m_Cairo, font))
+      m_Glyphs(glyphs)
 {
     // The device context draws on the same surface; it finds its own state again afterwards.
     cairo_save(m_Cairo);
@@ -149,13 +149,14 @@ void _TextPainter::Canvas::Flush()
 
 _TextPainter::_TextPainter(wxMemoryDC& dc, const wxFont& font) : m_Dc(dc), m_Font(font)
 {
-    std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc));
-    if (context && context->GetNativeContext())
-    {
-        m_Canvas = std::make_unique<Canvas>(std::move(context), font);
-    }
     dc.SetFont(font);
     dc.SetBackgroundMode(wxBRUSHSTYLE_TRANSPARENT);
+    std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc));
+    auto* const cairo = context ? static_cast<cairo_t*>(context->GetNativeContext()) : nullptr;
+    if (_GlyphTable* const glyphs = cairo ? _GlyphTable::For(cairo, dc, font) : nullptr)
+    {
+        m_Canvas = std::make_unique<Canvas>(std::move(context), *glyphs);
+    }
 }
 
 _TextPainter::~_TextPainter() = default;

@@ -35,6 +35,9 @@ public:
     void ClipTo(const std::vector<wxRect>& rects);
     void Unclip();
     void Flush();
+    /// False where the toolkit has to draw character by character, because its surface can't be had
+    /// or glyphs drawn here would not look like its own.
+    bool IsFast() const { return m_Canvas != nullptr; }
 
 private:
     class Canvas;
@@ -42,5 +45,5 @@ private:
     wxMemoryDC&             m_Dc;
     wxFont                  m_Font;
     wxColour                m_Colour;
-    std::unique_ptr<Canvas> m_Canvas; ///< Null where cairo can't be had.
+    std::unique_ptr<Canvas> m_Canvas; ///< Null: the toolkit has to draw.
 };

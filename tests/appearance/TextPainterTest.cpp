@@ -66,6 +66,7 @@ TEST_F(TextPainterTest, AgreesWithTheToolkit)
                 [&](wxMemoryDC& dc)
                 {
                     _TextPainter painter(dc, font);
+                    EXPECT_TRUE(painter.IsFast());
                     painter.SetColour(kInk);
                     for (size_t i = 0; i < characters.size(); ++i)
                     {

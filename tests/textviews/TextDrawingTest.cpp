@@ -90,7 +90,7 @@ TEST_F(TextViewTest, BandsTellTheStateInEveryScheme)
 
 TEST_F(TextViewTest, CharactersStandOnTheGrid)
 {
-    Append({String(80, 'M'), String(80, 'g')});
+    Append({String(60, 'M'), String(60, 'g')});
     const wxImage picture = m_View->Picture();
     for (int line = 0; line < 2; ++line)
     {
@@ -98,12 +98,12 @@ TEST_F(TextViewTest, CharactersStandOnTheGrid)
         EXPECT_FALSE(IsBlank(first));
         // The first and the last one lack a neighbour whose edge may reach into them.
         const wxImage second = CellOf(*m_View, picture, line, 1);
-        for (int cell = 2; cell < 79; ++cell)
+        for (int cell = 2; cell < 59; ++cell)
         {
             ASSERT_TRUE(SamePixels(CellOf(*m_View, picture, line, cell), second))
                 << "cell " << cell << " " << Kept(picture, "grid");
         }
-        EXPECT_TRUE(IsBlank(CellOf(*m_View, picture, line, 81)));
+        EXPECT_TRUE(IsBlank(CellOf(*m_View, picture, line, 61)));
     }
 }
 
