@@ -20,6 +20,11 @@ struct TOLVAN_API _ScrollAxis
     int Clamped(long long target) const;
     /// Nothing is left below (to the right of) the visible part.
     bool AtEnd() const { return static_cast<long long>(range) - thumb <= position; }
+
+    friend bool operator!=(const _ScrollAxis& a, const _ScrollAxis& b)
+    {
+        return a.position != b.position || a.thumb != b.thumb || a.range != b.range;
+    }
 };
 
 /// What one scroll unit is worth, and how many of them are visible.

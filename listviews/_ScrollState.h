@@ -8,7 +8,8 @@ struct wxDoubleBufferedWindow::ScrollState
 {
     _ScrollAxis horizontal;
     _ScrollAxis vertical;
-    bool        due = false; ///< They are behind the content.
+    bool        due = false;   ///< They are behind the content.
+    bool        hidden = true; ///< One of them is hidden, whatever stands above.
 
     _ScrollAxis& Axis(int orientation)
     {

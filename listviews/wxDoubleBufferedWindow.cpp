@@ -69,6 +69,7 @@ bool wxDoubleBufferedWindow::HasScrollbarRoom(const wxSize& size)
 
 void wxDoubleBufferedWindow::HideNative(int orientation)
 {
+    m_Scroll->hidden = true;
     wxWindow::SetScrollbar(orientation, 0, 1, 1, true);
 }
 
@@ -139,8 +140,15 @@ void wxDoubleBufferedWindow::ApplyDueScrollbars()
         }
         const _ScrollAxis horizontal = DueAxis(wxHORIZONTAL);
         const _ScrollAxis vertical = DueAxis(wxVERTICAL);
-        SetScrollbar(wxHORIZONTAL, horizontal.position, horizontal.thumb, horizontal.range, true);
-        SetScrollbar(wxVERTICAL, vertical.position, vertical.thumb, vertical.range, true);
+        // Setting what is set already would bring a further size event, which makes them due again.
+        if (m_Scroll->hidden || horizontal != m_Scroll->horizontal ||
+            vertical != m_Scroll->vertical)
+        {
+            m_Scroll->hidden = false;
+            SetScrollbar(wxHORIZONTAL, horizontal.position, horizontal.thumb, horizontal.range,
+                         true);
+            SetScrollbar(wxVERTICAL, vertical.position, vertical.thumb, vertical.range, true);
+        }
         m_Scroll->due = GetClientSize() != client;
         if (m_ScrollTrace)
         {
@@ -212,6 +220,8 @@ int wxDoubleBufferedWindow::GetScrollRange(int orientation) const
 void wxDoubleBufferedWindow::Scroll(wxScrollWinEvent& event)
 {
     CALL_ENTRY("wxDoubleBufferedWindow::Scroll");
+    // First: a scrollbar that comes with the content takes room, and the end lies further on then.
+    ApplyDueScrollbars();
     const int         orientation = event.GetOrientation();
     const _ScrollAxis axis{GetScrollPos(orientation), GetScrollThumb(orientation),
                            GetScrollRange(orientation)};

@@ -175,7 +175,7 @@ TEST_F(DoubleBufferedWindowTest, AnySizeIsFine)
     EXPECT_EQ(m_View->m_Drawn, before) << "nothing to draw on";
     m_View->SetSize(300, 200);
     EXPECT_TRUE(WaitFor([&] { return m_View->m_Drawn > before; }));
-    EXPECT_EQ(m_View->NativeRange(wxVERTICAL), 10000);
+    EXPECT_TRUE(WaitFor([&] { return m_View->NativeRange(wxVERTICAL) == 10000; }));
 }
 
 TEST_F(DoubleBufferedWindowTest, AFailedPaintIsTriedAgainAndLoggedOnce)
@@ -338,4 +338,25 @@ TEST_F(DoubleBufferedWindowTest, AWindowMayGoWithARedrawPending)
     wxDoubleBufferedWindow::RedrawAll();
     const wxStopWatch watch;
     EXPECT_TRUE(WaitFor([&] { return watch.Time() > 150; }));
+}
+
+// The horizontal scrollbar comes with the content and takes room: the end lies further on than it
+// did when the program asked for it.
+TEST_F(DoubleBufferedWindowTest, TheEndIsReachedAndFollowedThoughAScrollbarComesMeanwhile)
+{
+    m_View->Follow();
+    m_View->SetContent(500, 5000);
+    m_View->AdjustScrollbarsLater();
+    wxScrollWinEvent toEnd(wxEVT_SCROLLWIN_BOTTOM, 0, wxVERTICAL);
+    m_View->Scroll(toEnd);
+    const auto isAtEnd = [this]
+    {
+        return m_View->GetScrollPos(wxVERTICAL) ==
+               m_View->GetScrollRange(wxVERTICAL) - m_View->GetScrollThumb(wxVERTICAL);
+    };
+    EXPECT_TRUE(isAtEnd());
+    m_View->SetContent(100000, 5000);
+    m_View->AdjustScrollbarsLater();
+    EXPECT_EQ(1000000, m_View->GetScrollRange(wxVERTICAL));
+    EXPECT_TRUE(isAtEnd());
 }
