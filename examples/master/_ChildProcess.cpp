@@ -73,16 +73,16 @@ _ChildProcess::~_ChildProcess()
     }
 }
 
-String _ChildProcess::Start(const _ChildSpec& spec)
+String _ChildProcess::Start(const _ChildSpec& childSpec)
 {
     std::error_code error;
     try
     {
         process::pipe  pipe;
         process::child child(
-            process::exe = spec.program.Text(), process::args = PlainStrings(spec.words),
-            process::start_dir = std::string(spec.folder.Text()), (process::std_in < process::null),
-            ((process::std_out & process::std_err) > pipe),
+            process::exe = childSpec.program.Text(), process::args = PlainStrings(childSpec.words),
+            process::start_dir = std::string(childSpec.folder.Text()),
+            (process::std_in < process::null), ((process::std_out & process::std_err) > pipe),
             process::extend::on_exec_setup = [](auto&) { PrepareChild(); },
             process::extend::on_error = [](auto& executor, const auto&)
             { CollectFailed(executor); },
@@ -102,7 +102,7 @@ String _ChildProcess::Start(const _ChildSpec& spec)
     {
         error = failure.code();
     }
-    return error ? spec.program.Text() + " cannot be started: " + error.message() : String();
+    return error ? childSpec.program.Text() + " cannot be started: " + error.message() : String();
 }
 
 void _ChildProcess::SignalGroup(int signal) const

@@ -37,7 +37,7 @@ public:
     _ChildProcess& operator=(const _ChildProcess&) = delete;
 
     /// Starts it. Returns an empty text, or why it cannot be started.
-    String Start(const _ChildSpec& spec);
+    String Start(const _ChildSpec& childSpec);
     /// The reading end of its output, non-blocking; the caller closes it. -1 before the start.
     int   OutputDescriptor() const { return m_Output; }
     pid_t Id() const { return m_Id; }

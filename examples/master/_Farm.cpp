@@ -221,14 +221,14 @@ void _Farm::Launch(_JobRecord& job)
     }
     const Path folder = FolderOf(job);
     File::MakeFolder(folder);
-    const _ChildSpec spec = MakeSpec(job, *type, folder);
+    const _ChildSpec childSpec = MakeSpec(job, *type, folder);
     const Path       logFile = _JobLog::MakeRoom(folder);
     const auto       runner = std::make_shared<_JobRunner>(
         m_Context, _JobRunner::Events{[this, &job](std::string_view line) { OnOutput(job, line); },
                                       [this, &job](const String& why) { OnTrouble(job, why); },
                                       [this, &job](const _ChildExit& exit, size_t lost)
                                       { OnEnded(job, exit, lost); }});
-    const String failure = runner->Start(spec, logFile);
+    const String failure = runner->Start(childSpec, logFile);
     if (!failure.empty())
     {
         Refuse("Start", failure);
@@ -254,20 +254,20 @@ _ChildSpec _Farm::MakeSpec(const _JobRecord& job, const JobTypeInfo& type, const
     const char* const   searchPath = std::getenv("PATH");
     std::vector<String> words = CommandWords(type.ExecuteLine(), lookup);
     const String        workFolder = ExpandReferences(type.Folder(), lookup);
-    _ChildSpec          spec;
-    spec.program = FindProgram(words[0], type.FileName().Branch(), m_Settings.ownFolder,
-                               searchPath ? searchPath : "/usr/bin:/bin");
-    spec.words.assign(words.begin() + 1, words.end());
-    spec.folder = workFolder.empty() ? folder : Path(workFolder);
-    if (spec.folder.Text()[0] != '/')
+    _ChildSpec          childSpec;
+    childSpec.program = FindProgram(words[0], type.FileName().Branch(), m_Settings.ownFolder,
+                                    searchPath ? searchPath : "/usr/bin:/bin");
+    childSpec.words.assign(words.begin() + 1, words.end());
+    childSpec.folder = workFolder.empty() ? folder : Path(workFolder);
+    if (childSpec.folder.Text()[0] != '/')
     {
-        spec.folder = folder / workFolder;
+        childSpec.folder = folder / workFolder;
     }
-    if (!File::IsFolder(spec.folder))
+    if (!File::IsFolder(childSpec.folder))
     {
-        Refuse("Start", "There is no folder " + spec.folder.Text() + " to run in");
+        Refuse("Start", "There is no folder " + childSpec.folder.Text() + " to run in");
     }
-    return spec;
+    return childSpec;
 }
 
 Path _Farm::FolderOf(const _JobRecord& job) const

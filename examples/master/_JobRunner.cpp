@@ -26,12 +26,12 @@ _JobRunner::_JobRunner(boost::asio::io_context& context, Events events)
 {
 }
 
-String _JobRunner::Start(const _ChildSpec& spec, const Path& logFile)
+String _JobRunner::Start(const _ChildSpec& childSpec, const Path& logFile)
 {
     String failure = m_Log.Open(logFile);
     if (failure.empty())
     {
-        failure = m_Child.Start(spec);
+        failure = m_Child.Start(childSpec);
     }
     if (!failure.empty())
     {

@@ -38,7 +38,7 @@ public:
     _JobRunner(boost::asio::io_context& context, Events events);
 
     /// Starts the program. Returns an empty text, or why that failed; no event comes then.
-    String Start(const _ChildSpec& spec, const Path& logFile);
+    String Start(const _ChildSpec& childSpec, const Path& logFile);
 
     void Suspend(); ///< Stops all processes of the job.
     void Resume();
