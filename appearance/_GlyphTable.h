@@ -43,8 +43,15 @@ public:
     _GlyphTable(_GObjectPtr<PangoContext> context, const wxFont& font);
 
     const _Glyph& Of(const wchar_t* characters, int count);
-    double        Baseline() const { return m_Baseline; }     ///< Pixels below the top of a line.
-    double        LineHeight() const { return m_LineHeight; } ///< Pixels.
+    /// The same for a single ASCII character.
+    const _Glyph& OfAscii(char character)
+    {
+        const _Glyph* const known = m_Quick[static_cast<unsigned char>(character)].get();
+        const auto          wide = static_cast<wchar_t>(character);
+        return known ? *known : Of(&wide, 1);
+    }
+    double Baseline() const { return m_Baseline; }     ///< Pixels below the top of a line.
+    double LineHeight() const { return m_LineHeight; } ///< Pixels.
 
 private:
     static constexpr size_t kQuickCodes = 256;

@@ -20,19 +20,23 @@ public:
 
     void SetColour(const wxColour& colour);
     void DrawCell(const wchar_t* characters, int count, int x, int y, int width);
+    void DrawAscii(const char* characters, size_t count, int x, int y, int width);
+    void Fill(const wxRect& rect, const wxColour& colour);
     void ClipTo(const std::vector<wxRect>& rects);
     void Unclip();
     void Flush();
 
 private:
+    void SetSource(const wxColour& colour);
+    void Draw(const _Glyph& glyph, int x, int y, int width);
     void DrawAlone(const _Glyph& glyph, int x, int y, int width);
 
     std::unique_ptr<wxGraphicsContext> m_Context;
     cairo_t*                           m_Cairo;
     _GlyphTable&                       m_Glyphs;
     cairo_scaled_font_t*               m_BatchFont = nullptr;
-    std::vector<cairo_glyph_t>         m_Batch; ///< All of that font.
-    bool                               m_Visible = false;
+    std::vector<cairo_glyph_t>         m_Batch;  ///< All of that font.
+    wxColour                           m_Colour; ///< Invalid: draws nothing.
     bool                               m_Clipped = false;
 };
 
@@ -52,21 +56,35 @@ _TextPainter::Canvas::~Canvas()
     cairo_restore(m_Cairo);
 }
 
+void _TextPainter::Canvas::SetSource(const wxColour& colour)
+{
+    cairo_set_source_rgba(m_Cairo, colour.Red() / kFullChannel, colour.Green() / kFullChannel,
+                          colour.Blue() / kFullChannel, colour.Alpha() / kFullChannel);
+}
+
 void _TextPainter::Canvas::SetColour(const wxColour& colour)
 {
     Flush();
-    m_Visible = colour.IsOk();
-    if (m_Visible)
-    {
-        cairo_set_source_rgba(m_Cairo, colour.Red() / kFullChannel, colour.Green() / kFullChannel,
-                              colour.Blue() / kFullChannel, colour.Alpha() / kFullChannel);
-    }
+    m_Colour = colour;
 }
 
 void _TextPainter::Canvas::DrawCell(const wchar_t* characters, int count, int x, int y, int width)
 {
-    const _Glyph& glyph = m_Glyphs.Of(characters, count);
-    if (glyph.blank || !m_Visible)
+    Draw(m_Glyphs.Of(characters, count), x, y, width);
+}
+
+void _TextPainter::Canvas::DrawAscii(const char* characters, size_t count, int x, int y, int width)
+{
+    for (size_t i = 0; i < count; ++i)
+    {
+        Draw(m_Glyphs.OfAscii(characters[i]), x, y, width);
+        x += width;
+    }
+}
+
+void _TextPainter::Canvas::Draw(const _Glyph& glyph, int x, int y, int width)
+{
+    if (glyph.blank || !m_Colour.IsOk())
     {
         return;
     }
@@ -83,11 +101,20 @@ void _TextPainter::Canvas::DrawCell(const wchar_t* characters, int count, int x,
     m_Batch.push_back({glyph.index, x + glyph.dx, y + m_Glyphs.Baseline() + glyph.dy});
 }
 
+void _TextPainter::Canvas::Fill(const wxRect& rect, const wxColour& colour)
+{
+    Flush();
+    SetSource(colour);
+    cairo_rectangle(m_Cairo, rect.x, rect.y, rect.width, rect.height);
+    cairo_fill(m_Cairo);
+}
+
 // A character of several glyphs, or one that has to be squeezed into its cell or cut off there.
 void _TextPainter::Canvas::DrawAlone(const _Glyph& glyph, int x, int y, int width)
 {
     Flush();
     cairo_save(m_Cairo);
+    SetSource(m_Colour);
     if (glyph.tall)
     {
         cairo_rectangle(m_Cairo, x, y, width, m_Glyphs.LineHeight());
@@ -141,6 +168,7 @@ void _TextPainter::Canvas::Flush()
 {
     if (!m_Batch.empty())
     {
+        SetSource(m_Colour);
         cairo_set_scaled_font(m_Cairo, m_BatchFont);
         cairo_show_glyphs(m_Cairo, m_Batch.data(), static_cast<int>(m_Batch.size()));
         m_Batch.clear();
@@ -188,6 +216,36 @@ void _TextPainter::DrawCell(const wchar_t* characters, int count, int x, int y, 
     {
         m_Dc.DrawText(wxString(characters, static_cast<size_t>(count)), x, y);
     }
+}
+
+void _TextPainter::DrawAscii(const char* characters, size_t count, int x, int y, int width)
+{
+    if (m_Canvas)
+    {
+        m_Canvas->DrawAscii(characters, count, x, y, width);
+        return;
+    }
+    for (size_t i = 0; i < count; ++i)
+    {
+        const auto character = static_cast<wchar_t>(characters[i]);
+        DrawCell(&character, 1, x + static_cast<int>(i) * width, y, width);
+    }
+}
+
+void _TextPainter::Fill(const wxRect& rect, const wxColour& colour)
+{
+    if (!colour.IsOk())
+    {
+        return;
+    }
+    if (m_Canvas)
+    {
+        m_Canvas->Fill(rect, colour);
+        return;
+    }
+    m_Dc.SetPen(*wxTRANSPARENT_PEN);
+    m_Dc.SetBrush(wxBrush(colour));
+    m_Dc.DrawRectangle(rect);
 }
 
 void _TextPainter::ClipTo(const std::vector<wxRect>& rects)

@@ -31,6 +31,10 @@ public:
     /// pixels: what is wider by nature is squeezed, what is taller than a line is cut off. `y` is
     /// the top of the line.
     void DrawCell(const wchar_t* characters, int count, int x, int y, int width);
+    /// Draws a run of printable ASCII characters, each as `DrawCell` does, `width` pixels apart.
+    void DrawAscii(const char* characters, size_t count, int x, int y, int width);
+    /// Fills a rectangle. An invalid colour draws nothing.
+    void Fill(const wxRect& rect, const wxColour& colour);
     /// Keeps what is drawn from now on within these rectangles, until `Unclip`.
     void ClipTo(const std::vector<wxRect>& rects);
     void Unclip();

@@ -10,18 +10,6 @@
 
 #include <algorithm>
 
-namespace
-{
-void Fill(wxDC& dc, const wxRect& rect, const wxColour& colour)
-{
-    if (colour.IsOk())
-    {
-        dc.SetBrush(wxBrush(colour));
-        dc.DrawRectangle(rect);
-    }
-}
-} // namespace
-
 _TextGeometry wxTextLineCtrl::Geometry() const
 {
     _TextGeometry geometry;
@@ -44,23 +32,21 @@ void wxTextLineCtrl::DrawBitmap()
     CALL_ENTRY("wxTextLineCtrl::DrawBitmap");
     const _TextGeometry geometry = Geometry();
     wxMemoryDC          dc(*m_Buffer);
-    dc.SetPen(*wxTRANSPARENT_PEN);
-    Fill(dc, wxRect(geometry.client), GetBackgroundColour());
-    DrawBands(dc, geometry);
-
-    _LinePainter painter(dc, m_Font.font, geometry, *m_Places);
+    _LinePainter        painter(dc, m_Font.font, geometry, *m_Places);
     painter.SetColour(GetForegroundColour());
-    const int end = EndOfDrawnLines(geometry);
+    const _TextPalette palette = Palette();
+    const int          end = EndOfDrawnLines(geometry);
     for (int line = geometry.FirstDrawnLine(); line < end; ++line)
     {
+        painter.Fill(geometry.BandOf(line), palette.Band(StateOf(line)));
         painter.DrawLine(line, m_Lines->Line(line),
                          {geometry.FirstDrawnCell(), geometry.EndOfDrawnCells()});
+        if (line == m_MarkedLine)
+        {
+            DrawHit(geometry, palette, painter);
+        }
     }
-    painter.Flush();
-    if (m_MarkedLine >= geometry.FirstDrawnLine() && m_MarkedLine < end)
-    {
-        DrawHit(dc, geometry, painter);
-    }
+    painter.Fill(geometry.BelowLines(), palette.Band({}));
 }
 
 int wxTextLineCtrl::EndOfDrawnLines(const _TextGeometry& geometry) const
@@ -75,24 +61,9 @@ _LineState wxTextLineCtrl::StateOf(int line) const
     return {m_Selection->Contains(line), line == m_HoverLine, line == m_MarkedLine};
 }
 
-// Plain lines show the background that is there already.
-void wxTextLineCtrl::DrawBands(wxMemoryDC& dc, const _TextGeometry& geometry) const
-{
-    const _TextPalette palette = Palette();
-    const int          end = EndOfDrawnLines(geometry);
-    for (int line = geometry.FirstDrawnLine(); line < end; ++line)
-    {
-        const _LineState state = StateOf(line);
-        if (state.selected || state.hover || state.marked)
-        {
-            Fill(dc, geometry.BandOf(line), palette.Band(state));
-        }
-    }
-}
-
 // The hit is its cells with every colour inverted, in a box with rounded corners. The ports can't
 // invert alike, so that it is drawn anew in the inverted colours.
-void wxTextLineCtrl::DrawHit(wxMemoryDC& dc, const _TextGeometry& geometry,
+void wxTextLineCtrl::DrawHit(const _TextGeometry& geometry, const _TextPalette& palette,
                              _LinePainter& painter) const
 {
     const std::string_view text = m_Lines->Line(m_MarkedLine);
@@ -108,12 +79,13 @@ void wxTextLineCtrl::DrawHit(wxMemoryDC& dc, const _TextGeometry& geometry,
         return;
     }
     const auto     rows = _RoundedRows(box, m_ColumnWidth / 2);
-    const wxColour inverted = _InvertedColour(Palette().Band(StateOf(m_MarkedLine)));
+    const wxColour inverted = _InvertedColour(palette.Band(StateOf(m_MarkedLine)));
     for (const wxRect& row : rows)
     {
-        Fill(dc, row, inverted);
+        painter.Fill(row, inverted);
     }
     painter.SetColour(_InvertedColour(GetForegroundColour()));
     painter.DrawLineWithin(rows, m_MarkedLine, text,
                            {geometry.FirstDrawnCell(), geometry.EndOfDrawnCells()});
+    painter.SetColour(GetForegroundColour());
 }

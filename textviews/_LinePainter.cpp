@@ -2,8 +2,24 @@
 
 namespace
 {
-constexpr int      kMostMarks = 15; // combining marks drawn on one character
-constexpr uint32_t kSpace = ' ';
+constexpr int kMostMarks = 15; // combining marks drawn on one character
+
+bool IsAscii(char c)
+{
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
+// How many printable ASCII characters the text starts with. One that something else follows does
+// not count: that may be a mark upon it.
+size_t PlainRun(std::string_view text)
+{
+    size_t run = 0;
+    while (run < text.size() && text[run] >= ' ' && text[run] < '\x7f')
+    {
+        ++run;
+    }
+    return run > 0 && run < text.size() && !IsAscii(text[run]) ? run - 1 : run;
+}
 } // namespace
 
 _LinePainter::_LinePainter(wxMemoryDC& dc, const wxFont& font, const _TextGeometry& geometry,
@@ -20,31 +36,48 @@ void _LinePainter::DrawLine(int line, std::string_view text, const Cells& cells)
     const int        top = m_Geometry.TopOf(line);
     while (byte < text.size() && cell < cells.end)
     {
-        const _TextCell base = _CellAt(text, byte);
-        wchar_t         shown[1 + kMostMarks] = {static_cast<wchar_t>(base.shown)};
-        int             count = 1;
-        byte += static_cast<size_t>(base.bytes);
-        while (byte < text.size() && static_cast<unsigned char>(text[byte]) >= 0x80)
+        const size_t run = PlainRun(text.substr(byte, static_cast<size_t>(cells.end - cell)));
+        if (run > 0)
         {
-            const _TextCell mark = _CellAt(text, byte);
-            if (mark.cells > 0)
-            {
-                break;
-            }
-            if (count <= kMostMarks)
-            {
-                shown[count++] = static_cast<wchar_t>(mark.shown);
-            }
-            byte += static_cast<size_t>(mark.bytes);
+            m_Painter.DrawAscii(text.data() + byte, run, m_Geometry.XOf(cell), top,
+                                m_Geometry.columnWidth);
+            byte += run;
+            cell += static_cast<int64_t>(run);
         }
-        if (base.cells > 0 && (base.shown != kSpace || count > 1))
+        else
         {
-            m_Painter.DrawCell(shown, count, m_Geometry.XOf(cell), top,
-                               base.cells * m_Geometry.columnWidth);
+            cell += DrawCharacter(text, byte, m_Geometry.XOf(cell), top);
         }
-        cell += base.cells;
     }
     m_Painter.Flush();
+}
+
+// Draws the character at that byte with its combining marks, moves the byte on beyond them, and
+// gives the number of cells that it takes.
+int _LinePainter::DrawCharacter(std::string_view text, size_t& byte, int x, int y)
+{
+    const _TextCell base = _CellAt(text, byte);
+    wchar_t         shown[1 + kMostMarks] = {static_cast<wchar_t>(base.shown)};
+    int             count = 1;
+    byte += static_cast<size_t>(base.bytes);
+    while (byte < text.size() && !IsAscii(text[byte]))
+    {
+        const _TextCell mark = _CellAt(text, byte);
+        if (mark.cells > 0)
+        {
+            break;
+        }
+        if (count <= kMostMarks)
+        {
+            shown[count++] = static_cast<wchar_t>(mark.shown);
+        }
+        byte += static_cast<size_t>(mark.bytes);
+    }
+    if (base.cells > 0)
+    {
+        m_Painter.DrawCell(shown, count, x, y, base.cells * m_Geometry.columnWidth);
+    }
+    return base.cells;
 }
 
 void _LinePainter::DrawLineWithin(const std::vector<wxRect>& rects, int line, std::string_view text,

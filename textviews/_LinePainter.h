@@ -27,9 +27,11 @@ public:
     /// The same, cut off outside the rectangles.
     void DrawLineWithin(const std::vector<wxRect>& rects, int line, std::string_view text,
                         const Cells& cells);
-    void Flush() { m_Painter.Flush(); }
+    void Fill(const wxRect& rect, const wxColour& colour) { m_Painter.Fill(rect, colour); }
 
 private:
+    int DrawCharacter(std::string_view text, size_t& byte, int x, int y);
+
     _TextPainter         m_Painter;
     const _TextGeometry& m_Geometry;
     _TextPlaces&         m_Places;

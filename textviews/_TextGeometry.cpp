@@ -41,6 +41,12 @@ wxRect _TextGeometry::BandOf(int line) const
     return {0, TopOf(line), client.x, lineHeight};
 }
 
+wxRect _TextGeometry::BelowLines() const
+{
+    const int top = std::clamp(TopOf(lineCount), 0, client.y);
+    return {0, top, client.x, client.y - top};
+}
+
 int64_t _TextGeometry::FirstDrawnCell() const
 {
     return std::max(scroll.x / columnWidth - 1, 0);

@@ -22,6 +22,7 @@ struct TOLVAN_API _TextGeometry
     int    TopOf(int line) const;
     int    LineAt(int y) const; ///< -1 below the last line; above the first one that one.
     wxRect BandOf(int line) const;
+    wxRect BelowLines() const; ///< Empty when lines fill the view.
 
     int64_t FirstDrawnCell() const; ///< One to the left of the visible ones.
     int64_t EndOfDrawnCells() const;

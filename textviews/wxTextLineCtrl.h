@@ -8,7 +8,6 @@
 
 #include <memory>
 
-class wxMemoryDC;
 class wxMenu;
 class wxTextLineSearchPanel;
 class _LineStore;
@@ -122,8 +121,8 @@ private:
     _TextPalette  Palette() const;
     _LineState    StateOf(int line) const;
     int           EndOfDrawnLines(const _TextGeometry& geometry) const;
-    void          DrawBands(wxMemoryDC& dc, const _TextGeometry& geometry) const;
-    void DrawHit(wxMemoryDC& dc, const _TextGeometry& geometry, _LinePainter& painter) const;
+    void          DrawHit(const _TextGeometry& geometry, const _TextPalette& palette,
+                          _LinePainter& painter) const;
 
     int  InsertSorted(const String& line);
     void Extend(const String& line);

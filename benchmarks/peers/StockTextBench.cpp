@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <memory>
 #include <random>
 
 /// The workload of the text view on the toolkit's own controls.
