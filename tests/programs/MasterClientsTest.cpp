@@ -71,7 +71,8 @@ TEST_F(MasterClients, FloodNeitherBlocksNorGrowsTheMasterAndNoLineIsUnaccountedF
         const auto answer = client.Command(other, "Set Priority", String::FromInt(round));
         ASSERT_TRUE(answer);
         EXPECT_STREQ(answer->Type().c_str(), msg_Done);
-        EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+        // Some seconds under a sanitizer on a busy machine; a master that is blocked never answers.
+        EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
     }
     WriteFile(TempFile("runs/stop"), "");
     ASSERT_TRUE(client.WaitForState(job, state_Done));
