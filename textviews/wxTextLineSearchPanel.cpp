@@ -68,13 +68,10 @@ void wxTextLineSearchPanel::MakeControls()
     m_Close->SetToolTip(_("Close"));
     m_Field = new wxTextCtrl(this, wxID_ANY, wxEmptyString, wxDefaultPosition,
                              wxSize(kFieldWidth, -1), wxTE_PROCESS_ENTER);
-    m_Previous = new wxButton(this, wxID_ANY, _("Previous"), wxDefaultPosition, wxDefaultSize,
-                              wxBU_EXACTFIT);
-    m_Next =
-        new wxButton(this, wxID_ANY, _("Next"), wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
+    m_Previous = new wxButton(this, wxID_ANY, _("Previous"));
+    m_Next = new wxButton(this, wxID_ANY, _("Next"));
     m_MatchCase = new wxCheckBox(this, wxID_ANY, _("Match Case"));
-    m_Stop =
-        new wxButton(this, wxID_ANY, _("Stop"), wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
+    m_Stop = new wxButton(this, wxID_ANY, _("Stop"));
     m_HitCount = new wxStaticText(this, wxID_ANY, wxEmptyString);
     m_Message = new wxStaticText(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
                                  wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE);
@@ -123,13 +120,15 @@ void wxTextLineSearchPanel::OnColoursChanged(wxSysColourChangedEvent& event)
 void wxTextLineSearchPanel::ColourControls()
 {
     const wxColour text = GetForegroundColour();
+    // Without a background of their own: the toolkit would draw it over the box of the check box.
     for (wxWindow* const label :
          {static_cast<wxWindow*>(m_MatchCase), static_cast<wxWindow*>(m_HitCount),
-          static_cast<wxWindow*>(m_Message), static_cast<wxWindow*>(m_Close)})
+          static_cast<wxWindow*>(m_Message)})
     {
         label->SetForegroundColour(text);
-        label->SetBackgroundColour(GetBackgroundColour());
     }
+    m_Close->SetForegroundColour(text);
+    m_Close->SetBackgroundColour(GetBackgroundColour());
     m_Field->SetForegroundColour(wxtGetColor(color_Text));
     m_Field->SetBackgroundColour(wxtGetColor(color_WindowBGLighter));
     for (wxButton* const button : {m_Previous, m_Next, m_Stop})

@@ -1,6 +1,9 @@
 #include "tests/textviews/TextViewTest.h"
 
+#include <wx/filedlg.h>
 #include <wx/menu.h>
+#include <wx/modalhook.h>
+#include <wx/msgdlg.h>
 #include <wx/timer.h>
 #include <wx/uiaction.h>
 
@@ -33,6 +36,55 @@ protected:
     }
 
     wxUIActionSimulator m_Input;
+};
+/// Types a file name into the toolkit's file selector and confirms it; closes message boxes.
+class SelectorTyping : public wxModalDialogHook
+{
+public:
+    explicit SelectorTyping(const wxString& name) : m_Name(name)
+    {
+        Register();
+        m_Wait.Bind(wxEVT_TIMER, &SelectorTyping::OnWait, this);
+    }
+
+    int m_Messages = 0;
+
+protected:
+    int Enter(wxDialog* dialog) override
+    {
+        if (dynamic_cast<wxFileDialog*>(dialog))
+        {
+            m_Wait.Start(kPauseMs);
+            return wxID_NONE;
+        }
+        ++m_Messages;
+        return wxID_OK;
+    }
+
+    void Exit(wxDialog*) override { m_Wait.Stop(); }
+
+private:
+    // The selector fills itself in the background, and proposes names over what is typed.
+    static constexpr int kPauseMs = 700;
+    static constexpr int kMostReturns = 8; // then it gives up
+
+    void OnWait(wxTimerEvent&)
+    {
+        wxUIActionSimulator input;
+        ++m_Turns;
+        if (m_Turns == 1)
+        {
+            input.Text(m_Name.utf8_str());
+        }
+        else
+        {
+            input.Char(m_Turns > kMostReturns ? WXK_ESCAPE : WXK_RETURN);
+        }
+    }
+
+    wxString m_Name;
+    wxTimer  m_Wait;
+    int      m_Turns = 0;
 };
 } // namespace
 
@@ -111,4 +163,24 @@ TEST_F(TextInputTest, TypingInTheSearchBar)
     EXPECT_TRUE(Type(WXK_RETURN, wxMOD_SHIFT, searched(15)));
     EXPECT_TRUE(Type(WXK_ESCAPE, wxMOD_NONE, [this] { return !Panel().IsShown(); }));
     EXPECT_TRUE(WaitFor([this] { return m_View->HasFocus(); }));
+}
+
+TEST_F(TextInputTest, SavesThroughTheFileSelector)
+{
+    const Path           path = TempFile("saved.txt");
+    const SelectorTyping typing(path.Text());
+    m_Input.Char('S', wxMOD_CONTROL);
+    ASSERT_TRUE(WaitFor([&] { return File::Exists(path); }, 15000));
+    const String saved = ReadFile(path);
+    EXPECT_TRUE(saved.StartsWith("line 0\nline 1\n"));
+    EXPECT_EQ(saved.substr(saved.size() - 10), "\nline 199\n");
+    EXPECT_EQ(typing.m_Messages, 0);
+}
+
+// A key has no caller to hear of a failure: the user does.
+TEST_F(TextInputTest, AFailedSaveByKeyIsTold)
+{
+    const SelectorTyping typing("/proc/nothing");
+    m_Input.Char('S', wxMOD_CONTROL);
+    EXPECT_TRUE(WaitFor([&] { return typing.m_Messages > 0; }, 15000));
 }
