@@ -88,6 +88,7 @@ void wxMasterTimer::Erase(wxTimed* timed)
     CALL_ENTRY("wxMasterTimer::Erase");
     const MutexLock lock(TimerLock());
     erase(timed);
+    m_Due.erase(timed);
     if (empty())
     {
         StartOrStop();
@@ -127,14 +128,14 @@ void wxMasterTimer::Tick()
 void wxMasterTimer::TickObjects()
 {
     const MutexLock lock(TimerLock());
-    // An object may destroy any other, itself, or make new ones: those begin with the next tick.
-    const std::set<wxTimed*> objects = *this;
-    for (wxTimed* const object : objects)
+    // An object may destroy any other, itself, or make new ones. Those begin with the next tick,
+    // also where one stands in the place of an object that has gone.
+    m_Due = *this;
+    while (!m_Due.empty())
     {
-        if (count(object))
-        {
-            object->OnTick();
-        }
+        wxTimed* const object = *m_Due.begin();
+        m_Due.erase(m_Due.begin());
+        object->OnTick();
     }
 }
 

@@ -53,7 +53,8 @@ private:
     void TickObjects();
     void StartOrStop();
 
-    int m_Ticks = 0; ///< Never reset while the timer exists.
+    int                m_Ticks = 0; ///< Never reset while the timer exists.
+    std::set<wxTimed*> m_Due;       ///< Whose turn is still to come in the present tick.
 };
 
 /// Null before the first `wxTimed` is made and after the library's clean-up.
