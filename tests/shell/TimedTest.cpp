@@ -2,6 +2,7 @@
 #include "tests/support/FrameTest.h"
 
 #include <memory>
+#include <optional>
 #include <thread>
 
 namespace
@@ -105,6 +106,19 @@ TEST_F(TimedTest, ObjectsMayGoAndComeInsideATick)
     ASSERT_EQ(1u, born.size());
     Tick(5);
     EXPECT_EQ(1, born[0]->ticks);
+}
+
+TEST_F(TimedTest, ANewObjectInThePlaceOfADeadOneBeginsWithTheNextTick)
+{
+    // The objects tick in the order of their addresses: the place comes after the doer.
+    struct
+    {
+        Doer                   doer;
+        std::optional<Counter> place;
+    } pair{Doer([&] { pair.place.emplace(); }), {}};
+    pair.place.emplace();
+    Tick(1);
+    EXPECT_EQ(0, pair.place->ticks);
 }
 
 TEST_F(TimedTest, CleanUpEndsEverythingAndANewObjectBeginsAnew)
