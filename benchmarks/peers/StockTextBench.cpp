@@ -131,11 +131,12 @@ BENCHMARK_TEMPLATE(AppendAndRepaint, PlainText)
     ->UseRealTime()
     ->Unit(benchmark::kMillisecond);
 
-void RepaintAnywhere(benchmark::State& state)
+template <class Control> void RepaintAnywhere(benchmark::State& state)
 {
-    const Stage<StyledText>    stage;
+    const Stage<Control>       stage;
+    const int                  count = static_cast<int>(state.range(0));
     const std::vector<String>& lines = WorkloadLines();
-    for (int i = 0; i < kMillion; ++i)
+    for (int i = 0; i < count; ++i)
     {
         stage->Append(lines[static_cast<size_t>(i) % lines.size()]);
     }
@@ -144,7 +145,7 @@ void RepaintAnywhere(benchmark::State& state)
     std::vector<double> times;
     for (auto _ : state)
     {
-        stage->ScrollTo(static_cast<int>(random() % kMillion));
+        stage->ScrollTo(static_cast<int>(random() % static_cast<unsigned>(count)));
         const auto start = Clock::now();
         stage->Repaint();
         times.push_back(Seconds(Clock::now() - start));
@@ -155,11 +156,12 @@ void RepaintAnywhere(benchmark::State& state)
 }
 BENCHMARK(RepaintAnywhere)->Iterations(kRepaints)->UseManualTime()->Unit(benchmark::kMillisecond);
 
-void SearchToTheLastLine(benchmark::State& state)
+template <class Control> void SearchToTheLastLine(benchmark::State& state)
 {
-    const Stage<StyledText>    stage;
+    const Stage<Control>       stage;
+    const int                  count = static_cast<int>(state.range(0));
     const std::vector<String>& lines = WorkloadLines();
-    for (int i = 0; i < kMillion - 1; ++i)
+    for (int i = 0; i < count - 1; ++i)
     {
         stage->Append(lines[static_cast<size_t>(i) % lines.size()]);
     }
@@ -172,7 +174,11 @@ void SearchToTheLastLine(benchmark::State& state)
         }
     }
 }
-BENCHMARK(SearchToTheLastLine)->Iterations(3)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK_TEMPLATE(SearchToTheLastLine, StyledText)
+    ->Args({kMillion, 0})
+    ->Iterations(3)
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
 } // namespace
 
 int main(int argc, char** argv)
