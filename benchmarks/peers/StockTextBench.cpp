@@ -154,7 +154,11 @@ template <class Control> void RepaintAnywhere(benchmark::State& state)
     std::nth_element(times.begin(), times.begin() + kRepaints / 2, times.end());
     state.counters["median_ms"] = times[kRepaints / 2] * 1e3;
 }
-BENCHMARK(RepaintAnywhere)->Iterations(kRepaints)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK_TEMPLATE(RepaintAnywhere, StyledText)
+    ->Arg(kMillion)
+    ->Iterations(kRepaints)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 
 template <class Control> void SearchToTheLastLine(benchmark::State& state)
 {
