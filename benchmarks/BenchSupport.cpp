@@ -127,7 +127,8 @@ int RunBenchmarks(int argc, char** argv)
     }
     wxTheApp->SetExitOnFrameDelete(false);
     SetColors(scheme_Dark);
-    benchmark::AddCustomContext("toolkit", wxGetLibraryVersionInfo().GetVersionString().ToStdString());
+    benchmark::AddCustomContext("toolkit",
+                                wxGetLibraryVersionInfo().GetVersionString().ToStdString());
     benchmark::AddCustomContext("port",
                                 wxPlatformInfo::Get().GetPortIdShortName().ToStdString() +
                                     SFormat(" %d", wxPlatformInfo::Get().GetToolkitMajorVersion()));

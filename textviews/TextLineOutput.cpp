@@ -13,9 +13,16 @@
 
 String wxTextLineCtrl::SelectedText() const
 {
-    String    text;
+    const int first = std::max(m_Selection->First(), 0);
     const int last = std::min(m_Selection->Last(), m_Lines->Count() - 1);
-    for (int line = std::max(m_Selection->First(), 0); line <= last; ++line)
+    size_t    size = 0;
+    for (int line = first; line <= last; ++line)
+    {
+        size += m_Lines->Line(line).size() + 1;
+    }
+    String text;
+    text.reserve(size); // growing would take twice the memory, and that of a log may be much
+    for (int line = first; line <= last; ++line)
     {
         text += m_Lines->Line(line);
         text += '\n';
