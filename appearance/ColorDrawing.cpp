@@ -1,3 +1,4 @@
+#include "appearance/_ColorMix.h"
 #include "appearance/wxTolvanColors.h"
 #include "shell/wxTolvanFrame.h"
 #include "vesta/CallEntry.h"
@@ -20,12 +21,6 @@ unsigned char Channel(int value)
     return static_cast<unsigned char>(std::clamp(value, 0, 255));
 }
 
-// Truncated, so that the same mix gives the same colour on every port.
-unsigned char Mix(unsigned char a, unsigned char b, double share)
-{
-    return Channel(static_cast<int>(a * share + b * (1 - share)));
-}
-
 // The outer colour's share: from 1 at the first step down to (1/steps)^exponent at the last. Single
 // precision is enough for 256 shades.
 float OuterShare(int step, int steps, float exponent)
@@ -33,15 +28,18 @@ float OuterShare(int step, int steps, float exponent)
     const float way = static_cast<float>(std::abs(step - steps)) / static_cast<float>(steps);
     return std::clamp(std::pow(way, exponent), 0.0f, 1.0f);
 }
-
-wxColour BlendColours(const wxColour& outer, const wxColour& inner, float share)
-{
-    const auto mix = [share](unsigned char a, unsigned char b)
-    { return Channel(static_cast<int>(a * share + b * (1 - share))); };
-    return wxColour(mix(outer.Red(), inner.Red()), mix(outer.Green(), inner.Green()),
-                    mix(outer.Blue(), inner.Blue()));
-}
 } // namespace
+
+wxColour _MixColours(const wxColour& a, const wxColour& b, double share)
+{
+    if (!a.IsOk() || !b.IsOk())
+    {
+        return wxColour();
+    }
+    const auto mix = [share](unsigned char first, unsigned char second)
+    { return Channel(static_cast<int>(first * share + second * (1 - share))); };
+    return wxColour(mix(a.Red(), b.Red()), mix(a.Green(), b.Green()), mix(a.Blue(), b.Blue()));
+}
 
 wxColour OffsetColor(const wxColour& colour, int red, int green, int blue)
 {
@@ -55,14 +53,7 @@ wxColour OffsetColor(const wxColour& colour, int red, int green, int blue)
 
 wxColour Disabled(const wxColour& colour)
 {
-    if (!colour.IsOk())
-    {
-        return colour;
-    }
-    const wxColour& grey = *wxLIGHT_GREY;
-    return wxColour(Mix(colour.Red(), grey.Red(), kDisabledOwnShare),
-                    Mix(colour.Green(), grey.Green(), kDisabledOwnShare),
-                    Mix(colour.Blue(), grey.Blue(), kDisabledOwnShare));
+    return _MixColours(colour, *wxLIGHT_GREY, kDisabledOwnShare);
 }
 
 wxColour Hilight(const wxColour& colour)
@@ -86,7 +77,7 @@ void DrawGradedRectangle(wxDC& dc, const wxRect& rect, const wxColour& inner, co
     for (int i = 0; i < steps; ++i)
     {
         const float share = graded ? OuterShare(i, steps, exponent) : 0;
-        dc.SetBrush(wxBrush(BlendColours(outer, inner, share)));
+        dc.SetBrush(wxBrush(_MixColours(outer, inner, share)));
         dc.DrawRectangle(area);
         if (shrinkTop)
         {

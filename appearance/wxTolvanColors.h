@@ -1,18 +1,24 @@
 #pragma once
 
+#include "appearance/wxtButton.h"
+#include "appearance/wxtCheckBox.h"
+#include "appearance/wxtColorManaged.h"
+#include "appearance/wxtRenderer.h"
+#include "appearance/wxtStockControls.h"
 #include "vesta/Export.h"
 #include "vesta/IniFile.h"
 #include "vesta/String.h"
 
 #include <wx/colour.h>
-#include <wx/panel.h>
-#include <wx/weakref.h>
 
 #include <map>
 
+class wxDC;
+
 /// The colour scheme: one table of named colours that every window is painted from, the schemes
-/// that fill it, and the mixin through which a window follows it. Drawing code asks for a colour by
-/// its name when it draws and never keeps one. Main thread only.
+/// that fill it, and (in the headers above) the mixin through which a window follows it and the
+/// controls that it gives a look of their own. Drawing code asks for a colour by its name when it
+/// draws and never keeps one. Main thread only.
 
 /// Names of the colours: keys of the table and of "Colors.ini".
 /// @{
@@ -105,54 +111,3 @@ TOLVAN_API void DrawGradedRectangle(wxDC& dc, const wxRect& rect, const wxColour
 /// The elliptic arc in the rectangle from one angle to the other (degrees, anticlockwise from three
 /// o'clock), with the current pen and brush; a pie slice unless the brush is transparent.
 TOLVAN_API void DrawCircle(wxDC& dc, const wxRect& rect, double startAngle, double endAngle);
-
-/// Mixed into a window class beside its window base: holds the names and offsets of the window's
-/// colours and sets them again whenever the scheme changes. A window made inside a managed one
-/// starts with that one's settings.
-class TOLVAN_API wxtColorManaged
-{
-public:
-    /// Manages nothing until `Manage` is called.
-    wxtColorManaged();
-    explicit wxtColorManaged(wxWindow* window);
-    ~wxtColorManaged();
-    wxtColorManaged(const wxtColorManaged&) = delete;
-    wxtColorManaged& operator=(const wxtColorManaged&) = delete;
-
-    /// Attaches to the window (and leaves an earlier one) and colours it. The window is not owned;
-    /// either may go first.
-    void Manage(wxWindow* window);
-    /// Sets the window's colours from the table. Called after any change of the settings below and
-    /// after the window was enabled or disabled.
-    void RefreshColors() const;
-    void wxtHandleSysColorChanged(wxSysColourChangedEvent& event);
-
-    String m_ForegroundName;
-    String m_BackgroundName;
-    String m_DisabledForegroundName;
-    String m_DisabledBackgroundName;
-    /// Added to each of red, green and blue.
-    /// @{
-    int m_ForegroundOffset = 0;
-    int m_BackgroundOffset = 0;
-    int m_DisabledForegroundOffset = 0;
-    int m_DisabledBackgroundOffset = 0;
-    /// @}
-
-private:
-    void Detach();
-    void InheritFrom(const wxtColorManaged& parent);
-    void UseDefaults();
-
-    wxWeakRef<wxWindow> m_Window;
-};
-
-/// A panel in the colours of the scheme; base of the composite views.
-class TOLVAN_API wxtPanel : public wxPanel, public wxtColorManaged
-{
-public:
-    explicit wxtPanel(wxWindow* parent, wxWindowID id = wxID_ANY,
-                      const wxPoint& position = wxDefaultPosition,
-                      const wxSize& size = wxDefaultSize, long style = wxTAB_TRAVERSAL,
-                      const wxString& name = wxASCII_STR(wxPanelNameStr));
-};

@@ -18,6 +18,15 @@ public:
     /// One flat colour over the whole sash window: position and orientation do not matter.
     void DrawSplitterSash(wxWindow* window, wxDC& dc, const wxSize& size, wxCoord position,
                           wxOrientation orientation, int flags) override;
+    void DrawComboBoxDropButton(wxWindow* window, wxDC& dc, const wxRect& rect,
+                                int flags = 0) override;
+    /// A triangle at the right end of the rectangle, in the colour of the buttons' text.
+    void DrawDropArrow(wxWindow* window, wxDC& dc, const wxRect& rect, int flags = 0) override;
+    /// A bevelled box; filled with the selection's colour and pressed in when checked.
+    void DrawCheckBox(wxWindow* window, wxDC& dc, const wxRect& rect, int flags = 0) override;
+    void DrawChoice(wxWindow* window, wxDC& dc, const wxRect& rect, int flags = 0) override;
+    /// Rings of colour, the same way.
+    void DrawRadioBitmap(wxWindow* window, wxDC& dc, const wxRect& rect, int flags = 0) override;
     wxSplitterRenderParams GetSplitterParams(const wxWindow* window) override;
     wxRendererVersion      GetVersion() const override;
 };

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "vesta/Export.h"
+
+#include <wx/event.h>
+
+/// Tells whether the release of a key on a control ends a press that was meant for something else:
+/// one that a dialog took for itself, or one that was already down when the control got the focus
+/// (the key that closed a dialog must not click the button that the focus returns to). A release
+/// without a known press counts as the control's own.
+class TOLVAN_API _ForeignKey
+{
+public:
+    void OnFocus();                           ///< The control has got the focus.
+    void OnCharHook(const wxKeyEvent& event); ///< A press, before anybody has taken it.
+    void OnKeyDown();                         ///< A press that nobody has taken.
+    /// Whether the release is somebody else's; forgets the press.
+    bool EndsWith(const wxKeyEvent& event);
+
+private:
+    int m_Key = WXK_NONE; ///< The key whose press is somebody else's.
+};

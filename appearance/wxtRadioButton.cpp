@@ -1,0 +1,155 @@
+#include "appearance/wxtCheckBox.h"
+#include "vesta/CallEntry.h"
+
+#include <wx/renderer.h>
+#include <wx/toplevel.h>
+
+#include <algorithm>
+
+// clang-format off
+wxBEGIN_EVENT_TABLE(wxtRadioButton, wxtCheckBox)
+    EVT_KEY_DOWN(wxtRadioButton::ArrowKey)
+wxEND_EVENT_TABLE()
+    // clang-format on
+
+    namespace
+{
+    // The radio buttons among the siblings from `from` on, until `isEnd` holds of one; it is left
+    // out.
+    template <class Iterator, class IsEnd>
+    std::vector<wxtRadioButton*> RadioButtons(Iterator from, Iterator to, IsEnd isEnd)
+    {
+        std::vector<wxtRadioButton*> found;
+        for (; from != to; ++from)
+        {
+            auto* const button = dynamic_cast<wxtRadioButton*>(*from);
+            if (button && isEnd(*button))
+            {
+                break;
+            }
+            if (button)
+            {
+                found.push_back(button);
+            }
+        }
+        return found;
+    }
+
+    // As a vector: the toolkit's list goes backwards badly.
+    std::vector<wxWindow*> SiblingsOf(const wxWindow& window)
+    {
+        if (!wxDynamicCast(wxGetTopLevelParent(const_cast<wxWindow*>(&window)), wxTopLevelWindow))
+        {
+            return {};
+        }
+        const wxWindowList& all = window.GetParent()->GetChildren();
+        return {all.begin(), all.end()};
+    }
+} // namespace
+
+wxtRadioButton::wxtRadioButton(wxWindow* parent, wxWindowID id, const wxString& label,
+                               const wxPoint& position, const wxSize& size, long style,
+                               const wxValidator& validator, const wxString& name)
+    : wxtCheckBox(parent, id, label, position, size, style, validator, name)
+{
+    CALL_ENTRY("wxtRadioButton::wxtRadioButton");
+    if (StartsGroup())
+    {
+        SetValue(true);
+    }
+}
+
+std::vector<wxtRadioButton*> wxtRadioButton::GroupBefore() const
+{
+    const std::vector<wxWindow*> all = SiblingsOf(*this);
+    const auto                   self = std::find(all.begin(), all.end(), this);
+    if (StartsGroup() || self == all.end())
+    {
+        return {};
+    }
+    bool started = false; // the one that starts the group is the last that belongs to it
+    return RadioButtons(std::make_reverse_iterator(self), all.rend(),
+                        [&started](const wxtRadioButton& button)
+                        {
+                            const bool end = started || button.HasFlag(wxRB_SINGLE);
+                            started = button.StartsGroup();
+                            return end;
+                        });
+}
+
+std::vector<wxtRadioButton*> wxtRadioButton::GroupAfter() const
+{
+    const std::vector<wxWindow*> all = SiblingsOf(*this);
+    const auto                   self = std::find(all.begin(), all.end(), this);
+    if (self == all.end())
+    {
+        return {};
+    }
+    return RadioButtons(std::next(self), all.end(),
+                        [](const wxtRadioButton& button)
+                        { return button.StartsGroup() || button.HasFlag(wxRB_SINGLE); });
+}
+
+void wxtRadioButton::SetValue(bool value)
+{
+    CALL_ENTRY("wxtRadioButton::SetValue");
+    wxtCheckBox::SetValue(value);
+    if (!value || SiblingsOf(*this).empty())
+    {
+        return;
+    }
+    for (wxtRadioButton* const other : GroupBefore())
+    {
+        other->SetValue(false);
+    }
+    for (wxtRadioButton* const other : GroupAfter())
+    {
+        other->SetValue(false);
+    }
+    if (!HasFocus())
+    {
+        SetFocus();
+    }
+}
+
+void wxtRadioButton::DrawButton(wxDC& dc, const wxRect& rect, int flags)
+{
+    wxRendererNative::Get().DrawRadioBitmap(this, dc, rect, flags);
+}
+
+wxEventType wxtRadioButton::ClickEventType() const
+{
+    return wxEVT_RADIOBUTTON;
+}
+
+void wxtRadioButton::HandleClick()
+{
+    SetValue(true);
+}
+
+// Round the group, past what cannot be chosen.
+void wxtRadioButton::ArrowKey(wxKeyEvent& event)
+{
+    const int  key = event.GetKeyCode();
+    const bool back = key == WXK_LEFT || key == WXK_UP;
+    const bool forward = key == WXK_RIGHT || key == WXK_DOWN;
+    if (event.HasAnyModifiers() || !(back || forward))
+    {
+        event.Skip();
+        return;
+    }
+    std::vector<wxtRadioButton*>       way = GroupAfter();
+    const std::vector<wxtRadioButton*> before = GroupBefore();
+    way.insert(way.end(), before.rbegin(), before.rend());
+    if (back)
+    {
+        std::reverse(way.begin(), way.end());
+    }
+    const auto next = std::find_if(way.begin(), way.end(),
+                                   [](const wxtRadioButton* button)
+                                   { return button->IsEnabled() && button->IsShown(); });
+    if (next != way.end())
+    {
+        (*next)->DoClick();
+    }
+}
