@@ -242,7 +242,7 @@ void wxtCheckBox::DrawLabel(wxDC& dc, const wxRect& box)
     const int      left = box.x + client.y + kLabelGap;
     const wxColour colour = wxtGetColor(m_Hover ? color_TextOrange : color_Text);
     dc.SetFont(GetFont());
-    dc.SetTextForeground(IsEnabled() && colour.IsOk() ? colour : GetForegroundColour());
+    dc.SetTextForeground(colour.IsOk() ? colour : GetForegroundColour());
     dc.SetTextBackground(GetBackgroundColour());
     _MnemonicLabel(m_Label).Draw(dc, wxPoint(left, box.y), client.x - left);
 }
