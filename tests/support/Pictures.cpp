@@ -28,7 +28,8 @@ wxImage PictureOfScreen()
     // Another program's: the toolkit's own screen context leaves out other programs' windows.
     const wxString file = wxFileName::CreateTempFileName("tolvan-screen");
     wxImage        image;
-    if (wxExecute("import -silent -window root png:" + file, wxEXEC_SYNC) == 0)
+    // Its windows must not be disabled meanwhile: that would be the picture.
+    if (wxExecute("import -silent -window root png:" + file, wxEXEC_SYNC | wxEXEC_NODISABLE) == 0)
     {
         image.LoadFile(file, wxBITMAP_TYPE_PNG);
     }
