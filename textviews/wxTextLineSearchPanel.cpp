@@ -8,11 +8,7 @@
 #include "vesta/CallEntry.h"
 
 #include <wx/app.h>
-#include <wx/bmpbuttn.h>
-#include <wx/button.h>
-#include <wx/checkbox.h>
 #include <wx/sizer.h>
-#include <wx/stattext.h>
 #include <wx/textctrl.h>
 
 #include <chrono>
@@ -56,25 +52,25 @@ wxTextLineSearchPanel::wxTextLineSearchPanel(wxTextLineCtrl* view, wxWindow* par
     MakeControls();
     LayOutControls();
     BindEvents();
-    ColourControls();
+    ColourField();
 }
 
 wxTextLineSearchPanel::~wxTextLineSearchPanel() = default;
 
 void wxTextLineSearchPanel::MakeControls()
 {
-    m_Close = new wxBitmapButton(this, wxID_ANY, wxBitmap(searchCancel_xpm), wxDefaultPosition,
-                                 wxDefaultSize, wxBORDER_NONE);
+    m_Close = new wxtBitmapButton(this, wxID_ANY, wxBitmap(searchCancel_xpm), wxDefaultPosition,
+                                  wxDefaultSize, wxBORDER_NONE);
     m_Close->SetToolTip(_("Close"));
     m_Field = new wxTextCtrl(this, wxID_ANY, wxEmptyString, wxDefaultPosition,
                              wxSize(kFieldWidth, -1), wxTE_PROCESS_ENTER);
-    m_Previous = new wxButton(this, wxID_ANY, _("Previous"));
-    m_Next = new wxButton(this, wxID_ANY, _("Next"));
-    m_MatchCase = new wxCheckBox(this, wxID_ANY, _("Match Case"));
-    m_Stop = new wxButton(this, wxID_ANY, _("Stop"));
-    m_HitCount = new wxStaticText(this, wxID_ANY, wxEmptyString);
-    m_Message = new wxStaticText(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
-                                 wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE);
+    m_Previous = new wxtButton(this, wxID_ANY, _("Previous"));
+    m_Next = new wxtButton(this, wxID_ANY, _("Next"));
+    m_MatchCase = new wxtCheckBox(this, wxID_ANY, _("Match Case"));
+    m_Stop = new wxtButton(this, wxID_ANY, _("Stop"));
+    m_HitCount = new wxtStaticText(this, wxID_ANY, wxEmptyString);
+    m_Message = new wxtStaticText(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
+                                  wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE);
     m_Stop->Hide();
 }
 
@@ -107,35 +103,18 @@ void wxTextLineSearchPanel::BindEvents()
     m_MatchCase->Bind(wxEVT_CHECKBOX, &wxTextLineSearchPanel::OnTextChanged, this);
     Bind(wxEVT_CHAR_HOOK, &wxTextLineSearchPanel::OnKey, this);
     Bind(wxEVT_IDLE, &wxTextLineSearchPanel::OnIdle, this);
-    Bind(wxEVT_SYS_COLOUR_CHANGED, &wxTextLineSearchPanel::OnColoursChanged, this);
+    Bind(wxEVT_SYS_COLOUR_CHANGED,
+         [this](wxSysColourChangedEvent& event)
+         {
+             event.Skip();
+             ColourField();
+         });
 }
 
-void wxTextLineSearchPanel::OnColoursChanged(wxSysColourChangedEvent& event)
+void wxTextLineSearchPanel::ColourField()
 {
-    event.Skip();
-    RefreshColors(); // the controls take over what the panel has
-    ColourControls();
-}
-
-void wxTextLineSearchPanel::ColourControls()
-{
-    const wxColour text = GetForegroundColour();
-    // Without a background of their own: the toolkit would draw it over the box of the check box.
-    for (wxWindow* const label :
-         {static_cast<wxWindow*>(m_MatchCase), static_cast<wxWindow*>(m_HitCount),
-          static_cast<wxWindow*>(m_Message)})
-    {
-        label->SetForegroundColour(text);
-    }
-    m_Close->SetForegroundColour(text);
-    m_Close->SetBackgroundColour(GetBackgroundColour());
     m_Field->SetForegroundColour(wxtGetColor(color_Text));
     m_Field->SetBackgroundColour(wxtGetColor(color_WindowBGLighter));
-    for (wxButton* const button : {m_Previous, m_Next, m_Stop})
-    {
-        button->SetForegroundColour(wxtGetColor(color_ButtonText));
-        button->SetBackgroundColour(wxtGetColor(color_ButtonFace));
-    }
 }
 
 void wxTextLineSearchPanel::Expand()

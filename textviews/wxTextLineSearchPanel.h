@@ -8,9 +8,6 @@
 
 #include <memory>
 
-class wxButton;
-class wxCheckBox;
-class wxStaticText;
 class wxTextCtrl;
 class wxTextLineCtrl;
 
@@ -60,8 +57,7 @@ private:
     void OnKey(wxKeyEvent& event);
     void OnIdle(wxIdleEvent& event);
     void OnTextChanged(wxCommandEvent& event);
-    void OnColoursChanged(wxSysColourChangedEvent& event);
-    void ColourControls();
+    void ColourField();
 
     bool WorkOnSearch();
     void FinishSearch();
@@ -74,11 +70,11 @@ private:
     wxWeakRef<wxTextLineCtrl> m_View;
     std::unique_ptr<Work>     m_Work;
     wxTextCtrl*               m_Field = nullptr;
-    wxButton*                 m_Previous = nullptr;
-    wxButton*                 m_Next = nullptr;
-    wxButton*                 m_Stop = nullptr;
-    wxCheckBox*               m_MatchCase = nullptr;
-    wxStaticText*             m_HitCount = nullptr;
-    wxStaticText*             m_Message = nullptr;
-    wxButton*                 m_Close = nullptr;
+    wxtButton*                m_Previous = nullptr;
+    wxtButton*                m_Next = nullptr;
+    wxtButton*                m_Stop = nullptr;
+    wxtCheckBox*              m_MatchCase = nullptr;
+    wxtStaticText*            m_HitCount = nullptr;
+    wxtStaticText*            m_Message = nullptr;
+    wxtBitmapButton*          m_Close = nullptr;
 };
