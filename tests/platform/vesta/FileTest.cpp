@@ -1,13 +1,11 @@
 #include "vesta/File.h"
 
 #include "tests/support/LogCapture.h"
+#include "tests/support/Thrown.h"
 #include "tests/support/UserFolderTest.h"
-#include "vesta/Exception.h"
 #include "vesta/FileLock.h"
 
 #include <cstdlib>
-#include <functional>
-#include <map>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -17,85 +15,49 @@ namespace
 class FileTest : public UserFolderTest
 {
 protected:
-    FileTest() { File::MakeFolder(UserFile("").Branch()); }
-
-    static int Code(const std::function<void()>& action)
+    static mode_t TypeOf(const Path& path)
     {
-        try
-        {
-            action();
-        }
-        catch (Exception* e)
-        {
-            const int code = e->Code();
-            delete e;
-            return code;
-        }
-        return 0;
+        struct stat status = {};
+        EXPECT_EQ(0, lstat(path.Text().c_str(), &status)) << path.Text();
+        return status.st_mode & S_IFMT;
+    }
+    void Link(const char* target, const char* name) const
+    {
+        ASSERT_EQ(0, symlink(target, UserFile(name).Text().c_str()));
     }
 };
-
-/// Sets variables of the environment and puts the old ones back.
-class Environment
-{
-public:
-    explicit Environment(const std::map<String, const char*>& values)
-    {
-        for (const auto& item : values)
-        {
-            const char* const old = std::getenv(item.first.c_str());
-            m_Old.emplace_back(item.first, std::make_pair(old != nullptr, String(old)));
-            item.second ? setenv(item.first.c_str(), item.second, 1) : unsetenv(item.first.c_str());
-        }
-    }
-    ~Environment()
-    {
-        for (const auto& item : m_Old)
-        {
-            item.second.first ? setenv(item.first.c_str(), item.second.second.c_str(), 1)
-                              : unsetenv(item.first.c_str());
-        }
-    }
-    Environment(const Environment&) = delete;
-    Environment& operator=(const Environment&) = delete;
-
-private:
-    std::vector<std::pair<String, std::pair<bool, String>>> m_Old;
-};
-
-String UserDirIn(const char* own, const char* config, const char* home)
-{
-    const Environment environment(
-        {{"TOLVAN_USER_DIR", own}, {"XDG_CONFIG_HOME", config}, {"HOME", home}});
-    return File::FindUserDir();
-}
 
 TEST_F(FileTest, FindsTheUserFolder)
 {
-    EXPECT_EQ("/own", UserDirIn("/own", "/config", "/home/me"));
-    EXPECT_EQ("/config/tolvan", UserDirIn("", "/config", "/home/me"));
-    EXPECT_EQ("/home/me/.config/tolvan", UserDirIn(nullptr, "relative", "/home/me"));
-    EXPECT_EQ("", UserDirIn(nullptr, nullptr, ""));
-}
+    const struct
+    {
+        const char* own;
+        const char* config;
+        const char* home;
+        const char* expected;
+    } cases[] = {
+        {"/own", "/config", "/home/me", "/own"},
+        {"", "/config", "/home/me", "/config/tolvan"},
+        {"", "relative", "/home/me", "/home/me/.config/tolvan"},
+        {"", "", "", ""},
+    };
+    const String home = getenv("HOME");
+    for (const auto& c : cases)
+    {
+        setenv("TOLVAN_USER_DIR", c.own, 1);
+        setenv("XDG_CONFIG_HOME", c.config, 1);
+        setenv("HOME", c.home, 1);
+        EXPECT_EQ(c.expected, File::FindUserDir());
+    }
+    unsetenv("TOLVAN_USER_DIR");
+    unsetenv("XDG_CONFIG_HOME");
+    setenv("HOME", home.c_str(), 1);
 
-TEST_F(FileTest, SaysThatThereIsNoUserFolder)
-{
     File::s_UserDir = "";
-    try
-    {
-        File::GetUserDir();
-        FAIL();
-    }
-    catch (Exception* e)
-    {
-        EXPECT_EQ("File", e->ClassName());
-        EXPECT_EQ("GetUserDir", e->Method());
-        EXPECT_EQ(0x20000003, e->Code());
-        EXPECT_EQ("No User Folder available", e->Text());
-        delete e;
-    }
-    File::s_UserDir = "/x";
-    EXPECT_EQ("/x", File::GetUserDir().Text());
+    const auto exception = Thrown([] { File::GetUserDir(); });
+    ASSERT_TRUE(exception);
+    EXPECT_EQ(ec_NoUserDir, exception->Code());
+    EXPECT_EQ("No User Folder available", exception->Text());
 }
 
 TEST_F(FileTest, MakesFolders)
@@ -106,66 +68,55 @@ TEST_F(FileTest, MakesFolders)
     File::MakeFolder("");
     EXPECT_TRUE(File::IsFolder(folder));
     WriteFile(UserFile("file"), "x");
-    EXPECT_EQ(ec_System, Code([this] { File::MakeFolder(UserFile("file/sub")); }));
-    EXPECT_EQ(ec_System, Code([this] { File::MakeFolder(UserFile("file")); }));
+    EXPECT_EQ(ec_System, CodeThrown([this] { File::MakeFolder(UserFile("file/sub")); }));
+    EXPECT_EQ(ec_System, CodeThrown([this] { File::MakeFolder(UserFile("file")); }));
 }
 
 TEST_F(FileTest, ReadsUpToTheLimit)
 {
-    const Path   path = UserFile("f");
     const String content(100000, '\0');
-    File::WriteAtomically(path, content);
-    EXPECT_EQ(content, File::Read(path, content.size()));
-    EXPECT_EQ(ec_TooLarge, Code([&] { File::Read(path, content.size() - 1); }));
-    EXPECT_EQ(ec_BadData, Code([this] { File::Read(UserFile("").Branch(), 10); }));
-    EXPECT_EQ(ec_BadData, Code([] { File::Read("/dev/zero", 10); }));
-    EXPECT_EQ(ec_System, Code([this] { File::Read(UserFile("none"), 10); }));
+    File::WriteAtomically(UserFile("f"), content);
+    EXPECT_EQ(content, File::Read(UserFile("f"), content.size()));
     EXPECT_FALSE(File::Read("/proc/self/status", 1 << 20).empty()); // Reports no size.
-    EXPECT_EQ(ec_TooLarge, Code([] { File::Read("/proc/self/status", 10); }));
-}
-
-TEST_F(FileTest, ListsNamesInOrder)
-{
-    WriteFile(UserFile("b"), "");
-    WriteFile(UserFile("a"), "");
-    WriteFile(UserFile(".c"), "");
-    EXPECT_EQ((std::vector<String>{".c", "a", "b"}), File::List(UserFile("").Branch()));
-    EXPECT_TRUE(File::List(UserFile("none")).empty());
-    EXPECT_TRUE(File::Remove(UserFile("a")));
-    EXPECT_FALSE(File::Remove(UserFile("a")));
+    const struct
+    {
+        Path   path;
+        size_t limit;
+        int    code;
+    } cases[] = {
+        {UserFile("f"), content.size() - 1, ec_TooLarge},
+        {"/proc/self/status", 10, ec_TooLarge},
+        {UserFile("").Branch(), 10, ec_BadData},
+        {"/dev/zero", 10, ec_BadData},
+        {UserFile("none"), 10, ec_System},
+    };
+    for (const auto& c : cases)
+    {
+        EXPECT_EQ(c.code, CodeThrown([&c] { File::Read(c.path, c.limit); })) << c.path.Text();
+    }
 }
 
 TEST_F(FileTest, WritingFollowsLinks)
 {
-    const Path target = UserFile("real/target");
-    File::MakeFolder(target.Branch());
-    ASSERT_EQ(0, symlink("real/second", UserFile("first").Text().c_str()));
-    ASSERT_EQ(0, symlink("target", UserFile("real/second").Text().c_str()));
+    File::MakeFolder(UserFile("real"));
+    Link("real/second", "first");
+    Link("target", "real/second");
     for (const char* content : {"new", "old"}) // There is no target at first.
     {
         File::WriteAtomically(UserFile("first"), content);
-        EXPECT_EQ(content, File::Read(target, 10));
+        EXPECT_EQ(content, ReadFile(UserFile("real/target")));
     }
-    struct stat status
-    {
-    };
-    ASSERT_EQ(0, lstat(UserFile("first").Text().c_str(), &status));
-    EXPECT_TRUE(S_ISLNK(status.st_mode));
-
-    ASSERT_EQ(0, symlink("loop", UserFile("loop").Text().c_str()));
-    EXPECT_EQ(ec_System, Code([this] { File::WriteAtomically(UserFile("loop"), "x"); }));
+    EXPECT_EQ(S_IFLNK, TypeOf(UserFile("first")));
+    Link("loop", "loop");
+    EXPECT_EQ(ec_System, CodeThrown([this] { File::WriteAtomically(UserFile("loop"), "x"); }));
 }
 
 TEST_F(FileTest, WritingNeverReplacesADevice)
 {
-    ASSERT_EQ(0, symlink("/dev/null", UserFile("null").Text().c_str()));
-    EXPECT_EQ(ec_System, Code([this] { File::WriteAtomically(UserFile("null"), "x"); }));
-    struct stat status
-    {
-    };
-    ASSERT_EQ(0, stat("/dev/null", &status));
-    EXPECT_TRUE(S_ISCHR(status.st_mode));
-    EXPECT_EQ(ec_System, Code([this] { File::WriteAtomically(UserFile("none/f"), "x"); }));
+    Link("/dev/null", "null");
+    EXPECT_EQ(ec_System, CodeThrown([this] { File::WriteAtomically(UserFile("null"), "x"); }));
+    EXPECT_EQ(S_IFCHR, TypeOf("/dev/null"));
+    EXPECT_EQ(ec_System, CodeThrown([this] { File::WriteAtomically(UserFile("none/f"), "x"); }));
 }
 
 TEST_F(FileTest, LockKeepsOthersOut)
@@ -175,8 +126,7 @@ TEST_F(FileTest, LockKeepsOthersOut)
     {
         const FileLock first(path);
         EXPECT_TRUE(first.IsHeld());
-        const FileLock second(path, 30);
-        EXPECT_FALSE(second.IsHeld());
+        EXPECT_FALSE(FileLock(path, 30).IsHeld());
         EXPECT_EQ(1, log.Count("f.lock", log_Warning)) << log.All();
     }
     EXPECT_TRUE(FileLock(path).IsHeld()); // Also behind the one that came too late.

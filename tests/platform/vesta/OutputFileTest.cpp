@@ -1,17 +1,13 @@
 #include "vesta/OutputFile.h"
 
 #include "tests/support/LogCapture.h"
+#include "tests/support/Thrown.h"
 #include "tests/support/UserFolderTest.h"
-#include "vesta/Exception.h"
 
 namespace
 {
 
-class OutputFileTest : public UserFolderTest
-{
-protected:
-    OutputFileTest() { File::MakeFolder(UserFile("").Branch()); }
-};
+using OutputFileTest = UserFolderTest;
 
 TEST_F(OutputFileTest, WritesEveryByte)
 {
@@ -27,7 +23,6 @@ TEST_F(OutputFileTest, WritesEveryByte)
             expected += line + "\n";
         }
         file.Close();
-        file.Close();
         EXPECT_EQ(expected, ReadFile(path));
     }
     {
@@ -39,30 +34,11 @@ TEST_F(OutputFileTest, WritesEveryByte)
 
 TEST_F(OutputFileTest, EveryFailureIsAnException)
 {
-    int        failures = 0;
-    const auto fails = [&failures](const auto& action)
-    {
-        try
-        {
-            action();
-        }
-        catch (Exception* e)
-        {
-            EXPECT_EQ(ec_System, e->Code());
-            EXPECT_FALSE(e->Text2().empty());
-            delete e;
-            ++failures;
-        }
-    };
-    fails([this] { OutputFile(UserFile("none/out")); });
-    EXPECT_EQ(1, failures);
-
+    EXPECT_EQ(ec_System, CodeThrown([this] { OutputFile(UserFile("none/out")); }));
     OutputFile full("/dev/full");
     full.Write("buffered");
-    fails([&full] { full.Close(); });
-    EXPECT_EQ(2, failures);
-    fails([&full] { full.Write(String(100000, 'x')); });
-    EXPECT_EQ(3, failures);
+    EXPECT_EQ(ec_System, CodeThrown([&full] { full.Close(); }));
+    EXPECT_EQ(ec_System, CodeThrown([&full] { full.Write(String(100000, 'x')); }));
     full.Close(); // It is closed already.
 
     const LogCapture log;

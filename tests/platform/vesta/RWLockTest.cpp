@@ -1,13 +1,12 @@
 #include "vesta/RWLock.h"
 
 #include "tests/support/LogCapture.h"
-#include "vesta/Exception.h"
-#include "vesta/Mutex.h"
+#include "tests/support/Threads.h"
+#include "tests/support/Thrown.h"
 
 #include <gtest/gtest.h>
 
 #include <future>
-#include <vector>
 
 namespace
 {
@@ -33,20 +32,10 @@ TEST(RWLock, WriterMayTakeItAgain)
 TEST(RWLock, ReaderMustNotAskForTheWriteLock)
 {
     RWLock lock;
-    int    code = 0;
     {
         const ReadLock read(lock);
-        try
-        {
-            lock.GetWriteLock();
-        }
-        catch (Exception* e)
-        {
-            code = e->Code();
-            delete e;
-        }
+        EXPECT_EQ(ec_Refused, CodeThrown([&lock] { lock.GetWriteLock(); }));
     }
-    EXPECT_EQ(ec_Refused, code);
     const WriteLock write(lock); // It still works.
 }
 
@@ -77,50 +66,32 @@ TEST(RWLock, UnlockWithoutLockIsLogged)
 
 TEST(RWLock, KeepsWritersApart)
 {
-    RWLock                         lock;
-    int                            first = 0; // Unguarded but for the lock.
-    int                            second = 0;
-    std::vector<std::future<void>> threads;
-    for (int i = 0; i < 4; ++i)
+    RWLock     lock;
+    int        first = 0; // Unguarded but for the lock.
+    int        second = 0;
+    const auto write = [&]
     {
-        threads.push_back(std::async(std::launch::async,
-                                     [&, i]
-                                     {
-                                         for (int round = 0; round < 3000; ++round)
-                                         {
-                                             if ((round + i) % 3 == 0)
-                                             {
-                                                 const WriteLock write(lock);
-                                                 ++first;
-                                                 const ReadLock read(lock);
-                                                 ++second;
-                                             }
-                                             else
-                                             {
-                                                 const ReadLock read(lock);
-                                                 const ReadLock again(lock);
-                                                 ASSERT_EQ(first, second);
-                                             }
-                                         }
-                                     }));
-    }
-    for (auto& thread : threads)
+        const WriteLock outer(lock);
+        ++first;
+        std::this_thread::yield();
+        const ReadLock read(lock);
+        ++second;
+    };
+    const auto read = [&]
     {
-        thread.get();
-    }
+        const ReadLock outer(lock);
+        const ReadLock again(lock);
+        ASSERT_EQ(first, second);
+    };
+    Threads(4,
+            [&](int thread)
+            {
+                for (int round = 0; round < 3000; ++round)
+                {
+                    (round + thread) % 3 == 0 ? write() : read();
+                }
+            });
     EXPECT_EQ(4000, first);
-}
-
-TEST(Mutex, IsRecursive)
-{
-    Mutex           mutex;
-    const MutexLock outer(mutex);
-    EXPECT_TRUE(mutex.TryLock());
-    const auto tryElsewhere = [&mutex]
-    { return std::async(std::launch::async, [&mutex] { return mutex.TryLock(); }).get(); };
-    EXPECT_FALSE(tryElsewhere());
-    mutex.Unlock();
-    EXPECT_FALSE(tryElsewhere());
 }
 
 } // namespace

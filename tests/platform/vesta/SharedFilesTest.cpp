@@ -1,14 +1,11 @@
 #include "tests/support/LogCapture.h"
+#include "tests/support/Threads.h"
 #include "tests/support/UserFolderTest.h"
 #include "vesta/IniFile.h"
 #include "vesta/OptionsFile.h"
 
-#include <thread>
-
 namespace
 {
-
-constexpr int kKeys = 20; // a thread
 
 class SharedFilesTest : public UserFolderTest
 {
@@ -19,26 +16,20 @@ protected:
 /// Each thread has its own object, as two programs would have.
 TEST_F(SharedFilesTest, ProgramsLoseNobodysKey)
 {
-    const LogCapture         log;
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i)
-    {
-        threads.emplace_back(
-            [this, i]
+    constexpr int    kKeys = 20; // a thread
+    const LogCapture log;
+    Threads(4,
+            [this](int thread)
             {
                 OptionsFile file(m_File);
                 file.Load(false, false);
                 for (int key = 0; key < kKeys; ++key)
                 {
-                    file.SetValue(SFormat("Section %d", key % 3), SFormat("%d.%d", i, key), "x");
-                    file.SetValue("Common", "key", SFormat("%d.%d", i, key));
+                    const String name = SFormat("%d.%d", thread, key);
+                    file.SetValue(SFormat("Section %d", key % 3), name, "x");
+                    file.SetValue("Common", "key", name);
                 }
             });
-    }
-    for (std::thread& thread : threads)
-    {
-        thread.join();
-    }
     EXPECT_EQ(0, log.Count("", log_Warning)) << log.All();
     IniFile file(m_File);
     ASSERT_TRUE(file.Load(true, true));
@@ -53,25 +44,21 @@ TEST_F(SharedFilesTest, ProgramsLoseNobodysKey)
 
 TEST_F(SharedFilesTest, OneObjectServesManyThreads)
 {
-    OptionsFile              file(m_File);
-    std::vector<std::thread> threads;
+    OptionsFile file(m_File);
     {
         const OptionsFile::PauseAutoWrite all(file);
-        for (int i = 0; i < 4; ++i)
-        {
-            threads.emplace_back(
-                [&file, i]
-                {
-                    for (int key = 0; key < 200; ++key)
-                    {
-                        const OptionsFile::PauseAutoWrite pause(file);
-                        const WriteLock                   lock(file.Lock());
-                        const int                         count = file.GetInt("S", "count", 0);
-                        file.SetValue("S", SFormat("%d.%d", i, key), "x");
-                        file.SetValue("S", "count", String::FromInt(count + 1));
-                    }
-                });
-        }
+        const Threads                     writers(4,
+                                                  [&file](int thread)
+                                                  {
+                                  for (int key = 0; key < 200; ++key)
+                                  {
+                                      const OptionsFile::PauseAutoWrite pause(file);
+                                      const WriteLock                   lock(file.Lock());
+                                      const int count = file.GetInt("S", "count", 0);
+                                      file.SetValue("S", SFormat("%d.%d", thread, key), "x");
+                                      file.SetValue("S", "count", String::FromInt(count + 1));
+                                  }
+                              });
         for (int round = 0; round < 200; ++round)
         {
             // Reading goes on beside it, each answer whole.
@@ -79,11 +66,6 @@ TEST_F(SharedFilesTest, OneObjectServesManyThreads)
             const auto     keys = file.Keys("S").size();
             EXPECT_EQ(keys, static_cast<size_t>(file.GetInt("S", "count", 0)) + (keys ? 1 : 0));
         }
-        for (std::thread& thread : threads)
-        {
-            thread.join();
-        }
-        EXPECT_EQ(0, file.WriteCount());
     }
     EXPECT_EQ(1, file.WriteCount());
     EXPECT_EQ(800, file.GetInt("S", "count", 0));

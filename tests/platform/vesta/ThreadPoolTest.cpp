@@ -1,6 +1,7 @@
 #include "vesta/ThreadPool.h"
 
 #include "tests/support/LogCapture.h"
+#include "tests/support/Threads.h"
 #include "vesta/Exception.h"
 
 #include <gtest/gtest.h>
@@ -9,9 +10,7 @@
 #include <atomic>
 #include <chrono>
 #include <future>
-#include <memory>
 #include <stdexcept>
-#include <thread>
 #include <vector>
 
 namespace
@@ -25,7 +24,6 @@ protected:
 
 TEST_F(ThreadPoolTest, StopsAfterAllThatIsPosted)
 {
-    EXPECT_FALSE(ThreadPool::IsReady());
     EXPECT_FALSE(ThreadPool::Post([] { ADD_FAILURE(); }));
     EXPECT_FALSE(ThreadPool::PostInOrder(nullptr, [] { ADD_FAILURE(); }));
     for (int round = 0; round < 3; ++round)
@@ -42,15 +40,13 @@ TEST_F(ThreadPoolTest, StopsAfterAllThatIsPosted)
         ThreadPool::Stop();
         EXPECT_EQ(1000, count);
         EXPECT_FALSE(ThreadPool::IsReady());
-        ThreadPool::Stop();
     }
 }
 
 TEST_F(ThreadPoolTest, KeepsTheOrderOfEachKey)
 {
-    constexpr int                 kKeys = 8;
-    constexpr int                 kTasks = 500;
-    std::vector<std::vector<int>> seen(kKeys); // One task of a key at a time: no lock is needed.
+    constexpr int    kTasks = 500;
+    std::vector<int> seen[8]; // One task of a key at a time: no lock is needed.
     ThreadPool::Start(4);
     for (int i = 0; i < kTasks; ++i)
     {
@@ -69,18 +65,16 @@ TEST_F(ThreadPoolTest, KeepsTheOrderOfEachKey)
 
 TEST_F(ThreadPoolTest, KeysDoNotWaitForOneAnother)
 {
-    ThreadPool::Start(2);
     int                first = 0;
     int                second = 0;
     std::promise<void> other;
-    const auto         done = other.get_future().share();
-    std::atomic<bool>  inTime{false};
-    ThreadPool::PostInOrder(
-        &first,
-        [&] { inTime = done.wait_for(std::chrono::seconds(20)) == std::future_status::ready; });
+    std::future_status status = std::future_status::timeout;
+    ThreadPool::Start(2);
+    ThreadPool::PostInOrder(&first, [&]
+                            { status = other.get_future().wait_for(std::chrono::seconds(20)); });
     ThreadPool::PostInOrder(&second, [&other] { other.set_value(); });
     ThreadPool::Stop();
-    EXPECT_TRUE(inTime);
+    EXPECT_EQ(std::future_status::ready, status);
 }
 
 TEST_F(ThreadPoolTest, ExceptionsEndOnlyTheirTask)
@@ -103,30 +97,24 @@ TEST_F(ThreadPoolTest, ExceptionsEndOnlyTheirTask)
 TEST_F(ThreadPoolTest, TasksMayPostAndMustNotStop)
 {
     const LogCapture   log;
-    std::promise<bool> posted;
+    std::promise<void> posted;
     ThreadPool::Start(1);
     ThreadPool::PostInOrder(this,
-                            [this, &posted]
+                            [&]
                             {
                                 ThreadPool::Stop();
-                                ThreadPool::PostInOrder(this,
-                                                        [&posted] { posted.set_value(true); });
+                                ThreadPool::PostInOrder(this, [&posted] { posted.set_value(); });
                             });
-    auto       result = posted.get_future();
-    const auto status = result.wait_for(std::chrono::seconds(20));
-    EXPECT_EQ(std::future_status::ready, status);
+    EXPECT_EQ(std::future_status::ready, posted.get_future().wait_for(std::chrono::seconds(20)));
     EXPECT_TRUE(log.Has("ThreadPool::Stop", log_Error)) << log.All();
 }
 
 TEST_F(ThreadPoolTest, BearsStartAndStopFromManyThreads)
 {
-    std::atomic<int>         accepted{0};
-    std::atomic<int>         run{0};
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i)
-    {
-        threads.emplace_back(
-            [&]
+    std::atomic<int> accepted{0};
+    std::atomic<int> run{0};
+    Threads(4,
+            [&](int)
             {
                 for (int round = 0; round < 200; ++round)
                 {
@@ -136,11 +124,6 @@ TEST_F(ThreadPoolTest, BearsStartAndStopFromManyThreads)
                     ThreadPool::Stop();
                 }
             });
-    }
-    for (std::thread& thread : threads)
-    {
-        thread.join();
-    }
     EXPECT_EQ(accepted, run);
     EXPECT_GT(run, 0);
 }
