@@ -1,6 +1,7 @@
 #include "tolvan/ComponentServer.h"
 #include "tests/platform/tolvan/TestPeer.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/Threads.h"
 #include "tests/support/UserFolderTest.h"
 #include "tolvan/Components.h"
 #include "tolvan/Framing.h"
@@ -9,15 +10,12 @@
 #include "vesta/Platform.h"
 
 #include <atomic>
-#include <thread>
 
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
 #include <spawn.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -50,6 +48,7 @@ public:
         close(output[1]);
         m_Input = input[1];
         m_Output = output[0];
+        EXPECT_EQ(ReadLine(), "ready");
     }
     ~Program()
     {
@@ -96,45 +95,41 @@ private:
 class ComponentServerTest : public UserFolderTest
 {
 protected:
-    Path OwnSocket() const
-    {
-        return SocketFolder::ForProgram(component_Monitor, Platform::GetProcessId());
-    }
-    static Message Request(const String& name) { return Message("Request").Set("Name", name); }
+    using Clock = std::chrono::steady_clock;
 
-    LogCapture        m_Log;
-    std::atomic<int>  m_Requests{0};
-    std::atomic<bool> m_Answer{true};
-    ComponentServer   m_Server{component_Monitor, [this](const String& request)
-                             {
-                                 ++m_Requests;
-                                 if (request == "THROW")
-                                 {
-                                     Exception::Throw("Test", "Handler", ec_BadData, "no way");
-                                 }
-                                 return m_Answer.load();
-                             }};
+    TestPeer       Connect() const { return TestPeer::ConnectTo(m_Own); }
+    static Message Request(const String& name) { return Message("Request").Set("Name", name); }
+    bool           Answer(const String& request)
+    {
+        ++m_Requests;
+        if (request == "THROW")
+        {
+            Exception::Throw("Test", "Handler", ec_BadData, "no way");
+        }
+        return request == "YES";
+    }
+
+    LogCapture       m_Log;
+    std::atomic<int> m_Requests{0};
+    ComponentServer  m_Server{component_Monitor,
+                             [this](const String& request) { return Answer(request); }};
+    const Path       m_Own = SocketFolder::ForProgram(component_Monitor, Platform::GetProcessId());
 };
 
 TEST_F(ComponentServerTest, SendsToOtherPrograms)
 {
     Program monitor("TolvanMonitor");
     Program logView("TolvanLogView");
-    ASSERT_EQ(monitor.ReadLine(), "ready");
-    ASSERT_EQ(logView.ReadLine(), "ready");
     EXPECT_TRUE(Components::DidStart(component_LogView));
-
     EXPECT_TRUE(m_Server.Send(component_Monitor, "COLORS"));
     EXPECT_EQ(monitor.ReadLine(), "COLORS");
     EXPECT_TRUE(m_Server.Send(component_LogView, "OTHER"));
     EXPECT_EQ(logView.ReadLine(), "OTHER");
-    EXPECT_TRUE(WaitFor(
-        [&]
-        {
-            return m_Log.Has("answers the request \"COLORS\": Yes") &&
-                   m_Log.Has("answers the request \"OTHER\": No");
-        }))
-        << m_Log.All();
+    for (const char* const answer : {"\"COLORS\": Yes", "\"OTHER\": No"})
+    {
+        EXPECT_TRUE(WaitFor([&] { return m_Log.Has(String("answers the request ") + answer); }))
+            << m_Log.All();
+    }
     EXPECT_EQ(m_Requests, 0) << "never to oneself";
 
     logView.Kill();
@@ -147,66 +142,62 @@ TEST_F(ComponentServerTest, SendsToOtherPrograms)
 
 TEST_F(ComponentServerTest, AnswersRequests)
 {
-    TestPeer peer = TestPeer::ConnectTo(OwnSocket());
-    ASSERT_TRUE(peer.Send(Request("COLORS")));
-    auto answer = peer.Receive();
-    ASSERT_TRUE(answer);
-    EXPECT_EQ(answer->Type(), "Answer");
-    EXPECT_EQ(answer->Get("Done"), k_Yes);
-
-    m_Answer = false;
-    ASSERT_TRUE(peer.Send(Request("COLORS"))) << "one connection carries several requests";
-    answer = peer.Receive();
-    ASSERT_TRUE(answer);
-    EXPECT_EQ(answer->Get("Done"), k_No);
-
-    ASSERT_TRUE(peer.Send(Request("THROW")));
-    answer = peer.Receive();
-    ASSERT_TRUE(answer) << "a handler that fails answers no";
-    EXPECT_EQ(answer->Get("Done"), k_No);
+    TestPeer peer = Connect(); // one connection carries several requests
+    for (const char* const name : {"YES", "NO", "THROW"})
+    {
+        ASSERT_TRUE(peer.Send(Request(name)));
+        const auto answer = peer.Receive();
+        ASSERT_TRUE(answer) << name;
+        EXPECT_EQ(answer->Type(), "Answer");
+        EXPECT_EQ(answer->Get("Done"), name == String("YES") ? k_Yes : k_No) << name;
+    }
     EXPECT_TRUE(m_Log.Has("no way", log_Error)) << m_Log.All();
     EXPECT_EQ(m_Requests, 3);
 }
 
 TEST_F(ComponentServerTest, ClosesConnectionsThatMakeNoSense)
 {
-    const String bad[] = {
-        "GET / HTTP/1.1\r\n\r\n",
-        String("TLV1\x00\x10\x00\x01", 8) + String(100, 'x'),
-        Framing::Wrap("no message"),
-        Framing::Wrap(Message("Answer").Set("Done", k_Yes).Encode()),
-    };
-    for (const String& bytes : bad)
+    const struct
     {
-        TestPeer peer = TestPeer::ConnectTo(OwnSocket());
-        ASSERT_TRUE(peer.Send(bytes));
-        EXPECT_TRUE(peer.SeesEnd());
-    }
+        String      bytes;
+        const char* complaint;
+    } cases[] = {
+        {"GET / HTTP/1.1\r\n\r\n", "A frame begins with 47455420 instead of 544c5631"},
+        {String("TLV1\x00\x10\x00\x01", 8) + String(100, 'x'),
+         "A frame of 1048577 bytes is over the limit of 1048576"},
+        {Framing::Wrap("no message"), "10 bytes came that are no message"},
+        {Framing::Wrap(Message("Answer").Set("Done", k_Yes).Encode()),
+         "a message \"Answer\" came instead of \"Request\""},
+    };
     const String from = SFormat("Closed the connection of process %d: ", getpid());
-    EXPECT_TRUE(WaitFor([&] { return m_Log.Count(from, log_Warning) == 4; })) << m_Log.All();
-    EXPECT_TRUE(m_Log.Has(from + "A frame begins with 47455420 instead of 544c5631"));
-    EXPECT_TRUE(m_Log.Has(from + "A frame of 1048577 bytes is over the limit of 1048576"));
-    EXPECT_TRUE(m_Log.Has(from + "10 bytes came that are no message"));
-    EXPECT_TRUE(m_Log.Has(from + "a message \"Answer\" came instead of \"Request\""));
+    for (const auto& one : cases)
+    {
+        TestPeer peer = Connect();
+        ASSERT_TRUE(peer.Send(one.bytes));
+        EXPECT_TRUE(peer.SeesEnd());
+        EXPECT_TRUE(WaitFor([&] { return m_Log.Has(from + one.complaint, log_Warning); }))
+            << one.complaint << "\n"
+            << m_Log.All();
+    }
     EXPECT_EQ(m_Requests, 0);
 
-    TestPeer::ConnectTo(OwnSocket()).Close();
-    TestPeer peer = TestPeer::ConnectTo(OwnSocket());
-    ASSERT_TRUE(peer.Send(Request("COLORS")));
+    Connect().Close();
+    TestPeer peer = Connect();
+    ASSERT_TRUE(peer.Send(Request("YES")));
     EXPECT_TRUE(peer.Receive()) << "it goes on serving";
     EXPECT_EQ(m_Log.Count("", log_Warning), 4) << "connecting and going is no fault" << m_Log.All();
 }
 
 TEST_F(ComponentServerTest, ClosesTheSilentWhileItServesOthers)
 {
-    const auto begin = std::chrono::steady_clock::now();
-    TestPeer   silent = TestPeer::ConnectTo(OwnSocket());
-    TestPeer   half = TestPeer::ConnectTo(OwnSocket());
-    TestPeer   served = TestPeer::ConnectTo(OwnSocket());
+    const auto begin = Clock::now();
+    TestPeer   silent = Connect();
+    TestPeer   half = Connect();
+    TestPeer   served = Connect();
     ASSERT_TRUE(half.Send(String("TLV1\0\0", 6)));
-    ASSERT_TRUE(served.Send(Request("COLORS")));
+    ASSERT_TRUE(served.Send(Request("YES")));
     EXPECT_TRUE(served.Receive());
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(4));
+    EXPECT_LT(Clock::now() - begin, std::chrono::seconds(4));
     EXPECT_TRUE(silent.SeesEnd());
     EXPECT_TRUE(half.SeesEnd());
     EXPECT_TRUE(served.SeesEnd());
@@ -217,23 +208,14 @@ TEST_F(ComponentServerTest, ClosesTheSilentWhileItServesOthers)
 TEST_F(ComponentServerTest, DoesNotBlockOnAProgramThatDoesNotRead)
 {
     // A program that hangs: it is there, but nobody accepts or reads.
-    const Path path = SocketFolder::ForProgram(component_LogView, 1);
-    const int  hanging = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    {
-        // The plainest way to bind a socket by hand.
-        sockaddr_un address = {};
-        address.sun_family = AF_UNIX;
-        path.Text().copy(address.sun_path, sizeof address.sun_path - 1);
-        ASSERT_EQ(bind(hanging, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
-        ASSERT_EQ(listen(hanging, 2), 0);
-    }
-    const auto begin = std::chrono::steady_clock::now();
+    const int  hanging = ListenAt(SocketFolder::ForProgram(component_LogView, 1), 2);
+    const auto begin = Clock::now();
     int        taken = 0;
     for (int i = 0; i < 20; ++i)
     {
         taken += m_Server.Send(component_LogView, String(100000, 'x'));
     }
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(3));
+    EXPECT_LT(Clock::now() - begin, std::chrono::seconds(3));
     EXPECT_LT(taken, 20) << "its backlog should be full by then";
     close(hanging);
 }
@@ -245,9 +227,7 @@ TEST_F(ComponentServerTest, RefusesOtherUsers)
         GTEST_SKIP() << "only root can become another user";
     }
     // The folder keeps others out; the peer's user is checked all the same.
-    const Path path = OwnSocket();
-    const Path folder = SocketFolder::Get();
-    for (const Path& opened : {path, folder, TempFile("runtime"), TempFile("")})
+    for (const Path& opened : {m_Own, m_Own.Branch(), TempFile("runtime"), TempFile("")})
     {
         ASSERT_EQ(chmod(opened.Text().c_str(), 0777), 0);
     }
@@ -255,46 +235,32 @@ TEST_F(ComponentServerTest, RefusesOtherUsers)
     if (child == 0)
     {
         const bool isOther = setresuid(65534, 65534, 65534) == 0;
-        TestPeer   peer = TestPeer::ConnectTo(path);
+        TestPeer   peer = Connect();
         _exit(isOther && peer.IsConnected() && peer.SeesEnd() ? 0 : 1);
     }
     int status = 0;
     waitpid(child, &status, 0);
     EXPECT_EQ(status, 0);
-    EXPECT_TRUE(WaitFor(
-        [&]
-        {
-            return m_Log.Has(SFormat("Refused a connection of process %d, which belongs to user"
-                                     " 65534",
-                                     child),
-                             log_Warning);
-        }))
-        << m_Log.All();
+    const String refusal =
+        SFormat("Refused a connection of process %d, which belongs to user 65534", child);
+    EXPECT_TRUE(WaitFor([&] { return m_Log.Has(refusal, log_Warning); })) << m_Log.All();
 }
 
 TEST_F(ComponentServerTest, SendsFromManyThreads)
 {
-    Program logView("TolvanLogView");
-    ASSERT_EQ(logView.ReadLine(), "ready");
-    std::atomic<int>         taken{0};
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i)
-    {
-        threads.emplace_back(
-            [&]
+    constexpr int    kEach = 10;
+    Program          logView("TolvanLogView");
+    std::atomic<int> taken{0};
+    Threads(4,
+            [&](int)
             {
-                for (int j = 0; j < 10; ++j)
+                for (int i = 0; i < kEach; ++i)
                 {
                     taken += m_Server.Send(component_LogView, "COLORS");
                 }
             });
-    }
-    for (std::thread& thread : threads)
-    {
-        thread.join();
-    }
-    EXPECT_EQ(taken, 40);
-    for (int i = 0; i < 40; ++i)
+    EXPECT_EQ(taken, 4 * kEach);
+    for (int i = 0; i < 4 * kEach; ++i)
     {
         ASSERT_EQ(logView.ReadLine(), "COLORS") << i;
     }
@@ -302,7 +268,7 @@ TEST_F(ComponentServerTest, SendsFromManyThreads)
 
 TEST(ComponentServer, WorksWithoutASocket)
 {
-    LogCapture log;
+    const LogCapture log;
     setenv("XDG_RUNTIME_DIR", "", 1);
     setenv("TMPDIR", "/no/such/folder", 1);
     {
@@ -314,27 +280,22 @@ TEST(ComponentServer, WorksWithoutASocket)
     EXPECT_TRUE(log.Has("/no/such/folder/tolvan-", log_Error)) << log.All();
 }
 
-TEST(ComponentServer, WorksInAFolderWithALongName)
+using LongNameTest = UserFolderTest;
+
+TEST_F(LongNameTest, ComponentServerWorksInAFolderWithALongName)
 {
-    char pattern[] = "/tmp/tolvan-test-XXXXXX";
-    ASSERT_TRUE(mkdtemp(pattern));
-    const String folder = String(pattern) + "/" + String(200, 'n');
-    ASSERT_EQ(mkdir(folder.c_str(), 0700), 0);
-    setenv("XDG_RUNTIME_DIR", folder.c_str(), 1);
+    const Path folder = TempFile(String(200, 'n'));
+    ASSERT_EQ(mkdir(folder.Text().c_str(), 0700), 0);
+    setenv("XDG_RUNTIME_DIR", folder.Text().c_str(), 1);
     {
         ComponentServer server(component_Monitor, {});
         EXPECT_TRUE(server.IsListening());
         EXPECT_TRUE(Components::DidStart(component_Monitor));
         Program logView("TolvanLogView");
-        EXPECT_EQ(logView.ReadLine(), "ready");
         EXPECT_TRUE(server.Send(component_LogView, "COLORS"));
         EXPECT_EQ(logView.ReadLine(), "COLORS");
     }
-    EXPECT_FALSE(Components::DidStart(component_Monitor)) << "the socket stays behind";
-    EXPECT_TRUE(File::List(Path(folder) / "tolvan").empty());
-    rmdir((folder + "/tolvan").c_str());
-    rmdir(folder.c_str());
-    rmdir(pattern);
+    EXPECT_TRUE(File::List(folder / "tolvan").empty()) << "the socket stays behind";
 }
 
 } // namespace

@@ -1,101 +1,85 @@
 #include "tolvan/MessageQueue.h"
 #include "tests/platform/tolvan/TestPeer.h"
-#include "vesta/Exception.h"
+#include "tests/support/Threads.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <thread>
 
 namespace
 {
 
-MessageReceivedEvt Event(const String& type)
+class MessageQueueTest : public testing::Test
 {
-    MessageReceivedEvt event;
-    event.m_Message = boost::shared_ptr<Message>(new Message(type));
-    return event;
-}
-
-void Ignore(MessageReceivedEvt&)
-{
-}
-
-TEST(MessageQueue, KeepsWhatNoSlotTakes)
-{
-    MessageQueue queue;
-    EXPECT_FALSE(queue.Take());
-    for (const char* const type : {"a", "taken", "b"})
+protected:
+    template <class Slot> void Raise(const String& type, const Slot& slot)
     {
-        MessageReceivedEvt event = Event(type);
-        queue.RaiseAndQueue(event,
-                            [&](MessageReceivedEvt& raised)
-                            {
-                                EXPECT_TRUE(raised.m_Message);
-                                EXPECT_LT(queue.Size(), 2u) << "a slot may look into the queue";
-                                if (raised.m_Message->Type() == "taken")
-                                {
-                                    raised.m_Message.reset();
-                                }
-                            });
+        MessageReceivedEvt event;
+        event.m_Message = boost::shared_ptr<Message>(new Message(type));
+        m_Queue.RaiseAndQueue(event, slot);
     }
-    EXPECT_EQ(queue.Size(), 2u);
-    EXPECT_EQ(queue.Take()->Type(), "a");
-    EXPECT_EQ(queue.Take()->Type(), "b");
-    EXPECT_FALSE(queue.Take());
-}
 
-TEST(MessageQueue, KeepsTheMessageOfASlotThatFails)
+    MessageQueue m_Queue;
+};
+
+TEST_F(MessageQueueTest, KeepsWhatNoSlotTakes)
 {
-    MessageQueue       queue;
-    MessageReceivedEvt event = Event("a");
-    EXPECT_THROW(queue.RaiseAndQueue(event, [](MessageReceivedEvt&) { throw 1; }), int);
-    EXPECT_EQ(queue.Size(), 1u);
-    queue.Clear();
-    EXPECT_EQ(queue.Size(), 0u);
+    const auto slot = [&](MessageReceivedEvt& event)
+    {
+        EXPECT_LT(m_Queue.Size(), 3u) << "a slot may look into the queue";
+        if (event.m_Message->Type() == "taken")
+        {
+            event.m_Message.reset();
+        }
+        else if (event.m_Message->Type() == "fails")
+        {
+            throw 1;
+        }
+    };
+    Raise("a", slot);
+    Raise("taken", slot);
+    EXPECT_THROW(Raise("fails", slot), int);
+    Raise("b", slot);
+    EXPECT_EQ(m_Queue.Size(), 3u);
+    for (const char* const type : {"a", "fails", "b"})
+    {
+        EXPECT_EQ(m_Queue.Take()->Type(), type);
+    }
+    EXPECT_FALSE(m_Queue.Take());
 }
 
-TEST(MessageQueue, WhoIsToldOfAMessageFindsIt)
+TEST_F(MessageQueueTest, WhoIsToldOfAMessageFindsIt)
 {
     // The reader looks as soon as it has been told, while the slot that told it still runs.
-    MessageQueue     queue;
-    std::atomic<int> told{0};
-    std::atomic<int> found{0};
     constexpr int    kCount = 2000;
-    std::thread      reader(
-        [&]
-        {
-            for (int i = 0; i < kCount && WaitFor([&] { return told > i; }); ++i)
-            {
-                found += queue.Take() != nullptr;
-            }
-        });
+    std::atomic<int> told{0};
+    int              found = 0;
+    Threads          reader(1,
+                            [&](int)
+                            {
+                       for (int i = 0; i < kCount && WaitFor([&] { return told > i; }); ++i)
+                       {
+                           found += m_Queue.Take() != nullptr;
+                       }
+                   });
     for (int i = 0; i < kCount; ++i)
     {
-        MessageReceivedEvt event = Event("a");
-        queue.RaiseAndQueue(event,
-                            [&](MessageReceivedEvt&)
-                            {
-                                ++told;
-                                std::this_thread::yield();
-                            });
+        Raise("a",
+              [&](MessageReceivedEvt&)
+              {
+                  ++told;
+                  std::this_thread::yield();
+              });
     }
-    reader.join();
+    reader.Join();
     EXPECT_EQ(found, kCount);
 }
 
-TEST(MessageQueue, WakesWhoWaits)
+TEST_F(MessageQueueTest, WakesWhoWaits)
 {
-    MessageQueue queue;
-    EXPECT_FALSE(queue.WaitAndTake(1));
-    std::thread writer(
-        [&]
-        {
-            MessageReceivedEvt event = Event("a");
-            queue.RaiseAndQueue(event, &Ignore);
-        });
-    EXPECT_TRUE(queue.WaitAndTake(10000));
-    writer.join();
+    EXPECT_FALSE(m_Queue.WaitAndTake(1));
+    const Threads writer(1, [&](int) { Raise("a", [](MessageReceivedEvt&) {}); });
+    EXPECT_TRUE(m_Queue.WaitAndTake(10000));
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 #include "tests/platform/tolvan/TestPeer.h"
 
+#include "tests/support/Thrown.h"
 #include "tolvan/Framing.h"
 #include "tolvan/SocketFolder.h"
-#include "vesta/Exception.h"
 
 #include <cstring>
 #include <thread>
@@ -45,6 +45,18 @@ bool WaitFor(const std::function<bool()>& condition, std::chrono::milliseconds d
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
     return true;
+}
+
+int ListenAt(const Path& path, int backlog)
+{
+    const sockaddr_un address = AddressOf(path);
+    const int         descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    if (bind(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
+        listen(descriptor, backlog) != 0)
+    {
+        Exception::ThrowErrno("TestPeer", "ListenAt", "no socket at " + path.Text());
+    }
+    return descriptor;
 }
 
 TestPeer::TestPeer(int descriptor) : m_Descriptor(descriptor)
@@ -103,22 +115,20 @@ std::optional<String> TestPeer::Read(size_t count)
 
 boost::shared_ptr<Message> TestPeer::Receive()
 {
-    const auto header = Read(Framing::k_HeaderSize);
-    if (!header)
-    {
-        return nullptr;
-    }
-    try
-    {
-        const auto content = Read(Framing::ContentLength(header->data()));
-        return content ? Message::Decode(*content) : nullptr;
-    }
-    catch (Exception* exception)
+    boost::shared_ptr<Message> message;
+    const auto                 exception = Thrown(
+        [&]
+        {
+            const auto header = Read(Framing::k_HeaderSize);
+            const auto content =
+                header ? Read(Framing::ContentLength(header->data())) : std::nullopt;
+            message = content ? Message::Decode(*content) : nullptr;
+        });
+    if (exception)
     {
         exception->Log();
-        delete exception;
-        return nullptr;
     }
+    return message;
 }
 
 bool TestPeer::SeesEnd()
@@ -143,22 +153,16 @@ void TestPeer::Close()
     }
 }
 
-TestMaster::TestMaster()
-    : m_Path(SocketFolder::ForMaster()),
-      m_Descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0))
+TestMaster::TestMaster() : m_Path(SocketFolder::ForMaster())
 {
-    const sockaddr_un address = AddressOf(m_Path);
     unlink(m_Path.Text().c_str());
-    if (bind(m_Descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
-        listen(m_Descriptor, 8) != 0)
-    {
-        Exception::ThrowErrno("TestMaster", "TestMaster", "no socket at " + m_Path.Text());
-    }
+    m_Descriptor = ListenAt(m_Path);
 }
 
 TestMaster::~TestMaster()
 {
-    Stop();
+    close(m_Descriptor);
+    unlink(m_Path.Text().c_str());
 }
 
 TestPeer TestMaster::Accept()
@@ -166,14 +170,4 @@ TestPeer TestMaster::Accept()
     return IsReadable(m_Descriptor)
                ? TestPeer(accept4(m_Descriptor, nullptr, nullptr, SOCK_CLOEXEC))
                : TestPeer();
-}
-
-void TestMaster::Stop()
-{
-    if (m_Descriptor >= 0)
-    {
-        close(m_Descriptor);
-        m_Descriptor = -1;
-        unlink(m_Path.Text().c_str());
-    }
 }

@@ -14,6 +14,9 @@
 bool WaitFor(const std::function<bool()>& condition,
              std::chrono::milliseconds    deadline = std::chrono::seconds(10));
 
+/// A socket that listens there; nobody accepts unless the test does. The caller closes it.
+int ListenAt(const Path& path, int backlog = 8);
+
 /// One end of a local connection that says exactly what a test wants it to say. Blocks, but for no
 /// longer than ten seconds at a time.
 class TestPeer
@@ -52,7 +55,6 @@ public:
     ~TestMaster();
 
     TestPeer Accept(); ///< Waits for the next connection.
-    void     Stop();   ///< Nobody can connect any more.
 
 private:
     Path m_Path;
