@@ -14,8 +14,7 @@
 
 #include <sys/wait.h>
 
-const char* const kScriptType = "11111111-2222-3333-4444-555555555555";
-const char* const kMissingType = "11111111-2222-3333-4444-666666666666";
+const char* const kScriptType = "Script";
 
 namespace
 {
@@ -23,9 +22,6 @@ namespace
 const char* const kScriptModule =
     "[Type]\nId = 11111111-2222-3333-4444-555555555555\nName = Script\n"
     "Execute = /bin/sh -c %Script%\n[Parameter Script]\n";
-const char* const kMissingModule =
-    "[Type]\nId = 11111111-2222-3333-4444-666666666666\nName = Missing\n"
-    "Execute = no-such-program --help\n";
 
 } // namespace
 
@@ -110,38 +106,47 @@ String MasterClient::Submit(const String& script, const String& name, int priori
                                 .Set(p_Name, name)
                                 .Set(p_Priority, priority)
                                 .Set("Script", script));
-    EXPECT_TRUE(answer && answer->Type() == msg_Done) << (answer ? answer->Get("Text") : "silence");
+    EXPECT_EQ(Outcome(answer), "");
     return answer ? answer->Get(p_Id) : String();
-}
-
-boost::shared_ptr<Message> MasterClient::Command(const String& job, const String& command,
-                                                 const String& item)
-{
-    return Ask(Message(msg_Command).Set(p_Id, job).Set("Command", command).Set("Item", item));
 }
 
 String MasterClient::Param(const String& job, const String& name) const
 {
     const auto found = jobs.find(job);
-    if (found == jobs.end() || found->second.count(name) == 0)
-    {
-        return String();
-    }
-    return found->second.at(name);
+    const bool isThere = found != jobs.end() && found->second.count(name) > 0;
+    return isThere ? found->second.at(name) : String();
 }
 
-String MasterClient::Text(const String& job) const
+String MasterClient::Text(const String& job)
 {
-    String     text;
-    const auto found = lines.find(job);
-    if (found != lines.end())
+    String text;
+    for (const String& line : lines[job])
     {
-        for (const String& line : found->second)
-        {
-            text += line + "\n";
-        }
+        text += line + "\n";
     }
     return text;
+}
+
+long long MasterClient::FirstNumber(const String& job)
+{
+    EXPECT_TRUE(ReadUntil([&] { return !lines[job].empty(); }));
+    return lines[job].empty() ? 0 : lines[job][0].ToInt();
+}
+
+String MasterClient::Does(const String& job, const String& command, const String& item)
+{
+    return Outcome(
+        Ask(Message(msg_Command).Set(p_Id, job).Set("Command", command).Set("Item", item)));
+}
+
+String MasterClient::Outcome(const boost::shared_ptr<Message>& answer)
+{
+    if (!answer)
+    {
+        return "silence";
+    }
+    return answer->Type() == msg_Done ? String()
+                                      : answer->Get("Text") + " / " + answer->Get("Text2");
 }
 
 MasterTest::MasterTest()
@@ -149,7 +154,6 @@ MasterTest::MasterTest()
     File::MakeFolder(TempFile("modules"));
     File::MakeFolder(TempFile("jobs"));
     WriteFile(TempFile("modules/script.module"), kScriptModule);
-    WriteFile(TempFile("modules/missing.module"), kMissingModule);
     setenv("TOLVAN_USER_DIR", File::s_UserDir.c_str(), 1);
 }
 
@@ -201,9 +205,4 @@ int MasterTest::WaitForEnd()
     }
     master = 0;
     return ended && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-void MasterTest::Signal(int signal) const
-{
-    kill(master, signal);
 }

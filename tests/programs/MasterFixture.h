@@ -27,11 +27,15 @@ public:
     boost::shared_ptr<Message> Ask(Message message);
     /// A job that runs a script; its identifier.
     String Submit(const String& script, const String& name = "Test", int priority = 50);
-    boost::shared_ptr<Message> Command(const String& job, const String& command,
-                                       const String& item = String());
+    /// What a command is refused for; empty when it is done.
+    String Does(const String& job, const String& command, const String& item = String());
+    /// The same of an answer.
+    static String Outcome(const boost::shared_ptr<Message>& answer);
 
     String Param(const String& job, const String& name) const;
-    String Text(const String& job) const; ///< Its lines, each with "\n".
+    String Text(const String& job); ///< Its lines, each with "\n".
+    /// The number that the job's first line holds; waits for it.
+    long long FirstNumber(const String& job);
 
     TestPeer                                   peer;
     std::map<String, std::map<String, String>> jobs;
@@ -43,8 +47,8 @@ private:
     void Take(const boost::shared_ptr<Message>& message);
 };
 
-/// Runs the real master on folders of the test's own, with the job types "Script" (runs its
-/// parameter in a shell) and "Missing" (whose program does not exist).
+/// Runs the real master on folders of the test's own, with the job type "Script", which runs its
+/// parameter in a shell.
 class MasterTest : public UserFolderTest
 {
 protected:
@@ -56,8 +60,7 @@ protected:
     /// Starts it without waiting for anything.
     void Launch(const std::vector<String>& options);
     /// Waits for the master's end; its exit code, or -1 when a signal ended it or it goes on.
-    int  WaitForEnd();
-    void Signal(int signal) const;
+    int WaitForEnd();
     /// What the master has written to its console.
     String Console() const { return ReadFile(TempFile("console")); }
     String LogText() const { return ReadFile(TempFile("logs/TolvanMaster.log")); }
@@ -67,7 +70,6 @@ protected:
 };
 
 extern const char* const kScriptType;
-extern const char* const kMissingType;
 
 /// The state letter of a process in the system's table ('T' is stopped); 0 when it is gone.
 char ProcessState(pid_t id);

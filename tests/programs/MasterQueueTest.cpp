@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -15,25 +17,30 @@ protected:
     {
         queue.PushOutput(job, [&] { return Make(line); });
     }
+    void OutputThreeTens() ///< One more than there is room for.
+    {
+        for (int i = 0; i < 3; ++i)
+        {
+            Output("a", ten);
+        }
+    }
     /// Sends all there is, `most` bytes at a time.
     std::vector<String> SendAll(size_t most)
     {
         std::vector<String> sent;
-        for (;;)
+        for (auto frames = queue.Next(most); !frames.empty(); frames = queue.Next(most))
         {
-            const auto frames = queue.Next(most);
-            if (frames.empty())
-            {
-                return sent;
-            }
             for (const _Frame& frame : frames)
             {
                 sent.push_back(*frame);
             }
             queue.Sent();
+            m_Most = std::max(m_Most, queue.Bytes());
         }
+        return sent;
     }
 
+    size_t       m_Most = 0; ///< That waited after anything was sent.
     _SendQueue   queue{[](const String& job) { return job == "gone" ? nullptr : Make("J:" + job); },
                      [](const String& job, uint64_t count)
                      { return Make("S:" + job + ":" + std::to_string(count)); },
@@ -75,10 +82,7 @@ TEST_F(SendQueue, SkipsOutputOverTheLimitAndReportsItBeforeTheJobsStates)
 
 TEST_F(SendQueue, LagsUntilHalfOfTheLimitIsFree)
 {
-    for (int i = 0; i < 3; ++i)
-    {
-        Output("a", ten);
-    }
+    OutputThreeTens();
     queue.Next(10);
     EXPECT_EQ(queue.Bytes(), 30u); // what is being sent still counts
     queue.Sent();
@@ -90,25 +94,15 @@ TEST_F(SendQueue, LagsUntilHalfOfTheLimitIsFree)
 
 TEST_F(SendQueue, ManyChangedJobsCatchUpInSeveralSteps)
 {
-    Output("a", ten);
-    Output("a", ten);
-    Output("a", ten);
+    OutputThreeTens();
     std::vector<String> expected = {ten, ten, ten};
     for (char name = 'a'; name <= 'z'; ++name)
     {
         queue.PushJob(String(1, name));
         expected.push_back(String("J:") + String(1, name));
     }
-    size_t              most = 0;
-    std::vector<String> sent;
-    for (auto frames = queue.Next(1); !frames.empty(); frames = queue.Next(1))
-    {
-        sent.push_back(*frames[0]);
-        queue.Sent();
-        most = std::max(most, queue.Bytes());
-    }
-    EXPECT_EQ(sent, expected);
-    EXPECT_LE(most, 20u + 3u);
+    EXPECT_EQ(SendAll(1), expected);
+    EXPECT_LE(m_Most, 20u + 3u);
 }
 
 } // namespace
