@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
-#include <cstring>
 #include <random>
+#include <tuple>
 
 namespace
 {
@@ -18,26 +18,9 @@ _LineStore StoreOf(const std::vector<String>& lines)
     return store;
 }
 
-struct Outcome
-{
-    int  line = -1;
-    int  column = -1;
-    int  length = 0;
-    bool wrapped = false;
+/// Runs the search in steps of that many bytes; what it finds: line, column, length, wrapped.
+using Outcome = std::tuple<int, int, int, bool>;
 
-    bool operator==(const Outcome& o) const
-    {
-        return line == o.line && column == o.column && length == o.length && wrapped == o.wrapped;
-    }
-};
-
-std::ostream& operator<<(std::ostream& out, const Outcome& o)
-{
-    return out << "line " << o.line << " column " << o.column << " length " << o.length
-               << (o.wrapped ? " wrapped" : "");
-}
-
-/// Runs the search in steps of that many bytes.
 Outcome Search(const _LineStore& store, const String& text, bool forward, bool matchCase, int start,
                size_t budget = 1000)
 {
@@ -54,6 +37,12 @@ Outcome Search(const _LineStore& store, const String& text, bool forward, bool m
     return {match.line, match.column, match.length, search.HasWrapped()};
 }
 
+/// The line of the first hit of a search forward from the top.
+int LineOf(const _LineStore& store, const String& text, bool matchCase)
+{
+    return std::get<0>(Search(store, text, true, matchCase, 0));
+}
+
 class LineSearchTest : public testing::Test
 {
 protected:
@@ -65,25 +54,28 @@ protected:
 TEST_F(LineSearchTest, GoesRoundAllLinesOnce)
 {
     const _LineStore store = StoreOf({"one", "two", "one two", "three"});
-    EXPECT_EQ(Search(store, "two", true, true, 0), (Outcome{1, 0, 3, false}));
-    EXPECT_EQ(Search(store, "two", true, true, 2), (Outcome{2, 4, 3, false}));
-    EXPECT_EQ(Search(store, "two", true, true, 3), (Outcome{1, 0, 3, true}));
-    EXPECT_EQ(Search(store, "two", true, true, 4), (Outcome{1, 0, 3, true}));
-    EXPECT_EQ(Search(store, "two", false, true, 3), (Outcome{2, 4, 3, false}));
-    EXPECT_EQ(Search(store, "two", false, true, 0), (Outcome{2, 4, 3, true}));
-    EXPECT_EQ(Search(store, "two", false, true, -1), (Outcome{2, 4, 3, true}));
-    EXPECT_EQ(Search(store, "three", true, true, 4), (Outcome{3, 0, 5, true})) << "the only hit";
-    EXPECT_EQ(Search(store, "four", true, true, 1).line, -1);
-    EXPECT_EQ(Search(store, "four", false, true, 1).line, -1);
-    EXPECT_EQ(Search(store, "", true, true, 0).line, -1);
-    EXPECT_EQ(Search(_LineStore(), "two", true, true, 0).line, -1);
-    EXPECT_EQ(Search(_LineStore(), "two", false, true, -1).line, -1);
-}
-
-TEST_F(LineSearchTest, FindsNothingAcrossLines)
-{
-    EXPECT_EQ(Search(StoreOf({"ab", "cd", "bc"}), "bc", true, true, 0).line, 2);
-    EXPECT_EQ(Search(StoreOf({"ab", "cd"}), "bc", true, false, 0).line, -1);
+    const struct
+    {
+        const char* text;
+        bool        forward;
+        int         start;
+        Outcome     expected;
+    } cases[] = {
+        {"two", true, 0, {1, 0, 3, false}},    {"two", true, 2, {2, 4, 3, false}},
+        {"two", true, 3, {1, 0, 3, true}},     {"two", true, 4, {1, 0, 3, true}},
+        {"two", false, 3, {2, 4, 3, false}},   {"two", false, 0, {2, 4, 3, true}},
+        {"two", false, -1, {2, 4, 3, true}},   {"three", true, 4, {3, 0, 5, true}}, // the only hit
+        {"eone", true, 0, {-1, -1, 0, true}}, // nothing is found across lines
+        {"four", false, 1, {-1, -1, 0, true}},
+    };
+    for (const auto& c : cases)
+    {
+        EXPECT_EQ(Search(store, c.text, c.forward, true, c.start), c.expected)
+            << c.text << " from " << c.start;
+    }
+    EXPECT_EQ(LineOf(store, "", true), -1);
+    EXPECT_EQ(LineOf(_LineStore(), "two", true), -1);
+    EXPECT_EQ(std::get<0>(Search(_LineStore(), "two", false, true, -1)), -1);
 }
 
 TEST_F(LineSearchTest, ColumnsCountCharacters)
@@ -93,24 +85,30 @@ TEST_F(LineSearchTest, ColumnsCountCharacters)
     EXPECT_EQ(Search(store, "NEEDLE", true, false, 0), (Outcome{0, 4, 6, false}));
 }
 
-TEST_F(LineSearchTest, CaseFoldsByTheLocalesCharacters)
+TEST_F(LineSearchTest, ComparesTheLocalesCharacters)
 {
-    const _LineStore store = StoreOf({"\xc3\x84RGER \xce\xa9", "plain Text"});
-    EXPECT_EQ(Search(store, "\xc3\xa4rger \xcf\x89", true, false, 0).line, 0);
-    EXPECT_EQ(Search(store, "\xc3\xa4rger", true, true, 0).line, -1);
-    EXPECT_EQ(Search(store, "PLAIN tEXT", true, false, 0).line, 1);
-    EXPECT_EQ(Search(store, "plain text", true, true, 0).line, -1);
-    // A sign whose lower case is an ASCII letter: the Kelvin sign.
-    EXPECT_EQ(Search(StoreOf({"300 \xe2\x84\xaa"}), "300 k", true, false, 0).line, 0);
-}
-
-TEST_F(LineSearchTest, InvalidBytesEqualOnlyThemselves)
-{
-    const _LineStore store = StoreOf({"caf\xc3\xa9", "caf\xe9", String("a\0b", 3)});
-    EXPECT_EQ(Search(store, "caf\xe9", true, true, 0).line, 1);
-    EXPECT_EQ(Search(store, "CAF\xe9", true, false, 0).line, 1);
-    EXPECT_EQ(Search(store, "\xa9", true, true, 0).line, -1) << "half a character";
-    EXPECT_EQ(Search(store, String("\0b", 2), true, true, 0), (Outcome{2, 1, 2, false}));
+    const _LineStore store = StoreOf({"\xc3\x84RGER \xce\xa9", "plain Text", "300 \xe2\x84\xaa",
+                                      "caf\xc3\xa9", "caf\xe9", String("a\0b", 3)});
+    const struct
+    {
+        String text;
+        bool   matchCase;
+        int    line;
+    } cases[] = {
+        {"\xc3\xa4rger \xcf\x89", false, 0},
+        {"\xc3\xa4rger", true, -1},
+        {"PLAIN tEXT", false, 1},
+        {"plain text", true, -1},
+        {"300 k", false, 2},  // A sign whose lower case is an ASCII letter: the Kelvin sign.
+        {"caf\xe9", true, 4}, // Invalid bytes equal only themselves.
+        {"CAF\xe9", false, 4},
+        {"\xa9", true, -1}, // Half a character.
+        {String("\0b", 2), true, 5},
+    };
+    for (const auto& c : cases)
+    {
+        EXPECT_EQ(LineOf(store, c.text, c.matchCase), c.line) << c.text;
+    }
 }
 
 // The quick ways and the steps must find what a plain look at every line finds.
@@ -128,25 +126,24 @@ TEST_F(LineSearchTest, AgreesWithAPlainSearch)
         lines.push_back(line);
     }
     const _LineStore store = StoreOf(lines);
-    for (const char* text : {"aab", "abAB", "a a ab",
-                             "\xc3"
-                             "a\xc3",
-                             "bbbbbbb"})
+    for (const String text : {"aab", "abAB", "a a ab",
+                              "\xc3"
+                              "a\xc3",
+                              "bbbbbbb"})
     {
         for (int start = 0; start < 3000; start += 271)
         {
-            int expected = -1;
-            for (int i = start; i < start + 3000 && expected == -1; ++i)
+            for (const bool forward : {true, false})
             {
-                expected = lines[i % 3000].find(text) != String::npos ? i % 3000 : -1;
+                int expected = -1;
+                for (int i = 0; i < 3000 && expected == -1; ++i)
+                {
+                    const int line = (start + (forward ? i : 3000 - i)) % 3000;
+                    expected = lines[line].find(text) != String::npos ? line : -1;
+                }
+                const auto found = Search(store, text, forward, true, start, 1 + random() % 50000);
+                ASSERT_EQ(std::get<0>(found), expected);
             }
-            ASSERT_EQ(Search(store, text, true, true, start, 1 + random() % 50000).line, expected);
-            expected = -1;
-            for (int i = start + 3000; i > start && expected == -1; --i)
-            {
-                expected = lines[i % 3000].find(text) != String::npos ? i % 3000 : -1;
-            }
-            ASSERT_EQ(Search(store, text, false, true, start, 1 + random() % 50000).line, expected);
         }
     }
 }
@@ -194,9 +191,6 @@ TEST_F(LineSearchTest, LinesMayComeAndGoMeanwhile)
     EXPECT_EQ(search.GetState(), _LineSearch::State::Found);
     EXPECT_EQ(store.Line(search.Match().line), "the needle");
     EXPECT_FALSE(search.HasWrapped());
-    search.Begin("needle", true, true, 0);
-    search.Stop();
-    EXPECT_EQ(search.Step(store, 1000), _LineSearch::State::Idle);
 }
 
 TEST_F(LineSearchTest, TheCountFollowsTheLines)
@@ -208,12 +202,18 @@ TEST_F(LineSearchTest, TheCountFollowsTheLines)
                                 : "miss                           ");
     }
     _HitCounter counter;
+    const auto  count = [&]
+    {
+        while (!counter.Step(store, 1000))
+        {
+        }
+        return counter.Hits();
+    };
     EXPECT_TRUE(counter.Step(store, 10)) << "nothing to count";
     counter.Begin("hit", false);
     EXPECT_FALSE(counter.Step(store, 10));
-    const int partial = counter.Hits();
-    EXPECT_GT(partial, 0);
-    EXPECT_LT(partial, 1000);
+    EXPECT_GT(counter.Hits(), 0);
+    EXPECT_LT(counter.Hits(), 1000);
 
     counter.LineErased(store, 0); // a hit that is counted already
     store.Erase(0);
@@ -221,18 +221,10 @@ TEST_F(LineSearchTest, TheCountFollowsTheLines)
     counter.LineInserted(store, 5);
     store.Insert(2900, "a hit that is still to come");
     counter.LineInserted(store, 2900);
-    while (!counter.Step(store, 10))
-    {
-    }
-    EXPECT_EQ(counter.Hits(), 1001);
-    store.Append("appended hit");
+    EXPECT_EQ(count(), 1001);
     store.Append(String(200'000, 'x') + "hit");
-    while (!counter.Step(store, 1000))
-    {
-    }
-    EXPECT_EQ(counter.Hits(), 1003);
+    EXPECT_EQ(count(), 1002);
     store.Clear();
     counter.LinesCleared();
-    EXPECT_TRUE(counter.Step(store, 10));
-    EXPECT_EQ(counter.Hits(), 0);
+    EXPECT_EQ(count(), 0);
 }

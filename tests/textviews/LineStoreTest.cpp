@@ -8,7 +8,18 @@
 
 namespace
 {
+using namespace std::string_literals;
 using Lines = std::vector<std::string>;
+
+_LineStore StoreOf(const Lines& lines)
+{
+    _LineStore store;
+    for (const std::string& line : lines)
+    {
+        store.Append(line);
+    }
+    return store;
+}
 
 /// What the store holds must be the same line by line, by blocks, and in sum.
 void ExpectSame(const _LineStore& store, const Lines& lines)
@@ -45,19 +56,14 @@ std::string RandomLine(std::mt19937& random)
 
 TEST(LineStore, HoldsAnyBytes)
 {
-    using namespace std::string_literals;
-    const Lines lines = {"",
-                         "plain",
-                         "with\nnewline",
-                         "with\0nul"s,
-                         "\xff\xfe",
-                         std::string(70000, 'x'),
-                         "after a long one"};
-    _LineStore  store;
-    for (const std::string& line : lines)
-    {
-        store.Append(line);
-    }
+    const Lines      lines = {"",
+                              "plain",
+                              "with\nnewline",
+                              "with\0nul"s,
+                              "\xff\xfe",
+                              std::string(70000, 'x'),
+                              "after a long one"};
+    const _LineStore store = StoreOf(lines);
     ExpectSame(store, lines);
     EXPECT_EQ(store.Line(-1), "");
     EXPECT_EQ(store.Line(7), "");
@@ -113,24 +119,15 @@ TEST(LineStore, KeepsManyEmptyLines)
 
 TEST(LineStore, ErasingEverythingLeavesAStoreThatWorks)
 {
-    _LineStore store;
-    for (int i = 0; i < 5000; ++i)
-    {
-        store.Append(std::to_string(i));
-    }
+    _LineStore store = StoreOf(Lines(5000, "line"));
     for (int i = 0; i < 2500; ++i)
     {
         store.Erase(0);
         store.Erase(store.Count() - 1);
     }
-    EXPECT_EQ(store.Count(), 0);
-    EXPECT_EQ(store.Bytes(), 0u);
+    ExpectSame(store, {});
     store.Erase(0);
     store.Erase(-1);
-    store.Append("again");
-    EXPECT_EQ(store.Line(0), "again");
-    store.Clear();
-    EXPECT_EQ(store.Count(), 0);
     store.Insert(5, "beyond the end");
     store.Insert(-5, "before the start");
     ExpectSame(store, {"before the start", "beyond the end"});
@@ -138,19 +135,14 @@ TEST(LineStore, ErasingEverythingLeavesAStoreThatWorks)
 
 TEST(LineStore, LowerBoundComparesBytes)
 {
-    using namespace std::string_literals;
     Lines lines = {"", "a", "a", "a\0"s, "ab", "b", "b", "\x7f", "\x80", "\xff"};
     for (int i = 0; i < 3000; ++i)
     {
         lines.push_back("n" + std::to_string(i));
     }
     std::sort(lines.begin(), lines.end());
-    _LineStore store;
-    for (const std::string& line : lines)
-    {
-        store.Append(line);
-    }
-    Lines wanted = lines;
+    const _LineStore store = StoreOf(lines);
+    Lines            wanted = lines;
     wanted.insert(wanted.end(), {"aa", "n15x", "zzz", "\xff\xff", "A"});
     for (const std::string& text : wanted)
     {
@@ -161,17 +153,12 @@ TEST(LineStore, LowerBoundComparesBytes)
 
 TEST(LineStore, FindsTheLineOfAByte)
 {
-    _LineStore store;
-    for (const char* line : {"abc", "", "de", "", ""})
-    {
-        store.Append(line);
-    }
-    store.Erase(0);
-    store.Insert(0, "xyz");
+    const _LineStore        store = StoreOf({"xyz", "", "de", "", ""});
     const _LineStore::Block block = store.BlockOf(2);
     EXPECT_EQ(block.bytes, "xyzde");
-    EXPECT_EQ(block.LineAt(0), 0);
-    EXPECT_EQ(block.LineAt(2), 0);
-    EXPECT_EQ(block.LineAt(3), 2);
-    EXPECT_EQ(block.LineAt(4), 2);
+    const int lines[] = {0, 0, 0, 2, 2};
+    for (int byte = 0; byte < 5; ++byte)
+    {
+        EXPECT_EQ(block.LineAt(byte), lines[byte]) << byte;
+    }
 }

@@ -6,15 +6,13 @@
 
 namespace
 {
-struct Case
+const struct
 {
     const char* name;
     std::string text;
     int         columns; // characters
     int         cells;
-};
-
-const Case kCases[] = {
+} kCases[] = {
     {"empty", "", 0, 0},
     {"ascii", "plain text", 10, 10},
     {"two and three bytes", "\xc3\xa4\xe2\x82\xac", 2, 2},
@@ -35,7 +33,7 @@ _TextPlace AtCell(const std::string& text, int64_t cell)
 
 TEST(TextCells, CountsCharactersAndCells)
 {
-    for (const Case& c : kCases)
+    for (const auto& c : kCases)
     {
         EXPECT_EQ(_CellCount(c.text), c.cells) << c.name;
         const _TextPlace end = AtCell(c.text, 1000);
@@ -92,12 +90,11 @@ TEST(TextCells, FindsPlacesInLongLinesAsInShortOnes)
 
 TEST(TextCells, TellsAscii)
 {
-    std::string text(1000, 'a');
-    EXPECT_TRUE(_IsAscii(text));
+    EXPECT_TRUE(_IsAscii(std::string(1000, 'a')));
     for (const size_t at : {0, 31, 32, 998, 999})
     {
-        std::string other = text;
-        other[at] = '\x80';
-        EXPECT_FALSE(_IsAscii(other)) << at;
+        std::string text(1000, 'a');
+        text[at] = '\x80';
+        EXPECT_FALSE(_IsAscii(text)) << at;
     }
 }

@@ -1,16 +1,14 @@
 #include "tests/textviews/TextViewTest.h"
 
 #include <wx/filedlg.h>
-#include <wx/menu.h>
 #include <wx/modalhook.h>
 #include <wx/msgdlg.h>
 #include <wx/timer.h>
 #include <wx/uiaction.h>
 
-/// The same with a real keyboard and a real mouse, as far as the display has them.
-
 namespace
 {
+/// The view with a real keyboard and a real mouse, as far as the display has them.
 class TextInputTest : public TextViewTest
 {
 protected:
@@ -71,15 +69,12 @@ private:
     void OnWait(wxTimerEvent&)
     {
         wxUIActionSimulator input;
-        ++m_Turns;
-        if (m_Turns == 1)
+        if (++m_Turns == 1)
         {
             input.Text(m_Name.utf8_str());
+            return;
         }
-        else
-        {
-            input.Char(m_Turns > kMostReturns ? WXK_ESCAPE : WXK_RETURN);
-        }
+        input.Char(m_Turns > kMostReturns ? WXK_ESCAPE : WXK_RETURN);
     }
 
     wxString m_Name;
@@ -113,41 +108,14 @@ TEST_F(TextInputTest, KeysReachTheView)
 {
     EXPECT_TRUE(
         Type(WXK_PAGEDOWN, wxMOD_NONE, [this] { return m_View->GetScrollPos(wxVERTICAL) > 0; }));
-    EXPECT_TRUE(Type('A', wxMOD_CONTROL, [this] { return m_View->GetSelectionEnd() == 199; }));
-    EXPECT_TRUE(Type(WXK_ESCAPE, wxMOD_NONE, [this] { return m_View->GetSelectionEnd() == -1; }));
-    EXPECT_TRUE(
-        Type(WXK_PAGEUP, wxMOD_CONTROL, [this] { return m_View->GetScrollPos(wxVERTICAL) == 0; }));
+    EXPECT_TRUE(Type('A', wxMOD_CONTROL, [this] { return IsSelected(0, 199); }));
+    EXPECT_TRUE(Type(WXK_ESCAPE, wxMOD_NONE, [this] { return IsSelected(-1, -1); }));
+    m_View->ScrollToTop();
     m_Input.MouseMove(OnScreen(1));
     m_Input.MouseClick();
-    EXPECT_TRUE(WaitFor([this] { return m_View->GetSelectionEnd() == 1; }));
-    m_Input.Char('C', wxMOD_CONTROL);
-    EXPECT_TRUE(WaitFor([] { return PastedElsewhere("UTF8_STRING") == "line 1\n"; }));
-}
-
-TEST_F(TextInputTest, TheMenuOfTheRightButton)
-{
-    bool    opened = false;
-    wxTimer answer;
-    answer.Bind(wxEVT_TIMER,
-                [this](wxTimerEvent&)
-                {
-                    // The fifth entry that can be chosen is "Copy", the third "Select All".
-                    for (int i = 0; i < 3; ++i)
-                    {
-                        m_Input.Char(WXK_DOWN);
-                    }
-                    m_Input.Char(WXK_RETURN);
-                });
-    m_View->Bind(wxEVT_MENU_OPEN,
-                 [&](wxMenuEvent&)
-                 {
-                     opened = true;
-                     answer.StartOnce(300);
-                 });
-    m_Input.MouseMove(OnScreen(2));
-    m_Input.MouseClick(wxMOUSE_BTN_RIGHT);
-    EXPECT_TRUE(WaitFor([this] { return m_View->GetSelectionEnd() == 199; }));
-    EXPECT_TRUE(opened);
+    EXPECT_TRUE(WaitFor([this] { return IsSelected(1, 1); }));
+    EXPECT_TRUE(
+        Type('C', wxMOD_CONTROL, [this] { return PastedElsewhere("UTF8_STRING") == "line 1\n"; }));
 }
 
 TEST_F(TextInputTest, TypingInTheSearchBar)

@@ -3,9 +3,8 @@
 #include "appearance/wxTolvanString.h"
 
 #include <wx/clipbrd.h>
-#include <wx/process.h>
 #include <wx/sizer.h>
-#include <wx/stream.h>
+#include <wx/utils.h>
 
 wxImage TestView::Picture()
 {
@@ -89,39 +88,31 @@ String TextViewTest::Lines() const
     return all;
 }
 
-namespace
+void TextViewTest::Drag(int from, int to) const
 {
-class Reader : public wxProcess
-{
-public:
-    Reader() : wxProcess(wxPROCESS_REDIRECT) {}
-    void OnTerminate(int, int) override { m_Ended = true; }
+    m_View->Mouse(wxEVT_LEFT_DOWN, 5, m_View->MiddleOf(from));
+    m_View->Mouse(wxEVT_MOTION, 5, m_View->MiddleOf(to));
+    m_View->Mouse(wxEVT_LEFT_UP, 5, m_View->MiddleOf(to));
+}
 
-    bool m_Ended = false;
-};
-} // namespace
-
-String PastedElsewhere(const String& format)
+void TextViewTest::UseColors(int scheme, wxWindow* window)
 {
-    Reader         reader;
-    const wxString command = "xclip -selection clipboard -o -t " + wxtToWx(format);
-    EXPECT_GT(wxExecute(command, wxEXEC_ASYNC, &reader), 0) << "xclip is missing";
-    String     text;
-    const auto drain = [&]
-    {
-        while (reader.IsInputAvailable())
-        {
-            char buffer[4096];
-            reader.GetInputStream()->Read(buffer, sizeof buffer);
-            text.append(buffer, reader.GetInputStream()->LastRead());
-        }
-    };
-    EXPECT_TRUE(WaitFor(
-        [&]
-        {
-            drain();
-            return reader.m_Ended;
-        }));
-    drain();
-    return text;
+    SetColors(scheme);
+    wxSysColourChangedEvent changed;
+    window->ProcessWindowEvent(changed);
+}
+
+bool TextViewTest::IsSelected(int anchor, int end) const
+{
+    return m_View->GetSelectionAnchor() == anchor && m_View->GetSelectionEnd() == end;
+}
+
+String TextViewTest::PastedElsewhere(const String& format) const
+{
+    const String   file = TempFile("pasted").Text();
+    const wxString command = "sh -c 'timeout 10 xclip -selection clipboard -o -t " +
+                             wxtToWx(format) + " > " + wxtToWx(file) + "'";
+    // Events are handled meanwhile: it is this program that has the text.
+    EXPECT_GE(wxExecute(command, wxEXEC_SYNC | wxEXEC_NODISABLE), 0);
+    return ReadFile(file);
 }

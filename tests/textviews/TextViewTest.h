@@ -48,9 +48,18 @@ protected:
     void                   AppendNumbered(int count);
     String                 Lines() const; ///< All, separated by a bar.
     wxTextLineSearchPanel& Panel() const { return *m_View->GetSearchPanel(); }
+    /// Selects lines with the mouse.
+    void Drag(int from, int to) const;
+    /// The vertical position that shows the end.
+    int Bottom() const
+    {
+        return m_View->GetScrollRange(wxVERTICAL) - m_View->GetScrollThumb(wxVERTICAL);
+    }
+    bool IsSelected(int anchor, int end) const;
+    /// Sets the scheme and tells the window.
+    static void UseColors(int scheme, wxWindow* window);
+    /// What another program gets from the clipboard in that format.
+    String PastedElsewhere(const String& format) const;
 
     TestView* m_View;
 };
-
-/// What another program gets from the clipboard in that format.
-String PastedElsewhere(const String& format);
