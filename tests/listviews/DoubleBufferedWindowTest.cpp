@@ -27,11 +27,9 @@ public:
     }
     void   Link(wxDoubleBufferedWindow* other) { m_LinkedWindow = other; }
     void   Follow() { m_FollowEnd = true; }
-    void   Trace() { m_ScrollTrace = true; }
     wxRect Pending() const { return m_PendingArea; }
     wxSize BufferSize() const { return m_Buffer ? m_Buffer->GetSize() : wxSize(); }
     int    VisibleLines() const { return m_VisibleLines; }
-    int    VisibleColumns() const { return m_VisibleColumns; }
     int    NativePos(int orientation) const { return wxWindow::GetScrollPos(orientation); }
     int    NativeRange(int orientation) const { return wxWindow::GetScrollRange(orientation); }
 
@@ -261,17 +259,6 @@ TEST_F(DoubleBufferedWindowTest, AScrollRedrawsTheLinkedWindow)
     ExpectPosition(20);
 }
 
-TEST_F(DoubleBufferedWindowTest, FollowsTheEnd)
-{
-    m_View->Follow();
-    Fill(100, 0);
-    const int height = m_View->GetClientSize().y;
-    ExpectPosition(1000 - height);
-    m_View->SetScrollPos(wxVERTICAL, 1000 - height - 1);
-    Fill(200, 0);
-    ExpectPosition(1000 - height - 1);
-}
-
 // The native scrollbars may be behind; nobody who asks notices.
 TEST_F(DoubleBufferedWindowTest, ScrollbarsMayFollowLater)
 {
@@ -301,20 +288,6 @@ TEST_F(DoubleBufferedWindowTest, HugeContentScrollsToItsEnd)
     m_View->ScrollLines(INT_MAX);
     ExpectPosition(100'000'000 - m_View->GetClientSize().y);
     EXPECT_EQ(m_View->NativePos(wxVERTICAL), m_View->GetScrollPos(wxVERTICAL));
-}
-
-TEST_F(DoubleBufferedWindowTest, TracesScrolling)
-{
-    Fill(100, 700);
-    const LogCapture log;
-    m_View->Trace();
-    m_View->AdjustScrollbars();
-    const wxSize client = m_View->GetClientSize();
-    const String expected =
-        SFormat("    H: 0 %d 700   first: 0 -0 (700 / %d x 10)   V: 0 %d 1000   first: 0 -0 (100 / "
-                "%d x 10)",
-                client.x, m_View->VisibleColumns(), client.y, m_View->VisibleLines());
-    EXPECT_EQ(log.Count(expected, log_Info), 1) << log.All();
 }
 
 TEST_F(DoubleBufferedWindowTest, AWindowMayGoWithARedrawPending)

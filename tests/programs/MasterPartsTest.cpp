@@ -1,11 +1,9 @@
 #include "examples/master/_Commands.h"
 #include "examples/master/_JobCommand.h"
-#include "examples/master/_JobLog.h"
 #include "examples/master/_LineSplitter.h"
 #include "examples/master/_NewJob.h"
 #include "examples/master/_ProgressParser.h"
 #include "examples/master/_Scheduler.h"
-#include "examples/master/job-programs/render/Scene.h"
 #include "tests/support/Thrown.h"
 #include "tests/support/UserFolderTest.h"
 #include "tolvan/Job.h"
@@ -84,24 +82,6 @@ TEST(ProgressParser, ReadsBothFormsAndNothingElse)
         EXPECT_FALSE(ReadProgress(line, progress)) << line;
         EXPECT_EQ(progress.percent, 0) << line;
     }
-}
-
-TEST(OutputTail, KeepsTheLastLinesWithinItsBytes)
-{
-    _OutputTail tail;
-    for (int i = 0; i < 500; ++i)
-    {
-        tail.Add(std::to_string(i));
-    }
-    ASSERT_EQ(tail.Lines().size(), 200u);
-    EXPECT_EQ(tail.Lines().front(), "300");
-    for (int i = 0; i < 10; ++i)
-    {
-        tail.Add(std::string(100 << 10, 'x'));
-    }
-    EXPECT_EQ(tail.Lines().size(), 2u);
-    tail.Add(std::string(2 << 20, 'x')); // the last line is always there
-    EXPECT_EQ(tail.Lines().size(), 1u);
 }
 
 TEST(Scheduler, TakesTheHighestPriorityThenTheFirstWhileThereIsASlot)
@@ -223,33 +203,6 @@ TEST_F(MasterFiles, JobFileGivesTheSameJobEveryTime)
     EXPECT_EQ(job.id.size(), 36u);
     EXPECT_NE(TextThrown([&] { _NewJob::FromFile(files[1]); }).find("b.job"), String::npos);
     EXPECT_NE(TextThrown([&] { _NewJob::FromFile(TempFile("missing.job")); }), "");
-}
-
-TEST_F(MasterFiles, LogsOfTheLastRunsAreKept)
-{
-    for (int run = 0; run < 7; ++run)
-    {
-        WriteFile(_JobLog::MakeRoom(TempFile("")), String::FromInt(run));
-    }
-    EXPECT_EQ(ReadFile(TempFile("output.log")), "6");
-    EXPECT_EQ(ReadFile(TempFile("output.4.log")), "2");
-    EXPECT_FALSE(File::Exists(TempFile("output.5.log")));
-}
-
-TEST(Tracer, NearestSurfaceHidesWhatIsBehindIt)
-{
-    Scene scene;
-    scene.spheres = {{{0, 1, 5}, 1, {{1, 0, 0}}}, {{0, 1, 9}, 2, {{0, 1, 0}}}};
-    Hit hit;
-    ASSERT_TRUE(scene.Nearest({{0, 1, 0}, {0, 0, 1}}, hit));
-    EXPECT_DOUBLE_EQ(hit.distance, 4);
-    EXPECT_EQ(hit.material.colour.x, 1);
-    EXPECT_DOUBLE_EQ(hit.normal.z, -1);
-    EXPECT_TRUE(scene.IsBlocked({{0, 1, 0}, {0, 0, 1}}, 4.5));
-    EXPECT_FALSE(scene.IsBlocked({{0, 1, 0}, {0, 0, 1}}, 3.5));
-    EXPECT_FALSE(scene.Nearest({{0, 5, 0}, {0, 1, 0}}, hit)); // the sky
-    ASSERT_TRUE(scene.Nearest({{9, 5, 0}, {0, -1, 0}}, hit)); // the floor
-    EXPECT_DOUBLE_EQ(hit.distance, 5);
 }
 
 } // namespace

@@ -3,30 +3,6 @@
 #include "tests/support/Thrown.h"
 #include "tests/textviews/TextViewTest.h"
 
-#include <wx/menu.h>
-
-namespace
-{
-/// Keeps the menu instead of popping it up.
-class MenuKeeper : public TestView
-{
-public:
-    using TestView::TestView;
-
-    std::vector<std::pair<int, wxString>> m_Entries;
-
-protected:
-    bool DoPopupMenu(wxMenu* menu, int, int) override
-    {
-        for (const wxMenuItem* item : menu->GetMenuItems())
-        {
-            m_Entries.emplace_back(item->IsSeparator() ? 0 : item->GetId(), item->GetItemLabel());
-        }
-        return true;
-    }
-};
-} // namespace
-
 TEST_F(TextViewTest, AppendReplacesTabsAndWidens)
 {
     EXPECT_EQ(m_View->Append("a\tb", false), 0);
@@ -84,16 +60,6 @@ TEST_F(TextViewTest, ClearLeavesTheScrollbars)
     m_View->Append("again", false);
     EXPECT_EQ(m_View->GetScrollRange(wxVERTICAL), m_View->LineHeight());
     EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 0);
-}
-
-TEST_F(TextViewTest, FollowsTheEndIfWanted)
-{
-    AppendNumbered(100);
-    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 0) << "appending alone does not scroll";
-    m_View->ScrollToBottom();
-    m_View->SetFollowEnd(true);
-    AppendNumbered(50);
-    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), Bottom());
 }
 
 TEST_F(TextViewTest, SelectsByMouse)
@@ -204,31 +170,6 @@ TEST_F(TextViewTest, KeysAndMenuSelectAndAreLeftToTheParentToo)
     EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 0);
     m_View->Menu(7307);
     EXPECT_TRUE(Panel().IsShown());
-}
-
-TEST_F(TextViewTest, ContextMenuEntries)
-{
-    auto* const view = new MenuKeeper(Frame());
-    view->Mouse(wxEVT_RIGHT_DOWN, 5, 5);
-    const std::vector<std::pair<int, wxString>> expected = {
-        {7306, "Save As...\tCtrl+S"},
-        {0, ""},
-        {7307, "Search...\tCtrl+F"},
-        {0, ""},
-        {7301, "Select All\tCtrl+A"},
-        {7302, "Select None\tEsc"},
-        {0, ""},
-        {7303, "Copy\tCtrl+C"},
-        {0, ""},
-        {7304, "Scroll to Top\tCtrl+Home"},
-        {7305, "Scroll to Bottom\tCtrl+End"},
-    };
-    EXPECT_EQ(view->m_Entries, expected);
-    view->m_Entries.clear();
-    wxMenu own;
-    own.Append(1, "Mine");
-    view->HandleContextMenu(own, false);
-    EXPECT_EQ(view->m_Entries.size(), 1u);
 }
 
 TEST_F(TextViewTest, CopiesTheSelectedLines)

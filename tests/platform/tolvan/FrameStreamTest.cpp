@@ -1,5 +1,4 @@
 #include "tests/platform/tolvan/TestPeer.h"
-#include "tests/support/Threads.h"
 #include "tolvan/Framing.h"
 #include "tolvan/_FrameStream.h"
 
@@ -103,29 +102,6 @@ TEST_F(FrameStreamTest, WaitsForAFrameThatComesSlowly)
     }
     EXPECT_TRUE(RunUntil([&] { return !m_Frames.empty(); }));
     EXPECT_FALSE(HasEnded());
-}
-
-TEST_F(FrameStreamTest, QueuesWhatThePeerDoesNotReadYet)
-{
-    const String frame = Framing::Wrap(Message("M").Set("F", String(200000, 'x')).Encode());
-    for (int i = 0; i < 20; ++i)
-    {
-        m_Stream->Send(frame);
-    }
-    m_Context.poll();
-    EXPECT_GT(m_Stream->Waiting(), frame.size() * 10);
-    int     received = 0;
-    Threads reader(1,
-                   [&](int)
-                   {
-                       while (received < 20 && m_Peer.Receive())
-                       {
-                           ++received;
-                       }
-                   });
-    EXPECT_TRUE(RunUntil([&] { return m_Stream->Waiting() == 0; }));
-    reader.Join();
-    EXPECT_EQ(received, 20);
 }
 
 TEST_F(FrameStreamTest, ASilentCloseTellsNobody)

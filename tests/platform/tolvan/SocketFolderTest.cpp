@@ -131,13 +131,4 @@ TEST_F(SocketFolderTest, TheMasterStartsWithItsClientsSocket)
     EXPECT_TRUE(File::Exists(SocketFolder::ForMaster())) << "the next master takes its place";
 }
 
-TEST(Components, AnyOtherNumberIsNone)
-{
-    for (const int number : {-1, 6})
-    {
-        EXPECT_EQ(Components::GetName(number), "");
-        EXPECT_FALSE(Components::DidStart(number));
-    }
-}
-
 } // namespace

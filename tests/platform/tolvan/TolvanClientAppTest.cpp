@@ -214,6 +214,18 @@ TEST_F(TolvanClientAppTest, ReportsFailedRequests)
     EXPECT_EQ(m_App.Notes().size(), 1u) << "a handler may take it";
 }
 
+TEST_F(TolvanClientAppTest, RequestHandlersMayTakeThemselvesOutAndFail)
+{
+    EXPECT_FALSE(m_App.HandleRequest("COLORS"));
+    m_App.RegisterRequestHandler("COLORS", [this]
+                                 { return m_App.RegisterRequestHandler("COLORS", {}), true; });
+    EXPECT_TRUE(m_App.HandleRequest("COLORS"));
+    EXPECT_FALSE(m_App.HandleRequest("COLORS"));
+    m_App.RegisterRequestHandler("BAD", []() -> bool { throw std::runtime_error("why"); });
+    EXPECT_FALSE(m_App.HandleRequest("BAD"));
+    EXPECT_TRUE(m_Log.Has("why", log_Error)) << m_Log.All();
+}
+
 TEST_F(TolvanClientAppTest, ARequestMaySendOneWhileTheProgramEnds)
 {
     // The handler uses the server that is about to be destroyed.

@@ -60,18 +60,6 @@ TEST_F(FileTest, FindsTheUserFolder)
     EXPECT_EQ("No User Folder available", exception->Text());
 }
 
-TEST_F(FileTest, MakesFolders)
-{
-    const Path folder = UserFile("a/b/c/");
-    File::MakeFolder(folder);
-    File::MakeFolder(folder);
-    File::MakeFolder("");
-    EXPECT_TRUE(File::IsFolder(folder));
-    WriteFile(UserFile("file"), "x");
-    EXPECT_EQ(ec_System, CodeThrown([this] { File::MakeFolder(UserFile("file/sub")); }));
-    EXPECT_EQ(ec_System, CodeThrown([this] { File::MakeFolder(UserFile("file")); }));
-}
-
 TEST_F(FileTest, ReadsUpToTheLimit)
 {
     const String content(100000, '\0');
