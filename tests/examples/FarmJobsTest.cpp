@@ -1,0 +1,223 @@
+#include "monitor/FarmJobs.h"
+#include "monitor/JobForm.h"
+#include "monitor/JobSelection.h"
+#include "monitor/PanelMemory.h"
+
+#include "tests/support/UserFolderTest.h"
+
+#include <chrono>
+
+namespace
+{
+Message JobMessage(const String& id, const String& state, int progress = 0, long long started = 0)
+{
+    Message message(msg_Job);
+    message.Set(p_Id, id).Set(p_Name, "Job " + id).Set(p_Type, "T").Set(p_State, state);
+    return message.Set(p_Progress, progress).Set(p_Started, started);
+}
+
+Message Line(const String& id, const String& line)
+{
+    return Message(msg_Output).Set(p_Id, id).Set("Line", line);
+}
+
+Message Welcome(int jobs)
+{
+    return Message(msg_Welcome).Set("jobs", jobs);
+}
+
+class FarmJobsTest : public testing::Test, private HasSlots
+{
+protected:
+    FarmJobsTest()
+        : m_Jobs([](const Message&) { return false; },
+                 [this](const String& type)
+                 {
+                     ++m_NamesAsked;
+                     return "Product " + type;
+                 })
+    {
+        m_Jobs.Changed.Connect(this, [this](const FarmJobs::News& news) { m_News = news; });
+    }
+    void Apply(const std::vector<Message>& messages)
+    {
+        FarmChanges changes;
+        for (const Message& message : messages)
+        {
+            changes.Add(message);
+        }
+        m_Jobs.Apply(changes);
+    }
+
+    FarmJobs       m_Jobs;
+    FarmJobs::News m_News;
+    int            m_NamesAsked = 0;
+};
+} // namespace
+
+TEST_F(FarmJobsTest, KeepsOnlyTheLatestOfEachJobAndTellsWhatIsOther)
+{
+    Apply({JobMessage("a", state_Waiting), JobMessage("b", state_Waiting),
+           JobMessage("a", state_Running, 7, 1000)});
+    ASSERT_EQ(2u, m_Jobs.InOrder().size());
+    EXPECT_EQ("a", m_Jobs.InOrder()[0]->id);
+    EXPECT_EQ(7, m_Jobs.Find("a")->progress);
+    EXPECT_EQ("Product T", m_Jobs.Find("b")->product);
+    EXPECT_EQ(1, m_NamesAsked);
+    EXPECT_TRUE(m_News.isListChanged);
+
+    Apply({JobMessage("a", state_Running, 8, 1000)});
+    EXPECT_FALSE(m_News.isListChanged);
+    EXPECT_EQ(std::set<String>{"a"}, m_News.changed);
+    Apply({JobMessage("a", state_Failed, 8, 1000)});
+    EXPECT_TRUE(m_News.isListChanged);
+    const FarmJobs::Summary& summary = m_Jobs.Summarize();
+    EXPECT_EQ(2, summary.jobs);
+    EXPECT_EQ(0, summary.active);
+    EXPECT_EQ(1, summary.waiting);
+    EXPECT_EQ(1, summary.failed);
+}
+
+TEST_F(FarmJobsTest, AfterANewConnectionJobsThatAreNotToldOfAgainAreGone)
+{
+    Apply({Welcome(2), JobMessage("a", state_Running), JobMessage("b", state_Done)});
+    Apply({Line("a", "one")});
+    Apply({Welcome(2), JobMessage("a", state_Running)});
+    EXPECT_EQ(2u, m_Jobs.InOrder().size()); // the other may still come
+    EXPECT_TRUE(m_Jobs.Find("a")->output.Lines().empty());
+    Apply({JobMessage("c", state_Waiting)});
+    EXPECT_EQ(nullptr, m_Jobs.Find("b"));
+    EXPECT_EQ(1u, m_Jobs.Find("a")->number);
+    EXPECT_EQ(2, m_Jobs.Summarize().jobs);
+    Apply({Welcome(0)});
+    EXPECT_TRUE(m_Jobs.InOrder().empty());
+}
+
+TEST_F(FarmJobsTest, OutputKeepsItsEndAndCountsWhatIsMissing)
+{
+    Apply({JobMessage("a", state_Running, 0, 1000)});
+    std::vector<Message> lines;
+    for (int i = 0; i < 150; ++i)
+    {
+        lines.push_back(Line("a", String::FromInt(i)));
+    }
+    Apply(lines);
+    const JobOutput& output = m_Jobs.Find("a")->output;
+    EXPECT_EQ(150, output.End());
+    EXPECT_EQ(50, output.Begin());
+    EXPECT_EQ("149", output.Lines().back());
+    Apply({Line("a", "lost"), Message(msg_Skipped).Set(p_Id, "a").Set("Count", 5), Line("a", "z")});
+    EXPECT_EQ(157, output.End());
+    EXPECT_EQ(156, output.Begin());
+    Apply({JobMessage("a", state_Waiting)}); // runs anew
+    EXPECT_TRUE(output.Lines().empty());
+    EXPECT_EQ(157, m_Jobs.Summarize().outputLines);
+}
+
+TEST_F(FarmJobsTest, TenThousandJobsAreFast)
+{
+    std::vector<Message> messages;
+    for (int i = 0; i < 10000; ++i)
+    {
+        messages.push_back(JobMessage(String::FromInt(i), i % 100 ? state_Done : state_Running));
+    }
+    const auto begin = std::chrono::steady_clock::now();
+    Apply(messages);
+    Apply(messages);
+    const auto shown = SelectJobs(m_Jobs.InOrder(), 150);
+    // Some 60 ms; a model that looks through all jobs for each of them takes minutes.
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+    ASSERT_EQ(150u, shown.size());
+    EXPECT_EQ("9999", shown[0]->id); // the latest, and all that run
+    EXPECT_EQ("0", shown[149]->id);
+}
+
+TEST(JobText, IsOneLineHoweverOddTheJobIs)
+{
+    FarmJob job;
+    job.job = boost::shared_ptr<Job>(new Job);
+    Message message = JobMessage("a", state_Running, 34, 5000000);
+    message.Set(p_Name, "two\nlines").Set("Text", String(10240, 'x') + "\n").Set(p_FrameCount, 150);
+    job.Update(message.Set(p_FramesDone, 51));
+    EXPECT_EQ("two lines: Running, 34 %", JobCaption(job));
+    const std::vector<DetailRow> rows = JobDetailRows(job, Time::Seconds(70));
+    EXPECT_EQ("34 % (51 of 150 frames)", rows[1].value);
+    EXPECT_EQ("1m 05s", rows[3].value);
+    ASSERT_EQ(1u, JobParameterRows(job).size());
+    EXPECT_EQ(303u, JobParameterRows(job)[0].value.size()); // 300 and the ellipsis
+    EXPECT_EQ("\xc3\xa4\xe2\x80\xa6", OneLine("\xc3\xa4\xc3\xa4", 1));
+}
+
+class JobFormTest : public UserFolderTest
+{
+protected:
+    JobForm Form() const
+    {
+        WriteFile(TempFile("t.module"), "[Type]\nId=11111111-2222-3333-4444-555555555555\nName=T\n"
+                                        "[Parameter Text]\nDefault=d\n"
+                                        "[Parameter Kind]\nChoices=x;y\n"
+                                        "[Parameter Priority]\nDefault=p\n");
+        return JobForm(JobTypeInfo::Load(TempFile("t.module")));
+    }
+};
+
+TEST_F(JobFormTest, BeginsWithTheDefaultsAndSendsWhatWasEntered)
+{
+    JobForm form = Form();
+    int     field = 0;
+    EXPECT_EQ("", form.FindProblem(field));
+    form.name = " Sky ";
+    form.priority = "70";
+    form.values[0] = "a\nb";
+    const Message message = form.ToMessage("r");
+    EXPECT_STREQ(msg_Submit, message.Type().c_str());
+    EXPECT_EQ("Sky", message.Get(p_Name));
+    EXPECT_EQ("a\nb", message.Get("Text"));
+    EXPECT_EQ("x", message.Get("Kind"));
+    EXPECT_EQ("70", message.Get(p_Priority));
+}
+
+TEST_F(JobFormTest, SaysWhatIsWrongAndWhere)
+{
+    struct Case
+    {
+        String name, priority, text, kind;
+        int    field;
+    };
+    const Case cases[] = {
+        {"two\nlines", "50", "", "x", JobForm::kName},
+        {String(201, 'n'), "50", "", "x", JobForm::kName},
+        {"", "", "", "x", JobForm::kPriority},
+        {"", "101", "", "x", JobForm::kPriority},
+        {"", "5o", "", "x", JobForm::kPriority},
+        {"", "0", String("a\0b", 3), "x", 0},
+        {"", "100", String(101 << 10, 'v'), "x", 0},
+        {"", " 7 ", String(10 << 10, 'v'), "z", 1},
+    };
+    for (const Case& one : cases)
+    {
+        JobForm form = Form();
+        form.name = one.name;
+        form.priority = one.priority;
+        form.values[0] = one.text;
+        form.values[1] = one.kind;
+        int field = JobForm::kNone;
+        EXPECT_NE("", form.FindProblem(field));
+        EXPECT_EQ(one.field, field) << one.name << one.priority;
+    }
+}
+
+TEST(PanelMemory, StaysSmallWhateverTheJobsAreCalled)
+{
+    IniFile options;
+    EXPECT_EQ(PanelKey("a=b\n[x]"), PanelKey("a_b__x_"));
+    EXPECT_LT(PanelKey(String(10240, 'x')).size(), 100u);
+    for (int i = 0; i < 500; ++i)
+    {
+        options.SetValue(k_PanelSection, PanelKey(String::FromInt(i)), i % 2 ? "1" : "0");
+    }
+    PrunePanelMemory(options);
+    EXPECT_EQ(200u, options.Keys(k_PanelSection).size());
+    EXPECT_TRUE(options.GetBool(k_PanelSection, PanelKey("499"), false));
+    EXPECT_FALSE(options.HasValue(k_PanelSection, PanelKey("498")));
+}
