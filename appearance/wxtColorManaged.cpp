@@ -83,7 +83,8 @@ void wxtColorManaged::UseDefaults()
 void wxtColorManaged::RefreshColors() const
 {
     CALL_ENTRY("wxtColorManaged::RefreshColors");
-    if (!m_Window)
+    // Two-step creation: there may be an object without a window yet.
+    if (!m_Window || !m_Window->GetHandle())
     {
         return;
     }

@@ -1,75 +1,211 @@
 #include "dialogs/wxTolvanDlg.h"
 
+#include "shell/_Geometry.h"
 #include "shell/wxTolvanFrame.h"
 #include "vesta/CallEntry.h"
 
-#include <wx/app.h>
-#include <wx/thread.h>
+#include <wx/settings.h>
+#include <wx/sizer.h>
 
-std::set<wxTolvanDlg*> wxTolvanDlg::s_Dialogs;
+#include <algorithm>
 
 namespace
 {
-// Calls `work` for every live dialog; what it does may end any of them.
-template <class Work> void ForEachDialog(Work work)
+constexpr long kStyle =
+    wxCAPTION | wxSYSTEM_MENU | wxCLOSE_BOX | wxTAB_TRAVERSAL | wxFRAME_FLOAT_ON_PARENT;
+constexpr int kCancelled = 0;
+constexpr int kUsualCaptionHeight = 20; // pixels
+
+int CaptionHeight(const wxWindow* window)
 {
-    const std::set<wxTolvanDlg*> dialogs = wxTolvanDlg::s_Dialogs;
-    for (wxTolvanDlg* const dialog : dialogs)
+    const int height = wxSystemSettings::GetMetric(wxSYS_CAPTION_Y, window);
+    return height > 0 ? height : kUsualCaptionHeight;
+}
+
+// The rectangle, made smaller and moved as far as it must to lie inside the area.
+wxRect KeptInside(const wxRect& area, const wxRect& rect)
+{
+    const wxSize size(std::min(rect.width, area.width), std::min(rect.height, area.height));
+    const int    x = std::clamp(rect.x, area.x, area.x + area.width - size.x);
+    const int    y = std::clamp(rect.y, area.y, area.y + area.height - size.y);
+    return wxRect(wxPoint(x, y), size);
+}
+
+wxWindow* FirstControl(const wxWindow& parent)
+{
+    for (wxWindow* const child : parent.GetChildren())
     {
-        if (wxTolvanDlg::s_Dialogs.count(dialog))
+        if (!child->IsTopLevel() && child->CanAcceptFocusFromKeyboard())
         {
-            work(*dialog);
+            return child;
         }
     }
+    return nullptr;
 }
 } // namespace
 
-wxTolvanDlg::wxTolvanDlg(wxWindow* parent, const wxString& title)
-    : wxDialog(parent ? parent : wxTolvanFrame::s_Frame, wxID_ANY, title)
+// clang-format off
+wxBEGIN_EVENT_TABLE(wxTolvanDlg, wxDialog)
+    EVT_CLOSE(wxTolvanDlg::OnClose)
+    EVT_BUTTON(wxID_OK, wxTolvanDlg::OnOK)
+    EVT_BUTTON(wxID_CANCEL, wxTolvanDlg::OnCancel)
+    EVT_INIT_DIALOG(wxTolvanDlg::OnInit)
+    EVT_CHAR_HOOK(wxTolvanDlg::OnKey)
+wxEND_EVENT_TABLE()
+    // clang-format on
+
+    wxTolvanDlg::wxTolvanDlg(const String& positionName, bool modal)
+    : m_PositionName(positionName), m_OpenIndex(g_OpenCount[positionName].dialogs++), m_Modal(modal)
 {
     CALL_ENTRY("wxTolvanDlg::wxTolvanDlg");
     s_Dialogs.insert(this);
     Manage(this);
 }
 
+wxTolvanDlg::wxTolvanDlg(wxWindow* parent, const wxString& title, const String& positionName,
+                         bool modal)
+    : wxTolvanDlg(positionName, modal)
+{
+    CreateDialog(parent, title);
+}
+
 wxTolvanDlg::~wxTolvanDlg()
 {
     s_Dialogs.erase(this);
+    --g_OpenCount[m_PositionName].dialogs;
+    s_DlgClosed.Emit();
+    for (wxTolvanDlg* const dialog : s_Dialogs)
+    {
+        dialog->Refresh();
+    }
+}
+
+void wxTolvanDlg::CreateDialog(wxWindow* parent, const wxString& title)
+{
+    CALL_ENTRY("wxTolvanDlg::CreateDialog");
+    SetExtraStyle(GetExtraStyle() | wxTOPLEVEL_EX_DIALOG);
+    const long resizable = m_PositionName.empty() ? 0 : wxRESIZE_BORDER;
+    const bool created =
+        Create(parent ? parent : wxTolvanFrame::s_Frame, wxID_ANY, title, wxDefaultPosition,
+               wxDefaultSize, kStyle | resizable, wxASCII_STR(wxFrameNameStr));
+    SetExtraStyle(GetExtraStyle() & ~wxWS_EX_BLOCK_EVENTS);
+    if (created && m_hasFont)
+    {
+        // Taken from a parent dialog, whose font is already smaller.
+        SetFont(wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT));
+    }
+    wxFont font = GetFont();
+    font.SetPointSize(std::max(1, font.GetPointSize() - 1));
+    SetFont(font);
+    Manage(this);
+}
+
+bool wxTolvanDlg::IsRunModally() const
+{
+    return m_Modal || IsModal();
+}
+
+void wxTolvanDlg::SavePosition()
+{
+    if (!m_PositionName.empty())
+    {
+        wxSaveWindowPos(this, m_PositionName);
+    }
+}
+
+void wxTolvanDlg::RestorePosition()
+{
+    if (m_PositionName.empty())
+    {
+        return;
+    }
+    if (!GetMinSize().IsFullySpecified())
+    {
+        // Its buttons stay visible, whatever size is stored and whatever the user makes of it.
+        SetMinSize(GetSize());
+    }
+    wxSetWindowPos(this, m_PositionName, CaptionHeight(this) * static_cast<int>(m_OpenIndex));
+    const wxRect place = KeptInside(_DisplayAreaOf(this), GetRect());
+    if (place != GetRect())
+    {
+        SetSize(place);
+    }
+}
+
+// Before the window system sees it: a dialog that changes its size as it comes up flickers.
+bool wxTolvanDlg::Show(bool show)
+{
+    CALL_ENTRY("wxTolvanDlg::Show");
+    if (show && !IsShown())
+    {
+        Fit();
+    }
+    return wxDialog::Show(show);
+}
+
+void wxTolvanDlg::End(int result)
+{
+    if (IsRunModally())
+    {
+        SavePosition();
+        EndDialog(result);
+        s_ModalFinished.Emit();
+    }
+    else
+    {
+        SetReturnCode(result);
+        Close(true);
+    }
+}
+
+void wxTolvanDlg::OnOK(wxCommandEvent&)
+{
+    CALL_ENTRY("wxTolvanDlg::OnOK");
+    if (Validate() && TransferDataFromWindow())
+    {
+        End(wxID_OK);
+    }
+}
+
+void wxTolvanDlg::OnCancel(wxCommandEvent&)
+{
+    CALL_ENTRY("wxTolvanDlg::OnCancel");
+    End(kCancelled);
+}
+
+void wxTolvanDlg::OnClose(wxCloseEvent& event)
+{
+    CALL_ENTRY("wxTolvanDlg::OnClose");
+    SavePosition();
+    if (IsRunModally())
+    {
+        event.Skip();
+        s_ModalFinished.Emit();
+    }
+    else
+    {
+        Destroy();
+    }
+}
+
+void wxTolvanDlg::OnInit(wxInitDialogEvent& event)
+{
+    CALL_ENTRY("wxTolvanDlg::OnInit");
+    RefreshColors(); // a derived class that made the window itself has not done so yet
+    Layout();
+    Fit();
+    RestorePosition();
+    event.Skip();
+    if (wxWindow* const control = FirstControl(*this))
+    {
+        control->SetFocus();
+    }
+    if (m_Modal)
+    {
+        s_ModalStarted.Emit();
+    }
 }
 
 void wxTolvanDlg::OnConnected(bool)
 {
-}
-
-void wxTolvanDlg::NotifyConnected(bool connected)
-{
-    CALL_ENTRY("wxTolvanDlg::NotifyConnected");
-    if (wxIsMainThread())
-    {
-        ForEachDialog([connected](wxTolvanDlg& dialog) { dialog.OnConnected(connected); });
-    }
-    else if (wxTheApp)
-    {
-        wxTheApp->CallAfter([connected] { NotifyConnected(connected); });
-    }
-}
-
-void wxTolvanDlg::CloseAll()
-{
-    CALL_ENTRY("wxTolvanDlg::CloseAll");
-    ForEachDialog([](wxTolvanDlg& dialog) { dialog.Destroy(); });
-    s_Dialogs.clear();
-}
-
-void wxTolvanDlg::RefreshAll()
-{
-    CALL_ENTRY("wxTolvanDlg::RefreshAll");
-    ForEachDialog(
-        [](wxTolvanDlg& dialog)
-        {
-            wxSysColourChangedEvent event;
-            event.SetEventObject(&dialog);
-            dialog.GetEventHandler()->ProcessEvent(event);
-            dialog.Refresh();
-        });
 }

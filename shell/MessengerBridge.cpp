@@ -1,5 +1,4 @@
 #include "appearance/wxTolvanString.h"
-#include "dialogs/wxConfirmDlg.h"
 #include "dialogs/wxTolvanDlg.h"
 #include "shell/_TopWindow.h"
 #include "shell/wxTolvanApp.h"
@@ -20,11 +19,6 @@ namespace
 void PostCommand(wxEventType type)
 {
     _PostToTopWindow([type](wxWindow&) { return std::make_unique<wxCommandEvent>(type, 0); });
-}
-
-void ShowRequestFailure(const String& text)
-{
-    wxTolvanMessageBox("Master reports error:\n" + wxtToWx(text), "RequestFailed", nullptr);
 }
 } // namespace
 
@@ -139,18 +133,4 @@ void wxTolvanApp::_EndSession(wxCloseEvent&)
     CALL_ENTRY("wxTolvanApp::_EndSession");
     LogSystem("Notified of user request to log out or shut down the system");
     the_Exe->Signal(0);
-}
-
-bool wxTolvanApp::RequestHasFailed(const String& text)
-{
-    CALL_ENTRY("wxTolvanApp::RequestHasFailed");
-    if (wxIsMainThread())
-    {
-        ShowRequestFailure(text);
-    }
-    else
-    {
-        CallAfter([text] { ShowRequestFailure(text); });
-    }
-    return false;
 }

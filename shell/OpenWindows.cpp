@@ -3,11 +3,11 @@
 #include "appearance/wxTolvanString.h"
 #include "shell/_Geometry.h"
 #include "vesta/CallEntry.h"
+#include "vesta/Log.h"
 
 #include <wx/app.h>
 #include <wx/control.h>
 #include <wx/display.h>
-#include <wx/menu.h>
 #include <wx/toplevel.h>
 
 #include <algorithm>
@@ -18,6 +18,15 @@ namespace
 constexpr int     kUnsizedBelow = 100; // pixels; a window never given a size is smaller
 const char* const kGroupIndent = "   ";
 OpenWindows       s_OpenWindows;
+
+// The text as a menu shows it: what would be a mnemonic or an accelerator is text, and the toolkit
+// takes no empty label.
+wxString Label(const wxString& text)
+{
+    wxString label = wxControl::EscapeMnemonics(text);
+    label.Replace("\t", " ");
+    return label.empty() ? wxString(" ") : label;
+}
 } // namespace
 
 OpenWindows* const OpenWindows::_this = &s_OpenWindows;
@@ -25,6 +34,11 @@ OpenWindows* const OpenWindows::_this = &s_OpenWindows;
 void wxOpenUserWindow(wxTopLevelWindow* window, const String& name)
 {
     CALL_ENTRY("wxOpenUserWindow");
+    if (!window)
+    {
+        LogWarning("No window to register as one that the user has opened");
+        return;
+    }
     OpenWindows::_this->AddWindow(window, name);
     const wxSize size = window->GetSize();
     if (window->IsVisible() && (size.x < kUnsizedBelow || size.y < kUnsizedBelow))
@@ -40,11 +54,7 @@ wxMenu* wxGetOpenWindowMenu()
 
 OpenWindows::OpenWindows() = default;
 
-OpenWindows::~OpenWindows()
-{
-    // The menu is left to the process's end: the toolkit is gone by the time that statics are
-    // destroyed.
-}
+OpenWindows::~OpenWindows() = default;
 
 void OpenWindows::AddWindow(wxTopLevelWindow* window, const String& name)
 {
@@ -57,12 +67,11 @@ void OpenWindows::Clear()
 {
     CALL_ENTRY("OpenWindows::Clear");
     m_Windows.clear();
-}
-
-size_t OpenWindows::Count()
-{
-    DropDeadWindows();
-    return m_Windows.size();
+    // Not left to the destructor: the toolkit is gone by then.
+    if (m_Menu && !m_Menu->IsAttached() && !m_Menu->GetParent())
+    {
+        delete m_Menu.get();
+    }
 }
 
 void OpenWindows::DropDeadWindows()
@@ -91,9 +100,8 @@ wxMenu* OpenWindows::GetMenu()
     if (!m_Menu)
     {
         m_Menu = new wxMenu;
-        wxTheApp->GetTopWindow()->Bind(wxEVT_MENU, &OpenWindows::OnCommand, this, id_MainWindow,
-                                       id_CollectAll);
     }
+    BindTo(wxTheApp->GetTopWindow());
     while (m_Menu->GetMenuItemCount() > 0)
     {
         m_Menu->Destroy(m_Menu->FindItemByPosition(0));
@@ -106,6 +114,16 @@ wxMenu* OpenWindows::GetMenu()
     AppendWindows(*m_Menu);
     m_Menu->Append(id_CloseAll, wxGetTranslation("Close All"));
     return m_Menu;
+}
+
+// Once, however often the menu is filled; the program may have another top window by now.
+void OpenWindows::BindTo(wxWindow* top)
+{
+    if (top)
+    {
+        top->Unbind(wxEVT_MENU, &OpenWindows::OnCommand, this, id_MainWindow, id_CollectAll);
+        top->Bind(wxEVT_MENU, &OpenWindows::OnCommand, this, id_MainWindow, id_CollectAll);
+    }
 }
 
 void OpenWindows::AppendWindows(wxMenu& menu)
@@ -122,15 +140,14 @@ void OpenWindows::AppendWindows(wxMenu& menu)
         {
             break;
         }
-        groups[datum.group].push_back(
-            new wxMenuItem(&menu, id++, wxControl::EscapeMnemonics(datum.window->GetTitle())));
+        groups[datum.group].push_back(new wxMenuItem(&menu, id++, Label(datum.window->GetTitle())));
     }
     for (const auto& group : groups)
     {
         menu.AppendSeparator();
         if (!group.first.empty())
         {
-            menu.Append(wxID_ANY, wxtToWx(group.first))->Enable(false);
+            menu.Append(wxID_ANY, Label(wxtToWx(group.first)))->Enable(false);
         }
         for (wxMenuItem* const item : group.second)
         {
@@ -146,39 +163,64 @@ void OpenWindows::OnCommand(wxCommandEvent& event)
 {
     CALL_ENTRY("OpenWindows::OnCommand");
     event.Skip();
-    DropDeadWindows();
-    wxWindow* const top = wxTheApp->GetTopWindow();
-    const int       id = event.GetId();
-    // Closing windows changes the list.
-    const std::vector<Datum> windows = m_Windows;
-    if (id == id_MainWindow)
+    const int id = event.GetId();
+    if (id == id_CloseAll)
+    {
+        CloseAll();
+    }
+    else if (id == id_CollectAll)
+    {
+        CollectAll();
+    }
+    else if (id >= id_FirstWindow && id <= id_LastWindow)
+    {
+        RaiseWindow(static_cast<size_t>(id - id_FirstWindow));
+    }
+    else if (wxWindow* const top = id == id_MainWindow ? wxTheApp->GetTopWindow() : nullptr)
     {
         top->Raise();
     }
-    else if (id == id_CloseAll || id == id_CollectAll)
+}
+
+// A window that has died without having been closed keeps its place until the menu is filled anew:
+// the items after it still mean their own windows.
+void OpenWindows::RaiseWindow(size_t place)
+{
+    if (place < m_Windows.size() && m_Windows[place].window)
     {
-        for (const Datum& datum : windows)
+        m_Windows[place].window->Raise();
+    }
+}
+
+void OpenWindows::CloseAll()
+{
+    // Each takes itself off the list, and may take others with it.
+    const std::vector<Datum> windows = m_Windows;
+    for (const Datum& datum : windows)
+    {
+        if (datum.window)
         {
-            // A window may have taken another one with it.
-            if (datum.window && id == id_CloseAll)
-            {
-                datum.window->Close(false);
-            }
-            else if (datum.window)
-            {
-                CenterOnDisplay(top, datum.window);
-            }
+            datum.window->Close(false);
         }
     }
-    else if (id >= id_FirstWindow && id - id_FirstWindow < static_cast<int>(windows.size()))
+}
+
+void OpenWindows::CollectAll()
+{
+    const std::vector<Datum> windows = m_Windows;
+    for (const Datum& datum : windows)
     {
-        windows[static_cast<size_t>(id - id_FirstWindow)].window->Raise();
+        CenterOnDisplay(wxTheApp->GetTopWindow(), datum.window);
     }
 }
 
 void OpenWindows::CenterOnDisplay(wxWindow* reference, wxWindow* window)
 {
     CALL_ENTRY("OpenWindows::CenterOnDisplay");
+    if (!reference || !window)
+    {
+        return;
+    }
     const wxRect place =
         _CentredOn(_DisplayAreaOf(reference), reference->GetSize(), window->GetSize());
     window->Freeze();

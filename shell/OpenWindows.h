@@ -4,18 +4,19 @@
 #include "vesta/String.h"
 
 #include <wx/event.h>
+#include <wx/menu.h>
 #include <wx/weakref.h>
 
 #include <vector>
 
-class wxMenu;
 class wxTopLevelWindow;
 
 /// Registers a window that the user has opened, so that the window menu lists it until it closes.
 /// A non-empty name groups it with others under a heading. A visible window that was never given a
 /// real size is brought to the middle of the main window's display.
 TOLVAN_API void wxOpenUserWindow(wxTopLevelWindow* window, const String& name);
-/// The window menu, filled anew. Owned by the registry: whoever shows it asks for it every time.
+/// The window menu, filled anew: whoever shows it asks for it every time. It may be put into a menu
+/// bar or another menu, which then owns it; else the registry does.
 TOLVAN_API wxMenu* wxGetOpenWindowMenu();
 
 /// The windows that the user has opened beside the main one, and the menu that lists them.
@@ -46,21 +47,25 @@ public:
 
     void    AddWindow(wxTopLevelWindow* window, const String& name);
     wxMenu* GetMenu();
-    /// Forgets all windows.
+    /// Forgets all windows, and deletes the menu unless somebody else owns it. Called at exit.
     void Clear();
-    /// The number of windows that are registered and alive.
-    size_t Count();
 
+    /// Takes the window off the list, even if another handler then vetoes the close.
     void OnClose(wxCloseEvent& event);
+    /// Ids of windows are places in the list as it is now, not as it was when the menu was filled.
     void OnCommand(wxCommandEvent& event);
     /// Puts the window in the middle of the display that `reference` lies on, at least half as
-    /// large as the reference window.
+    /// large as the reference window. Nothing without both.
     void CenterOnDisplay(wxWindow* reference, wxWindow* window);
 
 private:
+    void BindTo(wxWindow* top);
     void DropDeadWindows();
     void AppendWindows(wxMenu& menu);
+    void RaiseWindow(size_t place);
+    void CloseAll();
+    void CollectAll();
 
     std::vector<Datum> m_Windows;
-    wxMenu*            m_Menu = nullptr;
+    wxWeakRef<wxMenu>  m_Menu; ///< Null before it is asked for, or when its owner has deleted it.
 };

@@ -53,7 +53,7 @@ protected:
 class Listener : public wxTolvanDlg
 {
 public:
-    explicit Listener(wxWindow* parent) : wxTolvanDlg(parent, "Listener") {}
+    explicit Listener(wxWindow* parent) : wxTolvanDlg(parent, "Listener", "", false) {}
     void OnConnected(bool connected) override
     {
         EXPECT_TRUE(wxIsMainThread());

@@ -16,7 +16,10 @@ constexpr int kRounds = 300;
 class Listener : public wxTolvanDlg
 {
 public:
-    Listener(wxWindow* parent, int& heard) : wxTolvanDlg(parent, "Listener"), m_Heard(heard) {}
+    Listener(wxWindow* parent, int& heard)
+        : wxTolvanDlg(parent, "Listener", "", false), m_Heard(heard)
+    {
+    }
     void OnConnected(bool) override { ++m_Heard; }
 
 private:

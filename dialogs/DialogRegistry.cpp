@@ -1,0 +1,61 @@
+#include "dialogs/wxTolvanDlg.h"
+#include "vesta/CallEntry.h"
+
+#include <wx/app.h>
+#include <wx/thread.h>
+
+std::set<wxTolvanDlg*>                wxTolvanDlg::s_Dialogs;
+std::map<String, wxTolvanDlg::_Count> wxTolvanDlg::g_OpenCount;
+
+Signal0<> wxTolvanDlg::s_ModalStarted;
+Signal0<> wxTolvanDlg::s_ModalFinished;
+Signal0<> wxTolvanDlg::s_DlgClosed;
+
+namespace
+{
+// Calls `work` for every live dialog; what it does may end any of them.
+template <class Work> void ForEachDialog(Work work)
+{
+    const std::set<wxTolvanDlg*> dialogs = wxTolvanDlg::s_Dialogs;
+    for (wxTolvanDlg* const dialog : dialogs)
+    {
+        if (wxTolvanDlg::s_Dialogs.count(dialog))
+        {
+            work(*dialog);
+        }
+    }
+}
+} // namespace
+
+void wxTolvanDlg::NotifyConnected(bool connected)
+{
+    CALL_ENTRY("wxTolvanDlg::NotifyConnected");
+    if (wxIsMainThread())
+    {
+        ForEachDialog([connected](wxTolvanDlg& dialog) { dialog.OnConnected(connected); });
+    }
+    else if (wxTheApp)
+    {
+        wxTheApp->CallAfter([connected] { NotifyConnected(connected); });
+    }
+}
+
+void wxTolvanDlg::CloseAll()
+{
+    CALL_ENTRY("wxTolvanDlg::CloseAll");
+    ForEachDialog([](wxTolvanDlg& dialog) { dialog.CloseForGood(); });
+    s_Dialogs.clear();
+}
+
+void wxTolvanDlg::RefreshAll()
+{
+    CALL_ENTRY("wxTolvanDlg::RefreshAll");
+    ForEachDialog(
+        [](wxTolvanDlg& dialog)
+        {
+            wxSysColourChangedEvent event;
+            event.SetEventObject(&dialog);
+            dialog.GetEventHandler()->ProcessEvent(event);
+            dialog.Refresh();
+        });
+}

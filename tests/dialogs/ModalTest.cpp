@@ -1,0 +1,72 @@
+#include "tests/dialogs/DialogTest.h"
+
+#include <wx/textctrl.h>
+
+#include <algorithm>
+
+namespace
+{
+struct Notices : HasSlots
+{
+    Notices()
+    {
+        wxTolvanDlg::s_ModalStarted.Connect(this, &Notices::Started);
+        wxTolvanDlg::s_ModalFinished.Connect(this, &Notices::Finished);
+        wxTolvanDlg::s_DlgClosed.Connect(this, &Notices::Closed);
+    }
+    void Started() { heard += "s"; }
+    void Finished() { heard += "f"; }
+    void Closed() { heard += "c"; }
+
+    std::string heard;
+};
+} // namespace
+
+TEST_F(DialogTest, ResultsAndSignalsOfModalRuns)
+{
+    const Notices notices;
+    {
+        FieldDialog dialog(Frame(), "", true);
+        EXPECT_EQ(wxID_OK, Run(dialog, [] { Press(WXK_RETURN); }));
+        EXPECT_EQ(0, Run(dialog, [] { Press(WXK_ESCAPE); }));
+        EXPECT_NE(wxID_OK, Run(dialog, [&dialog] { dialog.Close(); }));
+    }
+    EXPECT_EQ("sfsfsfc", notices.heard);
+}
+
+// On the stack, one over the other: whoever runs a modal dialog also ends its life.
+TEST_F(DialogTest, CloseAllEndsModalDialogsToo)
+{
+    const Notices notices;
+    int           innerResult = -1;
+    {
+        FieldDialog outer(Frame(), "", true);
+        new FieldDialog(&outer, "", false);
+        const auto openInner = [&]
+        {
+            FieldDialog inner(&outer, "", true);
+            innerResult = Run(inner, [] { wxTolvanDlg::CloseAll(); });
+        };
+        EXPECT_EQ(0, Run(outer, openInner));
+        EXPECT_EQ(0, innerResult);
+        EXPECT_EQ(0, outer.ShowModal()) << "closed for good";
+        EXPECT_TRUE(wxTolvanDlg::s_Dialogs.empty());
+    }
+    PumpEvents();
+    EXPECT_EQ(3, std::count(notices.heard.begin(), notices.heard.end(), 'c')) << notices.heard;
+}
+
+TEST_F(DialogTest, AModalDialogOutlivesItsParent)
+{
+    {
+        FieldDialog outer(Frame(), "", true);
+        const auto  openInner = [&]
+        {
+            FieldDialog inner(&outer, "", true);
+            EXPECT_EQ(0, Run(inner, [this] { Frame()->Destroy(); }));
+        };
+        EXPECT_EQ(0, Run(outer, openInner));
+        EXPECT_EQ(nullptr, Frame());
+    }
+    EXPECT_TRUE(wxTolvanDlg::s_Dialogs.empty());
+}
