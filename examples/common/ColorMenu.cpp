@@ -1,9 +1,9 @@
 #include "common/ColorMenu.h"
 
+#include "common/SchemeNames.h"
 #include "shell/wxTolvanFrame.h"
 
 #include <wx/frame.h>
-#include <wx/intl.h>
 
 #include <iterator>
 
@@ -11,32 +11,20 @@ namespace
 {
 constexpr int kFirstId = 21000;
 
-struct Entry
-{
-    int         scheme;
-    const char* label;
-};
-
-constexpr Entry kEntries[] = {
-    {scheme_Default, wxTRANSLATE("&Default")}, {scheme_Light, wxTRANSLATE("&Light")},
-    {scheme_Lighter, wxTRANSLATE("L&ighter")}, {scheme_Dark, wxTRANSLATE("D&ark")},
-    {scheme_Darker, wxTRANSLATE("Da&rker")},   {scheme_Custom, wxTRANSLATE("&Custom")},
-};
-
-constexpr int kLastId = kFirstId + static_cast<int>(std::size(kEntries)) - 1;
+constexpr int kLastId = kFirstId + static_cast<int>(std::size(k_SchemeNames)) - 1;
 } // namespace
 
 ColorMenu::ColorMenu(wxFrame* frame)
 {
     int id = kFirstId;
-    for (const Entry& entry : kEntries)
+    for (const SchemeName& entry : k_SchemeNames)
     {
         AppendRadioItem(id++, wxGetTranslation(entry.label));
     }
     frame->Bind(
         wxEVT_MENU,
         [](wxCommandEvent& event)
-        { wxTolvanFrame::SetColorScheme(kEntries[event.GetId() - kFirstId].scheme); },
+        { wxTolvanFrame::SetColorScheme(k_SchemeNames[event.GetId() - kFirstId].scheme); },
         kFirstId, kLastId);
     frame->Bind(wxEVT_MENU_OPEN, &ColorMenu::OnOpen, this);
 }
@@ -44,9 +32,9 @@ ColorMenu::ColorMenu(wxFrame* frame)
 void ColorMenu::OnOpen(wxMenuEvent& event)
 {
     event.Skip();
-    for (size_t i = 0; i < std::size(kEntries); ++i)
+    for (size_t i = 0; i < std::size(k_SchemeNames); ++i)
     {
-        if (kEntries[i].scheme == g_Scheme)
+        if (k_SchemeNames[i].scheme == g_Scheme)
         {
             Check(kFirstId + static_cast<int>(i), true);
         }

@@ -1,0 +1,64 @@
+#include "common/PaneSplitter.h"
+
+#include "vesta/Application.h"
+
+#include <wx/dc.h>
+
+#include <algorithm>
+
+namespace
+{
+constexpr int     kSmallestPane = 90; // pixels
+const char* const kSashKey = "Sash";
+
+bool ContainsFocus(const wxWindow* window)
+{
+    const wxWindow* focus = wxWindow::FindFocus();
+    while (focus && focus != window)
+    {
+        focus = focus->GetParent();
+    }
+    return focus != nullptr;
+}
+} // namespace
+
+PaneSplitter::PaneSplitter(wxWindow* parent, const String& name)
+    : wxSplitterWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                       wxSP_LIVE_UPDATE | wxSP_NOBORDER),
+      m_Name(name)
+{
+    Manage(this);
+    SetMinimumPaneSize(kSmallestPane);
+}
+
+void PaneSplitter::Split(wxWindow* upper, wxWindow* lower, int firstHeight)
+{
+    const int height =
+        Application::the_Application->Options().GetInt(m_Name, kSashKey, firstHeight);
+    SplitHorizontally(upper, lower, std::max(height, kSmallestPane));
+}
+
+void PaneSplitter::SaveSash() const
+{
+    OptionsFile& options = Application::the_Application->Options();
+    options.SetValue(m_Name, kSashKey, String::FromInt(GetSashPosition()));
+}
+
+void PaneSplitter::MoveSash(int pixels)
+{
+    const int most = GetClientSize().y - kSmallestPane - GetSashSize();
+    SetSashPosition(std::max(kSmallestPane, std::min(GetSashPosition() + pixels, most)));
+}
+
+void PaneSplitter::SwitchPane()
+{
+    wxWindow* const next = ContainsFocus(GetWindow1()) ? GetWindow2() : GetWindow1();
+    next->SetFocus();
+}
+
+void PaneSplitter::DrawSash(wxDC& dc)
+{
+    // The renderer fills all that it may; outside a paint event that would cover the panes.
+    const wxDCClipper clip(dc, 0, GetSashPosition(), GetClientSize().x, GetSashSize());
+    wxSplitterWindow::DrawSash(dc);
+}

@@ -1,0 +1,98 @@
+#include "common/PreferencesDlg.h"
+
+#include "appearance/wxtButton.h"
+#include "appearance/wxtCheckBox.h"
+#include "appearance/wxtStockControls.h"
+#include "common/SchemeNames.h"
+#include "dialogs/wxConfirmDlg.h"
+#include "shell/wxTolvanFrame.h"
+
+#include <wx/sizer.h>
+
+#include <iterator>
+
+namespace
+{
+constexpr int     kBorder = 12; // pixels around the dialog's content
+constexpr int     kGap = 6;     // pixels between its parts
+const char* const kPositionName = "Preferences";
+} // namespace
+
+PreferencesDlg::PreferencesDlg(wxWindow* parent)
+    : wxTolvanDlg(parent, wxGetTranslation("Preferences"), kPositionName, true)
+{
+    auto* const content = new wxBoxSizer(wxVERTICAL);
+    AddSchemes(*content);
+    content->AddSpacer(kBorder);
+    AddQuestions(*content);
+    content->AddSpacer(kBorder);
+    content->AddStretchSpacer();
+    wxBoxSizer* const whole = StartControls();
+    whole->Add(content, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, kBorder);
+    AddButtons(whole, true);
+    // Another program may change the scheme as well.
+    Bind(wxEVT_SYS_COLOUR_CHANGED,
+         [this](wxSysColourChangedEvent& event)
+         {
+             event.Skip();
+             ShowScheme();
+         });
+}
+
+void PreferencesDlg::AddSchemes(wxBoxSizer& sizer)
+{
+    sizer.Add(NewStaticLine(wxGetTranslation("Colour scheme of all programs ")), 0, wxEXPAND);
+    for (const SchemeName& name : k_SchemeNames)
+    {
+        const long  style = m_Schemes.empty() ? wxRB_GROUP : 0;
+        auto* const button = new wxtRadioButton(this, wxID_ANY, wxGetTranslation(name.label),
+                                                wxDefaultPosition, wxDefaultSize, style);
+        button->Bind(wxEVT_RADIOBUTTON,
+                     [this, &name](wxCommandEvent&)
+                     {
+                         m_HasChosen = true;
+                         wxTolvanFrame::SetColorScheme(name.scheme);
+                     });
+        sizer.Add(button, 0, wxEXPAND | wxTOP, kGap);
+        m_Schemes.push_back(button);
+    }
+    ShowScheme();
+}
+
+void PreferencesDlg::AddQuestions(wxBoxSizer& sizer)
+{
+    auto* const again = new wxtButton(this, wxID_ANY, wxGetTranslation("Ask every question again"));
+    m_Asked = NewStatic(wxGetTranslation("Also those that you no longer wanted to be asked."),
+                        nullptr, color_TextGrey);
+    again->Bind(wxEVT_BUTTON,
+                [this](wxCommandEvent&)
+                {
+                    wxConfirmDlg::ResetAll();
+                    m_Asked->SetLabel(wxGetTranslation("Every question will be asked again."));
+                });
+    sizer.Add(NewStaticLine(wxGetTranslation("Questions ")), 0, wxEXPAND);
+    sizer.Add(again, 0, wxTOP, kGap);
+    sizer.Add(m_Asked, 0, wxEXPAND | wxTOP, kGap);
+}
+
+void PreferencesDlg::ShowScheme()
+{
+    for (size_t i = 0; i < m_Schemes.size(); ++i)
+    {
+        if (k_SchemeNames[i].scheme == g_Scheme)
+        {
+            m_Schemes[i]->SetValue(true);
+        }
+    }
+}
+
+int PreferencesDlg::ShowModal()
+{
+    const int former = g_Scheme;
+    const int result = wxTolvanDlg::ShowModal();
+    if (result != wxID_OK && m_HasChosen)
+    {
+        wxTolvanFrame::SetColorScheme(former);
+    }
+    return result;
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "appearance/wxTolvanColors.h"
+
+#include <wx/intl.h>
+
+/// A colour scheme as the user picks it.
+struct SchemeName
+{
+    int         scheme;
+    const char* label; ///< To be translated; with its mnemonic.
+};
+
+constexpr SchemeName k_SchemeNames[] = {
+    {scheme_Default, wxTRANSLATE("&Default")}, {scheme_Light, wxTRANSLATE("&Light")},
+    {scheme_Lighter, wxTRANSLATE("L&ighter")}, {scheme_Dark, wxTRANSLATE("D&ark")},
+    {scheme_Darker, wxTRANSLATE("Da&rker")},   {scheme_Custom, wxTRANSLATE("&Custom")},
+};

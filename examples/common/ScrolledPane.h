@@ -1,0 +1,13 @@
+#pragma once
+
+#include "appearance/wxTolvanColors.h"
+
+#include <wx/scrolwin.h>
+
+/// A panel in the colours of the scheme that scrolls up and down when its content is higher than it
+/// is. What gets the focus is scrolled into view.
+class ScrolledPane : public wxScrolledWindow, public wxtColorManaged
+{
+public:
+    explicit ScrolledPane(wxWindow* parent);
+};
