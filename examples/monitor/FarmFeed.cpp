@@ -10,15 +10,14 @@ FarmFeed::FarmFeed(std::function<void()> wake) : m_Wake(std::move(wake))
 
 void FarmFeed::OnMessage(const Message& message)
 {
-    std::unique_lock<std::mutex> lock(m_Mutex);
-    const bool                   changes = message.Type() == msg_Job;
-    std::vector<String>          lines = m_Text.LinesFor(message, Time::CurrentTime());
-    // A job's change may show in the summary alone.
-    if (lines.empty() && !changes)
+    const std::lock_guard<std::mutex> lock(m_Mutex);
+    const bool                        changes = m_Changes.Add(message);
+    std::vector<String>               lines = m_Text.LinesFor(message, Time::CurrentTime());
+    // A job's change may show in its details alone.
+    if (changes || !lines.empty())
     {
-        return;
+        Add(std::move(lines));
     }
-    Add(std::move(lines));
 }
 
 void FarmFeed::OnConnection(bool connected)
@@ -36,27 +35,22 @@ void FarmFeed::Add(std::vector<String> lines)
     }
 }
 
-std::deque<String> FarmFeed::Take(size_t limit, bool& more)
+FarmFeed::Batch FarmFeed::Take(size_t limit)
 {
     const std::lock_guard<std::mutex> lock(m_Mutex);
-    std::deque<String>                taken;
+    Batch                             batch;
+    batch.changes = std::exchange(m_Changes, FarmChanges());
     if (m_Lines.size() <= limit)
     {
-        taken.swap(m_Lines);
+        batch.lines.swap(m_Lines);
     }
     else
     {
         const auto end = m_Lines.begin() + static_cast<std::ptrdiff_t>(limit);
-        taken.assign(std::make_move_iterator(m_Lines.begin()), std::make_move_iterator(end));
+        batch.lines.assign(std::make_move_iterator(m_Lines.begin()), std::make_move_iterator(end));
         m_Lines.erase(m_Lines.begin(), end);
     }
-    more = !m_Lines.empty();
-    m_Awake = more;
-    return taken;
-}
-
-FarmText::Summary FarmFeed::Summarize() const
-{
-    const std::lock_guard<std::mutex> lock(m_Mutex);
-    return m_Text.Summarize();
+    batch.more = !m_Lines.empty();
+    m_Awake = batch.more;
+    return batch;
 }

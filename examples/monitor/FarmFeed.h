@@ -1,33 +1,43 @@
 #pragma once
 
+#include "monitor/FarmChanges.h"
 #include "monitor/FarmText.h"
 
 #include <deque>
 #include <functional>
 #include <mutex>
 
-/// Carries the farm's log from the platform's threads to the main thread: the lines wait here until
-/// the window takes them, and one wake-up serves all that wait.
+/// Carries the farm's news from the platform's threads to the main thread: the lines of its log and
+/// the changes of its jobs wait here until the window takes them, and one wake-up serves all that
+/// wait.
 class FarmFeed
 {
 public:
-    /// `wake` is called, on any thread, when lines begin to wait.
+    /// What waited.
+    struct Batch
+    {
+        std::deque<String> lines; ///< Of the farm's log.
+        FarmChanges        changes;
+        bool               more = false; ///< Further lines wait.
+    };
+
+    /// `wake` is called, on any thread, when something begins to wait.
     explicit FarmFeed(std::function<void()> wake);
 
     /// Any thread; messages are taken one at a time in the order of the calls.
     void OnMessage(const Message& message);
     void OnConnection(bool connected);
 
-    /// Moves at most `limit` waiting lines out; `more` says whether some are left.
-    std::deque<String> Take(size_t limit, bool& more);
-    FarmText::Summary  Summarize() const;
+    /// Moves all waiting changes and at most `limit` waiting lines out.
+    Batch Take(size_t limit);
 
 private:
     void Add(std::vector<String> lines);
 
     std::function<void()> m_Wake;
-    mutable std::mutex    m_Mutex;
+    std::mutex            m_Mutex;
     FarmText              m_Text;
     std::deque<String>    m_Lines;
-    bool                  m_Awake = false; ///< The window knows of waiting lines.
+    FarmChanges           m_Changes;
+    bool                  m_Awake = false; ///< The window knows that something waits.
 };

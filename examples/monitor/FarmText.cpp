@@ -57,7 +57,6 @@ std::vector<String> FarmText::LinesFor(const Message& message, Time now)
     const String& type = message.Type();
     if (type == msg_Output)
     {
-        ++m_OutputLines;
         return {Stamped(now, "[" + NameOf(message) + "] ") + message.Get("Line")};
     }
     if (type == msg_Job)
@@ -113,19 +112,4 @@ String FarmText::NameOf(const Message& message) const
 {
     const auto found = m_Jobs.find(message.Get(p_Id));
     return found == m_Jobs.end() ? message.Get(p_Id) : found->second.name;
-}
-
-FarmText::Summary FarmText::Summarize() const
-{
-    Summary summary;
-    summary.outputLines = m_OutputLines;
-    for (const auto& entry : m_Jobs)
-    {
-        const String& state = entry.second.state;
-        ++summary.jobs;
-        summary.running += state == state_Running;
-        summary.done += state == state_Done;
-        summary.failed += state == state_Failed || state == state_Killed;
-    }
-    return summary;
 }

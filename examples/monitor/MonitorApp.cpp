@@ -4,8 +4,11 @@
 #include "master/StartMaster.h"
 #include "shell/wxTolvanApp.h"
 #include "tolvan/Components.h"
+#include "tolvan/JobFactory.h"
 #include "vesta/Platform.h"
+#include "vesta/UID.h"
 
+#include <atomic>
 #include <cstdio>
 
 namespace
@@ -16,20 +19,47 @@ namespace
 class MonitorApp : public wxTolvanApp
 {
 public:
-    MonitorApp() : wxTolvanApp(log_Info, log_Warning) { SetApplicationName("Tolvan Monitor"); }
+    MonitorApp();
+    ~MonitorApp() override { DisconnectAll(); }
 
     String GetClientName() const override { return component_Monitor; }
     bool   Startup(CommandLine& commandLine) override;
 
 private:
     void BuildFeed();
+    void BuildFrame();
     void StartMasterIfNone();
     void PrintStartTime();
 
     // Shared with the message handler: messages may still come when the window has gone.
     std::shared_ptr<FarmFeed> m_Feed;
+    FarmJobs                  m_Jobs;
     wxWeakRef<MonitorFrame>   m_Frame;
+    std::atomic<bool>         m_IsToldToEnd{false};
 };
+
+String ProductName(const String& type)
+{
+    const auto info = JobFactory::s_JobFactory->GetTypeInfo(UID(type), true);
+    return info ? info->Name() : type;
+}
+
+MonitorApp::MonitorApp()
+    : wxTolvanApp(log_Info, log_Warning),
+      m_Jobs([this](const Message& message) { return Send(message); }, ProductName)
+{
+    SetApplicationName("Tolvan Monitor");
+    SetAppDisplayName("Tolvan Monitor");
+    // Here, before the application's own slots: they have the window closed.
+    const auto end = [this] { m_IsToldToEnd = true; };
+    ShutdownMsg::s_Signal.Connect(this, [end](const boost::shared_ptr<ShutdownMsg>&) { end(); });
+    Bind(wxEVT_QUERY_END_SESSION,
+         [end](wxCloseEvent& event)
+         {
+             event.Skip();
+             end();
+         });
+}
 
 bool MonitorApp::Startup(CommandLine& commandLine)
 {
@@ -38,9 +68,7 @@ bool MonitorApp::Startup(CommandLine& commandLine)
         return false;
     }
     BuildFeed();
-    m_Frame = new MonitorFrame(m_Feed);
-    // The connection may have come before there was a window to tell of it.
-    m_Frame->OnConnection(IsConnected());
+    BuildFrame();
     if (!commandLine.Has("no-start") && !commandLine.Has("no-master"))
     {
         StartMasterIfNone();
@@ -67,7 +95,7 @@ void MonitorApp::BuildFeed()
                 {
                     if (m_Frame)
                     {
-                        m_Frame->TakeLines();
+                        m_Frame->TakeNews();
                     }
                 });
         });
@@ -78,6 +106,15 @@ void MonitorApp::BuildFeed()
                           // What failed is told in a box too, by the application.
                           return message->Type() != msg_Failed;
                       });
+}
+
+void MonitorApp::BuildFrame()
+{
+    m_Frame =
+        new MonitorFrame({m_Feed, m_Jobs, [this](const Message& message) { return Send(message); },
+                          [this] { return m_IsToldToEnd.load(); }});
+    // The connection may have come before there was a window to tell of it.
+    m_Frame->OnConnection(IsConnected());
 }
 
 void MonitorApp::StartMasterIfNone()
@@ -109,7 +146,7 @@ void MonitorApp::PrintStartTime()
                       {
                           std::printf("%ld\n", MillisecondsSinceStart());
                           std::fflush(stdout);
-                          m_Frame->Close();
+                          m_Frame->Close(true);
                       }
                   });
 }

@@ -1,37 +1,45 @@
 #include "monitor/MonitorFrame.h"
 
+#include "monitor/FarmHeader.h"
+#include "monitor/JobsView.h"
+#include "monitor/LiveLog.h"
+#include "monitor/MonitorMenus.h"
+#include "monitor/SubmitDlg.h"
+
 #include "appearance/wxTolvanString.h"
-#include "common/ColorMenu.h"
+#include "common/AboutDlg.h"
+#include "common/PaneSplitter.h"
+#include "common/PreferencesDlg.h"
+#include "common/Question.h"
+#include "dialogs/wxTolvanDlg.h"
 #include "shell/wxTolvanApp.h"
-#include "textviews/wxTextLineCtrl.h"
 #include "textviews/wxTextLineSearchPanel.h"
 #include "vesta/Log.h"
 
 #include <wx/menu.h>
-#include <wx/msgdlg.h>
 #include <wx/sizer.h>
-#include <wx/stattext.h>
 
 namespace
 {
-constexpr size_t kLinesAtOnce = 20000; // between two looks at the user's events
-constexpr int    kHeaderBorder = 8;    // pixels
+constexpr size_t  kLinesAtOnce = 20000; // between two looks at the user's events
+constexpr int     kJobsHeight = 260;    // pixels, before the user has chosen
+constexpr int     kSashStep = 40;       // pixels
+const char* const kViewName = "MainView";
+const char* const kQuitQuestion = "QuitWhileJobsRun";
 
-enum
-{
-    id_Follow = 22000,
-    id_FullScreen
-};
-
-const wxSize kFirstSize(1000, 640); // pixels, before the user has chosen
+const wxSize kFirstSize(1000, 700);   // pixels, before the user has chosen
+const wxSize kSmallestSize(560, 320); // pixels
 } // namespace
 
-MonitorFrame::MonitorFrame(std::shared_ptr<FarmFeed> feed)
+MonitorFrame::MonitorFrame(const Program& program)
     : wxTolvanFrame(wxGetTranslation("Tolvan Monitor"), wxDefaultPosition, kFirstSize),
-      m_Feed(std::move(feed))
+      m_Program(program),
+      m_Windows(program.jobs)
 {
-    BuildMenus();
+    SetMinSize(kSmallestSize);
+    BuildMonitorMenus(*this);
     BuildViews();
+    BindCommands();
     Bind(wxTOLVAN_CONNECT_EVENT, [this](wxCommandEvent&) { OnConnection(true); });
     Bind(wxTOLVAN_DISCONNECT_EVENT, [this](wxCommandEvent&) { OnConnection(false); });
     Bind(wxEVT_CLOSE_WINDOW, &MonitorFrame::OnClose, this);
@@ -39,40 +47,20 @@ MonitorFrame::MonitorFrame(std::shared_ptr<FarmFeed> feed)
     m_Built = true;
 }
 
-void MonitorFrame::BuildMenus()
+void MonitorFrame::BindCommands()
 {
-    auto* const file = new wxMenu;
-    file->Append(wxTextLineCtrl::id_SaveAs, wxGetTranslation("Save Log &As..."));
-    file->AppendSeparator();
-    file->Append(wxID_EXIT, wxGetTranslation("&Quit\tCtrl+Q"));
-
-    // Without keys of their own: the text view takes its keys itself and passes them on, so that an
-    // accelerator would do everything twice.
-    auto* const edit = new wxMenu;
-    edit->Append(wxTextLineCtrl::id_Copy, wxGetTranslation("&Copy"));
-    edit->Append(wxTextLineCtrl::id_SelectAll, wxGetTranslation("Select &All"));
-    edit->Append(wxTextLineCtrl::id_Search, wxGetTranslation("&Search..."));
-
-    auto* const view = new wxMenu;
-    view->AppendCheckItem(id_Follow, wxGetTranslation("&Follow the Log\tF5"))->Check();
-    view->AppendSubMenu(new ColorMenu(this), wxGetTranslation("&Colours"));
-    view->AppendCheckItem(id_FullScreen, wxGetTranslation("F&ull Screen\tF11"));
-
-    auto* const help = new wxMenu;
-    help->Append(wxID_ABOUT, wxGetTranslation("&About"));
-
-    auto* const bar = new wxMenuBar;
-    bar->Append(file, wxGetTranslation("&File"));
-    bar->Append(edit, wxGetTranslation("&Edit"));
-    bar->Append(view, wxGetTranslation("&View"));
-    bar->Append(help, wxGetTranslation("&Help"));
-    SetMenuBar(bar);
-
-    Bind(
-        wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, wxID_EXIT);
-    Bind(wxEVT_MENU, &MonitorFrame::OnFollow, this, id_Follow);
-    Bind(wxEVT_MENU, &MonitorFrame::OnFullScreen, this, id_FullScreen);
-    Bind(wxEVT_MENU, &MonitorFrame::OnAbout, this, wxID_ABOUT);
+    const auto on = [this](int id, std::function<void(wxCommandEvent&)> act)
+    { Bind(wxEVT_MENU, std::move(act), id); };
+    on(id_Submit, [this](wxCommandEvent&) { OnSubmit(); });
+    on(wxID_EXIT, [this](wxCommandEvent&) { Close(); });
+    on(wxID_PREFERENCES, [this](wxCommandEvent&) { OnPreferences(); });
+    on(id_Follow, [this](wxCommandEvent& event) { SetFollowing(event.IsChecked()); });
+    on(id_SwitchPane, [this](wxCommandEvent&) { m_Splitter->SwitchPane(); });
+    on(id_MoreJobs, [this](wxCommandEvent&) { m_Splitter->MoveSash(kSashStep); });
+    on(id_MoreLog, [this](wxCommandEvent&) { m_Splitter->MoveSash(-kSashStep); });
+    on(id_FullScreen, [this](wxCommandEvent& event)
+       { ShowFullScreen(event.IsChecked(), wxFULLSCREEN_NOBORDER | wxFULLSCREEN_NOCAPTION); });
+    on(wxID_ABOUT, [this](wxCommandEvent&) { OnAbout(); });
     Bind(
         wxEVT_MENU, [this](wxCommandEvent& event) { m_Log->OnMenu(event); },
         wxTextLineCtrl::id_SelectAll, wxTextLineCtrl::id_Search);
@@ -81,89 +69,66 @@ void MonitorFrame::BuildMenus()
 void MonitorFrame::BuildViews()
 {
     auto* const panel = new wxtPanel(this);
-    m_Header = new wxtPanel(panel);
-    m_Connection = new wxStaticText(m_Header, wxID_ANY, wxString());
-    m_Summary = new wxStaticText(m_Header, wxID_ANY, wxString());
-    auto* const header = new wxBoxSizer(wxHORIZONTAL);
-    header->Add(m_Connection, 0, wxALL, kHeaderBorder);
-    header->AddStretchSpacer();
-    header->Add(m_Summary, 0, wxALL, kHeaderBorder);
-    m_Header->SetSizer(header);
-    m_Header->Bind(wxEVT_SYS_COLOUR_CHANGED,
-                   [this](wxSysColourChangedEvent& event)
-                   {
-                       event.Skip();
-                       CallAfter(&MonitorFrame::ShowSummary);
-                   });
-
-    m_Log = new wxTextLineCtrl(panel);
+    m_Header = new FarmHeader(panel);
+    m_Splitter = new PaneSplitter(panel, kViewName);
+    auto* const jobs =
+        new JobsView(m_Splitter, m_Program.jobs, [this](const String& id) { m_Windows.Open(id); });
+    m_Splitter->Split(jobs, BuildLog(m_Splitter), kJobsHeight);
     auto* const views = new wxBoxSizer(wxVERTICAL);
     views->Add(m_Header, 0, wxEXPAND);
-    views->Add(m_Log, 1, wxEXPAND);
-    views->Add(m_Log->GetSearchPanel(), 0, wxEXPAND);
+    views->Add(m_Splitter, 1, wxEXPAND);
     panel->SetSizer(views);
     auto* const whole = new wxBoxSizer(wxVERTICAL);
     whole->Add(panel, 1, wxEXPAND);
     SetSizer(whole);
-    SetFollowing(true);
-    ShowSummary();
     m_Log->SetFocus();
+}
+
+wxWindow* MonitorFrame::BuildLog(wxWindow* parent)
+{
+    auto* const panel = new wxtPanel(parent);
+    m_Log = new LiveLog(panel);
+    auto* const sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(m_Log, 1, wxEXPAND);
+    sizer->Add(m_Log->GetSearchPanel(), 0, wxEXPAND);
+    panel->SetSizer(sizer);
+    SetFollowing(true);
+    return panel;
 }
 
 void MonitorFrame::ShowNotice(const String& text)
 {
-    m_Log->Append(Time::CurrentTime().FormatClock() + "  " + text, false);
+    m_Log->Add(Time::CurrentTime().FormatClock() + "  " + text);
 }
 
-void MonitorFrame::TakeLines()
+void MonitorFrame::TakeNews()
 {
-    bool more = false;
-    for (const String& line : m_Feed->Take(kLinesAtOnce, more))
+    const FarmFeed::Batch batch = m_Program.feed->Take(kLinesAtOnce);
+    m_Program.jobs.Apply(batch.changes);
+    for (const String& line : batch.lines)
     {
-        m_Log->Append(line, false);
+        m_Log->Add(line);
     }
-    ShowSummary();
-    if (more)
-    {
-        CallAfter(&MonitorFrame::TakeLines);
-    }
-}
-
-void MonitorFrame::ShowSummary()
-{
-    const FarmText::Summary summary = m_Feed->Summarize();
-    if (summary.outputLines > 0 && !m_OutputSeen)
+    m_Header->ShowSummary(m_Program.jobs.Summarize());
+    if (!m_OutputSeen && m_Program.jobs.Summarize().outputLines > 0)
     {
         m_OutputSeen = true;
         LogInfo("The first output of a job is shown");
     }
-    const wxString connection = m_Connected ? wxGetTranslation("Connected to the master")
-                                            : wxGetTranslation("No connection to the master");
-    const wxString jobs =
-        wxString::Format(wxGetTranslation("%d jobs: %d running, %d done, %d failed"), summary.jobs,
-                         summary.running, summary.done, summary.failed);
-    const wxColour colour = wxtGetColor(m_Connected ? color_TextGreen : color_TextRed);
-    if (connection == m_Connection->GetLabel() && jobs == m_Summary->GetLabel() &&
-        colour == m_Connection->GetForegroundColour())
+    if (batch.more)
     {
-        return;
+        CallAfter(&MonitorFrame::TakeNews);
     }
-    m_Connection->SetLabel(connection);
-    m_Connection->SetForegroundColour(colour);
-    m_Summary->SetLabel(jobs);
-    m_Summary->SetForegroundColour(wxtGetColor(color_Text));
-    m_Header->Layout();
-    m_Header->Refresh();
 }
 
 void MonitorFrame::OnConnection(bool connected)
 {
-    if (connected == m_Connected)
+    if (connected != m_Connected)
     {
-        return;
+        m_Connected = connected;
+        m_Header->ShowConnection(connected);
+        m_Program.feed->OnConnection(connected);
     }
-    m_Connected = connected;
-    m_Feed->OnConnection(connected);
 }
 
 void MonitorFrame::SetFollowing(bool follow)
@@ -175,24 +140,56 @@ void MonitorFrame::SetFollowing(bool follow)
     }
 }
 
-void MonitorFrame::OnFollow(wxCommandEvent& event)
+void MonitorFrame::OnSubmit()
 {
-    SetFollowing(event.IsChecked());
+    SubmitDlg dialog(this, m_Program.send);
+    dialog.ShowModal();
 }
 
-void MonitorFrame::OnFullScreen(wxCommandEvent& event)
+void MonitorFrame::OnPreferences()
 {
-    ShowFullScreen(event.IsChecked(), wxFULLSCREEN_NOBORDER | wxFULLSCREEN_NOCAPTION);
+    PreferencesDlg dialog(this);
+    dialog.ShowModal();
 }
 
-void MonitorFrame::OnAbout(wxCommandEvent&)
+void MonitorFrame::OnAbout()
 {
-    wxMessageBox(wxGetTranslation("A monitor of the Tolvan render farm."),
-                 wxGetTranslation("Tolvan Monitor"), wxOK | wxCENTRE, this);
+    AboutDlg dialog(this, wxGetTranslation("Tolvan Monitor"),
+                    wxGetTranslation("Shows the jobs of a Tolvan render farm."));
+    dialog.ShowModal();
+}
+
+bool MonitorFrame::MayQuit()
+{
+    const int active = m_Program.jobs.Summarize().active;
+    if (active == 0 || !m_Connected || m_Asking)
+    {
+        return !m_Asking;
+    }
+    const wxString count = active == 1
+                               ? wxString(wxGetTranslation("A job is running."))
+                               : wxString::Format(wxGetTranslation("%d jobs are running."), active);
+    m_Asking = true;
+    const bool isConfirmed =
+        Ask(this, {kQuitQuestion, wxGetTranslation("Quit"),
+                   count + "\n" + wxGetTranslation("The farm goes on without the monitor. Quit?"),
+                   wxGetTranslation("Quit"), wxGetTranslation("Stay")});
+    m_Asking = false;
+    return isConfirmed || m_Program.isToldToEnd();
 }
 
 void MonitorFrame::OnClose(wxCloseEvent& event)
 {
+    if (!event.CanVeto() || m_Program.isToldToEnd())
+    {
+        wxTolvanDlg::CloseAll(); // one of them may be asking something
+    }
+    else if (!MayQuit())
+    {
+        event.Veto();
+        return;
+    }
+    m_Splitter->SaveSash();
     SaveWindowPosition();
     event.Skip();
 }

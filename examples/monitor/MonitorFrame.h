@@ -1,43 +1,59 @@
 #pragma once
 
 #include "monitor/FarmFeed.h"
+#include "monitor/FarmJobs.h"
+#include "monitor/JobWindows.h"
 
 #include "shell/wxTolvanFrame.h"
 
+#include <functional>
 #include <memory>
 
-class wxStaticText;
-class wxTextLineCtrl;
+class FarmHeader;
+class LiveLog;
+class PaneSplitter;
 
-/// The monitor's main window: the state of the connection and the farm's log, live.
+/// The monitor's main window: how the farm stands, its jobs and its log, live.
 class MonitorFrame : public wxTolvanFrame
 {
 public:
-    explicit MonitorFrame(std::shared_ptr<FarmFeed> feed);
+    /// What the window needs of the program.
+    struct Program
+    {
+        std::shared_ptr<FarmFeed> feed;
+        FarmJobs&                 jobs; ///< Outlives the window and those of single jobs.
+        Job::Sender               send; ///< To the master.
+        /// The farm or the system wants the program to end: nobody is to be asked.
+        std::function<bool()> isToldToEnd;
+    };
 
-    /// Shows the lines that wait in the feed.
-    void TakeLines();
+    explicit MonitorFrame(const Program& program);
+
+    /// Shows what waits in the feed.
+    void TakeNews();
     /// The connection to the master has come or gone; what is known already changes nothing.
     void OnConnection(bool connected);
     /// Writes a line of the monitor's own into the farm's log.
     void ShowNotice(const String& text);
 
 private:
-    void BuildMenus();
-    void BuildViews();
-    void ShowSummary();
-    void SetFollowing(bool follow);
+    void      BindCommands();
+    void      BuildViews();
+    wxWindow* BuildLog(wxWindow* parent);
+    void      SetFollowing(bool follow);
+    bool      MayQuit();
 
-    void OnFollow(wxCommandEvent& event);
-    void OnFullScreen(wxCommandEvent& event);
-    void OnAbout(wxCommandEvent& event);
+    void OnSubmit();
+    void OnPreferences();
+    void OnAbout();
     void OnClose(wxCloseEvent& event);
 
-    std::shared_ptr<FarmFeed> m_Feed;
-    wxtPanel*                 m_Header = nullptr;
-    wxStaticText*             m_Connection = nullptr;
-    wxStaticText*             m_Summary = nullptr;
-    wxTextLineCtrl*           m_Log = nullptr;
-    bool                      m_Connected = false;
-    bool                      m_OutputSeen = false; ///< A job's output has been shown.
+    Program       m_Program;
+    JobWindows    m_Windows;
+    FarmHeader*   m_Header = nullptr;
+    PaneSplitter* m_Splitter = nullptr;
+    LiveLog*      m_Log = nullptr;
+    bool          m_Connected = false;
+    bool          m_OutputSeen = false; ///< A job's output has been shown.
+    bool          m_Asking = false;     ///< The user is being asked whether to quit.
 };

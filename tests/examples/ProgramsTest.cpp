@@ -7,8 +7,8 @@
 #include <wx/image.h>
 
 #include <csignal>
-#include <cstring>
 #include <cstdlib>
+#include <cstring>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <sys/wait.h>
@@ -97,6 +97,16 @@ void EndMaster()
     close(descriptor);
 }
 
+// Brings the window to the front once it is there, and then types: a key that is sent to a found
+// window is no key press to it.
+bool PressKeys(const String& window, const String& keys)
+{
+    const String find = "xdotool search --onlyvisible --name '^" + window +
+                        "$' windowactivate --sync >/dev/null 2>&1";
+    return WaitFor([&] { return std::system(find.c_str()) == 0; }, kProgramDeadlineMs) &&
+           std::system(("xdotool " + keys).c_str()) == 0;
+}
+
 // Pixels of that colour on the whole screen.
 int CountPixels(const wxColour& colour)
 {
@@ -105,8 +115,8 @@ int CountPixels(const wxColour& colour)
     int                  count = 0;
     for (int i = image.GetWidth() * image.GetHeight(); i > 0; --i, pixel += 3)
     {
-        count += pixel[0] == colour.Red() && pixel[1] == colour.Green() &&
-                 pixel[2] == colour.Blue();
+        count +=
+            pixel[0] == colour.Red() && pixel[1] == colour.Green() && pixel[2] == colour.Blue();
     }
     return count;
 }
@@ -132,7 +142,7 @@ TEST_F(ProgramsTest, ASchemeChangeReachesAnotherProgramWithinASecond)
 {
     WriteFile(TempFile("some.log"), "a line\nanother line\n");
     WriteFile(UserFile("Colors.ini"), "scheme = 0\n");
-    Program viewer({LOGVIEW_PROGRAM, TempFile("some.log").Text()});
+    Program        viewer({LOGVIEW_PROGRAM, TempFile("some.log").Text()});
     const wxColour darkText(92, 92, 92);
     const wxColour lighterText(255, 255, 255);
     // Most of the viewer's window is the background of its text.
@@ -157,18 +167,47 @@ TEST_F(ProgramsTest, AnUnusableLogFolderIsExplained)
     WriteFile(UserFile("logs"), "a file where the folder should be");
     Program monitor({MONITOR_PROGRAM, "--no-start"});
     // The dialog waits for the user; closing it ends the program with a failure.
-    EXPECT_TRUE(WaitFor(
-        [&]
-        {
-            // Two calls: a key that is sent to a found window is no key press to it.
-            if (std::system("xdotool search --name '^Startup Error$' windowactivate --sync "
-                            ">/dev/null 2>&1") == 0 &&
-                std::system("xdotool key Return") != 0)
-            {
-                ADD_FAILURE() << "no key can be pressed";
-            }
-            return monitor.HasEnded();
-        },
-        kProgramDeadlineMs));
+    EXPECT_TRUE(PressKeys("Startup Error", "key Return"));
+    EXPECT_TRUE(WaitFor([&] { return monitor.HasEnded(); }, kProgramDeadlineMs));
     EXPECT_NE(0, monitor.ExitCode());
+}
+
+// A job type whose parameter is long and has several lines leaves the dialog usable; the job gets
+// every byte of it. Quitting asks, because the job runs.
+TEST_F(ProgramsTest, MonitorSubmitsAJobAndAsksBeforeItQuitsByKeysAlone)
+{
+    const String longLine(10240, 'x');
+    File::MakeFolder(TempFile("modules"));
+    File::MakeFolder(TempFile("jobs"));
+    WriteFile(TempFile("job.sh"), "printf %s \"$1\" > ../given; echo started; exec sleep 1000\n");
+    WriteFile(TempFile("modules/test.module"),
+              "[Type]\nId = 11111111-2222-3333-4444-555555555555\nName = Test\n"
+              "Execute = /bin/sh " +
+                  TempFile("job.sh").Text() + " %Text%\n[Parameter Text]\nDescription = " +
+                  longLine + "\nDefault = \"one\\n" + longLine + "\"\n");
+    setenv("TOLVAN_MODULES", TempFile("modules").Text().c_str(), 1);
+    Program master({MASTER_PROGRAM, "--jobs", TempFile("jobs").Text(), "--run-folder",
+                    TempFile("runs").Text(), "--stay"});
+    Program monitor({MONITOR_PROGRAM, "--no-start"});
+    unsetenv("TOLVAN_MODULES");
+    ASSERT_TRUE(PressKeys("Tolvan Monitor", "key ctrl+n"));
+
+    // Two fields on stands the priority: what is wrong there keeps the dialog open.
+    ASSERT_TRUE(PressKeys("Submit Job", "key Tab type Sky"));
+    ASSERT_TRUE(PressKeys("Submit Job", "key Tab type 500"));
+    ASSERT_TRUE(PressKeys("Submit Job", "key Return"));
+    ASSERT_TRUE(PressKeys("Submit Job", "key ctrl+a type 70"));
+    ASSERT_TRUE(PressKeys("Submit Job", "key Return"));
+    EXPECT_TRUE(WaitForLog(component_Monitor, "The first output of a job is shown"));
+    EXPECT_NE(String::npos, LogOf(component_Master).find("Started job Sky"));
+    EXPECT_EQ("one\n" + longLine, ReadFile(TempFile("runs/given")));
+
+    ASSERT_TRUE(PressKeys("Tolvan Monitor", "key ctrl+q"));
+    ASSERT_TRUE(PressKeys("Quit", "key Escape"));
+    ASSERT_TRUE(PressKeys("Tolvan Monitor", "key ctrl+q"));
+    ASSERT_TRUE(PressKeys("Quit", "key Return"));
+    EXPECT_TRUE(WaitFor([&] { return monitor.HasEnded(); }, kProgramDeadlineMs));
+    EXPECT_EQ(0, monitor.ExitCode());
+    EndMaster();
+    EXPECT_TRUE(WaitFor([&] { return master.HasEnded(); }, kProgramDeadlineMs));
 }

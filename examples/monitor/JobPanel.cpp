@@ -1,0 +1,140 @@
+#include "monitor/JobPanel.h"
+
+#include "monitor/FarmJobs.h"
+#include "monitor/JobCommands.h"
+#include "monitor/JobDetails.h"
+#include "monitor/PanelMemory.h"
+
+#include "appearance/wxTolvanColors.h"
+#include "appearance/wxTolvanString.h"
+#include "appearance/wxtButton.h"
+#include "vesta/Application.h"
+
+#include <wx/app.h>
+#include <wx/control.h>
+
+#include <utility>
+
+namespace
+{
+constexpr int kIndent = 20; // pixels, of the content
+constexpr int kGap = 6;     // pixels
+
+const String& ColorOf(const FarmJob& job)
+{
+    if (job.state == state_Running)
+    {
+        return color_TextGreen;
+    }
+    if (job.state == state_Failed)
+    {
+        return color_TextRed;
+    }
+    return job.state == state_Killed || job.state == state_Suspended ? color_TextOrange
+                                                                     : color_Text;
+}
+} // namespace
+
+JobPanel::JobPanel(wxWindow* parent, const FarmJobs& jobs, const FarmJob& job, OpenJob open)
+    : wxExpandablePanel(parent, wxVERTICAL), m_Jobs(jobs), m_Id(job.id), m_Open(std::move(open))
+{
+    m_Section = k_PanelSection;
+    m_Key = PanelKey(job.name);
+    CreateInfrastructure(wxGetTranslation("Shows or hides the job's details"), true);
+    UnsetToolTip(); // over the details it would only be in the way
+    Bind(wxEVT_BUTTON, &JobPanel::OnToggle, this, id_Expand);
+    if (IsExpanded())
+    {
+        BuildContent();
+    }
+    ShowJob(job);
+}
+
+bool JobPanel::ShowJob(const FarmJob& job)
+{
+    ShowCaption(job);
+    return ShowDetails(job);
+}
+
+void JobPanel::ShowCaption(const FarmJob& job)
+{
+    // The state decides on the colour and is part of the text.
+    const String text = JobCaption(job);
+    if (text == std::exchange(m_ShownCaption, text))
+    {
+        return;
+    }
+    m_CollapsedCaption = wxControl::EscapeMnemonics(wxtToWx(text));
+    m_ExpandedCaption = m_CollapsedCaption;
+    wxWindow* const caption = FindWindow(id_Caption);
+    if (auto* const colors = dynamic_cast<wxtColorManaged*>(caption))
+    {
+        colors->m_ForegroundName = ColorOf(job);
+        colors->RefreshColors();
+    }
+    caption->SetLabel(m_CollapsedCaption);
+    Layout();
+}
+
+bool JobPanel::ShowDetails(const FarmJob& job)
+{
+    if (!m_Details || !IsExpanded())
+    {
+        return false;
+    }
+    m_Stop->Enable(job.CurrentPhase() != FarmJob::kEnded);
+    return m_Details->Show(JobPanelRows(job, Time::CurrentTime()));
+}
+
+void JobPanel::BuildContent()
+{
+    m_Details = new JobDetails(this);
+    auto* const open = new wxtButton(this, wxID_ANY, wxGetTranslation("Open"));
+    m_Stop = new wxtButton(this, wxID_ANY, wxGetTranslation("Stop"));
+    open->SetToolTip(wxGetTranslation("Opens the job in a window of its own"));
+    m_Stop->SetToolTip(wxGetTranslation("Ends the job"));
+    open->Bind(wxEVT_BUTTON, &JobPanel::OnOpen, this);
+    m_Stop->Bind(wxEVT_BUTTON, &JobPanel::OnStop, this);
+    auto* const buttons = new wxBoxSizer(wxHORIZONTAL);
+    buttons->Add(open, 0, wxRIGHT, kGap);
+    buttons->Add(m_Stop);
+    auto* const content = new wxBoxSizer(wxVERTICAL);
+    content->Add(m_Details, 0, wxEXPAND | wxTOP, kGap);
+    content->Add(buttons, 0, wxTOP | wxBOTTOM, kGap);
+    m_ContentSizer->Add(content, 0, wxEXPAND | wxLEFT, kIndent);
+}
+
+void JobPanel::OnToggle(wxCommandEvent& event)
+{
+    // One write for the panel's state and what is forgotten.
+    OptionsFile&                      options = Application::the_Application->Options();
+    const OptionsFile::PauseAutoWrite pause(options);
+    if (!m_Details)
+    {
+        BuildContent();
+    }
+    OnExpand(event);
+    const FarmJob* const job = m_Jobs.Find(m_Id);
+    if (job && ShowDetails(*job))
+    {
+        Expand(); // the details have made it higher
+    }
+    PrunePanelMemory(options);
+}
+
+void JobPanel::OnOpen(wxCommandEvent&)
+{
+    m_Open(m_Id);
+}
+
+void JobPanel::OnStop(wxCommandEvent&)
+{
+    const FarmJob* const job = m_Jobs.Find(m_Id);
+    if (!job)
+    {
+        return;
+    }
+    // Later, and without the panel: it may go while the user is being asked.
+    const wxWeakRef<wxWindow> parent(wxGetTopLevelParent(this));
+    wxTheApp->CallAfter([parent, theJob = job->job] { StopJob(theJob, parent.get()); });
+}

@@ -1,0 +1,219 @@
+#include "monitor/JobWindow.h"
+
+#include "monitor/JobCommands.h"
+#include "monitor/JobDetails.h"
+#include "monitor/LiveLog.h"
+
+#include "appearance/wxTolvanString.h"
+#include "appearance/wxtButton.h"
+#include "appearance/wxtStockControls.h"
+#include "common/PaneSplitter.h"
+#include "common/ScrolledPane.h"
+#include "textviews/wxTextLineSearchPanel.h"
+
+#include <wx/menu.h>
+#include <wx/settings.h>
+#include <wx/sizer.h>
+
+#include <algorithm>
+
+namespace
+{
+constexpr int     kBorder = 8;          // pixels around the details
+constexpr int     kDetailsHeight = 240; // pixels, before the user has chosen
+constexpr int     kSashStep = 40;       // pixels
+constexpr size_t  kMostTitle = 80;      // characters
+const char* const kPositionName = "JobWindow";
+
+enum
+{
+    id_SwitchPane = 22100,
+    id_SashDown,
+    id_SashUp
+};
+
+const wxSize kFirstSize(760, 560); // pixels, before the user has chosen
+
+// Each further window stands a caption's height lower and further right.
+int CascadeOffset()
+{
+    const int caption = wxSystemSettings::GetMetric(wxSYS_CAPTION_Y);
+    return std::max(caption, 20) * static_cast<int>(g_ChildFrames.size() - 1);
+}
+} // namespace
+
+JobWindow::JobWindow(FarmJobs& jobs, const FarmJob& job)
+    : wxTolvanFrame(wxtToWx(OneLine(job.name, kMostTitle)), wxDefaultPosition, kFirstSize),
+      m_Jobs(jobs),
+      m_Id(job.id),
+      m_Shown(job.output.Begin())
+{
+    m_Jobs.Watch(m_Id, true);
+    BuildMenus();
+    BuildViews();
+    ShowDetails(job);
+    ShowOutput(job);
+    m_Jobs.Changed.Connect(this, [this](const FarmJobs::News& news) { OnNews(news); });
+    Bind(wxEVT_CLOSE_WINDOW, &JobWindow::OnClose, this);
+    wxSetWindowPos(this, kPositionName, CascadeOffset());
+    m_Built = true;
+}
+
+JobWindow::~JobWindow()
+{
+    DisconnectAll();
+    m_Jobs.Watch(m_Id, false);
+}
+
+void JobWindow::BuildMenus()
+{
+    auto* const file = new wxMenu;
+    file->Append(wxTextLineCtrl::id_SaveAs, wxGetTranslation("Save Output &As..."));
+    file->AppendSeparator();
+    file->Append(wxID_CLOSE, wxGetTranslation("&Close\tCtrl+W"));
+
+    // Without keys of their own, as in the main window.
+    auto* const edit = new wxMenu;
+    edit->Append(wxTextLineCtrl::id_Copy, wxGetTranslation("&Copy"));
+    edit->Append(wxTextLineCtrl::id_SelectAll, wxGetTranslation("Select &All"));
+    edit->Append(wxTextLineCtrl::id_Search, wxGetTranslation("&Search..."));
+
+    auto* const view = new wxMenu;
+    view->Append(id_SwitchPane, wxGetTranslation("Switch &Pane\tF6"));
+    view->Append(id_SashDown, wxGetTranslation("More Room for the &Details\tAlt+Down"));
+    view->Append(id_SashUp, wxGetTranslation("More Room for the &Output\tAlt+Up"));
+
+    auto* const bar = new wxMenuBar;
+    bar->Append(file, wxGetTranslation("&File"));
+    bar->Append(edit, wxGetTranslation("&Edit"));
+    bar->Append(view, wxGetTranslation("&View"));
+    SetMenuBar(bar);
+
+    const auto on = [this](int id, std::function<void()> act)
+    {
+        Bind(
+            wxEVT_MENU, [act](wxCommandEvent&) { act(); }, id);
+    };
+    on(wxID_CLOSE, [this] { Close(); });
+    on(id_SwitchPane, [this] { m_Splitter->SwitchPane(); });
+    on(id_SashDown, [this] { m_Splitter->MoveSash(kSashStep); });
+    on(id_SashUp, [this] { m_Splitter->MoveSash(-kSashStep); });
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent& event) { m_Output->OnMenu(event); },
+        wxTextLineCtrl::id_SelectAll, wxTextLineCtrl::id_Search);
+}
+
+void JobWindow::BuildViews()
+{
+    m_Splitter = new PaneSplitter(this, kPositionName);
+    m_DetailsPane = new ScrolledPane(m_Splitter);
+    BuildDetails(*m_DetailsPane);
+    auto* const output = new wxtPanel(m_Splitter);
+    BuildOutput(*output);
+    m_Splitter->Split(m_DetailsPane, output, kDetailsHeight);
+    auto* const whole = new wxBoxSizer(wxVERTICAL);
+    whole->Add(m_Splitter, 1, wxEXPAND);
+    SetSizer(whole);
+    m_Output->SetFocus();
+}
+
+void JobWindow::BuildDetails(ScrolledPane& pane)
+{
+    m_Details = new JobDetails(&pane);
+    m_Stop = new wxtButton(&pane, wxID_ANY, wxGetTranslation("Stop"));
+    m_Stop->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { CallAfter(&JobWindow::OnStop); });
+    m_Parameters = new JobDetails(&pane);
+    auto* const heading = new wxtStaticText(&pane, wxID_ANY, wxGetTranslation("Parameters"));
+    heading->SetFont(heading->GetFont().Bold());
+    auto* const sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(m_Details, 0, wxEXPAND | wxALL, kBorder);
+    sizer->Add(m_Stop, 0, wxLEFT | wxRIGHT | wxBOTTOM, kBorder);
+    sizer->Add(heading, 0, wxLEFT | wxRIGHT, kBorder);
+    sizer->Add(m_Parameters, 0, wxEXPAND | wxALL, kBorder);
+    pane.SetSizer(sizer);
+}
+
+void JobWindow::BuildOutput(wxtPanel& pane)
+{
+    m_Output = new LiveLog(&pane);
+    auto* const sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(m_Output, 1, wxEXPAND);
+    sizer->Add(m_Output->GetSearchPanel(), 0, wxEXPAND);
+    pane.SetSizer(sizer);
+}
+
+void JobWindow::ShowDetails(const FarmJob& job)
+{
+    const bool isDetailsOther = m_Details->Show(JobDetailRows(job, Time::CurrentTime()));
+    const bool isOther = m_Parameters->Show(JobParameterRows(job)) || isDetailsOther;
+    m_Stop->Enable(job.CurrentPhase() != FarmJob::kEnded);
+    if (isOther)
+    {
+        m_DetailsPane->FitInside();
+        m_DetailsPane->Layout();
+    }
+}
+
+void JobWindow::ShowOutput(const FarmJob& job)
+{
+    const JobOutput& output = job.output;
+    if (m_Shown < output.Begin())
+    {
+        const long long missing = output.Begin() - m_Shown;
+        m_Output->Add(SFormat("--- %lld lines are not shown; all are in ", missing) +
+                      job.job->GetParam(p_LogFile) + " ---");
+    }
+    m_Shown = std::max(m_Shown, output.Begin());
+    const auto& lines = output.Lines();
+    for (auto i = static_cast<size_t>(m_Shown - output.Begin()); i < lines.size(); ++i)
+    {
+        m_Output->Add(lines[i]);
+    }
+    m_Shown = output.End();
+}
+
+void JobWindow::ShowGone()
+{
+    m_IsGone = true;
+    m_Stop->Disable();
+    m_Output->Add("--- The master no longer knows this job ---");
+}
+
+void JobWindow::OnTick()
+{
+    const FarmJob* const job = m_Jobs.Find(m_Id);
+    if (job && job->CurrentPhase() == FarmJob::kActive)
+    {
+        ShowDetails(*job); // for the time that has passed
+    }
+}
+
+void JobWindow::OnNews(const FarmJobs::News& news)
+{
+    const FarmJob* const job = m_Jobs.Find(m_Id);
+    if (!job && !m_IsGone)
+    {
+        ShowGone();
+    }
+    if (!job || news.changed.count(m_Id) == 0)
+    {
+        return;
+    }
+    ShowOutput(*job);
+    ShowDetails(*job);
+}
+
+void JobWindow::OnStop()
+{
+    if (const FarmJob* const job = m_Jobs.Find(m_Id))
+    {
+        StopJob(job->job, this);
+    }
+}
+
+void JobWindow::OnClose(wxCloseEvent& event)
+{
+    event.Skip();
+    m_Splitter->SaveSash();
+    wxSaveWindowPos(this, kPositionName);
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "monitor/FarmJobs.h"
+
+#include "shell/wxTimed.h"
+#include "shell/wxTolvanFrame.h"
+
+class JobDetails;
+class LiveLog;
+class PaneSplitter;
+class ScrolledPane;
+class wxtButton;
+
+/// A job in a window of its own: its details and parameters above, its output below. It stays when
+/// the job has gone, for what it shows.
+class JobWindow : public wxTolvanFrame, private wxTimed, private HasSlots
+{
+public:
+    /// `jobs` must outlive the window.
+    JobWindow(FarmJobs& jobs, const FarmJob& job);
+    ~JobWindow() override;
+
+private:
+    void BuildMenus();
+    void BuildViews();
+    void BuildDetails(ScrolledPane& pane);
+    void BuildOutput(wxtPanel& pane);
+    void ShowDetails(const FarmJob& job);
+    void ShowOutput(const FarmJob& job);
+    void ShowGone();
+
+    void OnTick() override;
+    void OnNews(const FarmJobs::News& news);
+    void OnStop();
+    void OnClose(wxCloseEvent& event);
+
+    FarmJobs&     m_Jobs;
+    String        m_Id;
+    long long     m_Shown = 0; ///< Number of the first line of output that is not shown yet.
+    bool          m_IsGone = false;
+    PaneSplitter* m_Splitter = nullptr;
+    ScrolledPane* m_DetailsPane = nullptr;
+    JobDetails*   m_Details = nullptr;
+    JobDetails*   m_Parameters = nullptr;
+    wxtButton*    m_Stop = nullptr;
+    LiveLog*      m_Output = nullptr;
+};

@@ -1,0 +1,54 @@
+#include "monitor/JobWindows.h"
+
+#include "monitor/FarmJobs.h"
+#include "monitor/JobWindow.h"
+
+#include "shell/OpenWindows.h"
+
+#include <iterator>
+
+namespace
+{
+void RefillMenuWhenGone(wxWindow& window)
+{
+    window.Bind(wxEVT_DESTROY,
+                [&window](wxWindowDestroyEvent& event)
+                {
+                    event.Skip();
+                    // The windows in it send theirs too. Without a main frame all is ending.
+                    if (event.GetEventObject() == &window && wxTolvanFrame::s_Frame)
+                    {
+                        wxGetOpenWindowMenu();
+                    }
+                });
+}
+} // namespace
+
+void JobWindows::Open(const String& id)
+{
+    DropClosed();
+    const FarmJob* const job = m_Jobs.Find(id);
+    const auto           found = m_Windows.find(id);
+    if (found != m_Windows.end())
+    {
+        found->second->Iconize(false);
+        found->second->Raise();
+    }
+    else if (job)
+    {
+        auto* const window = new JobWindow(m_Jobs, *job);
+        m_Windows.emplace(id, window);
+        wxOpenUserWindow(window, job->product);
+        window->Show();
+        wxGetOpenWindowMenu();
+        RefillMenuWhenGone(*window);
+    }
+}
+
+void JobWindows::DropClosed()
+{
+    for (auto window = m_Windows.begin(); window != m_Windows.end();)
+    {
+        window = window->second ? std::next(window) : m_Windows.erase(window);
+    }
+}

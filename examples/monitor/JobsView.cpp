@@ -1,0 +1,140 @@
+#include "monitor/JobsView.h"
+
+#include "monitor/JobSelection.h"
+
+#include "appearance/wxtStockControls.h"
+#include "common/ScrolledPane.h"
+
+#include <wx/intl.h>
+#include <wx/sizer.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace
+{
+constexpr int kBorder = 8; // pixels
+constexpr int kGap = 2;    // pixels between panels
+} // namespace
+
+JobsView::JobsView(wxWindow* parent, FarmJobs& jobs, JobPanel::OpenJob open)
+    : wxtPanel(parent), m_Jobs(jobs), m_Open(std::move(open))
+{
+    m_Note = new wxtStaticText(this, wxID_ANY, wxString());
+    m_Note->m_ForegroundName = color_TextGrey;
+    m_Note->RefreshColors();
+    m_Pane = new ScrolledPane(this);
+    m_Pane->SetSizer(new wxBoxSizer(wxVERTICAL));
+    auto* const sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(m_Note, 0, wxEXPAND | wxALL, kBorder);
+    sizer->Add(m_Pane, 1, wxEXPAND | wxLEFT, kBorder);
+    SetSizer(sizer);
+    ShowNote(0);
+    m_Jobs.Changed.Connect(this, [this](const FarmJobs::News& news) { OnNews(news); });
+}
+
+JobsView::~JobsView()
+{
+    DisconnectAll();
+}
+
+void JobsView::SetFocus()
+{
+    m_Pane->SetFocus();
+}
+
+void JobsView::OnNews(const FarmJobs::News& news)
+{
+    m_IsListStale |= news.isListChanged;
+    m_Stale.insert(news.changed.begin(), news.changed.end());
+}
+
+void JobsView::OnTick()
+{
+    const std::set<String> stale = std::exchange(m_Stale, {});
+    bool                   isOther = std::exchange(m_IsListStale, false);
+    if (isOther)
+    {
+        RefreshList();
+    }
+    for (const auto& [id, panel] : m_Panels)
+    {
+        const FarmJob* const job = m_Jobs.Find(id);
+        // Of an active job, the time that has passed changes by itself.
+        if (job && (stale.count(id) > 0 || job->CurrentPhase() == FarmJob::kActive))
+        {
+            isOther |= panel->ShowJob(*job);
+        }
+    }
+    if (isOther)
+    {
+        m_Pane->FitInside();
+        m_Pane->Layout();
+    }
+}
+
+void JobsView::RefreshList()
+{
+    const std::vector<const FarmJob*> shown = SelectJobs(m_Jobs.InOrder(), k_MostPanels);
+    Freeze();
+    DropPanels(shown);
+    ArrangePanels(shown);
+    ShowNote(shown.size());
+    Thaw();
+}
+
+void JobsView::DropPanels(const std::vector<const FarmJob*>& shown)
+{
+    std::map<String, JobPanel*> kept;
+    for (const FarmJob* const job : shown)
+    {
+        if (const auto found = m_Panels.find(job->id); found != m_Panels.end())
+        {
+            kept.insert(*found);
+            m_Panels.erase(found);
+        }
+    }
+    for (const auto& [id, panel] : m_Panels)
+    {
+        panel->Destroy();
+    }
+    m_Panels = std::move(kept);
+}
+
+void JobsView::ArrangePanels(const std::vector<const FarmJob*>& shown)
+{
+    wxSizer* const sizer = m_Pane->GetSizer();
+    sizer->Clear(false);
+    JobPanel* previous = nullptr;
+    for (const FarmJob* const job : shown)
+    {
+        JobPanel*& panel = m_Panels[job->id];
+        if (!panel)
+        {
+            panel = new JobPanel(m_Pane, m_Jobs, *job, m_Open);
+        }
+        // The Tab key goes through them as they stand.
+        if (previous)
+        {
+            panel->MoveAfterInTabOrder(previous);
+        }
+        sizer->Add(panel, 0, wxEXPAND | wxBOTTOM, kGap);
+        previous = panel;
+    }
+}
+
+void JobsView::ShowNote(size_t shown)
+{
+    const size_t all = m_Jobs.InOrder().size();
+    if (all == 0)
+    {
+        m_Note->SetLabel(wxGetTranslation("No jobs yet. Submit one with Ctrl+N."));
+    }
+    else if (shown < all)
+    {
+        m_Note->SetLabel(wxString::Format(
+            wxGetTranslation("%zu of %zu jobs: the active ones and the latest"), shown, all));
+    }
+    m_Note->Show(shown < all || all == 0);
+    Layout();
+}

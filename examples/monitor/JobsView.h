@@ -1,0 +1,43 @@
+#pragma once
+
+#include "monitor/FarmJobs.h"
+#include "monitor/JobPanel.h"
+
+#include "appearance/wxTolvanColors.h"
+#include "shell/wxTimed.h"
+
+#include <map>
+#include <set>
+
+class ScrolledPane;
+class wxtStaticText;
+
+/// The farm's jobs, one expandable panel each, the latest first. Of very many only some are shown,
+/// and it says so. However fast the news come, it shows them four times a second.
+class JobsView : public wxtPanel, private wxTimed, private HasSlots
+{
+public:
+    static constexpr size_t k_MostPanels = 50;
+
+    /// `jobs` must outlive the view. `open` opens a job's own window.
+    JobsView(wxWindow* parent, FarmJobs& jobs, JobPanel::OpenJob open);
+    ~JobsView() override;
+
+    void SetFocus() override;
+
+private:
+    void OnTick() override;
+    void OnNews(const FarmJobs::News& news);
+    void RefreshList();
+    void DropPanels(const std::vector<const FarmJob*>& shown);
+    void ArrangePanels(const std::vector<const FarmJob*>& shown);
+    void ShowNote(size_t shown);
+
+    FarmJobs&                   m_Jobs;
+    JobPanel::OpenJob           m_Open;
+    wxtStaticText*              m_Note = nullptr;
+    ScrolledPane*               m_Pane = nullptr;
+    std::map<String, JobPanel*> m_Panels; ///< By the job's identifier.
+    bool                        m_IsListStale = true;
+    std::set<String>            m_Stale; ///< Identifiers of jobs that have changed.
+};

@@ -1,0 +1,67 @@
+#include "monitor/MonitorMenus.h"
+
+#include "common/ColorMenu.h"
+#include "shell/OpenWindows.h"
+#include "textviews/wxTextLineCtrl.h"
+
+#include <wx/frame.h>
+#include <wx/menu.h>
+
+namespace
+{
+wxMenu* FileMenu()
+{
+    auto* const menu = new wxMenu;
+    menu->Append(id_Submit, wxGetTranslation("Submit &Job...\tCtrl+N"));
+    menu->AppendSeparator();
+    menu->Append(wxTextLineCtrl::id_SaveAs, wxGetTranslation("Save Log &As..."));
+    menu->AppendSeparator();
+    menu->Append(wxID_EXIT, wxGetTranslation("&Quit\tCtrl+Q"));
+    return menu;
+}
+
+// Without keys of their own for what the text view does: it takes its keys itself and passes them
+// on, so that an accelerator would do everything twice.
+wxMenu* EditMenu()
+{
+    auto* const menu = new wxMenu;
+    menu->Append(wxTextLineCtrl::id_Copy, wxGetTranslation("&Copy"));
+    menu->Append(wxTextLineCtrl::id_SelectAll, wxGetTranslation("Select &All"));
+    menu->Append(wxTextLineCtrl::id_Search, wxGetTranslation("&Search..."));
+    menu->AppendSeparator();
+    menu->Append(wxID_PREFERENCES, wxGetTranslation("&Preferences...\tCtrl+,"));
+    return menu;
+}
+
+wxMenu* ViewMenu(wxFrame& frame)
+{
+    auto* const menu = new wxMenu;
+    menu->AppendCheckItem(id_Follow, wxGetTranslation("&Follow the Log\tF5"))->Check();
+    menu->AppendSeparator();
+    menu->Append(id_SwitchPane, wxGetTranslation("Switch &Pane\tF6"));
+    menu->Append(id_MoreJobs, wxGetTranslation("More Room for the &Jobs\tAlt+Down"));
+    menu->Append(id_MoreLog, wxGetTranslation("More Room for the &Log\tAlt+Up"));
+    menu->AppendSeparator();
+    menu->AppendSubMenu(new ColorMenu(&frame), wxGetTranslation("&Colours"));
+    menu->AppendCheckItem(id_FullScreen, wxGetTranslation("F&ull Screen\tF11"));
+    return menu;
+}
+
+wxMenu* HelpMenu()
+{
+    auto* const menu = new wxMenu;
+    menu->Append(wxID_ABOUT, wxGetTranslation("&About"));
+    return menu;
+}
+} // namespace
+
+void BuildMonitorMenus(wxFrame& frame)
+{
+    auto* const bar = new wxMenuBar;
+    bar->Append(FileMenu(), wxGetTranslation("&File"));
+    bar->Append(EditMenu(), wxGetTranslation("&Edit"));
+    bar->Append(ViewMenu(frame), wxGetTranslation("&View"));
+    bar->Append(wxGetOpenWindowMenu(), wxGetTranslation("&Window"));
+    bar->Append(HelpMenu(), wxGetTranslation("&Help"));
+    frame.SetMenuBar(bar);
+}

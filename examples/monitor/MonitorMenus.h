@@ -1,0 +1,18 @@
+#pragma once
+
+class wxFrame;
+class wxMenu;
+
+/// Command ids of the main window's menus, beside the toolkit's and the text view's own.
+enum MonitorCommand
+{
+    id_Submit = 22000,
+    id_Follow,
+    id_SwitchPane,
+    id_MoreJobs,
+    id_MoreLog,
+    id_FullScreen
+};
+
+/// Gives the frame its menu bar; the commands are for the frame to bind.
+void BuildMonitorMenus(wxFrame& frame);

@@ -1,0 +1,232 @@
+#include "monitor/SubmitDlg.h"
+
+#include "monitor/FarmJob.h"
+#include "monitor/JobFields.h"
+
+#include "appearance/wxTolvanString.h"
+#include "appearance/wxtStockControls.h"
+#include "common/Themed.h"
+#include "tolvan/JobFactory.h"
+#include "vesta/Application.h"
+#include "vesta/UID.h"
+
+#include <wx/choice.h>
+#include <wx/sizer.h>
+#include <wx/textctrl.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace
+{
+constexpr int     kBorder = 12;              // pixels around the dialog's content
+constexpr int     kGap = 6;                  // pixels between its parts
+constexpr int     kFieldsWidth = 460;        // pixels at first
+constexpr int     kMostFieldsHeight = 340;   // pixels at first; the user may make it larger
+constexpr size_t  kMostDescription = 300;    // characters
+const wxSize      kSmallestFields(240, 120); // pixels
+const char* const kPositionName = "SubmitJob";
+const char* const kProductKey = "Product";
+
+// The products in the order of their names.
+std::vector<JobForm> FormsOfAllTypes()
+{
+    std::vector<JobForm> forms;
+    for (const UID& id : JobFactory::s_JobFactory->ListTypes())
+    {
+        if (const auto type = JobFactory::s_JobFactory->GetTypeInfo(id, false))
+        {
+            forms.emplace_back(type);
+        }
+    }
+    std::stable_sort(forms.begin(), forms.end(),
+                     [](const JobForm& a, const JobForm& b)
+                     { return String::ciless()(a.Type().Name(), b.Type().Name()); });
+    return forms;
+}
+
+// The product that was submitted last.
+size_t FirstForm(const std::vector<JobForm>& forms)
+{
+    const UID last(Application::the_Application->Options().GetValue(kPositionName, kProductKey));
+    for (size_t i = 0; i < forms.size(); ++i)
+    {
+        if (forms[i].Type().Id() == last)
+        {
+            return i;
+        }
+    }
+    return 0;
+}
+
+void AddHeadRow(wxTolvanDlg& dialog, wxFlexGridSizer& grid, const wxString& label, wxWindow* field)
+{
+    grid.Add(dialog.NewStatic(label), 0, wxALIGN_CENTER_VERTICAL);
+    grid.Add(field, 0, wxEXPAND);
+}
+} // namespace
+
+SubmitDlg::SubmitDlg(wxWindow* parent, Job::Sender send)
+    : wxTolvanDlg(parent, wxGetTranslation("Submit Job"), kPositionName, true),
+      m_Send(std::move(send)),
+      m_Forms(FormsOfAllTypes()),
+      m_Current(FirstForm(m_Forms))
+{
+    auto* const content = new wxBoxSizer(wxVERTICAL);
+    BuildHead(*content);
+    content->Add(NewStaticLine(wxGetTranslation("Parameters ")), 0, wxEXPAND | wxTOP | wxBOTTOM,
+                 kGap);
+    m_Fields = new JobFields(this);
+    content->Add(m_Fields, 1, wxEXPAND);
+    m_Problem = NewOneLine(color_TextRed);
+    content->Add(m_Problem, 0, wxEXPAND | wxTOP, kGap);
+    wxBoxSizer* const whole = StartControls();
+    whole->Add(content, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, kBorder);
+    AddButtons(whole, true);
+    FindWindow(wxID_OK)->SetLabel(wxGetTranslation("Submit"));
+    ShowForm();
+    // The user may make it smaller than it is at first.
+    m_Fields->SetMinSize(kSmallestFields);
+    SetMinSize(ClientToWindowSize(whole->GetMinSize()));
+    m_Fields->SetMinSize(wxSize(kFieldsWidth, FirstFieldsHeight()));
+    Fit(); // laid out in the toolkit's first size, the parameters would have no room at all
+    if (m_Forms.empty())
+    {
+        ShowProblem("There are no job types in " + JobFactory::s_JobFactory->Folder().Text());
+    }
+}
+
+// So that every product fits, unless one has very many parameters.
+int SubmitDlg::FirstFieldsHeight() const
+{
+    size_t most = 1;
+    for (const JobForm& form : m_Forms)
+    {
+        most = std::max(most, form.values.size());
+    }
+    const int rowHeight = m_Name->GetBestSize().y + kGap;
+    return std::min(static_cast<int>(most) * rowHeight, kMostFieldsHeight);
+}
+
+void SubmitDlg::BuildHead(wxBoxSizer& sizer)
+{
+    auto* const grid = new wxFlexGridSizer(2, kGap, kGap);
+    grid->AddGrowableCol(1);
+    m_Product = new Themed<wxChoice>(this, wxID_ANY);
+    for (const JobForm& form : m_Forms)
+    {
+        m_Product->Append(wxtToWx(form.Type().Name()));
+    }
+    m_Product->Bind(wxEVT_CHOICE,
+                    [this](wxCommandEvent& event)
+                    {
+                        TakeForm();
+                        m_Current = static_cast<size_t>(event.GetSelection());
+                        ShowForm();
+                    });
+    AddHeadRow(*this, *grid, wxGetTranslation("Product"), m_Product);
+    grid->AddSpacer(0);
+    m_Description = NewOneLine(color_TextGrey);
+    grid->Add(m_Description, 0, wxEXPAND);
+    m_Name = new Themed<wxTextCtrl>(this, wxID_ANY);
+    AddHeadRow(*this, *grid, wxGetTranslation("Name"), m_Name);
+    m_Priority = new Themed<wxTextCtrl>(this, wxID_ANY);
+    m_Priority->SetToolTip(
+        wxGetTranslation("From 0 to 100: jobs of a higher priority start first"));
+    AddHeadRow(*this, *grid, wxGetTranslation("Priority"), m_Priority);
+    sizer.Add(grid, 0, wxEXPAND);
+}
+
+// A text that is cut where there is no more room for it.
+wxtStaticText* SubmitDlg::NewOneLine(const String& colourName)
+{
+    wxtStaticText* const text =
+        NewStatic(wxString(), false, false, 0, wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
+    text->m_ForegroundName = colourName;
+    text->RefreshColors();
+    text->SetMinSize(wxSize(1, -1));
+    return text;
+}
+
+void SubmitDlg::ShowForm()
+{
+    if (m_Forms.empty())
+    {
+        return;
+    }
+    const JobForm& form = m_Forms[m_Current];
+    m_Product->SetSelection(static_cast<int>(m_Current));
+    m_Description->SetLabelText(wxtToWx(OneLine(form.Type().Description(), kMostDescription)));
+    m_Name->ChangeValue(wxtToWx(form.name));
+    m_Name->SetHint(wxtToWx(OneLine(form.Type().Name(), kMostDescription)));
+    m_Priority->ChangeValue(wxtToWx(form.priority));
+    m_Fields->ShowForm(form);
+    ShowProblem(String());
+    if (IsShown()) // before, it has no size to speak of
+    {
+        Layout();
+    }
+}
+
+void SubmitDlg::TakeForm()
+{
+    JobForm& form = m_Forms[m_Current];
+    form.name = wxtFromWx(m_Name->GetValue());
+    form.priority = wxtFromWx(m_Priority->GetValue());
+    m_Fields->TakeValues(form);
+}
+
+bool SubmitDlg::Validate()
+{
+    if (m_Forms.empty())
+    {
+        return false;
+    }
+    TakeForm();
+    int          field = JobForm::kNone;
+    const String problem = m_Forms[m_Current].FindProblem(field);
+    ShowProblem(problem);
+    FocusField(problem.empty() ? JobForm::kNone : field);
+    return problem.empty();
+}
+
+void SubmitDlg::FocusField(int field)
+{
+    if (field == JobForm::kName)
+    {
+        m_Name->SetFocus();
+    }
+    else if (field == JobForm::kPriority)
+    {
+        m_Priority->SetFocus();
+    }
+    else if (field != JobForm::kNone)
+    {
+        m_Fields->FocusField(field);
+    }
+}
+
+bool SubmitDlg::TransferDataFromWindow()
+{
+    const JobForm& form = m_Forms[m_Current];
+    if (!m_Send(form.ToMessage(UID::Create().ToString())))
+    {
+        ShowProblem("The master cannot be reached; the job was not submitted.");
+        return false;
+    }
+    Application::the_Application->Options().SetValue(kPositionName, kProductKey,
+                                                     form.Type().Id().ToString());
+    return true;
+}
+
+void SubmitDlg::OnConnected(bool connected)
+{
+    ShowProblem(connected ? String() : String("The connection to the master is lost."));
+}
+
+void SubmitDlg::ShowProblem(const String& text)
+{
+    const wxString shown = wxGetTranslation(wxtToWx(text));
+    m_Problem->SetLabelText(shown);
+    m_Problem->SetToolTip(shown);
+}
