@@ -12,6 +12,7 @@ public:
     LogViewApp() : wxTolvanApp(log_Info, log_Warning)
     {
         SetApplicationName("Tolvan Log Viewer");
+        SetAppDisplayName("Tolvan Log Viewer");
         // It would keep the master from ending when the last monitor has gone.
         m_UsesMaster = false;
     }

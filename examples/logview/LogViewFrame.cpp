@@ -1,7 +1,9 @@
 #include "logview/LogViewFrame.h"
 
 #include "appearance/wxTolvanString.h"
+#include "common/AboutDlg.h"
 #include "common/ColorMenu.h"
+#include "common/PreferencesDlg.h"
 #include "logview/LogPage.h"
 #include "textviews/wxTextLineCtrl.h"
 
@@ -57,16 +59,22 @@ void LogViewFrame::BuildMenus()
     edit->Append(wxTextLineCtrl::id_Copy, wxGetTranslation("&Copy"));
     edit->Append(wxTextLineCtrl::id_SelectAll, wxGetTranslation("Select &All"));
     edit->Append(wxTextLineCtrl::id_Search, wxGetTranslation("&Search..."));
+    edit->AppendSeparator();
+    edit->Append(wxID_PREFERENCES, wxGetTranslation("&Preferences...\tCtrl+,"));
 
     auto* const view = new wxMenu;
     view->AppendCheckItem(id_Follow, wxGetTranslation("&Follow the End\tF5"))->Check();
     view->AppendSubMenu(new ColorMenu(this), wxGetTranslation("&Colours"));
     view->AppendCheckItem(id_FullScreen, wxGetTranslation("F&ull Screen\tF11"));
 
+    auto* const help = new wxMenu;
+    help->Append(wxID_ABOUT, wxGetTranslation("&About"));
+
     auto* const bar = new wxMenuBar;
     bar->Append(file, wxGetTranslation("&File"));
     bar->Append(edit, wxGetTranslation("&Edit"));
     bar->Append(view, wxGetTranslation("&View"));
+    bar->Append(help, wxGetTranslation("&Help"));
     SetMenuBar(bar);
 
     Bind(wxEVT_MENU, &LogViewFrame::OnOpen, this, wxID_OPEN);
@@ -74,6 +82,8 @@ void LogViewFrame::BuildMenus()
         wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, wxID_EXIT);
     Bind(wxEVT_MENU, &LogViewFrame::OnFollow, this, id_Follow);
     Bind(wxEVT_MENU, &LogViewFrame::OnFullScreen, this, id_FullScreen);
+    Bind(wxEVT_MENU, &LogViewFrame::OnPreferences, this, wxID_PREFERENCES);
+    Bind(wxEVT_MENU, &LogViewFrame::OnAbout, this, wxID_ABOUT);
     Bind(wxEVT_MENU, &LogViewFrame::OnTextCommand, this, wxTextLineCtrl::id_SelectAll,
          wxTextLineCtrl::id_Search);
 }
@@ -176,6 +186,19 @@ void LogViewFrame::OnFollow(wxCommandEvent& event)
 void LogViewFrame::OnFullScreen(wxCommandEvent& event)
 {
     ShowFullScreen(event.IsChecked(), wxFULLSCREEN_NOBORDER | wxFULLSCREEN_NOCAPTION);
+}
+
+void LogViewFrame::OnPreferences(wxCommandEvent&)
+{
+    PreferencesDlg dialog(this);
+    dialog.ShowModal();
+}
+
+void LogViewFrame::OnAbout(wxCommandEvent&)
+{
+    AboutDlg dialog(this, wxGetTranslation("Tolvan Log Viewer"),
+                    wxGetTranslation("Shows log files and follows them as they grow."));
+    dialog.ShowModal();
 }
 
 void LogViewFrame::OnTextCommand(wxCommandEvent& event)

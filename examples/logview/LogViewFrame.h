@@ -28,6 +28,8 @@ private:
     void OnOpen(wxCommandEvent& event);
     void OnFollow(wxCommandEvent& event);
     void OnFullScreen(wxCommandEvent& event);
+    void OnPreferences(wxCommandEvent& event);
+    void OnAbout(wxCommandEvent& event);
     void OnTextCommand(wxCommandEvent& event);
     void OnClose(wxCloseEvent& event);
 
