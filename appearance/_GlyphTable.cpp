@@ -6,13 +6,16 @@
 #include <wx/fontutil.h>
 #include <wx/string.h>
 
+#include <cmath>
 #include <cwchar>
+#include <limits>
 #include <utility>
 #include <vector>
 
 namespace
 {
 constexpr double kOverhang = 0.5;     // pixels above or below its line that no one sees
+constexpr float  kUnknown = -1;       // a step that has not been laid out
 constexpr size_t kMostOthers = 20000; // characters kept beyond the quick ones, then begun anew
 
 double Pixels(int pangoUnits)
@@ -45,6 +48,51 @@ const PangoGlyphInfo* SingleGlyph(PangoLayoutLine* line, PangoFont*& font)
     font = run->item->analysis.font;
     return run->glyphs->glyphs;
 }
+
+// Scripts that are written one character beside the other. Whatever joins, stacks or turns round is
+// left to the toolkit.
+bool StandsAlone(wchar_t character)
+{
+    struct
+    {
+        wchar_t first;
+        wchar_t last;
+    } constexpr kBlocks[] = {{0x20, 0x7e},   {0xa1, 0xac},   {0xae, 0x2ff}, {0x370, 0x482},
+                             {0x48a, 0x52f}, {0x2010, 0x2027}, {0x20a0, 0x20bf}};
+    for (const auto& block : kBlocks)
+    {
+        if (character >= block.first && character <= block.last)
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+// The two glyphs of a layout of two characters, drawn with one font; false when it has others.
+bool GlyphPair(PangoLayoutLine* line, const PangoGlyphInfo*& first, const PangoGlyphInfo*& second)
+{
+    const PangoGlyphInfo* found[2] = {};
+    int                   count = 0;
+    PangoFont*            font = nullptr;
+    for (GSList* run = line ? line->runs : nullptr; run; run = run->next)
+    {
+        const auto* const part = static_cast<const PangoLayoutRun*>(run->data);
+        for (int i = 0; i < part->glyphs->num_glyphs; ++i)
+        {
+            if (count == 2 || (font && font != part->item->analysis.font))
+            {
+                return false;
+            }
+            font = part->item->analysis.font;
+            found[count++] = &part->glyphs->glyphs[i];
+        }
+    }
+    first = found[0];
+    second = found[1];
+    return count == 2;
+}
+
 // What the toolkit may lay its texts out with: the surface's context, or the screen's.
 std::vector<_GObjectPtr<PangoContext>> Contexts(cairo_t* cairo)
 {
@@ -120,6 +168,58 @@ bool _GlyphTable::AgreesWith(wxDC& dc) const
         }
     }
     return true;
+}
+
+double _GlyphTable::Step(wchar_t first, wchar_t second)
+{
+    const auto a = static_cast<size_t>(first);
+    const auto b = static_cast<size_t>(second);
+    if (a < kQuickSteps && b < kQuickSteps)
+    {
+        if (m_QuickSteps.empty())
+        {
+            m_QuickSteps.assign(kQuickSteps * kQuickSteps, kUnknown);
+        }
+        float& step = m_QuickSteps[a * kQuickSteps + b];
+        if (step == kUnknown)
+        {
+            step = static_cast<float>(LayOutStep(first, second));
+        }
+        return step;
+    }
+    const auto [place, isNew] =
+        m_OtherSteps.try_emplace((static_cast<unsigned long long>(a) << 32) | b, kUnknown);
+    if (isNew)
+    {
+        place->second = static_cast<float>(LayOutStep(first, second));
+    }
+    return place->second;
+}
+
+double _GlyphTable::LayOutStep(wchar_t first, wchar_t second)
+{
+    constexpr double kNot = std::numeric_limits<double>::quiet_NaN();
+    if (!StandsAlone(first) || !StandsAlone(second))
+    {
+        return kNot;
+    }
+    const _Glyph&         before = Of(&first, 1);
+    const _Glyph&         after = Of(&second, 1);
+    const wchar_t         pair[] = {first, second};
+    const auto            layout = MakeLayout(m_Context.get(), m_Description, pair, 2);
+    const PangoGlyphInfo* left = nullptr;
+    const PangoGlyphInfo* right = nullptr;
+    if (!before.font || !after.font ||
+        !GlyphPair(pango_layout_get_line_readonly(layout.get(), 0), left, right))
+    {
+        return kNot;
+    }
+    const double step = Pixels(left->geometry.width + right->geometry.width) - before.advance;
+    const bool   asAlone = left->glyph == before.index && right->glyph == after.index &&
+                         Pixels(left->geometry.x_offset) == before.dx &&
+                         Pixels(right->geometry.x_offset) == after.dx &&
+                         Pixels(right->geometry.width) == after.advance && step >= 0;
+    return asAlone ? step : kNot;
 }
 
 const _Glyph& _GlyphTable::Of(const wchar_t* characters, int count)

@@ -10,6 +10,7 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 /// Frees what the text libraries count references of.
 struct _GObjectDeleter
@@ -50,13 +51,18 @@ public:
         const auto          wide = static_cast<wchar_t>(character);
         return known ? *known : Of(&wide, 1);
     }
+    /// Pixels that a text grows by when `second` follows `first` at its end; NaN when the toolkit
+    /// does not simply put the two side by side (a ligature, another font, marks, another script).
+    double Step(wchar_t first, wchar_t second);
     double Baseline() const { return m_Baseline; }     ///< Pixels below the top of a line.
     double LineHeight() const { return m_LineHeight; } ///< Pixels.
 
 private:
     static constexpr size_t kQuickCodes = 256;
+    static constexpr size_t kQuickSteps = 128; ///< Codes whose pairs have a table of their own.
 
-    bool AgreesWith(wxDC& dc) const;
+    bool   AgreesWith(wxDC& dc) const;
+    double LayOutStep(wchar_t first, wchar_t second);
 
     _Glyph LayOut(const wchar_t* characters, int count);
 
@@ -66,5 +72,7 @@ private:
     double                                           m_LineHeight = 0;
     std::array<std::unique_ptr<_Glyph>, kQuickCodes> m_Quick; ///< By code.
     std::unordered_map<std::wstring, _Glyph>         m_Others;
+    std::vector<float>                               m_QuickSteps; ///< Negative: not known yet.
+    std::unordered_map<unsigned long long, float>    m_OtherSteps;
     std::map<PangoFont*, _GObjectPtr<PangoFont>>     m_Fonts; ///< All that glyphs came from.
 };

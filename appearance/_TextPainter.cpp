@@ -5,6 +5,9 @@
 #include <wx/graphics.h>
 #include <wx/region.h>
 
+#include <cmath>
+#include <limits>
+
 namespace
 {
 constexpr double kTightFit = 0.75; // pixels that a character may be wider than its cell
@@ -21,12 +24,16 @@ public:
     void SetColour(const wxColour& colour);
     void DrawCell(const wchar_t* characters, int count, int x, int y, int width);
     void DrawAscii(const char* characters, size_t count, int x, int y, int width);
+    void DrawRun(const std::wstring& text, const std::vector<double>& ends, int x, int y);
     void Fill(const wxRect& rect, const wxColour& colour);
     void ClipTo(const std::vector<wxRect>& rects);
     void Unclip();
     void Flush();
 
+    _GlyphTable& Glyphs() { return m_Glyphs; }
+
 private:
+    void Add(const _Glyph& glyph, double x, double y);
     void SetSource(const wxColour& colour);
     void Draw(const _Glyph& glyph, int x, int y, int width);
     void DrawAlone(const _Glyph& glyph, int x, int y, int width);
@@ -93,12 +100,31 @@ void _TextPainter::Canvas::Draw(const _Glyph& glyph, int x, int y, int width)
         DrawAlone(glyph, x, y, width);
         return;
     }
+    Add(glyph, x, y);
+}
+
+void _TextPainter::Canvas::Add(const _Glyph& glyph, double x, double y)
+{
     if (glyph.font != m_BatchFont)
     {
         Flush();
         m_BatchFont = glyph.font;
     }
     m_Batch.push_back({glyph.index, x + glyph.dx, y + m_Glyphs.Baseline() + glyph.dy});
+}
+
+void _TextPainter::Canvas::DrawRun(const std::wstring& text, const std::vector<double>& ends, int x,
+                                   int y)
+{
+    for (size_t i = 0; m_Colour.IsOk() && i < text.size(); ++i)
+    {
+        const _Glyph& glyph = m_Glyphs.Of(&text[i], 1);
+        if (!glyph.blank)
+        {
+            // Kerning is part of the way to a character, not of the character.
+            Add(glyph, x + ends[i] - glyph.advance, y);
+        }
+    }
 }
 
 void _TextPainter::Canvas::Fill(const wxRect& rect, const wxColour& colour)
@@ -229,6 +255,39 @@ void _TextPainter::DrawAscii(const char* characters, size_t count, int x, int y,
     {
         const auto character = static_cast<wchar_t>(characters[i]);
         DrawCell(&character, 1, x + static_cast<int>(i) * width, y, width);
+    }
+}
+
+double _TextPainter::Step(wchar_t a, wchar_t b)
+{
+    return m_Canvas ? m_Canvas->Glyphs().Step(a, b) : std::numeric_limits<double>::quiet_NaN();
+}
+
+std::vector<double> _TextPainter::Ends(const std::wstring& text)
+{
+    std::vector<double> ends;
+    if (!m_Canvas || text.empty())
+    {
+        return ends;
+    }
+    ends.reserve(text.size());
+    // A blank stands alone and for itself: the first character's own step.
+    double end = Step(L' ', text[0]);
+    end = std::isnan(end) ? end : m_Canvas->Glyphs().Of(text.data(), 1).advance;
+    ends.push_back(end);
+    for (size_t i = 1; i < text.size() && !std::isnan(end); ++i)
+    {
+        end += m_Canvas->Glyphs().Step(text[i - 1], text[i]);
+        ends.push_back(end);
+    }
+    return std::isnan(end) ? std::vector<double>() : ends;
+}
+
+void _TextPainter::DrawRun(const std::wstring& text, const std::vector<double>& ends, int x, int y)
+{
+    if (m_Canvas)
+    {
+        m_Canvas->DrawRun(text, ends, x, y);
     }
 }
 

@@ -8,6 +8,7 @@
 #include <wx/gdicmn.h>
 
 #include <memory>
+#include <string>
 #include <vector>
 
 class _GlyphTable;
@@ -33,6 +34,13 @@ public:
     void DrawCell(const wchar_t* characters, int count, int x, int y, int width);
     /// Draws a run of printable ASCII characters, each as `DrawCell` does, `width` pixels apart.
     void DrawAscii(const char* characters, size_t count, int x, int y, int width);
+    /// Where each character of a text ends when the toolkit draws it: pixels from its start. Empty
+    /// where only the toolkit can tell: it lays such a text out in some way of its own.
+    std::vector<double> Ends(const std::wstring& text);
+    /// Draws a text as the toolkit does, with its top left there; `ends` as `Ends` gave them.
+    void DrawRun(const std::wstring& text, const std::vector<double>& ends, int x, int y);
+    /// What `b` adds to a text that ends with `a`; NaN when only the toolkit can tell.
+    double Step(wchar_t a, wchar_t b);
     /// Fills a rectangle. An invalid colour draws nothing.
     void Fill(const wxRect& rect, const wxColour& colour);
     /// Keeps what is drawn from now on within these rectangles, until `Unclip`.

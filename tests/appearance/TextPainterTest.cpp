@@ -91,6 +91,54 @@ TEST_F(TextPainterTest, AgreesWithTheToolkit)
     }
 }
 
+// Whole texts too, kerned as the toolkit does; what it lays out in a way of its own is left to it.
+TEST_F(TextPainterTest, RunsAgreeWithTheToolkit)
+{
+    const wxString runs[] = {
+        "/farm/projects/AVATAR/To.Wy/sh010_v7/beauty.0001.exr",
+        "fifty flights, office: 100 %",
+        "Type. LT VA \"quoted\", f.",
+        "00:12:59  Waiting for a host (3/7)",
+        wxString(L"\u00dcbergr\u00f6\u00dfe \u03a9 \u0416\u0434"),
+    };
+    for (const wxFont& font : kFonts)
+    {
+        for (const wxString& text : runs)
+        {
+            const std::wstring characters = text.ToStdWstring();
+            bool               isRun = false;
+            const wxImage      ours = Draw(
+                [&](wxMemoryDC& dc)
+                {
+                    _TextPainter              painter(dc, font);
+                    const std::vector<double> ends = painter.Ends(characters);
+                    isRun = !ends.empty();
+                    painter.SetColour(kInk);
+                    painter.DrawRun(characters, ends, 3, 5);
+                });
+            const wxImage theirs = Draw(
+                [&](wxMemoryDC& dc)
+                {
+                    dc.SetFont(font);
+                    dc.SetTextForeground(kInk);
+                    dc.DrawText(text, 3, 5);
+                });
+            // Only the second joins letters, in the fonts that do.
+            EXPECT_TRUE(isRun || text == runs[1]) << text;
+            EXPECT_EQ(isRun ? Differences(ours, theirs, 2) : 0, 0)
+                << text << " in " << font.GetNativeFontInfoUserDesc() << " "
+                << Kept(ours, "run-ours") << " " << Kept(theirs, "run-theirs");
+        }
+    }
+    wxBitmap     bitmap(10, 10);
+    wxMemoryDC   dc(bitmap);
+    _TextPainter painter(dc, kFonts[0]);
+    for (const wchar_t* const other : {L"", L"e\u0301", L"\u05d0\u05d1", L"a\tb", L"\u65e5"})
+    {
+        EXPECT_TRUE(painter.Ends(other).empty()) << wxString(other);
+    }
+}
+
 TEST_F(TextPainterTest, SqueezesWhatIsTooWide)
 {
     const wchar_t wide[] = L"W";

@@ -1,0 +1,157 @@
+#include "appearance/_ColorMix.h"
+#include "appearance/wxTolvanColors.h"
+#include "listviews/_CellText.h"
+#include "listviews/_ListGeometry.h"
+#include "listviews/_TableSettings.h"
+#include "listviews/wxDBListBody.h"
+#include "listviews/wxDBListCtrl.h"
+#include "vesta/CallEntry.h"
+
+#include <wx/dcmemory.h>
+
+namespace
+{
+constexpr double kGroundShare = 0.67; // of a selected row's colour; the rest is the selection's
+
+// Lets go of what is only there while the rows are painted, however that ends.
+class WhilePainting
+{
+public:
+    WhilePainting(_CellText*& place, _CellText& text) : m_Place(place) { m_Place = &text; }
+    ~WhilePainting() { m_Place = nullptr; }
+    WhilePainting(const WhilePainting&) = delete;
+    WhilePainting& operator=(const WhilePainting&) = delete;
+
+private:
+    _CellText*& m_Place;
+};
+} // namespace
+
+bool wxDBListBody::DrawCellText(wxDC& dc, const wxString& text, const wxRect& room)
+{
+    if (!m_CellText || !m_CellText->DrawsOn(dc))
+    {
+        return false;
+    }
+    m_CellText->Draw(text, room);
+    return true;
+}
+
+void wxDBListBody::DrawBitmap()
+{
+    CALL_ENTRY("wxDBListBody::DrawBitmap");
+    wxMemoryDC          dc(*m_Buffer);
+    _CellText           text(dc);
+    const WhilePainting painting(m_CellText, text);
+    const _ListGeometry geometry = Geometry();
+    dc.SetFont(GetFont());
+    m_HoverRow = HoverRow();
+    const int first = geometry.scroll.y / m_LineHeight;
+    const int end = first + m_VisibleLines;
+    for (int row = first; row < end; ++row)
+    {
+        DrawRow(dc, geometry, row);
+    }
+    DrawGrid(geometry);
+    DrawFocus(geometry);
+}
+
+wxColour wxDBListBody::GroundOf(int row, bool hovered) const
+{
+    const _TableSettings& settings = _TableSettings::Get();
+    wxColour              ground;
+    if (!HasRow(row))
+    {
+        // The stripes go on below the last row, of which the derived class knows nothing.
+        ground = m_List.wxDBListCtrl::GetRowBGColor(row);
+    }
+    else if (m_List.IsRowSelected(row))
+    {
+        ground = _MixColours(wxtGetColor(color_WindowBGDarker), wxtGetColor(color_Selected),
+                             kGroundShare);
+    }
+    else
+    {
+        ground = m_List.GetRowBGColor(row);
+    }
+    // On top of what the row's colour does by itself: the stripes are meant to be that strong, and
+    // to go through a selection.
+    const int contrast = row % 2 ? settings.rowContrast : 0;
+    ground = OffsetColor(ground, contrast, contrast, contrast);
+    return hovered ? _Shaded(ground, settings.hoverShade) : ground;
+}
+
+void wxDBListBody::DrawRow(wxDC& dc, const _ListGeometry& geometry, int row)
+{
+    const bool exists = HasRow(row);
+    if (exists)
+    {
+        m_List.PrepareToDraw(row);
+    }
+    const bool     hovered = row == m_HoverRow;
+    const wxColour ground = GroundOf(row, hovered);
+    m_CellText->Fill(geometry.RowRect(row), ground);
+    if (!exists || !HasRow(row))
+    {
+        return;
+    }
+    const wxColour ink = m_List.GetRowColor(row);
+    const wxColour shaded = hovered ? _Shaded(ink, _TableSettings::Get().hoverTextShade) : ink;
+    if (dc.GetTextForeground() != shaded && shaded.IsOk())
+    {
+        dc.SetTextForeground(shaded);
+    }
+    DrawCells(dc, geometry, row, ground);
+    m_List.CleanupAfterDraw(row);
+}
+
+void wxDBListBody::DrawCells(wxDC& dc, const _ListGeometry& geometry, int row,
+                             const wxColour& ground)
+{
+    const bool                selected = m_List.IsRowSelected(row);
+    const std::pair<int, int> columns = geometry.VisibleColumns();
+    wxRect                    rect = geometry.CellRect(row, columns.first);
+    for (int column = columns.first; column < columns.second; ++column)
+    {
+        // Whoever gives the text may have changed rows and columns.
+        if (!HasRow(row) || column >= m_List.GetColumnCount())
+        {
+            break;
+        }
+        rect.width = geometry.widths[static_cast<size_t>(column)];
+        if (column == m_List.m_HighlightColumn)
+        {
+            m_CellText->Fill(rect, _Shaded(ground, _TableSettings::Get().highlightShade));
+        }
+        if (rect.width > 0)
+        {
+            m_List.DrawCell(dc, row, column, rect, selected);
+        }
+        rect.x += rect.width;
+    }
+}
+
+// A thin line behind each column, hardly more than the stripes.
+void wxDBListBody::DrawGrid(const _ListGeometry& geometry)
+{
+    const std::pair<int, int> columns = geometry.VisibleColumns();
+    for (int column = columns.first; column < columns.second; ++column)
+    {
+        const wxRect rect = geometry.ColumnRect(column);
+        m_CellText->Fill(wxRect(rect.GetRight(), 0, 1, geometry.client.y),
+                         wxtGetColor(color_WindowBG));
+    }
+}
+
+// The row that the arrow keys move from.
+void wxDBListBody::DrawFocus(const _ListGeometry& geometry)
+{
+    if (!HasFocus() || !HasRow(m_Anchor))
+    {
+        return;
+    }
+    const wxRect   rect = geometry.RowRect(m_Anchor);
+    const wxColour line = wxtGetColor(color_3DLight);
+    m_CellText->Fill(wxRect(rect.x, rect.y, rect.width, 1), line);
+    m_CellText->Fill(wxRect(rect.x, rect.GetBottom(), rect.width, 1), line);
+}

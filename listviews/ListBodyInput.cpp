@@ -1,0 +1,167 @@
+#include "listviews/_ListGeometry.h"
+#include "listviews/wxDBListBody.h"
+#include "listviews/wxDBListCtrl.h"
+#include "vesta/CallEntry.h"
+
+#include <algorithm>
+
+// Whoever handles the list's events may remove rows and columns, or the list itself: after each of
+// them everything is looked at anew.
+
+bool wxDBListBody::DeselectAll(bool resetAnchor)
+{
+    CALL_ENTRY("wxDBListBody::DeselectAll");
+    for (const int row : m_List.GetSelection())
+    {
+        if (!SendListEvent(wxEVT_LIST_ITEM_DESELECTED, wxPoint(0, 0), row))
+        {
+            return false;
+        }
+    }
+    if (resetAnchor)
+    {
+        m_Anchor = -1;
+    }
+    return true;
+}
+
+bool wxDBListBody::SelectRange(int first, int last, const wxPoint& point)
+{
+    const int column = Geometry().ColumnAt(point.x);
+    for (int row = first; row <= std::min(last, m_LineCount - 1); ++row)
+    {
+        if (!SendListEvent(wxEVT_LIST_ITEM_SELECTED, point, column, row))
+        {
+            return false;
+        }
+    }
+    return true;
+}
+
+int wxDBListBody::ProcessSelection(const wxMouseEvent& event, bool& alive)
+{
+    CALL_ENTRY("wxDBListBody::ProcessSelection");
+    const int row = Geometry().RowAt(event.GetY());
+    if (event.ShiftDown() && m_Anchor >= 0)
+    {
+        alive = SelectRange(std::min(m_Anchor, row), std::max(m_Anchor, row), event.GetPosition());
+        return row;
+    }
+    if (!HasRow(row))
+    {
+        return -1;
+    }
+    const bool off = event.ControlDown() && m_List.IsRowSelected(row);
+    alive = SendListEvent(off ? wxEVT_LIST_ITEM_DESELECTED : wxEVT_LIST_ITEM_SELECTED,
+                          event.GetPosition(), row);
+    return row;
+}
+
+// False when the list is gone.
+bool wxDBListBody::SelectByClick(const wxMouseEvent& event)
+{
+    const bool adding = IsAdding(event.ControlDown());
+    bool       alive = adding || DeselectAll(m_SingleSelection || !event.ShiftDown());
+    const int  row = alive ? ProcessSelection(event, alive) : -1;
+    // A range that is changed with Shift keeps the row that it began with.
+    if (alive && (m_SingleSelection || event.ControlDown() || m_Anchor < 0))
+    {
+        m_Anchor = row;
+    }
+    return alive;
+}
+
+void wxDBListBody::OnLDown(wxMouseEvent& event)
+{
+    CALL_ENTRY("wxDBListBody::OnLDown");
+    SetFocus();
+    if (!HasCapture())
+    {
+        CaptureMouse();
+    }
+    SelectByClick(event);
+}
+
+void wxDBListBody::OnLUp(wxMouseEvent&)
+{
+    CALL_ENTRY("wxDBListBody::OnLUp");
+    if (HasCapture())
+    {
+        ReleaseMouse();
+    }
+}
+
+void wxDBListBody::OnDoubleClick(wxMouseEvent& event)
+{
+    CALL_ENTRY("wxDBListBody::OnDoubleClick");
+    SendListEvent(wxEVT_LIST_ITEM_ACTIVATED, event.GetPosition(), -1);
+}
+
+void wxDBListBody::OnRDown(wxMouseEvent& event)
+{
+    CALL_ENTRY("wxDBListBody::OnRDown");
+    SetFocus();
+    const int row = Geometry().RowAt(event.GetY());
+    if ((HasRow(row) && m_List.IsRowSelected(row)) || SelectByClick(event))
+    {
+        SendListEvent(wxEVT_LIST_ITEM_RIGHT_CLICK, event.GetPosition(), row);
+    }
+}
+
+void wxDBListBody::OnKey(wxKeyEvent& event)
+{
+    CALL_ENTRY("wxDBListBody::OnKey");
+    const int key = event.GetKeyCode();
+    if (key != WXK_UP && key != WXK_DOWN)
+    {
+        event.Skip();
+        return;
+    }
+    const bool up = key == WXK_UP;
+    if (up ? m_Anchor > 0 : m_Anchor >= 0 && m_Anchor < m_LineCount - 1)
+    {
+        MoveAnchor(up ? -1 : 1, event);
+    }
+}
+
+void wxDBListBody::MoveAnchor(int step, const wxKeyEvent& event)
+{
+    const bool adding = IsAdding(event.ShiftDown() || event.ControlDown());
+    if (!adding && !DeselectAll(false))
+    {
+        return;
+    }
+    m_Anchor = std::clamp(m_Anchor + step, -1, m_LineCount - 1);
+    if (m_Anchor < 0)
+    {
+        return; // the rows have gone meanwhile
+    }
+    wxMouseEvent click;
+    click.SetPosition(GetItemRect(m_Anchor).GetPosition());
+    bool alive = true;
+    ProcessSelection(click, alive);
+    if (alive)
+    {
+        ShowAnchor();
+    }
+}
+
+// A line at a time, so that the eye can follow; from far away at once.
+void wxDBListBody::ShowAnchor()
+{
+    const int below = GetClientSize().y - m_LineHeight;
+    const int top = GetItemRect(m_Anchor).y;
+    if (top < m_LineHeight)
+    {
+        ScrollLines(-1);
+    }
+    else if (top > below)
+    {
+        ScrollLines(1);
+    }
+    if (top < -2 * m_LineHeight || top > below + 2 * m_LineHeight)
+    {
+        m_List.EnsureVisible(m_Anchor);
+    }
+    Redraw();
+}

@@ -1,0 +1,207 @@
+#include "appearance/wxTolvanColors.h"
+#include "listviews/_ListGeometry.h"
+#include "listviews/wxDBListBody.h"
+#include "listviews/wxDBListCtrl.h"
+#include "listviews/wxDBListHeader.h"
+#include "vesta/Application.h"
+#include "vesta/CallEntry.h"
+#include "vesta/Log.h"
+
+#include <algorithm>
+
+namespace
+{
+const char* const kSeparator = ", ";
+
+int WidthOrDefault(int width)
+{
+    return width < 0 ? _ListGeometry::k_DefaultWidth : width;
+}
+
+// A text that is no number, too, gives a column that can be seen.
+int StoredWidth(const String& text)
+{
+    const long long width = text.Trim().ToInt(0);
+    return static_cast<int>(std::clamp<long long>(width, _ListGeometry::k_LeastWidth, INT_MAX));
+}
+} // namespace
+
+void wxDBListCtrl::ColumnsChanged()
+{
+    m_Header->ForgetColumns();
+    m_Body->m_ContentWidth = _ContentWidth(m_Body->Geometry().widths);
+    m_Body->AdjustScrollbarsLater();
+    Redraw();
+}
+
+const wxDBListCtrl::ColumnHeader& wxDBListCtrl::GetColumn(int index) const
+{
+    return m_Columns[static_cast<size_t>(index)];
+}
+
+String wxDBListCtrl::GetColumnName(int index) const
+{
+    return GetColumn(index).label;
+}
+
+void wxDBListCtrl::AddColumn(const ColumnHeader& column)
+{
+    CALL_ENTRY("wxDBListCtrl::AddColumn");
+    m_Columns.push_back(column);
+    m_Columns.back().width = WidthOrDefault(column.width);
+    ColumnsChanged();
+}
+
+void wxDBListCtrl::AddColumn(int type, const String& label, int width)
+{
+    InsertColumn(GetColumnCount(), type, label, String(), width);
+}
+
+void wxDBListCtrl::InsertColumn(int index, int type, const String& label, const String& key,
+                                int width)
+{
+    CALL_ENTRY("wxDBListCtrl::InsertColumn");
+    ColumnHeader column;
+    column.label = label;
+    column.width = WidthOrDefault(width);
+    column.type = type;
+    column.key = key;
+    m_Columns.insert(m_Columns.begin() + index, column);
+    ColumnsChanged();
+}
+
+void wxDBListCtrl::RemoveColumn(int index)
+{
+    CALL_ENTRY("wxDBListCtrl::RemoveColumn");
+    m_Columns.erase(m_Columns.begin() + index);
+    ColumnsChanged();
+}
+
+void wxDBListCtrl::RemoveAllColumns()
+{
+    CALL_ENTRY("wxDBListCtrl::RemoveAllColumns");
+    m_Columns.clear();
+    ColumnsChanged();
+}
+
+void wxDBListCtrl::MoveColumn(int index, int delta)
+{
+    CALL_ENTRY("wxDBListCtrl::MoveColumn");
+    if (delta == 0)
+    {
+        return;
+    }
+    const int target = static_cast<int>(
+        std::clamp<long long>(static_cast<long long>(index) + delta, 0, GetColumnCount() - 1));
+    const auto column = m_Columns.begin() + index;
+    if (target > index)
+    {
+        std::rotate(column, column + 1, m_Columns.begin() + target + 1);
+    }
+    else
+    {
+        std::rotate(m_Columns.begin() + target, column, column + 1);
+    }
+    if (m_HighlightColumn == index)
+    {
+        m_HighlightColumn = target;
+    }
+    else if (delta < 0 && target <= m_HighlightColumn && m_HighlightColumn < index)
+    {
+        ++m_HighlightColumn;
+    }
+    else if (delta > 0 && index < m_HighlightColumn && m_HighlightColumn <= target)
+    {
+        --m_HighlightColumn;
+    }
+    m_Header->ForgetColumns();
+    RedrawColumns(index, target);
+}
+
+void wxDBListCtrl::SetColumnLabel(int index, const String& label)
+{
+    CALL_ENTRY("wxDBListCtrl::SetColumnLabel");
+    m_Columns[static_cast<size_t>(index)].label = label;
+    m_Header->Redraw();
+}
+
+void wxDBListCtrl::SetColumnImage(int index, int image)
+{
+    CALL_ENTRY("wxDBListCtrl::SetColumnImage");
+    m_Columns[static_cast<size_t>(index)].image = image;
+    m_Header->Redraw();
+}
+
+void wxDBListCtrl::SetHeaderImages(const std::vector<wxBitmapBundle>& images)
+{
+    CALL_ENTRY("wxDBListCtrl::SetHeaderImages");
+    m_HeaderImages = images;
+    m_Header->Redraw();
+}
+
+void wxDBListCtrl::ChangeWidth(int index, int width)
+{
+    m_Columns[static_cast<size_t>(index)].width = std::max(width, 0);
+    m_Body->m_ContentWidth = _ContentWidth(m_Body->Geometry().widths);
+}
+
+void wxDBListCtrl::SetColumnWidth(int index, int width)
+{
+    CALL_ENTRY("wxDBListCtrl::SetColumnWidth");
+    ChangeWidth(index, width);
+    m_Body->AdjustScrollbarsLater();
+    Redraw();
+}
+
+void wxDBListCtrl::SetHighlightColumn(int index)
+{
+    CALL_ENTRY("wxDBListCtrl::SetHighlightColumn");
+    const int before = m_HighlightColumn;
+    m_HighlightColumn = index;
+    if (before == -1)
+    {
+        RedrawColumn(index);
+    }
+    else
+    {
+        RedrawColumns(before, index);
+    }
+}
+
+int wxDBListCtrl::FindColumnByType(int type) const
+{
+    const auto found = std::find_if(m_Columns.begin(), m_Columns.end(),
+                                    [type](const ColumnHeader& c) { return c.type == type; });
+    return found == m_Columns.end() ? -1 : static_cast<int>(found - m_Columns.begin());
+}
+
+void wxDBListCtrl::SaveColumnSizes(const String& section, const String& key)
+{
+    CALL_ENTRY("wxDBListCtrl::SaveColumnSizes");
+    String value;
+    for (const ColumnHeader& column : m_Columns)
+    {
+        value += (value.empty() ? "" : kSeparator) + String::FromInt(column.width);
+    }
+    {
+        OptionsFile&    options = Application::the_Application->Options();
+        const WriteLock lock(options.Lock());
+        options.InsertSection(section);
+        options.SetValue(section, key, value);
+    }
+    LogDebug("ListCtrl SAVE: [ " + section + " ] " + key + " = " + value);
+}
+
+void wxDBListCtrl::RestoreColumnSizes(const String& section, const String& key)
+{
+    CALL_ENTRY("wxDBListCtrl::RestoreColumnSizes");
+    const String value = Application::the_Application->Options().GetValue(section, key);
+    LogDebug("ListCtrl LOAD: [ " + section + " ] " + key + " = " + value);
+    int column = 0;
+    for (StringTokenizer tokens(value, ",", '"', '\\');
+         column < GetColumnCount() && tokens.HasMore(); ++column)
+    {
+        ChangeWidth(column, StoredWidth(tokens.Next()));
+    }
+    m_Body->AdjustScrollbarsLater();
+}

@@ -1,0 +1,151 @@
+#include "listviews/wxDBListBody.h"
+
+#include "appearance/wxTolvanColors.h"
+#include "appearance/wxTolvanString.h"
+#include "listviews/_ListGeometry.h"
+#include "listviews/_TableSettings.h"
+#include "listviews/wxDBListCtrl.h"
+#include "listviews/wxDBListHeader.h"
+#include "vesta/CallEntry.h"
+
+#include <algorithm>
+
+namespace
+{
+constexpr int    kHoverTimerId = 200;
+constexpr int    kHoverDelay = 600;      // milliseconds that the pointer rests before its tooltip
+constexpr size_t kLongestTip = 2000;     // characters
+constexpr int    kFirstContentWidth = 2; // pixels
+} // namespace
+
+// clang-format off
+wxBEGIN_EVENT_TABLE(wxDBListBody, wxDBListBase)
+    EVT_LEFT_DOWN(wxDBListBody::OnLDown)
+    EVT_LEFT_UP(wxDBListBody::OnLUp)
+    EVT_LEFT_DCLICK(wxDBListBody::OnDoubleClick)
+    EVT_RIGHT_DOWN(wxDBListBody::OnRDown)
+    EVT_MOTION(wxDBListBody::OnMotion)
+    EVT_LEAVE_WINDOW(wxDBListBody::OnLeave)
+    EVT_TIMER(kHoverTimerId, wxDBListBody::Notify)
+    EVT_KEY_DOWN(wxDBListBody::OnKey)
+    EVT_SET_FOCUS(wxDBListBody::OnFocus)
+    EVT_KILL_FOCUS(wxDBListBody::OnFocus)
+wxEND_EVENT_TABLE()
+    // clang-format on
+
+    wxDBListBody::wxDBListBody(wxDBListCtrl* list, bool singleSelection)
+    : wxDBListBase(list, wxBORDER_NONE), m_SingleSelection(singleSelection)
+{
+    CALL_ENTRY("wxDBListBody::wxDBListBody");
+    const _TableSettings& settings = _TableSettings::Get();
+    SetFont(settings.font);
+    m_LineHeight = settings.RowHeight();
+    m_ColumnWidth = settings.charWidth;
+    m_ContentWidth = kFirstContentWidth;
+    m_LinkedWindow = list->GetHeader();
+    SetScrollbar(wxHORIZONTAL, 0, 0, 0);
+    SetScrollbar(wxVERTICAL, 0, 0, 0);
+    m_HoverTimer.SetOwner(this, kHoverTimerId);
+}
+
+wxDBListBody::~wxDBListBody()
+{
+    m_HoverTimer.Stop();
+}
+
+wxRect wxDBListBody::GetItemRect(int row) const
+{
+    return Geometry().RowRect(row);
+}
+
+wxRect wxDBListBody::GetColumnRect(int column) const
+{
+    return Geometry().ColumnRect(column);
+}
+
+wxRect wxDBListBody::GetCellRect(int row, int column) const
+{
+    return Geometry().CellRect(row, column);
+}
+
+// The row under the pointer, as long as the user works here.
+int wxDBListBody::HoverRow() const
+{
+    if (m_Pointer.x < 0 || !ParentIsActive(const_cast<wxDBListBody*>(this)))
+    {
+        return -1;
+    }
+    return Geometry().RowAt(m_Pointer.y);
+}
+
+void wxDBListBody::SetHoverRow(int row)
+{
+    if (row == m_HoverRow)
+    {
+        return;
+    }
+    for (const int changed : {m_HoverRow, row})
+    {
+        if (changed >= 0)
+        {
+            Redraw(GetItemRect(changed));
+        }
+    }
+    m_HoverRow = row;
+}
+
+void wxDBListBody::ShowCursor(const wxPoint& pointer)
+{
+    const _ListGeometry geometry = Geometry();
+    const int           row = geometry.RowAt(pointer.y);
+    SetCursor(m_List.CustomizeCursor(HasRow(row) ? row : -1, geometry.ColumnAt(pointer.x),
+                                     pointer.x, pointer.y));
+}
+
+void wxDBListBody::OnMotion(wxMouseEvent& event)
+{
+    CALL_ENTRY("wxDBListBody::OnMotion");
+    event.Skip();
+    const bool inside = GetClientRect().Contains(event.GetPosition());
+    m_Pointer = inside ? event.GetPosition() : wxPoint(-1, -1);
+    SetHoverRow(HoverRow());
+    if (inside)
+    {
+        ShowCursor(m_Pointer);
+        m_HoverTimer.StartOnce(kHoverDelay);
+    }
+}
+
+void wxDBListBody::OnLeave(wxMouseEvent& event)
+{
+    event.Skip();
+    m_Pointer = wxPoint(-1, -1);
+    m_HoverTimer.Stop();
+    SetHoverRow(-1);
+    UnsetToolTip();
+}
+
+void wxDBListBody::Notify(wxTimerEvent&)
+{
+    CALL_ENTRY("wxDBListBody::Notify");
+    const _ListGeometry geometry = Geometry();
+    const int           row = geometry.RowAt(m_Pointer.y);
+    const int           column = geometry.ColumnAt(m_Pointer.x);
+    if (m_Pointer.x < 0 || !HasRow(row) || column < 0)
+    {
+        UnsetToolTip();
+        return;
+    }
+    const wxString text = wxtToWx(m_List.GetDisplayText(row, column)).Left(kLongestTip);
+    if (text != GetToolTipText())
+    {
+        SetToolTip(text);
+    }
+}
+
+// The frame of the row that the keys move from comes and goes.
+void wxDBListBody::OnFocus(wxFocusEvent& event)
+{
+    event.Skip();
+    Redraw();
+}

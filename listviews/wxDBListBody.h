@@ -1,0 +1,74 @@
+#pragma once
+
+#include "listviews/wxDBListBase.h"
+#include "vesta/Export.h"
+
+#include <wx/timer.h>
+
+class _CellText;
+
+/// The rows of a list. It turns clicks and arrow keys into selection events; what is selected is
+/// the list's to know. Main thread.
+class TOLVAN_API wxDBListBody : public wxDBListBase
+{
+public:
+    wxDBListBody(wxDBListCtrl* list, bool singleSelection);
+    ~wxDBListBody() override;
+
+    void OnLDown(wxMouseEvent& event);
+    void OnLUp(wxMouseEvent& event);
+    void OnDoubleClick(wxMouseEvent& event);
+    void OnRDown(wxMouseEvent& event);
+    void OnMotion(wxMouseEvent& event);
+    void OnLeave(wxMouseEvent& event);
+    void OnKey(wxKeyEvent& event);
+    void OnFocus(wxFocusEvent& event);
+    void Notify(wxTimerEvent& event); ///< The pointer rests: the cell's whole text is its tooltip.
+
+    /// Body pixels.
+    /// @{
+    wxRect GetItemRect(int row) const;
+    wxRect GetColumnRect(int column) const;
+    wxRect GetCellRect(int row, int column) const;
+    /// @}
+
+    /// Tells that every selected row is deselected. False when the list is gone.
+    bool DeselectAll(bool resetAnchor);
+
+    /// Draws a text within the room of a cell; false when it does not paint on that context now.
+    bool DrawCellText(wxDC& dc, const wxString& text, const wxRect& room);
+
+private:
+    friend class wxDBListCtrl;
+
+    void     DrawBitmap() override;
+    void     DrawRow(wxDC& dc, const _ListGeometry& geometry, int row);
+    void     DrawCells(wxDC& dc, const _ListGeometry& geometry, int row, const wxColour& ground);
+    void     DrawGrid(const _ListGeometry& geometry);
+    void     DrawFocus(const _ListGeometry& geometry);
+    wxColour GroundOf(int row, bool hovered) const;
+
+    bool HasRow(int row) const { return row >= 0 && row < m_LineCount; }
+    int  HoverRow() const;
+    void SetHoverRow(int row);
+    void ShowCursor(const wxPoint& pointer);
+
+    bool IsAdding(bool modifier) const { return modifier && !m_SingleSelection; }
+    bool SelectByClick(const wxMouseEvent& event);
+    /// What a click or a key on the row at the event's place selects; -1 when there is no row. Sets
+    /// `alive` to false when the list has gone.
+    int  ProcessSelection(const wxMouseEvent& event, bool& alive);
+    bool SelectRange(int first, int last, const wxPoint& point);
+    void MoveAnchor(int step, const wxKeyEvent& event);
+    void ShowAnchor();
+
+    int     m_Anchor = -1;   ///< Where the selection of a range begins, or -1.
+    int     m_HoverRow = -1; ///< The one that was drawn so.
+    bool    m_SingleSelection;
+    wxPoint m_Pointer{-1, -1}; ///< Where it was seen last.
+    wxTimer m_HoverTimer;
+
+    _CellText* m_CellText = nullptr; ///< While it paints.
+
+    wxDECLARE_EVENT_TABLE();
+};

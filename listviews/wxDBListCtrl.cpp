@@ -1,0 +1,279 @@
+#include "listviews/wxDBListCtrl.h"
+
+#include "appearance/wxTolvanColors.h"
+#include "appearance/wxTolvanString.h"
+#include "listviews/_ListGeometry.h"
+#include "listviews/_TableSettings.h"
+#include "listviews/_TextFit.h"
+#include "listviews/wxDBListBody.h"
+#include "listviews/wxDBListHeader.h"
+#include "vesta/CallEntry.h"
+#include "vesta/Log.h"
+
+#include <wx/dc.h>
+#include <wx/sizer.h>
+
+#include <algorithm>
+
+wxDBListCtrl::wxDBListCtrl(wxWindow* parent, int id, bool singleSelection) : wxtPanel(parent, id)
+{
+    CALL_ENTRY("wxDBListCtrl::wxDBListCtrl");
+    _TableSettings::Init();
+    m_Header = new wxDBListHeader(this);
+    m_Body = new wxDBListBody(this, singleSelection);
+    auto* const sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(m_Header, 0, wxEXPAND);
+    sizer->Add(m_Body, 1, wxEXPAND);
+    SetSizer(sizer);
+}
+
+// The views first: they ask for cells as long as they are there.
+wxDBListCtrl::~wxDBListCtrl()
+{
+    DestroyChildren();
+}
+
+void wxDBListCtrl::PrepareToDraw(int)
+{
+}
+
+void wxDBListCtrl::CleanupAfterDraw(int)
+{
+}
+
+void wxDBListCtrl::DoClear()
+{
+}
+
+wxColour wxDBListCtrl::GetRowColor(int)
+{
+    return wxtGetColor(color_Text);
+}
+
+wxColour wxDBListCtrl::GetRowBGColor(int row)
+{
+    const wxColour ground = wxtGetColor(color_WindowBGDarker);
+    const int      offset = row % 2 ? _TableSettings::Get().rowContrast : 0;
+    return OffsetColor(ground, offset, offset, offset);
+}
+
+wxCursor wxDBListCtrl::CustomizeCursor(int, int, int, int)
+{
+    return *wxSTANDARD_CURSOR;
+}
+
+void wxDBListCtrl::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool)
+{
+    CALL_ENTRY("wxDBListCtrl::DrawCell");
+    const wxRect room = rect.Deflate(_TableSettings::Get().cellMargin);
+    const String text = GetDisplayText(row, column);
+    if (text.empty() || room.width < 1)
+    {
+        return;
+    }
+    // One line a row: what would break it shows as a blank.
+    wxString line = wxtToWx(text);
+    std::replace_if(
+        line.begin(), line.end(), [](const wxUniChar& c) { return c < 0x20; }, L' ');
+    if (m_Body->DrawCellText(dc, line, room))
+    {
+        return;
+    }
+    int               width = room.width;
+    const wxString    shown = FormatDisplayString(wxtFromWx(line), width, dc);
+    const wxDCClipper clip(dc, room);
+    dc.DrawText(shown, room.GetPosition());
+}
+
+wxString wxDBListCtrl::FormatDisplayString(const String& text, int& width, wxDC& dc)
+{
+    CALL_ENTRY("wxDBListCtrl::FormatDisplayString");
+    _Fitted fitted =
+        _FitMeasured(wxtToWx(text).ToStdWstring(), width,
+                     [&dc](const std::wstring& form) { return dc.GetTextExtent(form).x; });
+    width = fitted.width;
+    return fitted.text;
+}
+
+// Rows.
+
+int wxDBListCtrl::GetItemCount() const
+{
+    return m_Body->m_LineCount;
+}
+
+int wxDBListCtrl::GetRowHeight() const
+{
+    return m_Body->m_LineHeight;
+}
+
+void wxDBListCtrl::SetRowCount(long long count)
+{
+    const int most = _MostRows(m_Body->m_LineHeight);
+    if (count > most && m_Body->m_LineCount < most)
+    {
+        LogError(SFormat("A list of %lld rows is higher than can be scrolled: %d are shown", count,
+                         most));
+    }
+    m_Body->m_LineCount = static_cast<int>(std::clamp<long long>(count, 0, most));
+    m_Body->AdjustScrollbarsLater();
+}
+
+void wxDBListCtrl::Insert(int row, bool redraw)
+{
+    Insert(row, 1, redraw);
+}
+
+void wxDBListCtrl::Insert(int row, unsigned long count, bool redraw)
+{
+    CALL_ENTRY("wxDBListCtrl::Insert");
+    SetRowCount(m_Body->m_LineCount +
+                static_cast<long long>(std::min<unsigned long>(count, INT_MAX)));
+    if (m_Body->m_Anchor >= row)
+    {
+        m_Body->m_Anchor = static_cast<int>(
+            std::min<long long>(m_Body->m_Anchor + static_cast<long long>(count), INT_MAX));
+    }
+    if (redraw)
+    {
+        RedrawItems(row, m_Body->m_LineCount - 1);
+    }
+}
+
+void wxDBListCtrl::Remove(int row)
+{
+    Remove(row, 1);
+}
+
+// Unlike insertion, removal leaves an anchor that lies below where it is: it stays on the same
+// place of the list, which the user looks at, and not on the same row.
+void wxDBListCtrl::Remove(int row, unsigned long count)
+{
+    CALL_ENTRY("wxDBListCtrl::Remove");
+    const int last = row + static_cast<int>(std::min<unsigned long>(count, INT_MAX / 2)) - 1;
+    SetRowCount(m_Body->m_LineCount - static_cast<long long>(count));
+    if (m_Body->m_Anchor >= row && m_Body->m_Anchor <= last)
+    {
+        m_Body->m_Anchor = row - 1;
+    }
+    for (int removed = last; removed >= row; --removed)
+    {
+        if (IsRowSelected(removed) &&
+            !m_Body->SendListEvent(wxEVT_LIST_ITEM_DESELECTED, wxPoint(0, 0), 0, removed))
+        {
+            return;
+        }
+    }
+    m_Body->Redraw();
+}
+
+void wxDBListCtrl::Clear()
+{
+    CALL_ENTRY("wxDBListCtrl::Clear");
+    DoClear();
+    SetRowCount(0);
+    m_Body->Redraw();
+}
+
+const wxCursor& wxDBListCtrl::GetCurrentCursor() const
+{
+    return m_Body->GetCursor();
+}
+
+int wxDBListCtrl::GetLastSelect() const
+{
+    return m_Body->m_Anchor;
+}
+
+void wxDBListCtrl::SetLastSelect(int row)
+{
+    m_Body->m_Anchor = row;
+}
+
+void wxDBListCtrl::ReportScrollbars()
+{
+    m_Body->m_ScrollTrace = true;
+}
+
+// Redrawing.
+
+void wxDBListCtrl::Redraw()
+{
+    m_Header->Redraw();
+    m_Body->Redraw();
+}
+
+void wxDBListCtrl::RedrawItem(int row)
+{
+    m_Body->Redraw(m_Body->GetItemRect(row));
+}
+
+void wxDBListCtrl::RedrawItems(int a, int b)
+{
+    m_Body->Redraw(m_Body->GetItemRect(std::min(a, b)).Union(m_Body->GetItemRect(std::max(a, b))));
+}
+
+void wxDBListCtrl::RedrawColumn(int column)
+{
+    m_Body->Redraw(m_Body->GetColumnRect(column));
+    m_Header->Redraw();
+}
+
+void wxDBListCtrl::RedrawColumns(int a, int b)
+{
+    m_Body->Redraw(
+        m_Body->GetColumnRect(std::min(a, b)).Union(m_Body->GetColumnRect(std::max(a, b))));
+    m_Header->Redraw();
+}
+
+void wxDBListCtrl::RedrawCell(int row, int column)
+{
+    m_Body->Redraw(m_Body->GetCellRect(row, column));
+}
+
+void wxDBListCtrl::RedrawCells(int row1, int row2, int column1, int column2)
+{
+    const wxRect first = m_Body->GetCellRect(std::min(row1, row2), std::min(column1, column2));
+    m_Body->Redraw(
+        first.Union(m_Body->GetCellRect(std::max(row1, row2), std::max(column1, column2))));
+}
+
+// Scrolling and focus are the body's.
+
+void wxDBListCtrl::SetFocus()
+{
+    m_Body->SetFocus();
+}
+
+void wxDBListCtrl::SetScrollPos(int orientation, int position, bool refresh)
+{
+    m_Body->SetScrollPos(orientation, position, refresh);
+    Redraw();
+}
+
+int wxDBListCtrl::GetScrollPos(int orientation) const
+{
+    return m_Body->GetScrollPos(orientation);
+}
+
+int wxDBListCtrl::GetScrollRange(int orientation) const
+{
+    return m_Body->GetScrollRange(orientation);
+}
+
+int wxDBListCtrl::GetScrollThumb(int orientation) const
+{
+    return m_Body->GetScrollThumb(orientation);
+}
+
+void wxDBListCtrl::EnsureVisible(int row)
+{
+    CALL_ENTRY("wxDBListCtrl::EnsureVisible");
+    const wxRect rect = m_Body->GetItemRect(row);
+    const int    below = rect.GetBottom() + 1 - m_Body->GetClientSize().y;
+    const int    step = rect.y < 0 ? rect.y : std::min(std::max(below, 0), rect.y);
+    if (step != 0)
+    {
+        SetScrollPos(wxVERTICAL, m_Body->GetScrollPos(wxVERTICAL) + step);
+    }
+}

@@ -1,0 +1,156 @@
+#pragma once
+
+#include "appearance/wxtColorManaged.h"
+#include "vesta/Export.h"
+#include "vesta/String.h"
+
+#include <wx/bmpbndl.h>
+#include <wx/cursor.h>
+
+#include <vector>
+
+class wxDBListBase;
+class wxDBListBody;
+class wxDBListHeader;
+
+/// A list of rows in columns that holds no row: a derived class is asked for the text, the colours
+/// and the drawing of the cells that are seen, when they are drawn. It owns the columns, the number
+/// of rows, and the two views, titles and rows, that stand one above the other.
+///
+/// The events are those of a report-mode list (`wxListEvent`): `wxEVT_LIST_ITEM_SELECTED`,
+/// `wxEVT_LIST_ITEM_DESELECTED`, `wxEVT_LIST_ITEM_RIGHT_CLICK`, `wxEVT_LIST_ITEM_ACTIVATED`,
+/// `wxEVT_LIST_COL_BEGIN_DRAG`, `wxEVT_LIST_COL_END_DRAG`, `wxEVT_LIST_COL_CLICK` and
+/// `wxEVT_LIST_COL_RIGHT_CLICK`. A derived class keeps the selection by handling the first two.
+///
+/// Indexes of rows and columns count from 0 in the order shown; unless said otherwise an operation
+/// must be given a valid one. Main thread.
+class TOLVAN_API wxDBListCtrl : public wxtPanel
+{
+public:
+    struct ColumnHeader
+    {
+        String label;
+        int    width = 0;      ///< Pixels; negative: 100.
+        int    startWidth = 0; ///< Pixels, when a drag of its edge began.
+        bool   visible = true;
+        int    type = 0; ///< The caller's name for the column, whatever its place.
+        String key;
+        int    image = -1; ///< See `SetHeaderImages`; -1: none.
+    };
+
+    /// Images of titles that are there without `SetHeaderImages`.
+    enum
+    {
+        image_None = -1,
+        image_Ascending = 0,
+        image_Descending = 1
+    };
+
+    /// `singleSelection`: a click always ends the selection of all other rows.
+    wxDBListCtrl(wxWindow* parent, int id, bool singleSelection);
+    ~wxDBListCtrl() override;
+
+    /// What a derived class supplies. `row` is a row that the list has.
+    /// @{
+    virtual bool             IsRowSelected(int row) = 0;
+    virtual std::vector<int> GetSelection() = 0;
+    virtual void             PrepareToDraw(int row); ///< Before the row is asked for.
+    virtual String           GetDisplayText(int row, int column) = 0;
+    virtual wxColour         GetRowColor(int row);   ///< Of its text.
+    virtual wxColour         GetRowBGColor(int row); ///< Darker in odd rows.
+    virtual void             CleanupAfterDraw(int row);
+    /// Draws a cell in the context's font and text colour; by default its text, shortened in the
+    /// middle. `rect`: pixels of the body.
+    virtual void DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected);
+    /// The mouse cursor over the body; row and column are -1 where there is none.
+    virtual wxCursor CustomizeCursor(int row, int column, int x, int y);
+    virtual void     DoClear(); ///< Drops the rows' data.
+    /// @}
+
+    /// Columns. A width is in pixels.
+    /// @{
+    void   AddColumn(const ColumnHeader& column);
+    void   AddColumn(int type, const String& label, int width);
+    void   InsertColumn(int index, int type, const String& label, const String& key, int width);
+    void   RemoveColumn(int index);
+    void   RemoveAllColumns();
+    void   MoveColumn(int index, int delta); ///< As far as there are columns.
+    void   SetColumnLabel(int index, const String& label);
+    void   SetColumnImage(int index, int image);
+    void   SetColumnWidth(int index, int width); ///< At least 0.
+    void   SetHighlightColumn(int index);        ///< -1: none.
+    int    GetHighlightColumn() const { return m_HighlightColumn; }
+    int    FindColumnByType(int type) const; ///< The first one, or -1.
+    String GetColumnName(int index) const;
+    int    GetColumnCount() const { return static_cast<int>(m_Columns.size()); }
+    const ColumnHeader& GetColumn(int index) const;
+    /// Replaces the images of the titles, the sort arrows too.
+    void SetHeaderImages(const std::vector<wxBitmapBundle>& images);
+    /// Keeps the widths in the options file, as "120, 80, 200".
+    void SaveColumnSizes(const String& section, const String& key);
+    /// Takes them from there, as far as there are both columns and numbers; at least 20 pixels
+    /// each.
+    void RestoreColumnSizes(const String& section, const String& key);
+    /// @}
+
+    /// Rows; the derived class has inserted or removed its data before. A list that has grown
+    /// beyond what a scrollbar can hold (2,147,483,647 pixels) logs an error and shows no more
+    /// rows.
+    /// @{
+    void Insert(int row, bool redraw);
+    void Insert(int row, unsigned long count, bool redraw);
+    void Remove(int row);
+    void Remove(int row, unsigned long count);
+    void Clear();
+    int  GetItemCount() const;
+    int  GetRowHeight() const;
+    /// @}
+
+    const wxCursor& GetCurrentCursor() const;
+    int             GetLastSelect() const; ///< The row that a range is selected from, or -1.
+    void            SetLastSelect(int row);
+    void            ReportScrollbars(); ///< Logs every change of the scrollbars from now on.
+
+    /// Repaints soon; changes that are close to one another are painted at once.
+    /// @{
+    void Redraw();
+    void RedrawItem(int row);
+    void RedrawItems(int a, int b);
+    void RedrawColumn(int column);
+    void RedrawColumns(int a, int b);
+    void RedrawCell(int row, int column);
+    void RedrawCells(int row1, int row2, int column1, int column2);
+    /// @}
+
+    /// The text as it fits `width` pixels in the context's font: whole, or with an ellipsis in
+    /// place of as few characters of its middle as will do. `width` becomes the width of the
+    /// result.
+    static wxString FormatDisplayString(const String& text, int& width, wxDC& dc);
+
+    void SetFocus() override; ///< Gives it to the rows.
+    void SetScrollPos(int orientation, int position, bool refresh = true) override;
+    int  GetScrollPos(int orientation) const override;
+    int  GetScrollRange(int orientation) const override;
+    int  GetScrollThumb(int orientation) const override;
+    /// Scrolls by the least that shows the whole row.
+    void EnsureVisible(int row);
+
+    wxDBListHeader* GetHeader() const { return m_Header; }
+    wxDBListBody*   GetBody() const { return m_Body; }
+
+private:
+    friend class wxDBListBase;
+    friend class wxDBListBody;
+    friend class wxDBListHeader;
+
+    void ColumnsChanged(); ///< The content is as wide as the columns; everything is redrawn.
+    void ChangeWidth(int index, int width);
+    void SetRowCount(long long count);
+    void MoveAnchor(int row, long long count);
+
+    std::vector<ColumnHeader>   m_Columns;
+    std::vector<wxBitmapBundle> m_HeaderImages;
+    int                         m_HighlightColumn = -1;
+    wxDBListHeader*             m_Header;
+    wxDBListBody*               m_Body;
+};

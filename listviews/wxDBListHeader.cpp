@@ -1,0 +1,291 @@
+#include "listviews/wxDBListHeader.h"
+
+#include "appearance/wxTolvanColors.h"
+#include "appearance/wxTolvanString.h"
+#include "listviews/_CellText.h"
+#include "listviews/_ListGeometry.h"
+#include "listviews/_TableSettings.h"
+#include "listviews/wxDBListBody.h"
+#include "listviews/wxDBListCtrl.h"
+#include "vesta/CallEntry.h"
+
+#include <wx/dcmemory.h>
+
+#include <algorithm>
+
+namespace
+{
+constexpr int kLargerByPoints = 1; // than the font of the rows
+constexpr int kArrowWidth = 9;     // pixels
+constexpr int kArrowHeight = 5;    // pixels
+} // namespace
+
+// clang-format off
+wxBEGIN_EVENT_TABLE(wxDBListHeader, wxDBListBase)
+    EVT_MOTION(wxDBListHeader::OnMotion)
+    EVT_LEFT_DOWN(wxDBListHeader::OnLDown)
+    EVT_LEFT_DCLICK(wxDBListHeader::OnLDown)
+    EVT_LEFT_UP(wxDBListHeader::OnLUp)
+    EVT_RIGHT_DOWN(wxDBListHeader::OnRDown)
+    EVT_LEAVE_WINDOW(wxDBListHeader::OnLeave)
+wxEND_EVENT_TABLE()
+    // clang-format on
+
+    wxDBListHeader::wxDBListHeader(wxDBListCtrl* list)
+    : wxDBListBase(list, wxBORDER_NONE)
+{
+    CALL_ENTRY("wxDBListHeader::wxDBListHeader");
+    const _TableSettings& settings = _TableSettings::Get();
+    wxFont                font = settings.font;
+    font.SetStyle(wxFONTSTYLE_ITALIC);
+    font.SetPointSize(font.GetPointSize() + kLargerByPoints);
+    SetFont(font);
+    m_LineHeight = settings.HeaderHeight();
+    m_ColumnWidth = settings.charWidth;
+    SetMinSize(wxSize(wxDefaultCoord, m_LineHeight));
+    SetSize(wxSize(wxDefaultCoord, m_LineHeight));
+    SetCanFocus(false);
+}
+
+// The titles take no keys: whoever walks through the window by keyboard comes to the rows.
+bool wxDBListHeader::AcceptsFocusFromKeyboard() const
+{
+    return false;
+}
+
+void wxDBListHeader::ForgetColumns()
+{
+    Release();
+    m_Pressed = -1;
+    m_ResizeStart = -1;
+    m_Hovered = -1;
+    ShowCursor(false);
+}
+
+void wxDBListHeader::Release()
+{
+    if (HasCapture())
+    {
+        ReleaseMouse();
+    }
+}
+
+wxPoint wxDBListHeader::InBody(const wxMouseEvent& event) const
+{
+    return event.GetPosition() - wxPoint(0, GetSize().y);
+}
+
+void wxDBListHeader::ShowCursor(bool onEdge)
+{
+    if (onEdge != m_OnEdge)
+    {
+        m_OnEdge = onEdge;
+        SetCursor(onEdge ? _TableSettings::Get().resizeCursor : *wxSTANDARD_CURSOR);
+    }
+}
+
+void wxDBListHeader::OnMotion(wxMouseEvent& event)
+{
+    CALL_ENTRY("wxDBListHeader::OnMotion");
+    if (IsResizing() && event.LeftIsDown())
+    {
+        Resize(event.GetX());
+    }
+    else if (IsResizing() || (m_Pressed >= 0 && !event.LeftIsDown()))
+    {
+        OnLUp(event); // the button was let go where nobody told of it
+    }
+    else if (!event.LeftIsDown())
+    {
+        Hover(event.GetX());
+    }
+}
+
+void wxDBListHeader::Hover(int x)
+{
+    const _ListGeometry geometry = Geometry();
+    const int           edge = geometry.EdgeAt(x);
+    ShowCursor(edge >= 0);
+    m_Hovered = edge >= 0 ? edge : geometry.ColumnAt(x);
+    const wxString label = m_Hovered >= 0 ? wxtToWx(m_List.GetColumnName(m_Hovered)) : wxString();
+    if (label != GetToolTipText())
+    {
+        SetToolTip(label);
+    }
+    Redraw();
+}
+
+void wxDBListHeader::Resize(int x)
+{
+    const int before = m_List.GetColumn(m_Hovered).width;
+    const int width = std::max(_ListGeometry::k_LeastWidth,
+                               m_List.GetColumn(m_Hovered).startWidth + x - m_ResizeStart);
+    if (width != before)
+    {
+        m_List.SetColumnWidth(m_Hovered, width);
+    }
+}
+
+void wxDBListHeader::OnLDown(wxMouseEvent& event)
+{
+    CALL_ENTRY("wxDBListHeader::OnLDown");
+    Hover(event.GetX());
+    if (m_OnEdge)
+    {
+        wxDBListCtrl::ColumnHeader& column = m_List.m_Columns[static_cast<size_t>(m_Hovered)];
+        m_ResizeStart = event.GetX();
+        column.startWidth = column.width;
+        if (!SendListEvent(wxEVT_LIST_COL_BEGIN_DRAG, InBody(event), m_Hovered, -1) ||
+            !IsResizing())
+        {
+            return;
+        }
+    }
+    else
+    {
+        m_Pressed = Geometry().ColumnAt(event.GetX());
+        Redraw();
+        m_List.SetFocus();
+    }
+    if (!HasCapture())
+    {
+        CaptureMouse();
+    }
+}
+
+void wxDBListHeader::OnLUp(wxMouseEvent& event)
+{
+    CALL_ENTRY("wxDBListHeader::OnLUp");
+    Release();
+    if (IsResizing())
+    {
+        m_ResizeStart = -1;
+        SendListEvent(wxEVT_LIST_COL_END_DRAG, InBody(event), m_Hovered, -1);
+    }
+    else if (m_Pressed >= 0)
+    {
+        m_Pressed = -1;
+        Redraw();
+        SendListEvent(wxEVT_LIST_COL_CLICK, InBody(event), -1);
+    }
+}
+
+void wxDBListHeader::OnRDown(wxMouseEvent& event)
+{
+    CALL_ENTRY("wxDBListHeader::OnRDown");
+    SendListEvent(wxEVT_LIST_COL_RIGHT_CLICK, InBody(event), -1);
+}
+
+void wxDBListHeader::OnLeave(wxMouseEvent&)
+{
+    if (!IsResizing() && m_Hovered >= 0)
+    {
+        m_Hovered = -1;
+        Redraw();
+    }
+}
+
+void wxDBListHeader::DrawBitmap()
+{
+    CALL_ENTRY("wxDBListHeader::DrawBitmap");
+    wxMemoryDC          dc(*m_Buffer);
+    _CellText           cells(dc);
+    const _ListGeometry geometry = Geometry();
+    dc.SetFont(GetFont());
+    cells.Fill(wxRect(geometry.client), wxtGetColor(color_ButtonFace));
+    const std::pair<int, int> columns = geometry.VisibleColumns();
+    for (int column = columns.first; column < columns.second; ++column)
+    {
+        DrawTitle(dc, cells, column, geometry.ColumnRect(column));
+    }
+    const int bottom = geometry.client.y - 1;
+    cells.Fill(wxRect(0, bottom, geometry.client.x, 1), wxtGetColor(color_3DDark));
+}
+
+// Flat like the buttons; a title lights up under the mouse and when its column is the one that the
+// list is about, and goes down while it is held.
+wxColour wxDBListHeader::FaceOf(int column) const
+{
+    const wxColour  face = wxtGetColor(color_ButtonFace);
+    const wxColour& shade = _TableSettings::Get().headerShade;
+    if (column == m_Pressed)
+    {
+        return OffsetColor(face, -shade.Red(), -shade.Green(), -shade.Blue());
+    }
+    const bool lit = column == m_List.m_HighlightColumn ||
+                     (column == m_Hovered && ParentIsActive(const_cast<wxDBListHeader*>(this)));
+    return lit ? _Shaded(face, shade) : face;
+}
+
+void wxDBListHeader::DrawTitle(wxDC& dc, _CellText& cells, int column, const wxRect& rect)
+{
+    const wxDBListCtrl::ColumnHeader& header = m_List.GetColumn(column);
+    const int                         margin = _TableSettings::Get().cellMargin;
+    cells.Fill(rect, FaceOf(column));
+    cells.Fill(wxRect(rect.x, rect.y, rect.width, 1), wxtGetColor(color_3DLight));
+    cells.Fill(wxRect(rect.GetRight(), rect.y, 1, rect.height), wxtGetColor(color_3DDark));
+
+    wxRect room = wxRect(rect).Deflate(margin, 0);
+    room.width -= DrawImage(dc, header.image, room);
+    const int height = dc.GetCharHeight();
+    room.y += (rect.height - height) / 2;
+    room.height = height;
+    if (column == m_Pressed)
+    {
+        room.Offset(1, 1);
+    }
+    if (room.width > 0)
+    {
+        dc.SetTextForeground(wxtGetColor(color_ButtonText));
+        cells.Draw(wxtToWx(header.label), room);
+    }
+}
+
+// At the right end of the room; the pixels that it takes.
+int wxDBListHeader::DrawImage(wxDC& dc, int image, const wxRect& room)
+{
+    const std::vector<wxBitmapBundle>& images = m_List.m_HeaderImages;
+    const int                          margin = _TableSettings::Get().cellMargin;
+    if (image < 0 || room.width < kArrowWidth + margin)
+    {
+        return 0;
+    }
+    if (images.empty())
+    {
+        return image <= wxDBListCtrl::image_Descending
+                   ? DrawArrow(dc, image == wxDBListCtrl::image_Ascending, room) + margin
+                   : 0;
+    }
+    if (static_cast<size_t>(image) >= images.size())
+    {
+        return 0;
+    }
+    const wxBitmap bitmap = images[static_cast<size_t>(image)].GetBitmapFor(this);
+    const wxSize   size = bitmap.GetLogicalSize();
+    if (!bitmap.IsOk() || size.x + margin > room.width)
+    {
+        return 0;
+    }
+    dc.DrawBitmap(bitmap, room.GetRight() + 1 - size.x, room.y + (room.height - size.y) / 2, true);
+    return size.x + margin;
+}
+
+int wxDBListHeader::DrawArrow(wxDC& dc, bool up, const wxRect& room)
+{
+    const wxColour ink = wxtGetColor(color_ButtonText);
+    if (!ink.IsOk())
+    {
+        return kArrowWidth;
+    }
+    const wxDCBrushChanger brush(dc, wxBrush(ink));
+    const wxDCPenChanger   pen(dc, *wxTRANSPARENT_PEN);
+    const int              left = room.GetRight() + 1 - kArrowWidth;
+    const int              top = room.y + (room.height - kArrowHeight) / 2;
+    // Row by row: the edges of a polygon would be smoothed on one port and not on the other.
+    for (int i = 0; i < kArrowHeight; ++i)
+    {
+        const int inset = up ? kArrowHeight - 1 - i : i;
+        dc.DrawRectangle(left + inset, top + i, kArrowWidth - 2 * inset, 1);
+    }
+    return kArrowWidth;
+}

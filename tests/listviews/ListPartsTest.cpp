@@ -1,0 +1,106 @@
+#include "listviews/_ListGeometry.h"
+#include "listviews/_ListSelection.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+#include <random>
+
+TEST(ListGeometry, EdgesAndPlacesFollowTheScrollPosition)
+{
+    _ListGeometry list;
+    list.rowHeight = 20;
+    list.scroll = wxPoint(50, 30);
+    list.client = wxSize(200, 100);
+    list.widths = {100, 0, 60, 100};
+
+    struct
+    {
+        int x, column, edge;
+    } const places[] = {{0, 0, -1},  {46, 0, -1},  {47, 0, 1},    {50, 2, 1},
+                        {53, 2, 1},  {54, 2, -1},  {109, 2, 2},   {110, 3, 2},
+                        {209, 3, 3}, {210, -1, 3}, {214, -1, -1}, {-60, -1, -1}};
+    for (const auto& place : places)
+    {
+        SCOPED_TRACE(place.x);
+        EXPECT_EQ(place.column, list.ColumnAt(place.x));
+        EXPECT_EQ(place.edge, list.EdgeAt(place.x));
+    }
+    EXPECT_EQ(1, list.RowAt(0));
+    EXPECT_EQ(2, list.RowAt(10));
+    EXPECT_EQ(wxRect(50, 10, 60, 20), list.CellRect(2, 2));
+    EXPECT_EQ(wxRect(110, 0, 100, 100), list.ColumnRect(3));
+    EXPECT_EQ(std::make_pair(0, 4), list.VisibleColumns());
+    list.scroll.x = 120;
+    EXPECT_EQ(std::make_pair(2, 4), list.VisibleColumns());
+    list.widths.clear();
+    EXPECT_EQ(-1, list.EdgeAt(0));
+    EXPECT_EQ(std::make_pair(0, 0), list.VisibleColumns());
+}
+
+TEST(ListGeometry, HugeListsDoNotWrap)
+{
+    _ListGeometry list;
+    list.rowHeight = 19;
+    list.scroll.y = INT_MAX - 19;
+    list.client = wxSize(200, 100);
+    const int last = _MostRows(19) - 1;
+    EXPECT_GE(list.RowRect(last).y, -19);
+    EXPECT_LT(list.RowRect(0).y, -1000000);
+    EXPECT_GT(list.RowRect(INT_MAX).y, 1000000);
+    EXPECT_EQ(INT_MAX, _ContentWidth(std::vector<int>(100000, 100000)));
+}
+
+// Against the plain way, with rows that come and go meanwhile.
+TEST(ListSelection, KeepsTheOrderOfSelection)
+{
+    std::mt19937     random{5};
+    _ListSelection   selection;
+    std::vector<int> expected;
+    int              rows = 100;
+    for (int step = 0; step < 20000; ++step)
+    {
+        const int  row = static_cast<int>(random() % static_cast<unsigned>(rows + 1));
+        const auto found = std::find(expected.begin(), expected.end(), row);
+        switch (random() % 5)
+        {
+        case 0:
+        case 1:
+            ASSERT_EQ(found == expected.end(), selection.Add(row));
+            if (found == expected.end())
+            {
+                expected.push_back(row);
+            }
+            break;
+        case 2:
+            ASSERT_EQ(found != expected.end(), selection.Remove(row));
+            if (found != expected.end())
+            {
+                expected.erase(found);
+            }
+            break;
+        case 3:
+            ++rows;
+            selection.RowInserted(row);
+            for (int& other : expected)
+            {
+                other += other >= row;
+            }
+            break;
+        default:
+            rows = std::max(rows - 1, 50);
+            selection.RowErased(row);
+            expected.erase(std::remove(expected.begin(), expected.end(), row), expected.end());
+            for (int& other : expected)
+            {
+                other -= other > row;
+            }
+        }
+        ASSERT_EQ(expected, selection.Rows()) << step;
+        ASSERT_EQ(std::count(expected.begin(), expected.end(), row), selection.Has(row));
+        const auto next = std::find_if(expected.begin(), expected.end(),
+                                       [row](int other) { return other > row; });
+        ASSERT_EQ(next == expected.end() ? -1 : *next, selection.NextAfter(row));
+    }
+}

@@ -1,0 +1,165 @@
+#include "appearance/_TextPainter.h"
+#include "listviews/_TextFit.h"
+#include "listviews/wxDBListCtrl.h"
+#include "tests/support/FrameTest.h"
+
+#include <wx/dcmemory.h>
+
+#include <cmath>
+#include <random>
+
+namespace
+{
+// As it is meant, a step at a time.
+_Fitted StepByStep(const std::wstring& text, int available,
+                   const std::function<int(const std::wstring&)>& measure)
+{
+    _Fitted result;
+    size_t  cut = 0;
+    do
+    {
+        result.text = text;
+        if (cut > 0)
+        {
+            const size_t head = (text.size() - cut) / 2 + 1;
+            result.text = text.substr(0, head) + L"..." + text.substr(head + cut);
+        }
+        result.width = measure(result.text);
+        cut = cut == 0 ? 4 : cut + 1;
+    } while (result.width > available && result.text.size() >= 5);
+    return result;
+}
+
+const std::wstring kAlphabets[] = {
+    L"abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789 /._-%",
+    L"fiflffiAVTo.,LTWA.r,f.\"'y.P,", // kerned and joined where the font does so
+    L"\u00e4\u00f6\u00fc\u00df\u03b1\u03a9\u0416\u0434 a.",
+    L"e\u0301a\u0308n\u0303 x\u0327.o",                          // combining marks
+    L"\u65e5\u672c\u8a9e\u30c6 ab\u0627\u0644\u0633.\U0001f600", // wide, joined, right to left
+};
+
+class TextFitTest : public FrameTest
+{
+protected:
+    TextFitTest() : m_Bitmap(100, 100), m_Dc(m_Bitmap) {}
+
+    std::wstring RandomText(const std::wstring& alphabet, size_t longest)
+    {
+        std::wstring text(m_Random() % (longest + 1), L' ');
+        for (wchar_t& character : text)
+        {
+            character = alphabet[m_Random() % alphabet.size()];
+        }
+        return text;
+    }
+    int Measure(const std::wstring& text) { return m_Dc.GetTextExtent(text).x; }
+
+    std::mt19937 m_Random{11};
+    wxBitmap     m_Bitmap;
+    wxMemoryDC   m_Dc;
+};
+} // namespace
+
+TEST_F(TextFitTest, FewMeasurementsGiveTheSameAsOneForEachStep)
+{
+    m_Dc.SetFont(wxFont(9, wxFONTFAMILY_SWISS, wxFONTSTYLE_NORMAL, wxFONTWEIGHT_NORMAL));
+    const auto measure = [this](const std::wstring& text) { return Measure(text); };
+    int        shortened = 0;
+    for (const std::wstring& alphabet : kAlphabets)
+    {
+        for (int i = 0; i < 600; ++i)
+        {
+            const std::wstring text = RandomText(alphabet, 60);
+            const int          room = static_cast<int>(m_Random() % 260);
+            const _Fitted      expected = StepByStep(text, room, measure);
+            int                asked = 0;
+            const _Fitted      fitted = _FitMeasured(text, room,
+                                                     [&](const std::wstring& form)
+                                                     {
+                                                    ++asked;
+                                                    return Measure(form);
+                                                });
+            ASSERT_EQ(expected.text, fitted.text) << room;
+            ASSERT_EQ(expected.width, fitted.width);
+            EXPECT_LE(asked, 20);
+            int width = room;
+            EXPECT_EQ(wxString(expected.text),
+                      wxDBListCtrl::FormatDisplayString(String(wxString(text).utf8_str().data()),
+                                                        width, m_Dc));
+            EXPECT_EQ(expected.width, width);
+            shortened += expected.text != text;
+        }
+    }
+    EXPECT_GT(shortened, 1000);
+}
+
+TEST_F(TextFitTest, ThePainterFitsAsTheToolkitMeasures)
+{
+    int runs = 0;
+    for (const int points : {8, 9, 10, 13})
+    {
+        const wxFont font(points, wxFONTFAMILY_SWISS, wxFONTSTYLE_NORMAL, wxFONTWEIGHT_NORMAL);
+        m_Dc.SetFont(font);
+        _TextPainter painter(m_Dc, font);
+        ASSERT_TRUE(painter.IsFast());
+        for (const std::wstring& alphabet : kAlphabets)
+        {
+            for (int i = 0; i < 400; ++i)
+            {
+                const std::wstring        text = RandomText(alphabet, 60);
+                const std::vector<double> ends = painter.Ends(text);
+                if (ends.empty())
+                {
+                    continue; // the toolkit's
+                }
+                ++runs;
+                ASSERT_EQ(Measure(text), std::lround(ends.back())) << wxString(text) << points;
+                const int  room = static_cast<int>(m_Random() % 260);
+                const auto fitted = _FitRun(
+                    text, ends, room, [&](wchar_t a, wchar_t b) { return painter.Step(a, b); });
+                const _Fitted expected = StepByStep(
+                    text, room, [this](const std::wstring& form) { return Measure(form); });
+                ASSERT_TRUE(fitted);
+                ASSERT_EQ(expected.text, fitted->text) << wxString(text) << " in " << room;
+                ASSERT_EQ(expected.width, fitted->width);
+            }
+        }
+    }
+    EXPECT_GT(runs, 2000) << "plain texts are the painter's";
+}
+
+TEST_F(TextFitTest, EndsOfTheRule)
+{
+    const auto ten = [](const std::wstring& text) { return static_cast<int>(text.size()) * 10; };
+    struct
+    {
+        const wchar_t* text;
+        int            room;
+        const wchar_t* fitted;
+    } const cases[] = {
+        {L"abcdefghij", 100, L"abcdefghij"},
+        {L"abcdefghij", 99, L"abcd...ij"},
+        {L"abcdefghij", 50, L"ab..."},
+        {L"abcdefghij", 0, L"a..."},
+        {L"abcde", 40, L"a..."},
+        {L"abcd", 0, L"abcd"},
+        {L"", 0, L""},
+        {L"abcdef", -5, L"a..."},
+    };
+    for (const auto& c : cases)
+    {
+        const _Fitted fitted = _FitMeasured(c.text, c.room, ten);
+        EXPECT_EQ(c.fitted, fitted.text) << c.room;
+        EXPECT_EQ(ten(c.fitted), fitted.width);
+    }
+    // A cell of a megabyte is not measured as a whole.
+    size_t        longest = 0;
+    const _Fitted huge = _FitMeasured(std::wstring(1 << 20, L'\u05d0'), 160,
+                                      [&](const std::wstring& form)
+                                      {
+                                          longest = std::max(longest, form.size());
+                                          return ten(form);
+                                      });
+    EXPECT_EQ(16u, huge.text.size());
+    EXPECT_LT(longest, 2000u);
+}
