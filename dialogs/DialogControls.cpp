@@ -11,6 +11,20 @@
 namespace
 {
 constexpr int kButtonBorder = 5; // pixels
+constexpr int kLineHeight = 1;   // pixels
+
+// A plain panel would take the focus itself, as nothing in it can: an invisible stop for Tab.
+class Line : public wxtPanel
+{
+public:
+    explicit Line(wxWindow* parent)
+        : wxtPanel(parent, wxID_ANY, wxDefaultPosition, wxSize(-1, kLineHeight))
+    {
+        m_container.DisableSelfFocus();
+        m_BackgroundName = color_TextGrey;
+        RefreshColors();
+    }
+};
 
 wxtButton* AddButton(wxTolvanDlg& dialog, wxBoxSizer& sizer, int id, const wxString& label)
 {
@@ -88,11 +102,7 @@ wxtStaticText* wxTolvanDlg::NewStatic(const wxString& text, wxWindow* parent,
 wxtPanel* wxTolvanDlg::NewLine(wxWindow* parent)
 {
     CALL_ENTRY("wxTolvanDlg::NewLine");
-    auto* const line =
-        new wxtPanel(parent ? parent : this, wxID_ANY, wxDefaultPosition, wxSize(-1, 1));
-    line->m_BackgroundName = color_TextGrey;
-    line->RefreshColors();
-    return line;
+    return new Line(parent ? parent : this);
 }
 
 wxBoxSizer* wxTolvanDlg::NewStaticLine(const wxString& text, wxWindow* parent)
