@@ -1,5 +1,7 @@
 #include "common/ScrolledPane.h"
 
+#include <algorithm>
+
 namespace
 {
 constexpr int kStep = 16; // pixels a step of the scrollbar
@@ -14,4 +16,21 @@ ScrolledPane::ScrolledPane(wxWindow* parent)
     Manage(this);
     SetMinSize(kSmallest);
     SetScrollRate(0, kStep);
+}
+
+void ScrolledPane::ShowChild(const wxWindow& child)
+{
+    const wxRect place = child.GetRect(); // in what is visible
+    const int    height = GetClientSize().y;
+    int          down = 0;
+    if (place.GetBottom() >= height)
+    {
+        // A whole step more than too little.
+        down = std::min(place.y, place.GetBottom() + kStep - height);
+    }
+    if (place.y - down < 0)
+    {
+        down = place.y;
+    }
+    Scroll(wxDefaultCoord, GetViewStart().y + down / kStep);
 }

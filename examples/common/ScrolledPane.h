@@ -10,4 +10,7 @@ class ScrolledPane : public wxScrolledWindow, public wxtColorManaged
 {
 public:
     explicit ScrolledPane(wxWindow* parent);
+
+    /// Scrolls so that all of the child shows, or, if it is higher than the pane, its beginning.
+    void ShowChild(const wxWindow& child);
 };

@@ -39,6 +39,12 @@ String ProgressText(const FarmJob& job)
     }
     return text;
 }
+// In whole seconds: the fraction of a short time would jump about.
+String ElapsedText(Time elapsed)
+{
+    const Time seconds = Time::Seconds(elapsed.ToSeconds());
+    return seconds == Time() ? String("0s") : seconds.FormatDuration();
+}
 } // namespace
 
 bool FarmJob::Update(const Message& message)
@@ -113,8 +119,7 @@ std::vector<DetailRow> JobDetailRows(const FarmJob& job, Time now)
     if (job.started != Time())
     {
         AddRow(rows, "Started", job.started.FormatDate());
-        // Whole seconds: the fraction of a short time would jump about.
-        AddRow(rows, "Elapsed", Time::Seconds(job.Elapsed(now).ToSeconds()).FormatDuration());
+        AddRow(rows, "Elapsed", ElapsedText(job.Elapsed(now)));
     }
     AddRow(rows, "Product", job.product);
     AddRow(rows, "Priority", String::FromInt(job.priority));

@@ -8,6 +8,7 @@
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
 #include "appearance/wxtButton.h"
+#include "common/ScrolledPane.h"
 #include "vesta/Application.h"
 
 #include <wx/app.h>
@@ -118,6 +119,10 @@ void JobPanel::OnToggle(wxCommandEvent& event)
     if (job && ShowDetails(*job))
     {
         Expand(); // the details have made it higher
+    }
+    if (auto* const pane = dynamic_cast<ScrolledPane*>(GetParent()))
+    {
+        pane->ShowChild(*this);
     }
     PrunePanelMemory(options);
 }

@@ -22,7 +22,7 @@
 namespace
 {
 constexpr size_t  kLinesAtOnce = 20000; // between two looks at the user's events
-constexpr int     kJobsHeight = 260;    // pixels, before the user has chosen
+constexpr int     kJobsHeight = 300;    // pixels, before the user has chosen
 constexpr int     kSashStep = 40;       // pixels
 const char* const kViewName = "MainView";
 const char* const kQuitQuestion = "QuitWhileJobsRun";
