@@ -285,7 +285,7 @@ std::vector<double> _TextPainter::Ends(const std::wstring& text)
 
 void _TextPainter::DrawRun(const std::wstring& text, const std::vector<double>& ends, int x, int y)
 {
-    if (m_Canvas)
+    if (m_Canvas && ends.size() == text.size())
     {
         m_Canvas->DrawRun(text, ends, x, y);
     }

@@ -37,7 +37,8 @@ public:
     /// Where each character of a text ends when the toolkit draws it: pixels from its start. Empty
     /// where only the toolkit can tell: it lays such a text out in some way of its own.
     std::vector<double> Ends(const std::wstring& text);
-    /// Draws a text as the toolkit does, with its top left there; `ends` as `Ends` gave them.
+    /// Draws a text as the toolkit does, with its top left there; `ends` as `Ends` gave them
+    /// (nothing is drawn without them).
     void DrawRun(const std::wstring& text, const std::vector<double>& ends, int x, int y);
     /// What `b` adds to a text that ends with `a`; NaN when only the toolkit can tell.
     double Step(wchar_t a, wchar_t b);
