@@ -1,4 +1,5 @@
 #include "appearance/wxtButton.h"
+#include "dialogs/_KeyRelease.h"
 #include "dialogs/wxTolvanDlg.h"
 #include "vesta/CallEntry.h"
 
@@ -43,6 +44,7 @@ void wxTolvanDlg::OnKey(wxKeyEvent& event)
         break;
     case WXK_RETURN:
     case WXK_NUMPAD_ENTER:
+        _KeyRelease::Swallow(event.GetKeyCode());
         EmulateDefaultButton();
         break;
     default:

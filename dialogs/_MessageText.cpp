@@ -36,8 +36,12 @@ public:
     }
 };
 
-bool Fits(const wxSize& size, const wxSize& limit)
+// Measured here: before it is shown the label itself may not know its font yet.
+bool Fits(wxtStaticText& label, const wxSize& limit)
 {
+    wxClientDC dc(&label);
+    dc.SetFont(label.GetFont());
+    const wxSize size = dc.GetMultiLineTextExtent(label.GetLabelText());
     return size.x <= limit.x && size.y <= limit.y;
 }
 
@@ -58,11 +62,11 @@ wxWindow* NewLabel(wxWindow* parent, const wxString& text, const wxSize& limit)
         return nullptr;
     }
     auto* const label = new wxtStaticText(parent, wxID_ANY, wxControl::EscapeMnemonics(text));
-    if (!Fits(label->GetBestSize(), limit))
+    if (!Fits(*label, limit))
     {
         label->Wrap(limit.x);
     }
-    if (!Fits(label->GetBestSize(), limit))
+    if (!Fits(*label, limit))
     {
         label->Destroy();
         return nullptr;

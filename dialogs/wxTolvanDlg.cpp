@@ -5,7 +5,8 @@
 #include "vesta/CallEntry.h"
 
 #include <wx/settings.h>
-#include <wx/sizer.h>
+#include <wx/spinctrl.h>
+#include <wx/textentry.h>
 
 #include <algorithm>
 
@@ -41,6 +42,22 @@ wxWindow* FirstControl(const wxWindow& parent)
         }
     }
     return nullptr;
+}
+
+// GTK 3: an entry that has been laid out once asks for more height than it needs from then on.
+void KeepSizesOfEntries(const wxWindow& parent)
+{
+    for (wxWindow* const child : parent.GetChildren())
+    {
+        if (dynamic_cast<wxTextEntry*>(child) || dynamic_cast<wxSpinCtrl*>(child))
+        {
+            child->SetMinSize(child->GetEffectiveMinSize());
+        }
+        else if (!child->IsTopLevel())
+        {
+            KeepSizesOfEntries(*child);
+        }
+    }
 }
 } // namespace
 
@@ -138,6 +155,7 @@ bool wxTolvanDlg::Show(bool show)
     CALL_ENTRY("wxTolvanDlg::Show");
     if (show && !IsShown())
     {
+        KeepSizesOfEntries(*this);
         Fit();
     }
     return wxDialog::Show(show);

@@ -1,5 +1,9 @@
 #include "tests/dialogs/DialogTest.h"
 
+#include "tests/support/EventCounter.h"
+
+#include "appearance/wxtButton.h"
+
 #include <wx/textctrl.h>
 
 #include <algorithm>
@@ -32,6 +36,24 @@ TEST_F(DialogTest, ResultsAndSignalsOfModalRuns)
         EXPECT_NE(wxID_OK, Run(dialog, [&dialog] { dialog.Close(); }));
     }
     EXPECT_EQ("sfsfsfc", notices.heard);
+}
+
+// However late the focus is back there.
+TEST_F(DialogTest, EnterClicksNothingBehindTheDialog)
+{
+    auto* const  button = new wxtButton(Frame(), wxID_ANY, "Open");
+    EventCounter clicks(button, wxEVT_BUTTON);
+    button->SetFocus();
+    EXPECT_TRUE(WaitForFocus(button));
+    {
+        FieldDialog dialog(Frame(), "", true);
+        Run(dialog, [] { wxUIActionSimulator().Char(WXK_RETURN); });
+    }
+    EXPECT_TRUE(WaitForFocus(button));
+    PumpEvents();
+    EXPECT_EQ(0, clicks.Count());
+    Press(WXK_RETURN); // a press of its own
+    EXPECT_TRUE(WaitFor([&clicks] { return clicks.Count() == 1; }));
 }
 
 // On the stack, one over the other: whoever runs a modal dialog also ends its life.
