@@ -102,15 +102,10 @@ TEST(LineStore, KeepsManyEmptyLines)
     ExpectSame(store, lines);
 }
 
-TEST(LineStore, ErasingEverythingLeavesAStoreThatWorks)
+TEST(LineStore, ALineThatDoesNotExistDoesNoHarm)
 {
-    _LineStore store = StoreOf(Lines(5000, "line"));
-    for (int i = 0; i < 2500; ++i)
-    {
-        store.Erase(0);
-        store.Erase(store.Count() - 1);
-    }
-    ExpectSame(store, {});
+    _LineStore store = StoreOf({"one"});
+    store.Erase(0);
     store.Erase(0);
     store.Erase(-1);
     store.Insert(5, "beyond the end");

@@ -45,22 +45,6 @@ TEST(Signal, CallsSlotsInOrder)
     EXPECT_EQ(1u, signal.SlotCount());
 }
 
-TEST(Signal, EndsWithEitherSide)
-{
-    Listener listener;
-    {
-        NumberSignal signal;
-        {
-            Listener shortLived;
-            signal.Connect(&shortLived, &Listener::Hear);
-            signal.Connect(&listener, &Listener::Hear);
-        }
-        signal.Emit(1);
-    }
-    EXPECT_EQ(0u, listener.ConnectionCount());
-    EXPECT_EQ(Numbers{1}, listener.heard);
-}
-
 TEST(Signal, SlotMayConnectAndDisconnect)
 {
     Signal0<> signal;
@@ -215,6 +199,7 @@ TEST(Signal, BearsEverythingAtOnce)
                         signals[random() % 2].Disconnect(&listener);
                     }
                     shortLived.Emit(1);
+                    ASSERT_GT(listener.heard, 0u);
                 }
             });
     running = false;
