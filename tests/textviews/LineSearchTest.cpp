@@ -73,16 +73,13 @@ TEST_F(LineSearchTest, GoesRoundAllLinesOnce)
         EXPECT_EQ(Search(store, c.text, c.forward, true, c.start), c.expected)
             << c.text << " from " << c.start;
     }
+    // Columns count characters.
+    EXPECT_EQ(Search(StoreOf({"\xc3\xa4\xff NEEDLE \xe6\xbc\xa2"}), "needle \xe6\xbc\xa2", true,
+                     false, 0),
+              (Outcome{0, 3, 8, false}));
     EXPECT_EQ(LineOf(store, "", true), -1);
     EXPECT_EQ(LineOf(_LineStore(), "two", true), -1);
     EXPECT_EQ(std::get<0>(Search(_LineStore(), "two", false, true, -1)), -1);
-}
-
-TEST_F(LineSearchTest, ColumnsCountCharacters)
-{
-    const _LineStore store = StoreOf({"\xc3\xa4\xe6\xbc\xa2\xff needle \xe6\xbc\xa2"});
-    EXPECT_EQ(Search(store, "needle \xe6\xbc\xa2", true, true, 0), (Outcome{0, 4, 8, false}));
-    EXPECT_EQ(Search(store, "NEEDLE", true, false, 0), (Outcome{0, 4, 6, false}));
 }
 
 TEST_F(LineSearchTest, ComparesTheLocalesCharacters)

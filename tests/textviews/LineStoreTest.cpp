@@ -132,15 +132,3 @@ TEST(LineStore, LowerBoundComparesBytes)
         ASSERT_EQ(store.LowerBound(text), expected) << text;
     }
 }
-
-TEST(LineStore, FindsTheLineOfAByte)
-{
-    const _LineStore        store = StoreOf({"xyz", "", "de", "", ""});
-    const _LineStore::Block block = store.BlockOf(2);
-    EXPECT_EQ(block.bytes, "xyzde");
-    const int lines[] = {0, 0, 0, 2, 2};
-    for (int byte = 0; byte < 5; ++byte)
-    {
-        EXPECT_EQ(block.LineAt(byte), lines[byte]) << byte;
-    }
-}
