@@ -53,6 +53,10 @@ void wxTolvanDlg::RefreshAll()
     ForEachDialog(
         [](wxTolvanDlg& dialog)
         {
+            if (!dialog.GetHandle())
+            {
+                return; // it takes its colours when its window is made
+            }
             wxSysColourChangedEvent event;
             event.SetEventObject(&dialog);
             dialog.GetEventHandler()->ProcessEvent(event);

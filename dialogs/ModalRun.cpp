@@ -70,7 +70,7 @@ void wxTolvanDlg::CloseForGood()
     {
         ModalRun::EndInnermost();
     }
-    else
+    else if (GetHandle())
     {
         Destroy();
     }

@@ -93,7 +93,10 @@ wxTolvanDlg::~wxTolvanDlg()
     s_DlgClosed.Emit();
     for (wxTolvanDlg* const dialog : s_Dialogs)
     {
-        dialog->Refresh();
+        if (dialog->GetHandle())
+        {
+            dialog->Refresh();
+        }
     }
 }
 
