@@ -61,12 +61,14 @@ void OpenWindows::AddWindow(wxTopLevelWindow* window, const String& name)
     CALL_ENTRY("OpenWindows::AddWindow");
     window->Bind(wxEVT_CLOSE_WINDOW, &OpenWindows::OnClose, this);
     m_Windows.push_back({window, name.empty() ? String() : kGroupIndent + name});
+    RefillLater();
 }
 
 void OpenWindows::Clear()
 {
     CALL_ENTRY("OpenWindows::Clear");
     m_Windows.clear();
+    DeletePendingEvents();
     // Not left to the destructor: the toolkit is gone by then.
     if (m_Menu && !m_Menu->IsAttached() && !m_Menu->GetParent())
     {
@@ -90,6 +92,24 @@ void OpenWindows::OnClose(wxCloseEvent& event)
     if (found != m_Windows.end())
     {
         m_Windows.erase(found);
+        RefillLater();
+    }
+}
+
+// GTK 3 shows a menu of a menu bar in the size that it had before it was asked for: items that a
+// program adds when it opens are cut off. Later, because the menu's own command may be at work.
+void OpenWindows::RefillLater()
+{
+    if (m_Menu && m_Menu->IsAttached())
+    {
+        CallAfter(
+            [this]
+            {
+                if (m_Menu && m_Menu->IsAttached())
+                {
+                    GetMenu();
+                }
+            });
     }
 }
 

@@ -16,7 +16,8 @@ class wxTopLevelWindow;
 /// real size is brought to the middle of the main window's display.
 TOLVAN_API void wxOpenUserWindow(wxTopLevelWindow* window, const String& name);
 /// The window menu, filled anew: whoever shows it asks for it every time. It may be put into a menu
-/// bar or another menu, which then owns it; else the registry does.
+/// bar or another menu, which then owns it; else the registry does. In a menu bar it follows the
+/// windows that open and close by itself.
 TOLVAN_API wxMenu* wxGetOpenWindowMenu();
 
 /// The windows that the user has opened beside the main one, and the menu that lists them.
@@ -60,6 +61,7 @@ public:
 
 private:
     void BindTo(wxWindow* top);
+    void RefillLater();
     void DropDeadWindows();
     void AppendWindows(wxMenu& menu);
     void RaiseWindow(size_t place);

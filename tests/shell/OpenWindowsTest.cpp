@@ -122,6 +122,10 @@ TEST_F(OpenWindowsTest, TheMenuMayBelongToAMenuBarOrAnotherTopWindow)
     other->SetMenuBar(bar);
     OpenWindows::_this->Clear(); // leaves what is another's
     EXPECT_EQ(bar->GetMenu(0), wxGetOpenWindowMenu());
+    const wxWeakRef<wxFrame> listed(Open("Listed"));
+    EXPECT_TRUE(WaitFor([bar] { return bar->FindMenuItem("Window", "Listed") != wxNOT_FOUND; }));
+    listed->Close();
+    EXPECT_TRUE(WaitFor([bar] { return bar->FindMenuItem("Window", "Listed") == wxNOT_FOUND; }));
 
     const wxWeakRef<wxFrame> gone(other);
     other->Destroy();
