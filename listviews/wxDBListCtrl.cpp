@@ -269,11 +269,12 @@ int wxDBListCtrl::GetScrollThumb(int orientation) const
 void wxDBListCtrl::EnsureVisible(int row)
 {
     CALL_ENTRY("wxDBListCtrl::EnsureVisible");
-    const wxRect rect = m_Body->GetItemRect(row);
-    const int    below = rect.GetBottom() + 1 - m_Body->GetClientSize().y;
-    const int    step = rect.y < 0 ? rect.y : std::min(std::max(below, 0), rect.y);
-    if (step != 0)
+    const long long height = m_Body->m_LineHeight;
+    const long long top = row * height;
+    const long long position = m_Body->GetScrollPos(wxVERTICAL);
+    const long long least = top + height - m_Body->GetClientSize().y;
+    if (top < position || position < least)
     {
-        SetScrollPos(wxVERTICAL, m_Body->GetScrollPos(wxVERTICAL) + step);
+        m_Body->ScrollTo(wxVERTICAL, top < position ? top : std::min(least, top));
     }
 }

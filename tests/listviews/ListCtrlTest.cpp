@@ -1,0 +1,301 @@
+#include "listviews/wxDBListBody.h"
+#include "listviews/wxDBListHeader.h"
+#include "listviews/wxtListCtrl.h"
+#include "tests/support/FrameTest.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TestApp.h"
+
+#include <wx/listbase.h>
+#include <wx/sizer.h>
+#include <wx/uiaction.h>
+
+#include <climits>
+
+namespace
+{
+// A list of 100 rows and three columns of 100 pixels that fills the frame, and what it tells.
+class ListCtrlTest : public FrameTest
+{
+protected:
+    ListCtrlTest() : m_List(new wxtListCtrl(Frame(), 17))
+    {
+        for (int i = 0; i < 3; ++i)
+        {
+            m_List->AddColumn(10 + i, "Title " + String::FromInt(i), -1);
+        }
+        for (int i = 0; i < 100; ++i)
+        {
+            m_List->InsertItem(i, "row " + String::FromInt(i));
+        }
+        const struct
+        {
+            const wxEventTypeTag<wxListEvent>& type;
+            const char*                        name;
+        } types[] = {
+            {wxEVT_LIST_ITEM_SELECTED, "+"},         {wxEVT_LIST_ITEM_DESELECTED, "-"},
+            {wxEVT_LIST_ITEM_ACTIVATED, "activate"}, {wxEVT_LIST_ITEM_RIGHT_CLICK, "right"},
+            {wxEVT_LIST_COL_CLICK, "title"},         {wxEVT_LIST_COL_BEGIN_DRAG, "begin"},
+            {wxEVT_LIST_COL_END_DRAG, "end"}};
+        for (const auto& type : types)
+        {
+            Frame()->Bind(
+                type.type,
+                [this, name = String(type.name)](wxListEvent& event)
+                {
+                    EXPECT_EQ(17, event.GetId());
+                    const bool ofRow = name != "title" && name != "begin" && name != "end";
+                    m_Told +=
+                        name + String::FromInt(ofRow ? event.GetIndex() : event.GetColumn()) + " ";
+                });
+        }
+        auto* const sizer = new wxBoxSizer(wxVERTICAL);
+        sizer->Add(m_List, 1, wxEXPAND);
+        Frame()->SetSizer(sizer);
+        Frame()->Layout();
+        EXPECT_TRUE(WaitFor([this] { return m_List->GetScrollRange(wxVERTICAL) > 500; }));
+    }
+
+    wxDBListBody* Body() const { return m_List->GetBody(); }
+    wxPoint       OnRow(int row, int x = 150) const
+    {
+        const wxRect rect = Body()->GetItemRect(row);
+        return Body()->ClientToScreen(wxPoint(x, rect.y + rect.height / 2));
+    }
+    wxPoint OnTitle(int x) const { return m_List->GetHeader()->ClientToScreen(wxPoint(x, 8)); }
+
+    String Told()
+    {
+        for (int i = 0; i < 10; ++i)
+        {
+            PumpEvents();
+            wxMilliSleep(5);
+        }
+        return std::exchange(m_Told, String());
+    }
+    String Click(int row, int modifiers = 0, int button = wxMOUSE_BTN_LEFT)
+    {
+        m_Input.MouseMove(OnRow(row));
+        Hold(modifiers, true);
+        m_Input.MouseClick(button);
+        const String told = Told();
+        Hold(modifiers, false);
+        return told;
+    }
+    String Press(int key, int modifiers = 0)
+    {
+        m_Input.Char(key, modifiers);
+        return Told();
+    }
+    void Hold(int modifiers, bool down)
+    {
+        for (const auto& [flag, key] :
+             {std::pair(wxMOD_SHIFT, WXK_SHIFT), std::pair(wxMOD_CONTROL, WXK_CONTROL)})
+        {
+            if (modifiers & flag)
+            {
+                down ? m_Input.KeyDown(key) : m_Input.KeyUp(key);
+            }
+        }
+        PumpEvents();
+    }
+    std::vector<int> Widths() const
+    {
+        std::vector<int> widths;
+        for (int i = 0; i < m_List->GetColumnCount(); ++i)
+        {
+            widths.push_back(m_List->GetColumn(i).width);
+        }
+        return widths;
+    }
+    using Rows = std::vector<int>;
+
+    wxUIActionSimulator    m_Input;
+    wxWeakRef<wxtListCtrl> m_List;
+    String                 m_Told;
+};
+} // namespace
+
+TEST_F(ListCtrlTest, ClicksSelectAsInAnyList)
+{
+    EXPECT_EQ("+3 ", Click(3));
+    EXPECT_EQ("-3 +5 ", Click(5));
+    EXPECT_EQ("+8 ", Click(8, wxMOD_CONTROL));
+    EXPECT_EQ("-5 ", Click(5, wxMOD_CONTROL));
+    EXPECT_EQ("-8 +5 +6 +7 ", Click(7, wxMOD_SHIFT));
+    EXPECT_EQ("-5 -6 -7 +2 +3 +4 +5 ", Click(2, wxMOD_SHIFT)) << "the anchor stays";
+    EXPECT_EQ("right3 ", Click(3, 0, wxMOUSE_BTN_RIGHT));
+    EXPECT_EQ("+5 +6 +7 ", Click(7, wxMOD_SHIFT | wxMOD_CONTROL)) << "added to what is selected";
+    EXPECT_EQ("-2 -3 -4 -5 -6 -7 +9 right9 ", Click(9, 0, wxMOUSE_BTN_RIGHT));
+    m_Input.MouseMove(OnRow(4));
+    m_Input.MouseDblClick();
+    EXPECT_EQ("-9 +4 activate4 ", Told());
+    m_List->SetScrollPos(wxVERTICAL, 1 << 20);
+    m_List->Clear();
+    EXPECT_EQ("", Click(0)) << "below the last row";
+}
+
+TEST_F(ListCtrlTest, ArrowKeysMoveTheAnchorAndTheView)
+{
+    m_List->SetFocus();
+    EXPECT_EQ("", Press(WXK_DOWN)) << "without an anchor";
+    Click(0);
+    EXPECT_EQ("", Press(WXK_UP));
+    EXPECT_EQ("-0 +1 ", Press(WXK_DOWN));
+    EXPECT_EQ("+2 ", Press(WXK_DOWN, wxMOD_SHIFT));
+    EXPECT_EQ("-1 -2 +1 ", Press(WXK_UP));
+    const int last = (Body()->GetClientSize().y) / m_List->GetRowHeight() - 1;
+    Click(last);
+    EXPECT_EQ(0, m_List->GetScrollPos(wxVERTICAL));
+    Press(WXK_DOWN);
+    EXPECT_EQ(m_List->GetRowHeight(), m_List->GetScrollPos(wxVERTICAL));
+    m_List->SetLastSelect(99);
+    Press(WXK_DOWN);
+    EXPECT_EQ(99, m_List->GetLastSelect());
+}
+
+TEST_F(ListCtrlTest, EdgesResizeAndTitlesAreClicked)
+{
+    m_Input.MouseMove(OnTitle(150));
+    m_Input.MouseClick();
+    EXPECT_EQ("title1 ", Told());
+
+    // Far to the left, and let go outside the window.
+    m_Input.MouseMove(OnTitle(203));
+    m_Input.MouseDown();
+    EXPECT_EQ("begin1 ", Told());
+    m_Input.MouseMove(OnTitle(260));
+    Told();
+    EXPECT_EQ((Rows{100, 157, 100}), Widths());
+    m_Input.MouseMove(wxPoint(5, 900));
+    m_Input.MouseUp();
+    EXPECT_EQ("end1 ", Told());
+    EXPECT_EQ((Rows{100, 20, 100}), Widths());
+    EXPECT_EQ(220, m_List->GetScrollRange(wxHORIZONTAL));
+    EXPECT_FALSE(m_List->GetHeader()->HasCapture());
+
+    m_Input.MouseMove(OnTitle(104));
+    m_Input.MouseClick();
+    EXPECT_EQ("title1 ", Told()) << "out of reach of the edge";
+}
+
+// Whatever is done to the list in one of its events.
+TEST_F(ListCtrlTest, ItsHandlersMayTakeItApart)
+{
+    Frame()->Bind(wxEVT_LIST_ITEM_SELECTED,
+                  [this](wxListEvent& event)
+                  {
+                      event.Skip();
+                      if (event.GetIndex() == 4)
+                      {
+                          m_List->Clear();
+                      }
+                      else if (event.GetIndex() == 30)
+                      {
+                          delete m_List.get();
+                      }
+                  });
+    Click(1);
+    EXPECT_EQ("-1 +1 +2 +3 +4 ", Click(9, wxMOD_SHIFT)) << "nothing is left after row 4";
+    for (int i = 0; i < 40; ++i)
+    {
+        m_List->InsertItem(i, "x");
+    }
+    m_Input.MouseMove(OnTitle(150));
+    m_Input.MouseDown();
+    Told();
+    m_List->RemoveAllColumns(); // under a pressed title
+    m_Input.MouseUp();
+    EXPECT_EQ("", Told());
+    m_List->SetLastSelect(29);
+    m_List->SetFocus();
+    Press(WXK_DOWN);
+    EXPECT_FALSE(m_List);
+}
+
+TEST_F(ListCtrlTest, ColumnsMoveWithTheirHighlight)
+{
+    struct
+    {
+        int highlight, index, delta, expected;
+        int types[3];
+    } const moves[] = {{2, 0, 10, 1, {11, 12, 10}}, {0, 2, -1, 0, {10, 12, 11}},
+                       {1, 2, -5, 2, {12, 10, 11}}, {0, 0, 1, 1, {11, 10, 12}},
+                       {1, 0, 0, 1, {10, 11, 12}},  {-1, 0, 2, -1, {11, 12, 10}}};
+    for (const auto& move : moves)
+    {
+        m_List->RemoveAllColumns();
+        for (const int type : {10, 11, 12})
+        {
+            m_List->AddColumn(type, "", 50);
+        }
+        m_List->SetHighlightColumn(move.highlight);
+        m_List->MoveColumn(move.index, move.delta);
+        EXPECT_EQ(move.expected, m_List->GetHighlightColumn());
+        for (int i = 0; i < 3; ++i)
+        {
+            EXPECT_EQ(i, m_List->FindColumnByType(move.types[i])) << move.index << move.delta;
+        }
+    }
+    EXPECT_EQ(-1, m_List->FindColumnByType(99));
+}
+
+TEST_F(ListCtrlTest, WidthsAreStoredAndRestored)
+{
+    OptionsFile& options = TestApp::Get().Options();
+    m_List->SetColumnWidth(1, 80);
+    m_List->SaveColumnSizes("Lists", "jobs");
+    EXPECT_EQ("100, 80, 100", options.GetValue("Lists", "jobs"));
+    struct
+    {
+        const char* stored;
+        Rows        widths;
+    } const cases[] = {{"50, 5, abc", {50, 20, 20}},
+                       {"70", {70, 20, 20}},
+                       {"", {70, 20, 20}},
+                       {"1,,33x,9,9", {20, 20, 33}},
+                       {"-5, 99999999999", {20, INT_MAX, 33}}};
+    for (const auto& c : cases)
+    {
+        options.SetValue("Lists", "jobs", c.stored);
+        m_List->RestoreColumnSizes("Lists", "jobs");
+        EXPECT_EQ(c.widths, Widths()) << c.stored;
+    }
+}
+
+TEST_F(ListCtrlTest, RowsComeAndGo)
+{
+    Click(5);
+    Click(2, wxMOD_CONTROL);
+    Click(9, wxMOD_CONTROL);
+    EXPECT_EQ((Rows{5, 2, 9}), m_List->GetSelection());
+    EXPECT_EQ(5, m_List->GetNextItem(3)) << "in order of selection";
+    EXPECT_EQ(-1, m_List->GetNextItem(9));
+    m_List->InsertItem(3, "new");
+    EXPECT_EQ((Rows{6, 2, 10}), m_List->GetSelection());
+    EXPECT_EQ(10, m_List->GetLastSelect()) << "the anchor goes with its row";
+    m_List->DeleteItem(2);
+    EXPECT_EQ((Rows{5, 9}), m_List->GetSelection());
+    EXPECT_EQ(10, m_List->GetLastSelect()) << "and stays where it is when rows go";
+    m_List->DeleteItem(10);
+    EXPECT_EQ(9, m_List->GetLastSelect());
+    EXPECT_EQ(101, m_List->GetItemCount()) << "an empty row is left for each";
+    EXPECT_EQ("", m_List->GetDisplayText(100, 0));
+    m_List->SetItem(0, 7, "x");
+    m_List->SetItem(500, 0, "x");
+    EXPECT_EQ("row 0", m_List->GetDisplayText(0, 0));
+    Told();
+
+    // What a derived class does when it has removed rows of its own.
+    m_List->Remove(8, 3);
+    EXPECT_EQ("-9 ", Told());
+    EXPECT_EQ(98, m_List->GetItemCount());
+    EXPECT_EQ(7, m_List->GetLastSelect());
+
+    LogCapture log;
+    m_List->Insert(0, 4000000000ul, true);
+    EXPECT_EQ(INT_MAX / m_List->GetRowHeight(), m_List->GetItemCount());
+    EXPECT_TRUE(log.Has("higher than can be scrolled", log_Error));
+    m_List->EnsureVisible(m_List->GetItemCount() - 1);
+    const wxRect last = Body()->GetItemRect(m_List->GetItemCount() - 1);
+    EXPECT_EQ(Body()->GetClientSize().y, last.GetBottom() + 1) << "the last row can be reached";
+}
