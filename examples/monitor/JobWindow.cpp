@@ -10,6 +10,7 @@
 #include "common/PaneSplitter.h"
 #include "common/ScrolledPane.h"
 #include "textviews/wxTextLineSearchPanel.h"
+#include "vesta/Application.h"
 
 #include <wx/menu.h>
 #include <wx/settings.h>
@@ -54,7 +55,6 @@ JobWindow::JobWindow(FarmJobs& jobs, const FarmJob& job)
     ShowDetails(job);
     ShowOutput(job);
     m_Jobs.Changed.Connect(this, [this](const FarmJobs::News& news) { OnNews(news); });
-    Bind(wxEVT_CLOSE_WINDOW, &JobWindow::OnClose, this);
     wxSetWindowPos(this, kPositionName, CascadeOffset());
     m_Built = true;
 }
@@ -63,6 +63,10 @@ JobWindow::~JobWindow()
 {
     DisconnectAll();
     m_Jobs.Watch(m_Id, false);
+    // Here, not when it is closed: it may also go with the main window.
+    const OptionsFile::PauseAutoWrite pause(Application::the_Application->Options());
+    m_Splitter->SaveSash();
+    wxSaveWindowPos(this, kPositionName);
 }
 
 void JobWindow::BuildMenus()
@@ -209,11 +213,4 @@ void JobWindow::OnStop()
     {
         StopJob(job->job, this);
     }
-}
-
-void JobWindow::OnClose(wxCloseEvent& event)
-{
-    event.Skip();
-    m_Splitter->SaveSash();
-    wxSaveWindowPos(this, kPositionName);
 }

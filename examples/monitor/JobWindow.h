@@ -32,7 +32,6 @@ private:
     void OnTick() override;
     void OnNews(const FarmJobs::News& news);
     void OnStop();
-    void OnClose(wxCloseEvent& event);
 
     FarmJobs&     m_Jobs;
     String        m_Id;

@@ -96,7 +96,12 @@ void JobsView::DropPanels(const std::vector<const FarmJob*>& shown)
     }
     for (const auto& [id, panel] : m_Panels)
     {
+        const bool hadFocus = panel->IsDescendant(FindFocus());
         panel->Destroy();
+        if (hadFocus)
+        {
+            m_Pane->SetFocus(); // or the keyboard would have lost its place
+        }
     }
     m_Panels = std::move(kept);
 }

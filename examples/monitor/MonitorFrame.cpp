@@ -24,6 +24,7 @@ namespace
 constexpr size_t  kLinesAtOnce = 20000; // between two looks at the user's events
 constexpr int     kJobsHeight = 300;    // pixels, before the user has chosen
 constexpr int     kSashStep = 40;       // pixels
+constexpr int     kEndAgain = 20;       // milliseconds
 const char* const kViewName = "MainView";
 const char* const kQuitQuestion = "QuitWhileJobsRun";
 
@@ -43,6 +44,7 @@ MonitorFrame::MonitorFrame(const Program& program)
     Bind(wxTOLVAN_CONNECT_EVENT, [this](wxCommandEvent&) { OnConnection(true); });
     Bind(wxTOLVAN_DISCONNECT_EVENT, [this](wxCommandEvent&) { OnConnection(false); });
     Bind(wxEVT_CLOSE_WINDOW, &MonitorFrame::OnClose, this);
+    m_EndTimer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Close(true); });
     LoadWindowPosition();
     m_Built = true;
 }
@@ -175,16 +177,20 @@ bool MonitorFrame::MayQuit()
                    count + "\n" + wxGetTranslation("The farm goes on without the monitor. Quit?"),
                    wxGetTranslation("Quit"), wxGetTranslation("Stay")});
     m_Asking = false;
-    return isConfirmed || m_Program.isToldToEnd();
+    return isConfirmed;
 }
 
 void MonitorFrame::OnClose(wxCloseEvent& event)
 {
-    if (!event.CanVeto() || m_Program.isToldToEnd())
+    const bool mustEnd = !event.CanVeto() || m_Program.isToldToEnd();
+    if (mustEnd && !wxTolvanDlg::s_Dialogs.empty())
     {
-        wxTolvanDlg::CloseAll(); // one of them may be asking something
+        // The functions that run the dialogs must have returned before their window goes.
+        wxTolvanDlg::CloseAll();
+        m_EndTimer.StartOnce(kEndAgain);
+        return;
     }
-    else if (!MayQuit())
+    if (!mustEnd && !MayQuit())
     {
         event.Veto();
         return;

@@ -6,6 +6,8 @@
 
 #include "shell/wxTolvanFrame.h"
 
+#include <wx/timer.h>
+
 #include <functional>
 #include <memory>
 
@@ -55,5 +57,6 @@ private:
     LiveLog*      m_Log = nullptr;
     bool          m_Connected = false;
     bool          m_OutputSeen = false; ///< A job's output has been shown.
-    bool          m_Asking = false;     ///< The user is being asked whether to quit.
+    wxTimer       m_EndTimer;
+    bool          m_Asking = false; ///< The user is being asked whether to quit.
 };

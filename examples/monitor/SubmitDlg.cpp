@@ -22,7 +22,7 @@ namespace
 constexpr int     kBorder = 12;              // pixels around the dialog's content
 constexpr int     kGap = 6;                  // pixels between its parts
 constexpr int     kFieldsWidth = 460;        // pixels at first
-constexpr int     kMostFieldsHeight = 340;   // pixels at first; the user may make it larger
+constexpr int     kMostFieldsHeight = 350;   // pixels at first; the user may make it larger
 constexpr size_t  kMostDescription = 300;    // characters
 const wxSize      kSmallestFields(240, 120); // pixels
 const char* const kPositionName = "SubmitJob";
@@ -104,7 +104,8 @@ int SubmitDlg::FirstFieldsHeight() const
     {
         most = std::max(most, form.values.size());
     }
-    const int rowHeight = m_Name->GetBestSize().y + kGap;
+    // A text field with wide margins: it does not know its own height before it is shown.
+    const int rowHeight = m_Name->GetCharHeight() * 5 / 2 + kGap;
     return std::min(static_cast<int>(most) * rowHeight, kMostFieldsHeight);
 }
 
