@@ -14,7 +14,7 @@ constexpr int kNotices = 500;
 class Listener : public wxTolvanDlg
 {
 public:
-    explicit Listener(wxWindow* parent) : wxTolvanDlg(parent, "Listener", "", false) {}
+    Listener() : wxTolvanDlg(nullptr, "Listener", "", false) {}
     void OnConnected(bool) override
     {
         EXPECT_TRUE(wxIsMainThread());
@@ -25,13 +25,14 @@ public:
 };
 } // namespace
 
-class ThreadedDialogTest : public FrameTest
+// No window is shown: the toolkit would begin threads of its own.
+class ThreadedDialogTest : public UserFolderTest
 {
 };
 
 TEST_F(ThreadedDialogTest, NoticesComeFromAnyThreadWhileDialogsOpenAndClose)
 {
-    Listener                 lasting(Frame());
+    Listener                 lasting;
     std::atomic<int>         running{kThreads};
     std::vector<std::thread> threads;
     for (int i = 0; i < kThreads; ++i)
@@ -48,7 +49,7 @@ TEST_F(ThreadedDialogTest, NoticesComeFromAnyThreadWhileDialogsOpenAndClose)
     }
     while (running > 0)
     {
-        auto* const brief = new Listener(Frame());
+        auto* const brief = new Listener;
         PumpEvents();
         brief->Destroy();
         PumpEvents();
