@@ -76,6 +76,7 @@ wxEND_EVENT_TABLE()
     wxControl::SetLabel(label);
     SetNormal();
     SetMinimum();
+    SetInitialSize(size);
     if (wxWindow* const top = wxGetTopLevelParent(this))
     {
         top->Bind(wxEVT_CHAR_HOOK, &wxtButton::Mnemonic, this);
