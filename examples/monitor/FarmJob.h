@@ -33,6 +33,7 @@ struct FarmJob
     boost::shared_ptr<Job> job;
     String                 id;
     uint64_t               number = 0; ///< Rises with every job.
+    uint64_t               change = 0; ///< Rises with every change of any job's state.
     String                 product;    ///< Name of its type; the type's identifier if unknown.
     String                 name;
     String                 user;

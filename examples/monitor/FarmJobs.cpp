@@ -65,7 +65,11 @@ void FarmJobs::ApplyJob(const Message& message, News& news)
     }
     const bool isOther = job->Update(message);
     Count(*job, 1);
-    news.isListChanged |= isNew || isOther;
+    if (isNew || isOther)
+    {
+        job->change = ++m_LastChange;
+        news.isListChanged = true;
+    }
     news.changed.insert(id);
     if (isNew || m_Unconfirmed.erase(id) > 0)
     {

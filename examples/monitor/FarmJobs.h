@@ -67,6 +67,7 @@ private:
     std::vector<const FarmJob*>                m_Order;
     Summary                                    m_Summary;
     uint64_t                                   m_LastNumber = 0;
+    uint64_t                                   m_LastChange = 0;
     /// Since a new connection: jobs not described again yet, and how many are still to come.
     std::set<String> m_Unconfirmed;
     size_t           m_JobsToCome = 0;

@@ -2,8 +2,10 @@
 
 #include "monitor/FarmJob.h"
 
+#include <functional>
 #include <vector>
 
-/// The jobs that are shown when there are more than fit: those that are active, then those that
-/// wait, then the others, of each the latest. The latest of them stand first.
-std::vector<const FarmJob*> SelectJobs(const std::vector<const FarmJob*>& all, size_t most);
+/// The jobs that are shown when there are more than fit: those that `isKept` names, then those that
+/// are active, then those whose state has changed last. The latest that came stand first.
+std::vector<const FarmJob*> SelectJobs(const std::vector<const FarmJob*>& all, size_t most,
+                                       const std::function<bool(const FarmJob&)>& isKept);

@@ -7,23 +7,6 @@
 
 #include <iterator>
 
-namespace
-{
-void RefillMenuWhenGone(wxWindow& window)
-{
-    window.Bind(wxEVT_DESTROY,
-                [&window](wxWindowDestroyEvent& event)
-                {
-                    event.Skip();
-                    // The windows in it send theirs too. Without a main frame all is ending.
-                    if (event.GetEventObject() == &window && wxTolvanFrame::s_Frame)
-                    {
-                        wxGetOpenWindowMenu();
-                    }
-                });
-}
-} // namespace
-
 void JobWindows::Open(const String& id)
 {
     DropClosed();
@@ -40,8 +23,6 @@ void JobWindows::Open(const String& id)
         m_Windows.emplace(id, window);
         wxOpenUserWindow(window, job->product);
         window->Show();
-        wxGetOpenWindowMenu();
-        RefillMenuWhenGone(*window);
     }
 }
 

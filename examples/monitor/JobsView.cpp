@@ -75,7 +75,13 @@ void JobsView::OnTick()
 
 void JobsView::RefreshList()
 {
-    const std::vector<const FarmJob*> shown = SelectJobs(m_Jobs.InOrder(), k_MostPanels);
+    // What the user has opened must not vanish because its job is done.
+    const auto isOpen = [this](const FarmJob& job)
+    {
+        const auto panel = m_Panels.find(job.id);
+        return panel != m_Panels.end() && panel->second->IsExpanded();
+    };
+    const std::vector<const FarmJob*> shown = SelectJobs(m_Jobs.InOrder(), k_MostPanels, isOpen);
     Freeze();
     DropPanels(shown);
     ArrangePanels(shown);
@@ -138,7 +144,8 @@ void JobsView::ShowNote(size_t shown)
     else if (shown < all)
     {
         m_Note->SetLabel(wxString::Format(
-            wxGetTranslation("%zu of %zu jobs: the active ones and the latest"), shown, all));
+            wxGetTranslation("%zu of %zu jobs: the active ones and those that changed last"), shown,
+            all));
     }
     m_Note->Show(shown < all || all == 0);
     Layout();
