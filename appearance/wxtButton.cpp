@@ -76,7 +76,10 @@ wxEND_EVENT_TABLE()
     wxControl::SetLabel(label);
     SetNormal();
     SetMinimum();
-    SetInitialSize(size);
+    // Not by SetInitialSize, which would forget the minimum, of which the best size is made.
+    wxSize initial = size;
+    initial.SetDefaults(GetMinSize());
+    SetSize(initial);
     if (wxWindow* const top = wxGetTopLevelParent(this))
     {
         top->Bind(wxEVT_CHAR_HOOK, &wxtButton::Mnemonic, this);
