@@ -10,6 +10,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -24,6 +25,7 @@ constexpr int      kLongestLine = 160;  // characters
 constexpr size_t   kLines = 4001;       // a prime, so that no pattern repeats with the repaints
 constexpr unsigned kSeed = 20240607;
 constexpr int      kPatienceMs = 10000;
+constexpr int      kRepaints = 200; // of which the median is taken
 
 String MakeLine(std::mt19937& random)
 {
@@ -110,6 +112,29 @@ size_t ResidentBytes()
     size_t        resident = 0;
     statm >> total >> resident;
     return resident * static_cast<size_t>(sysconf(_SC_PAGESIZE));
+}
+
+double SecondsSince(Clock::time_point start)
+{
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+void Repaints(benchmark::internal::Benchmark* benchmark)
+{
+    benchmark->Iterations(kRepaints)->UseManualTime()->Unit(benchmark::kMillisecond);
+}
+
+void MeasureMedian(benchmark::State& state, const std::function<double()>& work)
+{
+    std::vector<double> times;
+    for (auto _ : state)
+    {
+        times.push_back(work());
+        state.SetIterationTime(times.back());
+    }
+    const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
+    std::nth_element(times.begin(), middle, times.end());
+    state.counters["median_ms"] = *middle * 1e3;
 }
 
 int RunBenchmarks(int argc, char** argv)

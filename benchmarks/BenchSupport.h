@@ -6,6 +6,7 @@
 
 #include <wx/frame.h>
 
+#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <vector>
@@ -29,6 +30,15 @@ void PumpUntil(const std::function<bool()>& condition);
 
 /// Resident memory of the process, in bytes.
 size_t ResidentBytes();
+
+using Clock = std::chrono::steady_clock;
+double SecondsSince(Clock::time_point start);
+
+/// How repaints are measured: 200 of them, in milliseconds.
+void Repaints(benchmark::internal::Benchmark* benchmark);
+/// Runs `work`, which returns the seconds that it took, once an iteration; the median becomes the
+/// counter "median_ms".
+void MeasureMedian(benchmark::State& state, const std::function<double()>& work);
 
 /// Runs all benchmarks of the program under the toolkit; to be returned from main.
 int RunBenchmarks(int argc, char** argv);

@@ -9,12 +9,9 @@
 namespace
 {
 constexpr int      kLinesPerRepaint = 1000;
-constexpr int      kRepaints = 200; // of which the median is taken
 constexpr int      kSortedLines = 50000;
 constexpr int      kMillion = 1000000;
 constexpr unsigned kSeed = 7;
-
-using Clock = std::chrono::steady_clock;
 
 double Seconds(Clock::duration time)
 {
@@ -122,26 +119,18 @@ void RepaintAnywhere(benchmark::State& state)
 {
     const Stage stage;
     stage.Fill(static_cast<int>(state.range(0)));
-    std::mt19937        random(kSeed);
-    std::vector<double> times;
-    for (auto _ : state)
-    {
-        const int range = stage->GetScrollRange(wxVERTICAL);
-        stage->SetScrollPos(wxVERTICAL, static_cast<int>(random() % static_cast<unsigned>(range)));
-        const auto start = Clock::now();
-        stage->Repaint();
-        times.push_back(Seconds(Clock::now() - start));
-        state.SetIterationTime(times.back());
-    }
-    std::nth_element(times.begin(), times.begin() + kRepaints / 2, times.end());
-    state.counters["median_ms"] = times[kRepaints / 2] * 1e3;
+    std::mt19937 random(kSeed);
+    MeasureMedian(state,
+                  [&]
+                  {
+                      const auto range = static_cast<unsigned>(stage->GetScrollRange(wxVERTICAL));
+                      stage->SetScrollPos(wxVERTICAL, static_cast<int>(random() % range));
+                      const auto start = Clock::now();
+                      stage->Repaint();
+                      return SecondsSince(start);
+                  });
 }
-BENCHMARK(RepaintAnywhere)
-    ->Arg(1000)
-    ->Arg(kMillion)
-    ->Iterations(kRepaints)
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
+BENCHMARK(RepaintAnywhere)->Arg(1000)->Arg(kMillion)->Apply(Repaints);
 
 // From the top to a hit in the last line.
 void SearchToTheLastLine(benchmark::State& state)

@@ -147,10 +147,10 @@ have_programs_ended()
 # whoever calls stays out of it: no Wayland, no sockets in the user's runtime folder.
 start_display()
 {
-    local number
+    local number screen=${1:-1280x1024x24}
     make_scratch
     mkfifo "$scratch/number"
-    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp -noreset \
+    Xvfb -displayfd 3 -screen 0 "$screen" -nolisten tcp -noreset \
         3>"$scratch/number" 2>"$scratch/xvfb.log" &
     display_server=$!
     read -r -t 30 number <"$scratch/number" ||

@@ -15,11 +15,8 @@
 namespace
 {
 constexpr int      kLinesPerRepaint = 1000;
-constexpr int      kRepaints = 200; // of which the median is taken
 constexpr int      kMillion = 1000000;
 constexpr unsigned kSeed = 7;
-
-using Clock = std::chrono::steady_clock;
 
 double Seconds(Clock::duration time)
 {
@@ -141,24 +138,17 @@ template <class Control> void RepaintAnywhere(benchmark::State& state)
         stage->Append(lines[static_cast<size_t>(i) % lines.size()]);
     }
     PumpEvents();
-    std::mt19937        random(kSeed);
-    std::vector<double> times;
-    for (auto _ : state)
-    {
-        stage->ScrollTo(static_cast<int>(random() % static_cast<unsigned>(count)));
-        const auto start = Clock::now();
-        stage->Repaint();
-        times.push_back(Seconds(Clock::now() - start));
-        state.SetIterationTime(times.back());
-    }
-    std::nth_element(times.begin(), times.begin() + kRepaints / 2, times.end());
-    state.counters["median_ms"] = times[kRepaints / 2] * 1e3;
+    std::mt19937 random(kSeed);
+    MeasureMedian(state,
+                  [&]
+                  {
+                      stage->ScrollTo(static_cast<int>(random() % static_cast<unsigned>(count)));
+                      const auto start = Clock::now();
+                      stage->Repaint();
+                      return SecondsSince(start);
+                  });
 }
-BENCHMARK_TEMPLATE(RepaintAnywhere, StyledText)
-    ->Arg(kMillion)
-    ->Iterations(kRepaints)
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
+BENCHMARK_TEMPLATE(RepaintAnywhere, StyledText)->Arg(kMillion)->Apply(Repaints);
 
 template <class Control> void SearchToTheLastLine(benchmark::State& state)
 {

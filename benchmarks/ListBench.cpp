@@ -1,0 +1,327 @@
+#include "benchmarks/BenchSupport.h"
+#include "benchmarks/ListWorkload.h"
+#include "listviews/wxDBListBody.h"
+#include "listviews/wxDBListHeader.h"
+#include "listviews/wxtListCtrl.h"
+#include "textviews/wxBarHistoryCtrl.h"
+
+#include <wx/listbase.h>
+#include <wx/panel.h>
+
+#include <random>
+
+namespace
+{
+constexpr int      kMillion = 1000000;
+constexpr int      kHundredThousand = 100000;
+constexpr unsigned kSeed = 7;
+constexpr uint32_t kChartTop = 1000; // the value of a full bar
+
+/// A list that counts the rows that it has drawn.
+template <class List> class Counting : public List
+{
+public:
+    using List::List;
+
+    void PrepareToDraw(int row) override
+    {
+        List::PrepareToDraw(row);
+        ++m_Drawn;
+    }
+    int Drawn() const { return m_Drawn; }
+
+private:
+    int m_Drawn = 0;
+};
+
+/// A list without any data of its own.
+class VirtualList : public wxDBListCtrl
+{
+public:
+    VirtualList(wxWindow* parent, int id) : wxDBListCtrl(parent, id, false) {}
+
+    bool             IsRowSelected(int) override { return false; }
+    std::vector<int> GetSelection() override { return {}; }
+    String GetDisplayText(int row, int column) override { return WorkloadCell(row, column); }
+};
+
+/// A list with the workload's columns in a frame of its own.
+template <class List> class Stage
+{
+public:
+    Stage()
+    {
+        m_Frame =
+            OpenFrame([this](wxFrame* frame) { return m_List = new Counting<List>(frame, 1); });
+        for (int column = 0; column < kCellColumns; ++column)
+        {
+            m_List->AddColumn(column, SFormat("Column %d", column), kCellColumnWidth);
+        }
+        Settle();
+    }
+    ~Stage() { CloseFrame(m_Frame); }
+
+    Counting<List>* operator->() const { return m_List; }
+    wxDBListBody*   Body() const { return m_List->GetBody(); }
+
+    /// Everything that was to be painted has been.
+    void Settle() const
+    {
+        PaintNow();
+        PumpEvents();
+    }
+    /// Paints titles and rows now, without the pause in which a list gathers its changes.
+    void PaintNow() const
+    {
+        m_List->Redraw();
+        for (wxDoubleBufferedWindow* const view :
+             {static_cast<wxDoubleBufferedWindow*>(m_List->GetHeader()),
+              static_cast<wxDoubleBufferedWindow*>(m_List->GetBody())})
+        {
+            wxTimer      timer;
+            wxTimerEvent due(timer);
+            view->Timeout(due);
+        }
+        m_List->Update();
+    }
+    void Repaint() const
+    {
+        const int before = m_List->Drawn();
+        PaintNow();
+        PumpUntil([&] { return m_List->Drawn() > before; });
+    }
+    /// Seconds of scrolling somewhere and of painting everything.
+    double RepaintAt(unsigned random) const
+    {
+        PumpEvents();
+        const int  range = m_List->GetScrollRange(wxVERTICAL);
+        const auto start = Clock::now();
+        m_List->SetScrollPos(wxVERTICAL, static_cast<int>(random % static_cast<unsigned>(range)));
+        Repaint();
+        return SecondsSince(start);
+    }
+
+private:
+    wxFrame*        m_Frame;
+    Counting<List>* m_List = nullptr;
+};
+
+template <class List> void Fill(const Stage<List>& stage, int rows)
+{
+    for (int row = 0; row < rows; ++row)
+    {
+        stage->InsertItem(row, WorkloadCell(row, 0));
+        for (int column = 1; column < kCellColumns; ++column)
+        {
+            stage->SetItem(row, column, WorkloadCell(row, column));
+        }
+    }
+}
+
+// A full repaint at random rows.
+void ListRepaint(benchmark::State& state)
+{
+    const Stage<VirtualList> stage;
+    stage->Insert(0, static_cast<unsigned long>(state.range(0)), true);
+    stage.Settle();
+    std::mt19937 random(kSeed);
+    MeasureMedian(state, [&] { return stage.RepaintAt(static_cast<unsigned>(random())); });
+}
+BENCHMARK(ListRepaint)->Arg(kMillion)->Apply(Repaints);
+
+// From setting the number of rows to the end of the first paint.
+void ListFirstPaint(benchmark::State& state)
+{
+    for (auto _ : state)
+    {
+        const Stage<VirtualList> stage;
+        const auto               start = Clock::now();
+        stage->Insert(0, static_cast<unsigned long>(state.range(0)), true);
+        stage.Repaint();
+        state.SetIterationTime(SecondsSince(start));
+    }
+}
+BENCHMARK(ListFirstPaint)
+    ->Arg(kMillion)
+    ->Iterations(5)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+void ListInsertRows(benchmark::State& state)
+{
+    const Stage<VirtualList> stage;
+    for (auto _ : state)
+    {
+        const auto start = Clock::now();
+        stage->Insert(0, static_cast<unsigned long>(state.range(0)), true);
+        state.SetIterationTime(SecondsSince(start));
+        stage->Clear();
+    }
+}
+BENCHMARK(ListInsertRows)
+    ->Arg(kMillion)
+    ->Iterations(1000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+// Rows that the list keeps, inserted one by one and then painted.
+void ListFill(benchmark::State& state)
+{
+    const int rows = static_cast<int>(state.range(0));
+    for (auto _ : state)
+    {
+        const Stage<wxtListCtrl> stage;
+        const size_t             before = ResidentBytes();
+        const auto               start = Clock::now();
+        Fill(stage, rows);
+        const double seconds = SecondsSince(start);
+        state.SetIterationTime(seconds);
+        state.counters["ns_per_cell"] = seconds * 1e9 / rows / kCellColumns;
+        state.counters["bytes_per_row"] = static_cast<double>(ResidentBytes() - before) / rows;
+        stage.Settle();
+    }
+}
+BENCHMARK(ListFill)
+    ->Arg(kHundredThousand)
+    ->Iterations(1)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+/// A filled list of which a click with Shift selects every row. It has a host that hears of each.
+class SelectingStage : public Stage<wxtListCtrl>
+{
+public:
+    explicit SelectingStage(int rows) : m_Rows(rows)
+    {
+        Fill(*this, rows);
+        Settle();
+        for (const wxEventTypeTag<wxListEvent>& type :
+             {wxEVT_LIST_ITEM_SELECTED, wxEVT_LIST_ITEM_DESELECTED})
+        {
+            (*this)->GetParent()->Bind(type, [this](wxListEvent&) { ++m_Heard; });
+        }
+    }
+
+    double SelectAll()
+    {
+        wxMouseEvent click(wxEVT_LEFT_DOWN);
+        click.SetY((m_Rows - 1) * (*this)->GetRowHeight() - (*this)->GetScrollPos(wxVERTICAL));
+        click.SetShiftDown(true);
+        (*this)->SetLastSelect(0);
+        return Heard([&] { Body()->OnLDown(click); });
+    }
+    double DeselectAll()
+    {
+        return Heard([&] { Body()->DeselectAll(true); });
+    }
+
+private:
+    template <class Work> double Heard(Work work)
+    {
+        m_Heard = 0;
+        const auto start = Clock::now();
+        work();
+        const double seconds = SecondsSince(start);
+        wxMouseEvent release(wxEVT_LEFT_UP);
+        Body()->OnLUp(release);
+        return m_Heard == m_Rows ? seconds : -1;
+    }
+
+    int m_Rows;
+    int m_Heard = 0;
+};
+
+void Select(benchmark::State& state, bool select)
+{
+    SelectingStage stage(static_cast<int>(state.range(0)));
+    for (auto _ : state)
+    {
+        const double selecting = stage.SelectAll();
+        const double deselecting = stage.DeselectAll();
+        if (selecting < 0 || deselecting < 0)
+        {
+            state.SkipWithError("not every row was heard of");
+        }
+        state.SetIterationTime(select ? selecting : deselecting);
+        stage.Settle();
+    }
+}
+
+void ListSelect(benchmark::State& state)
+{
+    Select(state, true);
+}
+BENCHMARK(ListSelect)
+    ->Arg(kHundredThousand)
+    ->Iterations(5)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+void ListDeselect(benchmark::State& state)
+{
+    Select(state, false);
+}
+BENCHMARK(ListDeselect)
+    ->Arg(kHundredThousand)
+    ->Iterations(5)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+// A repaint with no row selected (0) or all of them (1).
+void ListRepaintSelected(benchmark::State& state)
+{
+    SelectingStage stage(kHundredThousand);
+    if (state.range(0) != 0)
+    {
+        stage.SelectAll();
+    }
+    std::mt19937 random(kSeed);
+    MeasureMedian(state, [&] { return stage.RepaintAt(static_cast<unsigned>(random())); });
+}
+BENCHMARK(ListRepaintSelected)->Arg(0)->Arg(1)->Apply(Repaints);
+
+// A value that comes, and the whole chart again.
+void ChartPush(benchmark::State& state)
+{
+    const wxSize      size(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+    wxBarHistoryCtrl* chart = nullptr;
+    int               painted = 0;
+    wxFrame* const    frame = OpenFrame(
+        [&](wxFrame* parent)
+        {
+            auto* const panel = new wxPanel(parent);
+            chart = new wxBarHistoryCtrl(panel, wxID_ANY, wxDefaultPosition, size);
+            return panel;
+        });
+    chart->SetBounds(0, kChartTop, false);
+    chart->Bind(wxEVT_PAINT,
+                [&](wxPaintEvent& event)
+                {
+                    ++painted;
+                    event.Skip();
+                });
+    std::mt19937 random(kSeed);
+    const auto   push = [&]
+    {
+        const int  before = painted;
+        const auto value = static_cast<uint32_t>(random() % kChartTop);
+        const auto start = Clock::now();
+        chart->PushValue(value);
+        chart->Update();
+        PumpUntil([&] { return painted > before; });
+        return SecondsSince(start);
+    };
+    for (int i = 0; i < size.x; ++i)
+    {
+        push();
+    }
+    MeasureMedian(state, push);
+    CloseFrame(frame);
+}
+BENCHMARK(ChartPush)->Args({600, 80})->Apply(Repaints);
+} // namespace
+
+int main(int argc, char** argv)
+{
+    return RunBenchmarks(argc, argv);
+}
