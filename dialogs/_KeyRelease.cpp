@@ -1,7 +1,5 @@
 #include "dialogs/_KeyRelease.h"
 
-#include <wx/utils.h>
-
 namespace
 {
 bool IsKey(const wxEvent& event, wxEventType type, int keyCode)
@@ -20,17 +18,6 @@ void _KeyRelease::Swallow(int keyCode)
 {
     static _KeyRelease s_Filter;
     s_Filter.Expect(keyCode);
-}
-
-void _KeyRelease::SwallowHeld()
-{
-    for (const wxKeyCode key : {WXK_RETURN, WXK_NUMPAD_ENTER, WXK_SPACE})
-    {
-        if (wxGetKeyState(key))
-        {
-            Swallow(key);
-        }
-    }
 }
 
 void _KeyRelease::Expect(int keyCode)

@@ -13,9 +13,6 @@ public:
 
     /// The next release of that key reaches no window of the program.
     static void Swallow(int keyCode);
-    /// The same for a key that is down by now and would click a button of a dialog that opens: the
-    /// Enter that has chosen a menu's entry, for one.
-    static void SwallowHeld();
 
     int FilterEvent(wxEvent& event) override;
 

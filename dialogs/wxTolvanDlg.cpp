@@ -1,6 +1,5 @@
 #include "dialogs/wxTolvanDlg.h"
 
-#include "dialogs/_KeyRelease.h"
 #include "shell/_Geometry.h"
 #include "shell/wxTolvanFrame.h"
 #include "vesta/CallEntry.h"
@@ -217,7 +216,6 @@ void wxTolvanDlg::OnInit(wxInitDialogEvent& event)
     Layout();
     Fit();
     RestorePosition();
-    _KeyRelease::SwallowHeld();
     event.Skip();
     if (wxWindow* const control = FirstControl(*this))
     {

@@ -56,26 +56,6 @@ TEST_F(DialogTest, EnterClicksNothingBehindTheDialog)
     EXPECT_TRUE(WaitFor([&clicks] { return clicks.Count() == 1; }));
 }
 
-// The Enter that opened it from a menu, for one.
-TEST_F(DialogTest, AKeyThatIsHeldWhenADialogOpensClicksNothingInIt)
-{
-    wxTolvanDlg dialog(Frame(), "", "", true);
-    auto* const close = new wxtButton(&dialog, wxID_OK, "Close");
-    dialog.StartControls()->Add(close);
-    wxUIActionSimulator().KeyDown(WXK_RETURN);
-    EXPECT_TRUE(WaitFor([] { return wxGetKeyState(WXK_RETURN); }));
-    Run(dialog,
-        [&]
-        {
-            EXPECT_TRUE(WaitForFocus(close));
-            wxUIActionSimulator().KeyUp(WXK_RETURN);
-            EXPECT_TRUE(WaitFor([] { return !wxGetKeyState(WXK_RETURN); }));
-            PumpEvents();
-            EXPECT_TRUE(dialog.IsModal());
-            dialog.Close();
-        });
-}
-
 // On the stack, one over the other: whoever runs a modal dialog also ends its life.
 TEST_F(DialogTest, CloseAllEndsModalDialogsToo)
 {
