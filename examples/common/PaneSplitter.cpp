@@ -4,6 +4,8 @@
 
 #include <wx/dc.h>
 
+#include <wx/dcclient.h>
+
 #include <algorithm>
 
 namespace
@@ -56,9 +58,16 @@ void PaneSplitter::SwitchPane()
     next->SetFocus();
 }
 
+// The splitter also draws when it is laid out, and before it is on the screen that goes to the
+// screen's own background: it is left to the paint event.
 void PaneSplitter::DrawSash(wxDC& dc)
 {
-    // The renderer fills all that it may; outside a paint event that would cover the panes.
-    const wxDCClipper clip(dc, 0, GetSashPosition(), GetClientSize().x, GetSashSize());
+    const wxRect sash(0, GetSashPosition(), GetClientSize().x, GetSashSize());
+    if (!dynamic_cast<wxPaintDC*>(&dc))
+    {
+        RefreshRect(sash, false);
+        return;
+    }
+    const wxDCClipper clip(dc, sash);
     wxSplitterWindow::DrawSash(dc);
 }

@@ -39,12 +39,6 @@ String ProgressText(const FarmJob& job)
     }
     return text;
 }
-// In whole seconds: the fraction of a short time would jump about.
-String ElapsedText(Time elapsed)
-{
-    const Time seconds = Time::Seconds(elapsed.ToSeconds());
-    return seconds == Time() ? String("0s") : seconds.FormatDuration();
-}
 } // namespace
 
 bool FarmJob::Update(const Message& message)
@@ -63,6 +57,7 @@ bool FarmJob::Update(const Message& message)
     if (oldStart != Time() && oldStart != started)
     {
         output.Clear(); // it runs anew
+        frames.Clear();
     }
     return oldState != state || oldName != name;
 }
@@ -83,6 +78,12 @@ Time FarmJob::Elapsed(Time now) const
         return Time();
     }
     return std::max(Time(), (ended == Time() ? now : ended) - started);
+}
+
+String ElapsedText(Time elapsed)
+{
+    const Time seconds = Time::Seconds(elapsed.ToSeconds());
+    return seconds == Time() ? String("0s") : seconds.FormatDuration();
 }
 
 String OneLine(const String& text, size_t most)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "monitor/JobFrames.h"
 #include "monitor/JobOutput.h"
 
 #include "tolvan/Job.h"
@@ -46,7 +47,11 @@ struct FarmJob
     Time                   started;        ///< 0 before the start.
     Time                   ended;          ///< 0 before the end.
     JobOutput              output;
+    JobFrames              frames;
 };
+
+/// In whole seconds: the fraction of a short time would jump about.
+String ElapsedText(Time elapsed);
 
 /// "Orbit: Running, 34 %". One line, however long or odd the name is.
 String JobCaption(const FarmJob& job);

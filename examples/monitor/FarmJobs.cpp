@@ -92,6 +92,7 @@ void FarmJobs::ApplyOutput(const FarmChanges& changes, News& news)
         for (const String& line : output.lines)
         {
             kept.Add(line);
+            found->second->frames.Add(line);
         }
         news.changed.insert(id);
     }

@@ -1,6 +1,7 @@
 #include "monitor/JobPanel.h"
 
 #include "monitor/FarmJobs.h"
+#include "monitor/JobColors.h"
 #include "monitor/JobCommands.h"
 #include "monitor/JobDetails.h"
 #include "monitor/PanelMemory.h"
@@ -20,20 +21,6 @@ namespace
 {
 constexpr int kIndent = 20; // pixels, of the content
 constexpr int kGap = 6;     // pixels
-
-const String& ColorOf(const FarmJob& job)
-{
-    if (job.state == state_Running)
-    {
-        return color_TextGreen;
-    }
-    if (job.state == state_Failed)
-    {
-        return color_TextRed;
-    }
-    return job.state == state_Killed || job.state == state_Suspended ? color_TextOrange
-                                                                     : color_Text;
-}
 } // namespace
 
 JobPanel::JobPanel(wxWindow* parent, const FarmJobs& jobs, const FarmJob& job, OpenJob open)
@@ -70,7 +57,7 @@ void JobPanel::ShowCaption(const FarmJob& job)
     wxWindow* const caption = FindWindow(id_Caption);
     if (auto* const colors = dynamic_cast<wxtColorManaged*>(caption))
     {
-        colors->m_ForegroundName = ColorOf(job);
+        colors->m_ForegroundName = ColorOfState(job.state);
         colors->RefreshColors();
     }
     caption->SetLabel(m_CollapsedCaption);

@@ -29,7 +29,7 @@ JobsView::JobsView(wxWindow* parent, FarmJobs& jobs, JobPanel::OpenJob open)
     sizer->Add(m_Note, 0, wxEXPAND | wxALL, kBorder);
     sizer->Add(m_Pane, 1, wxEXPAND | wxLEFT, kBorder);
     SetSizer(sizer);
-    ShowNote(0);
+    ShowNote(0, 0);
     m_Jobs.Changed.Connect(this, [this](const FarmJobs::News& news) { OnNews(news); });
 }
 
@@ -81,11 +81,12 @@ void JobsView::RefreshList()
         const auto panel = m_Panels.find(job.id);
         return panel != m_Panels.end() && panel->second->IsExpanded();
     };
-    const std::vector<const FarmJob*> shown = SelectJobs(m_Jobs.InOrder(), k_MostPanels, isOpen);
+    const std::vector<const FarmJob*> all = Candidates();
+    const std::vector<const FarmJob*> shown = SelectJobs(all, k_MostPanels, isOpen);
     Freeze();
     DropPanels(shown);
     ArrangePanels(shown);
-    ShowNote(shown.size());
+    ShowNote(shown.size(), all.size());
     Thaw();
 }
 
@@ -134,19 +135,41 @@ void JobsView::ArrangePanels(const std::vector<const FarmJob*>& shown)
     }
 }
 
-void JobsView::ShowNote(size_t shown)
+void JobsView::ShowNote(size_t shown, size_t all)
 {
-    const size_t all = m_Jobs.InOrder().size();
-    if (all == 0)
+    if (m_Jobs.InOrder().empty())
     {
         m_Note->SetLabel(wxGetTranslation("No jobs yet. Submit one with Ctrl+N."));
     }
     else if (shown < all)
     {
         m_Note->SetLabel(wxString::Format(
-            wxGetTranslation("%zu of %zu jobs: the active ones and those that changed last"), shown,
-            all));
+            m_Only.empty() ? wxGetTranslation("%zu of %zu jobs: the active ones and the latest")
+                           : wxGetTranslation("%zu of %zu selected jobs"),
+            shown, all));
     }
-    m_Note->Show(shown < all || all == 0);
+    m_Note->Show(shown < all || m_Jobs.InOrder().empty());
     Layout();
+}
+
+void JobsView::ShowOnly(std::vector<String> ids)
+{
+    if (ids != m_Only)
+    {
+        m_Only = std::move(ids);
+        m_IsListStale = true;
+    }
+}
+
+std::vector<const FarmJob*> JobsView::Candidates() const
+{
+    std::vector<const FarmJob*> jobs;
+    for (const String& id : m_Only)
+    {
+        if (const FarmJob* const job = m_Jobs.Find(id))
+        {
+            jobs.push_back(job);
+        }
+    }
+    return jobs.empty() ? m_Jobs.InOrder() : jobs;
 }

@@ -12,8 +12,9 @@
 class ScrolledPane;
 class wxtStaticText;
 
-/// The farm's jobs, one expandable panel each, the latest first. Of very many only some are shown,
-/// and it says so. However fast the news come, it shows them four times a second.
+/// Jobs in detail, one expandable panel each, the latest first: those that are chosen, or all of
+/// the farm when none is. Of very many only some are shown, and it says so. However fast the news
+/// come, it shows them four times a second.
 class JobsView : public wxtPanel, private wxTimed, private HasSlots
 {
 public:
@@ -23,6 +24,9 @@ public:
     JobsView(wxWindow* parent, FarmJobs& jobs, JobPanel::OpenJob open);
     ~JobsView() override;
 
+    /// Shows these jobs only; all when there are none.
+    void ShowOnly(std::vector<String> ids);
+
     void SetFocus() override;
 
 private:
@@ -31,13 +35,16 @@ private:
     void RefreshList();
     void DropPanels(const std::vector<const FarmJob*>& shown);
     void ArrangePanels(const std::vector<const FarmJob*>& shown);
-    void ShowNote(size_t shown);
+    void ShowNote(size_t shown, size_t all);
+
+    std::vector<const FarmJob*> Candidates() const;
 
     FarmJobs&                   m_Jobs;
     JobPanel::OpenJob           m_Open;
     wxtStaticText*              m_Note = nullptr;
     ScrolledPane*               m_Pane = nullptr;
     std::map<String, JobPanel*> m_Panels; ///< By the job's identifier.
+    std::vector<String>         m_Only;   ///< Identifiers; empty: all jobs.
     bool                        m_IsListStale = true;
     std::set<String>            m_Stale; ///< Identifiers of jobs that have changed.
 };

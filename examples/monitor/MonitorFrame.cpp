@@ -1,7 +1,8 @@
 #include "monitor/MonitorFrame.h"
 
+#include "monitor/ChartStrip.h"
 #include "monitor/FarmHeader.h"
-#include "monitor/JobsView.h"
+#include "monitor/JobsPane.h"
 #include "monitor/LiveLog.h"
 #include "monitor/MonitorMenus.h"
 #include "monitor/SubmitDlg.h"
@@ -22,13 +23,14 @@
 namespace
 {
 constexpr size_t  kLinesAtOnce = 20000; // between two looks at the user's events
-constexpr int     kJobsHeight = 300;    // pixels, before the user has chosen
+constexpr int     kBorder = 8;          // pixels
+constexpr int     kJobsHeight = 400;    // pixels, before the user has chosen
 constexpr int     kSashStep = 40;       // pixels
 constexpr int     kEndAgain = 20;       // milliseconds
 const char* const kViewName = "MainView";
 const char* const kQuitQuestion = "QuitWhileJobsRun";
 
-const wxSize kFirstSize(1000, 700);   // pixels, before the user has chosen
+const wxSize kFirstSize(1100, 800);   // pixels, before the user has chosen
 const wxSize kSmallestSize(560, 320); // pixels
 } // namespace
 
@@ -73,11 +75,12 @@ void MonitorFrame::BuildViews()
     auto* const panel = new wxtPanel(this);
     m_Header = new FarmHeader(panel);
     m_Splitter = new PaneSplitter(panel, kViewName);
-    auto* const jobs =
-        new JobsView(m_Splitter, m_Program.jobs, [this](const String& id) { m_Windows.Open(id); });
-    m_Splitter->Split(jobs, BuildLog(m_Splitter), kJobsHeight);
+    m_Jobs =
+        new JobsPane(m_Splitter, m_Program.jobs, [this](const String& id) { m_Windows.Open(id); });
+    m_Splitter->Split(m_Jobs, BuildLog(m_Splitter), kJobsHeight);
     auto* const views = new wxBoxSizer(wxVERTICAL);
     views->Add(m_Header, 0, wxEXPAND);
+    views->Add(new ChartStrip(panel, m_Program.jobs), 0, wxEXPAND | wxLEFT, kBorder);
     views->Add(m_Splitter, 1, wxEXPAND);
     panel->SetSizer(views);
     auto* const whole = new wxBoxSizer(wxVERTICAL);
@@ -195,6 +198,7 @@ void MonitorFrame::OnClose(wxCloseEvent& event)
         event.Veto();
         return;
     }
+    m_Jobs->SaveLayout();
     m_Splitter->SaveSash();
     SaveWindowPosition();
     event.Skip();

@@ -12,6 +12,7 @@
 #include <memory>
 
 class FarmHeader;
+class JobsPane;
 class LiveLog;
 class PaneSplitter;
 
@@ -54,6 +55,7 @@ private:
     JobWindows    m_Windows;
     FarmHeader*   m_Header = nullptr;
     PaneSplitter* m_Splitter = nullptr;
+    JobsPane*     m_Jobs = nullptr;
     LiveLog*      m_Log = nullptr;
     bool          m_Connected = false;
     bool          m_OutputSeen = false; ///< A job's output has been shown.

@@ -33,6 +33,7 @@ protected:
         Frame()->Layout();
         m_Input.MouseMove(kAway);
         m_Panel->SetSize(Frame()->GetClientSize());
+        m_Panel->Layout();
         Focus(m_Field);
     }
 
