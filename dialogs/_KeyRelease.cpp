@@ -2,10 +2,9 @@
 
 namespace
 {
-bool IsKey(const wxEvent& event, wxEventType type, int keyCode)
+int KeyCodeOf(const wxEvent& event)
 {
-    return event.GetEventType() == type &&
-           static_cast<const wxKeyEvent&>(event).GetKeyCode() == keyCode;
+    return static_cast<const wxKeyEvent&>(event).GetKeyCode();
 }
 } // namespace
 
@@ -20,9 +19,18 @@ void _KeyRelease::Swallow(int keyCode)
     s_Filter.Expect(keyCode);
 }
 
+// Whether one of them is down now does not matter: its release may be waiting already.
+void _KeyRelease::SwallowClicks()
+{
+    for (const int key : {WXK_RETURN, WXK_NUMPAD_ENTER, WXK_SPACE})
+    {
+        Swallow(key);
+    }
+}
+
 void _KeyRelease::Expect(int keyCode)
 {
-    m_KeyCode = keyCode;
+    m_KeyCodes.insert(keyCode);
     if (!m_Active)
     {
         wxEvtHandler::AddFilter(this);
@@ -41,15 +49,19 @@ void _KeyRelease::Stop()
 
 int _KeyRelease::FilterEvent(wxEvent& event)
 {
-    if (IsKey(event, wxEVT_KEY_UP, m_KeyCode))
+    if (event.GetEventType() == wxEVT_CHAR_HOOK)
+    {
+        m_KeyCodes.erase(KeyCodeOf(event)); // pressed anew; the release went to nobody
+        return Event_Skip;
+    }
+    if (event.GetEventType() != wxEVT_KEY_UP || m_KeyCodes.erase(KeyCodeOf(event)) == 0)
+    {
+        return Event_Skip;
+    }
+    if (m_KeyCodes.empty())
     {
         // The toolkit asks no further filter after this answer: this one may go.
         Stop();
-        return Event_Processed;
     }
-    if (IsKey(event, wxEVT_CHAR_HOOK, m_KeyCode))
-    {
-        m_KeyCode = WXK_NONE; // pressed anew; the release went to nobody
-    }
-    return Event_Skip;
+    return Event_Processed;
 }

@@ -3,16 +3,21 @@
 #include <wx/event.h>
 #include <wx/eventfilter.h>
 
-/// Keeps the release of a key whose press a dialog has taken from whatever window has the focus by
-/// then. Themed buttons are clicked on the release: the Enter that ends a dialog must not click the
-/// button behind it, however late that gets to see the release. Main thread.
+#include <set>
+
+/// Keeps the release of a key from whatever window has the focus by then, if its press was for
+/// another. Themed buttons are clicked on the release: neither must the Enter that ends a dialog
+/// click the button behind it, however late that gets to see the release, nor the Enter that chose
+/// a menu's entry the first button of the dialog that opens. Main thread.
 class _KeyRelease : public wxEventFilter
 {
 public:
     ~_KeyRelease() override;
 
-    /// The next release of that key reaches no window of the program.
+    /// The next release of that key, unless it is pressed anew, reaches no window of the program.
     static void Swallow(int keyCode);
+    /// The same for every key that clicks a button.
+    static void SwallowClicks();
 
     int FilterEvent(wxEvent& event) override;
 
@@ -20,6 +25,6 @@ private:
     void Expect(int keyCode);
     void Stop();
 
-    int  m_KeyCode = WXK_NONE;
-    bool m_Active = false;
+    std::set<int> m_KeyCodes;
+    bool          m_Active = false;
 };

@@ -1,5 +1,6 @@
 #include "dialogs/wxTolvanDlg.h"
 
+#include "dialogs/_KeyRelease.h"
 #include "shell/_Geometry.h"
 #include "shell/wxTolvanFrame.h"
 #include "vesta/CallEntry.h"
@@ -216,6 +217,7 @@ void wxTolvanDlg::OnInit(wxInitDialogEvent& event)
     Layout();
     Fit();
     RestorePosition();
+    _KeyRelease::SwallowClicks();
     event.Skip();
     if (wxWindow* const control = FirstControl(*this))
     {

@@ -56,6 +56,32 @@ TEST_F(DialogTest, EnterClicksNothingBehindTheDialog)
     EXPECT_TRUE(WaitFor([&clicks] { return clicks.Count() == 1; }));
 }
 
+// The Enter that opened it from a menu, for one: its release may be waiting when the dialog opens.
+TEST_F(DialogTest, AKeyPressedBeforeADialogOpensClicksNothingInIt)
+{
+    wxTolvanDlg dialog(Frame(), "", "", true);
+    auto* const close = new wxtButton(&dialog, wxID_OK, "Close");
+    dialog.StartControls()->Add(close);
+    auto* const  field = new wxTextCtrl(Frame(), wxID_ANY);
+    EventCounter presses(field, wxEVT_CHAR_HOOK);
+    EventCounter releases(close, wxEVT_KEY_UP);
+    field->SetFocus();
+    EXPECT_TRUE(WaitForFocus(field));
+    wxUIActionSimulator().KeyDown(WXK_RETURN);
+    EXPECT_TRUE(WaitFor([&] { return presses.Count() > 0; }));
+    wxUIActionSimulator().KeyUp(WXK_RETURN);
+    Run(dialog,
+        [&]
+        {
+            EXPECT_TRUE(WaitForFocus(close));
+            wxUIActionSimulator().Char('X'); // comes after it
+            EXPECT_TRUE(WaitFor([&] { return releases.Count() > 0; }));
+            EXPECT_TRUE(dialog.IsModal());
+            wxUIActionSimulator().Char(WXK_SPACE); // a press of its own
+        });
+    EXPECT_EQ(wxID_OK, dialog.GetReturnCode());
+}
+
 // On the stack, one over the other: whoever runs a modal dialog also ends its life.
 TEST_F(DialogTest, CloseAllEndsModalDialogsToo)
 {
