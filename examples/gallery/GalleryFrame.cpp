@@ -1,0 +1,64 @@
+#include "gallery/GalleryFrame.h"
+
+#include "gallery/GallerySections.h"
+
+#include "appearance/wxtStockControls.h"
+#include "common/ColorMenu.h"
+
+#include <wx/menu.h>
+#include <wx/sizer.h>
+
+namespace
+{
+constexpr int kBorder = 10; // pixels
+constexpr int kColumns = 2;
+
+const struct
+{
+    const char*    title;
+    GallerySection add;
+} kSections[] = {
+    {"Buttons", AddButtons}, {"Check boxes and radio buttons", AddBoxes},
+    {"Panels", AddPanels},   {"Charts", AddCharts},
+    {"List", AddList},       {"Text lines", AddText},
+};
+} // namespace
+
+GalleryFrame::GalleryFrame() : wxTolvanFrame("Tolvan Gallery")
+{
+    auto* const view = new wxMenu;
+    view->AppendSubMenu(new ColorMenu(this), "&Colours");
+    auto* const bar = new wxMenuBar;
+    bar->Append(view, "&View");
+    SetMenuBar(bar);
+
+    auto* const panel = new wxtPanel(this);
+    panel->SetSizer(BuildSections(panel));
+    auto* const whole = new wxBoxSizer(wxVERTICAL);
+    whole->Add(panel, 1, wxEXPAND);
+    SetSizerAndFit(whole);
+    m_Built = true;
+}
+
+wxSizer* GalleryFrame::BuildSections(wxWindow* parent)
+{
+    auto* const grid = new wxFlexGridSizer(kColumns, wxSize(kBorder, kBorder));
+    for (int column = 0; column < kColumns; ++column)
+    {
+        grid->AddGrowableCol(static_cast<size_t>(column), 1);
+    }
+    for (const auto& section : kSections)
+    {
+        auto* const sizer = new wxBoxSizer(wxVERTICAL);
+        auto* const title = new wxtStaticText(parent, wxID_ANY, section.title);
+        title->SetFont(title->GetFont().Bold());
+        title->m_ForegroundName = color_TextGrey;
+        title->RefreshColors();
+        sizer->Add(title, 0, wxBOTTOM, kBorder);
+        section.add(parent, sizer);
+        grid->Add(sizer, 1, wxEXPAND);
+    }
+    auto* const framed = new wxBoxSizer(wxVERTICAL);
+    framed->Add(grid, 1, wxEXPAND | wxALL, kBorder);
+    return framed;
+}
