@@ -41,7 +41,11 @@ bool wxDBListBody::SelectRange(int first, int last, const wxPoint& point)
 int wxDBListBody::ProcessSelection(const wxMouseEvent& event, bool& alive)
 {
     CALL_ENTRY("wxDBListBody::ProcessSelection");
-    const int row = Geometry().RowAt(event.GetY());
+    return SelectRow(event, Geometry().RowAt(event.GetY()), alive);
+}
+
+int wxDBListBody::SelectRow(const wxMouseEvent& event, int row, bool& alive)
+{
     if (event.ShiftDown() && m_Anchor >= 0)
     {
         alive = SelectRange(std::min(m_Anchor, row), std::max(m_Anchor, row), event.GetPosition());
@@ -139,7 +143,8 @@ void wxDBListBody::MoveAnchor(int step, const wxKeyEvent& event)
     wxMouseEvent click;
     click.SetPosition(GetItemRect(m_Anchor).GetPosition());
     bool alive = true;
-    ProcessSelection(click, alive);
+    // The row may be too far out of sight to be found from its place again.
+    SelectRow(click, m_Anchor, alive);
     if (alive)
     {
         ShowAnchor();

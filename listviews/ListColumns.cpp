@@ -15,14 +15,16 @@ const char* const kSeparator = ", ";
 
 int WidthOrDefault(int width)
 {
-    return width < 0 ? _ListGeometry::k_DefaultWidth : width;
+    return width < 0 ? _ListGeometry::k_DefaultWidth
+                     : std::min(width, _ListGeometry::k_MostWidth);
 }
 
 // A text that is no number, too, gives a column that can be seen.
 int StoredWidth(const String& text)
 {
     const long long width = text.Trim().ToInt(0);
-    return static_cast<int>(std::clamp<long long>(width, _ListGeometry::k_LeastWidth, INT_MAX));
+    return static_cast<int>(std::clamp<long long>(width, _ListGeometry::k_LeastWidth,
+                                                  _ListGeometry::k_MostWidth));
 }
 } // namespace
 
@@ -141,7 +143,8 @@ void wxDBListCtrl::SetHeaderImages(const std::vector<wxBitmapBundle>& images)
 
 void wxDBListCtrl::ChangeWidth(int index, int width)
 {
-    m_Columns[static_cast<size_t>(index)].width = std::max(width, 0);
+    m_Columns[static_cast<size_t>(index)].width =
+        std::clamp(width, 0, _ListGeometry::k_MostWidth);
     m_Body->m_ContentWidth = _ContentWidth(m_Body->Geometry().widths);
 }
 

@@ -7,9 +7,11 @@
 
 namespace
 {
+// Far enough away to be out of sight, and near enough for rectangles to be joined.
 int Within(long long pixels)
 {
-    return static_cast<int>(std::clamp<long long>(pixels, INT_MIN / 2, INT_MAX / 2));
+    constexpr long long kFar = 1 << 29;
+    return static_cast<int>(std::clamp(pixels, -kFar, kFar));
 }
 
 // Of the columns before that one.

@@ -13,6 +13,7 @@ struct TOLVAN_API _ListGeometry
 {
     static constexpr int k_EdgeReach = 3;      ///< Pixels on either side of a column's edge.
     static constexpr int k_LeastWidth = 20;    ///< Pixels of a column that is resized.
+    static constexpr int k_MostWidth = 1 << 24; ///< Pixels; sums of them stay countable.
     static constexpr int k_DefaultWidth = 100; ///< Pixels of a column without a width.
 
     int              rowHeight = 1; ///< Pixels, at least 1.

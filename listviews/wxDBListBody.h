@@ -58,6 +58,7 @@ private:
     /// What a click or a key on the row at the event's place selects; -1 when there is no row. Sets
     /// `alive` to false when the list has gone.
     int  ProcessSelection(const wxMouseEvent& event, bool& alive);
+    int  SelectRow(const wxMouseEvent& event, int row, bool& alive);
     bool SelectRange(int first, int last, const wxPoint& point);
     void MoveAnchor(int step, const wxKeyEvent& event);
     void ShowAnchor();

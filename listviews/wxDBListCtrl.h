@@ -67,7 +67,7 @@ public:
     virtual void     DoClear(); ///< Drops the rows' data.
     /// @}
 
-    /// Columns. A width is in pixels.
+    /// Columns. A width is in pixels, at most 16,777,216.
     /// @{
     void   AddColumn(const ColumnHeader& column);
     void   AddColumn(int type, const String& label, int width);

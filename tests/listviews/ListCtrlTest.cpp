@@ -253,7 +253,7 @@ TEST_F(ListCtrlTest, WidthsAreStoredAndRestored)
                        {"70", {70, 20, 20}},
                        {"", {70, 20, 20}},
                        {"1,,33x,9,9", {20, 20, 33}},
-                       {"-5, 99999999999", {20, INT_MAX, 33}}};
+                       {"-5, 99999999999", {20, 1 << 24, 33}}};
     for (const auto& c : cases)
     {
         options.SetValue("Lists", "jobs", c.stored);
