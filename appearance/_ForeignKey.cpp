@@ -20,14 +20,10 @@ void _ForeignKey::OnFocus()
     }
 }
 
-void _ForeignKey::OnCharHook(const wxKeyEvent& event)
+void _ForeignKey::OnPress(wxKeyEvent& event)
 {
-    m_Key = event.GetKeyCode();
-}
-
-void _ForeignKey::OnKeyDown()
-{
-    m_Key = WXK_NONE;
+    event.Skip();
+    m_Key = event.GetEventType() == wxEVT_CHAR_HOOK ? event.GetKeyCode() : int{WXK_NONE};
 }
 
 bool _ForeignKey::EndsWith(const wxKeyEvent& event)

@@ -11,9 +11,10 @@
 class TOLVAN_API _ForeignKey
 {
 public:
-    void OnFocus();                           ///< The control has got the focus.
-    void OnCharHook(const wxKeyEvent& event); ///< A press, before anybody has taken it.
-    void OnKeyDown();                         ///< A press that nobody has taken.
+    void OnFocus(); ///< The control has got the focus.
+    /// A press: told twice, before anybody has taken it (`wxEVT_CHAR_HOOK`) and, when nobody has,
+    /// again (`wxEVT_KEY_DOWN`). Lets it pass.
+    void OnPress(wxKeyEvent& event);
     /// Whether the release is somebody else's; forgets the press.
     bool EndsWith(const wxKeyEvent& event);
 

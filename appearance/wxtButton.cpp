@@ -268,15 +268,7 @@ void wxtButton::GiveRoleBack()
 
 void wxtButton::KeyDown(wxKeyEvent& event)
 {
-    event.Skip();
-    if (event.GetEventType() == wxEVT_CHAR_HOOK)
-    {
-        m_ForeignKey->OnCharHook(event);
-    }
-    else
-    {
-        m_ForeignKey->OnKeyDown();
-    }
+    m_ForeignKey->OnPress(event);
 }
 
 void wxtButton::Key(wxKeyEvent& event)

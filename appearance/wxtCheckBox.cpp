@@ -166,15 +166,7 @@ void wxtCheckBox::Focus(wxFocusEvent& event)
 
 void wxtCheckBox::KeyDown(wxKeyEvent& event)
 {
-    event.Skip();
-    if (event.GetEventType() == wxEVT_CHAR_HOOK)
-    {
-        m_ForeignKey->OnCharHook(event);
-    }
-    else
-    {
-        m_ForeignKey->OnKeyDown();
-    }
+    m_ForeignKey->OnPress(event);
 }
 
 void wxtCheckBox::Press(wxKeyEvent& event)
