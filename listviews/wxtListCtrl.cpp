@@ -12,6 +12,12 @@
 
 struct wxtListCtrl::Row
 {
+    Row() = default;
+    // Fonts and colours don't promise that moving never throws; without the promise all rows would
+    // be copied, with their texts, whenever there are too many for their place.
+    Row(Row&&) noexcept = default;
+    Row& operator=(Row&&) noexcept = default;
+
     std::vector<String> cells;
     wxFont              font;
     wxColour            colour;
