@@ -2,6 +2,8 @@
 
 #include "vesta/Export.h"
 
+class wxBitmap;
+class wxImage;
 class wxWindow;
 struct _PangoContext;
 
@@ -14,3 +16,8 @@ TOLVAN_API void _UseSolidScrollbars(wxWindow& window);
 /// What the port lays out texts for the screen with; the caller owns the reference. Null where the
 /// port does not tell.
 TOLVAN_API _PangoContext* _ScreenTextContext();
+
+/// Replaces the picture of a bitmap that is as large as the image (pixels of the screen), without
+/// transparency. False where that is not possible: the bitmap has to be made anew from the image,
+/// which takes several times as long.
+TOLVAN_API bool _ReplacePixels(wxBitmap& bitmap, const wxImage& image);

@@ -30,7 +30,7 @@ public:
     void Fill(int x, int y, int width, int height, const Pixel& colour)
     {
         Each(x, y, width, height,
-             [&colour](unsigned char* p) { std::copy_n(colour.data(), 3, p); });
+             [colour](unsigned char* p) { std::copy_n(colour.data(), colour.size(), p); });
     }
     void Fill(int x, int y, int width, int height, const wxColour& colour)
     {
@@ -56,12 +56,14 @@ public:
 private:
     template <class Work> void Each(int x, int y, int width, int height, Work work)
     {
-        const wxRect area =
-            wxRect(x, y, std::max(width, 0), std::max(height, 0)).Intersect(wxRect(m_Size));
-        for (int row = area.y; row < area.y + area.height; ++row)
+        const int left = std::max(x, 0);
+        const int top = std::max(y, 0);
+        const int right = std::min(x + width, m_Size.x);
+        const int bottom = std::min(y + height, m_Size.y);
+        for (int row = top; row < bottom; ++row)
         {
-            unsigned char* pixel = m_Data + 3 * (static_cast<size_t>(row) * m_Size.x + area.x);
-            for (int column = 0; column < area.width; ++column, pixel += 3)
+            unsigned char* pixel = m_Data + 3 * (static_cast<size_t>(row) * m_Size.x + left);
+            for (int column = left; column < right; ++column, pixel += 3)
             {
                 work(pixel);
             }
@@ -94,11 +96,18 @@ void DrawEmpty(Raster& raster, const _BarColours& colours)
 // the other column half-way.
 void DrawOutline(Raster& raster, int x, int top, int before)
 {
-    const int rows = std::abs(before - top);
-    const int step = before < top ? -1 : 1;
-    for (int i = 0; i < std::max(rows, 1); ++i)
+    const int length = std::max(std::abs(before - top), 1);
+    const int own = std::min(length / 2 + 1, length); // pixels in the bar's own column
+    const int other = length - own;
+    if (before < top)
     {
-        raster.Fill(2 * i > rows ? x + 1 : x, top + i * step, 1, 1, kLightBlue);
+        raster.Fill(x, top - own + 1, 1, own, kLightBlue);
+        raster.Fill(x + 1, before + 1, 1, other, kLightBlue);
+    }
+    else
+    {
+        raster.Fill(x, top, 1, own, kLightBlue);
+        raster.Fill(x + 1, top + own, 1, other, kLightBlue);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "textviews/wxBarHistoryCtrl.h"
 
+#include "appearance/_Port.h"
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
 #include "textviews/_BarChart.h"
@@ -64,6 +65,7 @@ bool wxBarHistoryCtrl::Create(wxWindow* parent, int id, const wxPoint& position,
     {
         return false;
     }
+    m_Attributes = wxControl::GetDefaultAttributes();
     _Init();
     return true;
 }
@@ -179,7 +181,6 @@ void wxBarHistoryCtrl::OnPaint(wxPaintEvent&)
 void wxBarHistoryCtrl::Render()
 {
     const wxSize size = GetClientSize();
-    m_Bitmap = wxBitmap();
     if (size.x < 1 || size.y < 1)
     {
         return;
@@ -190,7 +191,11 @@ void wxBarHistoryCtrl::Render()
     {
         image.Rescale(size.x * scale, size.y * scale, wxIMAGE_QUALITY_NEAREST);
     }
-    m_Bitmap = wxBitmap(image, wxBITMAP_SCREEN_DEPTH, scale);
+    const bool fits = m_Bitmap.IsOk() && m_Bitmap.GetScaleFactor() == scale;
+    if (!fits || !_ReplacePixels(m_Bitmap, image))
+    {
+        m_Bitmap = wxBitmap(image, wxBITMAP_SCREEN_DEPTH, scale);
+    }
     m_Dirty = false;
 }
 

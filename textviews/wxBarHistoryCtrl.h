@@ -44,6 +44,8 @@ public:
     static int Scale(uint32_t value, uint32_t lower, uint32_t upper, int extent);
 
     bool AcceptsFocus() const override { return false; }
+    /// Asked for at every paint, and slow to find.
+    wxVisualAttributes GetDefaultAttributes() const override { return m_Attributes; }
 
 private:
     void _Init();
@@ -65,6 +67,7 @@ private:
     String                       m_TooltipPrefix;
     String                       m_TooltipSuffix;
     Time                         m_PeakTime;
+    wxVisualAttributes           m_Attributes; ///< The toolkit's, which nothing is drawn with.
 
     wxDECLARE_EVENT_TABLE();
 };

@@ -340,12 +340,13 @@ private:
         const wxSize          size = GetClientSize();
         dc.SetBackground(*wxBLACK_BRUSH);
         dc.Clear();
-        dc.SetPen(*wxBLUE_PEN);
+        dc.SetPen(*wxTRANSPARENT_PEN);
+        dc.SetBrush(*wxBLUE_BRUSH);
         int x = size.x - 1;
         for (auto value = m_Values.begin(); value != m_Values.end() && x >= 0; ++value, --x)
         {
             const int height = static_cast<int>(*value) * size.y / static_cast<int>(kChartTop);
-            dc.DrawLine(x, size.y - height, x, size.y);
+            dc.DrawRectangle(x, size.y - height, 1, height);
         }
         ++m_Painted;
     }
