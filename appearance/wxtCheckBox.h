@@ -86,11 +86,17 @@ public:
     void        DrawButton(wxDC& dc, const wxRect& rect, int flags) override;
     wxEventType ClickEventType() const override;
     void        HandleClick() override;
+    bool        Show(bool show = true) override;
+
+protected:
+    void DoEnable(bool enabled) override;
 
 private:
     void ArrowKey(wxKeyEvent& event);
 
     bool StartsGroup() const { return HasFlag(wxRB_GROUP); }
+    bool IsUsableAndChecked() const;
+    void UpdateTabStops();
     /// The others of the group: those before it, the nearest first, and those after it.
     std::vector<wxtRadioButton*> GroupBefore() const;
     std::vector<wxtRadioButton*> GroupAfter() const;

@@ -57,6 +57,10 @@ wxtRadioButton::wxtRadioButton(wxWindow* parent, wxWindowID id, const wxString& 
     {
         SetValue(true);
     }
+    else
+    {
+        UpdateTabStops();
+    }
 }
 
 std::vector<wxtRadioButton*> wxtRadioButton::GroupBefore() const
@@ -93,7 +97,12 @@ std::vector<wxtRadioButton*> wxtRadioButton::GroupAfter() const
 void wxtRadioButton::SetValue(bool value)
 {
     CALL_ENTRY("wxtRadioButton::SetValue");
+    const bool wasChecked = GetValue();
     wxtCheckBox::SetValue(value);
+    if (wasChecked && !value)
+    {
+        UpdateTabStops();
+    }
     if (!value || SiblingsOf(*this).empty())
     {
         return;
@@ -106,10 +115,51 @@ void wxtRadioButton::SetValue(bool value)
     {
         other->SetValue(false);
     }
+    SetCanFocus(true);
     if (!HasFocus())
     {
         SetFocus();
     }
+    UpdateTabStops();
+}
+
+bool wxtRadioButton::IsUsableAndChecked() const
+{
+    return GetValue() && IsThisEnabled() && IsShown();
+}
+
+// The Tab key comes to the checked one of a group only, as long as that can be used; the arrow keys
+// lead to the others.
+void wxtRadioButton::UpdateTabStops()
+{
+    if (HasFlag(wxRB_SINGLE))
+    {
+        return;
+    }
+    std::vector<wxtRadioButton*>       group = GroupBefore();
+    const std::vector<wxtRadioButton*> after = GroupAfter();
+    group.insert(group.end(), after.begin(), after.end());
+    group.push_back(this);
+    const bool isOneUsable =
+        std::any_of(group.begin(), group.end(),
+                    [](const wxtRadioButton* button) { return button->IsUsableAndChecked(); });
+    for (wxtRadioButton* const button : group)
+    {
+        button->SetCanFocus(!isOneUsable || button->IsUsableAndChecked());
+    }
+}
+
+void wxtRadioButton::DoEnable(bool enabled)
+{
+    wxtCheckBox::DoEnable(enabled);
+    UpdateTabStops();
+}
+
+bool wxtRadioButton::Show(bool show)
+{
+    const bool isOther = wxtCheckBox::Show(show);
+    UpdateTabStops();
+    return isOther;
 }
 
 void wxtRadioButton::DrawButton(wxDC& dc, const wxRect& rect, int flags)

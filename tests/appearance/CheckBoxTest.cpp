@@ -141,4 +141,13 @@ TEST_F(CheckBoxTest, CheckingARadioButtonClearsItsGroupOnly)
     m_Input.Char(WXK_UP);
     ASSERT_TRUE(WaitFor([&] { return events.Count() == 3; }));
     EXPECT_EQ("..x.x.", Checked(buttons));
+
+    // The Tab key comes to a group once, wherever it is checked, and to any while none is.
+    m_Input.Char(WXK_TAB);
+    EXPECT_TRUE(WaitFor([&] { return buttons[4]->HasFocus(); }));
+    m_Input.Char(WXK_TAB);
+    EXPECT_TRUE(WaitFor([&] { return buttons[5]->HasFocus(); }));
+    buttons[4]->Disable();
+    m_Input.Char(WXK_TAB, wxMOD_SHIFT);
+    EXPECT_TRUE(WaitFor([&] { return buttons[3]->HasFocus(); })) << "the checked one is disabled";
 }
