@@ -6,8 +6,10 @@
 #include "common/Question.h"
 #include "dialogs/wxConfirmDlg.h"
 #include "vesta/Exception.h"
+#include "vesta/File.h"
 
 #include <wx/intl.h>
+#include <wx/utils.h>
 
 namespace
 {
@@ -23,6 +25,20 @@ Question StopQuestion(const Job& job)
             wxString::Format(
                 wxGetTranslation("Stop the job \"%s\"?\nWhat it has done so far stays."), name),
             wxGetTranslation("Stop"), wxGetTranslation("Keep Running")};
+}
+
+// Empty when the folder can be shown.
+String FolderProblem(const String& folder)
+{
+    if (folder.empty())
+    {
+        return "The job has no output folder.";
+    }
+    if (!File::IsFolder(folder))
+    {
+        return "The job's output folder is not there:\n" + folder;
+    }
+    return String();
 }
 } // namespace
 
@@ -42,5 +58,19 @@ void StopJob(const boost::shared_ptr<Job>& job, wxWindow* parent)
         wxTolvanMessageBox(wxtToWx(exception->Text() + "\n" + exception->Text2()), kFailure,
                            parent);
         delete exception;
+    }
+}
+
+void OpenOutputFolder(const boost::shared_ptr<Job>& job, wxWindow* parent)
+{
+    const String folder = job->GetParam(p_Folder);
+    String       problem = FolderProblem(folder);
+    if (problem.empty() && !wxLaunchDefaultApplication(wxtToWx(folder)))
+    {
+        problem = "The desktop has no program to show a folder:\n" + folder;
+    }
+    if (!problem.empty())
+    {
+        wxTolvanMessageBox(wxtToWx(problem), kFailure, parent);
     }
 }

@@ -39,6 +39,8 @@ JobList::JobList(wxWindow* parent, FarmJobs& jobs, Actions actions)
     Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent& event) { OnSelect(event, true); });
     Bind(wxEVT_LIST_ITEM_DESELECTED, [this](wxListEvent& event) { OnSelect(event, false); });
     Bind(wxEVT_LIST_ITEM_ACTIVATED, &JobList::OnActivate, this);
+    Bind(wxEVT_LIST_ITEM_RIGHT_CLICK, &JobList::OnRightClick, this);
+    Bind(wxEVT_CONTEXT_MENU, &JobList::OnContextMenu, this);
     Bind(wxEVT_LIST_COL_CLICK, &JobList::OnTitle, this);
     m_Jobs.Changed.Connect(this,
                            [this](const FarmJobs::News& news)
@@ -234,6 +236,29 @@ void JobList::OnActivate(wxListEvent& event)
     {
         m_Actions.open(m_Table.JobAt(row).id);
     }
+}
+
+void JobList::OnRightClick(wxListEvent& event)
+{
+    const int row = static_cast<int>(event.GetIndex());
+    if (m_Table.HasRow(row))
+    {
+        m_Actions.showMenu(m_Table.JobAt(row).id, GetBody()->ClientToScreen(event.GetPoint()));
+    }
+}
+
+// By the keyboard: under the row that it is on. A click of the mouse is the body's.
+void JobList::OnContextMenu(wxContextMenuEvent& event)
+{
+    const int row = GetLastSelect();
+    if (event.GetPosition() != wxDefaultPosition || !IsRowSelected(row))
+    {
+        event.Skip();
+        return;
+    }
+    EnsureVisible(row);
+    m_Actions.showMenu(m_Table.JobAt(row).id,
+                       GetBody()->ClientToScreen(GetBody()->GetItemRect(row).GetBottomLeft()));
 }
 
 void JobList::OnTitle(wxListEvent& event)

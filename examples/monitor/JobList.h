@@ -22,6 +22,8 @@ public:
     {
         std::function<void(const String& id)> open;
         std::function<void()>                 selectionChanged;
+        /// Shows the menu of a job; the place is in screen coordinates.
+        std::function<void(const String& id, const wxPoint& where)> showMenu;
     };
 
     /// `jobs` must outlive the list.
@@ -46,6 +48,8 @@ private:
 
     void OnSelect(wxListEvent& event, bool selected);
     void OnActivate(wxListEvent& event);
+    void OnRightClick(wxListEvent& event);
+    void OnContextMenu(wxContextMenuEvent& event);
     void OnTitle(wxListEvent& event);
 
     FarmJobs&        m_Jobs;

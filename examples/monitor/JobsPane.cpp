@@ -18,8 +18,8 @@ constexpr int     kGap = 4;          // pixels between frames and details
 const char* const kName = "JobsPane";
 } // namespace
 
-JobsPane::JobsPane(wxWindow* parent, FarmJobs& jobs, std::function<void(const String& id)> open)
-    : wxtPanel(parent), m_Splitter(new PaneSplitter(this, kName))
+JobsPane::JobsPane(wxWindow* parent, FarmJobs& jobs, Actions actions)
+    : wxtPanel(parent), m_Actions(std::move(actions)), m_Splitter(new PaneSplitter(this, kName))
 {
     // A selection of thousands is told row by row; it is shown once.
     const auto selectionChanged = [this]
@@ -29,20 +29,19 @@ JobsPane::JobsPane(wxWindow* parent, FarmJobs& jobs, std::function<void(const St
             CallAfter(&JobsPane::ShowSelected);
         }
     };
-    m_List = new JobList(m_Splitter, jobs, {open, selectionChanged});
-    BuildLower(*m_Splitter, jobs, std::move(open));
+    m_List = new JobList(m_Splitter, jobs, {m_Actions.open, selectionChanged, m_Actions.showMenu});
+    BuildLower(*m_Splitter, jobs);
     m_Splitter->Split(m_List, m_Lower, kListHeight);
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(m_Splitter, 1, wxEXPAND);
     SetSizer(sizer);
 }
 
-void JobsPane::BuildLower(PaneSplitter& splitter, FarmJobs& jobs,
-                          std::function<void(const String& id)> open)
+void JobsPane::BuildLower(PaneSplitter& splitter, FarmJobs& jobs)
 {
     m_Lower = new wxtPanel(&splitter);
     m_Frames = new FrameList(m_Lower, jobs);
-    m_Details = new JobsView(m_Lower, jobs, std::move(open));
+    m_Details = new JobsView(m_Lower, jobs, m_Actions.open);
     auto* const sizer = new wxBoxSizer(wxHORIZONTAL);
     sizer->Add(m_Frames, 1, wxEXPAND | wxRIGHT, kGap);
     sizer->Add(m_Details, 1, wxEXPAND);
@@ -53,7 +52,9 @@ void JobsPane::ShowSelected()
 {
     m_IsDue = false;
     const std::vector<String> selected = m_List->SelectedJobs();
-    m_Frames->ShowJob(selected.empty() ? String() : selected.front());
+    const String              first = selected.empty() ? String() : selected.front();
+    m_Actions.selected(first);
+    m_Frames->ShowJob(first);
     m_Details->ShowOnly(selected);
 }
 

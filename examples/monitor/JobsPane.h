@@ -16,18 +16,28 @@ class PaneSplitter;
 class JobsPane : public wxtPanel
 {
 public:
-    /// `jobs` must outlive the pane. `open` opens a job's own window.
-    JobsPane(wxWindow* parent, FarmJobs& jobs, std::function<void(const String& id)> open);
+    /// What the window does with jobs.
+    struct Actions
+    {
+        std::function<void(const String& id)> open; ///< Opens the job's own window.
+        /// The first selected job is another; empty when there is none.
+        std::function<void(const String& id)> selected;
+        /// The user wants the menu of a job; the place is in screen coordinates.
+        std::function<void(const String& id, const wxPoint& where)> showMenu;
+    };
+
+    /// `jobs` must outlive the pane.
+    JobsPane(wxWindow* parent, FarmJobs& jobs, Actions actions);
 
     /// Remembers the widths of the columns and the place of the sash.
     void SaveLayout();
     void SetFocus() override; ///< Gives it to the list of jobs.
 
 private:
-    void BuildLower(PaneSplitter& splitter, FarmJobs& jobs,
-                    std::function<void(const String& id)> open);
+    void BuildLower(PaneSplitter& splitter, FarmJobs& jobs);
     void ShowSelected();
 
+    Actions       m_Actions;
     PaneSplitter* m_Splitter;
     JobList*      m_List;
     wxtPanel*     m_Lower = nullptr;

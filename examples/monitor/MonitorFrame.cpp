@@ -2,6 +2,7 @@
 
 #include "monitor/ChartStrip.h"
 #include "monitor/FarmHeader.h"
+#include "monitor/JobMenu.h"
 #include "monitor/JobsPane.h"
 #include "monitor/LiveLog.h"
 #include "monitor/MonitorMenus.h"
@@ -37,10 +38,12 @@ const wxSize kSmallestSize(560, 320); // pixels
 MonitorFrame::MonitorFrame(const Program& program)
     : wxTolvanFrame(wxGetTranslation("Tolvan Monitor"), wxDefaultPosition, kFirstSize),
       m_Program(program),
-      m_Windows(program.jobs)
+      m_Windows(program.jobs),
+      m_JobMenu(new JobMenu(program.jobs, *this)),
+      m_PopUp(std::make_unique<JobMenu>(program.jobs, *this))
 {
     SetMinSize(kSmallestSize);
-    BuildMonitorMenus(*this);
+    BuildMonitorMenus(*this, m_JobMenu);
     BuildViews();
     BindCommands();
     Bind(wxTOLVAN_CONNECT_EVENT, [this](wxCommandEvent&) { OnConnection(true); });
@@ -68,6 +71,7 @@ void MonitorFrame::BindCommands()
     Bind(
         wxEVT_MENU, [this](wxCommandEvent& event) { m_Log->OnMenu(event); },
         wxTextLineCtrl::id_SelectAll, wxTextLineCtrl::id_Search);
+    Bind(wxEVT_MENU, &MonitorFrame::OnJobCommand, this);
 }
 
 void MonitorFrame::BuildViews()
@@ -76,7 +80,10 @@ void MonitorFrame::BuildViews()
     m_Header = new FarmHeader(panel);
     m_Splitter = new PaneSplitter(panel, kViewName);
     m_Jobs =
-        new JobsPane(m_Splitter, m_Program.jobs, [this](const String& id) { m_Windows.Open(id); });
+        new JobsPane(m_Splitter, m_Program.jobs,
+                     {[this](const String& id) { m_Windows.Open(id); },
+                      [this](const String& id) { m_JobMenu->ShowJob(id); },
+                      [this](const String& id, const wxPoint& where) { ShowJobMenu(id, where); }});
     m_Splitter->Split(m_Jobs, BuildLog(m_Splitter), kJobsHeight);
     auto* const views = new wxBoxSizer(wxVERTICAL);
     views->Add(m_Header, 0, wxEXPAND);
@@ -142,6 +149,25 @@ void MonitorFrame::SetFollowing(bool follow)
     if (follow)
     {
         m_Log->ScrollToBottom();
+    }
+}
+
+void MonitorFrame::ShowJobMenu(const String& id, const wxPoint& where)
+{
+    m_PopUp->ShowJob(id);
+    PopupMenu(m_PopUp.get(), ScreenToClient(where));
+}
+
+void MonitorFrame::OnJobCommand(wxCommandEvent& event)
+{
+    if (event.GetId() == id_OpenJob)
+    {
+        const bool isOfBar = event.GetEventObject() == m_JobMenu;
+        m_Windows.Open((isOfBar ? *m_JobMenu : *m_PopUp).JobId());
+    }
+    else if (!m_JobMenu->TryCommand(event.GetId()) && !m_PopUp->TryCommand(event.GetId()))
+    {
+        event.Skip();
     }
 }
 

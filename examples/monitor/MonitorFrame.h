@@ -12,6 +12,7 @@
 #include <memory>
 
 class FarmHeader;
+class JobMenu;
 class JobsPane;
 class LiveLog;
 class PaneSplitter;
@@ -46,19 +47,23 @@ private:
     void      SetFollowing(bool follow);
     bool      MayQuit();
 
+    void ShowJobMenu(const String& id, const wxPoint& where);
+    void OnJobCommand(wxCommandEvent& event);
     void OnSubmit();
     void OnPreferences();
     void OnAbout();
     void OnClose(wxCloseEvent& event);
 
-    Program       m_Program;
-    JobWindows    m_Windows;
-    FarmHeader*   m_Header = nullptr;
-    PaneSplitter* m_Splitter = nullptr;
-    JobsPane*     m_Jobs = nullptr;
-    LiveLog*      m_Log = nullptr;
-    bool          m_Connected = false;
-    bool          m_OutputSeen = false; ///< A job's output has been shown.
-    wxTimer       m_EndTimer;
-    bool          m_Asking = false; ///< The user is being asked whether to quit.
+    Program                  m_Program;
+    JobWindows               m_Windows;
+    JobMenu*                 m_JobMenu; ///< Of the menu bar; for the selected job.
+    std::unique_ptr<JobMenu> m_PopUp;   ///< For the job that was clicked.
+    FarmHeader*              m_Header = nullptr;
+    PaneSplitter*            m_Splitter = nullptr;
+    JobsPane*                m_Jobs = nullptr;
+    LiveLog*                 m_Log = nullptr;
+    bool                     m_Connected = false;
+    bool                     m_OutputSeen = false; ///< A job's output has been shown.
+    wxTimer                  m_EndTimer;
+    bool                     m_Asking = false; ///< The user is being asked whether to quit.
 };

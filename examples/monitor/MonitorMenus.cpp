@@ -1,5 +1,7 @@
 #include "monitor/MonitorMenus.h"
 
+#include "monitor/JobMenu.h"
+
 #include "common/ColorMenu.h"
 #include "shell/OpenWindows.h"
 #include "textviews/wxTextLineCtrl.h"
@@ -55,12 +57,13 @@ wxMenu* HelpMenu()
 }
 } // namespace
 
-void BuildMonitorMenus(wxFrame& frame)
+void BuildMonitorMenus(wxFrame& frame, JobMenu* jobs)
 {
     auto* const bar = new wxMenuBar;
     bar->Append(FileMenu(), wxGetTranslation("&File"));
     bar->Append(EditMenu(), wxGetTranslation("&Edit"));
     bar->Append(ViewMenu(frame), wxGetTranslation("&View"));
+    bar->Append(jobs, wxGetTranslation("&Job"));
     bar->Append(wxGetOpenWindowMenu(), wxGetTranslation("&Window"));
     bar->Append(HelpMenu(), wxGetTranslation("&Help"));
     frame.SetMenuBar(bar);

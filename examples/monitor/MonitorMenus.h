@@ -1,7 +1,7 @@
 #pragma once
 
+class JobMenu;
 class wxFrame;
-class wxMenu;
 
 /// Command ids of the main window's menus, beside the toolkit's and the text view's own.
 enum MonitorCommand
@@ -11,8 +11,10 @@ enum MonitorCommand
     id_SwitchPane,
     id_MoreJobs,
     id_MoreLog,
-    id_FullScreen
+    id_FullScreen,
+    id_OpenJob
 };
 
-/// Gives the frame its menu bar; the commands are for the frame to bind.
-void BuildMonitorMenus(wxFrame& frame);
+/// Gives the frame its menu bar, which takes over the job menu; the commands are for the frame to
+/// bind.
+void BuildMonitorMenus(wxFrame& frame, JobMenu* jobs);
