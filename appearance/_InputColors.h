@@ -1,0 +1,16 @@
+#pragma once
+
+#include "vesta/Export.h"
+
+class wxWindow;
+class wxtColorManaged;
+
+/// What the input controls have in common.
+
+/// Gives a managed control the colours of a field, whatever its parent's are, and shows them.
+TOLVAN_API void _UseInputColors(wxtColorManaged& control);
+/// The style, without a border unless it asks for one itself.
+TOLVAN_API long _FlatStyle(long style);
+/// Shows the colours of the scheme where a text field has more than those of its text and ground:
+/// its hint, what is selected, the frame of the focus, the list of completions.
+TOLVAN_API void _ColourField(wxWindow& field);

@@ -1,0 +1,100 @@
+#include "appearance/_PortStyle.h"
+
+#include <wx/colour.h>
+#include <wx/string.h>
+#include <wx/window.h>
+
+#include <dlfcn.h>
+#include <glib-object.h>
+
+namespace
+{
+// Style sheets of a priority over that of the toolkit's own.
+constexpr unsigned int kStylePriority = 650;
+
+// By name: the GTK 2 port has none of these.
+template <class Function> Function* PortFunction(const char* name)
+{
+    return reinterpret_cast<Function*>(dlsym(RTLD_DEFAULT, name));
+}
+
+wxString Css(const wxColour& colour)
+{
+    return colour.IsOk() ? colour.GetAsString(wxC2S_CSS_SYNTAX) : wxString("transparent");
+}
+
+// The style sheet that `holder` keeps under `key`, filled with the text. Null: the port has none.
+// `isNew`: it has yet to be added where it is to count.
+void* StyleSheet(GObject* holder, const char* key, const wxString& text, bool& isNew)
+{
+    static auto* const create = PortFunction<void*()>("gtk_css_provider_new");
+    static auto* const load =
+        PortFunction<int(void*, const char*, ssize_t, void*)>("gtk_css_provider_load_from_data");
+    if (!holder || !create || !load)
+    {
+        return nullptr;
+    }
+    void* provider = g_object_get_data(holder, key);
+    isNew = !provider;
+    if (isNew)
+    {
+        provider = create();
+        g_object_set_data_full(holder, key, provider, g_object_unref);
+    }
+    load(provider, text.utf8_str(), -1, nullptr);
+    return provider;
+}
+
+// What the user types into: in a field of several lines it lies inside the scrolled window.
+GObject* InnerWidget(wxWindow& field)
+{
+    auto* const widget = reinterpret_cast<GObject*>(field.GetHandle());
+    const auto  child = PortFunction<void*(void*)>("gtk_bin_get_child");
+    const GType bin = g_type_from_name("GtkScrolledWindow");
+    if (!widget || !child || !bin || !g_type_is_a(G_OBJECT_TYPE(widget), bin))
+    {
+        return widget;
+    }
+    return static_cast<GObject*>(child(widget));
+}
+} // namespace
+
+void _StyleField(wxWindow& field, const _FieldColours& colours)
+{
+    const wxString text =
+        wxString::Format("@define-color placeholder_text_color %s;"
+                         "entry { padding: 0 3px; border-image: none; box-shadow: none; }"
+                         "entry:focus { box-shadow: inset 0 0 0 1px %s; }"
+                         "selection, *:selected { color: %s; background-color: %s; }",
+                         Css(colours.hint), Css(colours.focus), Css(colours.selectedInk),
+                         Css(colours.selectedGround));
+    static auto* const contextOf = PortFunction<void*(void*)>("gtk_widget_get_style_context");
+    static auto* const add =
+        PortFunction<void(void*, void*, unsigned int)>("gtk_style_context_add_provider");
+    GObject* const widget = InnerWidget(field);
+    bool           isNew = false;
+    void* const    sheet = StyleSheet(widget, "tolvan-field-style", text, isNew);
+    if (sheet && isNew && contextOf && add)
+    {
+        add(contextOf(widget), sheet, kStylePriority);
+    }
+}
+
+void _StyleCompletions(const wxColour& ink, const wxColour& ground, const wxColour& selectedInk,
+                       const wxColour& selectedGround)
+{
+    const wxString text =
+        wxString::Format("window.popup treeview.view { color: %s; background-color: %s; }"
+                         "window.popup treeview.view:selected { color: %s; background-color: %s; }",
+                         Css(ink), Css(ground), Css(selectedInk), Css(selectedGround));
+    static auto* const screenOf = PortFunction<void*()>("gdk_screen_get_default");
+    static auto* const add =
+        PortFunction<void(void*, void*, unsigned int)>("gtk_style_context_add_provider_for_screen");
+    GObject* const screen = screenOf ? static_cast<GObject*>(screenOf()) : nullptr;
+    bool           isNew = false;
+    void* const    sheet = StyleSheet(screen, "tolvan-completions-style", text, isNew);
+    if (sheet && isNew && add)
+    {
+        add(screen, sheet, kStylePriority);
+    }
+}

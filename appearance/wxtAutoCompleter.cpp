@@ -1,0 +1,54 @@
+#include "appearance/wxtAutoCompleter.h"
+
+#include "appearance/_Vocabulary.h"
+#include "appearance/wxTolvanString.h"
+#include "vesta/CallEntry.h"
+
+namespace
+{
+const char* const kSeparators = " ().:|"; // between words
+
+// Only the case of ASCII letters is levelled: the vocabulary is ordered that way, and a word that
+// was levelled further would be looked for in the wrong place.
+bool BeginsWith(const String& entry, const String& capitals)
+{
+    return String(entry.substr(0, capitals.size())).ToUpper() == capitals;
+}
+} // namespace
+
+bool wxtAutoCompleter::Start(const wxString& text)
+{
+    CALL_ENTRY("wxtAutoCompleter::Start");
+    const size_t   separator = text.find_last_of(kSeparators);
+    const size_t   start = separator == wxString::npos ? 0 : separator + 1;
+    const wxString word = text.Mid(start);
+    if (word.empty())
+    {
+        return false;
+    }
+    m_Word = wxtFromWx(word).ToUpper();
+    m_Prefix = text.Left(start);
+    m_Given = 0;
+    const _Vocabulary& vocabulary = _Vocabulary::Get();
+    m_Next = vocabulary.LowerBound(m_Word);
+    m_End = vocabulary.End();
+    return true;
+}
+
+wxString wxtAutoCompleter::GetNext()
+{
+    CALL_ENTRY("wxtAutoCompleter::GetNext");
+    if (m_Next == m_End || (m_Limit > 0 && m_Given == m_Limit))
+    {
+        return wxString();
+    }
+    const String& entry = *m_Next++;
+    // The words that begin alike stand together: the first other one ends the list.
+    if (!BeginsWith(entry, m_Word))
+    {
+        m_Next = m_End;
+        return wxString();
+    }
+    ++m_Given;
+    return m_Prefix + wxtToWx(entry);
+}

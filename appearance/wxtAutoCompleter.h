@@ -1,0 +1,35 @@
+#pragma once
+
+#include "vesta/Export.h"
+#include "vesta/String.h"
+
+#include <wx/textcompleter.h>
+
+/// Completes the word at the end of a text field from one vocabulary for the whole process: words
+/// for yes and no, names of job parameters and of the commands in their texts, everything that the
+/// job types name, and the variables of the environment. Words are parted by blanks, parentheses,
+/// full stops, colons and vertical bars; the case of ASCII letters does not count. What stands
+/// before the word stays to the letter. Main thread.
+class TOLVAN_API wxtAutoCompleter : public wxTextCompleter
+{
+public:
+    /// `limit`: proposals at most for a text; 0 for all. A list to choose from need not hold what
+    /// nobody would read.
+    explicit wxtAutoCompleter(size_t limit = 0) : m_Limit(limit) {}
+
+    /// Looks for completions of the field's text. False when there is no word to complete.
+    bool Start(const wxString& text) override;
+    /// The next proposal, a whole text for the field; empty after the last one.
+    wxString GetNext() override;
+
+private:
+    size_t   m_Limit;
+    size_t   m_Given = 0; ///< Proposals since the start.
+    String   m_Word;      ///< In capitals.
+    wxString m_Prefix;
+    /// The next entry of the vocabulary to offer, and the vocabulary's end.
+    /// @{
+    const String* m_Next = nullptr;
+    const String* m_End = nullptr;
+    /// @}
+};

@@ -1,0 +1,370 @@
+#include "appearance/wxtCheckListBox.h"
+
+#include "appearance/_InputColors.h"
+#include "appearance/_ItemDrawing.h"
+#include "appearance/_Port.h"
+#include "appearance/wxTolvanColors.h"
+#include "vesta/CallEntry.h"
+
+#include <wx/dc.h>
+#include <wx/renderer.h>
+#include <wx/settings.h>
+
+#include <algorithm>
+
+namespace
+{
+constexpr int kBoxMargin = 2;        // pixels around an item's box
+constexpr int kBestRows = 8;         // that the list asks to be as high as, at most
+constexpr int kMinimumWidth = 80;    // pixels
+constexpr int kMeasuredItems = 200;  // more of them are not measured one by one
+constexpr int kTypingPauseMs = 1000; // after which typing begins a new word
+
+// The box in the row of an item.
+wxRect BoxIn(const wxRect& row)
+{
+    const int side = row.height - 2 * kBoxMargin;
+    return wxRect(row.x + kBoxMargin, row.y + kBoxMargin, side, side);
+}
+} // namespace
+
+// clang-format off
+wxBEGIN_EVENT_TABLE(wxtCheckListBox, wxVListBox)
+    EVT_LEFT_DOWN(wxtCheckListBox::Click)
+    EVT_LEFT_DCLICK(wxtCheckListBox::Click)
+    EVT_KEY_DOWN(wxtCheckListBox::Key)
+    EVT_CHAR(wxtCheckListBox::Char)
+    EVT_SET_FOCUS(wxtCheckListBox::Focus)
+    EVT_KILL_FOCUS(wxtCheckListBox::Focus)
+wxEND_EVENT_TABLE()
+    // clang-format on
+
+    wxtCheckListBox::wxtCheckListBox(wxWindow* parent, wxWindowID id, const wxPoint& position,
+                                     const wxSize& size, const wxArrayString& choices, long style,
+                                     const wxValidator& validator, const wxString& name)
+{
+    CALL_ENTRY("wxtCheckListBox::wxtCheckListBox");
+    // Selections of several items are not supported.
+    const long single = style & ~(wxLB_MULTIPLE | wxLB_EXTENDED);
+    Create(parent, id, position, size, _FlatStyle(single), name);
+    SetValidator(validator);
+    // A font of its own: the toolkit looks up the default one of such a list at length every time.
+    SetFont(GetFont());
+    _UseSolidScrollbars(*this);
+    Manage(this);
+    _UseInputColors(*this);
+    if (!choices.empty())
+    {
+        Append(choices);
+    }
+    InvalidateBestSize();
+    SetInitialSize(size);
+}
+
+wxtCheckListBox::wxtCheckListBox(wxWindow* parent, wxWindowID id, const wxPoint& position,
+                                 const wxSize& size, int count, const wxString choices[],
+                                 long style, const wxValidator& validator, const wxString& name)
+    : wxtCheckListBox(parent, id, position, size,
+                      wxArrayString(static_cast<size_t>(std::max(count, 0)), choices), style,
+                      validator, name)
+{
+}
+
+wxtCheckListBox::~wxtCheckListBox()
+{
+    for (unsigned i = 0; HasClientObjectData() && i < GetCount(); ++i)
+    {
+        ResetItemClientObject(i);
+    }
+}
+
+bool wxtCheckListBox::IsChecked(unsigned int item) const
+{
+    return item < GetCount() && m_Items[item].checked;
+}
+
+void wxtCheckListBox::Check(unsigned int item, bool check)
+{
+    CALL_ENTRY("wxtCheckListBox::Check");
+    if (item < GetCount() && m_Items[item].checked != check)
+    {
+        m_Items[item].checked = check;
+        RefreshRow(item);
+    }
+}
+
+unsigned int wxtCheckListBox::GetCheckedItems(wxArrayInt& checked) const
+{
+    checked.clear();
+    for (unsigned i = 0; i < GetCount(); ++i)
+    {
+        if (m_Items[i].checked)
+        {
+            checked.push_back(static_cast<int>(i));
+        }
+    }
+    return static_cast<unsigned>(checked.size());
+}
+
+wxString wxtCheckListBox::GetString(unsigned int item) const
+{
+    return item < GetCount() ? m_Items[item].text : wxString();
+}
+
+void wxtCheckListBox::SetString(unsigned int item, const wxString& text)
+{
+    CALL_ENTRY("wxtCheckListBox::SetString");
+    if (item < GetCount())
+    {
+        m_Items[item].text = text;
+        RefreshRow(item);
+    }
+}
+
+void wxtCheckListBox::SetSelection(int item)
+{
+    CALL_ENTRY("wxtCheckListBox::SetSelection");
+    if (item == wxNOT_FOUND || (item >= 0 && item < static_cast<int>(GetCount())))
+    {
+        wxVListBox::SetSelection(item);
+    }
+}
+
+void wxtCheckListBox::EnsureVisible(int item)
+{
+    CALL_ENTRY("wxtCheckListBox::EnsureVisible");
+    if (item >= 0 && item < static_cast<int>(GetCount()) &&
+        !IsRowVisible(static_cast<size_t>(item)))
+    {
+        ScrollToRow(static_cast<size_t>(item));
+    }
+}
+
+wxRect wxtCheckListBox::GetBoxRect(unsigned int item) const
+{
+    const wxRect row = item < GetCount() ? GetItemRect(item) : wxRect();
+    return row.IsEmpty() ? row : BoxIn(row);
+}
+
+// Where a text goes in a sorted list: after those that are equal to it.
+unsigned wxtCheckListBox::Place(const wxString& text) const
+{
+    const auto before = [](const wxString& wanted, const Item& item)
+    { return wanted.CmpNoCase(item.text) < 0; };
+    const auto place = std::upper_bound(m_Items.begin(), m_Items.end(), text, before);
+    return static_cast<unsigned>(place - m_Items.begin());
+}
+
+int wxtCheckListBox::DoInsertItems(const wxArrayStringsAdapter& items, unsigned int position,
+                                   void** clientData, wxClientDataType type)
+{
+    CALL_ENTRY("wxtCheckListBox::DoInsertItems");
+    int last = wxNOT_FOUND;
+    int selection = GetSelection();
+    for (unsigned i = 0; i < items.GetCount(); ++i)
+    {
+        const unsigned place = IsSorted() ? Place(items[i]) : position + i;
+        m_Items.insert(m_Items.begin() + place, Item{items[i]});
+        AssignNewItemClientData(place, clientData, i, type);
+        last = static_cast<int>(place);
+        selection += selection >= last;
+    }
+    SetItemCount(GetCount());
+    wxVListBox::SetSelection(selection);
+    InvalidateBestSize();
+    Refresh();
+    return last;
+}
+
+void wxtCheckListBox::DoSetItemClientData(unsigned int item, void* data)
+{
+    m_Items[item].data = data;
+}
+
+void* wxtCheckListBox::DoGetItemClientData(unsigned int item) const
+{
+    return m_Items[item].data;
+}
+
+void wxtCheckListBox::DoClear()
+{
+    CALL_ENTRY("wxtCheckListBox::DoClear");
+    m_Items.clear();
+    wxVListBox::SetSelection(wxNOT_FOUND);
+    SetItemCount(0);
+    InvalidateBestSize();
+}
+
+void wxtCheckListBox::DoDeleteOneItem(unsigned int item)
+{
+    CALL_ENTRY("wxtCheckListBox::DoDeleteOneItem");
+    const int deleted = static_cast<int>(item);
+    const int selection = GetSelection();
+    wxVListBox::SetSelection(wxNOT_FOUND);
+    m_Items.erase(m_Items.begin() + item);
+    SetItemCount(GetCount());
+    wxVListBox::SetSelection(selection == deleted ? wxNOT_FOUND
+                                                  : selection - (selection > deleted));
+    InvalidateBestSize();
+    Refresh();
+}
+
+_ItemLook wxtCheckListBox::LookOf(size_t item) const
+{
+    return _ItemLook::Of(GetBackgroundColour(), GetForegroundColour(),
+                         IsCurrent(item) && IsEnabled());
+}
+
+void wxtCheckListBox::OnDrawBackground(wxDC& dc, const wxRect& rect, size_t item) const
+{
+    _FillGround(dc, rect, LookOf(item).ground);
+    if (IsCurrent(item) && HasFocus())
+    {
+        _DrawFrame(dc, rect, wxtGetColor(color_Text));
+    }
+}
+
+void wxtCheckListBox::OnDrawItem(wxDC& dc, const wxRect& rect, size_t item) const
+{
+    const wxRect box = BoxIn(rect);
+    const int    flags = (m_Items[item].checked ? int(wxCONTROL_CHECKED) : 0) |
+                      (IsEnabled() ? 0 : int(wxCONTROL_DISABLED));
+    wxRendererNative::Get().DrawCheckBox(const_cast<wxtCheckListBox*>(this), dc, box, flags);
+    wxRect text = rect;
+    text.SetLeft(box.GetRight() + kBoxMargin);
+    text.width = rect.GetRight() - text.x + 1;
+    dc.SetFont(GetFont());
+    _DrawItemText(dc, text, m_Items[item].text, LookOf(item).ink);
+}
+
+wxCoord wxtCheckListBox::OnMeasureItem(size_t) const
+{
+    return _ItemHeight(*this);
+}
+
+void wxtCheckListBox::InitEvent(wxCommandEvent& event, int item)
+{
+    wxVListBox::InitEvent(event, item);
+    if (item < 0 || item >= static_cast<int>(GetCount()))
+    {
+        return;
+    }
+    const unsigned index = static_cast<unsigned>(item);
+    event.SetString(m_Items[index].text);
+    if (HasClientObjectData())
+    {
+        event.SetClientObject(wxItemContainer::GetClientObject(index));
+    }
+    else if (HasClientUntypedData())
+    {
+        event.SetClientData(wxItemContainer::GetClientData(index));
+    }
+}
+
+wxSize wxtCheckListBox::DoGetBestClientSize() const
+{
+    int       width = kMinimumWidth;
+    const int charWidth = GetCharWidth();
+    for (const Item& item : m_Items)
+    {
+        width = std::max(width, GetCount() <= kMeasuredItems
+                                    ? _ItemTextWidth(*this, item.text)
+                                    : _GuessedTextWidth(charWidth, item.text.length()));
+    }
+    const int rows = std::max(1, std::min(static_cast<int>(GetCount()), kBestRows));
+    const int height = _ItemHeight(*this);
+    return wxSize(width + height + wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this),
+                  rows * height);
+}
+
+void wxtCheckListBox::DoEnable(bool enabled)
+{
+    wxVListBox::DoEnable(enabled);
+    RefreshColors();
+    Refresh();
+}
+
+void wxtCheckListBox::Focus(wxFocusEvent& event)
+{
+    event.Skip();
+    Refresh();
+}
+
+void wxtCheckListBox::Toggle(int item)
+{
+    const unsigned index = static_cast<unsigned>(item);
+    Check(index, !IsChecked(index));
+    wxCommandEvent event(wxEVT_CHECKLISTBOX, GetId());
+    InitEvent(event, item);
+    ProcessWindowEvent(event);
+}
+
+void wxtCheckListBox::Click(wxMouseEvent& event)
+{
+    CALL_ENTRY("wxtCheckListBox::Click");
+    const int item = HitTest(event.GetPosition());
+    if (item == wxNOT_FOUND ||
+        !GetBoxRect(static_cast<unsigned>(item)).Contains(event.GetPosition()))
+    {
+        event.Skip();
+        return;
+    }
+    // The second click of two quick ones on a box counts as a click, not as a choice of the item.
+    SetFocus();
+    SetSelection(item);
+    Toggle(item);
+}
+
+bool wxtCheckListBox::IsTyping() const
+{
+    return !m_Typed.empty() && wxGetLocalTimeMillis() - m_TypedAt < kTypingPauseMs;
+}
+
+void wxtCheckListBox::Key(wxKeyEvent& event)
+{
+    CALL_ENTRY("wxtCheckListBox::Key");
+    if (event.GetKeyCode() != WXK_SPACE || event.HasModifiers())
+    {
+        event.Skip();
+    }
+    else if (IsTyping())
+    {
+        Type(' '); // a blank within a word that is being typed belongs to it
+    }
+    else if (GetSelection() != wxNOT_FOUND)
+    {
+        Toggle(GetSelection());
+    }
+}
+
+void wxtCheckListBox::MoveSelection(int item)
+{
+    if (item != wxNOT_FOUND && item != GetSelection())
+    {
+        SetSelection(item);
+        SendSelectedEvent();
+    }
+}
+
+void wxtCheckListBox::Char(wxKeyEvent& event)
+{
+    CALL_ENTRY("wxtCheckListBox::Char");
+    const wxChar character = event.GetUnicodeKey();
+    if (character <= WXK_SPACE || character == WXK_DELETE || event.HasModifiers())
+    {
+        event.Skip();
+        return;
+    }
+    Type(character);
+}
+
+void wxtCheckListBox::Type(wxChar character)
+{
+    m_Typed = IsTyping() ? m_Typed + character : wxString(character);
+    m_TypedAt = wxGetLocalTimeMillis();
+    // The first letter goes on to the next such item; with further ones the selection may stay.
+    const int start = std::max(0, GetSelection() + (m_Typed.length() == 1 ? 1 : 0));
+    const int count = static_cast<int>(GetCount());
+    MoveSelection(_FindByStart(m_Typed, start, count,
+                               [this](int item) { return m_Items[size_t(item)].text; }));
+}

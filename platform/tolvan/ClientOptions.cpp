@@ -1,0 +1,3 @@
+#include "tolvan/ClientOptions.h"
+
+const String o_AutoComplete = "AutoComplete";
