@@ -14,6 +14,8 @@
 
 namespace
 {
+constexpr int kMostMenus = 20; // one in the other
+
 // One pixel of either format that bitmaps have.
 uint32_t Packed(const unsigned char* rgb)
 {
@@ -52,6 +54,31 @@ _PangoContext* _ScreenTextContext()
     using Get = _PangoContext* (*)();
     const auto get = reinterpret_cast<Get>(dlsym(RTLD_DEFAULT, "gdk_pango_context_get"));
     return get ? get() : nullptr;
+}
+
+bool _CloseMenus()
+{
+    // By name, as above.
+    using GetGrab = GObject* (*)();
+    using Cancel = void (*)(GObject*);
+    const auto getGrab = reinterpret_cast<GetGrab>(dlsym(RTLD_DEFAULT, "gtk_grab_get_current"));
+    const auto cancel = reinterpret_cast<Cancel>(dlsym(RTLD_DEFAULT, "gtk_menu_shell_cancel"));
+    const GType menuShell = g_type_from_name("GtkMenuShell");
+    if (!getGrab || !cancel || menuShell == 0)
+    {
+        return false;
+    }
+    int closed = 0;
+    for (; closed < kMostMenus; ++closed)
+    {
+        GObject* const grab = getGrab(); // an open menu's; then that of the menu behind it
+        if (!grab || !g_type_is_a(G_OBJECT_TYPE(grab), menuShell))
+        {
+            break;
+        }
+        cancel(grab);
+    }
+    return closed > 0;
 }
 
 bool _ReplacePixels(wxBitmap& bitmap, const wxImage& image)

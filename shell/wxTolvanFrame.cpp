@@ -1,5 +1,6 @@
 #include "shell/wxTolvanFrame.h"
 
+#include "appearance/_Port.h"
 #include "shell/_FrameColors.h"
 #include "shell/_Geometry.h"
 #include "shell/wxTolvanApp.h"
@@ -112,6 +113,12 @@ void wxTolvanFrame::PositionHasChanged(const wxPoint&, const wxPoint&)
 bool wxTolvanFrame::IsMenuOpen()
 {
     return s_MenuOpen;
+}
+
+bool wxTolvanFrame::CloseMenu()
+{
+    CALL_ENTRY("wxTolvanFrame::CloseMenu");
+    return _CloseMenus();
 }
 
 void wxTolvanFrame::LoadWindowPosition()

@@ -212,9 +212,9 @@ bool MonitorFrame::MayQuit()
 void MonitorFrame::OnClose(wxCloseEvent& event)
 {
     const bool mustEnd = !event.CanVeto() || m_Program.isToldToEnd();
-    if (mustEnd && !wxTolvanDlg::s_Dialogs.empty())
+    if (mustEnd && (CloseMenu() || !wxTolvanDlg::s_Dialogs.empty()))
     {
-        // The functions that run the dialogs must have returned before their window goes.
+        // The functions that run menus and dialogs must have returned before their window goes.
         wxTolvanDlg::CloseAll();
         m_EndTimer.StartOnce(kEndAgain);
         return;
