@@ -69,5 +69,10 @@ void wxSetWindowPos(wxWindow* window, const String& name, int offset)
     {
         window->Centre(wxBOTH);
     }
-    window->Raise();
+    // A new window comes up on top anyway, and raised before it is shown it would miss how large its
+    // frame is: it would be larger by that each time that it comes back.
+    if (window->IsShown())
+    {
+        window->Raise();
+    }
 }
