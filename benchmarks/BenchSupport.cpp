@@ -26,6 +26,7 @@ constexpr size_t   kLines = 4001;       // a prime, so that no pattern repeats w
 constexpr unsigned kSeed = 20240607;
 constexpr int      kPatienceMs = 10000;
 constexpr int      kRepaints = 200; // of which the median is taken
+constexpr int      kFewRepaints = 50;
 
 String MakeLine(std::mt19937& random)
 {
@@ -122,6 +123,11 @@ double SecondsSince(Clock::time_point start)
 void Repaints(benchmark::internal::Benchmark* benchmark)
 {
     benchmark->Iterations(kRepaints)->UseManualTime()->Unit(benchmark::kMillisecond);
+}
+
+void FewRepaints(benchmark::internal::Benchmark* benchmark)
+{
+    benchmark->Iterations(kFewRepaints)->UseManualTime()->Unit(benchmark::kMillisecond);
 }
 
 void MeasureMedian(benchmark::State& state, const std::function<double()>& work)

@@ -34,8 +34,9 @@ size_t ResidentBytes();
 using Clock = std::chrono::steady_clock;
 double SecondsSince(Clock::time_point start);
 
-/// How repaints are measured: 200 of them, in milliseconds.
+/// How repaints are measured: 200 of them, or 50 of slow ones; in milliseconds.
 void Repaints(benchmark::internal::Benchmark* benchmark);
+void FewRepaints(benchmark::internal::Benchmark* benchmark);
 /// Runs `work`, which returns the seconds that it took, once an iteration; the median becomes the
 /// counter "median_ms".
 void MeasureMedian(benchmark::State& state, const std::function<double()>& work);

@@ -108,6 +108,7 @@ void AppendAndRepaint(benchmark::State& state)
     }
 }
 BENCHMARK(AppendAndRepaint)
+    ->Arg(kMillion / 10)
     ->Arg(kMillion)
     ->Arg(10 * kMillion)
     ->Iterations(1)

@@ -197,9 +197,9 @@ template <class Control> void ListRepaint(benchmark::State& state)
                       return stage.RepaintAfter([&] { stage->ShowRow(row); });
                   });
 }
-BENCHMARK_TEMPLATE(ListRepaint, ListCtrl)->Arg(kMillion)->Apply(Repaints);
-BENCHMARK_TEMPLATE(ListRepaint, Grid)->Arg(kMillion)->Apply(Repaints);
-BENCHMARK_TEMPLATE(ListRepaint, DataView)->Arg(kMillion)->Apply(Repaints);
+BENCHMARK_TEMPLATE(ListRepaint, ListCtrl)->Arg(kMillion)->Apply(FewRepaints);
+BENCHMARK_TEMPLATE(ListRepaint, Grid)->Arg(kMillion)->Apply(FewRepaints);
+BENCHMARK_TEMPLATE(ListRepaint, DataView)->Arg(kMillion)->Apply(FewRepaints);
 
 template <class Control> void ListFirstPaint(benchmark::State& state)
 {
@@ -212,7 +212,7 @@ template <class Control> void ListFirstPaint(benchmark::State& state)
 }
 void FirstPaints(benchmark::internal::Benchmark* benchmark)
 {
-    benchmark->Arg(kMillion)->Iterations(3)->UseManualTime()->Unit(benchmark::kMillisecond);
+    benchmark->Arg(kMillion)->Iterations(2)->UseManualTime()->Unit(benchmark::kMillisecond);
 }
 BENCHMARK_TEMPLATE(ListFirstPaint, ListCtrl)->Apply(FirstPaints);
 BENCHMARK_TEMPLATE(ListFirstPaint, Grid)->Apply(FirstPaints);
