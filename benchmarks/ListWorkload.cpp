@@ -61,8 +61,8 @@ Cells MakeRow(std::mt19937& random)
             SFormat("%d / %d", Number(random, 0, 500), Number(random, 500, 2000)),
             Duration(random),
             Path(random),
-            SFormat("render-node-%03d", Number(random, 1, 400)),
-            SFormat("%d", Number(random, 1, 99999999))};
+            SFormat("render-node-%03d.hall-%02d", Number(random, 1, 400), Number(random, 1, 12)),
+            SFormat("%d kB", Number(random, 1, 99999999))};
 }
 } // namespace
 

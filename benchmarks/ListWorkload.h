@@ -3,7 +3,7 @@
 #include "vesta/String.h"
 
 /// The cells of the lists' workload: jobs of a render farm, the same in every run. A row's texts
-/// have 199 bytes in the mean; two of its ten columns are paths of 20 to 80 characters, which don't
+/// have 198 bytes in the mean; two of its ten columns are paths of 20 to 80 characters, which don't
 /// fit a column's width.
 
 constexpr int kCellColumns = 10;
