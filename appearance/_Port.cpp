@@ -35,6 +35,43 @@ cairo_surface_t* MemorySurface(wxGraphicsContext* context)
     const cairo_format_t format = cairo_image_surface_get_format(surface);
     return format == CAIRO_FORMAT_RGB24 || format == CAIRO_FORMAT_ARGB32 ? surface : nullptr;
 }
+
+// What has the user's input to itself, if it is of that class of the port; else null.
+GObject* GrabOf(const char* className)
+{
+    // By name, here and below: both ports have loaded it, and its headers need not be installed.
+    using GetGrab = GObject* (*)();
+    const auto     getGrab = reinterpret_cast<GetGrab>(dlsym(RTLD_DEFAULT, "gtk_grab_get_current"));
+    const GType    type = g_type_from_name(className);
+    GObject* const grab = getGrab && type ? getGrab() : nullptr;
+    return grab && g_type_is_a(G_OBJECT_TYPE(grab), type) ? grab : nullptr;
+}
+
+// The innermost one that is open.
+bool CloseMenu()
+{
+    using Cancel = void (*)(GObject*);
+    const auto     cancel = reinterpret_cast<Cancel>(dlsym(RTLD_DEFAULT, "gtk_menu_shell_cancel"));
+    GObject* const menu = GrabOf("GtkMenuShell");
+    if (menu && cancel)
+    {
+        cancel(menu);
+    }
+    return menu && cancel;
+}
+
+bool CloseMessageBox()
+{
+    constexpr int kClosed = -4; // the port's answer of a box that was closed
+    using Respond = void (*)(GObject*, int);
+    const auto     respond = reinterpret_cast<Respond>(dlsym(RTLD_DEFAULT, "gtk_dialog_response"));
+    GObject* const box = GrabOf("GtkMessageDialog");
+    if (box && respond)
+    {
+        respond(box, kClosed);
+    }
+    return box && respond;
+}
 } // namespace
 
 void _UseSolidScrollbars(wxWindow& window)
@@ -50,35 +87,19 @@ void _UseSolidScrollbars(wxWindow& window)
 
 _PangoContext* _ScreenTextContext()
 {
-    // By name: both ports have loaded it, and its headers need not be installed.
+    // By name, as above.
     using Get = _PangoContext* (*)();
     const auto get = reinterpret_cast<Get>(dlsym(RTLD_DEFAULT, "gdk_pango_context_get"));
     return get ? get() : nullptr;
 }
 
-bool _CloseMenus()
+bool _ClosePopUps()
 {
-    // By name, as above.
-    using GetGrab = GObject* (*)();
-    using Cancel = void (*)(GObject*);
-    const auto getGrab = reinterpret_cast<GetGrab>(dlsym(RTLD_DEFAULT, "gtk_grab_get_current"));
-    const auto cancel = reinterpret_cast<Cancel>(dlsym(RTLD_DEFAULT, "gtk_menu_shell_cancel"));
-    const GType menuShell = g_type_from_name("GtkMenuShell");
-    if (!getGrab || !cancel || menuShell == 0)
-    {
-        return false;
-    }
     int closed = 0;
-    for (; closed < kMostMenus; ++closed)
+    for (; closed < kMostMenus && CloseMenu(); ++closed)
     {
-        GObject* const grab = getGrab(); // an open menu's; then that of the menu behind it
-        if (!grab || !g_type_is_a(G_OBJECT_TYPE(grab), menuShell))
-        {
-            break;
-        }
-        cancel(grab);
     }
-    return closed > 0;
+    return closed > 0 || CloseMessageBox();
 }
 
 bool _ReplacePixels(wxBitmap& bitmap, const wxImage& image)

@@ -17,8 +17,9 @@ TOLVAN_API void _UseSolidScrollbars(wxWindow& window);
 /// port does not tell.
 TOLVAN_API _PangoContext* _ScreenTextContext();
 
-/// Closes the menus that are open, as the Escape key does. Whether there was one.
-TOLVAN_API bool _CloseMenus();
+/// Closes the menus and the toolkit's own message box that are open, as the Escape key does.
+/// Whether there was any.
+TOLVAN_API bool _ClosePopUps();
 
 /// Replaces the picture of a bitmap that is as large as the image (pixels of the screen), without
 /// transparency. False where that is not possible: the bitmap has to be made anew from the image,

@@ -115,10 +115,10 @@ bool wxTolvanFrame::IsMenuOpen()
     return s_MenuOpen;
 }
 
-bool wxTolvanFrame::CloseMenu()
+bool wxTolvanFrame::ClosePopUp()
 {
-    CALL_ENTRY("wxTolvanFrame::CloseMenu");
-    return _CloseMenus();
+    CALL_ENTRY("wxTolvanFrame::ClosePopUp");
+    return _ClosePopUps();
 }
 
 void wxTolvanFrame::LoadWindowPosition()

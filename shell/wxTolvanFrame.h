@@ -45,9 +45,9 @@ public:
     void SaveWindowPosition() const;
 
     static bool IsMenuOpen(); ///< Whether a menu of a frame is open.
-    /// Closes the menu that is open. Whether there was one: whoever popped it up has still to get
-    /// the control back before the window may go.
-    static bool CloseMenu();
+    /// Closes the menu or message box of the toolkit that is open. Whether there was one: whoever
+    /// showed it has still to get the control back before the window may go.
+    static bool ClosePopUp();
 
     /// Switches the scheme of this program, saves it and tells the system's other programs. A
     /// negative code changes nothing. The current code.

@@ -18,7 +18,7 @@ constexpr int     kGap = 6;     // pixels between its parts
 const char* const kPositionName = "Preferences";
 } // namespace
 
-PreferencesDlg::PreferencesDlg(wxWindow* parent)
+PreferencesDlg::PreferencesDlg(wxWindow* parent, const std::vector<Section>& sections)
     : wxTolvanDlg(parent, wxGetTranslation("Preferences"), kPositionName, true)
 {
     auto* const content = new wxBoxSizer(wxVERTICAL);
@@ -26,7 +26,14 @@ PreferencesDlg::PreferencesDlg(wxWindow* parent)
     content->AddSpacer(kBorder);
     AddQuestions(*content);
     content->AddSpacer(kBorder);
-    content->AddStretchSpacer();
+    for (const Section& section : sections)
+    {
+        AddSection(*content, section);
+    }
+    if (sections.empty())
+    {
+        content->AddStretchSpacer();
+    }
     wxBoxSizer* const whole = StartControls();
     whole->Add(content, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, kBorder);
     AddButtons(whole, true);
@@ -73,6 +80,13 @@ void PreferencesDlg::AddQuestions(wxBoxSizer& sizer)
     sizer.Add(NewStaticLine(wxGetTranslation("Questions ")), 0, wxEXPAND);
     sizer.Add(again, 0, wxTOP, kGap);
     sizer.Add(m_Asked, 0, wxEXPAND | wxTOP, kGap);
+}
+
+void PreferencesDlg::AddSection(wxBoxSizer& sizer, const Section& section)
+{
+    sizer.Add(NewStaticLine(section.title + " "), 0, wxEXPAND);
+    sizer.Add(section.make(this), 1, wxEXPAND | wxTOP, kGap);
+    sizer.AddSpacer(kBorder);
 }
 
 void PreferencesDlg::ShowScheme()

@@ -2,6 +2,7 @@
 
 #include "dialogs/wxTolvanDlg.h"
 
+#include <functional>
 #include <vector>
 
 class wxtRadioButton;
@@ -12,7 +13,15 @@ class wxtStaticText;
 class PreferencesDlg : public wxTolvanDlg
 {
 public:
-    explicit PreferencesDlg(wxWindow* parent);
+    /// A choice of the program's own. The dialog calls the window's `TransferDataFromWindow` when
+    /// it is confirmed.
+    struct Section
+    {
+        wxString                                   title;
+        std::function<wxWindow*(wxWindow* parent)> make;
+    };
+
+    explicit PreferencesDlg(wxWindow* parent, const std::vector<Section>& sections = {});
 
     /// `wxID_OK`, or 0 when the former scheme is back.
     int ShowModal() override;
@@ -20,6 +29,7 @@ public:
 private:
     void AddSchemes(wxBoxSizer& sizer);
     void AddQuestions(wxBoxSizer& sizer);
+    void AddSection(wxBoxSizer& sizer, const Section& section);
     void ShowScheme();
 
     std::vector<wxtRadioButton*> m_Schemes; ///< In the order of the schemes' names.

@@ -3,12 +3,11 @@
 #include "monitor/FarmJob.h"
 
 #include "appearance/wxTolvanString.h"
+#include "appearance/wxtChoice.h"
 #include "appearance/wxtStockControls.h"
-#include "common/Themed.h"
+#include "appearance/wxtTextCtrl.h"
 
-#include <wx/choice.h>
 #include <wx/sizer.h>
-#include <wx/textctrl.h>
 
 namespace
 {
@@ -69,7 +68,7 @@ wxWindow* JobFields::NewField(const JobParamInfo& info, const String& value)
 {
     if (!info.choices.empty())
     {
-        auto* const choice = new Themed<wxChoice>(this, wxID_ANY);
+        auto* const choice = new wxtChoice(this);
         for (const String& item : info.choices)
         {
             choice->Append(wxtToWx(item));
@@ -81,15 +80,15 @@ wxWindow* JobFields::NewField(const JobParamInfo& info, const String& value)
         return choice;
     }
     const long  style = NeedsLines(value) ? wxTE_MULTILINE | wxBORDER_SIMPLE : 0;
-    auto* const text = new Themed<wxTextCtrl>(this, wxID_ANY, wxtToWx(value), wxDefaultPosition,
-                                              wxDefaultSize, style);
+    auto* const text =
+        new wxtTextCtrl(this, wxID_ANY, wxtToWx(value), wxDefaultPosition, wxDefaultSize, style);
     if (style)
     {
         text->SetMinSize(wxSize(-1, text->GetCharHeight() * (kManyLines + 1)));
     }
     else
     {
-        text->SetMinSize(wxSize(1, -1)); // however long its text is
+        text->SetMinSize(wxSize(1, text->GetMinHeight())); // however long its text is
     }
     return text;
 }
@@ -98,7 +97,7 @@ void JobFields::TakeValues(JobForm& form) const
 {
     for (size_t i = 0; i < m_Fields.size() && i < form.values.size(); ++i)
     {
-        if (const auto* const text = dynamic_cast<wxTextCtrl*>(m_Fields[i]))
+        if (const auto* const text = dynamic_cast<wxtTextCtrl*>(m_Fields[i]))
         {
             // A text that was not touched keeps its bytes, whatever they are.
             if (text->IsModified())
@@ -106,7 +105,7 @@ void JobFields::TakeValues(JobForm& form) const
                 form.values[i] = wxtFromWx(text->GetValue());
             }
         }
-        else if (const auto* const choice = dynamic_cast<wxChoice*>(m_Fields[i]))
+        else if (const auto* const choice = dynamic_cast<wxtChoice*>(m_Fields[i]))
         {
             const auto& choices = form.Type().GetParam(static_cast<int>(i)).choices;
             const int   index = choice->GetSelection();

@@ -2,6 +2,7 @@
 
 #include "monitor/ChartStrip.h"
 #include "monitor/FarmHeader.h"
+#include "monitor/HideProducts.h"
 #include "monitor/JobMenu.h"
 #include "monitor/JobsPane.h"
 #include "monitor/LiveLog.h"
@@ -33,6 +34,14 @@ const char* const kQuitQuestion = "QuitWhileJobsRun";
 
 const wxSize kFirstSize(1100, 800);   // pixels, before the user has chosen
 const wxSize kSmallestSize(560, 320); // pixels
+
+// Whether there was one.
+bool CloseDialogs()
+{
+    const bool isOpen = !wxTolvanDlg::s_Dialogs.empty();
+    wxTolvanDlg::CloseAll();
+    return isOpen;
+}
 } // namespace
 
 MonitorFrame::MonitorFrame(const Program& program)
@@ -179,7 +188,8 @@ void MonitorFrame::OnSubmit()
 
 void MonitorFrame::OnPreferences()
 {
-    PreferencesDlg dialog(this);
+    const auto     makeHidden = [](wxWindow* parent) { return new HideProducts(parent); };
+    PreferencesDlg dialog(this, {{wxGetTranslation("Hide Products"), makeHidden}});
     dialog.ShowModal();
 }
 
@@ -212,10 +222,9 @@ bool MonitorFrame::MayQuit()
 void MonitorFrame::OnClose(wxCloseEvent& event)
 {
     const bool mustEnd = !event.CanVeto() || m_Program.isToldToEnd();
-    if (mustEnd && (CloseMenu() || !wxTolvanDlg::s_Dialogs.empty()))
+    if (mustEnd && (ClosePopUp() || CloseDialogs()))
     {
-        // The functions that run menus and dialogs must have returned before their window goes.
-        wxTolvanDlg::CloseAll();
+        // The functions that run them must have returned before their window goes.
         m_EndTimer.StartOnce(kEndAgain);
         return;
     }

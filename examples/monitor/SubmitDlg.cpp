@@ -5,14 +5,13 @@
 
 #include "appearance/wxTolvanString.h"
 #include "appearance/wxtStockControls.h"
-#include "common/Themed.h"
+#include "appearance/wxtTextCtrl.h"
+#include "jobwidgets/ProductChoice.h"
 #include "tolvan/JobFactory.h"
 #include "vesta/Application.h"
 #include "vesta/UID.h"
 
-#include <wx/choice.h>
 #include <wx/sizer.h>
-#include <wx/textctrl.h>
 
 #include <algorithm>
 #include <utility>
@@ -28,35 +27,10 @@ const wxSize      kSmallestFields(240, 120); // pixels
 const char* const kPositionName = "SubmitJob";
 const char* const kProductKey = "Product";
 
-// The products in the order of their names.
-std::vector<JobForm> FormsOfAllTypes()
-{
-    std::vector<JobForm> forms;
-    for (const UID& id : JobFactory::s_JobFactory->ListTypes())
-    {
-        if (const auto type = JobFactory::s_JobFactory->GetTypeInfo(id, false))
-        {
-            forms.emplace_back(type);
-        }
-    }
-    std::stable_sort(forms.begin(), forms.end(),
-                     [](const JobForm& a, const JobForm& b)
-                     { return String::ciless()(a.Type().Name(), b.Type().Name()); });
-    return forms;
-}
-
 // The product that was submitted last.
-size_t FirstForm(const std::vector<JobForm>& forms)
+UID LastProduct()
 {
-    const UID last(Application::the_Application->Options().GetValue(kPositionName, kProductKey));
-    for (size_t i = 0; i < forms.size(); ++i)
-    {
-        if (forms[i].Type().Id() == last)
-        {
-            return i;
-        }
-    }
-    return 0;
+    return UID(Application::the_Application->Options().GetValue(kPositionName, kProductKey));
 }
 
 void AddHeadRow(wxTolvanDlg& dialog, wxFlexGridSizer& grid, const wxString& label, wxWindow* field)
@@ -68,9 +42,7 @@ void AddHeadRow(wxTolvanDlg& dialog, wxFlexGridSizer& grid, const wxString& labe
 
 SubmitDlg::SubmitDlg(wxWindow* parent, Job::Sender send)
     : wxTolvanDlg(parent, wxGetTranslation("Submit Job"), kPositionName, true),
-      m_Send(std::move(send)),
-      m_Forms(FormsOfAllTypes()),
-      m_Current(FirstForm(m_Forms))
+      m_Send(std::move(send))
 {
     auto* const content = new wxBoxSizer(wxVERTICAL);
     BuildHead(*content);
@@ -84,25 +56,29 @@ SubmitDlg::SubmitDlg(wxWindow* parent, Job::Sender send)
     whole->Add(content, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, kBorder);
     AddButtons(whole, true);
     FindWindow(wxID_OK)->SetLabel(wxGetTranslation("Submit"));
-    ShowForm();
+    m_Product->SetSelectedProduct(LastProduct());
+    if (!m_Form)
+    {
+        ShowProduct();
+    }
     // The user may make it smaller than it is at first.
     m_Fields->SetMinSize(kSmallestFields);
     SetMinSize(ClientToWindowSize(whole->GetMinSize()));
     m_Fields->SetMinSize(wxSize(kFieldsWidth, FirstFieldsHeight()));
     Fit(); // laid out in the toolkit's first size, the parameters would have no room at all
-    if (m_Forms.empty())
-    {
-        ShowProblem("There are no job types in " + JobFactory::s_JobFactory->Folder().Text());
-    }
 }
 
 // So that every product fits, unless one has very many parameters.
 int SubmitDlg::FirstFieldsHeight() const
 {
     size_t most = 1;
-    for (const JobForm& form : m_Forms)
+    for (unsigned int i = 0; i < m_Product->GetCount(); ++i)
     {
-        most = std::max(most, form.values.size());
+        const UID product = m_Product->GetProduct(static_cast<int>(i));
+        if (const auto type = JobFactory::s_JobFactory->GetTypeInfo(product, false))
+        {
+            most = std::max(most, static_cast<size_t>(type->ParamCount()));
+        }
     }
     // A text field with wide margins: it does not know its own height before it is shown.
     const int rowHeight = m_Name->GetCharHeight() * 5 / 2 + kGap;
@@ -113,25 +89,20 @@ void SubmitDlg::BuildHead(wxBoxSizer& sizer)
 {
     auto* const grid = new wxFlexGridSizer(2, kGap, kGap);
     grid->AddGrowableCol(1);
-    m_Product = new Themed<wxChoice>(this, wxID_ANY);
-    for (const JobForm& form : m_Forms)
-    {
-        m_Product->Append(wxtToWx(form.Type().Name()));
-    }
-    m_Product->Bind(wxEVT_CHOICE,
+    m_Product = new ProductChoice(this, wxID_ANY);
+    m_Product->Bind(wxEVT_COMBOBOX,
                     [this](wxCommandEvent& event)
                     {
-                        TakeForm();
-                        m_Current = static_cast<size_t>(event.GetSelection());
-                        ShowForm();
+                        event.Skip();
+                        ShowProduct();
                     });
     AddHeadRow(*this, *grid, wxGetTranslation("Product"), m_Product);
     grid->AddSpacer(0);
     m_Description = NewOneLine(color_TextGrey);
     grid->Add(m_Description, 0, wxEXPAND);
-    m_Name = new Themed<wxTextCtrl>(this, wxID_ANY);
+    m_Name = new wxtTextCtrl(this, wxID_ANY);
     AddHeadRow(*this, *grid, wxGetTranslation("Name"), m_Name);
-    m_Priority = new Themed<wxTextCtrl>(this, wxID_ANY);
+    m_Priority = new wxtTextCtrl(this, wxID_ANY);
     m_Priority->SetToolTip(
         wxGetTranslation("From 0 to 100: jobs of a higher priority start first"));
     AddHeadRow(*this, *grid, wxGetTranslation("Priority"), m_Priority);
@@ -149,14 +120,43 @@ wxtStaticText* SubmitDlg::NewOneLine(const String& colourName)
     return text;
 }
 
+JobForm* SubmitDlg::FormOf(const UID& product)
+{
+    const auto known = m_Forms.find(product);
+    if (known != m_Forms.end())
+    {
+        return &known->second;
+    }
+    const auto type = JobFactory::s_JobFactory->GetTypeInfo(product, true);
+    return type ? &m_Forms.emplace(product, type).first->second : nullptr;
+}
+
+void SubmitDlg::ShowProduct()
+{
+    const UID      product = m_Product->GetProduct(m_Product->GetSelection());
+    JobForm* const form = FormOf(product);
+    if (form)
+    {
+        TakeForm();
+        m_Form = form;
+        ShowForm();
+    }
+    else if (m_Form)
+    {
+        // Its file has been taken away while the dialog was open.
+        m_Product->SetSelectedProduct(m_Form->Type().Id());
+        ShowProblem("The product is no longer installed.");
+    }
+    else
+    {
+        ShowProblem("There is no product to choose from: they are in " +
+                    JobFactory::s_JobFactory->Folder().Text());
+    }
+}
+
 void SubmitDlg::ShowForm()
 {
-    if (m_Forms.empty())
-    {
-        return;
-    }
-    const JobForm& form = m_Forms[m_Current];
-    m_Product->SetSelection(static_cast<int>(m_Current));
+    const JobForm& form = *m_Form;
     m_Description->SetLabelText(wxtToWx(OneLine(form.Type().Description(), kMostDescription)));
     m_Name->ChangeValue(wxtToWx(form.name));
     m_Name->SetHint(wxtToWx(OneLine(form.Type().Name(), kMostDescription)));
@@ -171,7 +171,11 @@ void SubmitDlg::ShowForm()
 
 void SubmitDlg::TakeForm()
 {
-    JobForm& form = m_Forms[m_Current];
+    if (!m_Form)
+    {
+        return;
+    }
+    JobForm& form = *m_Form;
     form.name = wxtFromWx(m_Name->GetValue());
     form.priority = wxtFromWx(m_Priority->GetValue());
     m_Fields->TakeValues(form);
@@ -179,13 +183,13 @@ void SubmitDlg::TakeForm()
 
 bool SubmitDlg::Validate()
 {
-    if (m_Forms.empty())
+    if (!m_Form)
     {
         return false;
     }
     TakeForm();
     int          field = JobForm::kNone;
-    const String problem = m_Forms[m_Current].FindProblem(field);
+    const String problem = m_Form->FindProblem(field);
     ShowProblem(problem);
     FocusField(problem.empty() ? JobForm::kNone : field);
     return problem.empty();
@@ -209,7 +213,7 @@ void SubmitDlg::FocusField(int field)
 
 bool SubmitDlg::TransferDataFromWindow()
 {
-    const JobForm& form = m_Forms[m_Current];
+    const JobForm& form = *m_Form;
     if (!m_Send(form.ToMessage(UID::Create().ToString())))
     {
         ShowProblem("The master cannot be reached; the job was not submitted.");

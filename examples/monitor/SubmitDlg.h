@@ -5,13 +5,12 @@
 #include "dialogs/wxTolvanDlg.h"
 #include "tolvan/Job.h"
 
-#include <memory>
-#include <vector>
+#include <map>
 
 class JobFields;
-class wxChoice;
-class wxTextCtrl;
+class ProductChoice;
 class wxtStaticText;
+class wxtTextCtrl;
 
 /// Asks for a new job, product by product with its parameters, and submits it. What is wrong is
 /// said in the dialog, which stays open; what was entered for one product is there again when the
@@ -30,18 +29,20 @@ private:
     void           BuildHead(wxBoxSizer& sizer);
     wxtStaticText* NewOneLine(const String& colourName);
     int            FirstFieldsHeight() const;
+    void           ShowProduct();
+    JobForm*       FormOf(const UID& product);
     void           ShowForm();
     void           TakeForm();
     void           FocusField(int field);
     void           ShowProblem(const String& text);
 
-    Job::Sender          m_Send;
-    std::vector<JobForm> m_Forms;       ///< One for each job type, sorted by name.
-    size_t               m_Current = 0; ///< The form that is shown.
-    wxChoice*            m_Product = nullptr;
-    wxtStaticText*       m_Description = nullptr;
-    wxTextCtrl*          m_Name = nullptr;
-    wxTextCtrl*          m_Priority = nullptr;
-    JobFields*           m_Fields = nullptr;
-    wxtStaticText*       m_Problem = nullptr;
+    Job::Sender            m_Send;
+    std::map<UID, JobForm> m_Forms;          ///< Of the products that have been shown.
+    JobForm*               m_Form = nullptr; ///< The one that is shown; null without a product.
+    ProductChoice*         m_Product = nullptr;
+    wxtStaticText*         m_Description = nullptr;
+    wxtTextCtrl*           m_Name = nullptr;
+    wxtTextCtrl*           m_Priority = nullptr;
+    JobFields*             m_Fields = nullptr;
+    wxtStaticText*         m_Problem = nullptr;
 };
