@@ -149,8 +149,7 @@ void SubmitDlg::ShowProduct()
     }
     else
     {
-        ShowProblem("There is no product to choose from: they are in " +
-                    JobFactory::s_JobFactory->Folder().Text());
+        ShowProblem("No product is installed, or all are hidden in the preferences.");
     }
 }
 
