@@ -1,13 +1,15 @@
+#include "shell/_FrameExtents.h"
 #include "shell/_Geometry.h"
 #include "shell/wxTolvanFrame.h"
 #include "vesta/Application.h"
 #include "vesta/CallEntry.h"
 
-#include <wx/window.h>
+#include <wx/toplevel.h>
 
 namespace
 {
 const char* const kGeometryKey = "Window";
+const char* const kFrameKey = "Frame";
 
 bool IsOnNoDisplay(const wxWindow* window)
 {
@@ -32,15 +34,21 @@ void CentreIfShownOnNoDisplay(wxWindow* window)
                  });
 }
 
-bool Place(wxWindow* window, const String& text, int offset)
+bool Place(wxWindow* window, const String& text, const String& frameExtents, int offset)
 {
     const std::optional<wxRect> geometry = _ParseGeometry(text);
     if (!geometry)
     {
         return false;
     }
-    window->SetSize(geometry->x + offset, geometry->y + offset, geometry->width, geometry->height,
-                    wxSIZE_AUTO);
+    wxRect place = *geometry;
+    place.Offset(offset, offset);
+    auto* const top = wxDynamicCast(window, wxTopLevelWindow);
+    if (!top || top->IsShown() || !_PlaceWithFrame(*top, place, frameExtents))
+    {
+        window->SetSize(place, wxSIZE_AUTO);
+        window->Raise();
+    }
     if (!window->IsShown())
     {
         CentreIfShownOnNoDisplay(window);
@@ -59,19 +67,32 @@ void wxSaveWindowPos(wxWindow* window, const String& name)
     options.SetValue(name, kGeometryKey,
                      _GeometryToStore(options.GetValue(name, kGeometryKey), window->GetRect(),
                                       _Displays::Get().placesWindows()));
+    _SaveFrameExtents(*window, name);
+}
+
+void _SaveFrameExtents(const wxWindow& window, const String& name)
+{
+    OptionsFile&    options = Application::the_Application->Options();
+    const String    extents = _FrameExtentsOf(window);
+    const WriteLock lock(options.Lock());
+    if (!extents.empty())
+    {
+        options.SetValue(name, kFrameKey, extents);
+    }
 }
 
 void wxSetWindowPos(wxWindow* window, const String& name, int offset)
 {
     CALL_ENTRY("wxSetWindowPos");
-    const String text = Application::the_Application->Options().GetValue(name, kGeometryKey);
-    if (!Place(window, text, offset))
+    const OptionsFile& options = Application::the_Application->Options();
+    if (!Place(window, options.GetValue(name, kGeometryKey), options.GetValue(name, kFrameKey),
+               offset))
     {
         window->Centre(wxBOTH);
+        // Also for a window that has not been shown: it would come up in a corner otherwise.
+        window->Raise();
     }
-    // A new window comes up on top anyway, and raised before it is shown it would miss how large its
-    // frame is: it would be larger by that each time that it comes back.
-    if (window->IsShown())
+    else if (window->IsShown())
     {
         window->Raise();
     }

@@ -2,6 +2,7 @@
 
 #include "appearance/_Port.h"
 #include "shell/_FrameColors.h"
+#include "shell/_FrameExtents.h"
 #include "shell/_Geometry.h"
 #include "shell/wxTolvanApp.h"
 #include "vesta/CallEntry.h"
@@ -16,6 +17,9 @@ std::set<wxTolvanFrame*> g_ChildFrames;
 
 namespace
 {
+// Pixels; the toolkit gives a window that is coming up sizes that nobody could use.
+constexpr int kLeastSide = 32;
+
 // Keys in section "Window" of the options file.
 const char* const kSection = "Window";
 const char* const kGeometryKey = "Window";
@@ -146,6 +150,7 @@ void wxTolvanFrame::SaveWindowPosition() const
     options.SetValue(kSection, kGeometryKey,
                      _GeometryToStore(stored, wxRect(m_Position, m_NormalSize),
                                       _Displays::Get().placesWindows()));
+    _SaveFrameExtents(*this, kSection);
     options.SetValue(kSection, kMinimizedKey, String::FromBool(IsIconized()));
     options.SetValue(kSection, kMaximizedKey, String::FromBool(m_WasMaximized));
     options.SetValue(kSection, kFullScreenKey, String::FromBool(m_WasFullScreen));
@@ -170,6 +175,11 @@ void wxTolvanFrame::OnSize(wxSizeEvent& event)
     if (!m_Built)
     {
         LogDebug("Size event ignored because gui is not finished building");
+        return;
+    }
+    if (event.GetSize().x < kLeastSide || event.GetSize().y < kLeastSide)
+    {
+        LogDebug("Size event ignored because the window has not been laid out yet");
         return;
     }
     if (event.GetSize() == m_LastSize)

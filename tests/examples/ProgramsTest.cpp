@@ -157,15 +157,22 @@ TEST_F(ProgramsTest, ASchemeChangeReachesAnotherProgramWithinASecond)
     EXPECT_GT(CountPixels(lighterText), kMost);
 }
 
-// And comes back just as large: the frame's own size must not be added with every start.
 TEST_F(ProgramsTest, MonitorMeasuresItsStart)
+{
+    Program monitor({MONITOR_PROGRAM, "--no-start", "--time-start"});
+    EXPECT_TRUE(WaitFor([&] { return monitor.HasEnded(); }, kProgramDeadlineMs));
+    EXPECT_EQ(0, monitor.ExitCode());
+}
+
+// The size of the window manager's frame must not be added with every start.
+TEST_F(ProgramsTest, TheWindowComesBackAsLargeAsItWas)
 {
     String before;
     for (int start = 0; start < 3; ++start)
     {
-        Program monitor({MONITOR_PROGRAM, "--no-start", "--time-start"});
+        Program monitor({MONITOR_PROGRAM, "--no-start"});
+        EXPECT_TRUE(PressKeys("Tolvan Monitor", "key ctrl+q"));
         EXPECT_TRUE(WaitFor([&] { return monitor.HasEnded(); }, kProgramDeadlineMs));
-        EXPECT_EQ(0, monitor.ExitCode());
         IniFile options(UserFile("TolvanMonitor.ini"));
         EXPECT_TRUE(options.Load(false, false));
         const String geometry = options.GetValue("Window", "Window");
