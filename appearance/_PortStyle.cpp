@@ -83,10 +83,11 @@ void _StyleField(wxWindow& field, const _FieldColours& colours)
 void _StyleCompletions(const wxColour& ink, const wxColour& ground, const wxColour& selectedInk,
                        const wxColour& selectedGround)
 {
-    const wxString text =
-        wxString::Format("window.popup treeview.view { color: %s; background-color: %s; }"
-                         "window.popup treeview.view:selected { color: %s; background-color: %s; }",
-                         Css(ink), Css(ground), Css(selectedInk), Css(selectedGround));
+    // The only lists that lie this way, right under a window.
+    const wxString text = wxString::Format(
+        "window > frame > box treeview { color: %s; background-color: %s; }"
+        "window > frame > box treeview:selected { color: %s; background-color: %s; }",
+        Css(ink), Css(ground), Css(selectedInk), Css(selectedGround));
     static auto* const screenOf = PortFunction<void*()>("gdk_screen_get_default");
     static auto* const add =
         PortFunction<void(void*, void*, unsigned int)>("gtk_style_context_add_provider_for_screen");
@@ -97,4 +98,18 @@ void _StyleCompletions(const wxColour& ink, const wxColour& ground, const wxColo
     {
         add(screen, sheet, kStylePriority);
     }
+}
+
+bool _CompletionsAreOpen()
+{
+    constexpr int      kPopup = 1; // the kind of window; a dialog that has the keys is of another
+    static auto* const grabbing = PortFunction<void*()>("gtk_grab_get_current");
+    GObject* const     widget = grabbing ? static_cast<GObject*>(grabbing()) : nullptr;
+    const GType        window = g_type_from_name("GtkWindow");
+    int                kind = 0;
+    if (widget && window && g_type_is_a(G_OBJECT_TYPE(widget), window))
+    {
+        g_object_get(widget, "type", &kind, nullptr);
+    }
+    return kind == kPopup;
 }

@@ -5,8 +5,8 @@
 class wxColour;
 class wxWindow;
 
-/// Style sheets for what the toolkit has no word for. The GTK 2 port has none: there nothing
-/// happens, and fields keep the looks that the toolkit gives them.
+/// What the toolkit has no word for in text fields. The GTK 2 port has no style sheets: there the
+/// functions that set a style do nothing, and fields keep the looks that the toolkit gives them.
 
 /// Colours of a text field besides those of its text and its ground.
 struct _FieldColours
@@ -24,3 +24,6 @@ TOLVAN_API void _StyleField(wxWindow& field, const _FieldColours& colours);
 /// The colours of the lists of completions that text fields open, wherever they are.
 TOLVAN_API void _StyleCompletions(const wxColour& ink, const wxColour& ground,
                                   const wxColour& selectedInk, const wxColour& selectedGround);
+
+/// Whether a text field has its list of completions open: it gets the keys then.
+TOLVAN_API bool _CompletionsAreOpen();

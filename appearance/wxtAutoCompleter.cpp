@@ -28,7 +28,6 @@ bool wxtAutoCompleter::Start(const wxString& text)
     }
     m_Word = wxtFromWx(word).ToUpper();
     m_Prefix = text.Left(start);
-    m_Given = 0;
     const _Vocabulary& vocabulary = _Vocabulary::Get();
     m_Next = vocabulary.LowerBound(m_Word);
     m_End = vocabulary.End();
@@ -38,7 +37,7 @@ bool wxtAutoCompleter::Start(const wxString& text)
 wxString wxtAutoCompleter::GetNext()
 {
     CALL_ENTRY("wxtAutoCompleter::GetNext");
-    if (m_Next == m_End || (m_Limit > 0 && m_Given == m_Limit))
+    if (m_Next == m_End)
     {
         return wxString();
     }
@@ -49,6 +48,5 @@ wxString wxtAutoCompleter::GetNext()
         m_Next = m_End;
         return wxString();
     }
-    ++m_Given;
     return m_Prefix + wxtToWx(entry);
 }

@@ -13,19 +13,13 @@
 class TOLVAN_API wxtAutoCompleter : public wxTextCompleter
 {
 public:
-    /// `limit`: proposals at most for a text; 0 for all. A list to choose from need not hold what
-    /// nobody would read.
-    explicit wxtAutoCompleter(size_t limit = 0) : m_Limit(limit) {}
-
     /// Looks for completions of the field's text. False when there is no word to complete.
     bool Start(const wxString& text) override;
     /// The next proposal, a whole text for the field; empty after the last one.
     wxString GetNext() override;
 
 private:
-    size_t   m_Limit;
-    size_t   m_Given = 0; ///< Proposals since the start.
-    String   m_Word;      ///< In capitals.
+    String   m_Word; ///< In capitals.
     wxString m_Prefix;
     /// The next entry of the vocabulary to offer, and the vocabulary's end.
     /// @{

@@ -327,10 +327,6 @@ void wxtCheckListBox::Key(wxKeyEvent& event)
     {
         event.Skip();
     }
-    else if (IsTyping())
-    {
-        Type(' '); // a blank within a word that is being typed belongs to it
-    }
     else if (GetSelection() != wxNOT_FOUND)
     {
         Toggle(GetSelection());

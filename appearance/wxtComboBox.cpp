@@ -23,6 +23,7 @@ constexpr unsigned int kMeasuredItems = 200; // more of them are not measured on
 // clang-format off
 wxBEGIN_EVENT_TABLE(wxtComboBox, wxOwnerDrawnComboBox)
     EVT_LISTBOX(wxID_ANY, wxtComboBox::KeepListEvent)
+    EVT_CHAR_HOOK(wxtComboBox::KeyForList)
 wxEND_EVENT_TABLE()
     // clang-format on
 
@@ -58,6 +59,17 @@ wxtComboBox::wxtComboBox(wxWindow* parent, wxWindowID id, const wxString& value,
 // The list's own: it tells nobody but the control where it moves.
 void wxtComboBox::KeepListEvent(wxCommandEvent&)
 {
+}
+
+// Enter and Esc are for the open list before a dialog hears of them.
+void wxtComboBox::KeyForList(wxKeyEvent& event)
+{
+    const int key = event.GetKeyCode();
+    if (IsPopupShown() && (key == WXK_ESCAPE || key == WXK_RETURN || key == WXK_NUMPAD_ENTER))
+    {
+        event.StopPropagation();
+    }
+    event.Skip();
 }
 
 // In place of the system's colours, also when the scheme has changed.
@@ -143,8 +155,26 @@ _ItemLook wxtComboBox::LookOf(int item, int flags) const
 
 void wxtComboBox::OnDrawBackground(wxDC& dc, const wxRect& rect, int item, int flags) const
 {
-    _FillGround(dc, rect, LookOf(item, flags).ground);
-    if ((flags & wxODCB_PAINTING_CONTROL) && ShouldDrawFocus())
+    if (flags & wxODCB_PAINTING_CONTROL)
+    {
+        PrepareBackground(dc, rect, 0);
+    }
+    else
+    {
+        _FillGround(dc, rect, LookOf(item, flags).ground);
+    }
+}
+
+// Of the control itself, also where nothing is selected.
+void wxtComboBox::PrepareBackground(wxDC& dc, const wxRect& rect, int) const
+{
+    const wxColour ink = GetForegroundColour();
+    _FillGround(dc, rect, GetBackgroundColour());
+    if (ink.IsOk())
+    {
+        dc.SetTextForeground(ink);
+    }
+    if (ShouldDrawFocus())
     {
         _DrawFrame(dc, rect, wxtGetColor(color_Selected));
     }

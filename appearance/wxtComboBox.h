@@ -39,6 +39,8 @@ public:
 
     bool SetFont(const wxFont& font) override;
 
+    void PrepareBackground(wxDC& dc, const wxRect& rect, int flags) const override;
+
 protected:
     void    OnThemeChange() override;
     void    DrawButton(wxDC& dc, const wxRect& rect, int flags) override;
@@ -55,6 +57,7 @@ private:
     _ItemLook LookOf(int item, int flags) const;
     void      ColourParts();
     void      KeepListEvent(wxCommandEvent& event);
+    void      KeyForList(wxKeyEvent& event);
 
     /// Of the font, pixels; 0 before they are asked for. Finding them takes the toolkit long.
     /// @{

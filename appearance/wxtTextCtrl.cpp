@@ -1,6 +1,7 @@
 #include "appearance/wxtTextCtrl.h"
 
 #include "appearance/_InputColors.h"
+#include "appearance/_PortStyle.h"
 #include "appearance/wxtAutoCompleter.h"
 #include "tolvan/ClientOptions.h"
 #include "vesta/Application.h"
@@ -14,6 +15,34 @@ constexpr int kOverText = 6; // pixels, of the height
 
 constexpr long kStylesThatDoNotComplete =
     wxTE_READONLY | wxTE_MULTILINE | wxTE_RICH | wxTE_PASSWORD;
+
+// Proposals at most for what was typed: a list to choose from need not hold what nobody would read,
+// and each takes the toolkit some time with every key.
+constexpr int kProposals = 100;
+
+// What a field shows of the completions.
+class FieldCompleter : public wxtAutoCompleter
+{
+public:
+    bool Start(const wxString& text) override
+    {
+        m_Text = text;
+        m_Left = kProposals;
+        return wxtAutoCompleter::Start(text);
+    }
+
+    wxString GetNext() override
+    {
+        const wxString next = m_Left-- > 0 ? wxtAutoCompleter::GetNext() : wxString();
+        // What the field already holds completes nothing, but would keep the list open after the
+        // user has taken it from there.
+        return next == m_Text && !next.empty() ? wxtAutoCompleter::GetNext() : next;
+    }
+
+private:
+    wxString m_Text;
+    int      m_Left = 0; // proposals
+};
 
 bool OptionsAllowCompletion()
 {
@@ -40,7 +69,8 @@ wxtTextCtrl::wxtTextCtrl(wxWindow* parent, wxWindowID id, const wxString& value,
     }
     if (!(style & kStylesThatDoNotComplete) && OptionsAllowCompletion())
     {
-        AutoComplete(new wxtAutoCompleter(k_Proposals));
+        AutoComplete(new FieldCompleter);
+        Bind(wxEVT_CHAR_HOOK, &wxtTextCtrl::KeyForCompletions, this);
     }
 }
 
@@ -50,6 +80,23 @@ void wxtTextCtrl::GiveRoom(const wxSize& size)
     const int height = std::max(GetBestSize().y, GetCharHeight() + kOverText);
     SetMinSize(wxSize(size.x, size.y == wxDefaultCoord ? height : size.y));
     SetSize(wxSize(size.x == wxDefaultCoord ? GetSize().x : size.x, GetMinSize().y));
+}
+
+void wxtTextCtrl::KeyForCompletions(wxKeyEvent& event)
+{
+    const int  key = event.GetKeyCode();
+    const bool open = _CompletionsAreOpen();
+    const bool enter = key == WXK_RETURN || key == WXK_NUMPAD_ENTER;
+    if (open && (key == WXK_ESCAPE || (enter && m_Choosing)))
+    {
+        event.StopPropagation(); // it is for the list
+        event.Skip();
+        m_Choosing = false;
+        return;
+    }
+    m_Choosing =
+        open && (key == WXK_DOWN || key == WXK_UP || key == WXK_PAGEDOWN || key == WXK_PAGEUP);
+    event.Skip();
 }
 
 void wxtTextCtrl::FollowScheme(wxSysColourChangedEvent& event)

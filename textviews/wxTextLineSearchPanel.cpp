@@ -1,6 +1,7 @@
 #include "textviews/wxTextLineSearchPanel.h"
 
 #include "appearance/wxTolvanString.h"
+#include "appearance/wxtTextCtrl.h"
 #include "textviews/_LineSearch.h"
 #include "textviews/_LineStore.h"
 #include "textviews/_searchCancel.xpm"
@@ -9,7 +10,6 @@
 
 #include <wx/app.h>
 #include <wx/sizer.h>
-#include <wx/textctrl.h>
 
 #include <chrono>
 
@@ -52,7 +52,6 @@ wxTextLineSearchPanel::wxTextLineSearchPanel(wxTextLineCtrl* view, wxWindow* par
     MakeControls();
     LayOutControls();
     BindEvents();
-    ColourField();
 }
 
 wxTextLineSearchPanel::~wxTextLineSearchPanel() = default;
@@ -62,8 +61,9 @@ void wxTextLineSearchPanel::MakeControls()
     m_Close = new wxtBitmapButton(this, wxID_ANY, wxBitmap(searchCancel_xpm), wxDefaultPosition,
                                   wxDefaultSize, wxBORDER_NONE);
     m_Close->SetToolTip(_("Close"));
-    m_Field = new wxTextCtrl(this, wxID_ANY, wxEmptyString, wxDefaultPosition,
-                             wxSize(kFieldWidth, -1), wxTE_PROCESS_ENTER);
+    m_Field = new wxtTextCtrl(this, wxID_ANY, wxEmptyString, wxDefaultPosition,
+                              wxSize(kFieldWidth, -1), wxTE_PROCESS_ENTER);
+    m_Field->AutoComplete(nullptr); // it is lines of text that are looked for
     m_Previous = new wxtButton(this, wxID_ANY, _("Previous"));
     m_Next = new wxtButton(this, wxID_ANY, _("Next"));
     m_MatchCase = new wxtCheckBox(this, wxID_ANY, _("Match Case"));
@@ -103,18 +103,6 @@ void wxTextLineSearchPanel::BindEvents()
     m_MatchCase->Bind(wxEVT_CHECKBOX, &wxTextLineSearchPanel::OnTextChanged, this);
     Bind(wxEVT_CHAR_HOOK, &wxTextLineSearchPanel::OnKey, this);
     Bind(wxEVT_IDLE, &wxTextLineSearchPanel::OnIdle, this);
-    Bind(wxEVT_SYS_COLOUR_CHANGED,
-         [this](wxSysColourChangedEvent& event)
-         {
-             event.Skip();
-             ColourField();
-         });
-}
-
-void wxTextLineSearchPanel::ColourField()
-{
-    m_Field->SetForegroundColour(wxtGetColor(color_Text));
-    m_Field->SetBackgroundColour(wxtGetColor(color_WindowBGLighter));
 }
 
 void wxTextLineSearchPanel::Expand()

@@ -8,8 +8,8 @@
 
 #include <memory>
 
-class wxTextCtrl;
 class wxTextLineCtrl;
+class wxtTextCtrl;
 
 /// The search bar of a text view: a field, previous and next, "Match Case", the number of lines
 /// with a hit, notices, and a button that closes it. Enter looks for the next hit, Shift+Enter for
@@ -57,7 +57,6 @@ private:
     void OnKey(wxKeyEvent& event);
     void OnIdle(wxIdleEvent& event);
     void OnTextChanged(wxCommandEvent& event);
-    void ColourField();
 
     bool WorkOnSearch();
     void FinishSearch();
@@ -69,7 +68,7 @@ private:
 
     wxWeakRef<wxTextLineCtrl> m_View;
     std::unique_ptr<Work>     m_Work;
-    wxTextCtrl*               m_Field = nullptr;
+    wxtTextCtrl*              m_Field = nullptr;
     wxtButton*                m_Previous = nullptr;
     wxtButton*                m_Next = nullptr;
     wxtButton*                m_Stop = nullptr;

@@ -1,0 +1,91 @@
+#include "appearance/_Vocabulary.h"
+#include "appearance/wxtAutoCompleter.h"
+#include "vesta/File.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+
+namespace
+{
+// The vocabulary is collected once, whichever test comes first: what it is to hold has to be there
+// before all of them.
+bool Prepare()
+{
+    char       name[] = "/tmp/tolvan-modules-XXXXXX";
+    const auto folder = std::string(mkdtemp(name));
+    for (const char type : {'1', '2'})
+    {
+        std::ofstream(folder + "/" + type + ".module")
+            << "[Type]\nId=0000000000000000000000000000000" << type << "\nName=Zz Product " << type
+            << "\nExecute=true\n[Parameter zzShared]\nChoices=zzLow;zzHigh\n"
+            << "[Entries]\nzzEntry=x\n[Outputs]\nzzOutput=*.png\n";
+    }
+    setenv("TOLVAN_MODULES", folder.c_str(), 1);
+    setenv("zzGr\xc3\xb6\xc3\x9f"
+           "e",
+           "1", 1);
+    setenv("ZZBAD\xff", "1", 1);
+    return true;
+}
+const bool kPrepared = Prepare();
+
+String Proposals(wxtAutoCompleter& completer, const wxString& text)
+{
+    if (!completer.Start(text))
+    {
+        return "-";
+    }
+    String all;
+    for (wxString next = completer.GetNext(); !next.empty(); next = completer.GetNext())
+    {
+        all += (all.empty() ? "" : ",") + String(next.utf8_string());
+    }
+    EXPECT_TRUE(completer.GetNext().empty());
+    return all;
+}
+} // namespace
+
+TEST(VocabularyTest, OrdersWithoutCaseAndKeepsTheFirstOfEachWord)
+{
+    const _Vocabulary words({"beta", "Alpha", "ALPHA", "alp", "al_", "Beta", "\xc3\xa4"});
+    String            all;
+    for (const String* word = words.LowerBound(""); word != words.End(); ++word)
+    {
+        all += *word + " ";
+    }
+    EXPECT_EQ("al_ alp Alpha beta \xc3\xa4 ", all);
+    EXPECT_EQ("Alpha", *words.LowerBound("ALPH"));
+    EXPECT_EQ(words.End(), words.LowerBound("\xff"));
+}
+
+TEST(AutoCompleterTest, CompletesTheLastWordAndKeepsWhatStandsBefore)
+{
+    const struct
+    {
+        const char* text;
+        const char* proposals;
+    } cases[] = {
+        {"", "-"},
+        {"yes ", "-"},
+        {"a(", "-"},
+        {"Fals", "False"},
+        {"x.FALS", "x.False"},
+        {"a:b|(Zz \xc3\xa4 prior", "a:b|(Zz \xc3\xa4 Priority"},
+        {"zzs", "zzShared"}, // of two types, once
+        {"zzhi", "zzHigh"},
+        {"zze", "zzEntry"},
+        {"zzo", "zzOutput"},
+        {"ZZ", "Zz Product 1,Zz Product 2,ZZBAD\xc3\xbf,zzEntry,zzGr\xc3\xb6\xc3\x9f"
+               "e,zzHigh,zzLow,zzOutput,zzShared"},
+        {"zzgr\xc3\xb6", "zzGr\xc3\xb6\xc3\x9f"
+                         "e"},
+        {"no such word", ""},
+    };
+    wxtAutoCompleter completer;
+    for (const auto& one : cases)
+    {
+        EXPECT_EQ(one.proposals, Proposals(completer, wxString::FromUTF8(one.text))) << one.text;
+    }
+}
