@@ -3,6 +3,9 @@
 #include "appearance/wxExpandablePanel.h"
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
+#include "appearance/wxtCheckListBox.h"
+#include "appearance/wxtChoice.h"
+#include "appearance/wxtTextCtrl.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxtListCtrl.h"
 #include "textviews/wxBarHistoryCtrl.h"
@@ -19,6 +22,8 @@ namespace
 constexpr int kGap = 6; // pixels
 const wxSize  kViewSize(520, 150);
 const wxSize  kChartSize(200, 50);
+const wxSize  kFieldSize(160, -1);
+const wxSize  kListSize(170, 70);
 
 class Panel : public wxExpandablePanel
 {
@@ -73,6 +78,39 @@ void AddBoxes(wxWindow* parent, wxSizer* sizer)
                                    wxRB_GROUP));
     Put(radios, new wxtRadioButton(parent, wxID_ANY, "Radio button"));
     Put(radios, new wxtRadioButton(parent, wxID_ANY, "Disabled"))->Disable();
+}
+
+void AddFields(wxWindow* parent, wxSizer* sizer)
+{
+    wxSizer* const row = AddRow(sizer);
+    Put(row, new wxtTextCtrl(parent, wxID_ANY, "Text field"))->SetMinSize(kFieldSize);
+    auto* const empty = Put(row, new wxtTextCtrl(parent, wxID_ANY));
+    empty->SetHint("A hint");
+    empty->SetMinSize(kFieldSize);
+    auto* const disabled = Put(row, new wxtTextCtrl(parent, wxID_ANY, "Disabled"));
+    disabled->SetMinSize(kFieldSize);
+    disabled->Disable();
+}
+
+void AddChoices(wxWindow* parent, wxSizer* sizer)
+{
+    wxArrayString items;
+    for (const char* const item : {"Ray Tracer", "Checksum", "Another product"})
+    {
+        items.Add(item);
+    }
+    wxSizer* const row = AddRow(sizer);
+    auto* const    choice =
+        Put(row, new wxtChoice(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, items));
+    choice->SetSelection(0);
+    choice->SetMinSize(kFieldSize);
+    auto* const combo = Put(row, new wxtComboBox(parent, wxID_ANY, "Combo box", wxDefaultPosition,
+                                                 wxDefaultSize, items));
+    combo->SetMinSize(kFieldSize);
+    auto* const list =
+        Put(row, new wxtCheckListBox(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, items));
+    list->Check(0);
+    list->SetMinSize(kListSize);
 }
 
 void AddPanels(wxWindow* parent, wxSizer* sizer)

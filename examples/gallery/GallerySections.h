@@ -9,6 +9,8 @@ using GallerySection = void (*)(wxWindow* parent, wxSizer* sizer);
 
 void AddButtons(wxWindow* parent, wxSizer* sizer);
 void AddBoxes(wxWindow* parent, wxSizer* sizer);
+void AddFields(wxWindow* parent, wxSizer* sizer);
+void AddChoices(wxWindow* parent, wxSizer* sizer);
 void AddPanels(wxWindow* parent, wxSizer* sizer);
 void AddCharts(wxWindow* parent, wxSizer* sizer);
 void AddList(wxWindow* parent, wxSizer* sizer);
