@@ -18,7 +18,7 @@ constexpr long kStylesThatDoNotComplete =
 
 // Proposals at most for what was typed: a list to choose from need not hold what nobody would read,
 // and each takes the toolkit some time with every key.
-constexpr int kProposals = 100;
+constexpr int kProposals = 20;
 
 // What a field shows of the completions.
 class FieldCompleter : public wxtAutoCompleter
