@@ -109,6 +109,22 @@ bool PressKeys(const String& window, const String& keys)
            std::system(("xdotool " + keys).c_str()) == 0;
 }
 
+// Opens the menu of the list's first job and waits until it is there.
+bool OpenJobMenu()
+{
+    const char* const find = "xdotool search --onlyvisible --name '^tolvan-monitor$' >/dev/null";
+    return PressKeys("Tolvan Monitor", "key Home") &&
+           PressKeys("Tolvan Monitor", "key shift+F10") &&
+           WaitFor([&] { return std::system(find) == 0; }, kProgramDeadlineMs);
+}
+
+// Has the master close its clients; whether the program then ends well.
+bool EndsOnRequest(const Program& master, Program& client)
+{
+    master.Signal(SIGUSR1);
+    return WaitFor([&] { return client.HasEnded(); }, kProgramDeadlineMs) && client.ExitCode() == 0;
+}
+
 // Pixels of that colour on the whole screen.
 int CountPixels(const wxColour& colour)
 {
@@ -193,8 +209,8 @@ TEST_F(ProgramsTest, AnUnusableLogFolderIsExplained)
 }
 
 // A job type whose parameter is long and has several lines leaves the dialog usable; the job gets
-// every byte of it. Quitting asks, because the job runs; the farm's request to end does not wait
-// for the answer.
+// every byte of it, and its menu acts on it. Quitting asks, because the job runs; the farm's
+// request to end waits neither for the answer nor for the menu.
 TEST_F(ProgramsTest, MonitorSubmitsAJobAndAsksBeforeItQuits)
 {
     const String longLine(10240, 'x');
@@ -205,7 +221,8 @@ TEST_F(ProgramsTest, MonitorSubmitsAJobAndAsksBeforeItQuits)
               "[Type]\nId = 11111111-2222-3333-4444-555555555555\nName = Test\n"
               "Execute = /bin/sh " +
                   TempFile("job.sh").Text() + " %Text%\n[Parameter Text]\nDescription = " +
-                  longLine + "\nDefault = \"one\\n" + longLine + "\"\n");
+                  longLine + "\nDefault = \"one\\n" + longLine + "\"\n" +
+                  "[Command Kill]\nStates = Done\n[Command Suspend]\nStates = Running\n");
     setenv("TOLVAN_MODULES", TempFile("modules").Text().c_str(), 1);
     Program master({MASTER_PROGRAM, "--jobs", TempFile("jobs").Text(), "--run-folder",
                     TempFile("runs").Text(), "--stay"});
@@ -225,11 +242,18 @@ TEST_F(ProgramsTest, MonitorSubmitsAJobAndAsksBeforeItQuits)
 
     ASSERT_TRUE(PressKeys("Tolvan Monitor", "key ctrl+q"));
     ASSERT_TRUE(PressKeys("Quit", "key Escape"));
+    ASSERT_TRUE(PressKeys("Tolvan Monitor", "key F6"));
+    ASSERT_TRUE(OpenJobMenu());
+    ASSERT_EQ(0, std::system("xdotool key Down key Down key Return")); // Kill is disabled
+    EXPECT_TRUE(WaitForLog(component_Master, "Command 'Suspend' for the job Sky"));
     ASSERT_TRUE(PressKeys("Tolvan Monitor", "key ctrl+q"));
     ASSERT_TRUE(PressKeys("Quit", "key Tab"));
-    master.Signal(SIGUSR1);
-    EXPECT_TRUE(WaitFor([&] { return monitor.HasEnded(); }, kProgramDeadlineMs));
-    EXPECT_EQ(0, monitor.ExitCode());
+    EXPECT_TRUE(EndsOnRequest(master, monitor));
+
+    Program other({MONITOR_PROGRAM, "--no-start"});
+    ASSERT_TRUE(PressKeys("Tolvan Monitor", "key F6"));
+    ASSERT_TRUE(OpenJobMenu());
+    EXPECT_TRUE(EndsOnRequest(master, other));
     EndMaster();
     EXPECT_TRUE(WaitFor([&] { return master.HasEnded(); }, kProgramDeadlineMs));
 }
