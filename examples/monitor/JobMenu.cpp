@@ -85,11 +85,13 @@ void JobMenu::Refresh()
 
 void JobMenu::DoProcessCommand(const String& name, const String& item)
 {
+    // While a question is open the job may go, and the menu is filled anew.
+    const boost::shared_ptr<Job> job = GetJob();
     for (const auto& own : kOwnCommands)
     {
-        if (GetJob() && name == own.name)
+        if (job && name == own.name)
         {
-            own.run(GetJob(), &m_Window);
+            own.run(job, &m_Window);
             return;
         }
     }
