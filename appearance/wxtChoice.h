@@ -27,6 +27,9 @@ public:
               const wxString&    name = wxASCII_STR(wxChoiceNameStr));
     /// @}
 
+    /// Whether there are no items.
+    bool IsEmpty() const { return IsListEmpty(); }
+
 private:
     void TellAsChoice(wxCommandEvent& event);
 

@@ -34,8 +34,11 @@ public:
                 const wxString&    name = wxASCII_STR(wxComboBoxNameStr));
     /// @}
 
-    /// The selection; the name is that of the stock controls.
-    int GetCurrentSelection() const { return GetSelection(); }
+    /// By the names that the stock controls have for them: the selected item and its text.
+    /// @{
+    int      GetCurrentSelection() const { return GetSelection(); }
+    wxString GetStringSelection() const override { return wxItemContainer::GetStringSelection(); }
+    /// @}
 
     bool SetFont(const wxFont& font) override;
 

@@ -1,6 +1,8 @@
+#include "appearance/_PortStyle.h"
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxtCheckListBox.h"
 #include "appearance/wxtChoice.h"
+#include "appearance/wxtGenericValidator.h"
 #include "appearance/wxtTextCtrl.h"
 #include "tests/support/EventCounter.h"
 #include "tests/support/FrameTest.h"
@@ -69,17 +71,21 @@ TEST_F(InputsTest, FieldCompletesWhatIsTypedAndTellsOfEachChange)
     auto* const  field = new wxtTextCtrl(m_Panel, wxID_ANY, "", wxPoint(10, 10), wxSize(200, -1));
     EventCounter changes(m_Panel, wxEVT_TEXT);
     Focus(field);
-    m_Input.Text("a:fals");
-    ASSERT_TRUE(WaitFor([&] { return field->GetValue() == "a:fals"; }));
-    EXPECT_EQ(6, changes.Count());
-    // The list comes a moment later: down, and Enter takes the proposal.
+    m_Input.Text("1:o");
+    ASSERT_TRUE(WaitFor([&] { return field->GetValue() == "1:o"; }));
+    EXPECT_EQ(3, changes.Count());
     const auto taken = [&]
     {
+        // Again where the list was just being made: it misses the keys then.
+        Press(WXK_BACK);
+        Press('O');
+        EXPECT_TRUE(WaitFor(_CompletionsAreOpen));
         Press(WXK_DOWN);
         Press(WXK_RETURN);
-        return WaitFor([&] { return field->GetValue() == "a:False"; }, 200);
+        return WaitFor([&] { return field->GetValue() == "1:Off"; }, 500);
     };
     EXPECT_TRUE(WaitFor(taken)) << field->GetValue();
+    EXPECT_TRUE(WaitFor([] { return !_CompletionsAreOpen(); })) << "nothing is left to complete";
 }
 
 TEST_F(InputsTest, FieldCompletesNothingWhereStyleOrOptionsForbid)
@@ -95,12 +101,9 @@ TEST_F(InputsTest, FieldCompletesNothingWhereStyleOrOptionsForbid)
         auto* const field =
             new wxtTextCtrl(m_Panel, wxID_ANY, "", wxPoint(10, 10), wxSize(200, 40), one.style);
         Focus(field);
-        m_Input.Text("fals");
-        ASSERT_TRUE(WaitFor([&] { return field->GetValue() == "fals"; }));
-        WaitFor([] { return false; }, 300); // as long as a list would take
-        Press(WXK_DOWN);
-        Press(WXK_RETURN);
-        EXPECT_EQ("fals", field->GetValue().BeforeFirst('\n')) << one.style << one.option;
+        Press('O');
+        ASSERT_TRUE(WaitFor([&] { return field->GetValue() == "o"; })) << field->GetValue();
+        EXPECT_FALSE(WaitFor(_CompletionsAreOpen, 300)) << one.style << one.option;
         field->Destroy();
     }
 }
@@ -259,4 +262,30 @@ TEST_F(InputsTest, ClientObjectsAreFreedOnce)
     choice->Destroy();
     list->Destroy();
     EXPECT_TRUE(WaitFor([] { return Counted::s_Alive == 0; })) << Counted::s_Alive;
+}
+
+TEST_F(InputsTest, ValidatorsMoveValuesToTheControlsAndBack)
+{
+    int        selected = 2;
+    wxString   text = "typed";
+    wxArrayInt checked(2, 1);
+    checked[1] = 3;
+    auto* const choice = AddChoice();
+    choice->SetValidator(wxtGenericValidator(&selected));
+    auto* const combo = new wxtComboBox(m_Panel, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
+                                        Items(), 0, wxtGenericValidator(&text));
+    auto* const list = new wxtCheckListBox(m_Panel, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                                           Items(), 0, wxtGenericValidator(&checked));
+    ASSERT_TRUE(m_Panel->TransferDataToWindow());
+    EXPECT_EQ("bravo", choice->GetStringSelection());
+    EXPECT_EQ("typed", combo->GetValue());
+    EXPECT_TRUE(!list->IsChecked(0) && list->IsChecked(1) && list->IsChecked(3));
+    choice->SetSelection(wxNOT_FOUND);
+    combo->SetValue("other");
+    list->Check(1, false);
+    ASSERT_TRUE(m_Panel->TransferDataFromWindow());
+    EXPECT_EQ(wxNOT_FOUND, selected);
+    EXPECT_EQ("other", text);
+    ASSERT_EQ(1u, checked.size());
+    EXPECT_EQ(3, checked[0]);
 }
