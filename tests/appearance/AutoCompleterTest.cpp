@@ -5,16 +5,25 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 
 namespace
 {
 // The vocabulary is collected once, whichever test comes first: what it is to hold has to be there
 // before all of them.
-bool Prepare()
+struct Prepared
 {
-    char       name[] = "/tmp/tolvan-modules-XXXXXX";
-    const auto folder = std::string(mkdtemp(name));
+    Prepared();
+    ~Prepared() { std::filesystem::remove_all(folder); }
+
+    std::string folder;
+} const g_Prepared;
+
+Prepared::Prepared()
+{
+    char name[] = "/tmp/tolvan-modules-XXXXXX";
+    folder = mkdtemp(name);
     for (const char type : {'1', '2'})
     {
         std::ofstream(folder + "/" + type + ".module")
@@ -27,9 +36,7 @@ bool Prepare()
            "e",
            "1", 1);
     setenv("ZZBAD\xff", "1", 1);
-    return true;
 }
-const bool kPrepared = Prepare();
 
 String Proposals(wxtAutoCompleter& completer, const wxString& text)
 {
