@@ -211,6 +211,10 @@ void LogViewFrame::OnTextCommand(wxCommandEvent& event)
 
 void LogViewFrame::OnClose(wxCloseEvent& event)
 {
+    if (m_End.Begin())
+    {
+        return;
+    }
     SaveWindowPosition();
     event.Skip();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/EndLater.h"
 #include "shell/wxTolvanFrame.h"
 #include "vesta/Path.h"
 
@@ -36,4 +37,5 @@ private:
     wxAuiNotebook* m_Pages = nullptr;
     wxStaticText*  m_Status = nullptr;
     wxTimer        m_StatusTimer;
+    EndLater       m_End{*this};
 };

@@ -14,7 +14,6 @@
 #include "common/PaneSplitter.h"
 #include "common/PreferencesDlg.h"
 #include "common/Question.h"
-#include "dialogs/wxTolvanDlg.h"
 #include "shell/wxTolvanApp.h"
 #include "textviews/wxTextLineSearchPanel.h"
 #include "vesta/Log.h"
@@ -28,20 +27,11 @@ constexpr size_t  kLinesAtOnce = 20000; // between two looks at the user's event
 constexpr int     kBorder = 8;          // pixels
 constexpr int     kJobsHeight = 400;    // pixels, before the user has chosen
 constexpr int     kSashStep = 40;       // pixels
-constexpr int     kEndAgain = 20;       // milliseconds
 const char* const kViewName = "MainView";
 const char* const kQuitQuestion = "QuitWhileJobsRun";
 
 const wxSize kFirstSize(1100, 800);   // pixels, before the user has chosen
 const wxSize kSmallestSize(560, 320); // pixels
-
-// Whether there was one.
-bool CloseDialogs()
-{
-    const bool isOpen = !wxTolvanDlg::s_Dialogs.empty();
-    wxTolvanDlg::CloseAll();
-    return isOpen;
-}
 } // namespace
 
 MonitorFrame::MonitorFrame(const Program& program)
@@ -58,7 +48,6 @@ MonitorFrame::MonitorFrame(const Program& program)
     Bind(wxTOLVAN_CONNECT_EVENT, [this](wxCommandEvent&) { OnConnection(true); });
     Bind(wxTOLVAN_DISCONNECT_EVENT, [this](wxCommandEvent&) { OnConnection(false); });
     Bind(wxEVT_CLOSE_WINDOW, &MonitorFrame::OnClose, this);
-    m_EndTimer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Close(true); });
     LoadWindowPosition();
     m_Built = true;
 }
@@ -222,10 +211,8 @@ bool MonitorFrame::MayQuit()
 void MonitorFrame::OnClose(wxCloseEvent& event)
 {
     const bool mustEnd = !event.CanVeto() || m_Program.isToldToEnd();
-    if (mustEnd && (ClosePopUp() || CloseDialogs()))
+    if (mustEnd && m_End.Begin())
     {
-        // The functions that run them must have returned before their window goes.
-        m_EndTimer.StartOnce(kEndAgain);
         return;
     }
     if (!mustEnd && !MayQuit())

@@ -4,9 +4,8 @@
 #include "monitor/FarmJobs.h"
 #include "monitor/JobWindows.h"
 
+#include "common/EndLater.h"
 #include "shell/wxTolvanFrame.h"
-
-#include <wx/timer.h>
 
 #include <functional>
 #include <memory>
@@ -64,6 +63,6 @@ private:
     LiveLog*                 m_Log = nullptr;
     bool                     m_Connected = false;
     bool                     m_OutputSeen = false; ///< A job's output has been shown.
-    wxTimer                  m_EndTimer;
+    EndLater                 m_End{*this};
     bool                     m_Asking = false; ///< The user is being asked whether to quit.
 };
