@@ -22,8 +22,8 @@ struct Prepared
 
 Prepared::Prepared()
 {
-    char name[] = "/tmp/tolvan-modules-XXXXXX";
-    folder = mkdtemp(name);
+    folder = testing::TempDir() + "tolvan-modules-XXXXXX";
+    mkdtemp(folder.data());
     for (const char type : {'1', '2'})
     {
         std::ofstream(folder + "/" + type + ".module")

@@ -178,7 +178,7 @@ TEST_F(JobCommandMenuTest, RunsWhatAnIdHasEverStoodFor)
 
 TEST_F(JobCommandMenuTest, AFailureIsToldAndOthersPass)
 {
-    BoxCatcher box;
+    DialogCatcher box;
     menu.Fill(job, ~0);
     job->fail = [] { Exception::Throw("Job", "DoCommand", 7, "The farm is shut", "Till Monday"); };
     EXPECT_TRUE(menu.TryCommand(IdOf("Stop")));

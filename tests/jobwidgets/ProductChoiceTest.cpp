@@ -17,7 +17,7 @@ protected:
     }
     static wxString Names(const ProductChoice& choice) { return wxJoin(choice.GetStrings(), '|'); }
 
-    BoxCatcher m_Box;
+    DialogCatcher m_Box;
 };
 } // namespace
 

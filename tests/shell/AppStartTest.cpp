@@ -1,3 +1,4 @@
+#include "tests/support/DialogCatcher.h"
 #include "tests/support/FrameTest.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestApp.h"
@@ -7,35 +8,9 @@
 #include "vesta/Platform.h"
 
 #include <wx/log.h>
-#include <wx/modalhook.h>
-#include <wx/msgdlg.h>
 
 namespace
 {
-/// Answers every modal dialog at once and remembers what it said.
-class DialogCatcher : public wxModalDialogHook
-{
-public:
-    DialogCatcher() { Register(); }
-    ~DialogCatcher() override { Unregister(); }
-
-    int      count = 0;
-    wxString caption;
-    wxString text;
-
-protected:
-    int Enter(wxDialog* dialog) override
-    {
-        ++count;
-        if (const auto* const box = dynamic_cast<wxMessageDialog*>(dialog))
-        {
-            caption = box->GetTitle();
-            text = box->GetMessage();
-        }
-        return wxID_OK;
-    }
-};
-
 /// Starts the application once more.
 class AppStartTest : public UserFolderTest
 {
