@@ -3,6 +3,7 @@
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
 #include "textviews/wxBarHistoryCtrl.h"
+#include "vesta/Application.h"
 
 #include <wx/intl.h>
 
@@ -21,6 +22,17 @@ uint32_t MidOf(uint32_t upper)
 {
     return upper - upper / 4;
 }
+
+// A panel is closed until the user opens it; these are to be seen without being looked for.
+void ShowAtFirst(const String& section, const String& key)
+{
+    OptionsFile&    options = Application::the_Application->Options();
+    const WriteLock lock(options.Lock());
+    if (!options.HasValue(section, key))
+    {
+        options.SetValue(section, key, "1");
+    }
+}
 } // namespace
 
 ChartStrip::ChartStrip(wxWindow* parent, const FarmJobs& jobs)
@@ -31,6 +43,7 @@ ChartStrip::ChartStrip(wxWindow* parent, const FarmJobs& jobs)
 {
     m_Section = "Charts";
     m_Key = "Shown";
+    ShowAtFirst(m_Section, m_Key);
     m_CollapsedCaption = wxGetTranslation("Charts");
     m_ExpandedCaption = m_CollapsedCaption;
     CreateInfrastructure(wxGetTranslation("Shows or hides the charts"), true);
