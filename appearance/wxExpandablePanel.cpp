@@ -94,9 +94,9 @@ void _ClickStatic::OnClick(wxMouseEvent& event)
 wxBEGIN_EVENT_TABLE(wxExpandablePanel, wxtPanel)
     EVT_BUTTON(wxExpandablePanel::id_Expand, wxExpandablePanel::OnExpand)
 wxEND_EVENT_TABLE()
-    // clang-format on
+// clang-format on
 
-    wxExpandablePanel::wxExpandablePanel(wxWindow* parent, wxOrientation orientation)
+wxExpandablePanel::wxExpandablePanel(wxWindow* parent, wxOrientation orientation)
     : wxtPanel(parent), m_Orientation(orientation)
 {
 }

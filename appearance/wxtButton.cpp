@@ -57,11 +57,11 @@ wxBEGIN_EVENT_TABLE(wxtButton, wxControl)
     EVT_MOVE(wxtButton::Move)
     EVT_SIZE(wxtButton::Size)
 wxEND_EVENT_TABLE()
-    // clang-format on
+// clang-format on
 
-    wxtButton::wxtButton(wxWindow* parent, wxWindowID id, const wxString& label,
-                         const wxPoint& position, const wxSize& size, long style,
-                         const wxValidator& validator, const wxString& name)
+wxtButton::wxtButton(wxWindow* parent, wxWindowID id, const wxString& label,
+                     const wxPoint& position, const wxSize& size, long style,
+                     const wxValidator& validator, const wxString& name)
     : wxControl(parent, id, position, size, WithBorder(style), validator, name),
       m_ForeignKey(std::make_unique<_ForeignKey>())
 {

@@ -32,11 +32,11 @@ wxBEGIN_EVENT_TABLE(wxtCheckBox, wxCheckBoxBase)
     EVT_KEY_UP(wxtCheckBox::Press)
     EVT_SIZE(wxtCheckBox::Size)
 wxEND_EVENT_TABLE()
-    // clang-format on
+// clang-format on
 
-    wxtCheckBox::wxtCheckBox(wxWindow* parent, wxWindowID id, const wxString& label,
-                             const wxPoint& position, const wxSize& size, long style,
-                             const wxValidator& validator, const wxString& name)
+wxtCheckBox::wxtCheckBox(wxWindow* parent, wxWindowID id, const wxString& label,
+                         const wxPoint& position, const wxSize& size, long style,
+                         const wxValidator& validator, const wxString& name)
     : m_Label(label), m_ForeignKey(std::make_unique<_ForeignKey>())
 {
     CALL_ENTRY("wxtCheckBox::wxtCheckBox");

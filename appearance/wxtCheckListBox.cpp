@@ -37,11 +37,11 @@ wxBEGIN_EVENT_TABLE(wxtCheckListBox, wxVListBox)
     EVT_SET_FOCUS(wxtCheckListBox::Focus)
     EVT_KILL_FOCUS(wxtCheckListBox::Focus)
 wxEND_EVENT_TABLE()
-    // clang-format on
+// clang-format on
 
-    wxtCheckListBox::wxtCheckListBox(wxWindow* parent, wxWindowID id, const wxPoint& position,
-                                     const wxSize& size, const wxArrayString& choices, long style,
-                                     const wxValidator& validator, const wxString& name)
+wxtCheckListBox::wxtCheckListBox(wxWindow* parent, wxWindowID id, const wxPoint& position,
+                                 const wxSize& size, const wxArrayString& choices, long style,
+                                 const wxValidator& validator, const wxString& name)
 {
     CALL_ENTRY("wxtCheckListBox::wxtCheckListBox");
     // Selections of several items are not supported.

@@ -6,11 +6,11 @@
 wxBEGIN_EVENT_TABLE(wxtChoice, wxtComboBox)
     EVT_COMBOBOX(wxID_ANY, wxtChoice::TellAsChoice)
 wxEND_EVENT_TABLE()
-    // clang-format on
+// clang-format on
 
-    wxtChoice::wxtChoice(wxWindow* parent, wxWindowID id, const wxPoint& position,
-                         const wxSize& size, const wxArrayString& choices, long style,
-                         const wxValidator& validator, const wxString& name)
+wxtChoice::wxtChoice(wxWindow* parent, wxWindowID id, const wxPoint& position, const wxSize& size,
+                     const wxArrayString& choices, long style, const wxValidator& validator,
+                     const wxString& name)
     : wxtComboBox(parent, id, wxEmptyString, position, size, choices, style | wxCB_READONLY,
                   validator, name)
 {

@@ -25,12 +25,11 @@ wxBEGIN_EVENT_TABLE(wxtComboBox, wxOwnerDrawnComboBox)
     EVT_LISTBOX(wxID_ANY, wxtComboBox::KeepListEvent)
     EVT_CHAR_HOOK(wxtComboBox::KeyForList)
 wxEND_EVENT_TABLE()
-    // clang-format on
+// clang-format on
 
-    wxtComboBox::wxtComboBox(wxWindow* parent, wxWindowID id, const wxString& value,
-                             const wxPoint& position, const wxSize& size,
-                             const wxArrayString& choices, long style, const wxValidator& validator,
-                             const wxString& name)
+wxtComboBox::wxtComboBox(wxWindow* parent, wxWindowID id, const wxString& value,
+                         const wxPoint& position, const wxSize& size, const wxArrayString& choices,
+                         long style, const wxValidator& validator, const wxString& name)
 {
     CALL_ENTRY("wxtComboBox::wxtComboBox");
     // As in the stock control, a text that is none of the items is not shown where one can only

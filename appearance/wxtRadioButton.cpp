@@ -10,41 +10,41 @@
 wxBEGIN_EVENT_TABLE(wxtRadioButton, wxtCheckBox)
     EVT_KEY_DOWN(wxtRadioButton::ArrowKey)
 wxEND_EVENT_TABLE()
-    // clang-format on
+// clang-format on
 
-    namespace
+namespace
 {
-    // The radio buttons among the siblings from `from` on, until `isEnd` holds of one; it is left
-    // out.
-    template <class Iterator, class IsEnd>
-    std::vector<wxtRadioButton*> RadioButtons(Iterator from, Iterator to, IsEnd isEnd)
+// The radio buttons among the siblings from `from` on, until `isEnd` holds of one; it is left
+// out.
+template <class Iterator, class IsEnd>
+std::vector<wxtRadioButton*> RadioButtons(Iterator from, Iterator to, IsEnd isEnd)
+{
+    std::vector<wxtRadioButton*> found;
+    for (; from != to; ++from)
     {
-        std::vector<wxtRadioButton*> found;
-        for (; from != to; ++from)
+        auto* const button = dynamic_cast<wxtRadioButton*>(*from);
+        if (button && isEnd(*button))
         {
-            auto* const button = dynamic_cast<wxtRadioButton*>(*from);
-            if (button && isEnd(*button))
-            {
-                break;
-            }
-            if (button)
-            {
-                found.push_back(button);
-            }
+            break;
         }
-        return found;
+        if (button)
+        {
+            found.push_back(button);
+        }
     }
+    return found;
+}
 
-    // As a vector: the toolkit's list goes backwards badly.
-    std::vector<wxWindow*> SiblingsOf(const wxWindow& window)
+// As a vector: the toolkit's list goes backwards badly.
+std::vector<wxWindow*> SiblingsOf(const wxWindow& window)
+{
+    if (!wxDynamicCast(wxGetTopLevelParent(const_cast<wxWindow*>(&window)), wxTopLevelWindow))
     {
-        if (!wxDynamicCast(wxGetTopLevelParent(const_cast<wxWindow*>(&window)), wxTopLevelWindow))
-        {
-            return {};
-        }
-        const wxWindowList& all = window.GetParent()->GetChildren();
-        return {all.begin(), all.end()};
+        return {};
     }
+    const wxWindowList& all = window.GetParent()->GetChildren();
+    return {all.begin(), all.end()};
+}
 } // namespace
 
 wxtRadioButton::wxtRadioButton(wxWindow* parent, wxWindowID id, const wxString& label,

@@ -9,6 +9,7 @@
 #include <chrono>
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <vector>
 
 /// What the benchmarks of windows share: the toolkit's start and end, a shown frame with a client
@@ -27,6 +28,32 @@ void     CloseFrame(wxFrame* frame);
 void PumpEvents();
 /// Pumps until the condition holds; ends the program when it does not within ten seconds.
 void PumpUntil(const std::function<bool()>& condition);
+
+/// A control in a shown frame of its own. `Control` is made for the frame and has a member
+/// `window`.
+template <class Control> class ControlStage
+{
+public:
+    ControlStage()
+    {
+        m_Frame = OpenFrame(
+            [this](wxFrame* frame)
+            {
+                m_Control = std::make_unique<Control>(frame);
+                return m_Control->window;
+            });
+        PumpEvents();
+    }
+    ~ControlStage() { CloseFrame(m_Frame); }
+    ControlStage(const ControlStage&) = delete;
+    ControlStage& operator=(const ControlStage&) = delete;
+
+    Control* operator->() const { return m_Control.get(); }
+
+private:
+    wxFrame*                 m_Frame;
+    std::unique_ptr<Control> m_Control;
+};
 
 /// Resident memory of the process, in bytes.
 size_t ResidentBytes();

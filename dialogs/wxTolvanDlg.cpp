@@ -70,9 +70,9 @@ wxBEGIN_EVENT_TABLE(wxTolvanDlg, wxDialog)
     EVT_INIT_DIALOG(wxTolvanDlg::OnInit)
     EVT_CHAR_HOOK(wxTolvanDlg::OnKey)
 wxEND_EVENT_TABLE()
-    // clang-format on
+// clang-format on
 
-    wxTolvanDlg::wxTolvanDlg(const String& positionName, bool modal)
+wxTolvanDlg::wxTolvanDlg(const String& positionName, bool modal)
     : m_PositionName(positionName), m_OpenIndex(g_OpenCount[positionName].dialogs++), m_Modal(modal)
 {
     CALL_ENTRY("wxTolvanDlg::wxTolvanDlg");

@@ -9,9 +9,9 @@
 wxBEGIN_EVENT_TABLE(wxDBListBase, wxDoubleBufferedWindow)
     EVT_MOUSE_CAPTURE_LOST(wxDBListBase::CaptureLost)
 wxEND_EVENT_TABLE()
-    // clang-format on
+// clang-format on
 
-    wxDBListBase::wxDBListBase(wxDBListCtrl* list, long style)
+wxDBListBase::wxDBListBase(wxDBListCtrl* list, long style)
     : wxDoubleBufferedWindow(list, wxID_ANY, style), m_List(*list)
 {
 }

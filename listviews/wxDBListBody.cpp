@@ -31,9 +31,9 @@ wxBEGIN_EVENT_TABLE(wxDBListBody, wxDBListBase)
     EVT_SET_FOCUS(wxDBListBody::OnFocus)
     EVT_KILL_FOCUS(wxDBListBody::OnFocus)
 wxEND_EVENT_TABLE()
-    // clang-format on
+// clang-format on
 
-    wxDBListBody::wxDBListBody(wxDBListCtrl* list, bool singleSelection)
+wxDBListBody::wxDBListBody(wxDBListCtrl* list, bool singleSelection)
     : wxDBListBase(list, wxBORDER_NONE), m_SingleSelection(singleSelection)
 {
     CALL_ENTRY("wxDBListBody::wxDBListBody");

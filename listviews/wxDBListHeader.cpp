@@ -29,10 +29,9 @@ wxBEGIN_EVENT_TABLE(wxDBListHeader, wxDBListBase)
     EVT_RIGHT_DOWN(wxDBListHeader::OnRDown)
     EVT_LEAVE_WINDOW(wxDBListHeader::OnLeave)
 wxEND_EVENT_TABLE()
-    // clang-format on
+// clang-format on
 
-    wxDBListHeader::wxDBListHeader(wxDBListCtrl* list)
-    : wxDBListBase(list, wxBORDER_NONE)
+wxDBListHeader::wxDBListHeader(wxDBListCtrl* list) : wxDBListBase(list, wxBORDER_NONE)
 {
     CALL_ENTRY("wxDBListHeader::wxDBListHeader");
     const _TableSettings& settings = _TableSettings::Get();

@@ -34,9 +34,9 @@ wxBEGIN_EVENT_TABLE(wxDoubleBufferedWindow, wxWindow)
     EVT_MOUSEWHEEL(wxDoubleBufferedWindow::OnMouseWheel)
     EVT_TIMER(kRedrawTimerId, wxDoubleBufferedWindow::Timeout)
 wxEND_EVENT_TABLE()
-    // clang-format on
+// clang-format on
 
-    wxDoubleBufferedWindow::wxDoubleBufferedWindow(wxWindow* parent, int id, long style)
+wxDoubleBufferedWindow::wxDoubleBufferedWindow(wxWindow* parent, int id, long style)
     : m_Scroll(std::make_unique<ScrollState>())
 {
     CALL_ENTRY("wxDoubleBufferedWindow::wxDoubleBufferedWindow");

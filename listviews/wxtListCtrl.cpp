@@ -29,10 +29,10 @@ wxBEGIN_EVENT_TABLE(wxtListCtrl, wxDBListCtrl)
     EVT_LIST_ITEM_SELECTED(wxID_ANY, wxtListCtrl::OnItemSelect)
     EVT_LIST_ITEM_DESELECTED(wxID_ANY, wxtListCtrl::OnItemDeselect)
 wxEND_EVENT_TABLE()
-    // clang-format on
+// clang-format on
 
-    wxtListCtrl::wxtListCtrl(wxWindow* parent, int id, const wxPoint&, const wxSize&, long,
-                             const wxValidator&, const wxString&)
+wxtListCtrl::wxtListCtrl(wxWindow* parent, int id, const wxPoint&, const wxSize&, long,
+                         const wxValidator&, const wxString&)
     : wxDBListCtrl(parent, wxID_ANY, false), m_Selection(std::make_unique<_ListSelection>())
 {
     CALL_ENTRY("wxtListCtrl::wxtListCtrl");

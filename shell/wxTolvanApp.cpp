@@ -63,9 +63,9 @@ wxBEGIN_EVENT_TABLE(wxTolvanApp, wxApp)
     EVT_CHAR_HOOK(wxTolvanApp::KeyboardHook)
     EVT_ACTIVATE(wxTolvanApp::ActivateEvent)
 wxEND_EVENT_TABLE()
-    // clang-format on
+// clang-format on
 
-    wxTolvanApp::wxTolvanApp(LogLevel fileLevel, LogLevel consoleLevel)
+wxTolvanApp::wxTolvanApp(LogLevel fileLevel, LogLevel consoleLevel)
     : TolvanClientApp(fileLevel, consoleLevel)
 {
     CALL_ENTRY("wxTolvanApp::wxTolvanApp");

@@ -38,10 +38,10 @@ wxBEGIN_EVENT_TABLE(wxTolvanFrame, wxFrame)
     EVT_MENU_CLOSE(wxTolvanFrame::OnMenuClose)
     EVT_ACTIVATE(wxTolvanFrame::OnActivate)
 wxEND_EVENT_TABLE()
-    // clang-format on
+// clang-format on
 
-    wxTolvanFrame::wxTolvanFrame(const wxString& title, const wxPoint& position, const wxSize& size,
-                                 long style)
+wxTolvanFrame::wxTolvanFrame(const wxString& title, const wxPoint& position, const wxSize& size,
+                             long style)
     : wxFrame(nullptr, wxID_ANY, title, position, size, style)
 {
     CALL_ENTRY("wxTolvanFrame::wxTolvanFrame");

@@ -39,9 +39,9 @@ wxBEGIN_EVENT_TABLE(wxBarHistoryCtrl, wxControl)
     EVT_SIZE(wxBarHistoryCtrl::OnSize)
     EVT_SYS_COLOUR_CHANGED(wxBarHistoryCtrl::OnColoursChanged)
 wxEND_EVENT_TABLE()
-    // clang-format on
+// clang-format on
 
-    wxBarHistoryCtrl::wxBarHistoryCtrl()
+wxBarHistoryCtrl::wxBarHistoryCtrl()
     : m_History(std::make_unique<_BarHistory>()), m_Bounds(std::make_unique<_BarBounds>())
 {
 }

@@ -54,9 +54,9 @@ wxBEGIN_EVENT_TABLE(wxTextLineCtrl, wxDoubleBufferedWindow)
     EVT_KEY_DOWN(wxTextLineCtrl::OnKey)
     EVT_MENU_RANGE(id_SelectAll, id_Search, wxTextLineCtrl::OnMenu)
 wxEND_EVENT_TABLE()
-    // clang-format on
+// clang-format on
 
-    wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
+wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
     : wxDoubleBufferedWindow(parent, wxID_ANY, wxBORDER_NONE | wxWANTS_CHARS),
       m_Font(_FontExtents::Get()),
       m_Lines(std::make_unique<_LineStore>()),

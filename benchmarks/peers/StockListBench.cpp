@@ -149,38 +149,20 @@ struct DataView
     wxDataViewCtrl*            window;
 };
 
-template <class Control> class Stage
+template <class Control> class Stage : public ControlStage<Control>
 {
 public:
-    Stage()
-    {
-        m_Frame = OpenFrame(
-            [this](wxFrame* frame)
-            {
-                m_Control = std::make_unique<Control>(frame);
-                return m_Control->window;
-            });
-        PumpEvents();
-    }
-    ~Stage() { CloseFrame(m_Frame); }
-
-    Control* operator->() const { return m_Control.get(); }
-
     /// Seconds of a change and of painting everything.
     template <class Change> double RepaintAfter(Change change) const
     {
         const auto start = Clock::now();
         g_Asked = 0;
         change();
-        m_Control->window->Refresh();
-        m_Control->window->Update();
+        (*this)->window->Refresh();
+        (*this)->window->Update();
         PumpUntil([] { return g_Asked >= kCellsSeen; });
         return SecondsSince(start);
     }
-
-private:
-    wxFrame*                 m_Frame;
-    std::unique_ptr<Control> m_Control;
 };
 
 template <class Control> void ListRepaint(benchmark::State& state)

@@ -67,27 +67,7 @@ struct PlainText
     wxTextCtrl* window;
 };
 
-template <class Control> class Stage
-{
-public:
-    Stage()
-    {
-        m_Frame = OpenFrame(
-            [this](wxFrame* frame)
-            {
-                m_Control = std::make_unique<Control>(frame);
-                return m_Control->window;
-            });
-        PumpEvents();
-    }
-    ~Stage() { CloseFrame(m_Frame); }
-
-    Control* operator->() const { return m_Control.get(); }
-
-private:
-    wxFrame*                 m_Frame;
-    std::unique_ptr<Control> m_Control;
-};
+template <class Control> using Stage = ControlStage<Control>;
 
 template <class Control> void AppendAndRepaint(benchmark::State& state)
 {

@@ -27,6 +27,22 @@ protected:
         return bitmap.ConvertToImage();
     }
 
+    // As the toolkit draws it, each of the texts `step` pixels further right.
+    static wxImage Theirs(const wxFont& font, const std::vector<wxString>& texts, int x, int step)
+    {
+        return Draw(
+            [&](wxMemoryDC& dc)
+            {
+                dc.SetFont(font);
+                dc.SetTextForeground(kInk);
+                for (const wxString& text : texts)
+                {
+                    dc.DrawText(text, x, 5);
+                    x += step;
+                }
+            });
+    }
+
     static int Differences(const wxImage& a, const wxImage& b, int tolerance)
     {
         int count = 0;
@@ -73,16 +89,8 @@ TEST_F(TextPainterTest, AgreesWithTheToolkit)
                         painter.DrawCell(&characters[i], 1, static_cast<int>(i) * kCell, 5, kCell);
                     }
                 });
-            const wxImage theirs = Draw(
-                [&](wxMemoryDC& dc)
-                {
-                    dc.SetFont(font);
-                    dc.SetTextForeground(kInk);
-                    for (size_t i = 0; i < characters.size(); ++i)
-                    {
-                        dc.DrawText(wxString(characters[i]), static_cast<int>(i) * kCell, 5);
-                    }
-                });
+            const wxImage theirs =
+                Theirs(font, std::vector<wxString>(text.begin(), text.end()), 0, kCell);
             EXPECT_GT(Differences(ours, Draw([](wxMemoryDC&) {}), 40), 100) << "something is drawn";
             EXPECT_EQ(Differences(ours, theirs, 2), 0)
                 << text << " in " << font.GetNativeFontInfoUserDesc() << " "
@@ -116,13 +124,7 @@ TEST_F(TextPainterTest, RunsAgreeWithTheToolkit)
                     painter.SetColour(kInk);
                     painter.DrawRun(characters, ends, 3, 5);
                 });
-            const wxImage theirs = Draw(
-                [&](wxMemoryDC& dc)
-                {
-                    dc.SetFont(font);
-                    dc.SetTextForeground(kInk);
-                    dc.DrawText(text, 3, 5);
-                });
+            const wxImage theirs = Theirs(font, {text}, 3, 0);
             // Only the second joins letters, in the fonts that do.
             EXPECT_TRUE(isRun || text == runs[1]) << text;
             EXPECT_EQ(isRun ? Differences(ours, theirs, 2) : 0, 0)
