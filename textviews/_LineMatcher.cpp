@@ -192,33 +192,42 @@ std::string_view _LineMatcher::LowerCaseOf(std::string_view ascii)
     return m_Scratch;
 }
 
-// Compares bytes without regard to the lines; what is found may lie across two of them, or start
-// within a character, and is looked at again.
+// Compares bytes without regard to the lines: the first place within a line's bytes decides on it.
+// It may reach into the next line, which rules its own line out, or start within a character, and
+// is looked at again. Every look costs as much as the text is long: it goes on only in a line that
+// is long enough to hold the text, and so to pay for that.
 void _LineMatcher::QuickHits(const _LineStore::Block& block, std::string_view bytes, int from,
                              int end, bool onlyFirst)
 {
     const auto startOf = [&](int line)
     { return line < block.lineCount ? block.StartOf(line) : bytes.size(); };
+    const auto longEnough = [&](int line)
+    {
+        while (line < end && startOf(line + 1) - startOf(line) < m_Bytes.size())
+        {
+            ++line;
+        }
+        return line;
+    };
     const size_t limit = startOf(end);
     _LineMatch   ignored;
-    for (size_t at = startOf(from); at < limit;)
+    for (int line = longEnough(from); line < end; line = longEnough(line + 1))
     {
+        const size_t      at = startOf(line);
         const char* const hit = FindBytes(bytes.substr(at, limit - at), m_Bytes);
         if (!hit)
         {
             return;
         }
         const auto byte = static_cast<size_t>(hit - bytes.data());
-        const int  line = block.LineAt(byte);
-        at = byte + 1;
-        if (Find(block.Line(line), ignored))
+        line = block.LineAt(byte);
+        if (byte + m_Bytes.size() <= startOf(line + 1) && Find(block.Line(line), ignored))
         {
             m_Hits.push_back(line);
             if (onlyFirst)
             {
                 return;
             }
-            at = startOf(line + 1);
         }
     }
 }

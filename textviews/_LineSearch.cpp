@@ -11,6 +11,12 @@ bool IsLong(const _LineStore::Block& block)
 {
     return block.bytes.size() > kLongLine;
 }
+
+// Empty lines take time too.
+size_t CostOf(const _LineStore::Block& block)
+{
+    return block.bytes.size() + static_cast<size_t>(block.lineCount);
+}
 } // namespace
 
 void _LineSearch::Begin(const String& text, bool forward, bool matchCase, int start)
@@ -114,7 +120,7 @@ size_t _LineSearch::LookThrough(const _LineStore::Block& block, size_t budget)
     {
         MoveBeyond(range);
     }
-    return block.bytes.size();
+    return CostOf(block);
 }
 
 void _LineSearch::LineInserted(int line)
@@ -134,7 +140,8 @@ void _LineSearch::LineErased(int line)
     {
         --m_Next;
     }
-    m_Start -= line < m_Start ? 1 : 0;
+    // Backwards the lines behind the start are still due: the next of them moves into its place.
+    m_Start -= line < m_Start || (!m_Forward && line == m_Start) ? 1 : 0;
 }
 
 void _HitCounter::Begin(const String& text, bool matchCase)
@@ -181,12 +188,16 @@ size_t _HitCounter::CountIn(const _LineStore::Block& block, size_t budget)
     const int from = m_Next - block.firstLine;
     m_Hits += static_cast<int>(m_Matcher->HitsIn(block, from, block.lineCount, false).size());
     m_Next = block.firstLine + block.lineCount;
-    return block.bytes.size();
+    return CostOf(block);
 }
 
 void _HitCounter::LineInserted(const _LineStore& lines, int line)
 {
     _LineMatch ignored;
+    if (line == m_Next)
+    {
+        m_Progress = {}; // it was another line's
+    }
     if (m_Matcher && line < m_Next)
     {
         m_Hits += m_Matcher->Find(lines.Line(line), ignored) ? 1 : 0;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
+#include <ctime>
 #include <random>
 #include <tuple>
 
@@ -163,31 +164,88 @@ TEST_F(LineSearchTest, LooksThroughLongLinesInPieces)
     EXPECT_EQ(search.Match().column, 9'999'997);
 }
 
+// Every place of the text's characters is a near miss here: rows across lines, halves of
+// characters.
+TEST_F(LineSearchTest, NearMissesCostNoMoreThanOthers)
+{
+    String halves;
+    while (halves.size() < 2000)
+    {
+        halves += "\xc3\xa9";
+    }
+    const struct
+    {
+        String line;
+        String text;
+        bool   matchCase;
+    } cases[] = {
+        {String(80, '-'), String(100, '-'), true},
+        {String(80, '-'), String(10'000, '-'), true},
+        {String(80, '-'), String(10'000, '-'), false},
+        {String(2000, '-'), String(2001, '-'), true},
+        {halves, "\xa9", true},
+    };
+    for (const auto& c : cases)
+    {
+        const _LineStore store = StoreOf(std::vector<String>(3'000'000 / c.line.size(), c.line));
+        const auto start = std::clock(); // the time that it takes itself, on a busy machine too
+        EXPECT_EQ(LineOf(store, c.text, c.matchCase), -1);
+        EXPECT_LT(std::clock() - start, 2 * CLOCKS_PER_SEC)
+            << c.line.size() << ' ' << c.text.size();
+    }
+}
+
+// Whatever else comes and goes between the steps, the search finds the line that stays, and the
+// count comes out as if it had begun at the end.
 TEST_F(LineSearchTest, LinesMayComeAndGoMeanwhile)
 {
-    _LineStore store;
-    for (int i = 0; i < 2000; ++i)
+    const String others[] = {"hit", String(20'000, 'x'), String(70'000, 'x'),
+                             "HIT" + String(70'000, 'x')};
+    std::mt19937 random(5);
+    const auto   below = [&random](int end) { return static_cast<int>(random() % end); };
+    for (int round = 0; round < 200; ++round)
     {
-        store.Append(SFormat("%060d", i));
+        _LineStore store = StoreOf({"the needle"});
+        int        needle = 0;
+        const auto insert = [&](int at)
+        {
+            store.Insert(at, others[below(4)]);
+            needle += at <= needle ? 1 : 0;
+        };
+        while (store.Count() < 8)
+        {
+            insert(below(store.Count() + 1));
+        }
+        _LineSearch search;
+        _HitCounter counter;
+        search.Begin("needle", below(2) == 0, true, below(10) - 1);
+        counter.Begin("hit", false);
+        for (int i = 0; i < 16; ++i)
+        {
+            search.Step(store, 40'000);
+            counter.Step(store, 40'000);
+            const int at = below(store.Count());
+            if (below(2) == 0)
+            {
+                insert(at);
+                search.LineInserted(at);
+                counter.LineInserted(store, at);
+            }
+            else if (at != needle)
+            {
+                search.LineErased(at);
+                counter.LineErased(store, at);
+                store.Erase(at);
+                needle -= at < needle ? 1 : 0;
+            }
+        }
+        ASSERT_EQ(search.Step(store, 10'000'000), _LineSearch::State::Found) << round;
+        ASSERT_TRUE(counter.Step(store, 10'000'000));
+        _HitCounter afresh;
+        afresh.Begin("hit", false);
+        ASSERT_TRUE(afresh.Step(store, 10'000'000));
+        ASSERT_EQ(counter.Hits(), afresh.Hits()) << round;
     }
-    store.Append("the needle");
-    _LineSearch search;
-    search.Begin("needle", true, true, 0);
-    search.Step(store, 1); // one block
-    for (int i = 0; i < 100; ++i)
-    {
-        store.Erase(0);
-        search.LineErased(0);
-        store.Insert(1500, "new");
-        search.LineInserted(1500);
-        store.Append("more");
-    }
-    while (search.Step(store, 1000) == _LineSearch::State::Running)
-    {
-    }
-    EXPECT_EQ(search.GetState(), _LineSearch::State::Found);
-    EXPECT_EQ(store.Line(search.Match().line), "the needle");
-    EXPECT_FALSE(search.HasWrapped());
 }
 
 TEST_F(LineSearchTest, TheCountFollowsTheLines)
