@@ -33,13 +33,15 @@ String wxTextLineCtrl::SelectedText() const
 void wxTextLineCtrl::CopySelectionToClipboard()
 {
     CALL_ENTRY("wxTextLineCtrl::CopySelectionToClipboard");
-    const wxClipboardLocker clipboard;
-    if (!clipboard)
+    // Another part of the program may have it open: to open it again is an error, and the locker
+    // would close it under that part.
+    if (wxTheClipboard->IsOpened() || !wxTheClipboard->Open())
     {
         return;
     }
     wxTheClipboard->SetData(new _LinesDataObject(SelectedText()));
     wxTheClipboard->Flush();
+    wxTheClipboard->Close();
 }
 
 void wxTextLineCtrl::SaveAs()

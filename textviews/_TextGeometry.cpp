@@ -32,8 +32,8 @@ int _TextGeometry::TopOf(int line) const
 
 int _TextGeometry::LineAt(int y) const
 {
-    const int64_t line = (static_cast<int64_t>(scroll.y) + y) / lineHeight;
-    return line >= lineCount ? -1 : static_cast<int>(std::max<int64_t>(line, 0));
+    const int64_t line = std::max<int64_t>((static_cast<int64_t>(scroll.y) + y) / lineHeight, 0);
+    return line < lineCount ? static_cast<int>(line) : -1;
 }
 
 wxRect _TextGeometry::BandOf(int line) const

@@ -20,7 +20,7 @@ struct TOLVAN_API _TextGeometry
     int    FirstDrawnLine() const;
     int    EndOfDrawnLines(int visibleLines) const; ///< One past the last.
     int    TopOf(int line) const;
-    int    LineAt(int y) const; ///< -1 below the last line; above the first one that one.
+    int    LineAt(int y) const; ///< -1 below the last line; above the first one, that one if any.
     wxRect BandOf(int line) const;
     wxRect BelowLines() const; ///< Empty when lines fill the view.
 

@@ -66,6 +66,10 @@ bool wxBarHistoryCtrl::Create(wxWindow* parent, int id, const wxPoint& position,
         return false;
     }
     m_Attributes = wxControl::GetDefaultAttributes();
+    // Not by SetInitialSize, which would make the size that it has the minimum.
+    wxSize initial = size;
+    initial.SetDefaults(kLeastSize);
+    SetSize(initial);
     _Init();
     return true;
 }
@@ -74,7 +78,6 @@ void wxBarHistoryCtrl::_Init()
 {
     m_PeakTime = Time::CurrentTime();
     SetMinSize(kLeastSize);
-    SetInitialSize(GetSize());
     LimitHistory(static_cast<uint32_t>(std::max(GetSize().x, 0)), false);
     RebuildTooltip();
 }

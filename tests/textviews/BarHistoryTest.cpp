@@ -165,6 +165,10 @@ TEST_F(BarHistoryCtrlTest, TellsItsFiguresInTheLocalesNumbers)
 TEST_F(BarHistoryCtrlTest, FollowsItsWidthAndTheScheme)
 {
     auto* const chart = new wxBarHistoryCtrl(Frame(), wxID_ANY, wxPoint(5, 5), wxSize(60, 20));
+    EXPECT_EQ(wxSize(50, 10), chart->GetMinSize()) << "whatever size it was made with";
+    EXPECT_EQ(wxSize(60, 20), chart->GetSize());
+    EXPECT_EQ(wxSize(50, 10),
+              (new wxBarHistoryCtrl(Frame(), wxID_ANY, wxPoint(200, 9)))->GetSize());
     chart->SetBounds(0, 100);
     for (int i = 0; i < 80; ++i)
     {

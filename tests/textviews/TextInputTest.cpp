@@ -84,6 +84,21 @@ TEST_F(TextInputTest, TheMouseSelectsAndScrollsByDragging)
     EXPECT_GT(m_View->GetSelectionEnd(), 6);
 }
 
+TEST_F(TextInputTest, DraggingInAnEmptyViewSelectsNothing)
+{
+    m_View->Clear();
+    const wxPoint inside = m_View->ClientToScreen(wxPoint(30, 30));
+    m_Input.MouseMove(inside);
+    m_Input.MouseDown();
+    EXPECT_TRUE(WaitFor([this] { return m_View->IsSelecting(); }));
+    m_Input.MouseMove(inside - wxPoint(0, 40));
+    m_Input.MouseUp();
+    EXPECT_TRUE(WaitFor([this] { return !m_View->IsSelecting(); }));
+    m_View->Append("came later", false);
+    EXPECT_TRUE(IsSelected(-1, -1));
+    EXPECT_EQ(m_View->GetHighlightLine(), -1);
+}
+
 TEST_F(TextInputTest, KeysReachTheView)
 {
     EXPECT_TRUE(

@@ -3,6 +3,8 @@
 #include "tests/support/Thrown.h"
 #include "tests/textviews/TextViewTest.h"
 
+#include <wx/clipbrd.h>
+
 TEST_F(TextViewTest, AppendReplacesTabsAndWidens)
 {
     EXPECT_EQ(m_View->Append("a\tb", false), 0);
@@ -181,7 +183,13 @@ TEST_F(TextViewTest, CopiesTheSelectedLinesWithAnyBytes)
     m_View->Key('C', true);
     EXPECT_EQ(PastedElsewhere("application/octet-stream"), odd + "\nt\xc3\xa4o\n");
     EXPECT_EQ(PastedElsewhere("UTF8_STRING"), "nul \0 bell \x07 latin \xc3\xa9\nt\xc3\xa4o\n"s);
+    // What another part of the program does with the clipboard stays as it is.
+    EXPECT_TRUE(wxTheClipboard->Open());
     m_View->SelectNone();
+    m_View->Menu(7303);
+    EXPECT_TRUE(wxTheClipboard->IsOpened());
+    wxTheClipboard->Close();
+    EXPECT_EQ(PastedElsewhere("application/octet-stream"), odd + "\nt\xc3\xa4o\n");
     m_View->Menu(7303);
     EXPECT_EQ(PastedElsewhere("UTF8_STRING"), "") << "nothing selected places an empty text";
 }

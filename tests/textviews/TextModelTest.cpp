@@ -55,6 +55,8 @@ TEST(TextGeometry, PaintingAndMouseAgree)
     EXPECT_EQ(geometry.FirstDrawnLine(), 0);
     EXPECT_EQ(geometry.EndOfDrawnLines(6), 6);
     EXPECT_EQ(geometry.EndOfDrawnLines(60), 20);
+    geometry.lineCount = 0;
+    EXPECT_EQ(geometry.LineAt(-100), -1);
 }
 
 TEST(TextGeometry, HugeContentsDoNotOverflow)
