@@ -4,21 +4,16 @@
 #include "appearance/wxtTextCtrl.h"
 #include "textviews/_LineSearch.h"
 #include "textviews/_LineStore.h"
-#include "textviews/_searchCancel.xpm"
 #include "textviews/wxTextLineCtrl.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/app.h>
-#include <wx/sizer.h>
 
 #include <chrono>
 
 namespace
 {
-constexpr int    kFieldWidth = 220; // pixels
-constexpr int    kGap = 6;          // pixels between the controls
-constexpr int    kMargin = 4;       // pixels around them
-constexpr auto   kSlice = std::chrono::milliseconds(10);
+constexpr auto   kSlice = std::chrono::milliseconds(5);
 constexpr size_t kStepBytes = 128 * 1024; // looked at between two looks at the clock
 
 // Repeats the step until it says that it is done (true) or the slice of time is over (false).
@@ -56,42 +51,6 @@ wxTextLineSearchPanel::wxTextLineSearchPanel(wxTextLineCtrl* view, wxWindow* par
 
 wxTextLineSearchPanel::~wxTextLineSearchPanel() = default;
 
-void wxTextLineSearchPanel::MakeControls()
-{
-    m_Close = new wxtBitmapButton(this, wxID_ANY, wxBitmap(searchCancel_xpm), wxDefaultPosition,
-                                  wxDefaultSize, wxBORDER_NONE);
-    m_Close->SetToolTip(_("Close"));
-    m_Field = new wxtTextCtrl(this, wxID_ANY, wxEmptyString, wxDefaultPosition,
-                              wxSize(kFieldWidth, -1), wxTE_PROCESS_ENTER);
-    m_Field->AutoComplete(nullptr); // it is lines of text that are looked for
-    m_Previous = new wxtButton(this, wxID_ANY, _("Previous"));
-    m_Next = new wxtButton(this, wxID_ANY, _("Next"));
-    m_MatchCase = new wxtCheckBox(this, wxID_ANY, _("Match Case"));
-    m_Stop = new wxtButton(this, wxID_ANY, _("Stop"));
-    m_HitCount = new wxtStaticText(this, wxID_ANY, wxEmptyString);
-    m_Message = new wxtStaticText(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
-                                  wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE);
-    m_Stop->Hide();
-}
-
-void wxTextLineSearchPanel::LayOutControls()
-{
-    auto* const        row = new wxBoxSizer(wxHORIZONTAL);
-    const wxSizerFlags one = wxSizerFlags().CentreVertical().Border(wxRIGHT, kGap);
-    for (wxWindow* const control :
-         {static_cast<wxWindow*>(m_Close), static_cast<wxWindow*>(m_Field),
-          static_cast<wxWindow*>(m_Previous), static_cast<wxWindow*>(m_Next),
-          static_cast<wxWindow*>(m_MatchCase), static_cast<wxWindow*>(m_HitCount),
-          static_cast<wxWindow*>(m_Stop)})
-    {
-        row->Add(control, one);
-    }
-    row->Add(m_Message, wxSizerFlags(1).CentreVertical());
-    auto* const frame = new wxBoxSizer(wxVERTICAL);
-    frame->Add(row, wxSizerFlags().Expand().Border(wxALL, kMargin));
-    SetSizerAndFit(frame);
-}
-
 void wxTextLineSearchPanel::BindEvents()
 {
     const auto find = [this](bool forward) { return [this, forward](auto&) { Find(forward); }; };
@@ -102,6 +61,13 @@ void wxTextLineSearchPanel::BindEvents()
     m_Field->Bind(wxEVT_TEXT, &wxTextLineSearchPanel::OnTextChanged, this);
     m_MatchCase->Bind(wxEVT_CHECKBOX, &wxTextLineSearchPanel::OnTextChanged, this);
     Bind(wxEVT_CHAR_HOOK, &wxTextLineSearchPanel::OnKey, this);
+    Bind(wxEVT_SIZE, &wxTextLineSearchPanel::OnSize, this);
+    m_Message->Bind(wxEVT_SIZE,
+                    [this](wxSizeEvent& event)
+                    {
+                        event.Skip();
+                        FitMessage();
+                    });
     Bind(wxEVT_IDLE, &wxTextLineSearchPanel::OnIdle, this);
 }
 
@@ -109,6 +75,16 @@ void wxTextLineSearchPanel::Expand()
 {
     CALL_ENTRY("wxTextLineSearchPanel::Expand");
     const bool show = !IsShown();
+    if (!show)
+    {
+        StopSearch();
+        m_Work->counter.Stop();
+        m_Work->counted = true;
+        if (m_View)
+        {
+            m_View->SetFocus(); // before what has the keyboard is hidden
+        }
+    }
     Show(show);
     if (GetParent())
     {
@@ -119,14 +95,6 @@ void wxTextLineSearchPanel::Expand()
         m_Field->SetFocus();
         m_Field->SelectAll();
         StartCounting();
-        return;
-    }
-    StopSearch();
-    m_Work->counter.Stop();
-    m_Work->counted = true;
-    if (m_View)
-    {
-        m_View->SetFocus();
     }
 }
 
@@ -207,7 +175,7 @@ void wxTextLineSearchPanel::FinishSearch()
     const _LineSearch& search = m_Work->search;
     if (search.GetState() == _LineSearch::State::NotFound)
     {
-        ShowMessage(wxString::Format(_("'%s' not found in that direction"), GetText()));
+        ShowMessage(_("'%s' not found in that direction"), GetText());
         return;
     }
     m_View->ShowHit(search.Match());
@@ -262,22 +230,11 @@ void wxTextLineSearchPanel::ShowHits()
     wxString text;
     if (m_Work->counter.IsActive())
     {
-        const int hits = GetHits();
-        text = wxString::Format(wxPLURAL("%d hit", "%d hits", static_cast<unsigned>(hits)), hits);
-        text += m_Work->counted ? "" : wxString::FromUTF8("\u2026");
+        text = HitsText(GetHits(), m_Work->counted);
     }
     if (text != m_HitCount->GetLabel())
     {
         m_HitCount->SetLabel(text);
-        Layout();
-    }
-}
-
-void wxTextLineSearchPanel::ShowMessage(const wxString& message)
-{
-    if (message != m_Message->GetLabel())
-    {
-        m_Message->SetLabelText(message);
         Layout();
     }
 }
@@ -290,6 +247,10 @@ void wxTextLineSearchPanel::ShowSearching(bool searching)
     }
     if (m_Stop->IsShown() != searching)
     {
+        if (m_Stop->HasFocus())
+        {
+            m_Field->SetFocus(); // a button that goes would take the keyboard with it
+        }
         m_Stop->Show(searching);
         Layout();
     }
@@ -329,11 +290,6 @@ int wxTextLineSearchPanel::GetHits() const
 bool wxTextLineSearchPanel::IsCounting() const
 {
     return !m_Work->counted;
-}
-
-wxString wxTextLineSearchPanel::GetMessage() const
-{
-    return m_Message->GetLabelText();
 }
 
 void wxTextLineSearchPanel::LineInserted(int line)

@@ -8,13 +8,15 @@
 
 #include <memory>
 
+class wxBoxSizer;
 class wxTextLineCtrl;
 class wxtTextCtrl;
 
 /// The search bar of a text view: a field, previous and next, "Match Case", the number of lines
 /// with a hit, notices, and a button that closes it. Enter looks for the next hit, Shift+Enter for
 /// the previous one, Esc closes. A search through many lines runs in slices while the window stays
-/// alive, and its button stops it. Main thread only.
+/// alive, and its button stops it. Where all that does not fit into one row there are two, and the
+/// bar is higher. Main thread only.
 class TOLVAN_API wxTextLineSearchPanel : public wxtPanel
 {
 public:
@@ -40,6 +42,9 @@ public:
     bool     IsCounting() const; ///< Lines are left to be counted.
     wxString GetMessage() const; ///< The notice that is shown; empty for none.
 
+    /// Rows for the width that the parent's sizer is about to give.
+    bool InformFirstDirection(int direction, int size, int availableOtherDir) override;
+
     /// Told by the view about its lines: after one came before others, before one goes, after all
     /// have gone.
     /// @{
@@ -53,18 +58,23 @@ private:
 
     void MakeControls();
     void LayOutControls();
+    int  WidthOfOneRow() const;
+    bool ArrangeRows(int width);
     void BindEvents();
     void OnKey(wxKeyEvent& event);
+    void OnSize(wxSizeEvent& event);
     void OnIdle(wxIdleEvent& event);
     void OnTextChanged(wxCommandEvent& event);
 
-    bool WorkOnSearch();
-    void FinishSearch();
-    void StartCounting();
-    void CountOn();
-    void ShowHits();
-    void ShowMessage(const wxString& message);
-    void ShowSearching(bool searching);
+    bool            WorkOnSearch();
+    void            FinishSearch();
+    void            StartCounting();
+    void            CountOn();
+    void            ShowHits();
+    static wxString HitsText(int hits, bool counted);
+    void            ShowMessage(const wxString& notice, const wxString& text = wxEmptyString);
+    void            FitMessage();
+    void            ShowSearching(bool searching);
 
     wxWeakRef<wxTextLineCtrl> m_View;
     std::unique_ptr<Work>     m_Work;
@@ -76,4 +86,7 @@ private:
     wxtStaticText*            m_HitCount = nullptr;
     wxtStaticText*            m_Message = nullptr;
     wxtBitmapButton*          m_Close = nullptr;
+    wxString                  m_Notice;     ///< What the message says; "%s" stands for the text.
+    wxString                  m_NoticeText; ///< The text that it is about; empty for none.
+    wxBoxSizer*               m_Rows = nullptr; ///< What is looked for, and what came of it.
 };

@@ -2,6 +2,8 @@
 
 #include <wx/stopwatch.h>
 
+#include <algorithm>
+
 namespace
 {
 /// A view with its bar open.
@@ -21,6 +23,15 @@ protected:
         Panel().Find(forward);
         EXPECT_EQ(m_View->GetMarkedLine(), line);
         EXPECT_EQ(Panel().GetMessage(), message);
+    }
+    /// The control of the bar whose label ends with that.
+    wxWindow* Labelled(const char* label) const
+    {
+        const auto& children = Panel().GetChildren();
+        const auto  found =
+            std::find_if(children.begin(), children.end(),
+                         [label](wxWindow* child) { return child->GetLabel().EndsWith(label); });
+        return found == children.end() ? nullptr : *found;
     }
 };
 } // namespace
@@ -65,6 +76,29 @@ TEST_F(SearchPanelTest, TheCountGoesOnAsLinesComeAndGo)
     ExpectHits(0);
 }
 
+TEST_F(SearchPanelTest, TheOutcomeShowsAtEveryWidth)
+{
+    AppendNumbered(3);
+    Panel().SetText("a text that is not in any of the lines");
+    ExpectHits(0);
+    Panel().Find(true);
+    for (const int width : {1200, 760, 600, 500, 420, 1200})
+    {
+        Frame()->SetClientSize(width, 400);
+        EXPECT_TRUE(WaitFor([&] { return Panel().GetSize().x == width; }));
+        const wxWindow* const message = Labelled("' not found in that direction");
+        ASSERT_TRUE(message) << width;
+        EXPECT_LE(message->GetTextExtent(message->GetLabel()).x, message->GetSize().x) << width;
+        for (const wxWindow* const child : Panel().GetChildren())
+        {
+            const bool inside = Panel().GetClientRect().Contains(child->GetRect());
+            EXPECT_TRUE(inside || !child->IsShown()) << width << ' ' << child->GetLabel();
+        }
+        EXPECT_LE(Panel().GetRect().GetBottom(), Frame()->GetClientSize().y) << width;
+        EXPECT_EQ(m_View->GetRect().GetBottom() + 1, Panel().GetPosition().y) << width;
+    }
+}
+
 // A search through much text runs in slices: the window lives meanwhile, and it can be stopped.
 TEST_F(SearchPanelTest, ALongSearchRunsInSlices)
 {
@@ -88,7 +122,7 @@ TEST_F(SearchPanelTest, ALongSearchRunsInSlices)
     };
     EXPECT_TRUE(WaitFor(hasEnded, 60'000));
     EXPECT_EQ(m_View->GetMarkedLine(), 600'000);
-    EXPECT_LT(longest, 500) << "the slices are of 10 ms; the rest is what a busy machine adds";
+    EXPECT_LT(longest, 500) << "the slices are of 5 ms; the rest is what a busy machine adds";
 
     Panel().SetText("Nowhere");
     const std::function<void()> endings[] = {
@@ -98,10 +132,17 @@ TEST_F(SearchPanelTest, ALongSearchRunsInSlices)
     };
     for (const auto& end : endings)
     {
+        if (!Panel().IsShown())
+        {
+            m_View->ToggleSearch();
+        }
         Panel().Find(true);
         EXPECT_TRUE(Panel().IsSearching());
+        Labelled("Stop")->SetFocus();
         PumpEvents();
         end();
+        EXPECT_TRUE(WaitFor(
+            [] { return wxWindow::FindFocus() && wxWindow::FindFocus()->IsShownOnScreen(); }));
         EXPECT_FALSE(Panel().IsSearching());
     }
     PumpEvents();
