@@ -3,6 +3,7 @@
 #include "vesta/CallEntry.h"
 #include "vesta/Exception.h"
 #include "vesta/_Descriptor.h"
+#include "vesta/_TemporaryFile.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -20,7 +21,6 @@ namespace
 {
 
 constexpr mode_t kPrivateFolder = 0700;
-constexpr mode_t kPrivateFile = 0600;
 constexpr int    kMaxLinks = 40; // symbolic links followed, as many as Linux follows
 
 String HomeFolder()
@@ -38,44 +38,6 @@ String HomeFolder()
     }
     return String();
 }
-
-/// A new file beside the one to be replaced; removed again unless it was renamed.
-class _TemporaryFile
-{
-public:
-    explicit _TemporaryFile(const Path& folder)
-        : m_Name((folder / ".tolvan-XXXXXX").Text()), m_File(mkostemp(&m_Name[0], O_CLOEXEC))
-    {
-        m_Exists = m_File.IsOpen();
-    }
-    ~_TemporaryFile()
-    {
-        if (m_Exists)
-        {
-            unlink(m_Name.c_str());
-        }
-    }
-    _TemporaryFile(const _TemporaryFile&) = delete;
-    _TemporaryFile& operator=(const _TemporaryFile&) = delete;
-
-    /// False with errno when any step fails.
-    bool Fill(const String& content)
-    {
-        return m_File.IsOpen() && fchmod(m_File.Get(), kPrivateFile) == 0 &&
-               m_File.WriteAll(content.data(), content.size()) && fsync(m_File.Get()) == 0 &&
-               m_File.Close();
-    }
-    bool RenameTo(const String& fileName)
-    {
-        m_Exists = std::rename(m_Name.c_str(), fileName.c_str()) != 0;
-        return !m_Exists;
-    }
-
-private:
-    String      m_Name;
-    _Descriptor m_File;
-    bool        m_Exists = false;
-};
 
 /// Makes a rename in the folder last. Some file systems cannot; the new content is then there all
 /// the same, only a crash of the machine may bring back the old.
@@ -268,18 +230,25 @@ void File::CheckReplaceable(const Path& path)
     }
 }
 
-void File::WriteAtomically(const Path& path, const String& content)
+bool File::WriteAtomically(const Path& path, const String& content,
+                           const std::function<bool()>& mayReplace)
 {
     CALL_ENTRY("File::WriteAtomically");
     const String target = FollowLinks(path).Text();
     CheckReplaceable(target);
     const Path     folder = FolderOf(target);
     _TemporaryFile file(folder);
-    if (!file.Fill(content) || !file.RenameTo(target))
+    const bool     isFilled = file.Fill(content);
+    if (isFilled && mayReplace && !mayReplace())
+    {
+        return false;
+    }
+    if (!isFilled || !file.RenameTo(target))
     {
         Exception::ThrowErrno("File", "WriteAtomically", "Cannot write \"" + target + "\"");
     }
     SyncFolder(folder);
+    return true;
 }
 
 std::vector<String> File::List(const Path& folder)

@@ -4,6 +4,7 @@
 #include "vesta/Path.h"
 #include "vesta/String.h"
 
+#include <functional>
 #include <vector>
 
 /// Files and folders of the user. All functions may be called on any thread, but `s_UserDir` is
@@ -31,7 +32,10 @@ public:
     /// over it, so that a crash or a full disk leaves the old content or the new. A symbolic link
     /// is followed. Throws an `Exception*`; the old file is then untouched, and no other is left
     /// behind. A file that its owner has write-protected is not replaced, whoever asks.
-    static void WriteAtomically(const Path& path, const String& content);
+    /// `mayReplace`, if given, is asked right before the renaming; when it says no the old file
+    /// stays and the result is false.
+    static bool WriteAtomically(const Path& path, const String& content,
+                                const std::function<bool()>& mayReplace = {});
     /// The file that a chain of symbolic links ends at, which need not exist; the path itself when
     /// it is no link. Throws an `Exception*` for links in a circle.
     static Path FollowLinks(const Path& path);

@@ -18,6 +18,11 @@ public:
 
     int  Get() const { return m_Descriptor; }
     void Release() { m_Descriptor = -1; } ///< Leaves the file open.
+    void Reset(int descriptor)            ///< Closes the file it has and takes over another.
+    {
+        Close();
+        m_Descriptor = descriptor;
+    }
     bool IsOpen() const { return m_Descriptor >= 0; }
     /// False, with errno set, when the system reports a late failure of writing.
     bool Close();

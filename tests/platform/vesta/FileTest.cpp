@@ -5,6 +5,7 @@
 #include "tests/support/UserFolderTest.h"
 #include "vesta/FileLock.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -105,6 +106,32 @@ TEST_F(FileTest, WritingNeverReplacesADevice)
     EXPECT_EQ(ec_System, CodeThrown([this] { File::WriteAtomically(UserFile("null"), "x"); }));
     EXPECT_EQ(S_IFCHR, TypeOf("/dev/null"));
     EXPECT_EQ(ec_System, CodeThrown([this] { File::WriteAtomically(UserFile("none/f"), "x"); }));
+}
+
+TEST_F(FileTest, WritingRemovesWhatKilledProgramsHaveLeft)
+{
+    const std::vector<String> kept{".tolvan-12345", ".tolvan-1234567", ".tolvan-12.456",
+                                   "a.tolvan-123456"};
+    for (const String& name : kept)
+    {
+        WriteFile(UserFile(name), "");
+    }
+    WriteFile(UserFile(".tolvan-aB3456"), "half");
+    Link("f", ".tolvan-linked");
+    File::MakeFolder(UserFile(".tolvan-folder"));
+    const auto othersAreThere = [this]
+    {
+        File::WriteAtomically(UserFile("g"), "x"); // Leaves the one that is being written alone.
+        return true;
+    };
+    EXPECT_TRUE(File::WriteAtomically(UserFile("f"), "new", othersAreThere));
+    EXPECT_EQ("new", ReadFile(UserFile("f")));
+    EXPECT_FALSE(File::WriteAtomically(UserFile("f"), "newer", [] { return false; }));
+    EXPECT_EQ("new", ReadFile(UserFile("f")));
+    std::vector<String> expected = kept;
+    expected.insert(expected.end(), {"f", "g", ".tolvan-linked", ".tolvan-folder"});
+    std::sort(expected.begin(), expected.end());
+    EXPECT_EQ(expected, File::List(UserFile("f").Branch()));
 }
 
 TEST_F(FileTest, LockKeepsOthersOut)

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "vesta/Path.h"
+#include "vesta/String.h"
+#include "vesta/_Descriptor.h"
+
+/// A new file in the folder of one that it is to replace (mode 0600); removed again unless it was
+/// renamed. What a program that was killed has left behind is removed by the next one that makes
+/// such a file in the folder: a living owner holds a lock on it. Not exported.
+class _TemporaryFile
+{
+public:
+    explicit _TemporaryFile(const Path& folder);
+    ~_TemporaryFile();
+    _TemporaryFile(const _TemporaryFile&) = delete;
+    _TemporaryFile& operator=(const _TemporaryFile&) = delete;
+
+    /// These are false, with errno, when any step fails.
+    /// @{
+    bool Fill(const String& content); ///< Writes all of it, down to the disk.
+    bool RenameTo(const String& fileName);
+    /// @}
+
+private:
+    bool Create(const Path& folder);
+
+    String      m_Name;
+    _Descriptor m_File;
+    bool        m_Exists = false;
+};
