@@ -122,8 +122,13 @@ bool wxTolvanApp::OnInit()
 bool wxTolvanApp::RunStartup(CommandLine& commandLine)
 {
     // One write of the options file for whatever the windows store while they are built.
-    const OptionsFile::PauseAutoWrite pause(Options());
-    return Startup(commandLine);
+    bool started = false;
+    {
+        const OptionsFile::PauseAutoWrite pause(Options());
+        started = Startup(commandLine);
+    }
+    Options().WriteOut(); // Here, not soon: whoever hears of the start may read the file.
+    return started;
 }
 
 void wxTolvanApp::ConnectSignals()
@@ -186,6 +191,7 @@ int wxTolvanApp::OnExit()
         Cleanup();
         result = wxAppBase::OnExit();
     }
+    Options().WriteOut();
     HasSlots::DisconnectAll();
     m_TopWindowWatch.reset();
     ExitedSignal.Emit();

@@ -1,5 +1,6 @@
 #include "examples/master/StartMaster.h"
 
+#include "vesta/Application.h"
 #include "vesta/Platform.h"
 
 #include <cerrno>
@@ -93,6 +94,10 @@ String StartMaster(const std::vector<String>& options)
 
 String StartInBackground(const Path& program, const std::vector<String>& options)
 {
+    if (Application* const application = Application::the_Application)
+    {
+        application->WriteOptions(); // They may be the new program's too.
+    }
     const Words words(program, options);
     int         report[2];
     if (pipe2(report, O_CLOEXEC) != 0)

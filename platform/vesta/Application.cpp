@@ -29,7 +29,7 @@ OptionsFile& Application::Options()
     if (!m_Options)
     {
         const String fileName = OptionsFilename();
-        m_Options = std::make_unique<OptionsFile>(fileName);
+        m_Options = std::make_shared<OptionsFile>(fileName);
         if (fileName.empty())
         {
             LogWarning("No User Folder available: the options are not kept");
@@ -40,6 +40,20 @@ OptionsFile& Application::Options()
         }
     }
     return *m_Options;
+}
+
+void Application::WriteOptions()
+{
+    CALL_ENTRY("Application::WriteOptions");
+    std::shared_ptr<OptionsFile> options;
+    {
+        const MutexLock lock(m_Mutex);
+        options = m_Options;
+    }
+    if (options)
+    {
+        options->WriteOut(); // Not under the mutex: it may take a while.
+    }
 }
 
 void Application::CloseOptions()

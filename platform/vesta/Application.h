@@ -29,6 +29,9 @@ public:
     /// The program's options file, loaded on first use from `OptionsFilename`. Without a user
     /// folder the options live in memory only, and that is logged.
     OptionsFile& Options();
+    /// Writes what is not written of the options, if they are in use: before another program is
+    /// started that may read them. See `OptionsFile::WriteOut`. Any thread.
+    void WriteOptions();
     /// Full name of the options file; empty when there is no place for one.
     virtual String OptionsFilename() const = 0;
 
@@ -48,6 +51,6 @@ protected:
 
 private:
     Mutex                            m_Mutex; ///< Recursive: a view of the log may ask back.
-    std::unique_ptr<OptionsFile>     m_Options;
+    std::shared_ptr<OptionsFile>     m_Options;
     std::map<String, RequestHandler> m_Handlers;
 };

@@ -6,6 +6,7 @@
 #include "vesta/FileLock.h"
 
 #include <cerrno>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
@@ -13,6 +14,8 @@ namespace
 {
 
 constexpr size_t kMaxDamageLines = 20; // damaged lines of one file that are logged one by one
+constexpr int    kLockTime = 1000;     // milliseconds
+constexpr int    kMostTries = 5;       // to write before somebody else does
 
 void LogDamage(const Path& path, const std::vector<int>& lines)
 {
@@ -34,6 +37,31 @@ bool IsMissing(const Path& path)
 {
     return access(path.Text().c_str(), F_OK) != 0 && (errno == ENOENT || errno == ENOTDIR);
 }
+
+/// What tells a file from a later one of its name.
+struct Stamp
+{
+    explicit Stamp(const Path& path)
+    {
+        if (struct stat status = {}; stat(path.Text().c_str(), &status) == 0)
+        {
+            device = status.st_dev;
+            number = status.st_ino;
+            size = status.st_size;
+            changed = status.st_mtim;
+        }
+    }
+    bool operator==(const Stamp& other) const
+    {
+        return device == other.device && number == other.number && size == other.size &&
+               changed.tv_sec == other.changed.tv_sec && changed.tv_nsec == other.changed.tv_nsec;
+    }
+
+    dev_t    device = 0;
+    ino_t    number = 0; ///< 0: there is no file.
+    off_t    size = 0;
+    timespec changed = {};
+};
 
 } // namespace
 
@@ -88,43 +116,129 @@ bool IniFile::Load(bool mustExist, bool mustBeRead)
     return false;
 }
 
+/// The changes that one save is about. They come back for the next try unless it succeeds.
+class IniFile::_Batch
+{
+public:
+    explicit _Batch(IniFile& file) : m_File(file)
+    {
+        const WriteLock lock(file.m_Lock);
+        file.m_Batch.swap(file.m_Changes);
+        file.m_ChangeOf.clear();
+    }
+    ~_Batch()
+    {
+        const WriteLock lock(m_File.m_Lock);
+        if (m_File.m_Batch.empty())
+        {
+            return;
+        }
+        std::vector<Change> changes;
+        changes.swap(m_File.m_Batch);
+        changes.insert(changes.end(), m_File.m_Changes.begin(), m_File.m_Changes.end());
+        m_File.m_Changes.clear();
+        m_File.m_ChangeOf.clear();
+        for (const Change& change : changes)
+        {
+            m_File.Note(change);
+        }
+    }
+    _Batch(const _Batch&) = delete;
+    _Batch& operator=(const _Batch&) = delete;
+
+    /// Only the thread that saves changes them: read without the lock.
+    const std::vector<Change>& Changes() const { return m_File.m_Batch; }
+
+    /// `saved` is what the file holds now; changes that came meanwhile stay on top of it.
+    void Succeed(IniDocument saved)
+    {
+        const WriteLock lock(m_File.m_Lock);
+        for (const Change& change : m_File.m_Changes)
+        {
+            Apply(saved, change);
+        }
+        std::swap(m_File.m_Document, saved);
+        m_File.m_Batch.clear();
+        ++m_File.m_SaveCount; // Before anybody can see that nothing is left to save.
+    }
+
+private:
+    IniFile& m_File;
+};
+
 void IniFile::Save()
 {
     CALL_ENTRY("IniFile::Save");
-    const WriteLock lock(m_Lock);
-    if (m_Changes.empty())
+    if (!TrySave())
     {
-        return;
+        Exception::Throw("IniFile", "Save", ec_Refused,
+                         "The settings are being saved by another thread");
     }
-    if (m_Path.IsEmpty())
+}
+
+bool IniFile::TrySave()
+{
+    CALL_ENTRY("IniFile::TrySave");
+    std::unique_lock<std::mutex> saving(m_Saving, std::defer_lock);
+    if (!m_Lock.IsHeld())
+    {
+        saving.lock();
+    }
+    else if (!saving.try_lock())
+    {
+        return false; // That thread needs the lock to come to an end.
+    }
+    _Batch batch(*this);
+    if (batch.Changes().empty())
+    {
+        return true;
+    }
+    Path target;
+    {
+        const ReadLock lock(m_Lock);
+        target = m_Path;
+    }
+    if (target.IsEmpty())
     {
         Exception::Throw("IniFile", "Save", ec_NoUserDir, "The settings have no file");
     }
-    const Path target = File::FollowLinks(m_Path);
+    target = File::FollowLinks(target);
     File::MakeFolder(target.Branch());
     File::CheckReplaceable(target);
+    Write(batch, target);
+    return true;
+}
 
-    const FileLock fileLock(target);
+void IniFile::Write(_Batch& batch, const Path& target)
+{
+    const FileLock fileLock(target, kLockTime);
     IniDocument    merged;
-    if (!IsMissing(target))
+    for (int tries = 1; tries <= kMostTries; ++tries)
     {
-        merged.Parse(File::Read(target, k_Limit));
+        const Stamp before(target);
+        merged = IniDocument();
+        if (!IsMissing(target))
+        {
+            merged.Parse(File::Read(target, k_Limit));
+        }
+        for (const Change& change : batch.Changes())
+        {
+            Apply(merged, change);
+        }
+        // Whoever does without the lock, or was stopped while it held it, may have come between.
+        const auto isStillMerged = [&] { return tries == kMostTries || Stamp(target) == before; };
+        if (File::WriteAtomically(target, merged.ToText(), isStillMerged))
+        {
+            break;
+        }
     }
-    for (const Change& change : m_Changes)
-    {
-        Apply(merged, change);
-    }
-    File::WriteAtomically(target, merged.ToText());
-
-    m_Document = std::move(merged);
-    m_Changes.clear();
-    m_ChangeOf.clear();
+    batch.Succeed(std::move(merged));
 }
 
 bool IniFile::IsChanged() const
 {
     const ReadLock lock(m_Lock);
-    return !m_Changes.empty();
+    return !m_Changes.empty() || !m_Batch.empty();
 }
 
 String IniFile::GetValue(const String& section, const String& key, const String& otherwise) const
@@ -209,37 +323,38 @@ void IniFile::Record(Change::Kind kind, const String& section, const String& key
 {
     const Change change{kind, section, key, value};
     Apply(m_Document, change);
-    if (kind == Change::kClear)
-    {
-        RecordClear(section);
-    }
-    else if (kind == Change::kInsert)
-    {
-        m_Changes.push_back(change);
-    }
-    else
-    {
-        // One change a key, so that a file that cannot be saved does not fill the memory.
-        const auto place = m_ChangeOf.emplace(std::make_pair(section, key), m_Changes.size());
-        if (place.second)
-        {
-            m_Changes.push_back(change);
-        }
-        else
-        {
-            m_Changes[place.first->second] = change;
-        }
-    }
+    Note(change);
     Changed();
 }
 
-void IniFile::RecordClear(const String& section)
+/// Keeps one change a key, so that a file that cannot be saved does not fill the memory.
+void IniFile::Note(const Change& change)
+{
+    if (change.kind == Change::kClear)
+    {
+        NoteClear(change);
+        return;
+    }
+    if (change.kind != Change::kInsert)
+    {
+        const auto place =
+            m_ChangeOf.emplace(std::make_pair(change.section, change.key), m_Changes.size());
+        if (!place.second)
+        {
+            m_Changes[place.first->second] = change;
+            return;
+        }
+    }
+    m_Changes.push_back(change);
+}
+
+void IniFile::NoteClear(const Change& clear)
 {
     std::vector<Change> kept;
     m_ChangeOf.clear();
     for (const Change& change : m_Changes)
     {
-        if (change.kind == Change::kInsert || !change.section.EqualsNoCase(section))
+        if (change.kind == Change::kInsert || !change.section.EqualsNoCase(clear.section))
         {
             if (change.kind == Change::kSet || change.kind == Change::kRemove)
             {
@@ -248,7 +363,7 @@ void IniFile::RecordClear(const String& section)
             kept.push_back(change);
         }
     }
-    kept.push_back({Change::kClear, section, String(), String()});
+    kept.push_back(clear);
     m_Changes = std::move(kept);
 }
 

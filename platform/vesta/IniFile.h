@@ -6,7 +6,9 @@
 #include "vesta/RWLock.h"
 #include "vesta/String.h"
 
+#include <atomic>
 #include <map>
+#include <mutex>
 #include <utility>
 #include <vector>
 
@@ -17,7 +19,8 @@
 /// Saving reads the file on the disk again, under a lock file, and applies only what was changed
 /// here since it was loaded: two programs that save the same file lose neither's key. What the
 /// other program changed is seen here after the save. A file that cannot be read, is too large or
-/// write-protected is never overwritten.
+/// write-protected is never overwritten. `Lock()` is not held while the disk is at work: reading
+/// and changing values go on beside a save on another thread.
 class TOLVAN_API IniFile
 {
 public:
@@ -37,9 +40,11 @@ public:
     /// returned. Either, and every damaged line, is logged; a missing file only at debug level.
     bool Load(bool mustExist, bool mustBeRead);
     /// Writes the file as described above. Throws an `Exception*`; what was changed is then kept
-    /// for the next try.
+    /// for the next try. A thread that holds `Lock()` while another one saves gets such an
+    /// exception too, for it cannot wait for that one.
     void Save();
-    bool IsChanged() const; ///< Whether there is something to save.
+    bool IsChanged() const; ///< Whether there is something that is not saved yet.
+    int  SaveCount() const { return m_SaveCount; } ///< Saves so far that wrote the file.
 
     RWLock& Lock() const { return m_Lock; }
 
@@ -59,10 +64,15 @@ public:
     void ClearSection(const String& section);
 
 protected:
+    /// `Save`; false instead of the exception when another thread cannot be waited for.
+    bool TrySave();
+
     /// Called after every change, with the write lock held.
     virtual void Changed() {}
 
 private:
+    class _Batch;
+
     struct Change
     {
         enum Kind
@@ -84,12 +94,17 @@ private:
 
     void        Record(Change::Kind kind, const String& section, const String& key = String(),
                        const String& value = String());
-    void        RecordClear(const String& section);
+    void        Note(const Change& change);
+    void        NoteClear(const Change& change);
+    void        Write(_Batch& batch, const Path& target);
     static void Apply(IniDocument& document, const Change& change);
 
     Path                m_Path;
+    std::mutex          m_Saving; ///< Held by the thread that saves; taken before the lock.
     mutable RWLock      m_Lock;
     IniDocument         m_Document;
     std::vector<Change> m_Changes; ///< Since the last load or save, in order, one a key.
+    std::atomic<int>    m_SaveCount{0};
+    std::vector<Change> m_Batch; ///< Those that are being saved just now, older than m_Changes.
     std::map<std::pair<String, String>, size_t, NameLess> m_ChangeOf; ///< Of a key in m_Changes.
 };

@@ -2,15 +2,36 @@
 
 #include "vesta/CallEntry.h"
 #include "vesta/Exception.h"
+#include "vesta/_DelayedTask.h"
 
 #include <exception>
 
-OptionsFile::OptionsFile(const Path& path) : IniFile(path)
+namespace
+{
+
+// For the changes that come one after another: as short as it is, whoever drags something makes
+// many of them.
+constexpr std::chrono::milliseconds kGather{250};
+constexpr std::chrono::milliseconds kAtOnce{0};
+
+} // namespace
+
+OptionsFile::OptionsFile(const Path& path)
+    : IniFile(path),
+      m_Writer(std::make_unique<_DelayedTask>(
+          [this]
+          {
+              if (m_Pauses == 0) // Else the end of the pause asks again.
+              {
+                  WriteOut();
+              }
+          }))
 {
 }
 
 OptionsFile::~OptionsFile()
 {
+    m_Writer.reset();
     WriteOut();
 }
 
@@ -23,7 +44,7 @@ OptionsFile::PauseAutoWrite::~PauseAutoWrite()
 {
     if (--m_File.m_Pauses == 0)
     {
-        m_File.WriteOut();
+        m_File.WriteSoon(kAtOnce);
     }
 }
 
@@ -32,9 +53,6 @@ bool OptionsFile::WriteOut() noexcept
     try
     {
         CALL_ENTRY("OptionsFile::WriteOut");
-        // Held over the whole of it: m_FailureLogged belongs to it, and two threads would
-        // otherwise both see the same changes and count two writes.
-        const WriteLock lock(Lock());
         if (!IsChanged())
         {
             return true;
@@ -62,29 +80,49 @@ bool OptionsFile::Write()
     const _QuietTraces again(m_FailureLogged);
     try
     {
-        Save();
-        ++m_WriteCount;
+        if (!TrySave())
+        {
+            WriteSoon(kAtOnce);
+            return false;
+        }
         m_FailureLogged = false;
         return true;
     }
     catch (Exception* e)
     {
         // One line for a disk that stays full, not one a change.
-        if (!m_FailureLogged)
+        if (!m_FailureLogged.exchange(true))
         {
             e->Log();
             LogError("The options could not be written; they are kept until the next change");
         }
-        m_FailureLogged = true;
         delete e;
     }
     return false;
+}
+
+/// Has the writer do it; without a thread it is done here.
+void OptionsFile::WriteSoon(std::chrono::milliseconds time) noexcept
+{
+    try
+    {
+        if (IsChanged() && !FileName().IsEmpty())
+        {
+            m_Writer->RunWithin(time);
+        }
+        return;
+    }
+    catch (const std::exception& e)
+    {
+        LogWarning(String("The options are written at once: ") + e.what());
+    }
+    WriteOut();
 }
 
 void OptionsFile::Changed()
 {
     if (m_Pauses == 0)
     {
-        WriteOut();
+        WriteSoon(kGather);
     }
 }

@@ -4,10 +4,16 @@
 #include "vesta/IniFile.h"
 
 #include <atomic>
+#include <chrono>
+#include <memory>
 
-/// The options file of a program. Every change is written out at once, unless automatic writing is
-/// paused; then one write follows at the end of the pause. A failed write is logged and tried again
-/// with the next change.
+class _DelayedTask;
+
+/// The options file of a program. Changes are written by themselves, on a thread of the file's own:
+/// what is changed within a quarter of a second together, unless automatic writing is paused; then
+/// one write begins at once at the end of the pause. Neither costs the changing thread more than
+/// memory. Whoever needs the file to be written calls `WriteOut`. A failed write is logged and
+/// tried again with the next change.
 class TOLVAN_API OptionsFile : public IniFile
 {
 public:
@@ -15,7 +21,7 @@ public:
     ~OptionsFile() override; ///< Writes what is not written yet.
 
     /// Pauses automatic writing while it lives. Pauses may be nested and may come from any thread;
-    /// the last one to end writes the file if anything has changed.
+    /// the last one to end has the file written if anything has changed.
     class TOLVAN_API PauseAutoWrite
     {
     public:
@@ -28,17 +34,21 @@ public:
         OptionsFile& m_File;
     };
 
-    /// Writes the file now if anything has changed. Never throws; false when it failed.
+    /// Writes the file if anything has changed, and returns when that is done: also when another
+    /// thread is at it. Another program that holds the lock file is waited for a second at most.
+    /// Never throws; false when it failed, or when the calling thread holds `Lock()` while another
+    /// one writes: the rest is then written when it has given that back. Any thread.
     bool WriteOut() noexcept;
-    int  WriteCount() const { return m_WriteCount; } ///< Writes so far.
+    int  WriteCount() const { return SaveCount(); } ///< Writes so far.
 
 protected:
     void Changed() override;
 
 private:
+    void WriteSoon(std::chrono::milliseconds time) noexcept;
     bool Write();
 
-    std::atomic<int> m_Pauses{0};
-    std::atomic<int> m_WriteCount{0};
-    bool             m_FailureLogged = false; ///< Under the write lock.
+    std::atomic<int>              m_Pauses{0};
+    std::atomic<bool>             m_FailureLogged{false};
+    std::unique_ptr<_DelayedTask> m_Writer; ///< Never null but at the end.
 };

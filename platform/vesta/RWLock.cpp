@@ -44,6 +44,13 @@ void RWLock::GetWriteLock()
     m_WriterCount = 1;
 }
 
+bool RWLock::IsHeld()
+{
+    const std::thread::id             self = std::this_thread::get_id();
+    const std::lock_guard<std::mutex> lock(m_Mutex);
+    return (m_WriterCount > 0 && m_Writer == self) || m_Readers.count(self) != 0;
+}
+
 void RWLock::Unlock()
 {
     const std::thread::id        self = std::this_thread::get_id();

@@ -16,6 +16,7 @@ public:
     void GetReadLock();
     void GetWriteLock();
     void Unlock(); ///< Gives back the calling thread's latest lock.
+    bool IsHeld(); ///< Whether the calling thread holds it, for reading or for writing.
 
 private:
     std::mutex                     m_Mutex;

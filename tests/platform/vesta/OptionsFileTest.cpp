@@ -1,8 +1,15 @@
 #include "vesta/OptionsFile.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/Threads.h"
 #include "tests/support/UserFolderTest.h"
+#include "vesta/FileLock.h"
 
+#include <chrono>
+
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace
 {
@@ -10,22 +17,101 @@ namespace
 class OptionsFileTest : public UserFolderTest
 {
 protected:
+    /// Looks again and again until the deadline.
+    static bool Becomes(const std::function<bool()>& condition)
+    {
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+        while (!condition() && std::chrono::steady_clock::now() < deadline)
+        {
+            std::this_thread::yield();
+        }
+        return condition();
+    }
+    static size_t Tasks() { return File::List("/proc/self/task").size(); }
+    static size_t Descriptors() { return File::List("/proc/self/fd").size(); }
+
     const Path m_File = UserFile("options.ini");
 };
 
-TEST_F(OptionsFileTest, WritesEveryChangeAtOnce)
+TEST_F(OptionsFileTest, WritesByItself)
 {
     OptionsFile file(m_File);
-    file.SetValue("S", "a", "1");
-    EXPECT_EQ("[S]\na = 1\n", ReadFile(m_File));
-    file.SetValue("S", "a", "1");
+    for (int i = 0; i <= 1000; ++i)
+    {
+        file.SetValue("S", "a", String::FromInt(i));
+    }
+    EXPECT_TRUE(Becomes([&] { return !file.IsChanged(); }));
+    EXPECT_EQ("[S]\na = 1000\n", ReadFile(m_File));
+    EXPECT_LT(file.WriteCount(), 100);
+
+    const int before = file.WriteCount();
+    {
+        const OptionsFile::PauseAutoWrite outer(file);
+        {
+            const OptionsFile::PauseAutoWrite inner(file);
+            file.RemoveValue("S", "a");
+        }
+        EXPECT_TRUE(file.IsChanged());
+    }
+    EXPECT_TRUE(Becomes([&] { return !file.IsChanged(); }));
+    EXPECT_EQ("[S]\n", ReadFile(m_File));
+    file.RemoveValue("S", "a");
     {
         const OptionsFile::PauseAutoWrite nothing(file);
     }
-    EXPECT_EQ(1, file.WriteCount());
-    file.RemoveValue("S", "a");
-    EXPECT_EQ(2, file.WriteCount());
-    EXPECT_EQ("[S]\n", ReadFile(m_File));
+    EXPECT_TRUE(file.WriteOut());
+    EXPECT_EQ(before + 1, file.WriteCount());
+}
+
+/// A program that is stopped while it saves costs nobody anything but the first write a second, one
+/// thread and one file.
+TEST_F(OptionsFileTest, AStoppedHolderOfTheLockHoldsNobodyUp)
+{
+    using Clock = std::chrono::steady_clock;
+    OptionsFile file(m_File);
+    file.SetValue("S", "a", "old");
+    ASSERT_TRUE(file.WriteOut());
+    const LogCapture log;
+    const int        holder = open((m_File.Text() + ".lock").c_str(), O_RDWR | O_CLOEXEC);
+    ASSERT_EQ(0, flock(holder, LOCK_EX)); // As another program would: by a file of its own.
+    const size_t tasks = Tasks();
+    const size_t files = Descriptors();
+    for (int i = 0; i < 5; ++i)
+    {
+        const auto begin = Clock::now();
+        file.SetValue("S", "a", String::FromInt(i));
+        EXPECT_LT(Clock::now() - begin, std::chrono::milliseconds(500));
+        EXPECT_TRUE(file.WriteOut());
+        EXPECT_EQ("[S]\na = " + String::FromInt(i) + "\n", ReadFile(m_File));
+        EXPECT_LE(Tasks(), tasks + 2); // The writer and the one that waits.
+        EXPECT_LE(Descriptors(), files + 1);
+    }
+    EXPECT_EQ(1, log.Count("another program holds it", log_Warning)) << log.All();
+    close(holder);
+    EXPECT_TRUE(Becomes([&] { return Tasks() <= tasks + 1 && Descriptors() == files - 1; }));
+    const FileLock lock(m_File);
+    EXPECT_TRUE(lock.IsHeld());
+}
+
+/// Whoever holds the lock while another thread saves neither waits for it for ever nor loses what
+/// is changed.
+TEST_F(OptionsFileTest, WritesForAThreadThatHoldsTheLock)
+{
+    OptionsFile file(m_File);
+    for (int i = 0; i < 20; ++i)
+    {
+        const OptionsFile::PauseAutoWrite pause(file);
+        file.SetValue("S", "a", String::FromInt(i));
+        Threads writer(1, [&file](int) { file.WriteOut(); });
+        {
+            const WriteLock lock(file.Lock());
+            file.SetValue("S", "b", String::FromInt(i));
+            file.WriteOut();
+        }
+        writer.Join();
+        EXPECT_TRUE(file.WriteOut());
+        EXPECT_EQ(SFormat("[S]\na = %d\nb = %d\n", i, i), ReadFile(m_File));
+    }
 }
 
 TEST_F(OptionsFileTest, LogsAFailingDiskOnceAndTriesAgain)
@@ -38,13 +124,16 @@ TEST_F(OptionsFileTest, LogsAFailingDiskOnceAndTriesAgain)
         for (int i = 0; i < 10; ++i)
         {
             file.SetValue("S", "a", String::FromInt(i));
+            file.SetValue("S", SFormat("b%d", i), "1");
+            EXPECT_FALSE(file.WriteOut());
+            file.ClearSection("S"); // Also of what comes back from a failed write.
         }
-        EXPECT_FALSE(file.WriteOut());
+        file.SetValue("S", "c", "1");
         EXPECT_EQ(1, log.Count("write-protected", log_Error)) << log.All();
         EXPECT_EQ(1, log.Count("Call trace", log_Warning)) << log.All();
         chmod(m_File.Text().c_str(), 0600);
     }
-    EXPECT_EQ("[S]\na = 9\n", ReadFile(m_File)); // Written at the end of its life.
+    EXPECT_EQ("[S]\nc = 1\n", ReadFile(m_File)); // Written at the end of its life.
 }
 
 } // namespace

@@ -28,6 +28,7 @@ TEST_F(SharedFilesTest, ProgramsLoseNobodysKey)
                     const String name = SFormat("%d.%d", thread, key);
                     file.SetValue(SFormat("Section %d", key % 3), name, "x");
                     file.SetValue("Common", "key", name);
+                    file.WriteOut();
                 }
             });
     EXPECT_EQ(0, log.Count("", log_Warning)) << log.All();
@@ -67,6 +68,7 @@ TEST_F(SharedFilesTest, OneObjectServesManyThreads)
             EXPECT_EQ(keys, static_cast<size_t>(file.GetInt("S", "count", 0)) + (keys ? 1 : 0));
         }
     }
+    EXPECT_TRUE(file.WriteOut());
     EXPECT_EQ(1, file.WriteCount());
     EXPECT_EQ(800, file.GetInt("S", "count", 0));
 }
