@@ -43,7 +43,7 @@ bool TakeName(const _ModuleFile& file, const String& section, const String& kind
     return true;
 }
 
-JobParamInfo ReadParameter(const _ModuleFile& file, const String& section, const String& name)
+JobParamInfo ReadParameter(_ModuleFile& file, const String& section, const String& name)
 {
     file.ReportUnknownKeys(section, {"Description", "Default", "Choices"});
     JobParamInfo info;
@@ -80,7 +80,7 @@ int32_t ReadFlags(const _ModuleFile& file, const String& section, int32_t otherw
     return flags;
 }
 
-CommandInfo ReadCommand(const _ModuleFile& file, const String& section, const String& name)
+CommandInfo ReadCommand(_ModuleFile& file, const String& section, const String& name)
 {
     file.ReportUnknownKeys(section, {"Flags", "Description", "Items", "States", "Separator"});
     const bool  isSeparator = file.GetBool(section, "Separator");
@@ -98,8 +98,8 @@ CommandInfo ReadCommand(const _ModuleFile& file, const String& section, const St
 
 boost::shared_ptr<const JobTypeInfo> JobTypeInfo::Load(const Path& path)
 {
-    const _ModuleFile file(path, k_Limit);
-    const auto        info = boost::shared_ptr<JobTypeInfo>(new JobTypeInfo);
+    _ModuleFile file(path, k_Limit);
+    const auto  info = boost::shared_ptr<JobTypeInfo>(new JobTypeInfo);
     info->m_File = path;
     if (!file.HasSection(kType))
     {
@@ -136,6 +136,7 @@ boost::shared_ptr<const JobTypeInfo> JobTypeInfo::Load(const Path& path)
             file.ReportUnknownSection(section);
         }
     }
+    file.ReportTheRest();
     return info;
 }
 

@@ -9,6 +9,8 @@
 namespace
 {
 
+constexpr int kMostReports = 20; // names without a meaning that are logged one by one
+
 String Place(const Path& path, int line)
 {
     return path.Text() + (line > 0 ? ":" + String::FromInt(line) : String()) + ": ";
@@ -41,12 +43,14 @@ int _ModuleFile::FirstLineOf(const String& section) const
     return keys.empty() ? 0 : m_Document.LineOf(section, keys.front());
 }
 
-void _ModuleFile::ReportUnknownKeys(const String& section, const std::vector<String>& known) const
+void _ModuleFile::ReportUnknownKeys(const String& section, const std::vector<String>& known)
 {
     for (const String& key : m_Document.Keys(section))
     {
         if (std::none_of(known.begin(), known.end(),
-                         [&](const String& name) { return name.EqualsNoCase(key); }))
+                         [&](const String& name) { return name.EqualsNoCase(key); }) &&
+            ++m_UnknownCount <=
+                kMostReports) // Telling the line counts lines: not for each of many.
         {
             LogWarning(Place(m_Path, m_Document.LineOf(section, key)) + "the key \"" + key +
                        "\" means nothing in [" + section + "]");
@@ -54,10 +58,22 @@ void _ModuleFile::ReportUnknownKeys(const String& section, const std::vector<Str
     }
 }
 
-void _ModuleFile::ReportUnknownSection(const String& section) const
+void _ModuleFile::ReportUnknownSection(const String& section)
 {
-    LogWarning(Place(m_Path, FirstLineOf(section)) + "the section [" + section +
-               "] means nothing in a module file");
+    if (++m_UnknownCount <= kMostReports)
+    {
+        LogWarning(Place(m_Path, FirstLineOf(section)) + "the section [" + section +
+                   "] means nothing in a module file");
+    }
+}
+
+void _ModuleFile::ReportTheRest() const
+{
+    if (m_UnknownCount > kMostReports)
+    {
+        LogWarning(Place(m_Path, 0) +
+                   SFormat("%d more keys or sections mean nothing", m_UnknownCount - kMostReports));
+    }
 }
 
 bool _ModuleFile::HasSection(const String& section) const

@@ -19,9 +19,13 @@ public:
     [[noreturn]] void Complain(int line, const String& why) const;
     [[noreturn]] void Complain(const String& section, const String& key, const String& why) const;
 
-    /// Logs keys of the section that are not among those known.
-    void ReportUnknownKeys(const String& section, const std::vector<String>& known) const;
-    void ReportUnknownSection(const String& section) const;
+    /// Log keys of the section that are not among those known, and a section that is not. Of many
+    /// only the first are named; `ReportTheRest` tells how many more there are.
+    /// @{
+    void ReportUnknownKeys(const String& section, const std::vector<String>& known);
+    void ReportUnknownSection(const String& section);
+    void ReportTheRest() const;
+    /// @}
 
     std::vector<String> Sections() const { return m_Document.Sections(); }
     bool                HasSection(const String& section) const;
@@ -38,4 +42,5 @@ private:
 
     Path        m_Path;
     IniDocument m_Document;
+    int         m_UnknownCount = 0; ///< Keys and sections that mean nothing.
 };
