@@ -16,6 +16,7 @@
 #include <cstring>
 #include <set>
 #include <thread>
+#include <utility>
 
 #include <sys/socket.h>
 #include <unistd.h>
@@ -27,6 +28,7 @@ namespace
 
 constexpr std::chrono::milliseconds kPatience{5000};    // for a peer's next request or answer
 constexpr std::chrono::milliseconds kAcceptPause{1000}; // after a failure to accept
+constexpr size_t                    kMostConversations = 256;
 
 const char* const kRequest = "Request";
 const char* const kName = "Name";
@@ -104,7 +106,9 @@ struct ComponentServer::State
     asio::steady_timer                                         acceptPause{context};
     std::set<std::shared_ptr<Conversation>>                    conversations;
     Path                                                       path; ///< Empty: not listening.
-    std::thread                                                thread;
+    bool        isFull = false; ///< A connection was refused, and none has ended since.
+    bool        isClosing = false;
+    std::thread thread;
 };
 
 void ComponentServer::State::Conversation::Start(std::function<void(const String&)> onFrame)
@@ -146,6 +150,7 @@ void ComponentServer::State::Conversation::Close()
     stream->Close();
     deadline.cancel();
     state.conversations.erase(shared_from_this());
+    state.isFull = false;
 }
 
 ComponentServer::State::State(const String& ownComponent, Handler ownHandler)
@@ -177,7 +182,7 @@ void ComponentServer::State::Accept()
     listener.async_wait(asio::posix::stream_descriptor::wait_read,
                         [this](const Error& error)
                         {
-                            if (!error)
+                            if (!error && !isClosing)
                             {
                                 TakeConnections();
                             }
@@ -202,7 +207,7 @@ void ComponentServer::State::TakeConnections()
     acceptPause.async_wait(
         [this](const Error& error)
         {
-            if (!error)
+            if (!error && !isClosing)
             {
                 Accept();
             }
@@ -216,6 +221,15 @@ void ComponentServer::State::Serve(_SocketHandle socket)
     {
         LogWarning(SFormat("Refused a connection of process %d, which belongs to user %d",
                            peer.processId, peer.userId));
+        return;
+    }
+    if (conversations.size() >= kMostConversations)
+    {
+        if (!std::exchange(isFull, true)) // One line for a flood.
+        {
+            LogWarning(
+                SFormat("Refused a connection of process %d: there are too many", peer.processId));
+        }
         return;
     }
     const auto conversation = std::make_shared<Conversation>(*this, std::move(socket),
@@ -287,6 +301,7 @@ void ComponentServer::State::AwaitAnswer(_SocketHandle socket, const String& to,
 
 void ComponentServer::State::CloseAll()
 {
+    isClosing = true; // What the listener or the timer has brought already finds it closed.
     Error ignored;
     listener.close(ignored);
     acceptPause.cancel();

@@ -8,7 +8,8 @@
 
 /// Takes the requests of other components on this program's socket and answers them, and sends
 /// requests to others, all on one thread of its own. A peer of another user, a bad frame or a peer
-/// that stays silent for 5 s is closed and logged.
+/// that stays silent for 5 s is closed and logged, as is whoever comes while there are 256
+/// connections already.
 ///
 /// A request is a message "Request" with the field Name, its answer a message "Answer" with the
 /// field Done ("Yes" or "No"). One connection may carry several, one after another.

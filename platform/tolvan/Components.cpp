@@ -28,7 +28,8 @@ bool Components::DidStart(const String& name)
     }
     try
     {
-        return !SocketFolder::Find(name).empty();
+        return (name == component_Master && SocketFolder::MasterAnswers()) ||
+               !SocketFolder::Find(name).empty();
     }
     catch (Exception* exception)
     {

@@ -5,7 +5,8 @@
 #include "vesta/String.h"
 
 /// The six components of the system. A component has started when the socket of one of its
-/// programs takes connections. Any thread; never blocks.
+/// programs takes connections, the master also with the one for its clients, on which it takes no
+/// requests. Any thread; never blocks.
 class TOLVAN_API Components
 {
 public:

@@ -1,6 +1,5 @@
 #include "tolvan/SocketFolder.h"
 
-#include "tolvan/Components.h"
 #include "tolvan/_LocalSocket.h"
 #include "vesta/Exception.h"
 #include "vesta/File.h"
@@ -12,7 +11,6 @@
 #include <cstring>
 
 #include <fcntl.h>
-#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -99,11 +97,6 @@ Answer TakesConnections(const Path& path)
     return errno == ECONNREFUSED ? Answer::kDead : Answer::kNo;
 }
 
-bool IsAlive(int processId)
-{
-    return kill(processId, 0) == 0 || errno != ESRCH;
-}
-
 /// The folder of this user's session; null when the environment names none, one that is not there,
 /// or (after a change of user) another user's, which must not get a folder of ours.
 const char* RuntimeFolder()
@@ -154,13 +147,13 @@ std::vector<Path> SocketFolder::Find(const String& component)
     std::vector<Path> found;
     for (const String& name : File::List(folder))
     {
-        const int  processId = ProcessIdIn(name, component);
         const Path path = folder / name;
-        if (processId <= 0 || !IsSocket(path))
+        if (ProcessIdIn(name, component) <= 0 || !IsSocket(path))
         {
             continue;
         }
-        const Answer answer = IsAlive(processId) ? TakesConnections(path) : Answer::kDead;
+        // Not the process: in another namespace a living one has another number, or none.
+        const Answer answer = TakesConnections(path);
         if (answer == Answer::kYes)
         {
             found.push_back(path);
@@ -170,11 +163,11 @@ std::vector<Path> SocketFolder::Find(const String& component)
             LogDebug("Removed the socket of a program that has ended: " + path.Text());
         }
     }
-    // The master's own is never removed here: the next master takes its place.
-    const Path master = folder / kMasterSocket;
-    if (component == component_Master && TakesConnections(master) == Answer::kYes)
-    {
-        found.push_back(master);
-    }
     return found;
+}
+
+bool SocketFolder::MasterAnswers()
+{
+    // A dead master's is not removed here: the next master takes its place.
+    return TakesConnections(ForMaster()) == Answer::kYes;
 }

@@ -17,9 +17,10 @@ public:
     static Path Get();
     static Path ForProgram(const String& component, int processId);
     static Path ForMaster();
-    /// Sockets of the component's programs that take connections (for the master also the one for
-    /// its clients). What dead programs have left is removed.
+    /// Sockets on which programs of the component take requests. What dead programs have left is
+    /// removed.
     static std::vector<Path> Find(const String& component);
+    static bool              MasterAnswers(); ///< Whether a master takes clients.
 
     /// "tolvan-<user id>" in the temporary folder ($TMPDIR, else /tmp), under the same conditions.
     static Path GetTemporary();

@@ -20,9 +20,10 @@ _FrameStream::_FrameStream(asio::io_context& context, _SocketHandle socket,
                            std::chrono::milliseconds stallTime)
     : m_Socket(context, asio::local::stream_protocol(), socket.Release()),
       m_StallTimer(context),
-      m_StallTime(stallTime),
-      m_Chunk(kChunkSize)
+      m_StallTime(stallTime)
 {
+    Error ignored; // Without it a read that finds nothing would only wait.
+    m_Socket.non_blocking(true, ignored);
 }
 
 void _FrameStream::Start(Events events)
@@ -53,33 +54,42 @@ void _FrameStream::Close()
     m_Events.reset(); // They may hold the owner.
 }
 
+/// Waits first and reads then: a connection that says nothing holds no memory for it.
 void _FrameStream::Read()
 {
-    m_Socket.async_read_some(asio::buffer(m_Chunk),
-                             [self = shared_from_this()](const Error& error, size_t count)
-                             { self->OnRead(error, count); });
+    m_Socket.async_wait(asio::socket_base::wait_read,
+                        [self = shared_from_this()](const Error& error)
+                        { self->OnReadable(error); });
 }
 
-void _FrameStream::OnRead(const Error& error, size_t count)
+void _FrameStream::OnReadable(const Error& waitError)
 {
     if (!IsOpen())
     {
         return;
     }
-    if (error)
+    char         chunk[kChunkSize];
+    Error        error = waitError;
+    const size_t count = error ? 0 : m_Socket.read_some(asio::buffer(chunk), error);
+    if (error && error != asio::error::would_block && error != asio::error::interrupted)
     {
-        const bool isEnd = error == asio::error::eof || error == asio::error::connection_reset;
-        End(!isEnd            ? String(error.message())
-            : m_Input.empty() ? String()
-                              : String("it ended inside a frame"));
+        EndAfter(error);
         return;
     }
-    m_Input.append(m_Chunk.data(), count);
+    m_Input.append(chunk, count);
     if (TakeFrames() && IsOpen())
     {
         WatchForStall();
         Read();
     }
+}
+
+void _FrameStream::EndAfter(const Error& error)
+{
+    const bool isEnd = error == asio::error::eof || error == asio::error::connection_reset;
+    End(!isEnd            ? String(error.message())
+        : m_Input.empty() ? String()
+                          : String("it ended inside a frame"));
 }
 
 bool _FrameStream::TakeFrames()
@@ -108,6 +118,10 @@ bool _FrameStream::TakeFrames()
         return false;
     }
     m_Input.erase(0, begin);
+    if (m_Input.empty())
+    {
+        m_Input = String(); // The room of a large frame is not kept for the next.
+    }
     return true;
 }
 

@@ -11,7 +11,6 @@
 #include <deque>
 #include <functional>
 #include <memory>
-#include <vector>
 
 /// Reads and writes frames on one connected socket, on the thread of its `io_context` only. It
 /// closes itself, and says why, when the other side goes, sends what is no frame or lets half a
@@ -43,7 +42,8 @@ private:
     using Error = boost::system::error_code;
 
     void Read();
-    void OnRead(const Error& error, size_t count);
+    void OnReadable(const Error& error);
+    void EndAfter(const Error& error);
     bool TakeFrames(); ///< False when the connection ended over one.
     void WatchForStall();
     void Write();
@@ -54,7 +54,6 @@ private:
     boost::asio::steady_timer                   m_StallTimer;
     std::chrono::milliseconds                   m_StallTime;
     std::shared_ptr<const Events>               m_Events; ///< Null once closed.
-    std::vector<char>                           m_Chunk;  ///< What one read brings.
     String                                      m_Input;  ///< Begins with a frame's header.
     std::deque<String>                          m_Output;
     size_t                                      m_Waiting = 0;

@@ -10,7 +10,11 @@
 #include "vesta/Platform.h"
 
 #include <atomic>
+#include <optional>
+#include <vector>
 
+#include <fcntl.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -152,6 +156,54 @@ TEST_F(ComponentServerTest, DoesNotBlockOnAProgramThatDoesNotRead)
     EXPECT_LT(Clock::now() - begin, std::chrono::seconds(3));
     EXPECT_LT(taken, 20) << "its backlog should be full by then";
     close(hanging);
+}
+
+TEST_F(ComponentServerTest, LeavesTheMastersClientsSocketAlone)
+{
+    const int listener = ListenAt(SocketFolder::ForMaster());
+    fcntl(listener, F_SETFL, O_NONBLOCK);
+    EXPECT_FALSE(m_Own.m_Server.Send(component_Master, "COLORS"));
+    EXPECT_EQ(accept(listener, nullptr, nullptr), -1);
+    close(listener);
+}
+
+TEST_F(ComponentServerTest, RefusesAFlood)
+{
+    const auto hasRefused = [this] { return m_Log.Has("there are too many", log_Warning); };
+    {
+        std::vector<TestPeer> silent;
+        EXPECT_TRUE(WaitFor(
+            [&]
+            {
+                silent.push_back(Connect());
+                return hasRefused();
+            }));
+        EXPECT_GT(silent.size(), 256u);
+        EXPECT_TRUE(silent.back().SeesEnd());
+    }
+    EXPECT_TRUE(WaitFor(
+        [this]
+        {
+            TestPeer peer = Connect();
+            return peer.Send(Request("YES")) && peer.Receive();
+        }));
+}
+
+/// Whoever connects while the program ends is not accepted any more, and that is no fault.
+TEST_F(ComponentServerTest, EndsWhileOthersConnect)
+{
+    for (int i = 0; i < 100; ++i)
+    {
+        std::optional<Program> logView(std::in_place, component_LogView);
+        const Path socket = SocketFolder::ForProgram(component_LogView, Platform::GetProcessId());
+        std::vector<TestPeer> peers;
+        for (int peer = 0; peer < 5; ++peer)
+        {
+            peers.push_back(TestPeer::ConnectTo(socket));
+        }
+        logView.reset();
+    }
+    EXPECT_EQ(m_Log.Count("", log_Warning), 0) << m_Log.All();
 }
 
 TEST_F(ComponentServerTest, RefusesOtherUsers)
