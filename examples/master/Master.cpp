@@ -12,6 +12,7 @@
 #include <csignal>
 #include <cstring>
 #include <exception>
+#include <utility>
 
 #include <unistd.h>
 
@@ -161,7 +162,10 @@ void Master::AddClient(_SocketHandle socket)
     }
     if (m_Sessions.size() >= kMostClients)
     {
-        LogWarning("A connection was refused: there are too many");
+        if (!std::exchange(m_IsFull, true)) // One line for a flood.
+        {
+            LogWarning("A connection was refused: there are too many");
+        }
         return;
     }
     const auto session = std::make_shared<_ClientSession>(
@@ -191,7 +195,7 @@ _SendQueue Master::MakeQueue()
 void Master::OnHello(_ClientSession& session)
 {
     m_HadClient = true;
-    m_EndTimer.cancel();
+    EndWhenUnneeded();
     SendEverything(session);
 }
 
@@ -254,6 +258,7 @@ void Master::Command(_ClientSession& session, const Message& message)
 void Master::OnGone(_ClientSession& session)
 {
     m_Sessions.erase(session.shared_from_this());
+    m_IsFull = false;
     EndWhenUnneeded();
 }
 
@@ -366,7 +371,9 @@ bool Master::IsNeeded() const
 
 void Master::EndWhenUnneeded()
 {
-    if (m_IsEnding || IsNeeded())
+    const bool wasUnneeded = std::exchange(m_IsUnneeded, !IsNeeded());
+    // Whoever only asks whether a master runs, and goes, does not make the time begin anew.
+    if (m_IsEnding || !m_IsUnneeded || wasUnneeded)
     {
         return;
     }

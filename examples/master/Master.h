@@ -65,5 +65,7 @@ private:
     std::set<std::shared_ptr<_ClientSession>> m_Sessions;
     std::chrono::steady_clock::time_point     m_Begin = std::chrono::steady_clock::now();
     bool                                      m_HadClient = false;
+    bool                                      m_IsUnneeded = false; ///< As looked at last.
+    bool                                      m_IsFull = false;     ///< Refuses clients just now.
     bool                                      m_IsEnding = false;
 };

@@ -23,11 +23,27 @@ namespace process = boost::process;
 namespace
 {
 
+void StayOpen(int descriptor)
+{
+    fcntl(descriptor, F_SETFD, 0);
+}
+
+/// Has the system kill the caller's process group, stopped processes too, as soon as no writing end
+/// of the pipe is open any more: when the program that holds it ends. The caller's own one closes
+/// when it loads its program, so it does not matter if the other program has ended by then.
+void DieWith(int life)
+{
+    fcntl(life, F_SETOWN, -getpid());
+    fcntl(life, F_SETSIG, SIGKILL);
+    fcntl(life, F_SETFL, O_ASYNC);
+    prctl(PR_SET_PDEATHSIG, SIGTERM); // For a program that closes whatever it finds open.
+}
+
 /// Runs in the new process before the program does. Only calls that are safe after a fork.
-void PrepareChild()
+void PrepareChild(int life, int kept)
 {
     setpgid(0, 0);
-    prctl(PR_SET_PDEATHSIG, SIGTERM);
+    DieWith(life);
     // Signals that this program ignores or blocks would stay so in the job.
     signal(SIGPIPE, SIG_DFL);
     signal(SIGXFSZ, SIG_DFL);
@@ -37,6 +53,11 @@ void PrepareChild()
     // From the first one after the standard ones on; they close when the program is loaded, so
     // that a failure to load it can still be reported.
     close_range(3, ~0u, CLOSE_RANGE_CLOEXEC);
+    StayOpen(life);
+    if (kept >= 0)
+    {
+        StayOpen(kept);
+    }
 }
 
 /// A child that could not be started has ended, but is not collected by the library.
@@ -71,11 +92,27 @@ _ChildProcess::~_ChildProcess()
         SignalGroup(SIGKILL);
         waitpid(m_Id, nullptr, 0);
     }
+    CloseLife();
+}
+
+void _ChildProcess::CloseLife()
+{
+    if (m_Life >= 0)
+    {
+        close(m_Life);
+        m_Life = -1;
+    }
 }
 
 String _ChildProcess::Start(const _ChildSpec& childSpec)
 {
     std::error_code error;
+    int             life[2];
+    if (pipe2(life, O_CLOEXEC) != 0)
+    {
+        return childSpec.program.Text() + " cannot be started: " + std::strerror(errno);
+    }
+    m_Life = life[1];
     try
     {
         process::pipe  pipe;
@@ -83,7 +120,7 @@ String _ChildProcess::Start(const _ChildSpec& childSpec)
             process::exe = childSpec.program.Text(), process::args = PlainStrings(childSpec.words),
             process::start_dir = std::string(childSpec.folder.Text()),
             (process::std_in < process::null), ((process::std_out & process::std_err) > pipe),
-            process::extend::on_exec_setup = [](auto&) { PrepareChild(); },
+            process::extend::on_exec_setup = [&](auto&) { PrepareChild(life[0], childSpec.kept); },
             process::extend::on_error = [](auto& executor, const auto&)
             { CollectFailed(executor); },
             error);
@@ -102,6 +139,7 @@ String _ChildProcess::Start(const _ChildSpec& childSpec)
     {
         error = failure.code();
     }
+    close(life[0]);
     return error ? childSpec.program.Text() + " cannot be started: " + error.message() : String();
 }
 
@@ -125,6 +163,7 @@ bool _ChildProcess::Collect(_ChildExit& exit)
     SignalGroup(SIGKILL);
     waitpid(m_Id, nullptr, 0);
     m_Id = 0;
+    CloseLife();
     exit.isSignal = info.si_code != CLD_EXITED;
     exit.code = info.si_status;
     return true;

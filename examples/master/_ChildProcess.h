@@ -11,8 +11,9 @@
 struct _ChildSpec
 {
     Path                program;
-    std::vector<String> words;  ///< Arguments, without the program's own name.
-    Path                folder; ///< Working folder.
+    std::vector<String> words;     ///< Arguments, without the program's own name.
+    Path                folder;    ///< Working folder.
+    int                 kept = -1; ///< An open file that the program gets too; -1: none.
 };
 
 /// How a process has ended.
@@ -26,8 +27,9 @@ struct _ChildExit
 };
 
 /// A child process that leads a process group of its own. Standard output and error go into one
-/// pipe, in the order of writing; the standard input is empty; no other file of this program stays
-/// open in it. It is told to end when this program is killed.
+/// pipe, in the order of writing; the standard input is empty; of this program's other files only
+/// the one that it is to keep stays open in it. When this program ends, in whatever way, the system
+/// kills the whole group.
 class _ChildProcess
 {
 public:
@@ -50,6 +52,9 @@ public:
     bool Collect(_ChildExit& exit);
 
 private:
+    void CloseLife();
+
     pid_t m_Id = 0;
     int   m_Output = -1;
+    int   m_Life = -1; ///< The writing end of a pipe that nobody writes to: see `PrepareChild`.
 };

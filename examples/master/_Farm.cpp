@@ -1,6 +1,5 @@
 #include "examples/master/_Farm.h"
 
-#include "examples/master/_JobCommand.h"
 #include "examples/master/_ProgressParser.h"
 #include "examples/master/_Scheduler.h"
 #include "tolvan/Job.h"
@@ -12,15 +11,12 @@
 #include "vesta/UID.h"
 
 #include <algorithm>
-#include <cctype>
-#include <cstdlib>
 #include <vector>
 
 namespace
 {
 
 constexpr size_t kMostParameters = 256 << 10; // bytes of names and values: they go into one frame
-constexpr size_t kMostFolderName = 60;        // bytes
 constexpr std::chrono::milliseconds kProgressEvery{100};
 
 [[noreturn]] void Refuse(const char* method, const String& text, const String& text2 = String())
@@ -76,20 +72,6 @@ int ReadPriority(const String& text)
     return decision.priority;
 }
 
-/// A folder's name that says which job it belongs to, without anything that could lead elsewhere.
-String FolderName(const String& name, const String& id)
-{
-    String plain = name.substr(0, kMostFolderName);
-    for (char& c : plain)
-    {
-        if (!std::isalnum(static_cast<unsigned char>(c)) && c != '-' && c != '_')
-        {
-            c = '_';
-        }
-    }
-    return plain + "-" + id.substr(0, 8);
-}
-
 void SetProgress(_JobRecord& job, const _Progress& progress)
 {
     job.Set(p_Progress, String::FromInt(progress.percent));
@@ -118,7 +100,8 @@ _Farm::_Farm(boost::asio::io_context& context, JobFactory& types, Settings setti
       m_Types(types),
       m_Settings(std::move(settings)),
       m_Events(std::move(events)),
-      m_AnnounceTimer(context)
+      m_AnnounceTimer(context),
+      m_HeldUpTimer(context)
 {
 }
 
@@ -191,88 +174,6 @@ void _Farm::Schedule()
         }
         Start(*job);
     }
-}
-
-void _Farm::Start(_JobRecord& job)
-{
-    try
-    {
-        Launch(job);
-        job.SetHasProcess(true);
-        job.SetState(_JobState::kRunning);
-        job.Set(p_Started, Now());
-        LogInfo("Started job " + job.Get(p_Name) + ", output in " + job.Get(p_LogFile));
-        Announce(job);
-    }
-    catch (Exception* exception)
-    {
-        const String text2 = exception->Text2().empty() ? String() : ": " + exception->Text2();
-        End(job, _JobState::kFailed, exception->Text() + text2);
-        delete exception;
-    }
-}
-
-void _Farm::Launch(_JobRecord& job)
-{
-    const auto type = m_Types.GetTypeInfo(UID(job.Get(p_Type)), true);
-    if (!type)
-    {
-        Refuse("Start", "The job's type is no longer there");
-    }
-    const Path folder = FolderOf(job);
-    File::MakeFolder(folder);
-    const _ChildSpec childSpec = MakeSpec(job, *type, folder);
-    const Path       logFile = _JobLog::MakeRoom(folder);
-    const auto       runner = std::make_shared<_JobRunner>(
-        m_Context, _JobRunner::Events{[this, &job](std::string_view line) { OnOutput(job, line); },
-                                      [this, &job](const String& why) { OnTrouble(job, why); },
-                                      [this, &job](const _ChildExit& exit, size_t lost)
-                                      { OnEnded(job, exit, lost); }});
-    const String failure = runner->Start(childSpec, logFile);
-    if (!failure.empty())
-    {
-        Refuse("Start", failure);
-    }
-    m_Runners[job.Id()] = runner;
-    job.Set(p_LogFile, logFile.Text());
-}
-
-_ChildSpec _Farm::MakeSpec(const _JobRecord& job, const JobTypeInfo& type, const Path& folder) const
-{
-    const auto lookup = [&job](const String& name, String& value)
-    {
-        const auto& params = job.Params();
-        const auto  found =
-            std::find_if(params.begin(), params.end(),
-                         [&](const auto& param) { return param.first.EqualsNoCase(name); });
-        if (found != params.end())
-        {
-            value = found->second;
-        }
-        return found != params.end();
-    };
-    const char* const   searchPath = std::getenv("PATH");
-    std::vector<String> words = CommandWords(type.ExecuteLine(), lookup);
-    const String        workFolder = ExpandReferences(type.Folder(), lookup);
-    _ChildSpec          childSpec;
-    childSpec.program = FindProgram(words[0], type.FileName().Branch(), m_Settings.ownFolder,
-                                    searchPath ? searchPath : "/usr/bin:/bin");
-    childSpec.words.assign(words.begin() + 1, words.end());
-    childSpec.folder = workFolder.empty() ? folder : Path(workFolder);
-    if (childSpec.folder.Text()[0] != '/')
-    {
-        childSpec.folder = folder / workFolder;
-    }
-    if (!File::IsFolder(childSpec.folder))
-    {
-        Refuse("Start", "There is no folder " + childSpec.folder.Text() + " to run in");
-    }
-    return childSpec;
-}
-
-Path _Farm::FolderOf(const _JobRecord& job) const
-{
-    return m_Settings.runFolder / FolderName(job.Get(p_Name), job.Id());
 }
 
 void _Farm::Command(const String& id, const String& command, const String& item)

@@ -57,7 +57,9 @@ private:
 
     void       Schedule();
     void       Start(_JobRecord& job);
-    void       Launch(_JobRecord& job);
+    bool       Launch(_JobRecord& job);
+    void       HoldUp(_JobRecord& job, const Path& folder);
+    void       TryHeldUpAgain();
     _ChildSpec MakeSpec(const _JobRecord& job, const JobTypeInfo& type, const Path& folder) const;
     Path       FolderOf(const _JobRecord& job) const;
 
@@ -82,6 +84,8 @@ private:
     std::set<String>                              m_ToKill;  ///< Jobs that were told to end.
     std::set<String>                              m_Unannounced;
     boost::asio::steady_timer                     m_AnnounceTimer;
+    boost::asio::steady_timer                     m_HeldUpTimer;
     bool                                          m_IsAnnouncing = false;
+    bool                                          m_HasHeldUp = false;
     bool                                          m_IsStopping = false;
 };

@@ -51,6 +51,9 @@ public:
     /// A suspended job has a process or is only kept from starting.
     bool HasProcess() const { return m_HasProcess; }
     void SetHasProcess(bool has) { m_HasProcess = has; }
+    /// A waiting job that cannot start just now, because an earlier run of it has not ended.
+    bool IsHeldUp() const { return m_IsHeldUp; }
+    void SetHeldUp(bool is) { m_IsHeldUp = is; }
 
     _OutputTail& Tail() { return m_Tail; }
 
@@ -61,6 +64,7 @@ private:
     _JobState                m_State = _JobState::kWaiting;
     int                      m_Priority = k_DefaultPriority;
     bool                     m_HasProcess = false;
+    bool                     m_IsHeldUp = false;
     _OutputTail              m_Tail;
 };
 

@@ -10,7 +10,7 @@ _JobRecord* NextToStart(const _JobTable& table, int slots)
         {
             ++running;
         }
-        else if (job->State() == _JobState::kWaiting &&
+        else if (job->State() == _JobState::kWaiting && !job->IsHeldUp() &&
                  (!next || job->Priority() > next->Priority()))
         {
             next = job.get();

@@ -41,6 +41,14 @@ TEST_F(MasterLife, EndsWhenNoClientEverComes)
     EXPECT_FALSE(HasSocket());
 }
 
+TEST_F(MasterLife, IsNotKeptByWhoeverAsksWhetherItRuns)
+{
+    Start({"--grace", "1"});
+    client.peer.Close();
+    EXPECT_TRUE(WaitFor([] { return !Components::DidStart(component_Master); }));
+    EXPECT_EQ(WaitForEnd(), 0);
+}
+
 TEST_F(MasterLife, SecondOneSaysSoAndEnds)
 {
     Start();
@@ -65,6 +73,40 @@ TEST_F(MasterLife, TakesThePlaceOfAKilledOneWhoseJobsAreGone)
     client = MasterClient();
     Start();
     EXPECT_NE(client.Submit("true"), "");
+}
+
+/// A killed master takes its jobs' processes with it, and what has left their group keeps the next
+/// master from running the job a second time beside it.
+TEST_F(MasterLife, NoJobRunsTwiceAtATime)
+{
+    const String script = "if test -e ../go; then echo again; exit; fi; trap '' TERM HUP; "
+                          "sleep 1000 & echo $!; kill -STOP $!; "
+                          "setsid sh -c 'until test -e ../go; do sleep 0.02; done' & wait";
+    WriteFile(TempFile("jobs/1.job"), "[Job]\nType = " + String(kScriptType) +
+                                          "\nName = Lasting\n[Parameters]\nScript = " + script +
+                                          "\n");
+    Start();
+    const auto hasJob = [this] { return client.jobs.size() == 1; };
+    ASSERT_TRUE(client.ReadUntil(hasJob));
+    const String job = client.jobs.begin()->first;
+    const auto   child = static_cast<pid_t>(client.FirstNumber(job));
+    ASSERT_GT(child, 0);
+    kill(master, SIGKILL);
+    EXPECT_EQ(WaitForEnd(), -1);
+    EXPECT_TRUE(WaitFor([&] { return ProcessState(child) == '\0'; }));
+
+    client = MasterClient();
+    Start();
+    const auto isHeldUp = [&]
+    { return client.Param(job, p_Error).find("(process ") != String::npos; };
+    ASSERT_TRUE(client.ReadUntil(isHeldUp));
+    EXPECT_EQ(client.Param(job, p_State), state_Waiting);
+    ASSERT_TRUE(client.WaitForState(client.Submit("true"), state_Done)); // others are not held up
+    EXPECT_EQ(client.Param(job, p_State), state_Waiting);
+    WriteFile(TempFile("runs/go"), "");
+    ASSERT_TRUE(client.WaitForState(job, state_Done));
+    EXPECT_EQ(client.Text(job), "again\n");
+    EXPECT_EQ(client.Param(job, p_Error), "");
 }
 
 TEST_F(MasterLife, RequestToEndEndsTheJobsAndRemovesTheSocket)
