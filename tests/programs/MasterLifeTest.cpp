@@ -79,9 +79,10 @@ TEST_F(MasterLife, TakesThePlaceOfAKilledOneWhoseJobsAreGone)
 /// master from running the job a second time beside it.
 TEST_F(MasterLife, NoJobRunsTwiceAtATime)
 {
-    const String script = "if test -e ../go; then echo again; exit; fi; trap '' TERM HUP; "
-                          "sleep 1000 & echo $!; kill -STOP $!; "
-                          "setsid sh -c 'until test -e ../go; do sleep 0.02; done' & wait";
+    const String script =
+        "if test -e ../go; then echo again; exit; fi; trap '' TERM HUP; "
+        "sleep 1000 & echo $!; kill -STOP $!; "
+        "setsid sh -c 'echo left; until test -e ../go; do sleep 0.02; done' & wait";
     WriteFile(TempFile("jobs/1.job"), "[Job]\nType = " + String(kScriptType) +
                                           "\nName = Lasting\n[Parameters]\nScript = " + script +
                                           "\n");
@@ -91,6 +92,7 @@ TEST_F(MasterLife, NoJobRunsTwiceAtATime)
     const String job = client.jobs.begin()->first;
     const auto   child = static_cast<pid_t>(client.FirstNumber(job));
     ASSERT_GT(child, 0);
+    ASSERT_TRUE(client.ReadUntil([&] { return client.lines[job].size() == 2; }));
     kill(master, SIGKILL);
     EXPECT_EQ(WaitForEnd(), -1);
     EXPECT_TRUE(WaitFor([&] { return ProcessState(child) == '\0'; }));

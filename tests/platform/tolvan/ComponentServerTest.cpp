@@ -10,7 +10,6 @@
 #include "vesta/Platform.h"
 
 #include <atomic>
-#include <optional>
 #include <vector>
 
 #include <fcntl.h>
@@ -187,23 +186,6 @@ TEST_F(ComponentServerTest, RefusesAFlood)
             TestPeer peer = Connect();
             return peer.Send(Request("YES")) && peer.Receive();
         }));
-}
-
-/// Whoever connects while the program ends is not accepted any more, and that is no fault.
-TEST_F(ComponentServerTest, EndsWhileOthersConnect)
-{
-    for (int i = 0; i < 100; ++i)
-    {
-        std::optional<Program> logView(std::in_place, component_LogView);
-        const Path socket = SocketFolder::ForProgram(component_LogView, Platform::GetProcessId());
-        std::vector<TestPeer> peers;
-        for (int peer = 0; peer < 5; ++peer)
-        {
-            peers.push_back(TestPeer::ConnectTo(socket));
-        }
-        logView.reset();
-    }
-    EXPECT_EQ(m_Log.Count("", log_Warning), 0) << m_Log.All();
 }
 
 TEST_F(ComponentServerTest, RefusesOtherUsers)
