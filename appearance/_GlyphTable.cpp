@@ -57,7 +57,7 @@ bool StandsAlone(wchar_t character)
     {
         wchar_t first;
         wchar_t last;
-    } constexpr kBlocks[] = {{0x20, 0x7e},   {0xa1, 0xac},   {0xae, 0x2ff}, {0x370, 0x482},
+    } constexpr kBlocks[] = {{0x20, 0x7e},   {0xa1, 0xac},     {0xae, 0x2ff},   {0x370, 0x482},
                              {0x48a, 0x52f}, {0x2010, 0x2027}, {0x20a0, 0x20bf}};
     for (const auto& block : kBlocks)
     {
@@ -136,6 +136,10 @@ _GlyphTable* _GlyphTable::For(cairo_t* cairo, wxDC& dc, const wxFont& font)
                 break;
             }
         }
+    }
+    if (place->second && place->second->m_Others.size() >= kMostOthers)
+    {
+        place->second->m_Others.clear();
     }
     return place->second.get();
 }
@@ -239,10 +243,6 @@ const _Glyph& _GlyphTable::Of(const wchar_t* characters, int count)
     if (known != m_Others.end())
     {
         return known->second;
-    }
-    if (m_Others.size() >= kMostOthers)
-    {
-        m_Others.clear();
     }
     return m_Others.emplace(std::move(key), LayOut(characters, count)).first->second;
 }

@@ -39,6 +39,8 @@ class _GlyphTable
 public:
     /// The table for drawing with that font as the device context does, on the surface that the
     /// cairo context draws on. Null when glyphs laid out here would not come out like its own.
+    /// Glyphs that it gave out before are good no longer: a table that has grown too large is begun
+    /// anew here and nowhere else.
     static _GlyphTable* For(cairo_t* cairo, wxDC& dc, const wxFont& font);
 
     _GlyphTable(_GObjectPtr<PangoContext> context, const wxFont& font);
