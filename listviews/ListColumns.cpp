@@ -15,16 +15,15 @@ const char* const kSeparator = ", ";
 
 int WidthOrDefault(int width)
 {
-    return width < 0 ? _ListGeometry::k_DefaultWidth
-                     : std::min(width, _ListGeometry::k_MostWidth);
+    return width < 0 ? _ListGeometry::k_DefaultWidth : std::min(width, _ListGeometry::k_MostWidth);
 }
 
 // A text that is no number, too, gives a column that can be seen.
 int StoredWidth(const String& text)
 {
     const long long width = text.Trim().ToInt(0);
-    return static_cast<int>(std::clamp<long long>(width, _ListGeometry::k_LeastWidth,
-                                                  _ListGeometry::k_MostWidth));
+    return static_cast<int>(
+        std::clamp<long long>(width, _ListGeometry::k_LeastWidth, _ListGeometry::k_MostWidth));
 }
 } // namespace
 
@@ -36,9 +35,15 @@ void wxDBListCtrl::ColumnsChanged()
     Redraw();
 }
 
+bool wxDBListCtrl::HasColumn(int index) const
+{
+    return index >= 0 && index < GetColumnCount();
+}
+
 const wxDBListCtrl::ColumnHeader& wxDBListCtrl::GetColumn(int index) const
 {
-    return m_Columns[static_cast<size_t>(index)];
+    static const ColumnHeader s_None;
+    return HasColumn(index) ? m_Columns[static_cast<size_t>(index)] : s_None;
 }
 
 String wxDBListCtrl::GetColumnName(int index) const
@@ -63,19 +68,29 @@ void wxDBListCtrl::InsertColumn(int index, int type, const String& label, const 
                                 int width)
 {
     CALL_ENTRY("wxDBListCtrl::InsertColumn");
+    if (index != GetColumnCount() && !HasColumn(index))
+    {
+        return;
+    }
     ColumnHeader column;
     column.label = label;
     column.width = WidthOrDefault(width);
     column.type = type;
     column.key = key;
     m_Columns.insert(m_Columns.begin() + index, column);
+    TellColumnMoved(-1, index);
     ColumnsChanged();
 }
 
 void wxDBListCtrl::RemoveColumn(int index)
 {
     CALL_ENTRY("wxDBListCtrl::RemoveColumn");
+    if (!HasColumn(index))
+    {
+        return;
+    }
     m_Columns.erase(m_Columns.begin() + index);
+    TellColumnMoved(index, -1);
     ColumnsChanged();
 }
 
@@ -86,10 +101,18 @@ void wxDBListCtrl::RemoveAllColumns()
     ColumnsChanged();
 }
 
+void wxDBListCtrl::TellColumnMoved(int from, int to)
+{
+    if (m_OnColumnMoved)
+    {
+        m_OnColumnMoved(from, to);
+    }
+}
+
 void wxDBListCtrl::MoveColumn(int index, int delta)
 {
     CALL_ENTRY("wxDBListCtrl::MoveColumn");
-    if (delta == 0)
+    if (delta == 0 || !HasColumn(index))
     {
         return;
     }
@@ -116,6 +139,7 @@ void wxDBListCtrl::MoveColumn(int index, int delta)
     {
         --m_HighlightColumn;
     }
+    TellColumnMoved(index, target);
     m_Header->ForgetColumns();
     RedrawColumns(index, target);
 }
@@ -123,15 +147,21 @@ void wxDBListCtrl::MoveColumn(int index, int delta)
 void wxDBListCtrl::SetColumnLabel(int index, const String& label)
 {
     CALL_ENTRY("wxDBListCtrl::SetColumnLabel");
-    m_Columns[static_cast<size_t>(index)].label = label;
-    m_Header->Redraw();
+    if (HasColumn(index))
+    {
+        m_Columns[static_cast<size_t>(index)].label = label;
+        m_Header->Redraw();
+    }
 }
 
 void wxDBListCtrl::SetColumnImage(int index, int image)
 {
     CALL_ENTRY("wxDBListCtrl::SetColumnImage");
-    m_Columns[static_cast<size_t>(index)].image = image;
-    m_Header->Redraw();
+    if (HasColumn(index))
+    {
+        m_Columns[static_cast<size_t>(index)].image = image;
+        m_Header->Redraw();
+    }
 }
 
 void wxDBListCtrl::SetHeaderImages(const std::vector<wxBitmapBundle>& images)
@@ -143,24 +173,26 @@ void wxDBListCtrl::SetHeaderImages(const std::vector<wxBitmapBundle>& images)
 
 void wxDBListCtrl::ChangeWidth(int index, int width)
 {
-    m_Columns[static_cast<size_t>(index)].width =
-        std::clamp(width, 0, _ListGeometry::k_MostWidth);
+    m_Columns[static_cast<size_t>(index)].width = std::clamp(width, 0, _ListGeometry::k_MostWidth);
     m_Body->m_ContentWidth = _ContentWidth(m_Body->Geometry().widths);
 }
 
 void wxDBListCtrl::SetColumnWidth(int index, int width)
 {
     CALL_ENTRY("wxDBListCtrl::SetColumnWidth");
-    ChangeWidth(index, width);
-    m_Body->AdjustScrollbarsLater();
-    Redraw();
+    if (HasColumn(index))
+    {
+        ChangeWidth(index, width);
+        m_Body->AdjustScrollbarsLater();
+        Redraw();
+    }
 }
 
 void wxDBListCtrl::SetHighlightColumn(int index)
 {
     CALL_ENTRY("wxDBListCtrl::SetHighlightColumn");
     const int before = m_HighlightColumn;
-    m_HighlightColumn = index;
+    m_HighlightColumn = std::max(index, -1);
     if (before == -1)
     {
         RedrawColumn(index);
@@ -207,4 +239,5 @@ void wxDBListCtrl::RestoreColumnSizes(const String& section, const String& key)
         ChangeWidth(column, StoredWidth(tokens.Next()));
     }
     m_Body->AdjustScrollbarsLater();
+    Redraw();
 }

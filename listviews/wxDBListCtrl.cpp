@@ -127,6 +127,10 @@ void wxDBListCtrl::Insert(int row, bool redraw)
 void wxDBListCtrl::Insert(int row, unsigned long count, bool redraw)
 {
     CALL_ENTRY("wxDBListCtrl::Insert");
+    if (row != GetItemCount() && !HasRow(row))
+    {
+        return;
+    }
     SetRowCount(m_Body->m_LineCount +
                 static_cast<long long>(std::min<unsigned long>(count, INT_MAX)));
     if (m_Body->m_Anchor >= row)
@@ -150,8 +154,13 @@ void wxDBListCtrl::Remove(int row)
 void wxDBListCtrl::Remove(int row, unsigned long count)
 {
     CALL_ENTRY("wxDBListCtrl::Remove");
-    const int last = row + static_cast<int>(std::min<unsigned long>(count, INT_MAX / 2)) - 1;
-    SetRowCount(m_Body->m_LineCount - static_cast<long long>(count));
+    if (!HasRow(row) || count == 0)
+    {
+        return;
+    }
+    const auto below = static_cast<unsigned long>(GetItemCount() - row);
+    const int  last = row + static_cast<int>(std::min(count, below)) - 1;
+    SetRowCount(m_Body->m_LineCount - (last - row + 1LL));
     if (m_Body->m_Anchor >= row && m_Body->m_Anchor <= last)
     {
         m_Body->m_Anchor = row - 1;
@@ -269,6 +278,10 @@ int wxDBListCtrl::GetScrollThumb(int orientation) const
 void wxDBListCtrl::EnsureVisible(int row)
 {
     CALL_ENTRY("wxDBListCtrl::EnsureVisible");
+    if (!HasRow(row))
+    {
+        return;
+    }
     const long long height = m_Body->m_LineHeight;
     const long long top = row * height;
     const long long position = m_Body->GetScrollPos(wxVERTICAL);

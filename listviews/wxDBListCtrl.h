@@ -7,6 +7,7 @@
 #include <wx/bmpbndl.h>
 #include <wx/cursor.h>
 
+#include <functional>
 #include <vector>
 
 class wxDBListBase;
@@ -22,8 +23,9 @@ class wxDBListHeader;
 /// `wxEVT_LIST_COL_BEGIN_DRAG`, `wxEVT_LIST_COL_END_DRAG`, `wxEVT_LIST_COL_CLICK` and
 /// `wxEVT_LIST_COL_RIGHT_CLICK`. A derived class keeps the selection by handling the first two.
 ///
-/// Indexes of rows and columns count from 0 in the order shown; unless said otherwise an operation
-/// must be given a valid one. Main thread.
+/// Indexes of rows and columns count from 0 in the order shown. An operation on a row or a column
+/// that the list does not have does nothing; asked for one, it answers with an empty one. Main
+/// thread.
 class TOLVAN_API wxDBListCtrl : public wxtPanel
 {
 public:
@@ -69,8 +71,9 @@ public:
 
     /// Columns. A width is in pixels, at most 16,777,216.
     /// @{
-    void   AddColumn(const ColumnHeader& column);
-    void   AddColumn(int type, const String& label, int width);
+    void AddColumn(const ColumnHeader& column);
+    void AddColumn(int type, const String& label, int width);
+    /// Before that column; the number of columns: at the end.
     void   InsertColumn(int index, int type, const String& label, const String& key, int width);
     void   RemoveColumn(int index);
     void   RemoveAllColumns();
@@ -138,11 +141,19 @@ public:
     wxDBListHeader* GetHeader() const { return m_Header; }
     wxDBListBody*   GetBody() const { return m_Body; }
 
+protected:
+    /// Called when a column has come (`from` -1), gone (`to` -1) or moved: for a derived class that
+    /// keeps its cells in the order shown.
+    std::function<void(int from, int to)> m_OnColumnMoved;
+
 private:
     friend class wxDBListBase;
     friend class wxDBListBody;
     friend class wxDBListHeader;
 
+    bool HasColumn(int index) const;
+    bool HasRow(int row) const { return row >= 0 && row < GetItemCount(); }
+    void TellColumnMoved(int from, int to);
     void ColumnsChanged(); ///< The content is as wide as the columns; everything is redrawn.
     void ChangeWidth(int index, int width);
     void SetRowCount(long long count);

@@ -37,6 +37,7 @@ wxtListCtrl::wxtListCtrl(wxWindow* parent, int id, const wxPoint&, const wxSize&
 {
     CALL_ENTRY("wxtListCtrl::wxtListCtrl");
     SetId(id);
+    m_OnColumnMoved = [this](int from, int to) { MoveCells(from, to); };
 }
 
 // The views ask for rows until they are gone.
@@ -48,6 +49,36 @@ wxtListCtrl::~wxtListCtrl()
 bool wxtListCtrl::HasData(int row) const
 {
     return row >= 0 && static_cast<size_t>(row) < m_Rows.size();
+}
+
+// A row may have fewer cells than there are columns.
+void wxtListCtrl::MoveCells(int from, int to)
+{
+    for (Row& row : m_Rows)
+    {
+        const auto count = static_cast<int>(row.cells.size());
+        if (from >= 0 && to >= 0 && count <= std::max(from, to))
+        {
+            row.cells.resize(static_cast<size_t>(std::max(from, to)) + 1);
+        }
+        const auto cells = row.cells.begin();
+        if (from < 0 && to < count)
+        {
+            row.cells.emplace(cells + to);
+        }
+        else if (to < 0 && from < count)
+        {
+            row.cells.erase(cells + from);
+        }
+        else if (from >= 0 && to > from)
+        {
+            std::rotate(cells + from, cells + from + 1, cells + to + 1);
+        }
+        else if (from >= 0 && to >= 0)
+        {
+            std::rotate(cells + to, cells + from, cells + from + 1);
+        }
+    }
 }
 
 int wxtListCtrl::InsertItem(int row, const String& text, int image)

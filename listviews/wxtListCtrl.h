@@ -52,6 +52,7 @@ private:
     struct Row;
 
     bool HasData(int row) const;
+    void MoveCells(int from, int to);
     int  DrawImage(wxDC& dc, const Row& row, const wxRect& rect);
 
     std::vector<Row>                m_Rows;

@@ -1,8 +1,10 @@
+#include "appearance/wxTolvanColors.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListHeader.h"
 #include "listviews/wxtListCtrl.h"
 #include "tests/support/FrameTest.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/Pictures.h"
 #include "tests/support/TestApp.h"
 
 #include <wx/listbase.h>
@@ -227,6 +229,7 @@ TEST_F(ListCtrlTest, ColumnsMoveWithTheirHighlight)
         for (const int type : {10, 11, 12})
         {
             m_List->AddColumn(type, "", 50);
+            m_List->SetItem(0, type - 10, String::FromInt(type));
         }
         m_List->SetHighlightColumn(move.highlight);
         m_List->MoveColumn(move.index, move.delta);
@@ -234,9 +237,59 @@ TEST_F(ListCtrlTest, ColumnsMoveWithTheirHighlight)
         for (int i = 0; i < 3; ++i)
         {
             EXPECT_EQ(i, m_List->FindColumnByType(move.types[i])) << move.index << move.delta;
+            EXPECT_EQ(String::FromInt(move.types[i]), m_List->GetDisplayText(0, i)) << "its cells";
         }
     }
     EXPECT_EQ(-1, m_List->FindColumnByType(99));
+    m_List->InsertColumn(1, 99, "", "", 50);
+    EXPECT_EQ("", m_List->GetDisplayText(0, 1));
+    m_List->RemoveColumn(0);
+    EXPECT_EQ("12", m_List->GetDisplayText(0, 1));
+}
+
+// As its header says: nothing happens.
+TEST_F(ListCtrlTest, WhatIsNotThereIsLeftAlone)
+{
+    m_List->RemoveColumn(1);
+    const int rows = m_List->GetItemCount();
+    for (const int bad : {INT_MIN, -1, 101, INT_MAX})
+    {
+        m_List->RemoveColumn(bad);
+        m_List->InsertColumn(bad, 1, "x", "", 50);
+        m_List->MoveColumn(bad, 1);
+        m_List->MoveColumn(bad, -1);
+        m_List->SetColumnLabel(bad, "x");
+        m_List->SetColumnImage(bad, 0);
+        m_List->SetColumnWidth(bad, 50);
+        m_List->RedrawColumns(bad, 0);
+        m_List->RedrawCells(bad, 0, bad, 0);
+        EXPECT_EQ("", m_List->GetColumnName(bad));
+        m_List->Insert(bad, true);
+        m_List->Insert(bad, 10, true);
+        m_List->Remove(bad);
+        m_List->Remove(bad, 10);
+        m_List->SetItem(bad, bad, "x");
+        m_List->SetItemTextColour(bad, *wxRED);
+        m_List->SetItemFont(bad, wxFont());
+        m_List->DeleteItem(bad);
+        m_List->RedrawItems(bad, 0);
+        m_List->EnsureVisible(bad);
+        m_List->SetLastSelect(bad);
+        EXPECT_EQ("", m_List->GetDisplayText(bad, bad));
+        EXPECT_FALSE(m_List->IsRowSelected(bad));
+        Body()->SendListEvent(wxEVT_LIST_ITEM_SELECTED, wxPoint(), 0, bad);
+        m_List->SetHighlightColumn(bad);
+    }
+    EXPECT_EQ((Rows{100, 100}), Widths());
+    EXPECT_EQ(rows, m_List->GetItemCount());
+    EXPECT_EQ(0, m_List->GetScrollPos(wxVERTICAL));
+    EXPECT_EQ("row 0", m_List->GetDisplayText(0, 0));
+    EXPECT_EQ("Title 2", m_List->GetColumnName(1));
+    m_List->SetFocus();
+    Press(WXK_UP); // from the last one of those anchors
+    EXPECT_EQ(99, m_List->GetLastSelect());
+    m_List->Remove(98, ULONG_MAX);
+    EXPECT_EQ(98, m_List->GetItemCount());
 }
 
 TEST_F(ListCtrlTest, WidthsAreStoredAndRestored)
@@ -259,6 +312,12 @@ TEST_F(ListCtrlTest, WidthsAreStoredAndRestored)
         options.SetValue("Lists", "jobs", c.stored);
         m_List->RestoreColumnSizes("Lists", "jobs");
         EXPECT_EQ(c.widths, Widths()) << c.stored;
+        const auto isShown = [&]
+        {
+            return PixelAt(PictureOf(m_List->GetHeader()), c.widths[0] - 1, 8) ==
+                   wxtGetColor(color_3DDark);
+        };
+        EXPECT_TRUE(WaitFor(isShown)) << "the title ends there";
     }
 }
 
