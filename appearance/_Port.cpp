@@ -36,6 +36,13 @@ cairo_surface_t* MemorySurface(wxGraphicsContext* context)
     return format == CAIRO_FORMAT_RGB24 || format == CAIRO_FORMAT_ARGB32 ? surface : nullptr;
 }
 
+// Not handled: the key goes on to the window's parents.
+gboolean StopScrollKey(GObject* widget, int, gboolean, void*)
+{
+    g_signal_stop_emission_by_name(widget, "scroll-child");
+    return FALSE;
+}
+
 // What has the user's input to itself, if it is of that class of the port; else null.
 GObject* GrabOf(const char* className)
 {
@@ -82,6 +89,15 @@ void _UseSolidScrollbars(wxWindow& window)
     if (widget && g_object_class_find_property(G_OBJECT_GET_CLASS(widget), kProperty))
     {
         g_object_set(widget, kProperty, FALSE, nullptr);
+    }
+}
+
+void _RefuseNativeScrollKeys(wxWindow& window)
+{
+    auto* const widget = reinterpret_cast<GObject*>(window.GetHandle());
+    if (widget && g_signal_lookup("scroll-child", G_OBJECT_TYPE(widget)) != 0)
+    {
+        g_signal_connect(widget, "scroll-child", G_CALLBACK(StopScrollKey), nullptr);
     }
 }
 

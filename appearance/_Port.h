@@ -13,6 +13,9 @@ struct _PangoContext;
 /// content (GTK 3) come and go by themselves, and the window's client size with them.
 TOLVAN_API void _UseSolidScrollbars(wxWindow& window);
 
+/// Keeps the port from scrolling a window by its own keys: the window has others, or its own.
+TOLVAN_API void _RefuseNativeScrollKeys(wxWindow& window);
+
 /// What the port lays out texts for the screen with; the caller owns the reference. Null where the
 /// port does not tell.
 TOLVAN_API _PangoContext* _ScreenTextContext();

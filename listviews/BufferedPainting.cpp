@@ -43,6 +43,10 @@ void wxDoubleBufferedWindow::Timeout(wxTimerEvent&)
 {
     CALL_ENTRY("wxDoubleBufferedWindow::Timeout");
     ApplyDueScrollbars();
+    if (m_Scroll->due && IsHeld())
+    {
+        m_RedrawTimer.StartOnce(m_RedrawDelay); // nothing else may ever tell that it is let go
+    }
     if (m_PendingArea.IsEmpty())
     {
         return; // only the scrollbars were due
@@ -108,16 +112,17 @@ void wxDoubleBufferedWindow::PaintBuffer()
     dc.DrawBitmap(*m_Buffer, 0, 0, false);
 }
 
-// False while the client area is empty. The buffer has the window's scale, or everything drawn
-// through it would be blurred on a high-resolution screen.
+// False while the client area is empty. Size events tell of a new size only when the window is laid
+// out: the buffer is compared. has the window's scale, or everything drawn through it
+// would be blurred on a high-resolution screen.
 bool wxDoubleBufferedWindow::EnsureBuffer()
 {
     const double scale = GetContentScaleFactor();
-    if (m_Buffer && m_Buffer->GetScaleFactor() == scale)
+    const wxSize client = GetClientSize();
+    if (m_Buffer && m_Buffer->GetScaleFactor() == scale && m_Buffer->GetLogicalSize() == client)
     {
         return true;
     }
-    const wxSize client = GetClientSize();
     if (client.x < 1 || client.y < 1)
     {
         return false;
@@ -138,14 +143,21 @@ bool wxDoubleBufferedWindow::EnsureBuffer()
 void wxDoubleBufferedWindow::Resize(wxSizeEvent& event)
 {
     CALL_ENTRY("wxDoubleBufferedWindow::Resize");
-    const wxSize visible = event.GetSize() - (GetSize() - GetClientSize());
+    const wxSize client = GetClientSize();
+    const wxSize visible = event.GetSize() - (GetSize() - client);
     m_VisibleColumns = _VisibleUnits(visible.x, m_ColumnWidth);
     m_VisibleLines = _VisibleUnits(visible.y, m_LineHeight);
     // Not at once: GTK 3 loses the layout of the window's other children when a scrollbar comes or
     // goes in the middle of it.
     AdjustScrollbarsLater();
-    m_Buffer.reset();
-    m_WholePending = false; // the area that is whole has changed
+    // For every move of a scrollbar the toolkit sends two of these, the first of which comes with a
+    // client size that is none. Whether it has changed is known when the window is painted.
+    if (event.GetSize() != m_Scroll->size)
+    {
+        m_Scroll->size = event.GetSize();
+        m_Buffer.reset();
+        m_WholePending = false; // the area that is whole has changed
+    }
     Refresh(false, nullptr);
 }
 

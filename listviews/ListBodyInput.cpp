@@ -1,3 +1,4 @@
+#include "appearance/_PadKey.h"
 #include "listviews/_ListGeometry.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListCtrl.h"
@@ -79,20 +80,14 @@ void wxDBListBody::OnLDown(wxMouseEvent& event)
 {
     CALL_ENTRY("wxDBListBody::OnLDown");
     SetFocus();
-    if (!HasCapture())
-    {
-        CaptureMouse();
-    }
+    HoldMouse();
     SelectByClick(event);
 }
 
 void wxDBListBody::OnLUp(wxMouseEvent&)
 {
     CALL_ENTRY("wxDBListBody::OnLUp");
-    if (HasCapture())
-    {
-        ReleaseMouse();
-    }
+    LetMouseGo();
 }
 
 void wxDBListBody::OnDoubleClick(wxMouseEvent& event)
@@ -115,7 +110,7 @@ void wxDBListBody::OnRDown(wxMouseEvent& event)
 void wxDBListBody::OnKey(wxKeyEvent& event)
 {
     CALL_ENTRY("wxDBListBody::OnKey");
-    const int key = event.GetKeyCode();
+    const int key = _OffThePad(event.GetKeyCode());
     if (key != WXK_UP && key != WXK_DOWN)
     {
         event.Skip();

@@ -3,16 +3,21 @@
 #include "listviews/_ScrollModel.h"
 #include "listviews/wxDoubleBufferedWindow.h"
 
-/// Both scrollbars as last given to the toolkit.
+/// Both scrollbars: where the view is, and what the native ones show of it.
 struct wxDoubleBufferedWindow::ScrollState
 {
-    _ScrollAxis horizontal;
-    _ScrollAxis vertical;
-    bool        due = false;   ///< They are behind the content.
-    bool        hidden = true; ///< One of them is hidden, whatever stands above.
-
-    _ScrollAxis& Axis(int orientation)
+    struct Bar
     {
-        return orientation == wxHORIZONTAL ? horizontal : vertical;
-    }
+        _ScrollAxis axis;
+        _ScrollAxis shown;         ///< As the native one was left.
+        bool        hidden = true; ///< The native one is, whatever stands above.
+    };
+
+    Bar    horizontal;
+    Bar    vertical;
+    bool   due = false;  ///< The native ones are behind the content.
+    bool   held = false; ///< A hand has taken one of the thumbs.
+    wxSize size;         ///< Pixels, at the last size event.
+
+    Bar& Of(int orientation) { return orientation == wxHORIZONTAL ? horizontal : vertical; }
 };

@@ -106,6 +106,10 @@ void wxDBListBody::OnMotion(wxMouseEvent& event)
 {
     CALL_ENTRY("wxDBListBody::OnMotion");
     event.Skip();
+    if (!event.LeftIsDown())
+    {
+        LetMouseGo(); // the button was let go where nobody told of it
+    }
     const bool inside = GetClientRect().Contains(event.GetPosition());
     m_Pointer = inside ? event.GetPosition() : wxPoint(-1, -1);
     SetHoverRow(HoverRow());

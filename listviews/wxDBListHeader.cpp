@@ -54,19 +54,11 @@ bool wxDBListHeader::AcceptsFocusFromKeyboard() const
 
 void wxDBListHeader::ForgetColumns()
 {
-    Release();
+    LetMouseGo();
     m_Pressed = -1;
     m_ResizeStart = -1;
     m_Hovered = -1;
     ShowCursor(false);
-}
-
-void wxDBListHeader::Release()
-{
-    if (HasCapture())
-    {
-        ReleaseMouse();
-    }
 }
 
 wxPoint wxDBListHeader::InBody(const wxMouseEvent& event) const
@@ -90,12 +82,13 @@ void wxDBListHeader::OnMotion(wxMouseEvent& event)
     {
         Resize(event.GetX());
     }
-    else if (IsResizing() || (m_Pressed >= 0 && !event.LeftIsDown()))
+    else if (IsResizing() || (m_Pressed >= 0 && !event.LeftIsDown() && HasCapture()))
     {
         OnLUp(event); // the button was let go where nobody told of it
     }
     else if (!event.LeftIsDown())
     {
+        m_Pressed = -1; // nor clicked, once the capture was lost
         Hover(event.GetX());
     }
 }
@@ -146,16 +139,13 @@ void wxDBListHeader::OnLDown(wxMouseEvent& event)
         Redraw();
         m_List.SetFocus();
     }
-    if (!HasCapture())
-    {
-        CaptureMouse();
-    }
+    HoldMouse();
 }
 
 void wxDBListHeader::OnLUp(wxMouseEvent& event)
 {
     CALL_ENTRY("wxDBListHeader::OnLUp");
-    Release();
+    LetMouseGo();
     if (IsResizing())
     {
         m_ResizeStart = -1;

@@ -33,7 +33,6 @@ private:
     void    Resize(int x);
     void    Hover(int x);
     void    ShowCursor(bool onEdge);
-    void    Release();
     wxPoint InBody(const wxMouseEvent& event) const;
 
     wxColour FaceOf(int column) const;

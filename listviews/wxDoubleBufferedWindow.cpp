@@ -6,11 +6,14 @@
 #include "vesta/CallEntry.h"
 #include "vesta/Log.h"
 
+#include <wx/utils.h>
+
 #include <algorithm>
 
 namespace
 {
 constexpr int kRedrawTimerId = 1;
+constexpr int kHoldCheckMs = 100;  // milliseconds between two looks at a window that is pressed
 constexpr int kLeastSize = 80;     // pixels: room for two scrollbars and a little content
 constexpr int kScrollbarRoom = 64; // pixels: a view that is smaller shows no scrollbars
 } // namespace
@@ -47,6 +50,7 @@ wxDoubleBufferedWindow::wxDoubleBufferedWindow(wxWindow* parent, int id, long st
     SetMinSize(wxSize(kLeastSize, kLeastSize));
     SetSize(wxSize(kLeastSize, kLeastSize));
     m_RedrawTimer.SetOwner(this, kRedrawTimerId);
+    m_HoldTimer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { WatchHold(); });
     s_Windows.insert(this);
 }
 
@@ -69,16 +73,52 @@ bool wxDoubleBufferedWindow::HasScrollbarRoom(const wxSize& size)
 
 void wxDoubleBufferedWindow::HideNative(int orientation)
 {
-    m_Scroll->hidden = true;
+    ScrollState::Bar& bar = m_Scroll->Of(orientation);
+    bar.hidden = true;
+    bar.shown = _ScrollAxis();
     wxWindow::SetScrollbar(orientation, 0, 1, 1, true);
 }
 
 wxDoubleBufferedWindow::~wxDoubleBufferedWindow()
 {
     CALL_ENTRY("wxDoubleBufferedWindow::~wxDoubleBufferedWindow");
+    LetMouseGo();
     s_Windows.erase(this);
     m_RedrawTimer.Stop();
     m_RedrawTimer.SetOwner(nullptr);
+}
+
+void wxDoubleBufferedWindow::HoldMouse()
+{
+    if (!HasCapture())
+    {
+        CaptureMouse();
+    }
+    m_HoldTimer.Start(kHoldCheckMs);
+}
+
+void wxDoubleBufferedWindow::LetMouseGo()
+{
+    m_HoldTimer.Stop();
+    if (HasCapture())
+    {
+        ReleaseMouse();
+    }
+}
+
+void wxDoubleBufferedWindow::WatchHold()
+{
+    if (!HasCapture())
+    {
+        m_HoldTimer.Stop();
+    }
+    else if (!IsEnabled() || !IsShownOnScreen())
+    {
+        LetMouseGo();
+        wxMouseCaptureLostEvent lost(GetId());
+        lost.SetEventObject(this);
+        ProcessWindowEvent(lost);
+    }
 }
 
 _ScrollUnits wxDoubleBufferedWindow::ScrollUnits() const
@@ -90,7 +130,7 @@ _ScrollUnits wxDoubleBufferedWindow::ScrollUnits() const
 // native scrollbar, which may be behind and which reads back an empty range as 1.
 _ScrollAxis wxDoubleBufferedWindow::DueAxis(int orientation) const
 {
-    const _ScrollAxis& axis = m_Scroll->Axis(orientation);
+    const _ScrollAxis& axis = m_Scroll->Of(orientation).axis;
     if (!m_Scroll->due)
     {
         return axis;
@@ -128,6 +168,13 @@ void wxDoubleBufferedWindow::AdjustScrollbarsLater()
     }
 }
 
+// Showing what is shown already would bring further size events.
+bool wxDoubleBufferedWindow::IsBehind(int orientation) const
+{
+    const ScrollState::Bar& bar = m_Scroll->Of(orientation);
+    return bar.hidden || bar.shown != bar.axis;
+}
+
 void wxDoubleBufferedWindow::ApplyDueScrollbars()
 {
     // A scrollbar that comes or goes changes the client area, and with it what is due.
@@ -138,13 +185,14 @@ void wxDoubleBufferedWindow::ApplyDueScrollbars()
         {
             return; // stays due until there is room
         }
-        const _ScrollAxis horizontal = DueAxis(wxHORIZONTAL);
-        const _ScrollAxis vertical = DueAxis(wxVERTICAL);
-        // Setting what is set already would bring a further size event, which makes them due again.
-        if (m_Scroll->hidden || horizontal != m_Scroll->horizontal ||
-            vertical != m_Scroll->vertical)
+        const _ScrollAxis horizontal = m_Scroll->horizontal.axis = DueAxis(wxHORIZONTAL);
+        const _ScrollAxis vertical = m_Scroll->vertical.axis = DueAxis(wxVERTICAL);
+        if (IsHeld())
         {
-            m_Scroll->hidden = false;
+            return; // the thumb would run away from the pointer, and the view after the thumb
+        }
+        if (IsBehind(wxHORIZONTAL) || IsBehind(wxVERTICAL))
+        {
             SetScrollbar(wxHORIZONTAL, horizontal.position, horizontal.thumb, horizontal.range,
                          true);
             SetScrollbar(wxVERTICAL, vertical.position, vertical.thumb, vertical.range, true);
@@ -160,8 +208,8 @@ void wxDoubleBufferedWindow::ApplyDueScrollbars()
 
 void wxDoubleBufferedWindow::TraceScrolling() const
 {
-    const _ScrollAxis h = m_Scroll->horizontal;
-    const _ScrollAxis v = m_Scroll->vertical;
+    const _ScrollAxis h = m_Scroll->horizontal.axis;
+    const _ScrollAxis v = m_Scroll->vertical.axis;
     LogInfo(SFormat("wxDoubleBufferedWindow %x    H: %d %d %d   first: %d -%d (%d / %d x %d)   "
                     "V: %d %d %d   first: %d -%d (%d / %d x %d)",
                     static_cast<unsigned>(reinterpret_cast<uintptr_t>(this)), h.position, h.thumb,
@@ -175,18 +223,27 @@ void wxDoubleBufferedWindow::SetScrollbar(int orientation, int position, int thu
                                           bool refresh)
 {
     CALL_ENTRY("wxDoubleBufferedWindow::SetScrollbar");
-    _ScrollAxis& axis = m_Scroll->Axis(orientation);
-    axis.thumb = thumb;
-    axis.range = range;
-    axis.position = axis.Clamped(position);
+    ScrollState::Bar& bar = m_Scroll->Of(orientation);
+    const int         before = bar.axis.position;
+    bar.axis.thumb = thumb;
+    bar.axis.range = range;
+    bar.axis.position = bar.axis.Clamped(position);
     if (HasScrollbarRoom(GetSize()))
     {
         // A thumb larger than the range would look like an axis pulled beyond its end.
-        wxWindow::SetScrollbar(orientation, axis.position, std::min(thumb, range), range, refresh);
+        wxWindow::SetScrollbar(orientation, bar.axis.position, std::min(thumb, range), range,
+                               refresh);
+        bar.hidden = false;
+        bar.shown = bar.axis;
+        bar.shown.position = wxWindow::GetScrollPos(orientation);
     }
     else
     {
         HideNative(orientation);
+    }
+    if (bar.axis.position != before)
+    {
+        RedrawScrolled();
     }
 }
 
@@ -194,17 +251,38 @@ void wxDoubleBufferedWindow::SetScrollPos(int orientation, int position, bool re
 {
     CALL_ENTRY("wxDoubleBufferedWindow::SetScrollPos");
     ApplyDueScrollbars();
-    _ScrollAxis& axis = m_Scroll->Axis(orientation);
-    const int    target = axis.Clamped(position);
-    // The toolkit asks for the position and leaves the scrollbar alone when it is there already:
-    // ours changes after its.
-    wxWindow::SetScrollPos(orientation, target, refresh);
-    axis.position = target;
+    ScrollState::Bar& bar = m_Scroll->Of(orientation);
+    const int         target = bar.axis.Clamped(position);
+    if (IsHeld())
+    {
+        m_Scroll->due = true; // the thumb follows when it is let go
+    }
+    else if (!bar.hidden)
+    {
+        // The toolkit asks for the position and leaves the scrollbar alone when it is there
+        // already: ours changes after its.
+        wxWindow::SetScrollPos(orientation, target, refresh);
+        bar.shown.position = wxWindow::GetScrollPos(orientation);
+    }
+    if (bar.axis.position != target)
+    {
+        bar.axis.position = target;
+        RedrawScrolled();
+    }
 }
 
+// The user has moved the native thumb, and the event that tells of it is on its way.
+bool wxDoubleBufferedWindow::IsMovedByHand(int orientation) const
+{
+    const ScrollState::Bar& bar = m_Scroll->Of(orientation);
+    return !bar.hidden && wxWindow::GetScrollPos(orientation) != bar.shown.position;
+}
+
+// The toolkit, too, asks here, when it fills its events with the position.
 int wxDoubleBufferedWindow::GetScrollPos(int orientation) const
 {
-    return DueAxis(orientation).position;
+    return IsMovedByHand(orientation) ? wxWindow::GetScrollPos(orientation)
+                                      : DueAxis(orientation).position;
 }
 
 int wxDoubleBufferedWindow::GetScrollThumb(int orientation) const
@@ -220,14 +298,59 @@ int wxDoubleBufferedWindow::GetScrollRange(int orientation) const
 void wxDoubleBufferedWindow::Scroll(wxScrollWinEvent& event)
 {
     CALL_ENTRY("wxDoubleBufferedWindow::Scroll");
-    // First: a scrollbar that comes with the content takes room, and the end lies further on then.
+    const int orientation = event.GetOrientation();
+    // First the hand: a view that follows its end stays at the end that the hand has found. Then
+    // what is due: a scrollbar that comes with the content takes room, and the end lies further on.
+    const bool byHand = TakeHandPosition(event);
     ApplyDueScrollbars();
-    const int         orientation = event.GetOrientation();
     const _ScrollAxis axis{GetScrollPos(orientation), GetScrollThumb(orientation),
                            GetScrollRange(orientation)};
-    const int         target = _ScrollTarget(event.GetEventType(), axis, m_LineHeight,
-                                             _PageSize(orientation, ScrollUnits()), event.GetPosition());
-    SetScrollPos(orientation, target, true);
+    SetScrollPos(orientation,
+                 byHand ? axis.position
+                        : _ScrollTarget(event.GetEventType(), axis, m_LineHeight,
+                                        _PageSize(orientation, ScrollUnits()), event.GetPosition()),
+                 true);
+    RedrawScrolled();
+}
+
+// The user has dragged the native thumb: the view goes where it stands. Whether the event is about
+// that. (A click on an arrow or the trough moves by what a line or a page is here, and the thumb is
+// put there.)
+bool wxDoubleBufferedWindow::TakeHandPosition(const wxScrollWinEvent& event)
+{
+    const int  orientation = event.GetOrientation();
+    const int  position = wxWindow::GetScrollPos(orientation);
+    const bool released = event.GetEventType() == wxEVT_SCROLLWIN_THUMBRELEASE;
+    const bool dragged = event.GetEventType() == wxEVT_SCROLLWIN_THUMBTRACK || released;
+    if (!IsMovedByHand(orientation) || event.GetPosition() != position)
+    {
+        m_Scroll->held = m_Scroll->held && !released;
+        return false;
+    }
+    ScrollState::Bar& bar = m_Scroll->Of(orientation);
+    bar.shown.position = position;
+    if (dragged)
+    {
+        m_Scroll->held = !released;
+        bar.axis = _Adjusted(bar.shown, bar.axis.thumb, bar.axis.range,
+                             orientation == wxVERTICAL && m_FollowEnd);
+    }
+    return dragged;
+}
+
+// Nobody tells of a button that was let go while the scrollbar was hidden.
+bool wxDoubleBufferedWindow::IsHeld() const
+{
+    if (m_Scroll->held)
+    {
+        const wxMouseState mouse = wxGetMouseState();
+        m_Scroll->held = mouse.LeftIsDown() || mouse.MiddleIsDown() || mouse.RightIsDown();
+    }
+    return m_Scroll->held;
+}
+
+void wxDoubleBufferedWindow::RedrawScrolled()
+{
     Redraw();
     if (m_LinkedWindow && s_Windows.count(m_LinkedWindow))
     {

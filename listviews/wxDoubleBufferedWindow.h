@@ -72,6 +72,13 @@ protected:
 
     void DoMoveWindow(int x, int y, int width, int height) override;
 
+    /// Captures the mouse for a button that has gone down here. A window that is hidden or disabled
+    /// meanwhile hears of no button any more, and nobody else would either: it is made to lose the
+    /// capture.
+    void HoldMouse();
+    /// Gives it back; does nothing when it is lost already.
+    void LetMouseGo();
+
     _ScrollUnits ScrollUnits() const;
     /// Scrolls to that position (pixels), corrected to the content.
     void ScrollTo(int orientation, long long position);
@@ -100,6 +107,11 @@ private:
     static bool HasScrollbarRoom(const wxSize& size);
 
     void        HideNative(int orientation);
+    bool        IsMovedByHand(int orientation) const;
+    bool        TakeHandPosition(const wxScrollWinEvent& event);
+    bool        IsHeld() const;
+    bool        IsBehind(int orientation) const;
+    void        RedrawScrolled();
     _ScrollAxis DueAxis(int orientation) const;
     void        ApplyDueScrollbars();
     void        TraceScrolling() const;
@@ -107,6 +119,9 @@ private:
     void        PaintBuffer();
     void        RetryPaint(const String& reason);
 
+    void WatchHold();
+
+    wxTimer                      m_HoldTimer; ///< Runs while the mouse is held.
     std::unique_ptr<ScrollState> m_Scroll;
     bool                         m_WholePending = false; ///< `m_PendingArea` is everything.
     bool                         m_PaintFailed = false;  ///< Logged; no paint succeeded since.

@@ -1,3 +1,4 @@
+#include "appearance/_PadKey.h"
 #include "textviews/_LineStore.h"
 #include "textviews/_TextGeometry.h"
 #include "textviews/_TextSelection.h"
@@ -62,10 +63,7 @@ void wxTextLineCtrl::OnLeftClick(wxMouseEvent& event)
     m_Selecting = true;
     m_Selection->Click(Geometry().LineAt(event.GetY()), m_Lines->Count());
     Redraw();
-    if (!HasCapture())
-    {
-        CaptureMouse();
-    }
+    HoldMouse();
 }
 
 void wxTextLineCtrl::OnLeftUp(wxMouseEvent&)
@@ -163,7 +161,7 @@ void wxTextLineCtrl::OnKey(wxKeyEvent& event)
 {
     CALL_ENTRY("wxTextLineCtrl::OnKey");
     event.Skip(); // the parent sees every key too
-    const int key = event.GetKeyCode();
+    const int key = _OffThePad(event.GetKeyCode());
     for (const KeyScroll& scroll : kKeyScrolls)
     {
         if (scroll.key == key)

@@ -1,5 +1,6 @@
 #include "textviews/wxTextLineCtrl.h"
 
+#include "appearance/_Port.h"
 #include "listviews/_ScrollModel.h"
 #include "textviews/_FontExtents.h"
 #include "textviews/_LineSearch.h"
@@ -67,6 +68,7 @@ wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
     Manage(this);
     m_BackgroundName = color_WindowBGLighter;
     RefreshColors();
+    _RefuseNativeScrollKeys(*this); // every key is passed on, and would scroll once more
     SetFont(m_Font.font);
     m_ColumnWidth = static_cast<int>(m_Font.columnWidth);
     m_LineHeight = static_cast<int>(m_Font.lineHeight);
@@ -78,10 +80,6 @@ wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
 wxTextLineCtrl::~wxTextLineCtrl()
 {
     CALL_ENTRY("wxTextLineCtrl::~wxTextLineCtrl");
-    if (HasCapture())
-    {
-        ReleaseMouse();
-    }
     if (m_SearchPanel && GetParent() && !GetParent()->IsBeingDeleted())
     {
         m_SearchPanel->Destroy();
@@ -223,10 +221,7 @@ void wxTextLineCtrl::StopSelecting()
     if (m_Selecting)
     {
         m_Selecting = false;
-        if (HasCapture()) // not when the capture was lost
-        {
-            ReleaseMouse();
-        }
+        LetMouseGo();
     }
 }
 

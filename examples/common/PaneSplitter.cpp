@@ -33,6 +33,15 @@ PaneSplitter::PaneSplitter(wxWindow* parent, const String& name)
     SetMinimumPaneSize(kSmallestPane);
 }
 
+// The sash may be held when the window is closed.
+PaneSplitter::~PaneSplitter()
+{
+    if (HasCapture())
+    {
+        ReleaseMouse();
+    }
+}
+
 void PaneSplitter::Split(wxWindow* upper, wxWindow* lower, int firstHeight)
 {
     const int height =

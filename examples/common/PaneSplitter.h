@@ -11,6 +11,7 @@ class PaneSplitter : public wxSplitterWindow, public wxtColorManaged
 public:
     /// `name`: the section of the options file where the sash's place is kept.
     PaneSplitter(wxWindow* parent, const String& name);
+    ~PaneSplitter() override;
 
     /// The panes are children of the splitter. `firstHeight`: of the upper one, in pixels, until
     /// the user has chosen another.

@@ -18,15 +18,21 @@ int TargetOf(const wxDBListCtrl& list, int key)
     switch (key)
     {
     case WXK_HOME:
+    case WXK_NUMPAD_HOME:
         return 0;
     case WXK_END:
+    case WXK_NUMPAD_END:
         return last;
     case WXK_PAGEUP:
+    case WXK_NUMPAD_PAGEUP:
         return std::max(anchor - page, 0);
     case WXK_PAGEDOWN:
+    case WXK_NUMPAD_PAGEDOWN:
         return std::min(anchor + page, last);
     case WXK_UP:
+    case WXK_NUMPAD_UP:
     case WXK_DOWN:
+    case WXK_NUMPAD_DOWN:
         return anchor < 0 ? 0 : -1;
     default:
         return -1;

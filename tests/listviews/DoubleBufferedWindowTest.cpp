@@ -8,6 +8,7 @@
 #include <wx/dcmemory.h>
 #include <wx/scrolwin.h>
 #include <wx/stopwatch.h>
+#include <wx/uiaction.h>
 
 #include <functional>
 #include <stdexcept>
@@ -108,7 +109,26 @@ protected:
         m_View->ProcessWindowEvent(event);
     }
 
-    PlainView* m_View;
+    /// A place on the native scrollbar, by its distance from the near end.
+    wxPoint OnBar(int orientation, int distance) const
+    {
+        const wxSize client = m_View->GetClientSize();
+        const int    across = 6; // pixels from its edge
+        return m_View->ClientToScreen(orientation == wxVERTICAL
+                                          ? wxPoint(client.x + across, distance)
+                                          : wxPoint(distance, client.y + across));
+    }
+    /// Moves the pressed pointer there and waits until the view has followed and come to rest.
+    void DragTo(int orientation, int distance)
+    {
+        const int before = m_View->GetScrollPos(orientation);
+        m_Input.MouseMove(OnBar(orientation, distance));
+        EXPECT_TRUE(WaitFor([&] { return m_View->GetScrollPos(orientation) != before; }));
+        Settle();
+    }
+
+    PlainView*          m_View;
+    wxUIActionSimulator m_Input;
 };
 } // namespace
 
@@ -240,6 +260,69 @@ TEST_F(DoubleBufferedWindowTest, ScrollsByEvents)
     ExpectPosition(0);
     Wheel(-60);
     ExpectPosition(30);
+}
+
+// With a real pointer: an event that a test makes already knows where the thumb is.
+TEST_F(DoubleBufferedWindowTest, TheViewFollowsTheThumb)
+{
+    for (const int axis : {wxVERTICAL, wxHORIZONTAL})
+    {
+        Fill(100, 1200);
+        const wxSize client = m_View->GetClientSize();
+        const int    length = axis == wxVERTICAL ? client.y : client.x;
+        const int    most = m_View->GetScrollRange(axis) - length;
+        m_Input.MouseMove(OnBar(axis, 8));
+        m_Input.MouseDown();
+        PumpEvents();
+        const int before = m_View->m_Drawn;
+        DragTo(axis, length / 3);
+        EXPECT_EQ(m_View->m_Drawn, before + 1) << "once a step";
+        const int held = m_View->GetScrollPos(axis);
+        EXPECT_NEAR(held, most / 3, most / 8);
+
+        Fill(1000, 12000); // the thumb that is held stays, and so does what is seen
+        EXPECT_EQ(m_View->GetScrollPos(axis), held);
+        EXPECT_EQ(m_View->NativePos(axis), held);
+        EXPECT_EQ(m_View->NativeRange(axis), most + length);
+        DragTo(axis, length / 2);
+        EXPECT_NEAR(m_View->GetScrollPos(axis), most / 2, most / 6);
+        DragTo(axis, 2 * length);
+        EXPECT_EQ(m_View->GetScrollPos(axis), most);
+        m_Input.MouseUp();
+        EXPECT_TRUE(
+            WaitFor([&] { return m_View->NativeRange(axis) == m_View->GetScrollRange(axis); }));
+        EXPECT_EQ(m_View->GetScrollPos(axis), most);
+        EXPECT_EQ(m_View->NativePos(axis), most);
+
+        m_Input.MouseMove(OnBar(axis, length - 25)); // the trough behind the thumb
+        m_Input.MouseClick();
+        EXPECT_TRUE(WaitFor([&] { return m_View->GetScrollPos(axis) > most; }));
+        Settle();
+        EXPECT_EQ(m_View->NativePos(axis), m_View->GetScrollPos(axis));
+    }
+}
+
+// A view that follows its end goes on with it while the thumb is held there, and where the hand
+// comes to the end that the scrollbar knows.
+TEST_F(DoubleBufferedWindowTest, TheEndIsFollowedUnderAHeldThumb)
+{
+    m_View->Follow();
+    Fill(100, 100);
+    m_Input.MouseMove(OnBar(wxVERTICAL, 195));
+    m_Input.MouseDown();
+    m_Input.MouseMove(OnBar(wxVERTICAL, 100));
+    PumpEvents();
+    Fill(200, 100);
+    DragTo(wxVERTICAL, 400);
+    ExpectPosition(2000 - m_View->GetScrollThumb(wxVERTICAL));
+    Fill(300, 100);
+    ExpectPosition(3000 - m_View->GetScrollThumb(wxVERTICAL));
+    m_View->ScrollLines(-50); // the wheel turns meanwhile
+    ExpectPosition(2500 - m_View->GetScrollThumb(wxVERTICAL));
+    m_Input.MouseUp();
+    EXPECT_TRUE(WaitFor([&] { return m_View->NativeRange(wxVERTICAL) == 3000; }));
+    ExpectPosition(2500 - m_View->GetScrollThumb(wxVERTICAL));
+    EXPECT_EQ(m_View->NativePos(wxVERTICAL), m_View->GetScrollPos(wxVERTICAL));
 }
 
 TEST_F(DoubleBufferedWindowTest, AScrollRedrawsTheLinkedWindow)

@@ -113,6 +113,54 @@ TEST_F(TextInputTest, KeysReachTheView)
         Type('C', wxMOD_CONTROL, [this] { return PastedElsewhere("UTF8_STRING") == "line 1\n"; }));
 }
 
+// Once: the view passes every key on, and the port's own scrolled window has keys too.
+TEST_F(TextInputTest, EveryKeyScrollsOnce)
+{
+    Append({String(500, 'x')});
+    EXPECT_TRUE(WaitFor([this] { return !m_View->RedrawPending(); }));
+    const int line = m_View->LineHeight();
+    const int page = m_View->GetClientSize().y / line * line;
+    const int x = 10 * line;
+    const int y = 100 * line;
+    const int right = m_View->GetScrollRange(wxHORIZONTAL) - m_View->GetClientSize().x;
+    const struct
+    {
+        int key;
+        int onPad;
+        int modifiers;
+        int x;
+        int y;
+    } cases[] = {
+        {WXK_HOME, WXK_NUMPAD_HOME, 0, 0, y},
+        {WXK_END, WXK_NUMPAD_END, 0, right, y},
+        {WXK_HOME, WXK_NUMPAD_HOME, wxMOD_CONTROL, 0, y},
+        {WXK_LEFT, WXK_NUMPAD_LEFT, 0, x - line, y},
+        {WXK_RIGHT, WXK_NUMPAD_RIGHT, 0, x + line, y},
+        {WXK_UP, WXK_NUMPAD_UP, 0, x, y - line},
+        {WXK_DOWN, WXK_NUMPAD_DOWN, 0, x, y + line},
+        {WXK_PAGEUP, WXK_NUMPAD_PAGEUP, 0, x, y - page},
+        {WXK_PAGEDOWN, WXK_NUMPAD_PAGEDOWN, 0, x, y + page},
+        {WXK_PAGEUP, WXK_NUMPAD_PAGEUP, wxMOD_CONTROL, x, 0},
+        {WXK_PAGEDOWN, WXK_NUMPAD_PAGEDOWN, wxMOD_CONTROL, x, Bottom()},
+    };
+    for (const auto& c : cases)
+    {
+        for (const int key : {c.key, c.onPad})
+        {
+            m_View->SetScrollPos(wxHORIZONTAL, x);
+            m_View->SetScrollPos(wxVERTICAL, y);
+            const auto moved = [&] {
+                return m_View->GetScrollPos(wxHORIZONTAL) != x ||
+                       m_View->GetScrollPos(wxVERTICAL) != y;
+            };
+            EXPECT_TRUE(Type(key, c.modifiers, moved)) << key;
+            EXPECT_TRUE(WaitFor([this] { return !m_View->RedrawPending(); }));
+            EXPECT_EQ(m_View->GetScrollPos(wxHORIZONTAL), c.x) << key;
+            EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), c.y) << key;
+        }
+    }
+}
+
 TEST_F(TextInputTest, TypingInTheSearchBar)
 {
     const auto searched = [this](int line)
