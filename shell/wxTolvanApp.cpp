@@ -3,6 +3,7 @@
 #include "appearance/wxTolvanString.h"
 #include "appearance/wxtRenderer.h"
 #include "shell/OpenWindows.h"
+#include "shell/_ProgramWords.h"
 #include "shell/_TopWindow.h"
 #include "shell/_wxTolvanLog.h"
 #include "vesta/CallEntry.h"
@@ -98,7 +99,7 @@ bool wxTolvanApp::OnInit()
     {
         words.push_back(wxtFromWx(argv[i]));
     }
-    CommandLine commandLine(words);
+    CommandLine commandLine(_ProgramWords(words));
     if (RunStartup(commandLine))
     {
         wxToolTip::Enable(true);
