@@ -29,7 +29,9 @@ public:
 wxtButton* AddButton(wxTolvanDlg& dialog, wxBoxSizer& sizer, int id, const wxString& label)
 {
     auto* const button = new wxtButton(&dialog, id, label);
-    sizer.Add(button, 0, wxALL | wxALIGN_CENTRE_VERTICAL, kButtonBorder);
+    // In a column the toolkit asserts: there is nothing to be centred in.
+    const int centred = sizer.GetOrientation() == wxHORIZONTAL ? wxALIGN_CENTRE_VERTICAL : 0;
+    sizer.Add(button, 0, wxALL | centred, kButtonBorder);
     return button;
 }
 

@@ -77,6 +77,18 @@ TEST_F(DialogTest, DialogsOfOneNameOpenInACascade)
     EXPECT_TRUE(wxTolvanDlg::s_Dialogs.empty());
 }
 
+TEST_F(DialogTest, ButtonsStandBelowEachOtherInAColumn)
+{
+    wxTolvanDlg       dialog(Frame(), "Column", "", false);
+    wxBoxSizer* const column = dialog.StartControls();
+    dialog.AddButtons(column, false);
+    dialog.Fit();
+    const wxRect ok = dialog.FindWindow(wxID_OK)->GetRect();
+    const wxRect cancel = dialog.FindWindow(wxID_CANCEL)->GetRect();
+    EXPECT_EQ(ok.x, cancel.x);
+    EXPECT_GT(cancel.y, ok.GetBottom());
+}
+
 TEST_F(DialogTest, EveryWayOutKeepsThePosition)
 {
     const struct
