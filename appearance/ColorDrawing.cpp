@@ -21,12 +21,18 @@ unsigned char Channel(int value)
     return static_cast<unsigned char>(std::clamp(value, 0, 255));
 }
 
+// Kept in the range of a channel's changes first: any offset may come from outside.
+unsigned char Offset(unsigned char channel, int offset)
+{
+    return Channel(channel + std::clamp(offset, -255, 255));
+}
+
 // The outer colour's share: from 1 at the first step down to (1/steps)^exponent at the last. Single
-// precision is enough for 256 shades.
+// precision is enough for 256 shades. What is no number counts as 0.
 float OuterShare(int step, int steps, float exponent)
 {
     const float way = static_cast<float>(std::abs(step - steps)) / static_cast<float>(steps);
-    return std::clamp(std::pow(way, exponent), 0.0f, 1.0f);
+    return std::fmin(std::fmax(std::pow(way, exponent), 0.0f), 1.0f);
 }
 } // namespace
 
@@ -47,8 +53,8 @@ wxColour OffsetColor(const wxColour& colour, int red, int green, int blue)
     {
         return colour;
     }
-    return wxColour(Channel(colour.Red() + red), Channel(colour.Green() + green),
-                    Channel(colour.Blue() + blue));
+    return wxColour(Offset(colour.Red(), red), Offset(colour.Green(), green),
+                    Offset(colour.Blue(), blue));
 }
 
 wxColour Disabled(const wxColour& colour)

@@ -23,7 +23,7 @@ constexpr double kLitEnd = 10;
 
 void Fill(wxDC& dc, const wxRect& rect, const wxColour& colour)
 {
-    if (colour.IsOk())
+    if (colour.IsOk() && !rect.IsEmpty())
     {
         dc.SetBrush(wxBrush(colour));
         dc.DrawRectangle(rect);
@@ -32,7 +32,7 @@ void Fill(wxDC& dc, const wxRect& rect, const wxColour& colour)
 
 void FillArc(wxDC& dc, const wxRect& rect, const wxColour& colour, double from, double to)
 {
-    if (colour.IsOk())
+    if (colour.IsOk() && !rect.IsEmpty())
     {
         dc.SetBrush(wxBrush(colour));
         DrawCircle(dc, rect, from, to);
@@ -43,8 +43,11 @@ void FillArc(wxDC& dc, const wxRect& rect, const wxColour& colour, double from, 
 void FillBevel(wxDC& dc, const wxRect& rect, const wxColour& dark, const wxColour& light)
 {
     Fill(dc, rect, dark);
-    Fill(dc, wxRect(rect.x, rect.y, 1, rect.height), light);
-    Fill(dc, wxRect(rect.x, rect.y, rect.width, 1), light);
+    if (!rect.IsEmpty())
+    {
+        Fill(dc, wxRect(rect.x, rect.y, 1, rect.height), light);
+        Fill(dc, wxRect(rect.x, rect.y, rect.width, 1), light);
+    }
 }
 
 // One ring of a radio button, lit the same way, and mixed with `share` of the face.

@@ -213,7 +213,7 @@ wxAppTraits* wxTolvanApp::CreateTraits()
 
 wxRendererNative* wxtTraits::CreateRenderer()
 {
-    return new wxtRenderer(wxRendererNative::GetGeneric());
+    return new wxtRenderer(wxRendererNative::GetDefault());
 }
 
 int wxTolvanApp::Execute()

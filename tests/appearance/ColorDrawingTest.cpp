@@ -5,6 +5,9 @@
 
 #include <wx/dcmemory.h>
 
+#include <climits>
+#include <cmath>
+
 namespace
 {
 const wxColour kBackground(1, 2, 3);
@@ -36,6 +39,7 @@ std::vector<wxColour> Column(const wxImage& image)
 TEST(ColorHelpers, ChannelsAreOffsetClampedAndTruncated)
 {
     EXPECT_EQ(wxColour(255, 0, 128), OffsetColor(wxColour(250, 5, 128), 20, -20, 0));
+    EXPECT_EQ(wxColour(255, 0, 0), OffsetColor(wxColour(9, 9, 9), INT_MAX, INT_MIN, -9));
     EXPECT_EQ(wxColour(255, 35, 255), Hilight(wxColour(240, 10, 230)));
     const auto grey = static_cast<unsigned char>(0.3 * wxLIGHT_GREY->Red());
     EXPECT_EQ(wxColour(grey, grey, grey), Disabled(*wxBLACK));
@@ -67,6 +71,7 @@ TEST(GradedRectangle, RunsFromTheOuterColourAtTheEdgesToTheInner)
     EXPECT_NEAR(40, fromBottom[10].Red(), 1); // the innermost step fills what is left
     const std::vector<wxColour> bent = Column(Graded(10, 2, true, true));
     EXPECT_NEAR(200 * 0.64, bent[2].Red(), 1);
+    EXPECT_EQ(kInner, Column(Graded(10, std::nanf(""), true, true))[5]) << "no number at all";
 }
 
 TEST(GradedRectangle, SmallHeights)

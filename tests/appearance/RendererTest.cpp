@@ -3,7 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <wx/dc.h>
+#include <wx/app.h>
+#include <wx/dcmemory.h>
 
 namespace
 {
@@ -143,15 +144,42 @@ TEST(RendererDropButton, ArrowStandsAtTheRightEnd)
     {
         int  x, y;
         bool inked;
-    } const probes[] = {{11, 5, true},   {17, 5, true},  {14, 9, true},  {14, 12, true},
-                        {8, 5, false},   {14, 3, false}, {14, 16, false},
-                        {10, 12, false}, {18, 12, false}};
+    } const probes[] = {{11, 5, true},   {17, 5, true},   {14, 9, true},
+                        {14, 12, true},  {8, 5, false},   {14, 3, false},
+                        {14, 16, false}, {10, 12, false}, {18, 12, false}};
     for (const auto& probe : probes)
     {
         EXPECT_EQ(probe.inked ? ink : face, PixelAt(image, probe.x, probe.y))
             << probe.x << ", " << probe.y << ": " << Kept(image, "drop-button");
     }
     EXPECT_EQ(kPaper, PixelAt(image, 20, 10));
+}
+
+// The toolkit asserts when it is asked for an arc in nothing.
+TEST(RendererMarks, AreDrawnHoweverSmallTheirPlaceIs)
+{
+    SetColors(scheme_Dark);
+    for (const Draw mark : {&wxtRenderer::DrawCheckBox, &wxtRenderer::DrawRadioBitmap})
+    {
+        for (int side = 0; side < 12; ++side)
+        {
+            const wxImage image = Picture(mark, wxRect(12, 12, side, side), 0);
+            EXPECT_EQ(kPaper, PixelAt(image, 12 + side, 12)) << side;
+        }
+    }
+}
+
+// The toolkit's generic renderer has not implemented all of them, and asserts.
+TEST(RendererOfTheProgram, DrawsWhateverItIsAsked)
+{
+    using Call = void (wxRendererNative::*)(wxWindow*, wxDC&, const wxRect&, int);
+    for (const Call call : {&wxRendererNative::DrawChoice, &wxRendererNative::DrawComboBox,
+                            &wxRendererNative::DrawTextCtrl, &wxRendererNative::DrawRadioBitmap})
+    {
+        wxBitmap   bitmap(40, 24);
+        wxMemoryDC dc(bitmap);
+        (wxRendererNative::Get().*call)(wxTheApp->GetTopWindow(), dc, wxRect(0, 0, 40, 24), 0);
+    }
 }
 
 // A colour that the user has misspelt draws nothing rather than asserting.
