@@ -2,6 +2,7 @@
 
 #include "appearance/_ForeignKey.h"
 #include "appearance/_Mnemonic.h"
+#include "appearance/_PortSignals.h"
 #include "appearance/wxTolvanColors.h"
 #include "vesta/CallEntry.h"
 
@@ -9,6 +10,9 @@
 #include <wx/dcmemory.h>
 #include <wx/toplevel.h>
 #include <wx/wupdlock.h>
+
+#include <algorithm>
+#include <limits>
 
 namespace
 {
@@ -33,6 +37,12 @@ void MakeFonts(const wxFont& own)
         s_DefaultFont = s_NormalFont;
         s_DefaultFont.SetWeight(wxFONTWEIGHT_BOLD);
     }
+}
+
+int Moved(int offset, int by)
+{
+    constexpr int kMost = std::numeric_limits<int>::max() - kHilightOffset;
+    return std::clamp(offset, -kMost, kMost) + by;
 }
 
 long WithBorder(long style)
@@ -67,6 +77,7 @@ wxtButton::wxtButton(wxWindow* parent, wxWindowID id, const wxString& label,
 {
     CALL_ENTRY("wxtButton::wxtButton");
     Manage(this);
+    Bind(_EVT_ENABLED, &wxtButton::OnEnabled, this);
     m_DisabledForegroundName = color_TextGrey;
     m_DisabledForegroundOffset = 0;
     m_DisabledBackgroundName = color_WindowBGDarker;
@@ -86,7 +97,15 @@ wxtButton::wxtButton(wxWindow* parent, wxWindowID id, const wxString& label,
     }
 }
 
-wxtButton::~wxtButton() = default;
+wxtButton::~wxtButton()
+{
+    // No event tells it that it loses the focus.
+    const wxTopLevelWindow* const top = TopLevel();
+    if (m_TookRole && top && !top->IsBeingDeleted())
+    {
+        GiveRoleBack();
+    }
+}
 
 // Measured as it looks when it is widest, so that it need not grow when it becomes the default.
 void wxtButton::SetMinimum()
@@ -185,8 +204,8 @@ void wxtButton::Hilight(bool on)
     }
     m_Hilighted = on;
     const int offset = on ? kHilightOffset : -kHilightOffset;
-    m_ForegroundOffset += offset;
-    m_BackgroundOffset += offset;
+    m_ForegroundOffset = Moved(m_ForegroundOffset, offset);
+    m_BackgroundOffset = Moved(m_BackgroundOffset, offset);
     RefreshColors();
 }
 
@@ -291,8 +310,12 @@ void wxtButton::Mnemonic(wxKeyEvent& event)
         event.Skip();
         return;
     }
+    const wxWeakRef<wxtButton> self(this);
     SetFocus();
-    EmulateClick();
+    if (self)
+    {
+        EmulateClick();
+    }
 }
 
 // The toolkit counts no clicks on these ports: the second press of a double click tells.
@@ -313,6 +336,31 @@ void wxtButton::Click(wxMouseEvent& event)
     }
 }
 
+// A button is disabled while its handlers run, and comes back however they end.
+class wxtButton::_Click
+{
+public:
+    explicit _Click(wxtButton& button) : m_Button(&button), m_HadFocus(button.HasFocus())
+    {
+        button.Enable(false);
+        button.m_Clicking = true;
+        button.m_EnableAfterClick = true;
+    }
+    ~_Click()
+    {
+        if (m_Button)
+        {
+            m_Button->EndClick(m_HadFocus);
+        }
+    }
+    _Click(const _Click&) = delete;
+    _Click& operator=(const _Click&) = delete;
+
+private:
+    wxWeakRef<wxtButton> m_Button; // null: a handler has destroyed it
+    bool                 m_HadFocus;
+};
+
 void wxtButton::EmulateClick()
 {
     CALL_ENTRY("wxtButton::EmulateClick");
@@ -320,18 +368,14 @@ void wxtButton::EmulateClick()
     {
         return;
     }
-    const wxWeakRef<wxtButton> self(this);
-    const bool                 hadFocus = HasFocus();
-    Enable(false);
-    m_Clicking = true;
-    m_EnableAfterClick = true;
+    const _Click   click(*this);
     wxCommandEvent event(wxEVT_BUTTON, GetId());
     event.SetEventObject(this);
     GetEventHandler()->ProcessEvent(event);
-    if (!self)
-    {
-        return;
-    }
+}
+
+void wxtButton::EndClick(bool hadFocus)
+{
     m_Clicking = false;
     Enable(m_EnableAfterClick);
     RefreshColors();
@@ -378,16 +422,14 @@ bool wxtButton::Enable(bool enable)
     return true;
 }
 
-// Also when a window that it lies in has been enabled or disabled.
-void wxtButton::DoEnable(bool enabled)
+void wxtButton::OnEnabled(_EnabledEvent& event)
 {
-    wxControl::DoEnable(enabled);
-    if (enabled && m_Hilighted && m_PreviousDefault != this)
+    event.Skip();
+    if (event.IsEnabled() && m_Hilighted && m_PreviousDefault != this)
     {
         // No event tells of the mouse leaving a disabled window.
         Hilight(GetScreenRect().Contains(wxGetMousePosition()));
     }
-    RefreshColors();
 }
 
 void wxtButton::Move(wxMoveEvent& event)

@@ -36,7 +36,7 @@ public:
     /// Lights the button up, or no longer.
     void Hilight(bool on);
     /// Clicks the button, unless it is disabled. It is disabled while its handlers run, so that
-    /// they are not run once more meanwhile; they may destroy it.
+    /// they are not run once more meanwhile; they may destroy it, and they may throw.
     void EmulateClick();
 
     /// During a click the change is made when the click is over.
@@ -46,9 +46,10 @@ public:
 
 protected:
     wxSize DoGetBestSize() const override;
-    void   DoEnable(bool enabled) override;
 
 private:
+    class _Click;
+
     void Focus(wxFocusEvent& event);
     void Mouse(wxMouseEvent& event);
     void Click(wxMouseEvent& event);
@@ -56,6 +57,7 @@ private:
     void KeyDown(wxKeyEvent& event);
     void Key(wxKeyEvent& event);
     void Mnemonic(wxKeyEvent& event);
+    void OnEnabled(_EnabledEvent& event);
     void Move(wxMoveEvent& event);
     void Size(wxSizeEvent& event);
 
@@ -67,6 +69,7 @@ private:
     void              TakeFocusBack();
     void              HilightAgain();
     void              SetMinimum();
+    void              EndClick(bool hadFocus);
 
     /// The default item before this one took the role with the focus; this button itself when the
     /// focus only lit it up.

@@ -2,6 +2,7 @@
 
 #include "appearance/_ForeignKey.h"
 #include "appearance/_Mnemonic.h"
+#include "appearance/_PortSignals.h"
 #include "appearance/wxTolvanColors.h"
 #include "vesta/CallEntry.h"
 
@@ -43,6 +44,7 @@ wxtCheckBox::wxtCheckBox(wxWindow* parent, wxWindowID id, const wxString& label,
     // The toolkit asks for the best size while the control is made.
     Create(parent, id, position, size, style, validator, name);
     Manage(this);
+    Bind(_EVT_ENABLED, &wxtCheckBox::OnEnabled, this);
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     wxCheckBoxBase::SetLabel(label);
     LimitHeight();
@@ -103,13 +105,11 @@ bool wxtCheckBox::Enable(bool enable)
     return wxCheckBoxBase::Enable(enable);
 }
 
-// Also when a window that it lies in has been enabled or disabled.
-void wxtCheckBox::DoEnable(bool enabled)
+void wxtCheckBox::OnEnabled(_EnabledEvent& event)
 {
-    wxCheckBoxBase::DoEnable(enabled);
+    event.Skip();
     // No event tells of the mouse leaving a disabled window.
-    m_Hover = m_Hover && enabled;
-    RefreshColors();
+    m_Hover = m_Hover && event.IsEnabled();
     Refresh();
 }
 
@@ -189,8 +189,12 @@ void wxtCheckBox::Mnemonic(wxKeyEvent& event)
         event.Skip();
         return;
     }
+    const wxWeakRef<wxtCheckBox> self(this);
     SetFocus();
-    DoClick();
+    if (self)
+    {
+        DoClick();
+    }
 }
 
 void wxtCheckBox::Size(wxSizeEvent& event)
@@ -252,6 +256,10 @@ void wxtCheckBox::DrawFocus(wxDC& dc, const wxRect& box)
                       client.y - 2);
     area.Inflate(kFocusGap);
     area.Intersect(wxRect(client));
+    if (area.IsEmpty())
+    {
+        return;
+    }
     wxPen pen(colour, 1, wxPENSTYLE_DOT);
     pen.SetJoin(wxJOIN_MITER);
     pen.SetCap(wxCAP_BUTT);

@@ -41,7 +41,6 @@ public:
 
 protected:
     wxSize DoGetBestClientSize() const override;
-    void   DoEnable(bool enabled) override;
     /// `HandleClick` and the event that tells of it.
     void DoClick();
 
@@ -53,6 +52,7 @@ private:
     void KeyDown(wxKeyEvent& event);
     void Press(wxKeyEvent& event);
     void Mnemonic(wxKeyEvent& event);
+    void OnEnabled(_EnabledEvent& event);
     void Size(wxSizeEvent& event);
 
     int  StateFlags() const;
@@ -86,20 +86,19 @@ public:
     void        DrawButton(wxDC& dc, const wxRect& rect, int flags) override;
     wxEventType ClickEventType() const override;
     void        HandleClick() override;
-    bool        Show(bool show = true) override;
-
-protected:
-    void DoEnable(bool enabled) override;
+    /// To the checked button of the group, if that can be used.
+    void SetFocusFromKbd() override;
 
 private:
     void ArrowKey(wxKeyEvent& event);
 
     bool StartsGroup() const { return HasFlag(wxRB_GROUP); }
+    bool IsTabStop() const;
     bool IsUsableAndChecked() const;
-    void UpdateTabStops();
     /// The others of the group: those before it, the nearest first, and those after it.
     std::vector<wxtRadioButton*> GroupBefore() const;
     std::vector<wxtRadioButton*> GroupAfter() const;
+    std::vector<wxtRadioButton*> Group() const; ///< With itself.
 
     wxDECLARE_EVENT_TABLE();
 };

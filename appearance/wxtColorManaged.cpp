@@ -1,3 +1,4 @@
+#include "appearance/_PortSignals.h"
 #include "appearance/wxTolvanColors.h"
 #include "vesta/CallEntry.h"
 
@@ -32,6 +33,7 @@ void wxtColorManaged::Detach()
     {
         m_Window->Unbind(wxEVT_SYS_COLOUR_CHANGED, &wxtColorManaged::wxtHandleSysColorChanged,
                          this);
+        m_Window->Unbind(_EVT_ENABLED, &wxtColorManaged::OnEnabled, this);
     }
 }
 
@@ -45,6 +47,12 @@ void wxtColorManaged::Manage(wxWindow* window)
         return;
     }
     window->Bind(wxEVT_SYS_COLOUR_CHANGED, &wxtColorManaged::wxtHandleSysColorChanged, this);
+    window->Bind(_EVT_ENABLED, &wxtColorManaged::OnEnabled, this);
+    // Two-step creation: there may be an object without a window yet, here and below.
+    if (window->GetHandle())
+    {
+        _WatchEnabling(*window);
+    }
     if (const auto* parent = dynamic_cast<wxtColorManaged*>(window->GetParent()))
     {
         InheritFrom(*parent);
@@ -83,7 +91,6 @@ void wxtColorManaged::UseDefaults()
 void wxtColorManaged::RefreshColors() const
 {
     CALL_ENTRY("wxtColorManaged::RefreshColors");
-    // Two-step creation: there may be an object without a window yet.
     if (!m_Window || !m_Window->GetHandle())
     {
         return;
@@ -104,6 +111,12 @@ void wxtColorManaged::wxtHandleSysColorChanged(wxSysColourChangedEvent& event)
     CALL_ENTRY("wxtColorManaged::wxtHandleSysColorChanged");
     // Skipped so that the toolkit passes the event on to the window's children: that is how one
     // event sent to a frame reaches every control inside it.
+    event.Skip();
+    RefreshColors();
+}
+
+void wxtColorManaged::OnEnabled(_EnabledEvent& event)
+{
     event.Skip();
     RefreshColors();
 }

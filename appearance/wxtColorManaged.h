@@ -7,9 +7,12 @@
 #include <wx/panel.h>
 #include <wx/weakref.h>
 
+class _EnabledEvent;
+
 /// Mixed into a window class beside its window base: holds the names and offsets of the window's
-/// colours and sets them again whenever the scheme changes. A window made inside a managed one
-/// starts with that one's settings.
+/// colours and sets them again whenever the scheme changes, and when the window is enabled or disabled,
+/// by itself or with one that it lies in. A window made inside a managed one starts with that one's
+/// settings.
 class TOLVAN_API wxtColorManaged
 {
 public:
@@ -23,8 +26,7 @@ public:
     /// Attaches to the window (and leaves an earlier one) and colours it. The window is not owned;
     /// either may go first.
     void Manage(wxWindow* window);
-    /// Sets the window's colours from the table. Called after any change of the settings below and
-    /// after the window was enabled or disabled.
+    /// Sets the window's colours from the table. Called after any change of the settings below.
     void RefreshColors() const;
     void wxtHandleSysColorChanged(wxSysColourChangedEvent& event);
 
@@ -41,6 +43,7 @@ public:
     /// @}
 
 private:
+    void OnEnabled(_EnabledEvent& event);
     void Detach();
     void InheritFrom(const wxtColorManaged& parent);
     void UseDefaults();

@@ -1,3 +1,4 @@
+#include "appearance/_PortSignals.h"
 #include "appearance/wxtCheckBox.h"
 #include "vesta/CallEntry.h"
 
@@ -45,6 +46,19 @@ std::vector<wxWindow*> SiblingsOf(const wxWindow& window)
     const wxWindowList& all = window.GetParent()->GetChildren();
     return {all.begin(), all.end()};
 }
+
+// A window that is not seen would swallow the keys.
+bool CanHaveFocus(const wxWindow& window)
+{
+    for (const wxWindow* at = &window; at && !at->IsTopLevel(); at = at->GetParent())
+    {
+        if (!at->IsShown())
+        {
+            return false;
+        }
+    }
+    return window.IsEnabled();
+}
 } // namespace
 
 wxtRadioButton::wxtRadioButton(wxWindow* parent, wxWindowID id, const wxString& label,
@@ -53,13 +67,15 @@ wxtRadioButton::wxtRadioButton(wxWindow* parent, wxWindowID id, const wxString& 
     : wxtCheckBox(parent, id, label, position, size, style, validator, name)
 {
     CALL_ENTRY("wxtRadioButton::wxtRadioButton");
+    _AskBeforeTab(*this,
+                  [](const wxWindow& window)
+                  {
+                      const auto* const button = dynamic_cast<const wxtRadioButton*>(&window);
+                      return !button || button->IsTabStop();
+                  });
     if (StartsGroup())
     {
         SetValue(true);
-    }
-    else
-    {
-        UpdateTabStops();
     }
 }
 
@@ -94,15 +110,20 @@ std::vector<wxtRadioButton*> wxtRadioButton::GroupAfter() const
                         { return button.StartsGroup() || button.HasFlag(wxRB_SINGLE); });
 }
 
+std::vector<wxtRadioButton*> wxtRadioButton::Group() const
+{
+    std::vector<wxtRadioButton*> group = GroupBefore();
+    std::reverse(group.begin(), group.end());
+    group.push_back(const_cast<wxtRadioButton*>(this));
+    const std::vector<wxtRadioButton*> after = GroupAfter();
+    group.insert(group.end(), after.begin(), after.end());
+    return group;
+}
+
 void wxtRadioButton::SetValue(bool value)
 {
     CALL_ENTRY("wxtRadioButton::SetValue");
-    const bool wasChecked = GetValue();
     wxtCheckBox::SetValue(value);
-    if (wasChecked && !value)
-    {
-        UpdateTabStops();
-    }
     if (!value || SiblingsOf(*this).empty())
     {
         return;
@@ -115,12 +136,31 @@ void wxtRadioButton::SetValue(bool value)
     {
         other->SetValue(false);
     }
-    SetCanFocus(true);
-    if (!HasFocus())
+    if (!HasFocus() && CanHaveFocus(*this))
     {
         SetFocus();
     }
-    UpdateTabStops();
+}
+
+// The Tab key comes to the checked one of a group only, as long as that can be used, and leaves the
+// group from any; the arrow keys lead to the others. Asked when the key is pressed: what the
+// buttons are like by then, and which there are, needs no watching.
+bool wxtRadioButton::IsTabStop() const
+{
+    if (HasFlag(wxRB_SINGLE))
+    {
+        return true;
+    }
+    const std::vector<wxtRadioButton*> group = Group();
+    if (std::any_of(group.begin(), group.end(),
+                    [](const wxtRadioButton* button)
+                    { return button->HasFocus() && CanHaveFocus(*button); }))
+    {
+        return false;
+    }
+    return IsUsableAndChecked() ||
+           std::none_of(group.begin(), group.end(),
+                        [](const wxtRadioButton* button) { return button->IsUsableAndChecked(); });
 }
 
 bool wxtRadioButton::IsUsableAndChecked() const
@@ -128,38 +168,14 @@ bool wxtRadioButton::IsUsableAndChecked() const
     return GetValue() && IsThisEnabled() && IsShown();
 }
 
-// The Tab key comes to the checked one of a group only, as long as that can be used; the arrow keys
-// lead to the others.
-void wxtRadioButton::UpdateTabStops()
+void wxtRadioButton::SetFocusFromKbd()
 {
-    if (HasFlag(wxRB_SINGLE))
-    {
-        return;
-    }
-    std::vector<wxtRadioButton*>       group = GroupBefore();
-    const std::vector<wxtRadioButton*> after = GroupAfter();
-    group.insert(group.end(), after.begin(), after.end());
-    group.push_back(this);
-    const bool isOneUsable =
-        std::any_of(group.begin(), group.end(),
-                    [](const wxtRadioButton* button) { return button->IsUsableAndChecked(); });
-    for (wxtRadioButton* const button : group)
-    {
-        button->SetCanFocus(!isOneUsable || button->IsUsableAndChecked());
-    }
-}
-
-void wxtRadioButton::DoEnable(bool enabled)
-{
-    wxtCheckBox::DoEnable(enabled);
-    UpdateTabStops();
-}
-
-bool wxtRadioButton::Show(bool show)
-{
-    const bool isOther = wxtCheckBox::Show(show);
-    UpdateTabStops();
-    return isOther;
+    CALL_ENTRY("wxtRadioButton::SetFocusFromKbd");
+    const std::vector<wxtRadioButton*> group = Group();
+    const auto                         checked =
+        std::find_if(group.begin(), group.end(),
+                     [](const wxtRadioButton* button) { return button->IsUsableAndChecked(); });
+    (checked == group.end() || HasFlag(wxRB_SINGLE) ? this : *checked)->SetFocus();
 }
 
 void wxtRadioButton::DrawButton(wxDC& dc, const wxRect& rect, int flags)

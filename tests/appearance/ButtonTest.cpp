@@ -7,6 +7,8 @@
 #include <wx/textctrl.h>
 #include <wx/uiaction.h>
 
+#include <functional>
+
 namespace
 {
 const wxPoint kAway(1200, 1000); // where the pointer lights nothing up
@@ -105,6 +107,26 @@ TEST_F(ButtonTest, ADefaultThatHasGoneIsNotGivenTheRoleBack)
     EXPECT_EQ(nullptr, Frame()->GetDefaultItem());
 }
 
+TEST_F(ButtonTest, AButtonThatGoesWithTheFocusGivesTheRoleBack)
+{
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"disabled", [&] { m_Cancel->Disable(); }},
+        {"hidden", [&] { m_Cancel->Hide(); }},
+        {"destroyed", [&] { m_Cancel->Destroy(); }},
+    };
+    for (const auto& [name, lose] : ways)
+    {
+        SCOPED_TRACE(name);
+        m_Cancel->Show();
+        m_Cancel->Enable();
+        Focus(m_Cancel);
+        ExpectDefault(m_Cancel);
+        lose();
+        PumpEvents();
+        ExpectDefault(m_OK);
+    }
+}
+
 TEST_F(ButtonTest, KeysMouseAndMnemonicClickOnce)
 {
     EventCounter clicks(m_Panel, wxEVT_BUTTON);
@@ -172,6 +194,17 @@ TEST_F(ButtonTest, ItsHandlerMayDisableOrDestroyIt)
     m_Cancel->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { delete m_Panel; });
     m_Cancel->EmulateClick();
     EXPECT_FALSE(m_OK);
+}
+
+TEST_F(ButtonTest, ItsHandlerMayThrow)
+{
+    m_Cancel->Bind(wxEVT_BUTTON, [](wxCommandEvent&) { throw 1; });
+    Focus(m_Cancel);
+    EXPECT_THROW(m_Cancel->EmulateClick(), int);
+    EXPECT_TRUE(m_Cancel->IsEnabled());
+    EXPECT_TRUE(WaitFor([&] { return m_Cancel->HasFocus(); }));
+    EXPECT_TRUE(m_Cancel->Enable(false));
+    EXPECT_TRUE(m_Cancel->Enable(true));
 }
 
 TEST_F(ButtonTest, TheLabelIsCentredOnAFlatFace)

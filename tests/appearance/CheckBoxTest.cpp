@@ -5,7 +5,10 @@
 
 #include <wx/dcmemory.h>
 #include <wx/stattext.h>
+#include <wx/textctrl.h>
 #include <wx/uiaction.h>
+
+#include <functional>
 
 namespace
 {
@@ -27,6 +30,18 @@ protected:
         window->SetFocus();
         EXPECT_TRUE(WaitFor([=] { return window->HasFocus(); }));
         PumpEvents();
+    }
+    void Click(const wxWindow* window)
+    {
+        m_Input.MouseMove(window->GetScreenRect().GetPosition() + wxPoint(5, 5));
+        m_Input.MouseClick();
+    }
+    // Asks the keyboard: what the toolkit names as the focus may be a mere wish.
+    bool HasKeys(wxWindow* window)
+    {
+        EventCounter keys(window, wxEVT_KEY_DOWN);
+        m_Input.Char(WXK_F12);
+        return WaitFor([&] { return keys.Count() > 0; });
     }
 
     wxUIActionSimulator m_Input;
@@ -150,4 +165,68 @@ TEST_F(CheckBoxTest, CheckingARadioButtonClearsItsGroupOnly)
     buttons[4]->Disable();
     m_Input.Char(WXK_TAB, wxMOD_SHIFT);
     EXPECT_TRUE(WaitFor([&] { return buttons[3]->HasFocus(); })) << "the checked one is disabled";
+}
+
+TEST_F(CheckBoxTest, TheKeysFollowTheChoiceOfARadioButton)
+{
+    auto* const first = Add<wxtRadioButton>("&One", wxRB_GROUP);
+    auto* const second = Add<wxtRadioButton>("&Two");
+    auto* const third = Add<wxtRadioButton>("Th&ree");
+    auto* const field = new wxTextCtrl(m_Panel, wxID_ANY, "", wxPoint(200, 10));
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"click", [&] { Click(second); }},
+        {"mnemonic", [&] { m_Input.Char('T', wxMOD_ALT); }},
+        {"from the program", [&] { second->SetValue(true); }},
+        {"focus and space bar",
+         [&]
+         {
+             Focus(second);
+             m_Input.Char(WXK_SPACE);
+         }},
+    };
+    for (const auto& [name, choose] : ways)
+    {
+        SCOPED_TRACE(name);
+        first->SetValue(true);
+        Focus(field);
+        choose();
+        ASSERT_TRUE(WaitFor([&] { return second->GetValue(); }));
+        EXPECT_TRUE(HasKeys(second));
+        m_Input.Char(WXK_DOWN);
+        EXPECT_TRUE(WaitFor([&] { return third->GetValue(); }));
+        EXPECT_TRUE(HasKeys(third));
+        EXPECT_EQ("", field->GetValue());
+    }
+    first->SetFocusFromKbd();
+    EXPECT_TRUE(HasKeys(third)) << "the checked one";
+    Focus(first); // only the focus
+    m_Input.Char(WXK_TAB);
+    EXPECT_TRUE(HasKeys(field)) << "Tab leaves the group";
+    third->Hide();
+    third->SetValue(false);
+    third->SetValue(true);
+    EXPECT_TRUE(HasKeys(field)) << "one that cannot have the keys does not take them";
+}
+
+TEST_F(CheckBoxTest, TabFindsAGroupWhoseCheckedButtonHasGone)
+{
+    const std::pair<const char*, std::function<void(wxtRadioButton*)>> ways[] = {
+        {"destroyed", [](wxtRadioButton* button) { button->Destroy(); }},
+        {"disabled", [](wxtRadioButton* button) { button->Disable(); }},
+        {"hidden", [](wxtRadioButton* button) { button->Hide(); }},
+        {"cleared", [](wxtRadioButton* button) { button->SetValue(false); }},
+    };
+    for (const auto& [name, lose] : ways)
+    {
+        SCOPED_TRACE(name);
+        m_Panel->DestroyChildren();
+        auto* const field = new wxTextCtrl(m_Panel, wxID_ANY, "", wxPoint(200, 10));
+        auto* const first = Add<wxtRadioButton>("first", wxRB_GROUP);
+        auto* const second = Add<wxtRadioButton>("second");
+        second->SetValue(true);
+        lose(second);
+        Focus(field);
+        m_Input.Char(WXK_TAB);
+        EXPECT_TRUE(HasKeys(first));
+    }
 }

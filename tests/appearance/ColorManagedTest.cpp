@@ -45,11 +45,27 @@ TEST_F(ColorManagedTest, ChildrenStartWithTheirParentsSettings)
 
 TEST_F(ColorManagedTest, DisabledWindowsStandOut)
 {
-    auto* const panel = new wxtPanel(Frame());
-    panel->Enable(false);
-    panel->RefreshColors();
-    EXPECT_EQ(wxColour(142, 142, 142), panel->GetBackgroundColour());
-    EXPECT_EQ(wxColour(160, 170, 190), panel->GetForegroundColour());
+    auto* const plain = new wxPanel(Frame());
+    auto* const panel = new wxtPanel(plain);
+    auto* const text = new wxtStaticText(panel, wxID_ANY, "text");
+    const auto  expectLook = [&](const char* when, bool panelEnabled, bool textEnabled)
+    {
+        const wxColour disabled(142, 142, 142);
+        const wxColour enabled(72, 72, 72);
+        EXPECT_EQ(panelEnabled ? enabled : disabled, panel->GetBackgroundColour()) << when;
+        EXPECT_EQ(textEnabled ? enabled : disabled, text->GetBackgroundColour()) << when;
+        EXPECT_EQ(textEnabled ? wxColour(235, 235, 235) : wxColour(160, 170, 190),
+                  text->GetForegroundColour())
+            << when;
+    };
+    text->Disable();
+    expectLook("itself", true, false);
+    plain->Disable();
+    text->Enable();
+    expectLook("with what it lies in", false, false);
+    plain->Enable();
+    expectLook("enabled again", true, true);
+    panel->Disable();
     Lighter();
     Tell(Frame());
     EXPECT_EQ(*wxWHITE, panel->GetBackgroundColour());

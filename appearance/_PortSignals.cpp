@@ -1,0 +1,91 @@
+#include "appearance/_PortSignals.h"
+
+#include <wx/weakref.h>
+#include <wx/window.h>
+
+#include <glib-object.h>
+
+wxDEFINE_EVENT(_EVT_ENABLED, _EnabledEvent);
+
+namespace
+{
+struct Enabling
+{
+    wxWeakRef<wxWindow> window;
+    bool                enabled;
+};
+
+struct TabStop
+{
+    wxWeakRef<wxWindow> window;
+    bool (*isStop)(const wxWindow& window);
+};
+
+template <class Data> void Free(void* data, GClosure*)
+{
+    delete static_cast<Data*>(data);
+}
+
+GObject* WidgetOf(wxWindow& window)
+{
+    return reinterpret_cast<GObject*>(window.GetHandle());
+}
+
+// The state is more than being enabled, and changes with the mouse, too.
+void OnState(GObject*, int, Enabling* watched)
+{
+    wxWindow* const window = watched->window;
+    if (!window || window->IsBeingDeleted() || window->IsEnabled() == watched->enabled)
+    {
+        return;
+    }
+    watched->enabled = !watched->enabled;
+    _EnabledEvent event(watched->enabled);
+    event.SetEventObject(window);
+    event.SetId(window->GetId());
+    // No exception may pass the port's own code.
+    window->GetEventHandler()->SafelyProcessEvent(event);
+}
+
+// Asked of every widget on the way of the Tab key, before it takes the focus.
+gboolean OnFocusMove(GObject* widget, int, TabStop* asked)
+{
+    const wxWindow* const window = asked->window;
+    if (window && !asked->isStop(*window))
+    {
+        g_signal_stop_emission_by_name(widget, "focus");
+    }
+    return FALSE; // the focus has not been taken
+}
+
+template <class Data, class Handler>
+void Connect(GObject* widget, const char* signal, Handler* handler, Data* data)
+{
+    g_signal_connect_data(widget, signal, reinterpret_cast<GCallback>(handler), data, Free<Data>,
+                          GConnectFlags{});
+}
+} // namespace
+
+_EnabledEvent::_EnabledEvent(bool enabled) : wxEvent(wxID_ANY, _EVT_ENABLED), m_Enabled(enabled)
+{
+}
+
+void _WatchEnabling(wxWindow& window)
+{
+    static const char* const kWatched = "tolvan-enabling-watched";
+    GObject* const           widget = WidgetOf(window);
+    if (g_object_get_data(widget, kWatched))
+    {
+        return;
+    }
+    g_object_set_data(widget, kWatched, widget);
+    // Of two names: the first is unknown to the GTK 2 port.
+    const bool        hasFlags = g_signal_lookup("state-flags-changed", G_OBJECT_TYPE(widget)) != 0;
+    const char* const signal = hasFlags ? "state-flags-changed" : "state-changed";
+    Connect(widget, signal, OnState, new Enabling{&window, window.IsEnabled()});
+}
+
+void _AskBeforeTab(wxWindow& window, bool (*isStop)(const wxWindow& window))
+{
+    Connect(WidgetOf(window), "focus", OnFocusMove, new TabStop{&window, isStop});
+}
