@@ -81,7 +81,8 @@ _ClickStatic::_ClickStatic(wxWindow* parent, wxWindowID id, const wxString& labe
 void _ClickStatic::OnClick(wxMouseEvent& event)
 {
     CALL_ENTRY("_ClickStatic::OnClick");
-    if (event.LeftIsDown() || !IsEnabled())
+    // A press that is let go elsewhere has been thought better of.
+    if (event.LeftIsDown() || !IsEnabled() || !GetClientRect().Contains(event.GetPosition()))
     {
         return;
     }
@@ -117,6 +118,7 @@ void wxExpandablePanel::CreateInfrastructure(const wxString& tip, bool expandabl
 wxSizer* wxExpandablePanel::CreateHeader(const wxString& tip, bool expandable)
 {
     auto* const header = new wxBoxSizer(wxHORIZONTAL);
+    m_Expanded = true; // what cannot be opened is open
     if (expandable)
     {
         m_Expanded = Application::the_Application->Options().GetBool(m_Section, m_Key, false);
@@ -126,7 +128,6 @@ wxSizer* wxExpandablePanel::CreateHeader(const wxString& tip, bool expandable)
     m_Caption = new _ClickStatic(this, id_Caption, Caption());
     m_Caption->SetToolTip(tip);
     m_Caption->Enable(expandable);
-    m_Caption->RefreshColors();
     header->Add(m_Caption, 0, wxALIGN_CENTER_VERTICAL);
     return header;
 }

@@ -36,8 +36,8 @@ public:
     bool IsExpanded() const { return m_Expanded; }
 
 protected:
-    /// Builds header and content sizer. A panel that is not `expandable` stays closed under a
-    /// greyed caption. `tip`: the tool tip of all of it.
+    /// Builds header and content sizer. A panel that is not `expandable` stays open under a greyed
+    /// caption, whatever is stored. `tip`: the tool tip of all of it.
     void CreateInfrastructure(const wxString& tip, bool expandable);
 
     bool          m_Expanded = false; ///< The content is shown.

@@ -97,9 +97,13 @@ TEST_F(ExpandablePanelTest, ItsStateIsStoredAndReadAgain)
     EXPECT_EQ("0", TestApp::Get().Options().GetValue("Panels", "outer"));
     EXPECT_FALSE(Panel(m_Scrolled, "outer").IsExpanded());
 
-    m_Outer->OnExpand(click);
     Panel fixed(m_Scrolled, "outer", false);
-    EXPECT_FALSE(fixed.IsExpanded());
+    EXPECT_TRUE(fixed.IsExpanded()) << "whatever is stored: nobody could open it";
+    auto* const content = new wxWindow(&fixed, wxID_ANY);
+    fixed.Add(content);
+    fixed.Fit();
+    EXPECT_TRUE(content->IsShownOnScreen());
+    EXPECT_GT(fixed.GetSize().y, kContentHeight);
     EXPECT_EQ(nullptr, fixed.FindWindow(wxExpandablePanel::id_Expand));
     EXPECT_FALSE(fixed.FindWindow(wxExpandablePanel::id_Caption)->IsEnabled());
 }
