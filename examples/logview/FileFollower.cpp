@@ -14,6 +14,14 @@ namespace
 {
 constexpr size_t kChunk = 256 * 1024; // bytes read at once
 
+constexpr size_t kLongestTail = 3; // bytes of a character behind its first
+
+// A byte of a character behind its first.
+bool IsTail(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xc0) == 0x80;
+}
+
 String ErrnoText()
 {
     return std::strerror(errno);
@@ -62,24 +70,22 @@ void FileFollower::Close()
     }
 }
 
-// Whether the name stands for another file than the one that is open. While it stands for none, as
-// between the two steps of a rotation, the open one is kept.
+// Whether the name stands for another file than the one that is open, or the open one is gone for
+// good. While the name stands for none, as between the two steps of a rotation, it is kept.
 bool FileFollower::WasReplaced() const
 {
     struct stat named = {};
     struct stat opened = {};
-    return stat(m_Path.Text().c_str(), &named) == 0 && fstat(m_Descriptor, &opened) == 0 &&
-           (named.st_ino != opened.st_ino || named.st_dev != opened.st_dev);
+    return stat(m_Path.Text().c_str(), &named) == 0 &&
+           (fstat(m_Descriptor, &opened) != 0 || named.st_ino != opened.st_ino ||
+            named.st_dev != opened.st_dev);
 }
 
 void FileFollower::Restart(const String& how)
 {
     if (!m_Partial.empty())
     {
-        // It will not go on: a whole line now.
-        m_Sink.onPartialLine(String());
-        m_Sink.onLine(m_Partial);
-        m_Partial.clear();
+        FinishLine(); // it will not go on
     }
     m_PartialShown = 0;
     m_Sink.onRestart(how);
@@ -112,17 +118,24 @@ bool FileFollower::Read(size_t limit)
         {
             continue;
         }
-        ShowPartialLine();
-        // The old file is read to its end before the new one is begun.
-        if (WasReplaced())
-        {
-            Close();
-            Restart("The file was replaced; the new one follows");
-            return true;
-        }
-        return false;
+        m_State = count < 0 ? State::kUnreadable : State::kFollowing;
+        m_Problem = count < 0 ? ErrnoText() : String();
+        return AtEnd();
     }
     ShowPartialLine();
+    return true;
+}
+
+// Of what can be read now. The old file is read to its end before a new one is begun.
+bool FileFollower::AtEnd()
+{
+    ShowPartialLine();
+    if (!WasReplaced())
+    {
+        return false;
+    }
+    Close();
+    Restart("The file was replaced; the new one follows");
     return true;
 }
 
@@ -134,21 +147,44 @@ void FileFollower::TakeBytes(const char* bytes, size_t count)
     {
         const auto* const lineEnd =
             static_cast<const char*>(std::memchr(bytes, '\n', static_cast<size_t>(end - bytes)));
+        const char* const partEnd = lineEnd ? lineEnd : end;
+        TakePart(bytes, static_cast<size_t>(partEnd - bytes));
         if (!lineEnd)
         {
-            m_Partial.append(bytes, end);
             return;
         }
-        m_Partial.append(bytes, lineEnd);
-        if (m_PartialShown > 0)
-        {
-            m_Sink.onPartialLine(String());
-            m_PartialShown = 0;
-        }
-        m_Sink.onLine(m_Partial);
-        m_Partial.clear();
+        FinishLine();
         bytes = lineEnd + 1;
     }
+}
+
+// Of one line.
+void FileFollower::TakePart(const char* bytes, size_t count)
+{
+    m_Partial.append(bytes, count);
+    while (m_Partial.size() > k_LongestLine)
+    {
+        size_t cut = k_LongestLine;
+        while (cut > k_LongestLine - kLongestTail && IsTail(m_Partial[cut]))
+        {
+            --cut;
+        }
+        const String rest = m_Partial.substr(cut);
+        m_Partial.resize(cut);
+        FinishLine();
+        m_Partial = rest;
+    }
+}
+
+void FileFollower::FinishLine()
+{
+    if (m_PartialShown > 0)
+    {
+        m_Sink.onPartialLine(String());
+        m_PartialShown = 0;
+    }
+    m_Sink.onLine(m_Partial);
+    m_Partial.clear();
 }
 
 void FileFollower::ShowPartialLine()

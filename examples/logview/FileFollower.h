@@ -13,9 +13,13 @@ public:
     enum class State
     {
         kMissing,    ///< There is no such file (yet).
-        kUnreadable, ///< It is there but cannot be read; `Problem` says why.
+        kUnreadable, ///< It is there but cannot be read (any further); `Problem` says why.
         kFollowing
     };
+
+    /// Bytes after which a line that does not end is cut, between two characters, into several:
+    /// nobody can read such a line, but a file may hold nothing else.
+    static constexpr size_t k_LongestLine = 1u << 20;
 
     /// What the owner does with what is read. A line comes without its line feed; every other
     /// byte, a carriage return too, belongs to it.
@@ -50,7 +54,10 @@ private:
     void Close();
     bool WasReplaced() const;
     void Restart(const String& how);
+    bool AtEnd();
     void TakeBytes(const char* bytes, size_t count);
+    void TakePart(const char* bytes, size_t count);
+    void FinishLine();
     void ShowPartialLine();
 
     Path      m_Path;

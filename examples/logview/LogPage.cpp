@@ -7,10 +7,23 @@
 
 #include <wx/sizer.h>
 
+#include <algorithm>
+
 namespace
 {
 // Bytes read between two looks at the user's events: some 20 ms.
 constexpr size_t kSlice = 4u << 20;
+constexpr int    kPauseMs = 1;      // milliseconds that the user's events have in between
+constexpr size_t kTitleLength = 40; // characters
+
+// A file may have any name; a title and a status are one line.
+wxString InOneLine(const String& name)
+{
+    wxString line = wxtToWx(name);
+    std::replace_if(
+        line.begin(), line.end(), [](const wxUniChar& c) { return c < 0x20; }, L' ');
+    return line;
+}
 
 FileFollower::Sink SinkOf(std::function<void(const String&)> onLine,
                           std::function<void(const String&)> onPartialLine,
@@ -31,6 +44,7 @@ LogPage::LogPage(wxWindow* parent, const Path& file)
     sizer->Add(m_Text, 1, wxEXPAND);
     sizer->Add(m_Text->GetSearchPanel(), 0, wxEXPAND);
     SetSizer(sizer);
+    m_Pause.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { ReadSlice(); });
     m_Text->SetFollowEnd(m_Follow);
     OnTick();
 }
@@ -39,12 +53,20 @@ LogPage::~LogPage() = default;
 
 wxString LogPage::Title() const
 {
-    return wxtToWx(m_Follower.FileName().Leaf());
+    const wxString name = InOneLine(m_Follower.FileName().Leaf());
+    return name.length() <= kTitleLength
+               ? name
+               : name.Left(kTitleLength / 2) + wxUniChar(0x2026) + name.Right(kTitleLength / 2);
+}
+
+wxString LogPage::FullName() const
+{
+    return InOneLine(m_Follower.FileName().Text());
 }
 
 wxString LogPage::StatusText() const
 {
-    const wxString name = wxtToWx(m_Follower.FileName().Text());
+    const wxString name = FullName();
     switch (m_Follower.CurrentState())
     {
     case FileFollower::State::kMissing:
@@ -92,7 +114,9 @@ void LogPage::ReadSlice()
     }
     if (m_Reading)
     {
-        CallAfter(&LogPage::ReadSlice);
+        // Not with the pending events: they are worked off to the last one before any of the
+        // user's.
+        m_Pause.StartOnce(kPauseMs);
     }
 }
 

@@ -5,6 +5,8 @@
 #include "appearance/wxTolvanColors.h"
 #include "shell/wxTimed.h"
 
+#include <wx/timer.h>
+
 class wxTextLineCtrl;
 
 /// One file in the viewer: its text and the search bar under it. It reads in slices, so that even a
@@ -16,7 +18,8 @@ public:
     ~LogPage() override;
 
     wxTextLineCtrl* Text() const { return m_Text; }
-    wxString        Title() const; ///< The file's name without its folder.
+    wxString        Title() const;    ///< The file's name without its folder, if need be shortened.
+    wxString        FullName() const; ///< In one line, whatever it holds.
     /// One line about the file: where it is, how much of it is shown, or what is wrong.
     wxString StatusText() const;
 
@@ -36,4 +39,5 @@ private:
     int             m_PartialLine = -1; ///< Where the unfinished last line stands.
     bool            m_Follow = true;
     bool            m_Reading = false; ///< A further slice is on its way.
+    wxTimer         m_Pause;           ///< Before it.
 };

@@ -137,6 +137,7 @@ void LogViewFrame::OpenFile(const Path& file)
 {
     auto* const page = new LogPage(m_Pages, file);
     m_Pages->AddPage(page, page->Title(), true);
+    m_Pages->SetPageToolTip(m_Pages->GetPageCount() - 1, page->FullName());
     page->Text()->SetFocus();
     ShowStatus();
 }
@@ -171,7 +172,7 @@ void LogViewFrame::OnOpen(wxCommandEvent&)
     dialog.GetPaths(files);
     for (const wxString& file : files)
     {
-        OpenFile(wxtFromWx(file));
+        OpenFile(String(file.fn_str())); // its bytes, which need not be a text
     }
 }
 

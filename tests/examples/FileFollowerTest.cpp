@@ -103,3 +103,31 @@ TEST_F(FileFollowerTest, RefusesWhatIsNoFile)
     ReadAll();
     EXPECT_EQ((Lines{"now"}), m_Lines);
 }
+
+// A file may hold nothing but one line.
+TEST_F(FileFollowerTest, CutsALineThatDoesNotEnd)
+{
+    const String piece(FileFollower::k_LongestLine - 1, 'x');
+    const String sign("\xe2\x82\xac"); // not to be torn apart
+    Append(piece + sign + piece + sign);
+    while (m_Follower.Read(1 << 18))
+    {
+    }
+    ASSERT_EQ(2u, m_Lines.size());
+    EXPECT_EQ(piece, m_Lines[0]);
+    EXPECT_EQ(sign + piece.substr(2), m_Lines[1]);
+    EXPECT_EQ("xx" + sign, m_Partial);
+    Append("\n");
+    ReadAll();
+    EXPECT_EQ("xx" + sign, m_Lines.back());
+    EXPECT_EQ("", m_Partial);
+}
+
+TEST_F(FileFollowerTest, AReadErrorIsNoEnd)
+{
+    FileFollower memory("/proc/self/mem", {[](const String&) {}, [](const String&) {},
+                                           [](const String&) {}}); // nothing stands at 0
+    EXPECT_FALSE(memory.Read(100));
+    EXPECT_EQ(FileFollower::State::kUnreadable, memory.CurrentState());
+    EXPECT_FALSE(memory.Problem().empty());
+}
