@@ -330,7 +330,7 @@ void wxtButton::Click(wxMouseEvent& event)
     }
     const bool endsDoubleClick = m_DoubleClick || event.GetClickCount() > 1;
     m_DoubleClick = false;
-    if (!endsDoubleClick && GetClientRect().Contains(event.GetPosition()))
+    if (!endsDoubleClick && IsShown() && GetClientRect().Contains(event.GetPosition()))
     {
         EmulateClick();
     }

@@ -141,7 +141,7 @@ void wxtCheckBox::Click(wxMouseEvent& event)
 {
     CALL_ENTRY("wxtCheckBox::Click");
     // A press that is let go elsewhere has been thought better of.
-    if (IsEnabled() && GetClientRect().Contains(event.GetPosition()))
+    if (IsEnabled() && IsShown() && GetClientRect().Contains(event.GetPosition()))
     {
         DoClick();
     }

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "gallery/GalleryFrame.h"
+#include "tests/hands/Hand.h"
+#include "tests/support/FrameTest.h"
+
+#include <wx/weakref.h>
+
+/// The gallery under a real pointer and real keys. Nothing is given to a control by a test but what
+/// comes from the X server; every deed is over, its handlers too, when it returns.
+class HandsTest : public UserFolderTest
+{
+protected:
+    HandsTest();
+    ~HandsTest() override;
+
+    /// A new gallery in place of the one that is there.
+    void          Open();
+    GalleryFrame* Frame() const { return m_Frame; }
+
+    /// The control with that label, or value; null when there is none.
+    wxWindow*                         Named(const wxString& name) const;
+    template <class Control> Control* First() const
+    {
+        return dynamic_cast<Control*>(
+            FirstOf([](wxWindow* each) { return dynamic_cast<Control*>(each) != nullptr; }));
+    }
+
+    /// Has the hand do what the words say, on that control or, with "leave" before it, beside it.
+    ///   enter leave             to the middle of the control; to a place where there is nothing
+    ///   press release click     of the left button; "right" before it: of the right one
+    ///   double triple           so many clicks, as fast as can be
+    ///   notch+ notch-           of the wheel, down and up
+    ///   disable enable hide show destroy theme     what the program does meanwhile
+    ///   any other word          a key, as in "shift+Tab"
+    void Do(wxWindow* control, const std::string& words);
+    void MoveTo(const wxPoint& screen);
+    void Button(int button, bool press);
+    void Press(const std::string& key);
+
+    /// The window that gets the keys; found with one that no control knows.
+    wxWindow* WhoHasTheKeys();
+    bool      HasTheKeys(const wxWindow* control);
+
+    /// What the frame was told since it was asked last: the names of the events, with the number of
+    /// the item where they have one.
+    std::string Heard();
+
+    Hand                    m_Hand;
+    wxWeakRef<GalleryFrame> m_Frame;
+
+private:
+    class KeyWatch;
+
+    wxWindow* FirstOf(const std::function<bool(wxWindow*)>& is) const;
+    bool      DoWord(wxWindow* control, const std::string& word);
+    void      Clicks(int count);
+    void      Notch(bool down);
+    void      StepAside() { m_Aside = kAside - m_Aside; }
+
+    static constexpr int kAside = 8; // pixels; clicks at one place would make a double one
+
+    std::string m_Heard;
+    int         m_MouseButton = 1;
+    int         m_Aside = 0; ///< Pixels right of the middle, of the next click.
+};
