@@ -56,6 +56,7 @@ void wxTextLineSearchPanel::LayOutControls()
     outcome->Add(m_HitCount, one);
     outcome->Add(m_Stop, one);
     outcome->Add(m_Message, wide);
+    outcome->SetMinSize(0, m_Stop->GetBestSize().y); // also while the button is hidden
     m_Rows = new wxBoxSizer(wxHORIZONTAL);
     m_Rows->Add(text, wxSizerFlags().Expand());
     m_Rows->Add(outcome, wxSizerFlags(1).Expand().Border(wxTOP, 0));

@@ -39,17 +39,6 @@ String HomeFolder()
     return String();
 }
 
-/// Makes a rename in the folder last. Some file systems cannot; the new content is then there all
-/// the same, only a crash of the machine may bring back the old.
-void SyncFolder(const Path& folder)
-{
-    const _Descriptor descriptor(_Descriptor::Open(folder.Text(), O_RDONLY | O_DIRECTORY));
-    if (descriptor.IsOpen())
-    {
-        fsync(descriptor.Get());
-    }
-}
-
 /// Reads to the real end: the file may grow meanwhile, and some files report no size. False when
 /// there are more than `limit` bytes.
 bool ReadToEnd(const Path& path, const _Descriptor& file, size_t limit, String& content)
@@ -72,17 +61,6 @@ bool ReadToEnd(const Path& path, const _Descriptor& file, size_t limit, String& 
         }
     }
     return false;
-}
-
-Path FolderOf(const String& fileName)
-{
-    const Path folder = Path(fileName).Branch();
-    return folder.IsEmpty() ? Path(".") : folder;
-}
-
-bool MayWrite(const String& name)
-{
-    return faccessat(AT_FDCWD, name.c_str(), W_OK, AT_EACCESS) == 0;
 }
 
 } // namespace
@@ -207,7 +185,7 @@ void File::CheckReplaceable(const Path& path)
 {
     const String& fileName = path.Text();
     const String  failure = "Cannot write \"" + fileName + "\"";
-    if (!MayWrite(FolderOf(fileName).Text()))
+    if (!_MayWrite(_FolderOf(fileName).Text()))
     {
         Exception::ThrowErrno("File", "WriteAtomically", failure);
     }
@@ -224,7 +202,7 @@ void File::CheckReplaceable(const Path& path)
     }
     // Renaming over a file asks only for the folder's permission, and root may write everything:
     // what the owner's mode forbids is looked up here.
-    if ((status.st_mode & S_IWUSR) == 0 || !MayWrite(fileName))
+    if ((status.st_mode & S_IWUSR) == 0 || !_MayWrite(fileName))
     {
         Exception::Throw("File", "WriteAtomically", ec_System, failure, "It is write-protected");
     }
@@ -236,7 +214,7 @@ bool File::WriteAtomically(const Path& path, const String& content,
     CALL_ENTRY("File::WriteAtomically");
     const String target = FollowLinks(path).Text();
     CheckReplaceable(target);
-    const Path     folder = FolderOf(target);
+    const Path     folder = _FolderOf(target);
     _TemporaryFile file(folder);
     const bool     isFilled = file.Fill(content);
     if (isFilled && mayReplace && !mayReplace())
@@ -247,7 +225,7 @@ bool File::WriteAtomically(const Path& path, const String& content,
     {
         Exception::ThrowErrno("File", "WriteAtomically", "Cannot write \"" + target + "\"");
     }
-    SyncFolder(folder);
+    _SyncFolder(folder);
     return true;
 }
 

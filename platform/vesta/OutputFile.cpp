@@ -2,9 +2,9 @@
 
 #include "vesta/CallEntry.h"
 #include "vesta/Exception.h"
-#include "vesta/_Descriptor.h"
+#include "vesta/_OutputTarget.h"
 
-#include <fcntl.h>
+#include <cerrno>
 
 const char* const OutputFile::k_EndOfLine = "\n";
 
@@ -12,16 +12,13 @@ namespace
 {
 
 constexpr size_t kBuffer = 64 * 1024; // bytes
-constexpr mode_t kMode = 0666;        // what the user's mask leaves of it
 
 } // namespace
 
-OutputFile::OutputFile(const Path& path)
-    : m_Path(path),
-      m_File(new _Descriptor(_Descriptor::Open(path.Text(), O_WRONLY | O_CREAT | O_TRUNC, kMode)))
+OutputFile::OutputFile(const Path& path) : m_Path(path), m_Target(new _OutputTarget(path))
 {
     CALL_ENTRY("OutputFile::OutputFile");
-    if (!m_File->IsOpen())
+    if (!m_Target->IsOpen())
     {
         Exception::ThrowErrno("OutputFile", "OutputFile", "Cannot create \"" + path.Text() + "\"");
     }
@@ -30,22 +27,23 @@ OutputFile::OutputFile(const Path& path)
 
 OutputFile::~OutputFile()
 {
-    try
+    if (m_Target->IsOpen())
     {
-        Close();
-    }
-    catch (Exception* e)
-    {
-        e->Log();
-        delete e;
+        LogWarning("\"" + m_Path.Text() + "\" was not written: its writer gave up");
     }
 }
 
 void OutputFile::Write(const char* bytes, size_t count)
 {
+    if (!m_Target->IsOpen())
+    {
+        errno = EBADF;
+        Fail("Write");
+    }
     if (m_Buffer.size() + count > kBuffer)
     {
-        Flush();
+        WriteOut(m_Buffer.data(), m_Buffer.size());
+        m_Buffer.clear();
     }
     if (count > kBuffer)
     {
@@ -64,35 +62,31 @@ void OutputFile::WriteLine(const String& text)
 void OutputFile::Close()
 {
     CALL_ENTRY("OutputFile::Close");
-    if (!m_File->IsOpen())
+    if (m_IsIncomplete)
     {
-        return;
+        m_IsIncomplete = false;
+        Exception::Throw("OutputFile", "Close", ec_System, "Cannot write \"" + m_Path.Text() + "\"",
+                         "A part of it could not be written");
     }
-    try
+    if (m_Target->IsOpen() &&
+        (!m_Target->Write(m_Buffer.data(), m_Buffer.size()) || !m_Target->Commit()))
     {
-        Flush();
+        Fail("Close");
     }
-    catch (Exception*)
-    {
-        m_File->Close();
-        throw;
-    }
-    if (!m_File->Close())
-    {
-        Exception::ThrowErrno("OutputFile", "Close", "Cannot write \"" + m_Path.Text() + "\"");
-    }
-}
-
-void OutputFile::Flush()
-{
-    WriteOut(m_Buffer.data(), m_Buffer.size());
-    m_Buffer.clear();
 }
 
 void OutputFile::WriteOut(const char* bytes, size_t count)
 {
-    if (!m_File->WriteAll(bytes, count))
+    if (!m_Target->Write(bytes, count))
     {
-        Exception::ThrowErrno("OutputFile", "Write", "Cannot write \"" + m_Path.Text() + "\"");
+        m_IsIncomplete = true;
+        Fail("Write");
     }
+}
+
+/// Gives up what has been written, for the reason in errno.
+void OutputFile::Fail(const char* method)
+{
+    m_Target->Abandon();
+    Exception::ThrowErrno("OutputFile", method, "Cannot write \"" + m_Path.Text() + "\"");
 }

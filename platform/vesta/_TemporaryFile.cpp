@@ -56,6 +56,26 @@ void RemoveForgotten(const Path& folder)
 
 } // namespace
 
+Path _FolderOf(const String& fileName)
+{
+    const Path folder = Path(fileName).Branch();
+    return folder.IsEmpty() ? Path(".") : folder;
+}
+
+bool _MayWrite(const String& name)
+{
+    return faccessat(AT_FDCWD, name.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
+void _SyncFolder(const Path& folder)
+{
+    const _Descriptor descriptor(_Descriptor::Open(folder.Text(), O_RDONLY | O_DIRECTORY));
+    if (descriptor.IsOpen())
+    {
+        fsync(descriptor.Get());
+    }
+}
+
 _TemporaryFile::_TemporaryFile(const Path& folder)
 {
     RemoveForgotten(folder);

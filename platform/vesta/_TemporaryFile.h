@@ -4,6 +4,12 @@
 #include "vesta/String.h"
 #include "vesta/_Descriptor.h"
 
+Path _FolderOf(const String& fileName); ///< Never empty.
+bool _MayWrite(const String& name);     ///< By the user that the process acts for.
+/// Makes a rename in the folder last. Some file systems cannot; the new content is then there all
+/// the same, only a crash of the machine may bring back the old.
+void _SyncFolder(const Path& folder);
+
 /// A new file in the folder of one that it is to replace (mode 0600); removed again unless it was
 /// renamed. What a program that was killed has left behind is removed by the next one that makes
 /// such a file in the folder: a living owner holds a lock on it. Not exported.
@@ -14,6 +20,8 @@ public:
     ~_TemporaryFile();
     _TemporaryFile(const _TemporaryFile&) = delete;
     _TemporaryFile& operator=(const _TemporaryFile&) = delete;
+
+    const _Descriptor& Opened() const { return m_File; } ///< Not open when it could not be made.
 
     /// These are false, with errno, when any step fails.
     /// @{

@@ -4,10 +4,46 @@
 #include "tests/support/Thrown.h"
 #include "tests/support/UserFolderTest.h"
 
+#include <csignal>
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace
 {
 
-using OutputFileTest = UserFolderTest;
+class OutputFileTest : public UserFolderTest
+{
+protected:
+    static struct stat StatusOf(const Path& path)
+    {
+        struct stat status = {};
+        EXPECT_EQ(0, lstat(path.Text().c_str(), &status)) << path.Text();
+        return status;
+    }
+};
+
+/// Lets no file grow beyond 50,000 bytes.
+class SmallDisk
+{
+public:
+    SmallDisk() : m_OldHandler(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        getrlimit(RLIMIT_FSIZE, &m_Old);
+        const rlimit small = {50'000, m_Old.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~SmallDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_Old);
+        std::signal(SIGXFSZ, m_OldHandler);
+    }
+
+private:
+    rlimit m_Old = {};
+    void (*m_OldHandler)(int);
+};
 
 TEST_F(OutputFileTest, WritesEveryByte)
 {
@@ -25,11 +61,77 @@ TEST_F(OutputFileTest, WritesEveryByte)
         file.Close();
         EXPECT_EQ(expected, ReadFile(path));
     }
+}
+
+// Whatever keeps the new content from being complete, the old one stays, and nothing else is left.
+TEST_F(OutputFileTest, TheOldContentStaysUntilTheNewOneIsComplete)
+{
+    const Path old = UserFile("old");
+    WriteFile(old, "old");
+    for (const Path& path : {old, UserFile("new")})
     {
-        OutputFile file(path);
-        file.Write("left to the destructor");
+        const LogCapture log;
+        {
+            OutputFile file(path);
+            file.Write(String(100'000, 'x'));
+        }
+        EXPECT_EQ(1, log.Count(path.Text(), log_Warning)) << "nobody closed it";
+        const SmallDisk small;
+        OutputFile      file(path);
+        EXPECT_EQ(ec_System, CodeThrown([&file] { file.Write(String(300'000, 'x')); }));
+        EXPECT_EQ(ec_System, CodeThrown([&file] { file.Close(); })) << "no good end";
+        OutputFile other(path);
+        other.Write(String(60'000, 'x')); // as much as is kept back
+        EXPECT_EQ(ec_System, CodeThrown([&other] { other.Close(); }));
     }
-    EXPECT_EQ("left to the destructor", ReadFile(path));
+    EXPECT_EQ("old", ReadFile(old));
+    EXPECT_EQ(std::vector<String>{"old"}, File::List(old.Branch()));
+}
+
+TEST_F(OutputFileTest, WhatTheFileIsStaysAsItIs)
+{
+    const Path plain = UserFile("plain");
+    const Path twice = UserFile("twice");
+    for (const Path& path : {plain, twice})
+    {
+        WriteFile(path, "a longer old content");
+        ASSERT_EQ(0, chmod(path.Text().c_str(), 0640));
+    }
+    ASSERT_EQ(0, link(twice.Text().c_str(), UserFile("second name").Text().c_str()));
+    ASSERT_EQ(0, symlink("plain", UserFile("link").Text().c_str()));
+    ASSERT_EQ(0, symlink("missing", UserFile("dangling").Text().c_str()));
+    const ino_t replaced = StatusOf(plain).st_ino;
+    const ino_t written = StatusOf(twice).st_ino;
+    for (const char* name : {"link", "twice", "dangling"})
+    {
+        OutputFile file(UserFile(name));
+        file.Write("new");
+        file.Close();
+        EXPECT_EQ("new", ReadFile(UserFile(name)));
+    }
+    EXPECT_NE(replaced, StatusOf(plain).st_ino);
+    EXPECT_EQ(0640u, StatusOf(plain).st_mode & 07777);
+    EXPECT_TRUE(S_ISLNK(StatusOf(UserFile("link")).st_mode));
+    EXPECT_EQ(written, StatusOf(twice).st_ino);
+    EXPECT_EQ("new", ReadFile(UserFile("second name")));
+    EXPECT_EQ("new", ReadFile(UserFile("missing")));
+    const mode_t mask = umask(0);
+    umask(mask);
+    EXPECT_EQ(0666 & ~mask, StatusOf(UserFile("missing")).st_mode & 07777);
+}
+
+TEST_F(OutputFileTest, WritesIntoAPipe)
+{
+    const String name = UserFile("pipe").Text();
+    ASSERT_EQ(0, mkfifo(name.c_str(), 0600));
+    const int  reader = open(name.c_str(), O_RDONLY | O_NONBLOCK);
+    OutputFile file{Path(name)};
+    file.WriteLine("through");
+    file.Close();
+    char buffer[20] = {};
+    EXPECT_EQ(8, read(reader, buffer, sizeof buffer));
+    EXPECT_STREQ("through\n", buffer);
+    close(reader);
 }
 
 TEST_F(OutputFileTest, EveryFailureIsAnException)
@@ -40,13 +142,6 @@ TEST_F(OutputFileTest, EveryFailureIsAnException)
     EXPECT_EQ(ec_System, CodeThrown([&full] { full.Close(); }));
     EXPECT_EQ(ec_System, CodeThrown([&full] { full.Write(String(100000, 'x')); }));
     full.Close(); // It is closed already.
-
-    const LogCapture log;
-    {
-        OutputFile file("/dev/full");
-        file.Write("x");
-    }
-    EXPECT_EQ(1, log.Count("/dev/full", log_Error)) << log.All();
 }
 
 } // namespace
