@@ -41,6 +41,32 @@ wxString FailureText(const String& command, const Exception& exception)
 }
 } // namespace
 
+// A command is for the job that it was chosen for: a question to the user may let the menu be
+// filled anew meanwhile, have another command run, or take the menu away.
+class JobCommandMenu::Run
+{
+public:
+    explicit Run(JobCommandMenu& menu) : m_Menu(&menu), m_Outer(menu.m_RunJob)
+    {
+        menu.m_RunJob = menu.m_Job;
+    }
+    ~Run()
+    {
+        if (m_Menu)
+        {
+            m_Menu->m_RunJob = m_Outer;
+        }
+    }
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
+
+    bool HasMenu() const { return m_Menu; }
+
+private:
+    const wxWeakRef<JobCommandMenu>             m_Menu;
+    const std::optional<boost::shared_ptr<Job>> m_Outer;
+};
+
 JobCommandMenu::JobCommandMenu() = default;
 
 JobCommandMenu::~JobCommandMenu() = default;
@@ -157,13 +183,12 @@ bool JobCommandMenu::TryCommand(long id)
     {
         return false;
     }
-    // A question to the user may let the menu be filled anew meanwhile, or take it away.
-    const CommandData               data = found->second;
-    const wxWeakRef<JobCommandMenu> menu(this);
-    if (PreProcessCommand(data.name, data.item) && menu)
+    const CommandData data = found->second;
+    const Run         run(*this);
+    if (PreProcessCommand(data.name, data.item) && run.HasMenu())
     {
         DoProcessCommand(data.name, data.item);
-        if (menu)
+        if (run.HasMenu())
         {
             PostProcessCommand(data.name, data.item);
         }
@@ -179,7 +204,7 @@ bool JobCommandMenu::PreProcessCommand(const String&, const String&)
 void JobCommandMenu::DoProcessCommand(const String& name, const String& item)
 {
     CALL_ENTRY("JobCommandMenu::DoProcessCommand");
-    const boost::shared_ptr<Job> job = m_Job;
+    const boost::shared_ptr<Job> job = GetJob();
     if (!job)
     {
         LogWarning("No job to run a command on");

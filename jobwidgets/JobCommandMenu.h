@@ -8,6 +8,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include <map>
+#include <optional>
 
 class Job;
 class CommandInfo;
@@ -36,8 +37,9 @@ public:
     /// job until it is filled with another.
     void Fill(const boost::shared_ptr<Job>& job, int mask);
     /// Runs the command behind the id on the job that the menu was last filled with, also when the
-    /// menu has not shown it since: ids keep their meaning as long as the menu lives. Whether it is
-    /// the id of a command, run or not.
+    /// menu has not shown it since: ids keep their meaning as long as the menu lives. It stays that
+    /// job until the command is over, even if the menu is filled with another meanwhile. Whether it
+    /// is the id of a command, run or not.
     bool TryCommand(long id);
 
     /// Adds a command at the end: a separator, an item, or a submenu of its items for the job.
@@ -56,15 +58,21 @@ public:
     virtual void PostProcessCommand(const String& name, const String& item);
 
 protected:
-    /// The job that was filled in; null without one.
-    const boost::shared_ptr<Job>& GetJob() const { return m_Job; }
+    /// While a command is run, the job that it is for; else the one that was filled in. Null
+    /// without one.
+    const boost::shared_ptr<Job>& GetJob() const { return m_RunJob ? *m_RunJob : m_Job; }
 
 private:
+    class Run;
+
     void RemoveCommands();
     long IdOf(const String& key);
     void InsertSubMenu(const CommandInfo& command, const String& items);
 
-    boost::shared_ptr<Job>      m_Job;
+    boost::shared_ptr<Job> m_Job;
+    /// Of the command that is being run, if one is.
+    std::optional<boost::shared_ptr<Job>> m_RunJob;
+
     int                         m_FirstItem = -1; ///< Position of what `Fill` adds; -1: not filled.
     std::map<String, long>      m_Ids;            ///< By the command's key; they only become more.
     std::map<long, CommandData> m_Commands;       ///< By id; they only become more.

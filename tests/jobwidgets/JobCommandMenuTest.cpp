@@ -194,8 +194,23 @@ TEST_F(JobCommandMenuTest, AFailureIsToldAndOthersPass)
     EXPECT_EQ(2, box.count);
 }
 
-TEST_F(JobCommandMenuTest, AQuestionMayTakeTheMenuAway)
+TEST_F(JobCommandMenuTest, AQuestionMayFillTheMenuAnewOrTakeItAway)
 {
+    const auto other = boost::make_shared<ToldJob>(type);
+    menu.Fill(job, ~0);
+    menu.before = [&]
+    {
+        menu.Fill(other, ~0);
+        menu.before = nullptr;
+        return menu.TryCommand(IdOf("Show")); // chosen meanwhile, of the other job
+    };
+    EXPECT_TRUE(menu.TryCommand(IdOf("Stop")));
+    EXPECT_EQ("Stop/ ", job->told) << "the job that the question was about";
+    EXPECT_EQ("Show/ ", other->told);
+    EXPECT_TRUE(menu.TryCommand(IdOf("Stop")));
+    EXPECT_EQ("Show/ Stop/ ", other->told);
+    job->told.clear();
+
     auto brief = std::make_unique<HookedMenu>();
     brief->Fill(job, ~0);
     brief->before = [&]
