@@ -1,9 +1,13 @@
 #include "dialogs/wxTextFromUserDlg.h"
 
 #include "appearance/wxtTextCtrl.h"
+#include "dialogs/_MessageText.h"
+#include "shell/_Geometry.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/sizer.h>
+
+#include <algorithm>
 
 namespace
 {
@@ -11,6 +15,13 @@ namespace
 constexpr int kBorder = 10;
 constexpr int kFieldWidth = 320;
 constexpr int kMessageWidth = 480; // before its lines are broken
+
+// The field and the buttons must find room on the display too.
+wxSize MessageLimit(const wxWindow* window)
+{
+    const wxSize area = _DisplayAreaOf(window).GetSize();
+    return wxSize(std::min(kMessageWidth, area.x / 2), area.y * 3 / 5);
+}
 } // namespace
 
 wxTextFromUserDlg::wxTextFromUserDlg(wxWindow* parent, const wxString& message,
@@ -31,12 +42,6 @@ void wxTextFromUserDlg::CreateControls(const wxString& message, const wxString& 
                                        const wxValidator& validator)
 {
     wxBoxSizer* const column = StartControls();
-    if (!message.empty())
-    {
-        wxtStaticText* const text = NewStatic(wxControl::EscapeMnemonics(message));
-        text->Wrap(kMessageWidth);
-        column->Add(text, wxSizerFlags().Border(wxLEFT | wxRIGHT | wxTOP, kBorder));
-    }
     m_Field = new wxtTextCtrl(this, wxID_ANY, value, wxDefaultPosition, wxSize(kFieldWidth, -1),
                               style, validator);
     m_Field->SetFocus();
@@ -45,6 +50,12 @@ void wxTextFromUserDlg::CreateControls(const wxString& message, const wxString& 
     auto* const row = new wxBoxSizer(wxHORIZONTAL);
     AddButtons(row, false);
     column->Add(row, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, kBorder));
+    if (!message.empty())
+    {
+        // Made last: a long one takes the keyboard, after the field and the buttons.
+        column->Insert(0, _NewMessage(this, message, MessageLimit(this)),
+                       wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxTOP, kBorder));
+    }
 }
 
 wxString wxTextFromUserDlg::GetValue() const

@@ -59,3 +59,19 @@ TEST_F(DialogTest, TextIsAskedForUntilTheValidatorAgrees)
     const auto sections = Options().Sections();
     EXPECT_EQ(1, std::count(sections.begin(), sections.end(), "TextTest")) << "its place is kept";
 }
+
+TEST_F(DialogTest, NoTextMakesTheQuestionWiderThanTheScreen)
+{
+    const wxString    path = "/" + wxString('x', 408);
+    wxTextFromUserDlg dialog(Frame(), path, "Rename", path, String());
+    const auto        look = [&]
+    {
+        EXPECT_GT(600, dialog.GetSize().x);
+        EXPECT_EQ(path, dialog.GetValue());
+        // The field has the keyboard, whatever the message is shown in.
+        Press('Y');
+        EXPECT_TRUE(WaitFor([&] { return dialog.GetValue() == "y"; })) << dialog.GetValue();
+        Press(WXK_RETURN);
+    };
+    EXPECT_EQ(wxID_OK, Run(dialog, look));
+}
