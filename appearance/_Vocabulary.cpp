@@ -1,10 +1,13 @@
 #include "appearance/_Vocabulary.h"
 
+#include "appearance/wxTolvanString.h"
 #include "tolvan/Job.h"
 #include "tolvan/JobFactory.h"
 #include "vesta/CallEntry.h"
 #include "vesta/Exception.h"
 #include "vesta/Platform.h"
+
+#include <glib.h>
 
 #include <algorithm>
 
@@ -77,10 +80,18 @@ Words CollectWords()
 }
 } // namespace
 
-_Vocabulary::_Vocabulary(Words words) : m_Words(std::move(words))
+_Vocabulary::_Vocabulary(const Words& words)
 {
-    std::stable_sort(m_Words.begin(), m_Words.end(), String::ciless());
-    const auto same = [](const String& a, const String& b) { return !String::ciless()(a, b); };
+    m_Words.reserve(words.size());
+    for (const String& word : words)
+    {
+        m_Words.push_back({word, Fold(word)});
+    }
+    std::stable_sort(m_Words.begin(), m_Words.end(),
+                     [](const _VocabularyWord& a, const _VocabularyWord& b)
+                     { return a.folded < b.folded; });
+    const auto same = [](const _VocabularyWord& a, const _VocabularyWord& b)
+    { return a.folded == b.folded; };
     m_Words.erase(std::unique(m_Words.begin(), m_Words.end(), same), m_Words.end());
 }
 
@@ -90,7 +101,20 @@ const _Vocabulary& _Vocabulary::Get()
     return vocabulary;
 }
 
-const String* _Vocabulary::LowerBound(const String& word) const
+// Not by the run-time's functions: those know ASCII only where the locale is "C".
+String _Vocabulary::Fold(const String& text)
 {
-    return std::lower_bound(m_Words.data(), End(), word, String::ciless());
+    std::wstring wide = wxtToWx(text).ToStdWstring();
+    for (wchar_t& c : wide)
+    {
+        c = static_cast<wchar_t>(g_unichar_tolower(static_cast<gunichar>(c)));
+    }
+    return wxtFromWx(wxString(std::move(wide)));
+}
+
+const _VocabularyWord* _Vocabulary::LowerBound(const String& folded) const
+{
+    return std::lower_bound(m_Words.data(), End(), folded,
+                            [](const _VocabularyWord& word, const String& key)
+                            { return word.folded < key; });
 }

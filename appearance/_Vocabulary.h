@@ -5,20 +5,30 @@
 
 #include <vector>
 
-/// The words that text fields complete. Of words that differ only in the case of ASCII letters the
-/// first stays; they are ordered without regard to that case, byte by byte otherwise.
+/// A word that text fields complete.
+struct _VocabularyWord
+{
+    String text;
+    String folded; ///< In lower case, to be compared.
+};
+
+/// The words that text fields complete. Of words that differ only in case the first stays; they are
+/// ordered without regard to it.
 class TOLVAN_API _Vocabulary
 {
 public:
-    explicit _Vocabulary(std::vector<String> words);
+    explicit _Vocabulary(const std::vector<String>& words);
 
     /// The process's, collected when it is first asked for and never changed afterwards.
     static const _Vocabulary& Get();
 
+    /// The text in lower case, in every locale. Bytes that are not UTF-8 count as characters.
+    static String Fold(const String& text);
+
     /// The first word that is not less than the given one.
-    const String* LowerBound(const String& word) const;
-    const String* End() const { return m_Words.data() + m_Words.size(); }
+    const _VocabularyWord* LowerBound(const String& folded) const;
+    const _VocabularyWord* End() const { return m_Words.data() + m_Words.size(); }
 
 private:
-    std::vector<String> m_Words;
+    std::vector<_VocabularyWord> m_Words;
 };

@@ -7,13 +7,6 @@
 namespace
 {
 const char* const kSeparators = " ().:|"; // between words
-
-// Only the case of ASCII letters is levelled: the vocabulary is ordered that way, and a word that
-// was levelled further would be looked for in the wrong place.
-bool BeginsWith(const String& entry, const String& capitals)
-{
-    return String(entry.substr(0, capitals.size())).ToUpper() == capitals;
-}
 } // namespace
 
 bool wxtAutoCompleter::Start(const wxString& text)
@@ -26,7 +19,7 @@ bool wxtAutoCompleter::Start(const wxString& text)
     {
         return false;
     }
-    m_Word = wxtFromWx(word).ToUpper();
+    m_Word = _Vocabulary::Fold(wxtFromWx(word));
     m_Prefix = text.Left(start);
     const _Vocabulary& vocabulary = _Vocabulary::Get();
     m_Next = vocabulary.LowerBound(m_Word);
@@ -41,12 +34,12 @@ wxString wxtAutoCompleter::GetNext()
     {
         return wxString();
     }
-    const String& entry = *m_Next++;
+    const _VocabularyWord& entry = *m_Next++;
     // The words that begin alike stand together: the first other one ends the list.
-    if (!BeginsWith(entry, m_Word))
+    if (!entry.folded.StartsWith(m_Word))
     {
         m_Next = m_End;
         return wxString();
     }
-    return m_Prefix + wxtToWx(entry);
+    return m_Prefix + wxtToWx(entry.text);
 }

@@ -5,11 +5,13 @@
 
 #include <wx/textcompleter.h>
 
+struct _VocabularyWord;
+
 /// Completes the word at the end of a text field from one vocabulary for the whole process: words
 /// for yes and no, names of job parameters and of the commands in their texts, everything that the
 /// job types name, and the variables of the environment. Words are parted by blanks, parentheses,
-/// full stops, colons and vertical bars; the case of ASCII letters does not count. What stands
-/// before the word stays to the letter. Main thread.
+/// full stops, colons and vertical bars; case does not count. What stands before the word stays to
+/// the letter. Main thread.
 class TOLVAN_API wxtAutoCompleter : public wxTextCompleter
 {
 public:
@@ -19,11 +21,11 @@ public:
     wxString GetNext() override;
 
 private:
-    String   m_Word; ///< In capitals.
+    String   m_Word; ///< Folded.
     wxString m_Prefix;
     /// The next entry of the vocabulary to offer, and the vocabulary's end.
     /// @{
-    const String* m_Next = nullptr;
-    const String* m_End = nullptr;
+    const _VocabularyWord* m_Next = nullptr;
+    const _VocabularyWord* m_End = nullptr;
     /// @}
 };

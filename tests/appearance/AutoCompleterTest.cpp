@@ -56,14 +56,15 @@ String Proposals(wxtAutoCompleter& completer, const wxString& text)
 
 TEST(VocabularyTest, OrdersWithoutCaseAndKeepsTheFirstOfEachWord)
 {
-    const _Vocabulary words({"beta", "Alpha", "ALPHA", "alp", "al_", "Beta", "\xc3\xa4"});
-    String            all;
-    for (const String* word = words.LowerBound(""); word != words.End(); ++word)
+    const _Vocabulary words(
+        {"beta", "Alpha", "ALPHA", "alp", "al_", "Beta", "\xc3\xa4", "\xc3\x84"});
+    String all;
+    for (const auto* word = words.LowerBound(""); word != words.End(); ++word)
     {
-        all += *word + " ";
+        all += word->text + " ";
     }
     EXPECT_EQ("al_ alp Alpha beta \xc3\xa4 ", all);
-    EXPECT_EQ("Alpha", *words.LowerBound("ALPH"));
+    EXPECT_EQ("Alpha", words.LowerBound("alph")->text);
     EXPECT_EQ(words.End(), words.LowerBound("\xff"));
 }
 
@@ -88,6 +89,8 @@ TEST(AutoCompleterTest, CompletesTheLastWordAndKeepsWhatStandsBefore)
                "e,zzHigh,zzLow,zzOutput,zzShared"},
         {"zzgr\xc3\xb6", "zzGr\xc3\xb6\xc3\x9f"
                          "e"},
+        {"zzGR\xc3\x96", "zzGr\xc3\xb6\xc3\x9f"
+                         "e"}, // no ASCII either
         {"no such word", ""},
     };
     wxtAutoCompleter completer;
