@@ -2,6 +2,7 @@
 
 #include "appearance/_InputColors.h"
 #include "appearance/_ItemDrawing.h"
+#include "appearance/_ListKeys.h"
 #include "appearance/_Port.h"
 #include "appearance/wxTolvanColors.h"
 #include "vesta/CallEntry.h"
@@ -9,6 +10,7 @@
 #include <wx/dc.h>
 #include <wx/renderer.h>
 #include <wx/settings.h>
+#include <wx/weakref.h>
 
 #include <algorithm>
 
@@ -80,15 +82,15 @@ wxtCheckListBox::~wxtCheckListBox()
 
 bool wxtCheckListBox::IsChecked(unsigned int item) const
 {
-    return item < GetCount() && m_Items[item].checked;
+    return item < GetCount() && m_Items[item]->checked;
 }
 
 void wxtCheckListBox::Check(unsigned int item, bool check)
 {
     CALL_ENTRY("wxtCheckListBox::Check");
-    if (item < GetCount() && m_Items[item].checked != check)
+    if (item < GetCount() && m_Items[item]->checked != check)
     {
-        m_Items[item].checked = check;
+        m_Items[item]->checked = check;
         RefreshRow(item);
     }
 }
@@ -98,7 +100,7 @@ unsigned int wxtCheckListBox::GetCheckedItems(wxArrayInt& checked) const
     checked.clear();
     for (unsigned i = 0; i < GetCount(); ++i)
     {
-        if (m_Items[i].checked)
+        if (m_Items[i]->checked)
         {
             checked.push_back(static_cast<int>(i));
         }
@@ -108,7 +110,7 @@ unsigned int wxtCheckListBox::GetCheckedItems(wxArrayInt& checked) const
 
 wxString wxtCheckListBox::GetString(unsigned int item) const
 {
-    return item < GetCount() ? m_Items[item].text : wxString();
+    return item < GetCount() ? m_Items[item]->text : wxString();
 }
 
 void wxtCheckListBox::SetString(unsigned int item, const wxString& text)
@@ -116,7 +118,7 @@ void wxtCheckListBox::SetString(unsigned int item, const wxString& text)
     CALL_ENTRY("wxtCheckListBox::SetString");
     if (item < GetCount())
     {
-        m_Items[item].text = text;
+        m_Items[item]->text = text;
         RefreshRow(item);
     }
 }
@@ -133,10 +135,9 @@ void wxtCheckListBox::SetSelection(int item)
 void wxtCheckListBox::EnsureVisible(int item)
 {
     CALL_ENTRY("wxtCheckListBox::EnsureVisible");
-    if (item >= 0 && item < static_cast<int>(GetCount()) &&
-        !IsRowVisible(static_cast<size_t>(item)))
+    if (item < static_cast<int>(GetCount()))
     {
-        ScrollToRow(static_cast<size_t>(item));
+        _ShowRow(*this, item, PageRows());
     }
 }
 
@@ -149,8 +150,8 @@ wxRect wxtCheckListBox::GetBoxRect(unsigned int item) const
 // Where a text goes in a sorted list: after those that are equal to it.
 unsigned wxtCheckListBox::Place(const wxString& text) const
 {
-    const auto before = [](const wxString& wanted, const Item& item)
-    { return wanted.CmpNoCase(item.text) < 0; };
+    const auto before = [](const wxString& wanted, const std::unique_ptr<Item>& item)
+    { return wanted.CmpNoCase(item->text) < 0; };
     const auto place = std::upper_bound(m_Items.begin(), m_Items.end(), text, before);
     return static_cast<unsigned>(place - m_Items.begin());
 }
@@ -164,26 +165,37 @@ int wxtCheckListBox::DoInsertItems(const wxArrayStringsAdapter& items, unsigned 
     for (unsigned i = 0; i < items.GetCount(); ++i)
     {
         const unsigned place = IsSorted() ? Place(items[i]) : position + i;
-        m_Items.insert(m_Items.begin() + place, Item{items[i]});
+        m_Items.insert(m_Items.begin() + place, std::make_unique<Item>(items[i]));
         AssignNewItemClientData(place, clientData, i, type);
         last = static_cast<int>(place);
         selection += selection >= last;
     }
+    Recount(selection);
+    return last;
+}
+
+// The items have become more or less: the list shows them from the same place on.
+void wxtCheckListBox::Recount(int selection)
+{
+    const size_t first = GetVisibleRowsBegin();
     SetItemCount(GetCount());
-    wxVListBox::SetSelection(selection);
+    if (selection != GetSelection())
+    {
+        wxVListBox::SetSelection(selection);
+        ScrollToRow(first);
+    }
     InvalidateBestSize();
     Refresh();
-    return last;
 }
 
 void wxtCheckListBox::DoSetItemClientData(unsigned int item, void* data)
 {
-    m_Items[item].data = data;
+    m_Items[item]->data = data;
 }
 
 void* wxtCheckListBox::DoGetItemClientData(unsigned int item) const
 {
-    return m_Items[item].data;
+    return m_Items[item]->data;
 }
 
 void wxtCheckListBox::DoClear()
@@ -200,13 +212,8 @@ void wxtCheckListBox::DoDeleteOneItem(unsigned int item)
     CALL_ENTRY("wxtCheckListBox::DoDeleteOneItem");
     const int deleted = static_cast<int>(item);
     const int selection = GetSelection();
-    wxVListBox::SetSelection(wxNOT_FOUND);
     m_Items.erase(m_Items.begin() + item);
-    SetItemCount(GetCount());
-    wxVListBox::SetSelection(selection == deleted ? wxNOT_FOUND
-                                                  : selection - (selection > deleted));
-    InvalidateBestSize();
-    Refresh();
+    Recount(selection == deleted ? wxNOT_FOUND : selection - (selection > deleted));
 }
 
 _ItemLook wxtCheckListBox::LookOf(size_t item) const
@@ -227,19 +234,33 @@ void wxtCheckListBox::OnDrawBackground(wxDC& dc, const wxRect& rect, size_t item
 void wxtCheckListBox::OnDrawItem(wxDC& dc, const wxRect& rect, size_t item) const
 {
     const wxRect box = BoxIn(rect);
-    const int    flags = (m_Items[item].checked ? int(wxCONTROL_CHECKED) : 0) |
+    const int    flags = (m_Items[item]->checked ? int(wxCONTROL_CHECKED) : 0) |
                       (IsEnabled() ? 0 : int(wxCONTROL_DISABLED));
     wxRendererNative::Get().DrawCheckBox(const_cast<wxtCheckListBox*>(this), dc, box, flags);
     wxRect text = rect;
     text.SetLeft(box.GetRight() + kBoxMargin);
     text.width = rect.GetRight() - text.x + 1;
     dc.SetFont(GetFont());
-    _DrawItemText(dc, text, m_Items[item].text, LookOf(item).ink);
+    _DrawItemText(dc, text, m_Items[item]->text, LookOf(item).ink);
 }
 
 wxCoord wxtCheckListBox::OnMeasureItem(size_t) const
 {
-    return _ItemHeight(*this);
+    // Finding it takes the toolkit long, and it asks with every item that comes.
+    m_ItemHeight = m_ItemHeight ? m_ItemHeight : _ItemHeight(*this);
+    return m_ItemHeight;
+}
+
+bool wxtCheckListBox::SetFont(const wxFont& font)
+{
+    m_ItemHeight = 0;
+    return wxVListBox::SetFont(font);
+}
+
+// Those that are wholly seen.
+int wxtCheckListBox::PageRows() const
+{
+    return std::max(1, GetClientSize().y / OnMeasureItem(0));
 }
 
 void wxtCheckListBox::InitEvent(wxCommandEvent& event, int item)
@@ -250,7 +271,7 @@ void wxtCheckListBox::InitEvent(wxCommandEvent& event, int item)
         return;
     }
     const unsigned index = static_cast<unsigned>(item);
-    event.SetString(m_Items[index].text);
+    event.SetString(m_Items[index]->text);
     if (HasClientObjectData())
     {
         event.SetClientObject(wxItemContainer::GetClientObject(index));
@@ -265,14 +286,14 @@ wxSize wxtCheckListBox::DoGetBestClientSize() const
 {
     int       width = kMinimumWidth;
     const int charWidth = GetCharWidth();
-    for (const Item& item : m_Items)
+    for (const auto& item : m_Items)
     {
         width = std::max(width, GetCount() <= kMeasuredItems
-                                    ? _ItemTextWidth(*this, item.text)
-                                    : _GuessedTextWidth(charWidth, item.text.length()));
+                                    ? _ItemTextWidth(*this, item->text)
+                                    : _GuessedTextWidth(charWidth, item->text.length()));
     }
     const int rows = std::max(1, std::min(static_cast<int>(GetCount()), kBestRows));
-    const int height = _ItemHeight(*this);
+    const int height = OnMeasureItem(0);
     return wxSize(width + height + wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this),
                   rows * height);
 }
@@ -310,9 +331,13 @@ void wxtCheckListBox::Click(wxMouseEvent& event)
         return;
     }
     // The second click of two quick ones on a box counts as a click, not as a choice of the item.
+    const wxWeakRef<wxWindow> self(this);
     SetFocus();
-    SetSelection(item);
     Toggle(item);
+    if (self && item < static_cast<int>(GetCount()))
+    {
+        MoveSelection(item);
+    }
 }
 
 bool wxtCheckListBox::IsTyping() const
@@ -323,7 +348,13 @@ bool wxtCheckListBox::IsTyping() const
 void wxtCheckListBox::Key(wxKeyEvent& event)
 {
     CALL_ENTRY("wxtCheckListBox::Key");
-    if (event.GetKeyCode() != WXK_SPACE || event.HasModifiers())
+    const auto row =
+        _RowForKey(event.GetKeyCode(), GetSelection(), static_cast<int>(GetCount()), PageRows());
+    if (row && !event.AltDown())
+    {
+        MoveSelection(*row);
+    }
+    else if (event.GetKeyCode() != WXK_SPACE || event.HasModifiers())
     {
         event.Skip();
     }
@@ -335,6 +366,7 @@ void wxtCheckListBox::Key(wxKeyEvent& event)
 
 void wxtCheckListBox::MoveSelection(int item)
 {
+    EnsureVisible(item);
     if (item != wxNOT_FOUND && item != GetSelection())
     {
         SetSelection(item);
@@ -362,5 +394,5 @@ void wxtCheckListBox::Type(wxChar character)
     const int start = std::max(0, GetSelection() + (m_Typed.length() == 1 ? 1 : 0));
     const int count = static_cast<int>(GetCount());
     MoveSelection(_FindByStart(m_Typed, start, count,
-                               [this](int item) { return m_Items[size_t(item)].text; }));
+                               [this](int item) { return m_Items[size_t(item)]->text; }));
 }

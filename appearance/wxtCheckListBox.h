@@ -10,6 +10,7 @@
 #include <wx/time.h>
 #include <wx/vlbox.h>
 
+#include <memory>
 #include <vector>
 
 struct _ItemLook;
@@ -60,7 +61,8 @@ public:
     void Clear() override { wxItemContainer::Clear(); }
     void EnsureVisible(int item);
     /// The item at a place of the client area; `wxNOT_FOUND` for none.
-    int HitTest(const wxPoint& point) const { return VirtualHitTest(point.y); }
+    int  HitTest(const wxPoint& point) const { return VirtualHitTest(point.y); }
+    bool SetFont(const wxFont& font) override;
     /// @}
 
     /// The box of a visible item, client coordinates; empty for any other.
@@ -85,6 +87,8 @@ protected:
 private:
     struct Item
     {
+        explicit Item(const wxString& itsText) : text(itsText) {}
+
         wxString text;
         void*    data = nullptr; ///< A `wxClientData` when the list's data are objects.
         bool     checked = false;
@@ -97,13 +101,16 @@ private:
     void      Toggle(int item);
     _ItemLook LookOf(size_t item) const;
     unsigned  Place(const wxString& text) const;
+    void      Recount(int selection);
+    int       PageRows() const;
     void      MoveSelection(int item);
     bool      IsTyping() const;
     void      Type(wxChar character);
 
-    std::vector<Item> m_Items;
-    wxString          m_Typed; ///< So far, of how an item begins.
-    wxMilliClock_t    m_TypedAt = 0;
+    std::vector<std::unique_ptr<Item>> m_Items;          ///< Pointers are moved faster than texts.
+    mutable int                        m_ItemHeight = 0; ///< Pixels; 0 before it is asked for.
+    wxString                           m_Typed;          ///< So far, of how an item begins.
+    wxMilliClock_t                     m_TypedAt = 0;
 
     wxDECLARE_EVENT_TABLE();
 };

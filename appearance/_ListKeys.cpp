@@ -1,0 +1,51 @@
+#include "appearance/_ListKeys.h"
+
+#include <wx/defs.h>
+#include <wx/vlbox.h>
+
+#include <algorithm>
+
+std::optional<int> _RowForKey(int key, int selected, int rows, int page)
+{
+    int row = selected;
+    switch (key)
+    {
+    case WXK_HOME:
+    case WXK_NUMPAD_HOME:
+        row = 0;
+        break;
+    case WXK_END:
+    case WXK_NUMPAD_END:
+        row = rows - 1;
+        break;
+    case WXK_DOWN:
+    case WXK_NUMPAD_DOWN:
+        row += 1;
+        break;
+    case WXK_UP:
+    case WXK_NUMPAD_UP:
+        row = selected < 0 ? rows - 1 : row - 1;
+        break;
+    case WXK_PAGEDOWN:
+    case WXK_NUMPAD_PAGEDOWN:
+        row += std::max(page, 1);
+        break;
+    case WXK_PAGEUP:
+    case WXK_NUMPAD_PAGEUP:
+        row -= std::max(page, 1);
+        break;
+    default:
+        return std::nullopt;
+    }
+    return std::min(std::max(row, 0), rows - 1);
+}
+
+void _ShowRow(wxVListBox& list, int row, int page)
+{
+    const int first = static_cast<int>(list.GetVisibleRowsBegin());
+    const int wanted = std::max(std::min(first, row), row - std::max(page, 1) + 1);
+    if (row >= 0 && wanted != first)
+    {
+        list.ScrollToRow(static_cast<size_t>(wanted));
+    }
+}

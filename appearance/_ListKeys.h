@@ -1,0 +1,15 @@
+#pragma once
+
+#include "vesta/Export.h"
+
+#include <optional>
+
+class wxVListBox;
+
+/// Where a key takes the selection of a list of `rows` rows, `page` of which are seen at a time.
+/// `selected`: the row that is, or -1. Nothing: no key that moves the selection; -1: there are no
+/// rows.
+TOLVAN_API std::optional<int> _RowForKey(int key, int selected, int rows, int page);
+
+/// Scrolls as little as needed for a row to be wholly seen; -1 scrolls nothing.
+TOLVAN_API void _ShowRow(wxVListBox& list, int row, int page);
