@@ -74,6 +74,12 @@ wxtTextCtrl::wxtTextCtrl(wxWindow* parent, wxWindowID id, const wxString& value,
     }
 }
 
+// The list of completions, if it is open, tells the field of its end, which must be whole then.
+wxtTextCtrl::~wxtTextCtrl()
+{
+    AutoComplete(nullptr);
+}
+
 // A field without a border has none around its text either.
 void wxtTextCtrl::GiveRoom(const wxSize& size)
 {
@@ -92,6 +98,13 @@ void wxtTextCtrl::KeyForCompletions(wxKeyEvent& event)
         event.StopPropagation(); // it is for the list
         event.Skip();
         m_Choosing = false;
+        return;
+    }
+    if (open && key == WXK_TAB)
+    {
+        // The list closes when the field loses the keyboard.
+        Navigate(event.ShiftDown() ? wxNavigationKeyEvent::IsBackward
+                                   : wxNavigationKeyEvent::IsForward);
         return;
     }
     m_Choosing =

@@ -9,8 +9,8 @@
 /// A field of one line that is neither read-only, rich nor a password
 /// completes words (see `wxtAutoCompleter`), unless the options say no: `AutoComplete(nullptr)`
 /// takes that away. While the list of completions is open, Esc closes it and Enter takes what was
-/// chosen there, before a dialog hears of either. Everything else, events and validators included,
-/// is the stock field's. Main thread.
+/// chosen there, before a dialog hears of either; Tab closes it and goes on to the next control.
+/// Everything else, events and validators included, is the stock field's. Main thread.
 class TOLVAN_API wxtTextCtrl : public wxTextCtrl, public wxtColorManaged
 {
 public:
@@ -19,6 +19,7 @@ public:
                 const wxPoint& position = wxDefaultPosition, const wxSize& size = wxDefaultSize,
                 long style = 0, const wxValidator& validator = wxDefaultValidator,
                 const wxString& name = wxASCII_STR(wxTextCtrlNameStr));
+    ~wxtTextCtrl() override;
 
 protected:
     void DoEnable(bool enabled) override;

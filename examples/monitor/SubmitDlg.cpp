@@ -101,6 +101,7 @@ void SubmitDlg::BuildHead(wxBoxSizer& sizer)
     m_Description = NewOneLine(color_TextGrey);
     grid->Add(m_Description, 0, wxEXPAND);
     m_Name = new wxtTextCtrl(this, wxID_ANY);
+    m_Name->AutoComplete(nullptr); // a name is no word of the farm's
     AddHeadRow(*this, *grid, wxGetTranslation("Name"), m_Name);
     m_Priority = new wxtTextCtrl(this, wxID_ANY);
     m_Priority->SetToolTip(
