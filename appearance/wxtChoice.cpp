@@ -2,6 +2,8 @@
 
 #include "vesta/CallEntry.h"
 
+#include <wx/weakref.h>
+
 // clang-format off
 wxBEGIN_EVENT_TABLE(wxtChoice, wxtComboBox)
     EVT_COMBOBOX(wxID_ANY, wxtChoice::TellAsChoice)
@@ -27,8 +29,9 @@ wxtChoice::wxtChoice(wxWindow* parent, wxWindowID id, const wxPoint& position, c
 void wxtChoice::TellAsChoice(wxCommandEvent& event)
 {
     CALL_ENTRY("wxtChoice::TellAsChoice");
-    event.Skip();
-    wxCommandEvent choice(event);
+    const wxWeakRef<wxtChoice> self(this);
+    wxCommandEvent             choice(event);
     choice.SetEventType(wxEVT_CHOICE);
     ProcessWindowEvent(choice);
+    event.Skip(self); // unless the handler has taken the control away
 }

@@ -1,5 +1,6 @@
 #include "appearance/wxtComboBox.h"
 
+#include "appearance/_ComboList.h"
 #include "appearance/_InputColors.h"
 #include "appearance/_ItemDrawing.h"
 #include "appearance/_Port.h"
@@ -9,6 +10,7 @@
 #include <wx/dc.h>
 #include <wx/renderer.h>
 #include <wx/textctrl.h>
+#include <wx/weakref.h>
 
 #include <algorithm>
 
@@ -18,11 +20,17 @@ constexpr int          kButtonWidth = 16;    // pixels
 constexpr int          kOverText = 6;        // pixels, of the height
 constexpr int          kArrowHeight = 22;    // pixels, of what the arrow is drawn into
 constexpr unsigned int kMeasuredItems = 200; // more of them are not measured one by one
+constexpr long         kPosted = 1;          // marks an event that comes from the queue
 } // namespace
 
 // clang-format off
 wxBEGIN_EVENT_TABLE(wxtComboBox, wxOwnerDrawnComboBox)
     EVT_LISTBOX(wxID_ANY, wxtComboBox::KeepListEvent)
+    EVT_LISTBOX_DCLICK(wxID_ANY, wxtComboBox::KeepListEvent)
+    EVT_COMBOBOX_CLOSEUP(wxID_ANY, wxtComboBox::PostClosing)
+    EVT_LEFT_DOWN(wxtComboBox::Press)
+    EVT_LEFT_DCLICK(wxtComboBox::Press)
+    EVT_IDLE(wxtComboBox::CloseUnseen)
     EVT_CHAR_HOOK(wxtComboBox::KeyForList)
 wxEND_EVENT_TABLE()
 // clang-format on
@@ -32,9 +40,17 @@ wxtComboBox::wxtComboBox(wxWindow* parent, wxWindowID id, const wxString& value,
                          long style, const wxValidator& validator, const wxString& name)
 {
     CALL_ENTRY("wxtComboBox::wxtComboBox");
-    // As in the stock control, a text that is none of the items is not shown where one can only
-    // choose.
-    Create(parent, id, value, position, size, choices, _FlatStyle(style), validator, name);
+    Create(parent, id, wxEmptyString, position, size, _FlatStyle(style), validator, name);
+    EnsurePopupControl();
+    if (!choices.empty())
+    {
+        Append(choices);
+    }
+    ChangeValue(value);
+    if (m_text)
+    {
+        m_text->Bind(wxEVT_TEXT_MAXLEN, &wxtComboBox::TellOfLength, this);
+    }
     SetFont(GetFont());
     SetButtonPosition(kButtonWidth);
     Manage(this);
@@ -53,6 +69,155 @@ wxtComboBox::wxtComboBox(wxWindow* parent, wxWindowID id, const wxString& value,
                   wxArrayString(static_cast<size_t>(std::max(count, 0)), choices), style, validator,
                   name)
 {
+}
+
+// While it is whole.
+wxtComboBox::~wxtComboBox()
+{
+    HidePopup(false);
+}
+
+void wxtComboBox::DoSetPopupControl(wxComboPopup* popup)
+{
+    wxOwnerDrawnComboBox::DoSetPopupControl(popup ? popup : new _ComboList);
+}
+
+int wxtComboBox::DoInsertItems(const wxArrayStringsAdapter& items, unsigned int position,
+                               void** clientData, wxClientDataType type)
+{
+    CALL_ENTRY("wxtComboBox::DoInsertItems");
+    auto& list = *static_cast<_ComboList*>(GetPopupControl());
+    int   last = wxNOT_FOUND;
+    for (unsigned i = 0; i < items.GetCount(); ++i)
+    {
+        last = HasFlag(wxCB_SORT) ? list.PlaceOf(items[i]) : static_cast<int>(position + i);
+        list.Put(items[i], last);
+        AssignNewItemClientData(static_cast<unsigned>(last), clientData, i, type);
+    }
+    InvalidateBestSize();
+    return last;
+}
+
+int wxtComboBox::GetSelection() const
+{
+    const int  item = wxOwnerDrawnComboBox::GetSelection();
+    const bool isShown =
+        !m_text || (item >= 0 && GetString(static_cast<unsigned>(item)) == m_text->GetValue());
+    return isShown ? item : wxNOT_FOUND;
+}
+
+void wxtComboBox::GetSelection(long* from, long* to) const
+{
+    wxOwnerDrawnComboBox::GetSelection(from, to);
+}
+
+void wxtComboBox::SetMaxLength(unsigned long characters)
+{
+    CALL_ENTRY("wxtComboBox::SetMaxLength");
+    if (m_text)
+    {
+        m_text->SetMaxLength(characters);
+    }
+}
+
+void wxtComboBox::ForceUpper()
+{
+    CALL_ENTRY("wxtComboBox::ForceUpper");
+    if (m_text)
+    {
+        m_text->ForceUpper();
+    }
+}
+
+// The field's event, as the control's own.
+void wxtComboBox::TellOfLength(wxCommandEvent& event)
+{
+    wxCommandEvent own(event);
+    own.SetId(GetId());
+    own.SetEventObject(this);
+    ProcessWindowEvent(own);
+}
+
+bool wxtComboBox::Show(bool show)
+{
+    if (!show)
+    {
+        HidePopup(true);
+    }
+    return wxOwnerDrawnComboBox::Show(show);
+}
+
+// A page, or a window, that goes takes the list with it.
+void wxtComboBox::CloseUnseen(wxIdleEvent& event)
+{
+    event.Skip();
+    if (IsPopupShown() && !IsShownOnScreen())
+    {
+        HidePopup(true);
+    }
+}
+
+bool wxtComboBox::IsKeyPopupToggle(const wxKeyEvent& event) const
+{
+    const int key = event.GetKeyCode();
+    return key == WXK_F4 || (key == WXK_ESCAPE && IsPopupShown()) ||
+           (event.AltDown() && (key == WXK_DOWN || key == WXK_UP));
+}
+
+// The host's handler, which may fill the list, may also take the control away.
+void wxtComboBox::Popup()
+{
+    CALL_ENTRY("wxtComboBox::Popup");
+    const wxWeakRef<wxtComboBox> self(this);
+    wxCommandEvent               event(wxEVT_COMBOBOX_DROPDOWN, GetId());
+    event.SetEventObject(this);
+    HandleWindowEvent(event);
+    if (self && IsEnabled() && IsShownOnScreen() && !IsPopupShown())
+    {
+        ShowPopup();
+    }
+}
+
+// Unlike the toolkit's it leaves the text alone.
+void wxtComboBox::HidePopup(bool generateEvent)
+{
+    CALL_ENTRY("wxtComboBox::HidePopup");
+    if (GetPopupWindowState() >= Animating)
+    {
+        m_popupWinState = Closing;
+        m_winPopup->Hide();
+        OnPopupDismiss(generateEvent);
+    }
+}
+
+// The list is still at work when it tells that it closes, and a handler may destroy the control.
+void wxtComboBox::PostClosing(wxCommandEvent& event)
+{
+    if (event.GetExtraLong() == kPosted)
+    {
+        event.Skip();
+        return;
+    }
+    wxCommandEvent posted(event);
+    posted.SetExtraLong(kPosted);
+    AddPendingEvent(posted);
+}
+
+// In place of the toolkit's, which goes on with the control after the list's handler has run.
+void wxtComboBox::Press(wxMouseEvent& event)
+{
+    CALL_ENTRY("wxtComboBox::Press");
+    const bool opens = HasFlag(wxCB_READONLY) || m_btnArea.Contains(event.GetPosition());
+    if (!opens)
+    {
+        event.Skip();
+    }
+    else if (!PreprocessMouseEvent(event, 0))
+    {
+        m_btnState |= wxCONTROL_PRESSED;
+        Refresh();
+        OnButtonClick();
+    }
 }
 
 // The list's own: it tells nobody but the control where it moves.
@@ -82,6 +247,10 @@ void wxtComboBox::OnThemeChange()
 
 void wxtComboBox::DoEnable(bool enabled)
 {
+    if (!enabled)
+    {
+        HidePopup(true);
+    }
     wxOwnerDrawnComboBox::DoEnable(enabled);
     RefreshColors();
     ColourParts();

@@ -11,11 +11,13 @@ struct _ItemLook;
 /// A text field with a drop-down list of proposals, in the colours of the scheme: a stand-in for
 /// the stock `wxComboBox`, with its events (`wxEVT_TEXT`, `wxEVT_TEXT_ENTER` with
 /// `wxTE_PROCESS_ENTER`, `wxEVT_COMBOBOX` and those of the list that opens and closes), hints,
-/// client data and validators. With `wxCB_READONLY` it only lets choose. F4, Alt+Down and Alt+Up
-/// open and close the list, the arrow keys and the wheel choose without opening it, and so does
-/// typing how an item begins in a read-only one. Flat, with the themed drop button; the list is
-/// drawn the same way and follows the scheme even while it is open. An item is shown on one line,
-/// whatever it holds, and shortened where it is too long. Main thread.
+/// client data and validators. With `wxCB_READONLY` it only lets choose: a text that is none of the
+/// items is not taken. F4, Alt+Down and Alt+Up open and close the list, the arrow keys and the
+/// wheel choose without opening it, and so does typing how an item begins in a read-only one. In
+/// the open list Enter and a click choose, Tab does so and goes on, and Esc leaves everything as it
+/// was. A handler may destroy the control. Flat, with the themed drop button; the list is drawn the
+/// same way and follows the scheme even while it is open. An item is shown on one line, whatever it
+/// holds, and shortened where it is too long. Main thread.
 class TOLVAN_API wxtComboBox : public wxOwnerDrawnComboBox, public wxtColorManaged
 {
 public:
@@ -33,6 +35,11 @@ public:
                 const wxValidator& validator = wxDefaultValidator,
                 const wxString&    name = wxASCII_STR(wxComboBoxNameStr));
     /// @}
+    ~wxtComboBox() override;
+
+    /// The item whose text is shown; `wxNOT_FOUND` where the user has typed something else.
+    int  GetSelection() const override;
+    void GetSelection(long* from, long* to) const override;
 
     /// By the names that the stock controls have for them: the selected item and its text.
     /// @{
@@ -41,10 +48,22 @@ public:
     /// @}
 
     bool SetFont(const wxFont& font) override;
+    bool Show(bool show = true) override;
+    /// Of the text, characters; 0 for any. Too long a one is told with `wxEVT_TEXT_MAXLEN`.
+    void SetMaxLength(unsigned long characters) override;
+    void ForceUpper() override;
+
+    void Popup() override;
+    void HidePopup(bool generateEvent = false) override;
+    bool IsKeyPopupToggle(const wxKeyEvent& event) const override;
 
     void PrepareBackground(wxDC& dc, const wxRect& rect, int flags) const override;
 
 protected:
+    int  DoInsertItems(const wxArrayStringsAdapter& items, unsigned int position, void** clientData,
+                       wxClientDataType type) override;
+    void DoSetPopupControl(wxComboPopup* popup) override;
+
     void    OnThemeChange() override;
     void    DrawButton(wxDC& dc, const wxRect& rect, int flags) override;
     void    OnDrawBackground(wxDC& dc, const wxRect& rect, int item, int flags) const override;
@@ -60,6 +79,10 @@ private:
     _ItemLook LookOf(int item, int flags) const;
     void      ColourParts();
     void      KeepListEvent(wxCommandEvent& event);
+    void      PostClosing(wxCommandEvent& event);
+    void      TellOfLength(wxCommandEvent& event);
+    void      Press(wxMouseEvent& event);
+    void      CloseUnseen(wxIdleEvent& event);
     void      KeyForList(wxKeyEvent& event);
 
     /// Of the font, pixels; 0 before they are asked for. Finding them takes the toolkit long.

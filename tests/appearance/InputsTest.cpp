@@ -1,70 +1,14 @@
+#include "tests/appearance/InputsTest.h"
 #include "appearance/_PortStyle.h"
-#include "appearance/wxTolvanColors.h"
 #include "appearance/wxtCheckListBox.h"
-#include "appearance/wxtChoice.h"
 #include "appearance/wxtGenericValidator.h"
 #include "appearance/wxtTextCtrl.h"
 #include "tests/support/EventCounter.h"
-#include "tests/support/FrameTest.h"
 #include "tests/support/Pictures.h"
 #include "tests/support/TestApp.h"
 #include "tolvan/ClientOptions.h"
 
-#include <wx/uiaction.h>
-
-namespace
-{
-// Counts those that are alive.
-class Counted : public wxClientData
-{
-public:
-    Counted() { ++s_Alive; }
-    ~Counted() override { --s_Alive; }
-    static int s_Alive;
-};
-int Counted::s_Alive = 0;
-
-class InputsTest : public FrameTest
-{
-protected:
-    InputsTest() : m_Panel(new wxtPanel(Frame())) { m_Panel->SetSize(Frame()->GetClientSize()); }
-
-    static wxArrayString Items()
-    {
-        wxArrayString items;
-        items.Add("Alpha");
-        items.Add("beta");
-        items.Add("bravo");
-        items.Add("two\nlines\tand & more");
-        items.Add(wxString('W', 10000));
-        return items;
-    }
-    wxtChoice* AddChoice()
-    {
-        return new wxtChoice(m_Panel, wxID_ANY, wxPoint(10, 10), wxSize(200, 24), Items());
-    }
-    void Focus(wxWindow* window)
-    {
-        window->SetFocus();
-        ASSERT_TRUE(WaitFor([=] { return window->HasFocus(); }));
-        PumpEvents();
-    }
-    void Press(int key, int modifiers = 0)
-    {
-        m_Input.Char(key, modifiers);
-        PumpEvents();
-    }
-    static void SwitchTo(int scheme, wxWindow* top)
-    {
-        SetColors(scheme);
-        wxSysColourChangedEvent event;
-        top->ProcessWindowEvent(event);
-    }
-
-    wxUIActionSimulator m_Input;
-    wxtPanel*           m_Panel;
-};
-} // namespace
+#include <tuple>
 
 TEST_F(InputsTest, FieldCompletesWhatIsTypedAndTellsOfEachChange)
 {
@@ -86,6 +30,25 @@ TEST_F(InputsTest, FieldCompletesWhatIsTypedAndTellsOfEachChange)
     };
     EXPECT_TRUE(WaitFor(taken)) << field->GetValue();
     EXPECT_TRUE(WaitFor([] { return !_CompletionsAreOpen(); })) << "nothing is left to complete";
+}
+
+TEST_F(InputsTest, TabLeavesAFieldWhoseCompletionsAreOpen)
+{
+    auto* const field = new wxtTextCtrl(m_Panel, wxID_ANY, "", wxPoint(10, 10), wxSize(200, -1));
+    auto* const next = new wxtTextCtrl(m_Panel, wxID_ANY, "", wxPoint(10, 60), wxSize(200, -1));
+    for (const auto& [from, to, modifiers] :
+         {std::make_tuple(field, next, 0), std::make_tuple(next, field, int{wxMOD_SHIFT})})
+    {
+        Focus(from);
+        const auto opened = [&, from = from]
+        {
+            Press('O');
+            return WaitFor(_CompletionsAreOpen, 500);
+        };
+        ASSERT_TRUE(WaitFor(opened));
+        Press(WXK_TAB, modifiers);
+        EXPECT_TRUE(WaitFor([to = to] { return to->HasFocus() && !_CompletionsAreOpen(); }));
+    }
 }
 
 TEST_F(InputsTest, FieldCompletesNothingWhereStyleOrOptionsForbid)
@@ -142,71 +105,61 @@ TEST_F(InputsTest, EveryStateHasTheColoursOfTheScheme)
     }
 }
 
-TEST_F(InputsTest, OpenListFollowsTheScheme)
+TEST_F(InputsTest, CheckListMovesAndTellsAsTheStockOne)
 {
-    auto* const choice = AddChoice();
-    Focus(choice);
-    Press(WXK_F4);
-    ASSERT_TRUE(WaitFor([=] { return choice->IsPopupShown(); }));
-    wxWindow* const list = choice->GetPopupControl()->GetControl();
-    for (const int scheme : {scheme_Dark, scheme_Light})
+    auto* const  empty = new wxtCheckListBox(m_Panel, wxID_ANY, wxPoint(10, 10), wxSize(200, 40));
+    auto* const  list = new wxtCheckListBox(m_Panel, wxID_ANY, wxPoint(10, 60), wxSize(200, 100));
+    EventCounter checks(m_Panel, wxEVT_CHECKLISTBOX);
+    EventCounter selections(m_Panel, wxEVT_LISTBOX);
+    const int keys[] = {WXK_HOME, WXK_END, WXK_PAGEUP, WXK_PAGEDOWN, WXK_UP, WXK_DOWN, WXK_SPACE};
+    Focus(empty);
+    for (const int key : keys)
     {
-        SwitchTo(scheme, Frame());
-        const wxColour ground = wxtGetColor(color_WindowBGLighter);
-        const int      below = choice->GetCharHeight() * 2; // in the second item
-        EXPECT_TRUE(WaitFor([&] { return PixelAt(PictureOf(list), 150, below) == ground; }))
-            << scheme << Kept(PictureOf(list), "list");
+        Press(key);
     }
-    Press(WXK_ESCAPE);
-    EXPECT_TRUE(WaitFor([=] { return !choice->IsPopupShown(); }));
-    EXPECT_EQ(wxNOT_FOUND, choice->GetSelection());
-}
+    EXPECT_EQ(wxNOT_FOUND, empty->GetSelection());
+    EXPECT_EQ(0, checks.Count() + selections.Count());
 
-TEST_F(InputsTest, ChoiceIsMadeWithKeysAndMouse)
-{
-    auto* const  choice = AddChoice();
-    EventCounter picks(m_Panel, wxEVT_COMBOBOX);
-    EventCounter choices(m_Panel, wxEVT_CHOICE);
-    choice->SetSelection(0);
-    EXPECT_EQ(0, picks.Count()) << "only the user's choices are told";
-    Focus(choice);
-
-    const auto picked = [&](int item)
-    { return WaitFor([&] { return choice->GetCurrentSelection() == item; }); };
-    Press('B');
-    EXPECT_TRUE(picked(1)) << "by how it begins";
-    Press(WXK_DOWN);
-    EXPECT_TRUE(picked(2));
-    const auto* const last = dynamic_cast<const wxCommandEvent*>(choices.Last());
-    ASSERT_TRUE(last);
-    EXPECT_EQ("bravo", last->GetString());
-    EXPECT_EQ(2, last->GetInt());
-    EXPECT_EQ(picks.Count(), choices.Count());
-
-    Press(WXK_DOWN, wxMOD_ALT);
-    ASSERT_TRUE(WaitFor([=] { return choice->IsPopupShown(); }));
-    Press(WXK_UP);
-    Press(WXK_RETURN);
-    EXPECT_TRUE(picked(1));
-    ASSERT_TRUE(WaitFor([=] { return !choice->IsPopupShown(); }));
-
-    m_Input.MouseMove(choice->GetScreenRect().GetTopLeft() + wxPoint(50, 12));
-    const auto opened = [&]
+    for (int i = 0; i < 30; ++i)
     {
-        m_Input.MouseClick(); // one that comes right after a list has closed does not count
-        return WaitFor([=] { return choice->IsPopupShown(); }, 300);
-    };
-    ASSERT_TRUE(WaitFor(opened));
-    wxWindow* const list = choice->GetPopupControl()->GetControl();
-    const wxRect    place = list->GetScreenRect();
-    const auto      clicked = [&]
+        list->Append(wxString::Format("item %d", i));
+    }
+    const auto click = [&](unsigned item)
     {
-        m_Input.MouseMove(place.GetTopLeft() + wxPoint(51, 8));
-        m_Input.MouseMove(place.GetTopLeft() + wxPoint(50, 8));
+        m_Input.MouseMove(list->ClientToScreen(list->GetBoxRect(item).GetTopLeft()) +
+                          wxPoint(4, 4));
         m_Input.MouseClick();
-        return WaitFor([&] { return choice->GetSelection() == 0; }, 300);
+        PumpEvents();
     };
-    EXPECT_TRUE(WaitFor(clicked));
+    list->SetSelection(0);
+    click(2);
+    EXPECT_TRUE(WaitFor([&] { return selections.Count() == 1 && checks.Count() == 1; }));
+    EXPECT_EQ(2, list->GetSelection());
+    EXPECT_TRUE(list->IsChecked(2));
+    const auto moved = [&](int key, int item)
+    {
+        Press(key);
+        return WaitFor([&] { return list->GetSelection() == item; });
+    };
+    EXPECT_TRUE(moved(WXK_END, 29));
+    Press(WXK_PAGEDOWN);
+    EXPECT_TRUE(moved(WXK_UP, 28)) << "from the last one, where the page ended";
+    EXPECT_TRUE(moved(WXK_HOME, 0));
+    Press(WXK_PAGEDOWN);
+    EXPECT_TRUE(WaitFor([&] { return list->GetSelection() > 1; }));
+    EXPECT_TRUE(moved(WXK_PAGEUP, 0));
+    // What the user looks at stays where it is when items come and go above or below.
+    list->EnsureVisible(29);
+    const size_t first = list->GetVisibleRowsBegin();
+    list->Append("more");
+    list->Delete(29);
+    EXPECT_EQ(first, list->GetVisibleRowsBegin());
+    EXPECT_EQ(0, list->GetSelection());
+    // A handler may take the list away.
+    const wxWeakRef<wxWindow> left(list);
+    list->Bind(wxEVT_CHECKLISTBOX, [list](wxCommandEvent&) { list->Destroy(); });
+    click(static_cast<unsigned>(first));
+    EXPECT_TRUE(WaitFor([&] { return !left; }));
 }
 
 TEST_F(InputsTest, CheckListTogglesByBoxAndBlankAndFindsWhatIsTyped)

@@ -1,0 +1,253 @@
+#include "appearance/_PortStyle.h"
+#include "appearance/wxtTextCtrl.h"
+#include "tests/appearance/InputsTest.h"
+#include "tests/support/EventCounter.h"
+#include "tests/support/Pictures.h"
+
+TEST_F(InputsTest, OpenListFollowsTheScheme)
+{
+    auto* const choice = AddChoice();
+    Focus(choice);
+    Press(WXK_F4);
+    ASSERT_TRUE(WaitFor([=] { return choice->IsPopupShown(); }));
+    wxWindow* const list = choice->GetPopupControl()->GetControl();
+    for (const int scheme : {scheme_Dark, scheme_Light})
+    {
+        SwitchTo(scheme, Frame());
+        const wxColour ground = wxtGetColor(color_WindowBGLighter);
+        const int      below = choice->GetCharHeight() * 2; // in the second item
+        EXPECT_TRUE(WaitFor([&] { return PixelAt(PictureOf(list), 150, below) == ground; }))
+            << scheme << Kept(PictureOf(list), "list");
+    }
+    Press(WXK_ESCAPE);
+    EXPECT_TRUE(WaitFor([=] { return !choice->IsPopupShown(); }));
+    EXPECT_EQ(wxNOT_FOUND, choice->GetSelection());
+}
+
+TEST_F(InputsTest, ChoiceIsMadeWithKeysAndMouse)
+{
+    auto* const  choice = AddChoice();
+    EventCounter picks(m_Panel, wxEVT_COMBOBOX);
+    EventCounter choices(m_Panel, wxEVT_CHOICE);
+    choice->SetSelection(0);
+    EXPECT_EQ(0, picks.Count()) << "only the user's choices are told";
+    Focus(choice);
+
+    const auto picked = [&](int item)
+    { return WaitFor([&] { return choice->GetCurrentSelection() == item; }); };
+    Press('B');
+    EXPECT_TRUE(picked(1)) << "by how it begins";
+    Press(WXK_DOWN);
+    EXPECT_TRUE(picked(2));
+    const auto* const last = dynamic_cast<const wxCommandEvent*>(choices.Last());
+    ASSERT_TRUE(last);
+    EXPECT_EQ("bravo", last->GetString());
+    EXPECT_EQ(2, last->GetInt());
+    EXPECT_EQ(picks.Count(), choices.Count());
+
+    Press(WXK_DOWN, wxMOD_ALT);
+    ASSERT_TRUE(WaitFor([=] { return choice->IsPopupShown(); }));
+    Press(WXK_UP);
+    Press(WXK_RETURN);
+    EXPECT_TRUE(picked(1));
+    ASSERT_TRUE(WaitFor([=] { return !choice->IsPopupShown(); }));
+
+    m_Input.MouseMove(choice->GetScreenRect().GetTopLeft() + wxPoint(50, 12));
+    const auto opened = [&]
+    {
+        m_Input.MouseClick(); // one that comes right after a list has closed does not count
+        return WaitFor([=] { return choice->IsPopupShown(); }, 300);
+    };
+    ASSERT_TRUE(WaitFor(opened));
+    wxWindow* const list = choice->GetPopupControl()->GetControl();
+    const wxRect    place = list->GetScreenRect();
+    const auto      clicked = [&]
+    {
+        m_Input.MouseMove(place.GetTopLeft() + wxPoint(51, 8));
+        m_Input.MouseMove(place.GetTopLeft() + wxPoint(50, 8));
+        m_Input.MouseClick();
+        return WaitFor([&] { return choice->GetSelection() == 0; }, 300);
+    };
+    EXPECT_TRUE(WaitFor(clicked));
+}
+
+TEST_F(InputsTest, ChoiceHoldsWhatItShows)
+{
+    const struct
+    {
+        long        style;
+        const char* given;
+        const char* set; // in place of it; null: nothing
+        int         item;
+        const char* shown;
+    } cases[] = {
+        {wxCB_READONLY, "beta", nullptr, 1, "beta"},
+        {wxCB_READONLY, "none", nullptr, wxNOT_FOUND, ""},
+        {wxCB_READONLY, "beta", "bravo", 2, "bravo"},
+        {wxCB_READONLY, "beta", "none", 1, "beta"},
+        {wxCB_READONLY, "beta", "", wxNOT_FOUND, ""},
+        {0, "none", nullptr, wxNOT_FOUND, "none"},
+        {0, "none", "bravo", 2, "bravo"},
+        {0, "beta", "none", wxNOT_FOUND, "none"},
+    };
+    for (const auto& one : cases)
+    {
+        auto* const combo = new wxtComboBox(m_Panel, wxID_ANY, one.given, wxDefaultPosition,
+                                            wxDefaultSize, Items(), one.style);
+        combo->SetClientObject(0, new Counted); // of an item that was there from the start
+        if (one.set)
+        {
+            combo->SetValue(one.set);
+        }
+        EXPECT_EQ(one.item, combo->GetSelection()) << one.given << (one.set ? one.set : "-");
+        EXPECT_EQ(one.shown, combo->GetValue());
+        combo->Destroy();
+    }
+    EXPECT_EQ(0, Counted::s_Alive);
+
+    auto* const sorted =
+        new wxtChoice(m_Panel, wxID_ANY, wxDefaultPosition, wxDefaultSize, Items(), wxCB_SORT);
+    sorted->SetSelection(1);
+    EXPECT_EQ(2, sorted->Append("beta"));
+    EXPECT_EQ(0, sorted->Append("aaa"));
+    EXPECT_EQ(2, sorted->GetSelection()) << "its twin came after it";
+}
+
+TEST_F(InputsTest, KeysOpenAndLeaveAList)
+{
+    auto* const empty = new wxtChoice(m_Panel, wxID_ANY, wxPoint(10, 10), wxSize(200, 24));
+    auto* const combo =
+        new wxtComboBox(m_Panel, wxID_ANY, "", wxPoint(10, 50), wxSize(200, 24), Items());
+    auto* const  last = new wxtTextCtrl(m_Panel, wxID_ANY, "", wxPoint(10, 90), wxSize(200, 24));
+    EventCounter picks(m_Panel, wxEVT_COMBOBOX);
+    const auto   opens = [&](wxtComboBox* control, int key, int modifiers = 0)
+    {
+        Press(key, modifiers);
+        return WaitFor([=] { return control->IsPopupShown(); });
+    };
+    const auto closes = [&](wxtComboBox* control, int key, int modifiers = 0)
+    {
+        Press(key, modifiers);
+        return WaitFor([=] { return !control->IsPopupShown(); });
+    };
+    Focus(empty);
+    EXPECT_TRUE(opens(empty, WXK_F4) && closes(empty, WXK_F4));
+    EXPECT_TRUE(opens(empty, WXK_DOWN, wxMOD_ALT) && closes(empty, WXK_UP, wxMOD_ALT));
+    EXPECT_TRUE(opens(empty, WXK_F4));
+    for (const int key : {WXK_HOME, WXK_END, WXK_PAGEUP, WXK_PAGEDOWN, WXK_UP, WXK_DOWN})
+    {
+        Press(key);
+    }
+    EXPECT_TRUE(closes(empty, WXK_RETURN));
+    Press(WXK_TAB);
+    ASSERT_TRUE(WaitFor([=] { return combo->GetTextCtrl()->HasFocus(); }));
+
+    combo->SetMaxLength(2);
+    Press('X');
+    Press('Y');
+    Press('Z');
+    EXPECT_TRUE(WaitFor([=] { return combo->GetValue() == "xy"; })) << combo->GetValue();
+    EventCounter texts(m_Panel, wxEVT_TEXT);
+    EXPECT_TRUE(opens(combo, WXK_F4) && closes(combo, WXK_RETURN));
+    EXPECT_TRUE(opens(combo, WXK_F4));
+    Press(WXK_DOWN);
+    EXPECT_TRUE(closes(combo, WXK_ESCAPE));
+    EXPECT_EQ("xy", combo->GetValue());
+    EXPECT_EQ(0, picks.Count() + texts.Count()) << "nothing was chosen";
+    combo->SetMaxLength(0);
+    EXPECT_TRUE(opens(combo, WXK_F4));
+    Press(WXK_DOWN);
+    Press(WXK_TAB);
+    EXPECT_TRUE(WaitFor([=] { return last->HasFocus(); }));
+    EXPECT_TRUE(WaitFor([&] { return picks.Count() == 1; }));
+    EXPECT_EQ(0, combo->GetSelection());
+    EXPECT_EQ(1, texts.Count());
+}
+
+TEST_F(InputsTest, WhatHasAnOpenListMayGo)
+{
+    enum Kind
+    {
+        kField,
+        kCombo,
+        kChoice
+    };
+    const auto destroy = [](wxWindow& control) { control.Destroy(); };
+    const auto hidePage = [](wxWindow& control) { control.GetParent()->Hide(); };
+    const auto disable = [](wxWindow& control) { control.Disable(); };
+    const struct
+    {
+        Kind        kind;
+        wxEventType event; // whose handler does it; null: the program does, at any time
+        void (*act)(wxWindow& control);
+    } cases[] = {
+        {kField, wxEVT_NULL, destroy},
+        {kField, wxEVT_NULL, hidePage},
+        {kField, wxEVT_NULL, disable},
+        {kField, wxEVT_TEXT, destroy},
+        {kCombo, wxEVT_NULL, destroy},
+        {kCombo, wxEVT_NULL, hidePage},
+        {kCombo, wxEVT_NULL, disable},
+        {kCombo, wxEVT_COMBOBOX_DROPDOWN, destroy},
+        {kCombo, wxEVT_COMBOBOX_CLOSEUP, destroy},
+        {kCombo, wxEVT_TEXT, destroy},
+        {kChoice, wxEVT_NULL, destroy},
+        {kChoice, wxEVT_COMBOBOX, destroy},
+        {kChoice, wxEVT_CHOICE, destroy},
+    };
+    int number = 0;
+    for (const auto& one : cases)
+    {
+        const int       count = number++;
+        wxtPanel* const page = new wxtPanel(m_Panel);
+        page->SetSize(m_Panel->GetClientSize());
+        const wxWeakRef<wxWindow> control(
+            one.kind == kField ? static_cast<wxWindow*>(new wxtTextCtrl(page, wxID_ANY))
+            : one.kind == kCombo
+                ? new wxtComboBox(page, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, Items())
+                : new wxtChoice(page, wxID_ANY, wxDefaultPosition, wxDefaultSize, Items()));
+        const auto isOpen = [&]
+        {
+            const auto* const combo = dynamic_cast<wxtComboBox*>(control.get());
+            return combo ? combo->IsPopupShown() : _CompletionsAreOpen();
+        };
+        bool       hasActed = false;
+        bool       isArmed = one.event == wxEVT_COMBOBOX_DROPDOWN;
+        const auto act = [&](wxCommandEvent& event)
+        {
+            event.Skip(!isArmed);
+            if (isArmed && !hasActed)
+            {
+                hasActed = true;
+                one.act(*control);
+            }
+        };
+        page->Bind(wxEventTypeTag<wxCommandEvent>(one.event), act);
+        control->SetFocus();
+        PumpEvents();
+        const auto opened = [&]
+        {
+            Press(one.kind == kField ? int{'O'} : int{WXK_F4});
+            return WaitFor([&] { return isOpen() || hasActed; }, 500);
+        };
+        ASSERT_TRUE(WaitFor(opened)) << count;
+        isArmed = true;
+        if (one.event == wxEVT_NULL)
+        {
+            one.act(*control);
+        }
+        const auto isOver = [&]
+        {
+            if (one.event != wxEVT_NULL && !hasActed)
+            {
+                Press(WXK_DOWN);
+                Press(WXK_RETURN);
+            }
+            return (one.event == wxEVT_NULL || hasActed) && !isOpen() && !_CompletionsAreOpen();
+        };
+        EXPECT_TRUE(WaitFor(isOver)) << count;
+        EXPECT_EQ(one.act != static_cast<void (*)(wxWindow&)>(destroy), bool(control)) << count;
+        page->Destroy();
+        PumpEvents();
+    }
+}
