@@ -61,7 +61,7 @@ void _ComboList::OnPopup()
 // Not for each of the items that come while it is closed.
 void _ComboList::UpdateScrollbar()
 {
-    if (m_combo && m_combo->IsPopupShown())
+    if (!IsCreated() || m_combo->IsPopupShown())
     {
         wxVListBoxComboPopup::UpdateScrollbar();
     }

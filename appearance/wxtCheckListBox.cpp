@@ -50,6 +50,8 @@ wxtCheckListBox::wxtCheckListBox(wxWindow* parent, wxWindowID id, const wxPoint&
     const long single = style & ~(wxLB_MULTIPLE | wxLB_EXTENDED);
     Create(parent, id, position, size, _FlatStyle(single), name);
     SetValidator(validator);
+    // The toolkit leaves open how many rows are seen, and goes through them all with the focus.
+    SetItemCount(0);
     // A font of its own: the toolkit looks up the default one of such a list at length every time.
     SetFont(GetFont());
     _UseSolidScrollbars(*this);
