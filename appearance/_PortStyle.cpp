@@ -57,6 +57,44 @@ GObject* InnerWidget(wxWindow& field)
     }
     return static_cast<GObject*>(child(widget));
 }
+
+// What has the user's input to itself, or null.
+GObject* Grabbing()
+{
+    static auto* const grabbing = PortFunction<void*()>("gtk_grab_get_current");
+    return grabbing ? static_cast<GObject*>(grabbing()) : nullptr;
+}
+
+bool IsA(GObject* object, const char* className)
+{
+    const GType type = g_type_from_name(className);
+    return object && type && g_type_is_a(G_OBJECT_TYPE(object), type);
+}
+
+// The first list inside the widget, or the widget itself; null without one.
+GObject* ListInside(GObject* widget)
+{
+    static auto* const children = PortFunction<GList*(void*)>("gtk_container_get_children");
+    if (!children || !IsA(widget, "GtkContainer") || IsA(widget, "GtkTreeView"))
+    {
+        return IsA(widget, "GtkTreeView") ? widget : nullptr;
+    }
+    GObject*     found = nullptr;
+    GList* const all = children(widget);
+    for (const GList* one = all; one && !found; one = one->next)
+    {
+        found = ListInside(static_cast<GObject*>(one->data));
+    }
+    g_list_free(all);
+    return found;
+}
+
+// As the port lays it out.
+struct RowOfList
+{
+    int   stamp;
+    void* data[3];
+};
 } // namespace
 
 void _StyleField(wxWindow& field, const _FieldColours& colours)
@@ -102,14 +140,34 @@ void _StyleCompletions(const wxColour& ink, const wxColour& ground, const wxColo
 
 bool _CompletionsAreOpen()
 {
-    constexpr int      kPopup = 1; // the kind of window; a dialog that has the keys is of another
-    static auto* const grabbing = PortFunction<void*()>("gtk_grab_get_current");
-    GObject* const     widget = grabbing ? static_cast<GObject*>(grabbing()) : nullptr;
-    const GType        window = g_type_from_name("GtkWindow");
-    int                kind = 0;
-    if (widget && window && g_type_is_a(G_OBJECT_TYPE(widget), window))
+    constexpr int  kPopup = 1; // the kind of window; a dialog that has the keys is of another
+    GObject* const widget = Grabbing();
+    int            kind = 0;
+    if (IsA(widget, "GtkWindow"))
     {
         g_object_get(widget, "type", &kind, nullptr);
     }
     return kind == kPopup;
+}
+
+wxString _MarkedCompletion()
+{
+    static auto* const selectionOf = PortFunction<void*(void*)>("gtk_tree_view_get_selection");
+    static auto* const selected =
+        PortFunction<int(void*, void**, RowOfList*)>("gtk_tree_selection_get_selected");
+    static auto* const get = PortFunction<void(void*, RowOfList*, ...)>("gtk_tree_model_get");
+    GObject* const     list = _CompletionsAreOpen() ? ListInside(Grabbing()) : nullptr;
+    void*              model = nullptr;
+    RowOfList          row{};
+    if (!list || !selectionOf || !selected || !get || !selected(selectionOf(list), &model, &row))
+    {
+        return wxString();
+    }
+    constexpr int kText = 0;
+    constexpr int kEnd = -1;
+    char*         text = nullptr;
+    get(model, &row, kText, &text, kEnd);
+    const wxString marked = wxString::FromUTF8(text ? text : "");
+    g_free(text);
+    return marked;
 }

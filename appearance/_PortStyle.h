@@ -2,6 +2,8 @@
 
 #include "vesta/Export.h"
 
+#include <wx/string.h>
+
 class wxColour;
 class wxWindow;
 
@@ -27,3 +29,5 @@ TOLVAN_API void _StyleCompletions(const wxColour& ink, const wxColour& ground,
 
 /// Whether a text field has its list of completions open: it gets the keys then.
 TOLVAN_API bool _CompletionsAreOpen();
+/// The proposal that is marked in the open list of completions; empty where there is none.
+TOLVAN_API wxString _MarkedCompletion();

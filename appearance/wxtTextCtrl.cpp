@@ -7,6 +7,8 @@
 #include "vesta/Application.h"
 #include "vesta/CallEntry.h"
 
+#include <wx/weakref.h>
+
 #include <algorithm>
 
 namespace
@@ -102,14 +104,25 @@ void wxtTextCtrl::KeyForCompletions(wxKeyEvent& event)
     }
     if (open && key == WXK_TAB)
     {
-        // The list closes when the field loses the keyboard.
-        Navigate(event.ShiftDown() ? wxNavigationKeyEvent::IsBackward
-                                   : wxNavigationKeyEvent::IsForward);
+        LeaveCompletions(!event.ShiftDown());
         return;
     }
     m_Choosing =
         open && (key == WXK_DOWN || key == WXK_UP || key == WXK_PAGEDOWN || key == WXK_PAGEUP);
     event.Skip();
+}
+
+// The list closes when the field loses the keyboard.
+void wxtTextCtrl::LeaveCompletions(bool forward)
+{
+    const wxString               chosen = m_Choosing ? _MarkedCompletion() : wxString();
+    const wxWeakRef<wxtTextCtrl> self(this);
+    m_Choosing = false;
+    Navigate(forward ? wxNavigationKeyEvent::IsForward : wxNavigationKeyEvent::IsBackward);
+    if (self && !chosen.empty())
+    {
+        SetValue(chosen); // last: its handler may destroy the field
+    }
 }
 
 void wxtTextCtrl::FollowScheme(wxSysColourChangedEvent& event)

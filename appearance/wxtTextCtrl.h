@@ -9,7 +9,7 @@
 /// A field of one line that is neither read-only, rich nor a password
 /// completes words (see `wxtAutoCompleter`), unless the options say no: `AutoComplete(nullptr)`
 /// takes that away. While the list of completions is open, Esc closes it and Enter takes what was
-/// chosen there, before a dialog hears of either; Tab closes it and goes on to the next control.
+/// chosen there, before a dialog hears of either; Tab takes it too and goes on to the next control.
 /// Everything else, events and validators included, is the stock field's. Main thread.
 class TOLVAN_API wxtTextCtrl : public wxTextCtrl, public wxtColorManaged
 {
@@ -28,6 +28,7 @@ private:
     void FollowScheme(wxSysColourChangedEvent& event);
     void GiveRoom(const wxSize& size);
     void KeyForCompletions(wxKeyEvent& event);
+    void LeaveCompletions(bool forward);
 
     bool m_Choosing = false; ///< The user has moved into the list of completions.
 };
