@@ -101,6 +101,31 @@ void _RefuseNativeScrollKeys(wxWindow& window)
     }
 }
 
+void _EndScrollbarPress(wxWindow& window)
+{
+    constexpr int kButtonRelease = 7; // the port's number of that event
+    // By name, as above.
+    using GetBar = GObject* (*)(GObject*);
+    using MakeEvent = void* (*)(int);
+    using FreeEvent = void (*)(void*);
+    const auto  make = reinterpret_cast<MakeEvent>(dlsym(RTLD_DEFAULT, "gdk_event_new"));
+    const auto  free = reinterpret_cast<FreeEvent>(dlsym(RTLD_DEFAULT, "gdk_event_free"));
+    auto* const widget = reinterpret_cast<GObject*>(window.GetHandle());
+    for (const char* const name :
+         {"gtk_scrolled_window_get_vscrollbar", "gtk_scrolled_window_get_hscrollbar"})
+    {
+        const auto     getBar = reinterpret_cast<GetBar>(dlsym(RTLD_DEFAULT, name));
+        GObject* const bar = widget && getBar && make && free ? getBar(widget) : nullptr;
+        if (bar)
+        {
+            void* const event = make(kButtonRelease);
+            gboolean    handled = FALSE;
+            g_signal_emit_by_name(bar, "button-release-event", event, &handled);
+            free(event);
+        }
+    }
+}
+
 _PangoContext* _ScreenTextContext()
 {
     // By name, as above.

@@ -16,6 +16,12 @@ constexpr int kRedrawTimerId = 1;
 constexpr int kHoldCheckMs = 100;  // milliseconds between two looks at a window that is pressed
 constexpr int kLeastSize = 80;     // pixels: room for two scrollbars and a little content
 constexpr int kScrollbarRoom = 64; // pixels: a view that is smaller shows no scrollbars
+
+bool AnyButtonIsDown()
+{
+    const wxMouseState mouse = wxGetMouseState();
+    return mouse.LeftIsDown() || mouse.MiddleIsDown() || mouse.RightIsDown();
+}
 } // namespace
 
 std::set<wxDoubleBufferedWindow*> wxDoubleBufferedWindow::s_Windows;
@@ -83,6 +89,10 @@ wxDoubleBufferedWindow::~wxDoubleBufferedWindow()
 {
     CALL_ENTRY("wxDoubleBufferedWindow::~wxDoubleBufferedWindow");
     LetMouseGo();
+    if (AnyButtonIsDown())
+    {
+        _EndScrollbarPress(*this);
+    }
     s_Windows.erase(this);
     m_RedrawTimer.Stop();
     m_RedrawTimer.SetOwner(nullptr);
@@ -99,7 +109,6 @@ void wxDoubleBufferedWindow::HoldMouse()
 
 void wxDoubleBufferedWindow::LetMouseGo()
 {
-    m_HoldTimer.Stop();
     if (HasCapture())
     {
         ReleaseMouse();
@@ -108,11 +117,16 @@ void wxDoubleBufferedWindow::LetMouseGo()
 
 void wxDoubleBufferedWindow::WatchHold()
 {
-    if (!HasCapture())
+    if (m_Scroll->held && (!IsEnabled() || !IsShownOnScreen()))
+    {
+        m_Scroll->held = false;
+        _EndScrollbarPress(*this);
+    }
+    if (!HasCapture() && !m_Scroll->held)
     {
         m_HoldTimer.Stop();
     }
-    else if (!IsEnabled() || !IsShownOnScreen())
+    else if (HasCapture() && (!IsEnabled() || !IsShownOnScreen()))
     {
         LetMouseGo();
         wxMouseCaptureLostEvent lost(GetId());
@@ -332,6 +346,7 @@ bool wxDoubleBufferedWindow::TakeHandPosition(const wxScrollWinEvent& event)
     if (dragged)
     {
         m_Scroll->held = !released;
+        m_HoldTimer.Start(kHoldCheckMs);
         bar.axis = _Adjusted(bar.shown, bar.axis.thumb, bar.axis.range,
                              orientation == wxVERTICAL && m_FollowEnd);
     }
@@ -341,11 +356,7 @@ bool wxDoubleBufferedWindow::TakeHandPosition(const wxScrollWinEvent& event)
 // Nobody tells of a button that was let go while the scrollbar was hidden.
 bool wxDoubleBufferedWindow::IsHeld() const
 {
-    if (m_Scroll->held)
-    {
-        const wxMouseState mouse = wxGetMouseState();
-        m_Scroll->held = mouse.LeftIsDown() || mouse.MiddleIsDown() || mouse.RightIsDown();
-    }
+    m_Scroll->held = m_Scroll->held && AnyButtonIsDown();
     return m_Scroll->held;
 }
 

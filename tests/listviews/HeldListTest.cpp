@@ -144,3 +144,27 @@ TEST_F(HeldListTest, EveryHandlerMayDestroyIt)
         }
     }
 }
+
+// The port's own scrollbar is pressed then, and nobody tells it that the button was let go.
+TEST_F(HeldListTest, AThumbMayBeHeldWhenItsViewGoes)
+{
+    MakePage();
+    for (int i = 0; i < 100; ++i)
+    {
+        m_Text->Append("a line", false);
+    }
+    m_Text->AdjustScrollbars();
+    PumpEvents();
+    m_Input.MouseMove(m_Text->ClientToScreen(wxPoint(m_Text->GetClientSize().x + 6, 10)));
+    m_Input.MouseDown();
+    m_Input.MouseMove(m_Text->ClientToScreen(wxPoint(m_Text->GetClientSize().x + 6, 60)));
+    EXPECT_TRUE(WaitFor([this] { return m_Text->GetScrollPos(wxVERTICAL) > 0; }));
+    m_Page->Destroy();
+    m_Input.MouseUp();
+    PumpEvents();
+    int moved = 0;
+    m_Other->GetBody()->Bind(wxEVT_MOTION, [&](wxMouseEvent&) { ++moved; });
+    EXPECT_TRUE(IsSelectedByClick(m_Other));
+    m_Input.MouseMove(m_Other->GetBody()->ClientToScreen(wxPoint(60, 40)));
+    EXPECT_TRUE(WaitFor([&] { return moved > 0; }, 1000));
+}
