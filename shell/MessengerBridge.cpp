@@ -20,11 +20,36 @@ void PostCommand(wxEventType type)
 {
     _PostToTopWindow([type](wxWindow&) { return std::make_unique<wxCommandEvent>(type, 0); });
 }
+
+void TranslateConnection(wxEventType type, const char* translating, const char* ignoring)
+{
+    _AskForTopWindow(
+        [=](wxWindow* top)
+        {
+            LogDebug(top ? translating : ignoring);
+            if (top)
+            {
+                PostCommand(type);
+            }
+        });
+}
+
+void TranslateMessage()
+{
+    LogDebug("... Received message: translating to wxTOLVAN_MESSAGE_EVENT");
+    PostCommand(wxTOLVAN_MESSAGE_EVENT);
+}
 } // namespace
 
 void wxTolvanApp::EnableMessageProcessing()
 {
-    the_App = dynamic_cast<wxTolvanApp*>(Application::the_Application);
+    auto* const app = dynamic_cast<wxTolvanApp*>(Application::the_Application);
+    the_App = app;
+    if (app && app->Queue().Size() > 0)
+    {
+        // Later: whoever enables it may want to dispatch some at once.
+        app->CallAfter([app] { app->DispatchWaiting(); });
+    }
 }
 
 void wxTolvanApp::DisableMessageProcessing()
@@ -55,6 +80,23 @@ void wxTolvanApp::DeliverQueuedMessages()
     }
 }
 
+void wxTolvanApp::DispatchWaiting()
+{
+    if (!IsMessageProcessingEnabled() || !_HasTopWindow())
+    {
+        return;
+    }
+    if (ThreadPool::IsReady())
+    {
+        DeliverQueuedMessages();
+        return;
+    }
+    for (size_t i = Queue().Size(); i > 0; --i)
+    {
+        PostCommand(wxTOLVAN_MESSAGE_EVENT);
+    }
+}
+
 void wxTolvanApp::OnMessage(wxCommandEvent&)
 {
     CALL_ENTRY("wxTolvanApp::OnMessage");
@@ -64,30 +106,18 @@ void wxTolvanApp::OnMessage(wxCommandEvent&)
 void wxTolvanApp::_Connect(MessengerConnectedEvt&)
 {
     CALL_ENTRY("wxTolvanApp::_Connect");
-    if (_HasTopWindow())
-    {
-        LogDebug("... Messenger Connected: translating to wxTOLVAN_CONNECT_EVENT");
-        PostCommand(wxTOLVAN_CONNECT_EVENT);
-    }
-    else
-    {
-        LogDebug("... Ignoring MessageConnectedEvt because app has no top window");
-    }
+    TranslateConnection(wxTOLVAN_CONNECT_EVENT,
+                        "... Messenger Connected: translating to wxTOLVAN_CONNECT_EVENT",
+                        "... Ignoring MessageConnectedEvt because app has no top window");
     wxTolvanDlg::NotifyConnected(true);
 }
 
 void wxTolvanApp::_Disconnect(MessengerDisconnectedEvt&)
 {
     CALL_ENTRY("wxTolvanApp::_Disconnect");
-    if (_HasTopWindow())
-    {
-        LogDebug("... Messenger Disconnected: translating to wxTOLVAN_DISCONNECT_EVENT");
-        PostCommand(wxTOLVAN_DISCONNECT_EVENT);
-    }
-    else
-    {
-        LogDebug("... Ignoring MessageDisconnectedEvt because app has no top window");
-    }
+    TranslateConnection(wxTOLVAN_DISCONNECT_EVENT,
+                        "... Messenger Disconnected: translating to wxTOLVAN_DISCONNECT_EVENT",
+                        "... Ignoring MessageDisconnectedEvt because app has no top window");
     wxTolvanDlg::NotifyConnected(false);
 }
 
@@ -96,7 +126,8 @@ void wxTolvanApp::_CheckReceive(MessageReceivedEvt& event)
     CALL_ENTRY("wxTolvanApp::_CheckReceive");
     if (!_HasTopWindow())
     {
-        LogDebug("... Ignoring MessageReceivedEvt because app has no top window");
+        // The message stays in the queue; the window may have come after the latest look at it.
+        _AskForTopWindow([this](wxWindow* top) { TakeLeftMessage(top != nullptr); });
         return;
     }
     // Read once: the main thread may disable processing at any moment.
@@ -114,8 +145,24 @@ void wxTolvanApp::_CheckReceive(MessageReceivedEvt& event)
         }
         return;
     }
-    LogDebug("... Received message: translating to wxTOLVAN_MESSAGE_EVENT");
-    PostCommand(wxTOLVAN_MESSAGE_EVENT);
+    TranslateMessage();
+}
+
+void wxTolvanApp::TakeLeftMessage(bool hasTopWindow)
+{
+    if (!hasTopWindow)
+    {
+        LogDebug("... Ignoring MessageReceivedEvt because app has no top window");
+    }
+    else if (ThreadPool::IsReady() && IsMessageProcessingEnabled())
+    {
+        LogDebug("... Received message: initiating deferred processing");
+        DeliverQueuedMessages();
+    }
+    else
+    {
+        TranslateMessage();
+    }
 }
 
 void wxTolvanApp::OnShutdownMsg(const boost::shared_ptr<ShutdownMsg>&)

@@ -10,6 +10,7 @@
 namespace
 {
 std::atomic<bool> s_HasTopWindow{false};
+bool              s_IsWatched = false;
 
 wxWindow* TopWindow()
 {
@@ -22,37 +23,46 @@ bool _HasTopWindow()
     return wxIsMainThread() ? TopWindow() != nullptr : s_HasTopWindow.load();
 }
 
-void _PostToTopWindow(_EventMaker make)
+void _AskForTopWindow(std::function<void(wxWindow* top)> answer)
 {
     if (wxIsMainThread())
     {
-        if (wxWindow* const top = TopWindow())
-        {
-            top->GetEventHandler()->AddPendingEvent(*make(*top));
-        }
+        answer(TopWindow());
     }
-    else if (s_HasTopWindow && wxTheApp)
+    else if (wxTheApp)
     {
-        wxTheApp->CallAfter(
-            [make = std::move(make)]
-            {
-                if (wxWindow* const top = TopWindow())
-                {
-                    top->GetEventHandler()->ProcessEvent(*make(*top));
-                }
-            });
+        wxTheApp->CallAfter([answer = std::move(answer)] { answer(TopWindow()); });
     }
+}
+
+void _PostToTopWindow(_EventMaker make)
+{
+    _AskForTopWindow(
+        [make = std::move(make)](wxWindow* top)
+        {
+            if (top)
+            {
+                top->GetEventHandler()->AddPendingEvent(*make(*top));
+            }
+        });
 }
 
 _TopWindowWatch::_TopWindowWatch()
 {
     wxEvtHandler::AddFilter(this);
+    s_IsWatched = true;
 }
 
 _TopWindowWatch::~_TopWindowWatch()
 {
     wxEvtHandler::RemoveFilter(this);
+    s_IsWatched = false;
     s_HasTopWindow = false;
+}
+
+void _TopWindowWatch::Look()
+{
+    s_HasTopWindow = s_IsWatched && TopWindow();
 }
 
 int _TopWindowWatch::FilterEvent(wxEvent& event)
@@ -60,7 +70,7 @@ int _TopWindowWatch::FilterEvent(wxEvent& event)
     const wxEventType type = event.GetEventType();
     if (type == wxEVT_CREATE || type == wxEVT_SHOW || type == wxEVT_IDLE)
     {
-        s_HasTopWindow = TopWindow() != nullptr;
+        Look();
     }
     else if (type == wxEVT_DESTROY)
     {

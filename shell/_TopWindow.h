@@ -9,18 +9,22 @@
 /// Makes the event for the top window that it is given.
 using _EventMaker = std::function<std::unique_ptr<wxEvent>(wxWindow& top)>;
 
-/// Whether there is a top window. Any thread; off the main thread as of the latest event.
+/// Whether there is a top window. On the main thread this is what the application says. On any
+/// other it is what the main thread has seen last, and false may also mean that it has not looked
+/// yet: `_AskForTopWindow` is for whoever must not miss a window that has only just been made.
 bool _HasTopWindow();
 
-/// Brings an event to the application's top window; any thread. On the main thread it is posted
-/// with AddPendingEvent; from any other it goes there by way of the application object, which
-/// outlives every window, so that no window is touched off the main thread. Without a top window
-/// (at once, or by the time that the main thread gets to it) nothing is made. `make` runs on the
-/// main thread.
+/// Calls `answer` on the main thread with the application's top window, or with null when there is
+/// none: at once there; from any other thread when the main thread gets to it, by way of the
+/// application object, which outlives every window.
+void _AskForTopWindow(std::function<void(wxWindow* top)> answer);
+
+/// Posts an event to the top window with AddPendingEvent; any thread. Without a top window nothing
+/// is made. `make` runs on the main thread.
 void _PostToTopWindow(_EventMaker make);
 
-/// Keeps what other threads may know of the top window: whether there is one. It looks at the
-/// events that come with windows being made, shown and destroyed. Main thread.
+/// Keeps what other threads may know of the top window. It looks at the events that come with
+/// windows being made, shown and destroyed. Main thread.
 class _TopWindowWatch : public wxEventFilter
 {
 public:
@@ -28,4 +32,8 @@ public:
     ~_TopWindowWatch() override;
 
     int FilterEvent(wxEvent& event) override;
+
+    /// For whoever has just made a window: no event comes with that. Without a watch it does
+    /// nothing.
+    static void Look();
 };

@@ -3,6 +3,7 @@
 #include "appearance/wxTolvanString.h"
 #include "appearance/wxtRenderer.h"
 #include "shell/OpenWindows.h"
+#include "shell/_Guard.h"
 #include "shell/_ProgramWords.h"
 #include "shell/_TopWindow.h"
 #include "shell/_wxTolvanLog.h"
@@ -100,24 +101,40 @@ bool wxTolvanApp::OnInit()
         words.push_back(wxtFromWx(argv[i]));
     }
     CommandLine commandLine(_ProgramWords(words));
-    if (RunStartup(commandLine))
+    if (TryStartup(commandLine))
     {
-        wxToolTip::Enable(true);
-        wxToolTip::SetAutoPop(kToolTipShownMs);
-        wxToolTip::SetDelay(kToolTipDelayMs);
-        wxToolTip::SetReshow(kToolTipReshowMs);
-        StartedSignal.Emit();
-        // The master's first messages may have come before there was a window.
-        DeliverQueuedMessages();
         return true;
     }
     if (m_ShowStartupError)
     {
         ShowStartupError();
     }
-    Cleanup();
+    _Guard("Cleaning up", [this] { Cleanup(); });
     ExitedSignal.Emit();
     return false;
+}
+
+// The toolkit would end the program without a word, and without cleaning up.
+bool wxTolvanApp::TryStartup(CommandLine& commandLine)
+{
+    bool isStarted = false;
+    return _Guard("Starting the program",
+                  [&]
+                  {
+                      isStarted = RunStartup(commandLine);
+                      if (isStarted)
+                      {
+                          wxToolTip::Enable(true);
+                          wxToolTip::SetAutoPop(kToolTipShownMs);
+                          wxToolTip::SetDelay(kToolTipDelayMs);
+                          wxToolTip::SetReshow(kToolTipReshowMs);
+                          StartedSignal.Emit();
+                          // The master's first messages may have come before there was a window.
+                          _TopWindowWatch::Look();
+                          DispatchWaiting();
+                      }
+                  }) &&
+           isStarted;
 }
 
 bool wxTolvanApp::RunStartup(CommandLine& commandLine)
@@ -170,6 +187,11 @@ int wxTolvanApp::OnRun()
             const std::unique_ptr<Exception> owner(exception);
             goOn = OnException(exception);
         }
+        catch (const std::exception& exception)
+        {
+            LogError(String("An exception has reached the main loop: ") + exception.what());
+            goOn = OnException(nullptr);
+        }
         catch (...)
         {
             goOn = OnException(nullptr);
@@ -184,12 +206,12 @@ int wxTolvanApp::OnRun()
 int wxTolvanApp::OnExit()
 {
     CALL_ENTRY("wxTolvanApp::OnExit");
-    ExitingSignal.Emit();
+    _Guard("Telling of the program's end", [this] { ExitingSignal.Emit(); });
     OpenWindows::_this->Clear();
     int result = 0;
     {
         const OptionsFile::PauseAutoWrite pause(Options());
-        Cleanup();
+        _Guard("Cleaning up", [this] { Cleanup(); });
         result = wxAppBase::OnExit();
     }
     Options().WriteOut();

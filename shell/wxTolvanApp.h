@@ -40,7 +40,8 @@ public:
 /// overrides `Startup` to build its main window and hands the class to wxIMPLEMENT_APP.
 ///
 /// An exception that leaves an event handler ends the main loop, goes to `OnException` and, when
-/// that says so, a fresh main loop goes on.
+/// that says so, a fresh main loop goes on. One that leaves `Startup` is logged, and the start has
+/// failed.
 ///
 /// All on the main thread except where a function says otherwise.
 class TOLVAN_API wxTolvanApp : public wxApp, public TolvanClientApp
@@ -61,8 +62,9 @@ public:
     /// thread: the box is shown on the main thread, later if need be. False.
     bool RequestHasFailed(const String& text) override;
 
-    /// Message processing: while it is disabled nothing that the messenger receives is handled.
-    /// Enabled from construction on.
+    /// Message processing: while it is disabled nothing that the messenger receives is handled;
+    /// what came meanwhile is once the main loop gets to it after processing has been enabled
+    /// again. Enabled from construction on.
     /// @{
     void EnableMessageProcessing();
     void DisableMessageProcessing();
@@ -92,9 +94,12 @@ protected:
     bool m_ShowStartupError = true;
 
 private:
+    bool TryStartup(CommandLine& commandLine);
     bool RunStartup(CommandLine& commandLine);
     void ConnectSignals();
     void ShowStartupError() const;
+    void DispatchWaiting();
+    void TakeLeftMessage(bool hasTopWindow);
 
     std::unique_ptr<_TopWindowWatch> m_TopWindowWatch;
 

@@ -9,6 +9,8 @@
 
 #include <wx/log.h>
 
+#include <stdexcept>
+
 namespace
 {
 /// Starts the application once more.
@@ -73,6 +75,41 @@ TEST_F(AppStartTest, FailureIsExplainedOnceAndCleanedUpOnce)
         wxtToWx(App().LogDir()) + "\n\nCheck the startup log file for more information:\n" +
         wxtToWx(Log::s_GlobalLog->FileName());
     EXPECT_EQ(expected, catcher.text);
+}
+
+TEST_F(AppStartTest, WhatIsThrownIsAFailureToo)
+{
+    const std::function<bool()> starts[] = {
+        []() -> bool { Exception::Throw("Test", "Start", ec_BadData, "on purpose"); },
+        []() -> bool { throw std::runtime_error("on purpose"); },
+        []() -> bool { throw 1; },
+        [this]
+        {
+            App().m_Cleanup = [this]
+            {
+                ++m_Cleanups;
+                throw std::runtime_error("on purpose");
+            };
+            return false;
+        },
+    };
+    for (const auto& start : starts)
+    {
+        Slots slots;
+        App().ExitedSignal.Connect(&slots, &Slots::OnExited);
+        const LogCapture    log;
+        const DialogCatcher catcher;
+        App().m_Startup = start;
+        m_Cleanups = 0;
+        EXPECT_FALSE(Start());
+        EXPECT_EQ(1, catcher.count);
+        EXPECT_EQ("Startup Error", catcher.caption);
+        EXPECT_EQ(1, m_Cleanups);
+        EXPECT_EQ(1, slots.exited);
+        EXPECT_TRUE(log.Has("on purpose", log_Error) || log.Has("unknown type", log_Error))
+            << log.All();
+        App().HasSlots::DisconnectAll();
+    }
 }
 
 TEST_F(AppStartTest, FailureMayBeSilent)

@@ -134,8 +134,22 @@ TEST_F(BridgeTest, MessagesGoToTheThreadPoolWhenItIsReady)
     App().ProcessNextMessage();
     EXPECT_EQ(4, handled);
 
+    // Whether with a pool or without one, what waited is not left to the next message.
+    for (const bool hasPool : {true, false})
+    {
+        hasPool ? ThreadPool::Start(1) : ThreadPool::Stop();
+        App().DisableMessageProcessing();
+        Receive();
+        Receive();
+        PumpEvents();
+        EXPECT_EQ(2u, App().Queue().Size());
+        App().EnableMessageProcessing();
+        const int expected = hasPool ? 6 : 8;
+        EXPECT_TRUE(WaitFor([&] { return handled == expected; })) << handled;
+    }
+
     EXPECT_EQ(1, log.Count("... Received message: initiating deferred processing"));
-    EXPECT_EQ(3, log.Count("... Received message: translating to wxTOLVAN_MESSAGE_EVENT"));
+    EXPECT_EQ(7, log.Count("... Received message: translating to wxTOLVAN_MESSAGE_EVENT"));
     App().RemoveMessageHandler(handler);
 }
 
@@ -144,14 +158,13 @@ TEST_F(BridgeTest, MessagesThatCameBeforeTheWindowComeFirst)
     Close();
     std::string      order;
     std::atomic<int> handled{0};
-    const int        handler =
-        App().AddMessageHandler("Test",
-                                [&](const boost::shared_ptr<Message>& message)
-                                {
-                                    order += message->Get("Name");
-                                    ++handled;
-                                    return true;
-                                });
+    const int        handler = App().AddMessageHandler("Test",
+                                                       [&](const boost::shared_ptr<Message>& message)
+                                                       {
+                                                    order += message->Get("Name");
+                                                    ++handled;
+                                                    return true;
+                                                });
     ThreadPool::Start(2);
     const auto receive = [](const char* name)
     {
@@ -172,6 +185,38 @@ TEST_F(BridgeTest, MessagesThatCameBeforeTheWindowComeFirst)
     App().RemoveMessageHandler(handler);
     frame->Destroy();
     PumpEvents();
+}
+
+// Other threads may be the first to hear of a window: no event has come with it yet.
+TEST_F(BridgeTest, AWindowThatHasOnlyJustComeMissesNothing)
+{
+    std::atomic<int> handled{0};
+    const auto count = [&handled](const boost::shared_ptr<Message>&) { return ++handled > 0; };
+    const int  handler = App().AddMessageHandler("Test", count);
+    for (const bool hasPool : {true, false})
+    {
+        Close();
+        hasPool ? ThreadPool::Start(1) : ThreadPool::Stop();
+        handled = 0;
+        auto* const frame = new wxFrame(nullptr, wxID_ANY, "New");
+        frame->Bind(wxEVT_CLOSE_WINDOW, [](wxCloseEvent& event) { event.Veto(); });
+        const EventCounter closes(frame, wxEVT_CLOSE_WINDOW);
+        const EventCounter connects(frame, wxTOLVAN_CONNECT_EVENT);
+        std::thread(
+            []
+            {
+                MessengerConnectedEvt connected;
+                MessengerConnectedEvt::s_Signal.Emit(connected);
+                Receive();
+                the_Exe->Signal(0);
+            })
+            .join();
+        EXPECT_TRUE(
+            WaitFor([&] { return closes.Count() == 1 && connects.Count() == 1 && handled == 1; }))
+            << closes.Count() << connects.Count() << handled;
+    }
+    App().RemoveMessageHandler(handler);
+    Close();
 }
 
 TEST_F(BridgeTest, WithoutATopWindowOnlyDialogsHear)

@@ -1,4 +1,5 @@
 #include "tests/support/FrameTest.h"
+#include "tests/support/LogCapture.h"
 #include "tests/support/TestApp.h"
 
 #include "shell/wxTimed.h"
@@ -164,7 +165,9 @@ TEST_F(ExceptionTest, FromAPaintHandler)
 
 TEST_F(ExceptionTest, OtherExceptionsHaveNoObject)
 {
+    const LogCapture log;
     RunLoop([] { throw std::runtime_error("not the platform's"); });
+    EXPECT_TRUE(log.Has("not the platform's", log_Error)) << log.All();
     EXPECT_EQ(1, m_Count);
     EXPECT_EQ("unknown", m_LastText);
     EXPECT_TRUE(m_Survived);
