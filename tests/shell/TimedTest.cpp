@@ -3,7 +3,6 @@
 
 #include <memory>
 #include <optional>
-#include <thread>
 
 namespace
 {
@@ -33,6 +32,9 @@ struct Slots : public HasSlots
     void OnSlow() { ++slow; }
 };
 
+// Made before the application object.
+Counter s_Early;
+
 class TimedTest : public UserFolderTest
 {
 protected:
@@ -47,6 +49,11 @@ protected:
     }
 };
 } // namespace
+
+TEST(EarlyTimedTest, TicksOnceThereIsAnApplication)
+{
+    EXPECT_TRUE(WaitFor([] { return s_Early.ticks > 0; }));
+}
 
 TEST_F(TimedTest, RunsOnlyWhileSomebodyNeedsIt)
 {
@@ -134,11 +141,34 @@ TEST_F(TimedTest, CleanUpEndsEverythingAndANewObjectBeginsAnew)
     EXPECT_TRUE(g_MasterTimer->IsRunning());
 }
 
-TEST_F(TimedTest, ObjectsOfOtherThreadsTickOnTheMainThread)
+TEST_F(TimedTest, CleanUpMayComeInATick)
 {
-    std::unique_ptr<Counter> counter;
-    std::thread([&] { counter = std::make_unique<Counter>(); }).join();
-    EXPECT_TRUE(WaitFor([&] { return counter->ticks > 0; }));
-    std::thread([&] { counter.reset(); }).join();
-    EXPECT_TRUE(WaitFor([] { return !g_MasterTimer->IsRunning(); }));
+    struct Cleaner : HasSlots
+    {
+        void Clean() { LibStatic::CleanupAll(); }
+    };
+    for (const bool inSlot : {true, false})
+    {
+        Cleaner cleaner;
+        int     ticks = 0;
+        // One of them ticks before the other, whatever their addresses.
+        const auto tick = [&]
+        {
+            ++ticks;
+            cleaner.Clean();
+        };
+        const Doer first(tick);
+        const Doer second(tick);
+        if (inSlot)
+        {
+            wxTimed::s_Timer0100.Connect(&cleaner, &Cleaner::Clean);
+        }
+        Tick(1);
+        EXPECT_EQ(inSlot ? 0 : 1, ticks);
+        EXPECT_EQ(nullptr, g_MasterTimer);
+        const Counter next;
+        EXPECT_TRUE(WaitFor([&] { return next.ticks > 0; }));
+        EXPECT_EQ(inSlot ? 0 : 1, ticks);
+        LibStatic::CleanupAll();
+    }
 }
