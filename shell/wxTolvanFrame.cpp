@@ -4,6 +4,7 @@
 #include "shell/_FrameColors.h"
 #include "shell/_FrameExtents.h"
 #include "shell/_Geometry.h"
+#include "shell/_TopWindow.h"
 #include "shell/wxTolvanApp.h"
 #include "vesta/CallEntry.h"
 
@@ -54,13 +55,16 @@ wxTolvanFrame::wxTolvanFrame(const wxString& title, const wxPoint& position, con
         BecomeMainFrame();
     }
     Manage(this);
+    _TopWindowWatch::Look();
 }
 
 wxTolvanFrame::wxTolvanFrame(wxWindow* parent, const wxString& title, long style)
     : wxFrame(parent, wxID_ANY, title, wxDefaultPosition, wxDefaultSize, style | kToolFrameStyle)
 {
     CALL_ENTRY("wxTolvanFrame::wxTolvanFrame");
+    g_ChildFrames.insert(this);
     Manage(this);
+    _TopWindowWatch::Look();
 }
 
 void wxTolvanFrame::BecomeMainFrame()
@@ -150,7 +154,10 @@ void wxTolvanFrame::SaveWindowPosition() const
     options.SetValue(kSection, kGeometryKey,
                      _GeometryToStore(stored, wxRect(m_Position, m_NormalSize),
                                       _Displays::Get().placesWindows()));
-    _SaveFrameExtents(*this, kSection);
+    if (!IsFullScreen()) // it has no frame then
+    {
+        _SaveFrameExtents(*this, kSection);
+    }
     options.SetValue(kSection, kMinimizedKey, String::FromBool(IsIconized()));
     options.SetValue(kSection, kMaximizedKey, String::FromBool(m_WasMaximized));
     options.SetValue(kSection, kFullScreenKey, String::FromBool(m_WasFullScreen));
@@ -160,7 +167,7 @@ void wxTolvanFrame::OnMove(wxMoveEvent& event)
 {
     CALL_ENTRY("wxTolvanFrame::OnMove");
     event.Skip();
-    if (m_Built && !IsIconized() && !IsMaximized())
+    if (m_Built && !IsIconized() && !IsMaximized() && !IsFullScreen())
     {
         const wxPoint old = m_Position;
         m_Position = GetPosition();

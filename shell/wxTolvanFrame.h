@@ -26,7 +26,7 @@ public:
     /// later one belongs to the main frame and goes with it.
     explicit wxTolvanFrame(const wxString& title, const wxPoint& position = wxDefaultPosition,
                            const wxSize& size = wxDefaultSize, long style = wxDEFAULT_FRAME_STYLE);
-    /// A tool frame that floats over its parent.
+    /// A tool frame that floats over its parent. It too goes with the main frame.
     wxTolvanFrame(wxWindow* parent, const wxString& title, long style);
     ~wxTolvanFrame() override;
 
@@ -45,8 +45,8 @@ public:
     void SaveWindowPosition() const;
 
     static bool IsMenuOpen(); ///< Whether a menu of a frame is open.
-    /// Closes the menu or message box of the toolkit that is open. Whether there was one: whoever
-    /// showed it has still to get the control back before the window may go.
+    /// Closes the menu, message box or file dialog of the toolkit that is open. Whether there was
+    /// one: whoever showed it has still to get the control back before the window may go.
     static bool ClosePopUp();
 
     /// Switches the scheme of this program, saves it and tells the system's other programs. A
@@ -69,7 +69,7 @@ private:
     void OnMenuClose(wxMenuEvent& event);
     void OnActivate(wxActivateEvent& event);
 
-    wxPoint m_Position;   ///< While neither iconised nor maximised.
+    wxPoint m_Position;   ///< While neither iconised, maximised nor full screen.
     wxSize  m_LastSize;   ///< Of the last size event that was acted on.
     wxSize  m_NormalSize; ///< To return to from the maximised or full-screen state.
     bool    m_WasMaximized = false;
@@ -80,5 +80,5 @@ private:
     wxDECLARE_EVENT_TABLE();
 };
 
-/// All other frames of the program.
+/// All other frames of the program, tool frames too.
 extern TOLVAN_API std::set<wxTolvanFrame*> g_ChildFrames;

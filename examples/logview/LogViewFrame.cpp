@@ -82,6 +82,9 @@ void LogViewFrame::BuildMenus()
         wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, wxID_EXIT);
     Bind(wxEVT_MENU, &LogViewFrame::OnFollow, this, id_Follow);
     Bind(wxEVT_MENU, &LogViewFrame::OnFullScreen, this, id_FullScreen);
+    Bind(
+        wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Check(IsFullScreen()); },
+        id_FullScreen);
     Bind(wxEVT_MENU, &LogViewFrame::OnPreferences, this, wxID_PREFERENCES);
     Bind(wxEVT_MENU, &LogViewFrame::OnAbout, this, wxID_ABOUT);
     Bind(wxEVT_MENU, &LogViewFrame::OnTextCommand, this, wxTextLineCtrl::id_SelectAll,
@@ -184,9 +187,9 @@ void LogViewFrame::OnFollow(wxCommandEvent& event)
     }
 }
 
-void LogViewFrame::OnFullScreen(wxCommandEvent& event)
+void LogViewFrame::OnFullScreen(wxCommandEvent&)
 {
-    ShowFullScreen(event.IsChecked(), wxFULLSCREEN_NOBORDER | wxFULLSCREEN_NOCAPTION);
+    ShowFullScreen(!IsFullScreen(), wxFULLSCREEN_NOBORDER | wxFULLSCREEN_NOCAPTION);
 }
 
 void LogViewFrame::OnPreferences(wxCommandEvent&)

@@ -63,8 +63,11 @@ void MonitorFrame::BindCommands()
     on(id_SwitchPane, [this](wxCommandEvent&) { m_Splitter->SwitchPane(); });
     on(id_MoreJobs, [this](wxCommandEvent&) { m_Splitter->MoveSash(kSashStep); });
     on(id_MoreLog, [this](wxCommandEvent&) { m_Splitter->MoveSash(-kSashStep); });
-    on(id_FullScreen, [this](wxCommandEvent& event)
-       { ShowFullScreen(event.IsChecked(), wxFULLSCREEN_NOBORDER | wxFULLSCREEN_NOCAPTION); });
+    on(id_FullScreen, [this](wxCommandEvent&)
+       { ShowFullScreen(!IsFullScreen(), wxFULLSCREEN_NOBORDER | wxFULLSCREEN_NOCAPTION); });
+    Bind(
+        wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Check(IsFullScreen()); },
+        id_FullScreen);
     on(wxID_ABOUT, [this](wxCommandEvent&) { OnAbout(); });
     Bind(
         wxEVT_MENU, [this](wxCommandEvent& event) { m_Log->OnMenu(event); },

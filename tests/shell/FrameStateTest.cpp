@@ -107,6 +107,9 @@ TEST_F(FrameStateTest, FullScreenAndBackRestoresTheSizeTwice)
 {
     Options().SetValue("Window", "Window", "150, 130, 640, 480");
     MainFrame* const frame = Open();
+    frame->SaveWindowPosition();
+    const String geometry = Options().GetValue("Window", "Window");
+    const String extents = Options().GetValue("Window", "Frame");
     for (int round = 0; round < 2; ++round)
     {
         frame->ShowFullScreen(true, wxFULLSCREEN_ALL);
@@ -114,6 +117,8 @@ TEST_F(FrameStateTest, FullScreenAndBackRestoresTheSizeTwice)
         Settle(frame);
         frame->SaveWindowPosition();
         EXPECT_TRUE(Options().GetBool("Window", "IsFullScreen", false));
+        EXPECT_EQ(geometry, Options().GetValue("Window", "Window"));
+        EXPECT_EQ(extents, Options().GetValue("Window", "Frame"));
         frame->ShowFullScreen(false, wxFULLSCREEN_ALL);
         ASSERT_TRUE(WaitFor([&] { return !frame->IsFullScreen() && frame->GetSize().x == 640; }));
         Settle(frame);
@@ -229,13 +234,15 @@ TEST_F(FrameStateTest, TheMainFrameTakesTheOthersWithIt)
     EXPECT_EQ(0, g_Scheme); // loaded with it
     auto* const second = new wxTolvanFrame("Second");
     auto* const tool = new wxTolvanFrame(main, "Tool", 0);
-    EXPECT_EQ(std::set<wxTolvanFrame*>{second}, g_ChildFrames);
+    EXPECT_EQ((std::set<wxTolvanFrame*>{second, tool}), g_ChildFrames);
     wxTolvanFrame::s_WinClosed.Connect(&slots, &Slots::OnClosed);
     EXPECT_EQ(1u, slots.ConnectionCount());
     tool->Destroy();
     EXPECT_TRUE(WaitFor([&] { return slots.ConnectionCount() == 0; }));
 
     const wxWeakRef<wxTolvanFrame> watch(second);
+    // Destroying the one may destroy the other.
+    new wxTolvanFrame(new wxTolvanFrame(second, "Outer", 0), "Inner", 0);
     main->Destroy();
     EXPECT_TRUE(WaitFor([&] { return !watch; }));
     EXPECT_TRUE(g_ChildFrames.empty());
@@ -247,10 +254,11 @@ TEST_F(FrameStateTest, SwitchingTheSchemeReachesEveryFrame)
     auto* const main = new MainFrame;
     auto* const second = new wxTolvanFrame("Second");
     auto* const panel = new wxtPanel(second);
+    auto* const tool = new wxTolvanFrame(main, "Tool", 0);
     EXPECT_EQ(0, wxTolvanFrame::SetColorScheme(-1));
     EXPECT_EQ(2, wxTolvanFrame::SetColorScheme(scheme_Lighter));
     for (wxWindow* const window : {static_cast<wxWindow*>(main), static_cast<wxWindow*>(second),
-                                   static_cast<wxWindow*>(panel)})
+                                   static_cast<wxWindow*>(panel), static_cast<wxWindow*>(tool)})
     {
         EXPECT_EQ(wxColour(233, 233, 233), window->GetBackgroundColour());
     }
