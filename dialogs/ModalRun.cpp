@@ -4,6 +4,7 @@
 #include <wx/weakref.h>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 // A modal dialog belongs to whoever runs it, mostly on the stack: nothing else may delete it while
@@ -20,6 +21,7 @@ struct wxTolvanDlg::ModalRun
     explicit ModalRun(wxTolvanDlg& dialog) : m_Dialog(dialog), m_Parent(dialog.GetParent())
     {
         s_Running.push_back(&dialog);
+        dialog.m_IsFinished = true; // until it has come up
         if (m_Parent)
         {
             m_Parent->Bind(wxEVT_DESTROY, &wxTolvanDlg::LeaveParent, &dialog);
@@ -52,6 +54,21 @@ struct wxTolvanDlg::ModalRun
     wxWeakRef<wxWindow> m_Parent;
 };
 
+bool wxTolvanDlg::IsRunModally() const
+{
+    return m_Modal || IsModal() ||
+           std::find(s_Running.begin(), s_Running.end(), this) != s_Running.end();
+}
+
+// Whichever way the run ends, and however many of them it takes.
+void wxTolvanDlg::TellFinished()
+{
+    if (!std::exchange(m_IsFinished, true))
+    {
+        s_ModalFinished.Emit();
+    }
+}
+
 int wxTolvanDlg::ShowModal()
 {
     CALL_ENTRY("wxTolvanDlg::ShowModal");
@@ -60,7 +77,9 @@ int wxTolvanDlg::ShowModal()
         return 0;
     }
     const ModalRun run(*this);
-    return wxDialog::ShowModal();
+    const int      result = wxDialog::ShowModal();
+    TellFinished(); // for those that end themselves with EndModal
+    return result;
 }
 
 void wxTolvanDlg::CloseForGood()

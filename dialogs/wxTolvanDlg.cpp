@@ -121,11 +121,6 @@ void wxTolvanDlg::CreateDialog(wxWindow* parent, const wxString& title)
     Manage(this);
 }
 
-bool wxTolvanDlg::IsRunModally() const
-{
-    return m_Modal || IsModal();
-}
-
 void wxTolvanDlg::SavePosition()
 {
     if (!m_PositionName.empty())
@@ -171,7 +166,7 @@ void wxTolvanDlg::End(int result)
     {
         SavePosition();
         EndDialog(result);
-        s_ModalFinished.Emit();
+        TellFinished();
     }
     else
     {
@@ -201,8 +196,8 @@ void wxTolvanDlg::OnClose(wxCloseEvent& event)
     SavePosition();
     if (IsRunModally())
     {
-        event.Skip();
-        s_ModalFinished.Emit();
+        event.Skip(); // a stock Cancel button is clicked then
+        TellFinished();
     }
     else
     {
@@ -223,8 +218,9 @@ void wxTolvanDlg::OnInit(wxInitDialogEvent& event)
     {
         control->SetFocus();
     }
-    if (m_Modal)
+    if (IsRunModally())
     {
+        m_IsFinished = false;
         s_ModalStarted.Emit();
     }
 }

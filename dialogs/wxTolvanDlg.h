@@ -99,7 +99,7 @@ public:
     static std::map<String, _Count> g_OpenCount; ///< Live dialogs by position name.
 
     static Signal0<> s_ModalStarted;  ///< A modal dialog has come up.
-    static Signal0<> s_ModalFinished; ///< A modal dialog was closed.
+    static Signal0<> s_ModalFinished; ///< A modal dialog was closed; once for each that came up.
     static Signal0<> s_DlgClosed;     ///< Any dialog was destroyed.
 
 protected:
@@ -110,6 +110,7 @@ private:
     struct ModalRun;
 
     bool IsRunModally() const;
+    void TellFinished();
     void SavePosition();
     void RestorePosition();
     void End(int result);
@@ -119,7 +120,8 @@ private:
     String        m_PositionName; ///< Empty: not remembered.
     std::uint64_t m_OpenIndex;    ///< Dialogs of that name that were open before this one.
     bool          m_Modal;
-    bool          m_Closed = false; ///< For good: it is not to be run again.
+    bool          m_Closed = false;     ///< For good: it is not to be run again.
+    bool          m_IsFinished = false; ///< The end of the present run has been told.
 
     wxDECLARE_EVENT_TABLE();
 };

@@ -4,6 +4,7 @@
 
 #include "appearance/wxtButton.h"
 
+#include <wx/button.h>
 #include <wx/textctrl.h>
 
 #include <algorithm>
@@ -35,7 +36,13 @@ TEST_F(DialogTest, ResultsAndSignalsOfModalRuns)
         EXPECT_EQ(0, Run(dialog, [] { Press(WXK_ESCAPE); }));
         EXPECT_NE(wxID_OK, Run(dialog, [&dialog] { dialog.Close(); }));
     }
-    EXPECT_EQ("sfsfsfc", notices.heard);
+    {
+        wxTolvanDlg dialog(Frame(), "", "", true);
+        new wxButton(&dialog, wxID_CANCEL, "Cancel");
+        EXPECT_EQ(0, Run(dialog, [&dialog] { dialog.Close(); }));
+        EXPECT_EQ(5, Run(dialog, [&dialog] { dialog.EndModal(5); }));
+    }
+    EXPECT_EQ("sfsfsfcsfsfc", notices.heard);
 }
 
 // However late the focus is back there.
