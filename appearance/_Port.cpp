@@ -67,12 +67,13 @@ bool CloseMenu()
     return menu && cancel;
 }
 
-bool CloseMessageBox()
+// A message box or a file dialog; those of our own are none of the port's.
+bool CloseStockDialog()
 {
     constexpr int kClosed = -4; // the port's answer of a box that was closed
     using Respond = void (*)(GObject*, int);
     const auto     respond = reinterpret_cast<Respond>(dlsym(RTLD_DEFAULT, "gtk_dialog_response"));
-    GObject* const box = GrabOf("GtkMessageDialog");
+    GObject* const box = GrabOf("GtkDialog");
     if (box && respond)
     {
         respond(box, kClosed);
@@ -140,7 +141,7 @@ bool _ClosePopUps()
     for (; closed < kMostMenus && CloseMenu(); ++closed)
     {
     }
-    return closed > 0 || CloseMessageBox();
+    return closed > 0 || CloseStockDialog();
 }
 
 bool _ReplacePixels(wxBitmap& bitmap, const wxImage& image)

@@ -24,8 +24,8 @@ TOLVAN_API void _EndScrollbarPress(wxWindow& window);
 /// port does not tell.
 TOLVAN_API _PangoContext* _ScreenTextContext();
 
-/// Closes the menus and the toolkit's own message box that are open, as the Escape key does.
-/// Whether there was any.
+/// Closes the menus and the toolkit's own message box or file dialog that are open, as the Escape
+/// key does. Whether there was any.
 TOLVAN_API bool _ClosePopUps();
 
 /// Replaces the picture of a bitmap that is as large as the image (pixels of the screen), without

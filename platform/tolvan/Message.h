@@ -65,7 +65,8 @@ extern TOLVAN_API const char* const msg_Failed;
 extern TOLVAN_API const char* const msg_Shutdown;
 /// @}
 
-/// The master asks this program to close. Raised on a thread of the messenger.
+/// The master, or a signal of the operating system, asks this program to close. Raised on a thread
+/// of the platform.
 class TOLVAN_API ShutdownMsg
 {
 public:

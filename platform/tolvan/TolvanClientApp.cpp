@@ -5,6 +5,7 @@
 #include "tolvan/SocketFolder.h"
 #include "tolvan/_Guarded.h"
 #include "vesta/CallEntry.h"
+#include "vesta/EndSignals.h"
 #include "vesta/File.h"
 #include "vesta/LibStatic.h"
 #include "vesta/Path.h"
@@ -13,6 +14,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstring>
 #include <mutex>
 #include <utility>
 #include <vector>
@@ -129,6 +131,7 @@ bool TolvanClientApp::Startup(CommandLine& commandLine)
                    m_LogDir);
     }
     ShutdownMsg::s_Signal.Connect(m_Execution.get(), &Execution::OnShutdown);
+    CatchSignals();
     ThreadPool::Start(kWorkers);
     StartServer();
     if (m_UsesMaster && !commandLine.Has(kNoMaster))
@@ -136,6 +139,22 @@ bool TolvanClientApp::Startup(CommandLine& commandLine)
         m_Messenger->Start(GetClientName());
     }
     return true;
+}
+
+void TolvanClientApp::CatchSignals()
+{
+    m_EndSignals = std::make_unique<EndSignals>(
+        [](int signal)
+        {
+            LogSystem(SFormat("Received signal %d (%s)", signal, strsignal(signal)));
+            _Guarded("Ending the program",
+                     [signal]
+                     {
+                         const boost::shared_ptr<ShutdownMsg> message(
+                             new ShutdownMsg(SFormat("signal %d", signal)));
+                         ShutdownMsg::s_Signal.Emit(message);
+                     });
+        });
 }
 
 void TolvanClientApp::Cleanup()
@@ -148,6 +167,7 @@ void TolvanClientApp::Cleanup()
 void TolvanClientApp::EndStarted()
 {
     m_Messenger->Stop();
+    m_EndSignals.reset();
     m_Execution->DisconnectAll();
     StopServer();
     if (std::exchange(m_IsStarted, false))

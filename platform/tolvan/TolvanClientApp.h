@@ -14,6 +14,7 @@
 #include <shared_mutex>
 
 class ComponentServer;
+class EndSignals;
 class Messenger;
 
 /// The client program of the farm: its command line, log, options, its connection to the master
@@ -25,7 +26,8 @@ class Messenger;
 ///
 /// What the master says is raised as the signals of Message.h by the messenger; a message
 /// msg_Shutdown is raised as a `ShutdownMsg` only, a message msg_Failed that no handler takes ends
-/// in `RequestHasFailed`.
+/// in `RequestHasFailed`. The first SIGTERM, SIGINT or SIGHUP of a started program is a
+/// `ShutdownMsg` too; the next one kills.
 class TOLVAN_API TolvanClientApp : public Application, public HasSlots
 {
 public:
@@ -112,6 +114,7 @@ private:
     struct Execution;
 
     bool OpenLog();
+    void CatchSignals();
     void EndStarted();
     void StartServer();
     void StopServer();
@@ -129,5 +132,6 @@ private:
     mutable std::shared_mutex        m_ServerLock; ///< Held shared while the server is used.
     std::unique_ptr<ComponentServer> m_Server;
     std::unique_ptr<Messenger>       m_Messenger;
+    std::unique_ptr<EndSignals>      m_EndSignals;
     bool                             m_IsStarted = false;
 };
