@@ -10,6 +10,7 @@
 
 #include <wx/image.h>
 #include <wx/imagpng.h>
+#include <wx/menu.h>
 
 wxTolvanFrame*           wxTolvanFrame::s_Frame = nullptr;
 Signal0<>                wxTolvanFrame::s_WinClosed;
@@ -35,6 +36,7 @@ constexpr long kToolFrameStyle = wxCAPTION | wxFRAME_FLOAT_ON_PARENT | wxFRAME_T
 wxBEGIN_EVENT_TABLE(wxTolvanFrame, wxFrame)
     EVT_MOVE(wxTolvanFrame::OnMove)
     EVT_SIZE(wxTolvanFrame::OnSize)
+    EVT_MENU_OPEN(wxTolvanFrame::OnMenuOpen)
     EVT_MENU_HIGHLIGHT_ALL(wxTolvanFrame::OnMenuOpen)
     EVT_MENU_CLOSE(wxTolvanFrame::OnMenuClose)
     EVT_ACTIVATE(wxTolvanFrame::OnActivate)
@@ -192,6 +194,12 @@ void wxTolvanFrame::OnSize(wxSizeEvent& event)
     if (event.GetSize() == m_LastSize)
     {
         LogDebug("Size event ignored because it is a duplicate event");
+        if (IsMaximized() || IsFullScreen())
+        {
+            // The one state may be as large as the other.
+            m_WasMaximized = IsMaximized();
+            m_WasFullScreen = IsFullScreen();
+        }
         return;
     }
     const wxSize oldSize = m_LastSize;
@@ -223,7 +231,11 @@ void wxTolvanFrame::OnMenuOpen(wxMenuEvent& event)
 void wxTolvanFrame::OnMenuClose(wxMenuEvent& event)
 {
     event.Skip();
-    s_MenuOpen = false;
+    // One in another menu closes alone.
+    if (!event.GetMenu() || !event.GetMenu()->GetParent())
+    {
+        s_MenuOpen = false;
+    }
 }
 
 void wxTolvanFrame::OnActivate(wxActivateEvent& event)

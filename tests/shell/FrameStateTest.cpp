@@ -6,6 +6,8 @@
 #include "shell/wxTolvanFrame.h"
 
 #include <wx/display.h>
+#include <wx/menu.h>
+#include <wx/uiaction.h>
 
 namespace
 {
@@ -94,6 +96,17 @@ TEST_F(FrameStateTest, MaximisingAndBackRestoresTheSizeTwice)
         EXPECT_EQ("yes", Options().GetValue("Window", "IsMaximized").ToLower());
         EXPECT_EQ(SFormat("%d, %d, 640, 480", position.x, position.y),
                   Options().GetValue("Window", "Window"));
+        for (const bool full : {true, false})
+        {
+            frame->ShowFullScreen(full, wxFULLSCREEN_ALL);
+            EXPECT_TRUE(WaitFor(
+                [&]
+                {
+                    frame->SaveWindowPosition();
+                    return Options().GetBool("Window", "IsFullScreen", !full) == full;
+                }));
+            Settle(frame);
+        }
         frame->Maximize(false);
         ASSERT_TRUE(WaitFor([&] { return !frame->IsMaximized() && frame->GetSize().x == 640; }));
         Settle(frame);
@@ -273,14 +286,40 @@ TEST_F(FrameStateTest, SwitchingTheSchemeReachesEveryFrame)
 
 TEST_F(FrameStateTest, KnowsWhetherAMenuIsOpen)
 {
-    auto* const frame = new MainFrame;
-    wxMenuEvent highlight(wxEVT_MENU_HIGHLIGHT, 1);
-    frame->GetEventHandler()->ProcessEvent(highlight);
-    EXPECT_TRUE(wxTolvanFrame::IsMenuOpen());
-    EXPECT_FALSE(ParentIsActive(nullptr));
-    wxMenuEvent close(wxEVT_MENU_CLOSE, 1);
-    frame->GetEventHandler()->ProcessEvent(close);
-    EXPECT_FALSE(wxTolvanFrame::IsMenuOpen());
-    EXPECT_TRUE(ParentIsActive(nullptr));
-    EXPECT_FALSE(ParentIsActive(frame)); // never shown
+    EXPECT_FALSE(ParentIsActive(new MainFrame)); // never shown
+    MainFrame* const frame = Open();
+    auto* const      menu = new wxMenu;
+    menu->Append(1, "An item");
+    auto* const inner = new wxMenu;
+    inner->Append(2, "Another");
+    menu->AppendSubMenu(inner, "More");
+    auto* const bar = new wxMenuBar;
+    bar->Append(menu, "&File");
+    frame->SetMenuBar(bar);
+    frame->Maximize();
+    ASSERT_TRUE(WaitFor([&] { return frame->GetSize().x > 1000; }));
+    Settle(frame);
+
+    wxUIActionSimulator input;
+    const wxPoint       title = frame->GetScreenPosition() + wxPoint(10, bar->GetSize().y / 2);
+    const std::function<void()> ways[] = {
+        [&] { input.Char('F', wxMOD_ALT); },
+        [&]
+        {
+            input.MouseMove(title);
+            input.MouseClick();
+        },
+    };
+    for (const auto& open : ways)
+    {
+        open();
+        EXPECT_TRUE(WaitFor([] { return wxTolvanFrame::IsMenuOpen(); }));
+        EXPECT_FALSE(ParentIsActive(nullptr));
+        wxMenuEvent close(wxEVT_MENU_CLOSE, 0, inner);
+        frame->GetEventHandler()->ProcessEvent(close);
+        EXPECT_TRUE(wxTolvanFrame::IsMenuOpen());
+        input.Char(WXK_ESCAPE);
+        EXPECT_TRUE(WaitFor([] { return !wxTolvanFrame::IsMenuOpen(); }));
+        EXPECT_TRUE(ParentIsActive(nullptr));
+    }
 }
