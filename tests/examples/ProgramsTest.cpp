@@ -198,6 +198,30 @@ TEST_F(ProgramsTest, TheWindowComesBackAsLargeAsItWas)
     }
 }
 
+// Whatever is open over the window.
+TEST_F(ProgramsTest, ASignalEndsAProgramInOrder)
+{
+    const struct
+    {
+        int    signal;
+        String program, component, window, keys, dialog;
+    } rows[] = {
+        {SIGTERM, MONITOR_PROGRAM, component_Monitor, "Tolvan Monitor", "ctrl+n", "Submit Job"},
+        {SIGINT, LOGVIEW_PROGRAM, component_LogView, "Tolvan Log Viewer", "ctrl+o", "Open"}};
+    for (const auto& row : rows)
+    {
+        Program program({row.program, "--no-master"});
+        EXPECT_TRUE(PressKeys(row.window, "key " + row.keys));
+        EXPECT_TRUE(PressKeys(row.dialog, "key shift")); // it is there
+        program.Signal(row.signal);
+        EXPECT_TRUE(WaitFor([&] { return program.HasEnded(); }, kProgramDeadlineMs));
+        EXPECT_EQ(0, program.ExitCode());
+        IniFile options(UserFile(row.component + ".ini"));
+        EXPECT_TRUE(options.Load(false, false));
+        EXPECT_NE("", options.GetValue("Window", "Window")) << row.component;
+    }
+}
+
 TEST_F(ProgramsTest, AnUnusableLogFolderIsExplained)
 {
     WriteFile(UserFile("logs"), "a file where the folder should be");
