@@ -301,7 +301,8 @@ TEST_F(FrameStateTest, KnowsWhetherAMenuIsOpen)
     Settle(frame);
 
     wxUIActionSimulator input;
-    const wxPoint       title = frame->GetScreenPosition() + wxPoint(10, bar->GetSize().y / 2);
+    // Above the client area.
+    const wxPoint               title = frame->ClientToScreen(wxPoint(10, -12));
     const std::function<void()> ways[] = {
         [&] { input.Char('F', wxMOD_ALT); },
         [&]
