@@ -19,12 +19,17 @@ ColorMenu::ColorMenu(wxFrame* frame)
     int id = kFirstId;
     for (const SchemeName& entry : k_SchemeNames)
     {
-        AppendRadioItem(id++, wxGetTranslation(entry.label));
+        // No radio items: the toolkit does not tell of one that is picked again, and the colours of
+        // the custom scheme may be others by then.
+        AppendCheckItem(id++, wxGetTranslation(entry.label));
     }
     frame->Bind(
         wxEVT_MENU,
-        [](wxCommandEvent& event)
-        { wxTolvanFrame::SetColorScheme(k_SchemeNames[event.GetId() - kFirstId].scheme); },
+        [this](wxCommandEvent& event)
+        {
+            wxTolvanFrame::SetColorScheme(k_SchemeNames[event.GetId() - kFirstId].scheme);
+            TickScheme();
+        },
         kFirstId, kLastId);
     frame->Bind(wxEVT_MENU_OPEN, &ColorMenu::OnOpen, this);
 }
@@ -32,11 +37,13 @@ ColorMenu::ColorMenu(wxFrame* frame)
 void ColorMenu::OnOpen(wxMenuEvent& event)
 {
     event.Skip();
+    TickScheme();
+}
+
+void ColorMenu::TickScheme()
+{
     for (size_t i = 0; i < std::size(k_SchemeNames); ++i)
     {
-        if (k_SchemeNames[i].scheme == g_Scheme)
-        {
-            Check(kFirstId + static_cast<int>(i), true);
-        }
+        Check(kFirstId + static_cast<int>(i), k_SchemeNames[i].scheme == g_Scheme);
     }
 }

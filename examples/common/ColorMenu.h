@@ -14,4 +14,5 @@ public:
 
 private:
     void OnOpen(wxMenuEvent& event);
+    void TickScheme();
 };

@@ -60,6 +60,19 @@ void PreferencesDlg::AddSchemes(wxBoxSizer& sizer)
                          m_HasChosen = true;
                          wxTolvanFrame::SetColorScheme(name.scheme);
                      });
+        if (name.scheme == scheme_Custom)
+        {
+            // Picked again it has the colours read anew, which the button does not tell of.
+            button->Bind(wxEVT_LEFT_UP,
+                         [](wxMouseEvent& event)
+                         {
+                             event.Skip();
+                             if (g_Scheme == scheme_Custom)
+                             {
+                                 wxTolvanFrame::SetColorScheme(scheme_Custom);
+                             }
+                         });
+        }
         sizer.Add(button, 0, wxEXPAND | wxTOP, kGap);
         m_Schemes.push_back(button);
     }

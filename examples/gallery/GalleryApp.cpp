@@ -1,10 +1,17 @@
 #include "gallery/GalleryFrame.h"
 
+#include "common/CommandHelp.h"
 #include "shell/wxTolvanApp.h"
 
 namespace
 {
-// Shows the library's controls. "--set-scheme=CODE": in that colour scheme, from now on.
+const char* const kHelp =
+    "tolvan-gallery: shows every control of the library once.\n"
+    "\n"
+    "  --set-scheme=CODE   in that colour scheme, from now on: 0 default, 1 light, 2 lighter,\n"
+    "                      3 dark, 4 darker, 5 custom\n"
+    "  --help, --version   say so and end\n";
+
 class GalleryApp : public wxTolvanApp
 {
 public:
@@ -33,4 +40,10 @@ public:
 };
 } // namespace
 
-wxIMPLEMENT_APP(GalleryApp);
+wxIMPLEMENT_APP_NO_MAIN(GalleryApp);
+
+int main(int argc, char** argv)
+{
+    wxDISABLE_DEBUG_SUPPORT();
+    return AnswerCommandLine(argc, argv, "tolvan-gallery", kHelp) ? 0 : wxEntry(argc, argv);
+}

@@ -1,11 +1,19 @@
 #include "logview/LogViewFrame.h"
 
+#include "common/CommandHelp.h"
 #include "shell/wxTolvanApp.h"
 #include "tolvan/Components.h"
 
 namespace
 {
-// Opens text files and follows them as they grow: tolvan-logview FILE...
+const char* const kHelp =
+    "tolvan-logview FILE...: shows text files and follows them as they grow.\n"
+    "\n"
+    "  --log-dir FOLDER    folder of the log file TolvanLogView.log\n"
+    "  --verbose           debug lines in the log and on the console\n"
+    "  --help, --version   say so and end\n";
+
+// Opens text files and follows them as they grow.
 class LogViewApp : public wxTolvanApp
 {
 public:
@@ -36,4 +44,10 @@ public:
 };
 } // namespace
 
-wxIMPLEMENT_APP(LogViewApp);
+wxIMPLEMENT_APP_NO_MAIN(LogViewApp);
+
+int main(int argc, char** argv)
+{
+    wxDISABLE_DEBUG_SUPPORT();
+    return AnswerCommandLine(argc, argv, "tolvan-logview", kHelp) ? 0 : wxEntry(argc, argv);
+}

@@ -1,5 +1,6 @@
 #include "monitor/MonitorFrame.h"
 
+#include "common/CommandHelp.h"
 #include "common/StartTime.h"
 #include "master/StartMaster.h"
 #include "shell/wxTolvanApp.h"
@@ -13,9 +14,19 @@
 
 namespace
 {
-// The farm monitor. Options beside those of every client: "--no-start" (start no master),
-// "--set-scheme=CODE" (switch the colour scheme of all programs), "--time-start" (print the
-// milliseconds from the process's start to the first complete paint, and end).
+const char* const kHelp =
+    "tolvan-monitor: shows the jobs of a Tolvan render farm and acts on them.\n"
+    "\n"
+    "  --no-start          start no master where none runs\n"
+    "  --no-master         connect to none either\n"
+    "  --set-scheme=CODE   switch the colour scheme of all programs: 0 default, 1 light,\n"
+    "                      2 lighter, 3 dark, 4 darker, 5 custom\n"
+    "  --time-start        print the milliseconds until the window is shown, and end\n"
+    "  --log-dir FOLDER    folder of the log file TolvanMonitor.log\n"
+    "  --verbose           debug lines in the log and on the console\n"
+    "  --help, --version   say so and end\n";
+
+// The farm monitor.
 class MonitorApp : public wxTolvanApp
 {
 public:
@@ -152,4 +163,10 @@ void MonitorApp::PrintStartTime()
 }
 } // namespace
 
-wxIMPLEMENT_APP(MonitorApp);
+wxIMPLEMENT_APP_NO_MAIN(MonitorApp);
+
+int main(int argc, char** argv)
+{
+    wxDISABLE_DEBUG_SUPPORT();
+    return AnswerCommandLine(argc, argv, "tolvan-monitor", kHelp) ? 0 : wxEntry(argc, argv);
+}

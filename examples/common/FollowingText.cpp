@@ -1,0 +1,58 @@
+#include "common/FollowingText.h"
+
+#include "textviews/wxTextLineSearchPanel.h"
+
+#include <algorithm>
+
+FollowingText::FollowingText(wxWindow* parent, int mostLines)
+    : wxTextLineCtrl(parent), m_MostLines(mostLines)
+{
+    SetFollowEnd(true);
+}
+
+int FollowingText::Add(const String& line)
+{
+    SetFollowEnd(m_Follow && !HoldsHit());
+    const int index = Append(line, false);
+    if (index < m_MostLines)
+    {
+        return index;
+    }
+    Erase(0);
+    m_PassedHit = std::max(m_PassedHit - 1, -1);
+    return index - 1;
+}
+
+void FollowingText::SetFollowing(bool follow)
+{
+    m_Follow = follow;
+    SetFollowEnd(follow);
+    if (follow)
+    {
+        m_PassedHit = GetMarkedLine();
+        ScrollToBottom();
+    }
+}
+
+bool FollowingText::IsFollowing() const
+{
+    return m_Follow && IsAtEnd() && !HoldsHit();
+}
+
+bool FollowingText::IsAtEnd() const
+{
+    return GetScrollPos(wxVERTICAL) + GetScrollThumb(wxVERTICAL) >= GetScrollRange(wxVERTICAL);
+}
+
+// While the search bar is open and the line that it found is in sight.
+bool FollowingText::HoldsHit() const
+{
+    const wxTextLineSearchPanel* const panel = GetSearchPanel();
+    const int                          hit = GetMarkedLine();
+    if (!panel || !panel->IsShown() || hit < 0 || hit == m_PassedHit)
+    {
+        return false;
+    }
+    const int first = GetScrollPos(wxVERTICAL) / m_LineHeight;
+    return hit >= first && hit <= first + GetClientSize().y / m_LineHeight;
+}
