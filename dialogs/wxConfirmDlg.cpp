@@ -67,6 +67,9 @@ void wxConfirmDlg::CreateControls(wxWindow* parent, const wxString& message, boo
     ok->SetDefault();
     auto* const cancel = new wxtButton(this, wxID_CANCEL, wxGetTranslation("Cancel"));
 
+    // The keyboard begins at the buttons: a blank typed too early would silence the question.
+    m_CheckBox->MoveAfterInTabOrder(cancel);
+
     auto* const row = new wxBoxSizer(wxHORIZONTAL);
     row->Add(m_CheckBox, wxSizerFlags().CentreVertical());
     row->Add(kRowGap, 0, 1);

@@ -14,6 +14,8 @@ struct Question
     wxString text;
     wxString ok;     ///< Label of the button that confirms.
     wxString cancel; ///< Label of the other one.
+    /// What is asked about cannot be undone: Enter leaves it undone.
+    bool isHarmful = false;
 };
 
 /// Asks, unless the answer is known. Whether it was confirmed.

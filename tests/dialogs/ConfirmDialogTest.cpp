@@ -29,9 +29,12 @@ protected:
         const auto act = [&]
         {
             auto* const box = dynamic_cast<wxtCheckBox*>(dialog.FindWindow("checkBox"));
-            EXPECT_TRUE(WaitForFocus(box));
+            EXPECT_TRUE(WaitForFocus(dialog.FindWindow(wxID_OK))); // a blank must not tick
             if (tick)
             {
+                Press(WXK_TAB);
+                Press(WXK_TAB);
+                EXPECT_TRUE(WaitForFocus(box));
                 Press(WXK_SPACE);
                 EXPECT_TRUE(WaitFor([box] { return box->GetValue(); }));
             }
