@@ -5,6 +5,8 @@
 #include "vesta/Log.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cmath>
 #include <limits>
 
 namespace
@@ -43,9 +45,82 @@ bool TakeName(const _ModuleFile& file, const String& section, const String& kind
     return true;
 }
 
+constexpr struct
+{
+    const char*        name;
+    JobParamInfo::Kind kind;
+} kParamKinds[] = {{"text", JobParamInfo::Kind::kText},
+                   {"integer", JobParamInfo::Kind::kInteger},
+                   {"number", JobParamInfo::Kind::kNumber},
+                   {"file", JobParamInfo::Kind::kFile},
+                   {"folder", JobParamInfo::Kind::kFolder}};
+
+JobParamInfo::Kind ReadKind(const _ModuleFile& file, const String& section)
+{
+    const String text = file.Get(section, "Type").Trim();
+    if (text.empty())
+    {
+        return JobParamInfo::Kind::kText;
+    }
+    for (const auto& known : kParamKinds)
+    {
+        if (text.EqualsNoCase(known.name))
+        {
+            return known.kind;
+        }
+    }
+    file.Complain(section, "Type",
+                  "there is no type \"" + text + "\", only text, integer, number, file and folder");
+}
+
+/// Finite, and nothing else in the text.
+bool ToNumber(const String& text, double& number)
+{
+    const char* const end = text.data() + text.size();
+    const auto        result = std::from_chars(text.data(), end, number);
+    return result.ec == std::errc() && result.ptr == end && std::isfinite(number);
+}
+
+bool IsReference(const String& bound)
+{
+    return bound.size() > 2 && bound.front() == '%' && bound.back() == '%';
+}
+
+String ReadBound(const _ModuleFile& file, const String& section, const String& key,
+                 JobParamInfo::Kind kind)
+{
+    const String bound = file.Get(section, key).Trim();
+    double       number = 0;
+    if (!bound.empty() && !IsReference(bound) && !ToNumber(bound, number))
+    {
+        file.Complain(section, key, "\"" + bound + "\" is neither a number nor %Parameter%");
+    }
+    if (!bound.empty() && kind != JobParamInfo::Kind::kInteger &&
+        kind != JobParamInfo::Kind::kNumber)
+    {
+        file.Complain(section, key, "only an integer or a number has a range");
+    }
+    return bound;
+}
+
+/// The bound as it is for a job; empty when it is none there.
+String BoundFor(const String& bound, const JobParamInfo::Lookup& lookup)
+{
+    const String text =
+        IsReference(bound) ? lookup(bound.substr(1, bound.size() - 2)).Trim() : String(bound);
+    double number = 0;
+    return ToNumber(text, number) ? text : String();
+}
+
+bool IsInteger(const String& text)
+{
+    return String::FromInt(text.ToInt(0)) == text;
+}
+
 JobParamInfo ReadParameter(_ModuleFile& file, const String& section, const String& name)
 {
-    file.ReportUnknownKeys(section, {"Description", "Default", "Choices"});
+    file.ReportUnknownKeys(section,
+                           {"Description", "Default", "Choices", "Type", "Minimum", "Maximum"});
     JobParamInfo info;
     info.name = name;
     info.description = file.Get(section, "Description");
@@ -57,6 +132,15 @@ JobParamInfo ReadParameter(_ModuleFile& file, const String& section, const Strin
     {
         file.Complain(section, "Default",
                       "the default \"" + info.value + "\" is not among the choices");
+    }
+    info.kind = ReadKind(file, section);
+    info.minimum = ReadBound(file, section, "Minimum", info.kind);
+    info.maximum = ReadBound(file, section, "Maximum", info.kind);
+    const auto none = [](const String&) { return String(); };
+    if (!info.Accepts(info.value, none))
+    {
+        file.Complain(section, "Default",
+                      "the default \"" + info.value + "\" is not " + info.Requirement(none));
     }
     return info;
 }
@@ -138,6 +222,46 @@ boost::shared_ptr<const JobTypeInfo> JobTypeInfo::Load(const Path& path)
     }
     file.ReportTheRest();
     return info;
+}
+
+String JobParamInfo::Requirement(const Lookup& lookup) const
+{
+    if (!choices.empty())
+    {
+        return "one of its choices";
+    }
+    if (kind != Kind::kInteger && kind != Kind::kNumber)
+    {
+        return String();
+    }
+    const String low = BoundFor(minimum, lookup);
+    const String high = BoundFor(maximum, lookup);
+    const String text = kind == Kind::kInteger ? "a whole number" : "a number";
+    if (!low.empty() && !high.empty())
+    {
+        return text + " from " + low + " to " + high;
+    }
+    return text + (low.empty() ? String() : " of at least " + low) +
+           (high.empty() ? String() : " of at most " + high);
+}
+
+bool JobParamInfo::Accepts(const String& text, const Lookup& lookup) const
+{
+    if (!choices.empty())
+    {
+        return std::find(choices.begin(), choices.end(), text) != choices.end() ||
+               (text.empty() && value.empty());
+    }
+    const String trimmed = text.Trim();
+    if ((kind != Kind::kInteger && kind != Kind::kNumber) || (trimmed.empty() && value.empty()))
+    {
+        return true;
+    }
+    double number = 0;
+    double bound = 0;
+    return ToNumber(trimmed, number) && (kind == Kind::kNumber || IsInteger(trimmed)) &&
+           (!ToNumber(BoundFor(minimum, lookup), bound) || number >= bound) &&
+           (!ToNumber(BoundFor(maximum, lookup), bound) || number <= bound);
 }
 
 const JobParamInfo& JobTypeInfo::GetParam(int index) const

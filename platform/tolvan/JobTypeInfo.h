@@ -8,16 +8,43 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include <functional>
 #include <map>
 #include <vector>
 
 /// A parameter of a job type.
-struct JobParamInfo
+struct TOLVAN_API JobParamInfo
 {
+    /// What its values are.
+    enum class Kind
+    {
+        kText,
+        kInteger,
+        kNumber,
+        kFile,
+        kFolder
+    };
+    /// The value of another parameter of the same job; empty when there is none of that name.
+    using Lookup = std::function<String(const String& name)>;
+
     String              name;
     String              description;
     String              value;   ///< Default.
     std::vector<String> choices; ///< Empty: any text.
+    Kind                kind = Kind::kText;
+    /// Of numbers, both included; empty: none. "%Name%" stands for another parameter's value.
+    /// @{
+    String minimum;
+    String maximum;
+    /// @}
+
+    /// How it is named to users: by its description, if it has one.
+    const String& Label() const { return description.empty() ? name : description; }
+    /// What a value has to be, as the end of a sentence: "a whole number from 1 to 100". Empty for
+    /// any text.
+    String Requirement(const Lookup& lookup) const;
+    /// Whether it can be the parameter's value. An empty one can where the default is empty.
+    bool Accepts(const String& value, const Lookup& lookup) const;
 };
 
 /// Description of a job type ("product"), read from one module file. Never changes once loaded.
@@ -26,7 +53,9 @@ struct JobParamInfo
 /// [Type] Id (UID), Name, Description, Execute (the command line, with %Parameter% replaced by the
 /// job's value; quotes and backslashes as in `StringTokenizer`), Folder (where it is run; empty:
 /// the job's own); Id and Name must be there;
-/// [Parameter NAME] Description, Default, Choices (separated by ";");
+/// [Parameter NAME] Description, Default, Choices (separated by ";"), Type (text, integer, number,
+/// file, folder; text when there is none), Minimum and Maximum (of numbers; %Parameter% stands for
+/// another one's value);
 /// [Command NAME] Flags (job, output, admin; separated by ";"; job when there are none),
 /// Description, Items, States, Separator (yes: only Flags count besides; every kind when there are
 /// none);

@@ -99,6 +99,15 @@ TEST_F(JobTypeInfoTest, NamesFileLineAndFault)
          ": [Parameter] needs a name"},
         {"an impossible default", String(kHead) + "[Parameter P]\nChoices = a;b\nDefault = c\n",
          ":6: the default \"c\" is not among the choices"},
+        {"an unknown type", String(kHead) + "[Parameter P]\nType = real\n",
+         ":5: there is no type \"real\""},
+        {"no bound", String(kHead) + "[Parameter P]\nType = integer\nMinimum = one\n",
+         ":6: \"one\" is neither a number nor %Parameter%"},
+        {"a range of texts", String(kHead) + "[Parameter P]\nMaximum = 1\n",
+         ":5: only an integer or a number has a range"},
+        {"a default out of range",
+         String(kHead) + "[Parameter P]\nType = integer\nMaximum = 5\nDefault = 6\n",
+         ":7: the default \"6\" is not a whole number of at most 5"},
         {"an unknown flag", String(kHead) + "[Command C]\n\nFlags = job;jbo\n",
          ":6: there is no flag \"jbo\""},
         {"no truth value", String(kHead) + "[Command C]\nSeparator = perhaps\n",
@@ -110,6 +119,42 @@ TEST_F(JobTypeInfoTest, NamesFileLineAndFault)
             << one.what << ": " << complaint;
     }
     EXPECT_TRUE(Load(kHead)) << "Id and Name are enough";
+}
+
+TEST_F(JobTypeInfoTest, ParametersSayWhatTheyAccept)
+{
+    const auto info = Load(String(kHead) + "[Parameter First]\nType = integer\nMinimum = 1\n"
+                                           "Maximum = 9999\nDefault = 1\n"
+                                           "[Parameter Last]\nType = Integer\n"
+                                           "Minimum = %First%\nDefault = 60\n"
+                                           "[Parameter Scale]\nType = number\nMaximum = 2.5\n"
+                                           "[Parameter Source]\nType = folder\n");
+    const struct
+    {
+        int         param;
+        const char* first; // the value of the parameter First
+        const char* value;
+        bool        isAccepted;
+    } cases[] = {
+        {0, "", "1", true},        {0, "", " 9999 ", true}, {0, "", "0", false},
+        {0, "", "10000", false},   {0, "", "abc", false},   {0, "", "1.5", false},
+        {0, "", "", false},        {0, "", "1x", false},    {0, "", "99999999999999999999", false},
+        {1, "10", "10", true},     {1, "10", "9", false},   {1, "abc", "-5", true},
+        {2, "", "", true},         {2, "", "-1e3", true},   {2, "", "2.51", false},
+        {2, "", "inf", false},     {2, "", "nan", false},   {2, "", "0x1", false},
+        {3, "", "/no/such", true},
+    };
+    for (const auto& one : cases)
+    {
+        const auto lookup = [&](const String& name) { return name == "First" ? one.first : ""; };
+        EXPECT_EQ(one.isAccepted, info->GetParam(one.param).Accepts(one.value, lookup))
+            << one.param << " " << one.value;
+    }
+    const auto ten = [](const String&) { return "10"; };
+    EXPECT_EQ("a whole number from 1 to 9999", info->GetParam(0).Requirement(ten));
+    EXPECT_EQ("a whole number of at least 10", info->GetParam(1).Requirement(ten));
+    EXPECT_EQ("", info->GetParam(3).Requirement(ten));
+    EXPECT_EQ(JobParamInfo::Kind::kFolder, info->GetParam(3).kind);
 }
 
 TEST_F(JobTypeInfoTest, LogsWhatNobodyKnows)
