@@ -29,9 +29,12 @@ _Frame MakeFrame(const Message& message)
     return std::make_shared<const String>(Framing::Wrap(message.Encode()));
 }
 
-_Frame OutputFrame(const String& job, std::string_view line)
+_Frame OutputFrame(const String& job, std::string_view line, Time came)
 {
-    return MakeFrame(Message(msg_Output).Set(p_Id, job).Set("Line", std::string(line)));
+    return MakeFrame(Message(msg_Output)
+                         .Set(p_Id, job)
+                         .Set("Line", std::string(line))
+                         .Set("Time", static_cast<long long>(came.ToMicroseconds())));
 }
 
 /// The master's description of a job; "Priority" and the others as the job model names them.
@@ -60,7 +63,8 @@ Master::Master(const _Options& options)
       m_Types(options.modulesFolder),
       m_Farm(m_Context, m_Types, {options.slots, options.runFolder, options.ownFolder},
              {[this](const _JobRecord& job) { OnJobChanged(job); },
-              [this](const _JobRecord& job, std::string_view line) { OnOutput(job, line); }}),
+              [this](const _JobRecord& job, std::string_view line, Time came)
+              { OnOutput(job, line, came); }}),
       m_Listener(m_Context),
       m_Signals(m_Context, SIGCHLD, SIGTERM, SIGINT),
       m_AcceptTimer(m_Context),
@@ -208,10 +212,27 @@ void Master::SendEverything(_ClientSession& session)
     for (const auto& job : jobs)
     {
         session.SendJob(job->Id());
-        for (const String& line : job->Tail().Lines())
+    }
+    SendTails(session);
+}
+
+/// The last lines of all jobs in the order in which they came.
+void Master::SendTails(_ClientSession& session)
+{
+    std::vector<std::pair<const _OutputTail::Line*, const _JobRecord*>> lines;
+    for (const auto& job : m_Farm.Table().Jobs())
+    {
+        for (const _OutputTail::Line& line : job->Tail().Lines())
         {
-            session.SendOutput(job->Id(), [&] { return OutputFrame(job->Id(), line); });
+            lines.emplace_back(&line, job.get());
         }
+    }
+    std::sort(lines.begin(), lines.end(),
+              [](const auto& a, const auto& b) { return a.first->came < b.first->came; });
+    for (const auto& [line, job] : lines)
+    {
+        session.SendOutput(job->Id(), [line = line, job = job]
+                           { return OutputFrame(job->Id(), line->text, line->came); });
     }
 }
 
@@ -278,14 +299,14 @@ void Master::OnJobChanged(const _JobRecord& job)
     }
 }
 
-void Master::OnOutput(const _JobRecord& job, std::string_view line)
+void Master::OnOutput(const _JobRecord& job, std::string_view line, Time came)
 {
     _Frame     frame; // made once, and only if somebody takes it
     const auto make = [&]
     {
         if (!frame)
         {
-            frame = OutputFrame(job.Id(), line);
+            frame = OutputFrame(job.Id(), line, came);
         }
         return frame;
     };

@@ -32,7 +32,7 @@ private:
     void OnGone(_ClientSession& session) override;
 
     void OnJobChanged(const _JobRecord& job);
-    void OnOutput(const _JobRecord& job, std::string_view line);
+    void OnOutput(const _JobRecord& job, std::string_view line, Time came);
 
     void       RunHandlers();
     void       Listen();
@@ -41,6 +41,7 @@ private:
     void       AddClient(_SocketHandle socket);
     _SendQueue MakeQueue();
     void       SendEverything(_ClientSession& session);
+    void       SendTails(_ClientSession& session);
     void       Submit(_ClientSession& session, const Message& message);
     void       Command(_ClientSession& session, const Message& message);
 

@@ -44,6 +44,24 @@ std::map<String, String> MergedParams(const _NewJob& request, const JobTypeInfo&
     return params;
 }
 
+void CheckValues(const std::map<String, String>& params, const JobTypeInfo& type)
+{
+    const auto lookup = [&params](const String& name)
+    {
+        const auto found = params.find(name);
+        return found == params.end() ? String() : found->second;
+    };
+    for (int i = 0; i < type.ParamCount(); ++i)
+    {
+        const JobParamInfo& info = type.GetParam(i);
+        if (!info.Accepts(lookup(info.name), lookup))
+        {
+            Refuse("Submit",
+                   "The job's parameter " + info.name + " must be " + info.Requirement(lookup));
+        }
+    }
+}
+
 void CheckSize(const String& name, const std::map<String, String>& params)
 {
     size_t bytes = name.size();
@@ -145,6 +163,7 @@ _JobRecord& _Farm::Add(const _NewJob& request, const JobTypeInfo& type)
     const int                      priority = ReadPriority(request.priority);
     const std::map<String, String> params = MergedParams(request, type);
     CheckSize(request.name, params);
+    CheckValues(params, type);
 
     const bool  isNew = request.id.empty() || m_Table.Find(request.id);
     _JobRecord& job = m_Table.Add(isNew ? UID::Create().ToString() : request.id);
@@ -242,14 +261,14 @@ void _Farm::Retry(_JobRecord& job)
 
 void _Farm::OnOutput(_JobRecord& job, std::string_view line)
 {
-    job.Tail().Add(line);
-    _Progress progress;
+    const Time came = job.Tail().Add(line);
+    _Progress  progress;
     if (ReadProgress(line, progress))
     {
         SetProgress(job, progress);
         AnnounceSoon(job);
     }
-    m_Events.output(job, line);
+    m_Events.output(job, line, came);
 }
 
 void _Farm::OnTrouble(_JobRecord& job, const String& why)

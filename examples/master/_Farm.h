@@ -29,8 +29,8 @@ public:
     };
     struct Events
     {
-        std::function<void(const _JobRecord& job)>                        changed;
-        std::function<void(const _JobRecord& job, std::string_view line)> output;
+        std::function<void(const _JobRecord& job)>                                   changed;
+        std::function<void(const _JobRecord& job, std::string_view line, Time came)> output;
     };
 
     /// `types` must outlive the farm.

@@ -1,6 +1,7 @@
 #include "examples/master/_JobTable.h"
 
 #include "tolvan/Job.h"
+#include "vesta/Time.h"
 
 #include <algorithm>
 
@@ -46,6 +47,7 @@ void _JobRecord::SetState(_JobState state)
 {
     m_State = state;
     Set(p_State, NameOf(state));
+    Set(p_Changed, String::FromInt(Time::CurrentTime().ToMicroseconds()));
 }
 
 void _JobRecord::SetPriority(int priority)

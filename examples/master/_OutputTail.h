@@ -1,7 +1,9 @@
 #pragma once
 
 #include "vesta/String.h"
+#include "vesta/Time.h"
 
+#include <algorithm>
 #include <deque>
 #include <string_view>
 
@@ -12,24 +14,34 @@ public:
     static constexpr size_t k_MaxLines = 200;
     static constexpr size_t k_MaxBytes = 256u << 10; ///< Very long lines leave room for fewer.
 
-    void Add(std::string_view line)
+    struct Line
     {
-        m_Lines.emplace_back(std::string(line));
+        Time   came; ///< Of a job's lines no two have the same.
+        String text;
+    };
+
+    /// The time that the line is said to have come at.
+    Time Add(std::string_view line)
+    {
+        m_Last = std::max(Time::CurrentTime(), m_Last + Time(1));
+        m_Lines.push_back({m_Last, std::string(line)});
         m_Bytes += line.size();
         while (m_Lines.size() > k_MaxLines || (m_Bytes > k_MaxBytes && m_Lines.size() > 1))
         {
-            m_Bytes -= m_Lines.front().size();
+            m_Bytes -= m_Lines.front().text.size();
             m_Lines.pop_front();
         }
+        return m_Last;
     }
     void Clear()
     {
         m_Lines.clear();
         m_Bytes = 0;
     }
-    const std::deque<String>& Lines() const { return m_Lines; }
+    const std::deque<Line>& Lines() const { return m_Lines; }
 
 private:
-    std::deque<String> m_Lines;
-    size_t             m_Bytes = 0;
+    std::deque<Line> m_Lines;
+    size_t           m_Bytes = 0;
+    Time             m_Last; ///< Of the latest line of any run.
 };

@@ -11,6 +11,7 @@ const String p_Name = "Name";
 const String p_Type = "Type";
 const String p_User = "User";
 const String p_State = "State";
+const String p_Changed = "Changed";
 const String p_Priority = "Priority";
 const String p_Progress = "Progress";
 const String p_FramesDone = "FramesDone";
@@ -82,9 +83,9 @@ void Job::DoCommand(const String& command, const String& item)
 
 std::vector<String> Job::CommonParameterNames()
 {
-    return {p_Id,       p_Name,       p_Type,       p_User, p_State,   p_Priority,
-            p_Progress, p_FramesDone, p_FrameCount, p_Host, p_Started, p_Ended,
-            p_Folder,   p_LogFile,    p_ExitCode,   p_Error};
+    return {p_Id,       p_Name,     p_Type,       p_User,       p_State, p_Changed,
+            p_Priority, p_Progress, p_FramesDone, p_FrameCount, p_Host,  p_Started,
+            p_Ended,    p_Folder,   p_LogFile,    p_ExitCode,   p_Error};
 }
 
 std::vector<String> Job::ParameterCommandNames()

@@ -18,6 +18,7 @@ extern TOLVAN_API const String p_Name;
 extern TOLVAN_API const String p_Type; ///< UID of its type.
 extern TOLVAN_API const String p_User;
 extern TOLVAN_API const String p_State;    ///< One of the job states below.
+extern TOLVAN_API const String p_Changed;  ///< Into that state; microseconds since 1970.
 extern TOLVAN_API const String p_Priority; ///< 0 to 100; higher runs first.
 extern TOLVAN_API const String p_Progress; ///< Percent, 0 to 100.
 extern TOLVAN_API const String p_FramesDone;

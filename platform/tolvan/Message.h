@@ -44,7 +44,7 @@ private:
 /// | msg_Welcome | master | version, jobs |
 /// | msg_Job | master | the job's parameters (see Job.h), once at connection and at every change |
 /// | msg_JobGone | master | ID |
-/// | msg_Output | master | ID, Line: one line of a job's output, any bytes, without its line end |
+/// | msg_Output | master | ID, Line: any bytes, no line end; Time: when it came, rising (us) |
 /// | msg_Skipped | master | ID, Count, File: lines left out for a slow client, and where they are |
 /// | msg_Submit | client | Type, Name and the parameters of the new job; Request |
 /// | msg_Command | client | ID, Command, Item; Request |

@@ -40,10 +40,10 @@ TEST_F(MasterClients, LateClientIsToldOfAllJobsAndTheirLastLines)
     MasterClient late;
     ASSERT_TRUE(late.Connect());
     EXPECT_EQ(late.others[0]->Get("jobs"), "2");
-    ASSERT_TRUE(late.ReadUntil([&] { return late.jobs.size() == 2; }));
+    ASSERT_TRUE(late.ReadUntil([&] { return late.lines[job].size() == 200; }));
+    EXPECT_EQ(late.lastLine[job], client.lastLine[job]) << "as it came, not as it is told";
     EXPECT_EQ(late.Param(job, p_State), state_Done);
     EXPECT_EQ(late.Param(other, p_State), state_Running);
-    ASSERT_EQ(late.lines[job].size(), 200u);
     EXPECT_EQ(late.lines[job].front(), "801");
     EXPECT_EQ(late.lines[job].back(), "1000");
 }

@@ -72,6 +72,9 @@ void MasterClient::Take(const boost::shared_ptr<Message>& message)
     else if (message->Type() == msg_Output)
     {
         lines[id].push_back(message->Get("Line"));
+        Time& last = lastLine[id];
+        EXPECT_LT(last, Time(message->GetInt("Time")));
+        last = Time(message->GetInt("Time"));
     }
     else if (message->Type() == msg_Skipped)
     {

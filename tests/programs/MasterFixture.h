@@ -41,6 +41,7 @@ public:
     std::map<String, std::map<String, String>> jobs;
     std::map<String, std::vector<String>>      lines;
     std::map<String, long long>                skipped;
+    std::map<String, Time>                     lastLine; ///< When it came.
     std::vector<boost::shared_ptr<Message>>    others; ///< Of all other types.
 
 private:
