@@ -1,7 +1,7 @@
 #include "logview/LogPage.h"
 
 #include "appearance/wxTolvanString.h"
-#include "textviews/wxTextLineCtrl.h"
+#include "common/FollowingText.h"
 #include "textviews/wxTextLineSearchPanel.h"
 #include "vesta/Log.h"
 
@@ -35,7 +35,7 @@ FileFollower::Sink SinkOf(std::function<void(const String&)> onLine,
 
 LogPage::LogPage(wxWindow* parent, const Path& file)
     : wxtPanel(parent),
-      m_Text(new wxTextLineCtrl(this)),
+      m_Text(new FollowingText(this)),
       m_Follower(file, SinkOf([this](const String& line) { ShowLine(line); },
                               [this](const String& line) { ShowPartialLine(line); },
                               [this](const String& how) { ShowNotice(how); }))
@@ -45,11 +45,20 @@ LogPage::LogPage(wxWindow* parent, const Path& file)
     sizer->Add(m_Text->GetSearchPanel(), 0, wxEXPAND);
     SetSizer(sizer);
     m_Pause.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { ReadSlice(); });
-    m_Text->SetFollowEnd(m_Follow);
     OnTick();
 }
 
 LogPage::~LogPage() = default;
+
+wxTextLineCtrl* LogPage::Text() const
+{
+    return m_Text;
+}
+
+bool LogPage::IsFollowing() const
+{
+    return m_Text->IsFollowing();
+}
 
 wxString LogPage::Title() const
 {
@@ -83,12 +92,7 @@ wxString LogPage::StatusText() const
 
 void LogPage::SetFollowing(bool follow)
 {
-    m_Follow = follow;
-    m_Text->SetFollowEnd(follow);
-    if (follow)
-    {
-        m_Text->ScrollToBottom();
-    }
+    m_Text->SetFollowing(follow);
 }
 
 void LogPage::OnTick()
@@ -103,12 +107,13 @@ void LogPage::ReadSlice()
 {
     const auto before = m_Follower.CurrentState();
     const bool wasEmpty = m_Text->GetLineCount() == 0;
+    const bool follows = IsFollowing();
     m_Reading = m_Follower.Read(kSlice);
     if (m_Follower.CurrentState() != before)
     {
         LogInfo(wxtFromWx(StatusText()));
     }
-    if (m_Follow && wasEmpty && m_Text->GetLineCount() > 0)
+    if (follows && wasEmpty && m_Text->GetLineCount() > 0)
     {
         m_Text->ScrollToBottom();
     }
@@ -122,7 +127,7 @@ void LogPage::ReadSlice()
 
 void LogPage::ShowLine(const String& line)
 {
-    m_Text->Append(line, false);
+    m_Text->Add(line);
 }
 
 void LogPage::ShowPartialLine(const String& line)
@@ -131,12 +136,12 @@ void LogPage::ShowPartialLine(const String& line)
     {
         m_Text->Erase(m_PartialLine);
     }
-    m_PartialLine = line.empty() ? -1 : m_Text->Append(line, false);
+    m_PartialLine = line.empty() ? -1 : m_Text->Add(line);
 }
 
 void LogPage::ShowNotice(const String& text)
 {
     m_PartialLine = -1;
     LogInfo(m_Follower.FileName().Text() + ": " + text);
-    m_Text->Append("--- " + text + " ---", false);
+    m_Text->Add("--- " + text + " ---");
 }

@@ -7,6 +7,7 @@
 
 #include <wx/timer.h>
 
+class FollowingText;
 class wxTextLineCtrl;
 
 /// One file in the viewer: its text and the search bar under it. It reads in slices, so that even a
@@ -17,13 +18,13 @@ public:
     LogPage(wxWindow* parent, const Path& file);
     ~LogPage() override;
 
-    wxTextLineCtrl* Text() const { return m_Text; }
+    wxTextLineCtrl* Text() const;
     wxString        Title() const;    ///< The file's name without its folder, if need be shortened.
     wxString        FullName() const; ///< In one line, whatever it holds.
     /// One line about the file: where it is, how much of it is shown, or what is wrong.
     wxString StatusText() const;
 
-    bool IsFollowing() const { return m_Follow; }
+    bool IsFollowing() const;
     /// Whether the view stays at the end of the text as it grows.
     void SetFollowing(bool follow);
 
@@ -34,10 +35,9 @@ private:
     void ShowPartialLine(const String& line);
     void ShowNotice(const String& text);
 
-    wxTextLineCtrl* m_Text;
-    FileFollower    m_Follower;
-    int             m_PartialLine = -1; ///< Where the unfinished last line stands.
-    bool            m_Follow = true;
-    bool            m_Reading = false; ///< A further slice is on its way.
-    wxTimer         m_Pause;           ///< Before it.
+    FollowingText* m_Text;
+    FileFollower   m_Follower;
+    int            m_PartialLine = -1; ///< Where the unfinished last line stands.
+    bool           m_Reading = false;  ///< A further slice is on its way.
+    wxTimer        m_Pause;            ///< Before it.
 };

@@ -81,6 +81,11 @@ void LogViewFrame::BuildMenus()
     Bind(
         wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, wxID_EXIT);
     Bind(wxEVT_MENU, &LogViewFrame::OnFollow, this, id_Follow);
+    Bind(
+        wxEVT_UPDATE_UI,
+        [this](wxUpdateUIEvent& event)
+        { event.Check(CurrentPage() && CurrentPage()->IsFollowing()); },
+        id_Follow);
     Bind(wxEVT_MENU, &LogViewFrame::OnFullScreen, this, id_FullScreen);
     Bind(
         wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Check(IsFullScreen()); },
@@ -109,7 +114,6 @@ void LogViewFrame::BuildPages()
                       ShowStatus();
                       if (LogPage* const page = CurrentPage())
                       {
-                          GetMenuBar()->Check(id_Follow, page->IsFollowing());
                           page->Text()->SetFocus();
                       }
                   });
@@ -179,11 +183,12 @@ void LogViewFrame::OnOpen(wxCommandEvent&)
     }
 }
 
-void LogViewFrame::OnFollow(wxCommandEvent& event)
+// By what the view does, not by the tick: the user may have scrolled away from the end.
+void LogViewFrame::OnFollow(wxCommandEvent&)
 {
     if (LogPage* const page = CurrentPage())
     {
-        page->SetFollowing(event.IsChecked());
+        page->SetFollowing(!page->IsFollowing());
     }
 }
 
