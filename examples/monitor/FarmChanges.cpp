@@ -3,6 +3,7 @@
 #include "tolvan/Job.h"
 
 #include <algorithm>
+#include <utility>
 
 bool FarmChanges::Add(const Message& message)
 {
@@ -38,8 +39,10 @@ bool FarmChanges::Add(const Message& message)
 
 void FarmChanges::Welcome(const Message& message)
 {
-    // Everything is told anew.
-    *this = FarmChanges();
+    // Every job is told anew; of the output only what was not told before.
+    FarmChanges fresh;
+    fresh.output = std::move(output);
+    *this = std::move(fresh);
     isWelcome = true;
     jobsToCome = static_cast<size_t>(std::max(0LL, message.GetInt("jobs")));
 }

@@ -11,8 +11,12 @@ FarmFeed::FarmFeed(std::function<void()> wake) : m_Wake(std::move(wake))
 void FarmFeed::OnMessage(const Message& message)
 {
     const std::lock_guard<std::mutex> lock(m_Mutex);
-    const bool                        changes = m_Changes.Add(message);
-    std::vector<String>               lines = m_Text.LinesFor(message, Time::CurrentTime());
+    if (m_Text.IsRepeated(message))
+    {
+        return;
+    }
+    const bool          changes = m_Changes.Add(message);
+    std::vector<String> lines = m_Text.LinesFor(message, Time::CurrentTime());
     // A job's change may show in its details alone.
     if (changes || !lines.empty())
     {

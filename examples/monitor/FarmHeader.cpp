@@ -36,9 +36,10 @@ void FarmHeader::ShowConnection(bool connected)
 void FarmHeader::ShowSummary(const FarmJobs::Summary& summary)
 {
     SetText(*m_Summary,
-            wxString::Format(wxGetTranslation("%d jobs: %d active, %d waiting, %d done, %d failed"),
-                             summary.jobs, summary.active, summary.waiting, summary.done,
-                             summary.failed));
+            wxString::Format(wxGetTranslation("%d jobs: %d running, %d suspended, %d waiting, "
+                                              "%d done, %d failed or killed"),
+                             summary.jobs, summary.running, summary.suspended, summary.waiting,
+                             summary.done, summary.failed));
 }
 
 void FarmHeader::SetText(wxtStaticText& label, const wxString& text)

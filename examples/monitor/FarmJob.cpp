@@ -1,11 +1,13 @@
 #include "monitor/FarmJob.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 namespace
 {
 constexpr size_t      kMostName = 100;  // characters
+constexpr size_t      kMostLabel = 40;  // characters
 constexpr size_t      kMostValue = 300; // characters
 constexpr const char* kEllipsis = "\xe2\x80\xa6";
 
@@ -64,11 +66,10 @@ bool FarmJob::Update(const Message& message)
 
 FarmJob::Phase FarmJob::CurrentPhase() const
 {
-    if (state == state_Running || state == state_Suspended)
-    {
-        return kActive;
-    }
-    return state == state_Waiting ? kWaits : kEnded;
+    return state == state_Running     ? kRuns
+           : state == state_Suspended ? kSuspended
+           : state == state_Waiting   ? kWaits
+                                      : kEnded;
 }
 
 Time FarmJob::Elapsed(Time now) const
@@ -105,7 +106,7 @@ String OneLine(const String& text, size_t most)
 String JobCaption(const FarmJob& job)
 {
     String caption = OneLine(job.name, kMostName) + ": " + job.state;
-    if (job.CurrentPhase() == FarmJob::kActive)
+    if (job.CurrentPhase() == FarmJob::kRuns || job.CurrentPhase() == FarmJob::kSuspended)
     {
         caption += SFormat(", %d %%", job.progress);
     }
@@ -141,10 +142,22 @@ std::vector<DetailRow> JobPanelRows(const FarmJob& job, Time now)
     return rows;
 }
 
-std::vector<DetailRow> JobParameterRows(const FarmJob& job)
+std::vector<DetailRow> JobParameterRows(const FarmJob& job, const JobTypeInfo* type)
 {
-    std::vector<DetailRow> rows;
-    for (const auto& [name, value] : job.job->Params())
+    std::vector<DetailRow>   rows;
+    std::map<String, String> params = job.job->Params();
+    for (int i = 0; type && i < type->ParamCount(); ++i)
+    {
+        const JobParamInfo& info = type->GetParam(i);
+        const auto          found = params.find(info.name);
+        if (found != params.end() && !IsCommon(info.name))
+        {
+            rows.push_back(
+                {OneLine(info.Label(), kMostLabel), OneLine(found->second, kMostValue), true});
+            params.erase(found);
+        }
+    }
+    for (const auto& [name, value] : params)
     {
         if (!IsCommon(name))
         {

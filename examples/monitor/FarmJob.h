@@ -4,6 +4,7 @@
 #include "monitor/JobOutput.h"
 
 #include "tolvan/Job.h"
+#include "tolvan/JobTypeInfo.h"
 #include "vesta/String.h"
 #include "vesta/Time.h"
 
@@ -19,7 +20,8 @@ struct FarmJob
     /// Where a job stands, for choosing what to show first.
     enum Phase
     {
-        kActive, ///< Runs, or has been suspended.
+        kRuns,
+        kSuspended, ///< Also before it has run.
         kWaits,
         kEnded
     };
@@ -28,6 +30,8 @@ struct FarmJob
     bool Update(const Message& message);
 
     Phase CurrentPhase() const;
+    /// It has begun and not ended: the time that it takes goes on.
+    bool IsUnderWay() const { return started != Time() && ended == Time(); }
     /// From the start to the end, or until `now`; 0 before the start.
     Time Elapsed(Time now) const;
 
@@ -35,6 +39,7 @@ struct FarmJob
     String                 id;
     uint64_t               number = 0; ///< Rises with every job.
     uint64_t               change = 0; ///< Rises with every change of any job's state.
+    String                 type;       ///< Identifier of its type.
     String                 product;    ///< Name of its type; the type's identifier if unknown.
     String                 name;
     String                 user;
@@ -68,8 +73,9 @@ struct DetailRow
 std::vector<DetailRow> JobDetailRows(const FarmJob& job, Time now);
 /// The same with the last line of its output.
 std::vector<DetailRow> JobPanelRows(const FarmJob& job, Time now);
-/// The same of the parameters that its type gives it.
-std::vector<DetailRow> JobParameterRows(const FarmJob& job);
+/// The same of the parameters that its type gives it, in the type's order and words. Of a type that
+/// is not known (null) they have their plain names.
+std::vector<DetailRow> JobParameterRows(const FarmJob& job, const JobTypeInfo* type);
 
 /// The text in one line of at most `most` characters, with an ellipsis where it is cut.
 String OneLine(const String& text, size_t most);

@@ -40,7 +40,6 @@ void FarmJobs::Welcome(size_t jobsToCome)
     for (const auto& [id, job] : m_Jobs)
     {
         m_Unconfirmed.insert(id);
-        job->output.Clear(); // its end comes again
     }
 }
 
@@ -55,7 +54,8 @@ void FarmJobs::ApplyJob(const Message& message, News& news)
         job->job = boost::shared_ptr<Job>(new Job(m_Sender));
         job->id = id;
         job->number = ++m_LastNumber;
-        job->product = ProductOf(message.Get(p_Type));
+        job->type = message.Get(p_Type);
+        job->product = ProductOf(job->type);
         job->output.SetLimit(kLinesUnwatched);
         m_Order.push_back(job.get());
     }
@@ -131,7 +131,8 @@ void FarmJobs::Count(const FarmJob& job, int by)
     const FarmJob::Phase phase = job.CurrentPhase();
     const bool           isDone = job.state == state_Done;
     m_Summary.jobs += by;
-    m_Summary.active += phase == FarmJob::kActive ? by : 0;
+    m_Summary.running += phase == FarmJob::kRuns ? by : 0;
+    m_Summary.suspended += phase == FarmJob::kSuspended ? by : 0;
     m_Summary.waiting += phase == FarmJob::kWaits ? by : 0;
     m_Summary.done += isDone ? by : 0;
     m_Summary.failed += phase == FarmJob::kEnded && !isDone ? by : 0;

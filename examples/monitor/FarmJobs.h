@@ -19,7 +19,8 @@ public:
     struct Summary
     {
         int       jobs = 0;
-        int       active = 0; ///< Running or suspended.
+        int       running = 0;
+        int       suspended = 0;
         int       waiting = 0;
         int       done = 0;
         int       failed = 0; ///< Failed or killed.

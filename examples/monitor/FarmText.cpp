@@ -2,13 +2,31 @@
 
 #include "tolvan/Job.h"
 
+#include <algorithm>
+
 namespace
 {
 constexpr int kProgressStep = 10; // percent; smaller steps are no line of their own
 
+constexpr size_t kDateLength = 10; // of "2026-03-31 17:05:09"
+
+String Stamped(Time then, Time now, const String& text)
+{
+    const String full = then.FormatDate();
+    const bool   isToday = now.FormatDate().compare(0, kDateLength, full, 0, kDateLength) == 0;
+    return (isToday ? then.FormatClock() : full) + "  " + text;
+}
+
 String Stamped(Time now, const String& text)
 {
-    return now.FormatClock() + "  " + text;
+    return Stamped(now, now, text);
+}
+
+// The time in that field of the message, or now if there is none.
+Time TimeOf(const Message& message, const String& field, Time now)
+{
+    const Time then(message.GetInt(field));
+    return then == Time() ? now : then;
 }
 
 // Milestones: the step that a percentage lies in.
@@ -52,12 +70,26 @@ String StateText(const Message& message)
 }
 } // namespace
 
+bool FarmText::IsRepeated(const Message& message)
+{
+    const Time came(message.GetInt("Time"));
+    if (message.Type() != msg_Output || came == Time())
+    {
+        return false;
+    }
+    Time&      last = m_Jobs[message.Get(p_Id)].lastOutput;
+    const bool isRepeated = !(last < came);
+    last = std::max(last, came);
+    return isRepeated;
+}
+
 std::vector<String> FarmText::LinesFor(const Message& message, Time now)
 {
     const String& type = message.Type();
     if (type == msg_Output)
     {
-        return {Stamped(now, "[" + NameOf(message) + "] ") + message.Get("Line")};
+        return {Stamped(TimeOf(message, "Time", now), now, "[" + NameOf(message) + "] ") +
+                message.Get("Line")};
     }
     if (type == msg_Job)
     {
@@ -97,7 +129,7 @@ std::vector<String> FarmText::JobLines(const Message& message, Time now)
     const int    progress = static_cast<int>(message.GetInt(p_Progress));
     if (state != job.state)
     {
-        lines.push_back(Stamped(now, prefix + StateText(message)));
+        lines.push_back(Stamped(TimeOf(message, p_Changed, now), now, prefix + StateText(message)));
     }
     else if (state == state_Running && StepOf(progress) > StepOf(job.progress))
     {
@@ -111,5 +143,6 @@ std::vector<String> FarmText::JobLines(const Message& message, Time now)
 String FarmText::NameOf(const Message& message) const
 {
     const auto found = m_Jobs.find(message.Get(p_Id));
-    return found == m_Jobs.end() ? message.Get(p_Id) : found->second.name;
+    return found == m_Jobs.end() || found->second.name.empty() ? message.Get(p_Id)
+                                                               : found->second.name;
 }

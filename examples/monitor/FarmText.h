@@ -12,8 +12,12 @@
 class FarmText
 {
 public:
+    /// Whether it is a line of output that was told of before, as the last ones are after every
+    /// connection. To be asked once for each message, before its lines.
+    bool IsRepeated(const Message& message);
     /// The lines for a message that came at `now`; often one, none when nothing worth a line has
-    /// changed. A job's output is handed on byte for byte.
+    /// changed. They carry the time at which it happened, with the date if that is another day. A
+    /// job's output is handed on byte for byte.
     std::vector<String> LinesFor(const Message& message, Time now);
     std::vector<String> LinesForConnection(bool connected, Time now) const;
 
@@ -23,6 +27,7 @@ private:
         String name;
         String state;
         int    progress = 0; ///< Percent, as last told.
+        Time   lastOutput;   ///< When the last line of its output came.
     };
 
     std::vector<String> JobLines(const Message& message, Time now);

@@ -1,13 +1,18 @@
 #include "monitor/FrameList.h"
 
+#include "monitor/FramePictures.h"
 #include "monitor/JobColors.h"
+#include "monitor/JobCommands.h"
 #include "monitor/ListKeys.h"
 
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
+#include "listviews/wxDBListBody.h"
 
+#include <wx/clipbrd.h>
 #include <wx/intl.h>
 #include <wx/listbase.h>
+#include <wx/menu.h>
 
 #include <algorithm>
 
@@ -27,6 +32,39 @@ const struct
     int         width; // pixels
 } kColumns[] = {{"Frame", 60}, {"State", 80}, {"Time", 80}, {"File", 200}};
 
+enum
+{
+    id_OpenPictures = 22200,
+    id_OpenFolder,
+    id_CopyPaths
+};
+
+wxString OpenLabel(size_t pictures)
+{
+    if (pictures <= 1)
+    {
+        return wxGetTranslation("&Open Picture");
+    }
+    return pictures <= k_MostWindowsAtOnce
+               ? wxString::Format(wxGetTranslation("&Open %zu Pictures"), pictures)
+               : wxString::Format(wxGetTranslation("&Open %zu of %zu Pictures"),
+                                  k_MostWindowsAtOnce, pictures);
+}
+
+// The frames in those rows whose pictures are known.
+std::vector<int> FramesWithPictures(const FarmJob& job, const std::vector<int>& rows)
+{
+    std::vector<int> frames;
+    for (const int row : rows)
+    {
+        if (!PictureOf(job, row + 1).IsEmpty())
+        {
+            frames.push_back(row + 1);
+        }
+    }
+    return frames;
+}
+
 // A job that runs works on the frame behind the last one done.
 const String& StateOf(const FarmJob& job, int number)
 {
@@ -34,8 +72,9 @@ const String& StateOf(const FarmJob& job, int number)
     {
         return state_Done;
     }
-    const bool isNext = number == job.framesDone + 1;
-    if (job.CurrentPhase() == FarmJob::kEnded || (isNext && job.CurrentPhase() == FarmJob::kActive))
+    const bool           isNext = number == job.framesDone + 1;
+    const FarmJob::Phase phase = job.CurrentPhase();
+    if (phase == FarmJob::kEnded || (isNext && phase != FarmJob::kWaits))
     {
         return job.state;
     }
@@ -54,6 +93,9 @@ FrameList::FrameList(wxWindow* parent, const FarmJobs& jobs)
     AddListKeys(*this);
     Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent& event) { Select(event, true); });
     Bind(wxEVT_LIST_ITEM_DESELECTED, [this](wxListEvent& event) { Select(event, false); });
+    Bind(wxEVT_LIST_ITEM_ACTIVATED, &FrameList::OnActivate, this);
+    Bind(wxEVT_LIST_ITEM_RIGHT_CLICK, &FrameList::OnRightClick, this);
+    Bind(wxEVT_CONTEXT_MENU, &FrameList::OnContextMenu, this);
 }
 
 void FrameList::Select(wxListEvent& event, bool selected)
@@ -134,4 +176,122 @@ wxColour FrameList::GetRowColor(int row)
 {
     const FarmJob* const job = m_Jobs.Find(m_Id);
     return job ? wxtGetColor(ColorOfState(StateOf(*job, row + 1))) : wxDBListCtrl::GetRowColor(row);
+}
+
+void FrameList::OnActivate(wxListEvent& event)
+{
+    const int row = static_cast<int>(event.GetIndex());
+    if (row >= 0 && row < GetItemCount())
+    {
+        OpenPictures(m_Id, IsRowSelected(row) ? GetSelection() : std::vector{row});
+    }
+}
+
+void FrameList::OnRightClick(wxListEvent& event)
+{
+    // The body has selected the row, unless it was among the selected ones.
+    if (IsRowSelected(static_cast<int>(event.GetIndex())))
+    {
+        ShowMenu(GetBody()->ClientToScreen(event.GetPoint()));
+    }
+}
+
+// By the keyboard: under the row that it is on. A click of the mouse is the body's.
+void FrameList::OnContextMenu(wxContextMenuEvent& event)
+{
+    const int row = GetLastSelect();
+    if (event.GetPosition() != wxDefaultPosition || !IsRowSelected(row))
+    {
+        event.Skip();
+        return;
+    }
+    EnsureVisible(row);
+    ShowMenu(GetBody()->ClientToScreen(GetBody()->GetItemRect(row).GetBottomLeft()));
+}
+
+void FrameList::ShowMenu(const wxPoint& where)
+{
+    const FarmJob* const job = m_Jobs.Find(m_Id);
+    if (!job)
+    {
+        return;
+    }
+    // While the menu is open the list may turn to another job.
+    const String           id = m_Id;
+    const std::vector<int> rows = GetSelection();
+    const size_t           pictures = FramesWithPictures(*job, rows).size();
+    wxMenu                 menu;
+    menu.Append(id_OpenPictures, OpenLabel(pictures))->Enable(pictures > 0);
+    menu.Append(id_CopyPaths, pictures > 1 ? wxGetTranslation("&Copy File Names")
+                                           : wxGetTranslation("&Copy File Name"))
+        ->Enable(pictures > 0);
+    menu.AppendSeparator();
+    menu.Append(id_OpenFolder, wxGetTranslation("Open Output &Folder"));
+    switch (GetPopupMenuSelectionFromUser(menu, ScreenToClient(where)))
+    {
+    case id_OpenPictures:
+        OpenPictures(id, rows);
+        break;
+    case id_CopyPaths:
+        CopyPaths(id, rows);
+        break;
+    case id_OpenFolder:
+        OpenFolder(id);
+        break;
+    default:
+        break;
+    }
+}
+
+void FrameList::OpenPictures(const String& id, const std::vector<int>& rows)
+{
+    const FarmJob* const job = m_Jobs.Find(id);
+    if (!job || rows.empty())
+    {
+        return;
+    }
+    std::vector<int> frames = FramesWithPictures(*job, rows);
+    if (frames.empty())
+    {
+        frames.push_back(rows.front() + 1); // to say what is wrong with it
+    }
+    frames.resize(std::min(frames.size(), k_MostWindowsAtOnce));
+    for (const int frame : frames)
+    {
+        String problem = PictureProblem(*job, frame);
+        if (problem.empty() && !OpenOnDesktop(PictureOf(*job, frame)))
+        {
+            problem =
+                "The desktop has no program to show a picture:\n" + PictureOf(*job, frame).Text();
+        }
+        if (!problem.empty())
+        {
+            TellFailure(problem, wxGetTopLevelParent(this));
+            return;
+        }
+    }
+}
+
+void FrameList::OpenFolder(const String& id)
+{
+    if (const FarmJob* const job = m_Jobs.Find(id))
+    {
+        OpenOutputFolders({job->job}, wxGetTopLevelParent(this));
+    }
+}
+
+void FrameList::CopyPaths(const String& id, const std::vector<int>& rows) const
+{
+    const FarmJob* const job = m_Jobs.Find(id);
+    if (!job || !wxTheClipboard->Open())
+    {
+        return;
+    }
+    String text;
+    for (const int frame : FramesWithPictures(*job, rows))
+    {
+        text += (text.empty() ? "" : "\n") + PictureOf(*job, frame).Text();
+    }
+    wxTheClipboard->SetData(new wxTextDataObject(wxtToWx(text)));
+    wxTheClipboard->Close();
 }

@@ -9,7 +9,8 @@
 
 class wxListEvent;
 
-/// The frames of one job as a list, live. It remembers the widths of its columns.
+/// The frames of one job as a list, live. A double click or Enter opens the frames' pictures, and a
+/// menu does more with them. It remembers the widths of its columns.
 class FrameList : public wxDBListCtrl, private wxTimed
 {
 public:
@@ -31,6 +32,17 @@ private:
 
     void OnTick() override;
     void Select(wxListEvent& event, bool selected);
+    void OnActivate(wxListEvent& event);
+    void OnRightClick(wxListEvent& event);
+    void OnContextMenu(wxContextMenuEvent& event);
+    void ShowMenu(const wxPoint& where);
+
+    /// What the menu does, with the frames of the job that are in those rows.
+    /// @{
+    void OpenPictures(const String& id, const std::vector<int>& rows);
+    void OpenFolder(const String& id);
+    void CopyPaths(const String& id, const std::vector<int>& rows) const;
+    /// @}
 
     const FarmJobs& m_Jobs;
     String          m_Id;

@@ -11,20 +11,39 @@
 #include <wx/intl.h>
 #include <wx/utils.h>
 
+#include <algorithm>
+#include <iterator>
+#include <set>
+
 namespace
 {
 constexpr size_t  kMostName = 100; // characters
 const char* const kKill = "Kill";  // the command of the job types
-const char* const kQuestion = "StopJob";
+const char* const kQuestion = "KillJob";
 const char* const kFailure = "CommandFailed";
 
-Question StopQuestion(const Job& job)
+Question KillQuestion(const JobPointers& jobs)
 {
-    const wxString name = wxtToWx(OneLine(job.GetParam(p_Name), kMostName));
-    return {kQuestion, wxGetTranslation("Stop Job"),
-            wxString::Format(
-                wxGetTranslation("Stop the job \"%s\"?\nWhat it has done so far stays."), name),
-            wxGetTranslation("Stop"), wxGetTranslation("Keep Running")};
+    const wxString name = wxtToWx(OneLine(jobs.front()->GetParam(p_Name), kMostName));
+    const wxString text =
+        jobs.size() == 1
+            ? wxString::Format(
+                  wxGetTranslation("Kill the job \"%s\"?\nWhat it has done so far stays."), name)
+            : wxString::Format(
+                  wxGetTranslation("Kill %zu jobs?\nWhat they have done so far stays."),
+                  jobs.size());
+    return {kQuestion,
+            wxGetTranslation("Kill Job", "Kill Jobs", static_cast<unsigned>(jobs.size())),
+            text,
+            wxGetTranslation("Kill"),
+            wxGetTranslation("Keep"),
+            true};
+}
+
+bool HasEnded(const Job& job)
+{
+    const String state = job.GetParam(p_State);
+    return state == state_Done || state == state_Failed || state == state_Killed;
 }
 
 // Empty when the folder can be shown.
@@ -42,35 +61,61 @@ String FolderProblem(const String& folder)
 }
 } // namespace
 
-void StopJob(const boost::shared_ptr<Job>& job, wxWindow* parent)
+void SendCommand(const JobPointers& jobs, const String& command, const String& item,
+                 wxWindow* parent)
 {
-    if (!Ask(parent, StopQuestion(*job)))
-    {
-        return;
-    }
     try
     {
-        job->DoCommand(kKill, String());
+        for (const auto& job : jobs)
+        {
+            job->DoCommand(command, item);
+        }
     }
     catch (Exception* exception)
     {
         exception->Log();
-        wxTolvanMessageBox(wxtToWx(exception->Text() + "\n" + exception->Text2()), kFailure,
-                           parent);
+        TellFailure(exception->Text() + "\n" + exception->Text2(), parent);
         delete exception;
     }
 }
 
-void OpenOutputFolder(const boost::shared_ptr<Job>& job, wxWindow* parent)
+void KillJobs(const JobPointers& jobs, wxWindow* parent)
 {
-    const String folder = job->GetParam(p_Folder);
-    String       problem = FolderProblem(folder);
-    if (problem.empty() && !wxLaunchDefaultApplication(wxtToWx(folder)))
+    if (jobs.empty() || !Ask(parent, KillQuestion(jobs)))
     {
-        problem = "The desktop has no program to show a folder:\n" + folder;
+        return;
     }
-    if (!problem.empty())
+    JobPointers left;
+    std::copy_if(jobs.begin(), jobs.end(), std::back_inserter(left),
+                 [](const auto& job) { return !HasEnded(*job); });
+    SendCommand(left, kKill, String(), parent);
+}
+
+void OpenOutputFolders(const JobPointers& jobs, wxWindow* parent)
+{
+    std::set<String> folders;
+    for (const auto& job : jobs)
     {
-        wxTolvanMessageBox(wxtToWx(problem), kFailure, parent);
+        const String folder = job->GetParam(p_Folder);
+        String       problem = FolderProblem(folder);
+        if (problem.empty() && folders.insert(folder).second && !OpenOnDesktop(folder))
+        {
+            problem = "The desktop has no program to show a folder:\n" + folder;
+        }
+        if (!problem.empty())
+        {
+            TellFailure(problem, parent);
+            return;
+        }
     }
+}
+
+bool OpenOnDesktop(const Path& path)
+{
+    return wxLaunchDefaultApplication(wxtToWx(path.Text()));
+}
+
+void TellFailure(const String& reason, wxWindow* parent)
+{
+    wxTolvanMessageBox(wxtToWx(reason), kFailure, parent);
 }

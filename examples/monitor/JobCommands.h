@@ -1,17 +1,34 @@
 #pragma once
 
 #include "tolvan/Job.h"
+#include "vesta/Path.h"
 
 #include <boost/shared_ptr.hpp>
 
+#include <vector>
+
 class wxWindow;
 
-/// What these cannot do they tell the user, with the reason.
+using JobPointers = std::vector<boost::shared_ptr<Job>>;
+
+/// Windows, and programs of the desktop, that one command opens.
+constexpr size_t k_MostWindowsAtOnce = 20;
+
+/// What these cannot do they tell the user, with the reason. The jobs may have ended, or may have
+/// been forgotten by the master, by the time that a question is answered.
 /// @{
 
-/// Asks whether the job shall be stopped, and has the master do so. The job may have ended, or may
-/// have been forgotten by the master, by the time that the user answers.
-void StopJob(const boost::shared_ptr<Job>& job, wxWindow* parent);
-/// Has the desktop show the folder that the job writes to.
-void OpenOutputFolder(const boost::shared_ptr<Job>& job, wxWindow* parent);
+/// Has the master carry out a command on each of the jobs.
+void SendCommand(const JobPointers& jobs, const String& command, const String& item,
+                 wxWindow* parent);
+/// Asks whether the jobs shall be killed, and has the master do so.
+void KillJobs(const JobPointers& jobs, wxWindow* parent);
+/// Has the desktop show the folders that the jobs write to.
+void OpenOutputFolders(const JobPointers& jobs, wxWindow* parent);
 /// @}
+
+/// Has the desktop show a file or a folder with the program that is meant for it; whether there is
+/// one.
+bool OpenOnDesktop(const Path& path);
+/// Tells why something could not be done.
+void TellFailure(const String& reason, wxWindow* parent);

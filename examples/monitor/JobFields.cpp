@@ -3,20 +3,59 @@
 #include "monitor/FarmJob.h"
 
 #include "appearance/wxTolvanString.h"
+#include "appearance/wxtButton.h"
 #include "appearance/wxtChoice.h"
 #include "appearance/wxtStockControls.h"
 #include "appearance/wxtTextCtrl.h"
 
+#include <wx/dirdlg.h>
+#include <wx/filedlg.h>
+#include <wx/filename.h>
 #include <wx/sizer.h>
+
+#include <algorithm>
 
 namespace
 {
-constexpr int    kGap = 6;         // pixels
-constexpr int    kRightEdge = 16;  // pixels, beside the scrollbar
+constexpr int    kMostLabel = 220; // pixels
 constexpr int    kManyLines = 4;   // shown of a value that needs them
 constexpr size_t kLongValue = 120; // bytes; a longer one gets several lines
-constexpr size_t kMostName = 40;   // characters
+constexpr size_t kMostName = 60;   // characters
 constexpr size_t kMostTip = 400;   // characters
+
+wxString LabelOf(const JobParamInfo& info)
+{
+    return wxtToWx(OneLine(info.Label(), kMostName));
+}
+
+// The whole of the label, the name, and what it has to be.
+wxString TipOf(const JobParamInfo& info)
+{
+    String tip = info.name + ": " + OneLine(info.description, kMostTip);
+    // What depends on other values is said when it is wrong.
+    const String requirement = info.Requirement([](const String&) { return String(); });
+    if (info.choices.empty() && !requirement.empty())
+    {
+        tip += (info.description.empty() ? "" : "\n") + requirement;
+    }
+    return wxtToWx(tip);
+}
+
+// As they were chosen; empty when nothing was.
+wxString PickFolder(wxtTextCtrl* field, const wxString& title)
+{
+    wxDirDialog dialog(wxGetTopLevelParent(field), title, field->GetValue(),
+                       wxDD_DEFAULT_STYLE | wxDD_DIR_MUST_EXIST);
+    return dialog.ShowModal() == wxID_OK ? dialog.GetPath() : wxString();
+}
+
+wxString PickFile(wxtTextCtrl* field, const wxString& title)
+{
+    const wxFileName former(field->GetValue());
+    wxFileDialog dialog(wxGetTopLevelParent(field), title, former.GetPath(), former.GetFullName(),
+                        wxFileSelectorDefaultWildcardStr, wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+    return dialog.ShowModal() == wxID_OK ? dialog.GetPath() : wxString();
+}
 
 bool NeedsLines(const String& value)
 {
@@ -26,42 +65,112 @@ bool NeedsLines(const String& value)
 
 JobFields::JobFields(wxWindow* parent) : ScrolledPane(parent)
 {
+    Bind(wxEVT_SIZE,
+         [this](wxSizeEvent& event)
+         {
+             event.Skip();
+             AlignRightEdge();
+         });
 }
 
-void JobFields::ShowForm(const JobForm& form)
+int JobFields::LabelWidth(const JobForm& form) const
+{
+    int width = 0;
+    for (size_t i = 0; i < form.values.size(); ++i)
+    {
+        width = std::max(width,
+                         GetTextExtent(LabelOf(form.Type().GetParam(static_cast<int>(i)))).x + 1);
+    }
+    return std::min(width, kMostLabel);
+}
+
+void JobFields::ShowForm(const JobForm& form, int labelWidth)
 {
     Freeze();
     m_Fields.clear();
+    m_Rows = nullptr;
     if (GetSizer())
     {
         GetSizer()->Clear(true);
     }
-    auto* const grid = new wxFlexGridSizer(2, kGap, kGap);
+    auto* const grid = new wxFlexGridSizer(2, k_Gap, k_Gap);
     grid->AddGrowableCol(1);
     for (size_t i = 0; i < form.values.size(); ++i)
     {
-        AddRow(*grid, form.Type().GetParam(static_cast<int>(i)), form.values[i]);
+        AddRow(*grid, form.Type().GetParam(static_cast<int>(i)), form.values[i], labelWidth);
     }
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
-    sizer->Add(grid, 0, wxEXPAND | wxRIGHT, kRightEdge);
+    m_Rows = sizer->Add(grid, 0, wxEXPAND | wxRIGHT, k_RightEdge);
     SetSizer(sizer);
     FitInside();
     Layout();
+    AlignRightEdge();
     Scroll(0, 0);
     Thaw();
 }
 
-void JobFields::AddRow(wxFlexGridSizer& grid, const JobParamInfo& info, const String& value)
+// Of the room that is kept for the scrollbar only what it does not take.
+void JobFields::AlignRightEdge()
 {
-    auto* const label = new wxtStaticText(this, wxID_ANY, wxString());
-    label->SetLabelText(wxtToWx(OneLine(info.name, kMostName)));
+    const int edge = std::max(0, k_RightEdge - (GetSize().x - GetClientSize().x));
+    if (m_Rows && m_Rows->GetBorder() != edge)
+    {
+        m_Rows->SetBorder(edge);
+        Layout();
+    }
+}
+
+void JobFields::AddRow(wxFlexGridSizer& grid, const JobParamInfo& info, const String& value,
+                       int labelWidth)
+{
+    auto* const label = new wxtStaticText(this, wxID_ANY, wxString(), wxDefaultPosition,
+                                          wxDefaultSize, wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
+    label->SetLabelText(LabelOf(info));
+    label->SetMinSize(wxSize(labelWidth, -1));
     wxWindow* const field = NewField(info, value);
-    const wxString  tip = wxtToWx(OneLine(info.description, kMostTip));
+    const wxString  tip = TipOf(info);
     label->SetToolTip(tip);
     field->SetToolTip(tip);
     grid.Add(label, 0, wxALIGN_CENTER_VERTICAL);
-    grid.Add(field, 0, wxEXPAND);
+    const bool isBrowsed =
+        info.kind == JobParamInfo::Kind::kFile || info.kind == JobParamInfo::Kind::kFolder;
+    if (isBrowsed && dynamic_cast<wxtTextCtrl*>(field))
+    {
+        grid.Add(WithBrowse(field, info), 0, wxEXPAND);
+    }
+    else
+    {
+        grid.Add(field, 0, wxEXPAND);
+    }
     m_Fields.push_back(field);
+}
+
+wxSizer* JobFields::WithBrowse(wxWindow* field, const JobParamInfo& info)
+{
+    auto* const    text = static_cast<wxtTextCtrl*>(field);
+    auto* const    browse = new wxtButton(this, wxID_ANY, wxGetTranslation("Browse..."),
+                                          wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
+    const bool     isFolder = info.kind == JobParamInfo::Kind::kFolder;
+    const wxString title = LabelOf(info);
+    browse->SetToolTip(isFolder ? wxGetTranslation("Picks a folder")
+                                : wxGetTranslation("Picks a file"));
+    browse->Bind(wxEVT_BUTTON,
+                 [text, isFolder, title](wxCommandEvent&)
+                 {
+                     const wxString chosen =
+                         isFolder ? PickFolder(text, title) : PickFile(text, title);
+                     if (!chosen.empty())
+                     {
+                         text->SetValue(chosen);
+                         text->MarkDirty();
+                         text->SetInsertionPointEnd();
+                         text->SetFocus();
+                     }
+                 });
+    auto* const row = new wxBoxSizer(wxHORIZONTAL);
+    row->Add(text, 1, wxEXPAND | wxRIGHT, k_Gap);
+    row->Add(browse, 0, wxEXPAND);
+    return row;
 }
 
 wxWindow* JobFields::NewField(const JobParamInfo& info, const String& value)

@@ -1,5 +1,7 @@
 #include "monitor/JobForm.h"
 
+#include "monitor/FarmJob.h"
+
 #include "tolvan/Job.h"
 
 #include <algorithm>
@@ -8,6 +10,7 @@
 namespace
 {
 const char* const kFirstPriority = "50";
+constexpr size_t  kMostLabel = 60; // characters
 
 bool IsControl(char byte)
 {
@@ -79,19 +82,28 @@ String JobForm::ValueProblem(size_t index) const
 {
     const JobParamInfo& info = m_Type->GetParam(static_cast<int>(index));
     const String&       value = values[index];
+    const String        label = "\"" + OneLine(info.Label(), kMostLabel) + "\"";
     if (value.find('\0') != String::npos)
     {
-        return "\"" + info.name + "\" holds a NUL character.";
+        return label + " holds a NUL character.";
     }
     if (value.size() > k_MostValue)
     {
-        return "\"" + info.name +
-               SFormat("\" holds %zu bytes; %zu are possible.", value.size(), k_MostValue);
+        return label + SFormat(" holds %zu bytes; %zu are possible.", value.size(), k_MostValue);
     }
-    const auto& choices = info.choices;
-    if (!choices.empty() && std::find(choices.begin(), choices.end(), value) == choices.end())
+    const auto lookup = [this](const String& other) { return ValueOf(other); };
+    return info.Accepts(value, lookup) ? String()
+                                       : label + " must be " + info.Requirement(lookup) + ".";
+}
+
+String JobForm::ValueOf(const String& param) const
+{
+    for (size_t i = 0; i < values.size(); ++i)
     {
-        return "\"" + info.name + "\" must be one of its choices.";
+        if (m_Type->GetParam(static_cast<int>(i)).name.EqualsNoCase(param))
+        {
+            return values[i];
+        }
     }
     return String();
 }
@@ -101,7 +113,10 @@ Message JobForm::ToMessage(const String& request) const
     Message message(msg_Submit);
     for (size_t i = 0; i < values.size(); ++i)
     {
-        message.Set(m_Type->GetParam(static_cast<int>(i)).name, values[i]);
+        const JobParamInfo& param = m_Type->GetParam(static_cast<int>(i));
+        const bool          isNumber =
+            param.kind == JobParamInfo::Kind::kInteger || param.kind == JobParamInfo::Kind::kNumber;
+        message.Set(param.name, isNumber ? values[i].Trim() : values[i]);
     }
     // Last: a parameter of one of these names must not stand in for them.
     return message.Set("Request", request)

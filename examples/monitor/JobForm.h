@@ -42,6 +42,7 @@ private:
     String NameProblem() const;
     String PriorityProblem() const;
     String ValueProblem(size_t index) const;
+    String ValueOf(const String& param) const;
 
     boost::shared_ptr<const JobTypeInfo> m_Type;
 };

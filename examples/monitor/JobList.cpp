@@ -1,11 +1,13 @@
 #include "monitor/JobList.h"
 
 #include "monitor/JobColors.h"
+#include "monitor/JobCommands.h"
 #include "monitor/ListKeys.h"
 
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
 #include "listviews/wxDBListBody.h"
+#include "listviews/wxDBListHeader.h"
 #include "vesta/Application.h"
 
 #include <wx/dc.h>
@@ -42,6 +44,7 @@ JobList::JobList(wxWindow* parent, FarmJobs& jobs, Actions actions)
     Bind(wxEVT_LIST_ITEM_RIGHT_CLICK, &JobList::OnRightClick, this);
     Bind(wxEVT_CONTEXT_MENU, &JobList::OnContextMenu, this);
     Bind(wxEVT_LIST_COL_CLICK, &JobList::OnTitle, this);
+    GetHeader()->Bind(wxEVT_LEFT_UP, &JobList::OnTitleRelease, this);
     m_Jobs.Changed.Connect(this,
                            [this](const FarmJobs::News& news)
                            {
@@ -101,7 +104,7 @@ void JobList::OnTick()
     {
         Refill();
     }
-    else if (m_Jobs.Summarize().active > 0)
+    else if (m_Jobs.Summarize().running + m_Jobs.Summarize().suspended > 0)
     {
         RedrawColumn(column_Elapsed); // the time that has passed changes by itself
     }
@@ -232,18 +235,24 @@ void JobList::OnSelect(wxListEvent& event, bool selected)
 void JobList::OnActivate(wxListEvent& event)
 {
     const int row = static_cast<int>(event.GetIndex());
-    if (m_Table.HasRow(row))
+    if (!m_Table.HasRow(row))
     {
-        m_Actions.open(m_Table.JobAt(row).id);
+        return;
+    }
+    std::vector<String> jobs = IsRowSelected(row) ? SelectedJobs() : std::vector{m_Table.IdAt(row)};
+    jobs.resize(std::min(jobs.size(), k_MostWindowsAtOnce));
+    for (const String& id : jobs)
+    {
+        m_Actions.open(id);
     }
 }
 
 void JobList::OnRightClick(wxListEvent& event)
 {
-    const int row = static_cast<int>(event.GetIndex());
-    if (m_Table.HasRow(row))
+    // The body has selected the row, unless it was among the selected ones.
+    if (m_Table.HasRow(static_cast<int>(event.GetIndex())))
     {
-        m_Actions.showMenu(m_Table.JobAt(row).id, GetBody()->ClientToScreen(event.GetPoint()));
+        m_Actions.showMenu(SelectedJobs(), GetBody()->ClientToScreen(event.GetPoint()));
     }
 }
 
@@ -257,13 +266,22 @@ void JobList::OnContextMenu(wxContextMenuEvent& event)
         return;
     }
     EnsureVisible(row);
-    m_Actions.showMenu(m_Table.JobAt(row).id,
+    m_Actions.showMenu(SelectedJobs(),
                        GetBody()->ClientToScreen(GetBody()->GetItemRect(row).GetBottomLeft()));
+}
+
+// Before the header tells of the click, which it does wherever the button is let go.
+void JobList::OnTitleRelease(wxMouseEvent& event)
+{
+    event.Skip();
+    const bool isInside = GetHeader()->GetClientRect().Contains(event.GetPosition());
+    m_ClickedTitle = isInside ? GetHeader()->PressedColumn() : -1;
 }
 
 void JobList::OnTitle(wxListEvent& event)
 {
-    if (event.GetColumn() >= 0)
+    const int clicked = std::exchange(m_ClickedTitle, -1);
+    if (event.GetColumn() >= 0 && event.GetColumn() == clicked)
     {
         m_Table.SortBy(event.GetColumn());
         ShowSort();

@@ -22,8 +22,8 @@ public:
     {
         std::function<void(const String& id)> open;
         std::function<void()>                 selectionChanged;
-        /// Shows the menu of a job; the place is in screen coordinates.
-        std::function<void(const String& id, const wxPoint& where)> showMenu;
+        /// Shows the menu of those jobs; the place is in screen coordinates.
+        std::function<void(const std::vector<String>& ids, const wxPoint& where)> showMenu;
     };
 
     /// `jobs` must outlive the list.
@@ -50,13 +50,15 @@ private:
     void OnActivate(wxListEvent& event);
     void OnRightClick(wxListEvent& event);
     void OnContextMenu(wxContextMenuEvent& event);
+    void OnTitleRelease(wxMouseEvent& event);
     void OnTitle(wxListEvent& event);
 
     FarmJobs&        m_Jobs;
     Actions          m_Actions;
     JobTable         m_Table;
-    std::set<String> m_Selected; ///< Identifiers.
-    Time             m_Now;      ///< At the last refill or painting.
+    std::set<String> m_Selected;          ///< Identifiers.
+    Time             m_Now;               ///< At the last refill or painting.
+    int              m_ClickedTitle = -1; ///< Pressed and let go; -1: none.
     bool             m_IsStale = true;
     bool             m_IsListStale = true;
 };

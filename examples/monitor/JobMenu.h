@@ -4,11 +4,15 @@
 
 #include "jobwidgets/JobCommandMenu.h"
 
-class wxWindow;
+#include <vector>
 
-/// What the user can do with one of the farm's jobs: open its window, and the commands of its type.
-/// It follows the job's state, but never changes while it is open: whatever is chosen then that the
-/// job no longer takes is refused with a reason. Its events are for the window to pass on to
+class wxWindow;
+struct JobOffer;
+
+/// What the user can do with some of the farm's jobs: open their windows, and the commands of their
+/// types, each on all of the jobs that can take it; where there are several it says on how many. It
+/// follows the jobs' states, but never changes while it is open: whatever is chosen then that no
+/// job takes any longer is refused with a reason. Its events are for the window to pass on to
 /// `TryCommand`.
 class JobMenu : public JobCommandMenu, private HasSlots
 {
@@ -17,9 +21,10 @@ public:
     JobMenu(FarmJobs& jobs, wxWindow& window);
     ~JobMenu() override;
 
-    /// Shows the job with that identifier; one that is empty or unknown shows none.
-    void          ShowJob(const String& id);
-    const String& JobId() const { return m_Id; }
+    /// Is about the jobs with those identifiers; unknown ones are left out.
+    void ShowJobs(const std::vector<String>& ids);
+    /// Those whose windows are to be opened; not more than is sensible.
+    std::vector<String> JobsToOpen() const;
 
     void DoProcessCommand(const String& name, const String& item) override;
     void PostProcessCommand(const String& name, const String& item) override;
@@ -27,10 +32,13 @@ public:
 private:
     void OnOpen(bool isOpen);
     void Refresh();
+    void AddOffer(const JobOffer& offer, const std::vector<const FarmJob*>& jobs);
 
-    FarmJobs& m_Jobs;
-    wxWindow& m_Window;
-    String    m_Id;
-    String    m_Shown; ///< The job's identifier, state and name as the menu shows them.
-    bool      m_IsOpen = false;
+    std::vector<const FarmJob*> KnownJobs() const;
+
+    FarmJobs&           m_Jobs;
+    wxWindow&           m_Window;
+    std::vector<String> m_Ids;
+    String              m_Shown; ///< What the menu shows depends on this.
+    bool                m_IsOpen = false;
 };

@@ -70,7 +70,7 @@ bool JobPanel::ShowDetails(const FarmJob& job)
     {
         return false;
     }
-    m_Stop->Enable(job.CurrentPhase() != FarmJob::kEnded);
+    m_Kill->Enable(job.CurrentPhase() != FarmJob::kEnded);
     return m_Details->Show(JobPanelRows(job, Time::CurrentTime()));
 }
 
@@ -78,14 +78,14 @@ void JobPanel::BuildContent()
 {
     m_Details = new JobDetails(this);
     auto* const open = new wxtButton(this, wxID_ANY, wxGetTranslation("Open"));
-    m_Stop = new wxtButton(this, wxID_ANY, wxGetTranslation("Stop"));
+    m_Kill = new wxtButton(this, wxID_ANY, wxGetTranslation("Kill"));
     open->SetToolTip(wxGetTranslation("Opens the job in a window of its own"));
-    m_Stop->SetToolTip(wxGetTranslation("Ends the job"));
+    m_Kill->SetToolTip(wxGetTranslation("Ends the job"));
     open->Bind(wxEVT_BUTTON, &JobPanel::OnOpen, this);
-    m_Stop->Bind(wxEVT_BUTTON, &JobPanel::OnStop, this);
+    m_Kill->Bind(wxEVT_BUTTON, &JobPanel::OnKill, this);
     auto* const buttons = new wxBoxSizer(wxHORIZONTAL);
     buttons->Add(open, 0, wxRIGHT, kGap);
-    buttons->Add(m_Stop);
+    buttons->Add(m_Kill);
     auto* const content = new wxBoxSizer(wxVERTICAL);
     content->Add(m_Details, 0, wxEXPAND | wxTOP, kGap);
     content->Add(buttons, 0, wxTOP | wxBOTTOM, kGap);
@@ -119,7 +119,7 @@ void JobPanel::OnOpen(wxCommandEvent&)
     m_Open(m_Id);
 }
 
-void JobPanel::OnStop(wxCommandEvent&)
+void JobPanel::OnKill(wxCommandEvent&)
 {
     const FarmJob* const job = m_Jobs.Find(m_Id);
     if (!job)
@@ -128,5 +128,5 @@ void JobPanel::OnStop(wxCommandEvent&)
     }
     // Later, and without the panel: it may go while the user is being asked.
     const wxWeakRef<wxWindow> parent(wxGetTopLevelParent(this));
-    wxTheApp->CallAfter([parent, theJob = job->job] { StopJob(theJob, parent.get()); });
+    wxTheApp->CallAfter([parent, theJob = job->job] { KillJobs({theJob}, parent.get()); });
 }

@@ -29,12 +29,12 @@ private:
     void BuildContent();
     void OnToggle(wxCommandEvent& event);
     void OnOpen(wxCommandEvent& event);
-    void OnStop(wxCommandEvent& event);
+    void OnKill(wxCommandEvent& event);
 
     const FarmJobs& m_Jobs;
     String          m_Id;
     OpenJob         m_Open;
     String          m_ShownCaption;
     JobDetails*     m_Details = nullptr; ///< Null until the panel is first opened.
-    wxtButton*      m_Stop = nullptr;
+    wxtButton*      m_Kill = nullptr;
 };

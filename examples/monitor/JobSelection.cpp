@@ -23,7 +23,7 @@ std::vector<const FarmJob*> SelectJobs(const std::vector<const FarmJob*>& all, s
     candidates.reserve(all.size());
     for (const FarmJob* const job : all)
     {
-        const int rank = job->CurrentPhase() == FarmJob::kActive ? 1 : 2;
+        const int rank = job->CurrentPhase() == FarmJob::kRuns ? 1 : 2;
         candidates.push_back({job, isKept(*job) ? 0 : rank});
     }
     if (candidates.size() > most)

@@ -10,6 +10,7 @@
 #include "common/PaneSplitter.h"
 #include "common/ScrolledPane.h"
 #include "textviews/wxTextLineSearchPanel.h"
+#include "tolvan/JobFactory.h"
 #include "vesta/Application.h"
 
 #include <wx/menu.h>
@@ -47,6 +48,7 @@ JobWindow::JobWindow(FarmJobs& jobs, const FarmJob& job)
     : wxTolvanFrame(wxtToWx(OneLine(job.name, kMostTitle)), wxDefaultPosition, kFirstSize),
       m_Jobs(jobs),
       m_Id(job.id),
+      m_Type(JobFactory::s_JobFactory->GetTypeInfo(UID(job.type), true)),
       m_Shown(job.output.Begin())
 {
     m_Jobs.Watch(m_Id, true);
@@ -124,14 +126,14 @@ void JobWindow::BuildViews()
 void JobWindow::BuildDetails(ScrolledPane& pane)
 {
     m_Details = new JobDetails(&pane);
-    m_Stop = new wxtButton(&pane, wxID_ANY, wxGetTranslation("Stop"));
-    m_Stop->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { CallAfter(&JobWindow::OnStop); });
+    m_Kill = new wxtButton(&pane, wxID_ANY, wxGetTranslation("Kill"));
+    m_Kill->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { CallAfter(&JobWindow::OnKill); });
     m_Parameters = new JobDetails(&pane);
     auto* const heading = new wxtStaticText(&pane, wxID_ANY, wxGetTranslation("Parameters"));
     heading->SetFont(heading->GetFont().Bold());
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(m_Details, 0, wxEXPAND | wxALL, kBorder);
-    sizer->Add(m_Stop, 0, wxLEFT | wxRIGHT | wxBOTTOM, kBorder);
+    sizer->Add(m_Kill, 0, wxLEFT | wxRIGHT | wxBOTTOM, kBorder);
     sizer->Add(heading, 0, wxLEFT | wxRIGHT, kBorder);
     sizer->Add(m_Parameters, 0, wxEXPAND | wxALL, kBorder);
     pane.SetSizer(sizer);
@@ -149,8 +151,8 @@ void JobWindow::BuildOutput(wxtPanel& pane)
 void JobWindow::ShowDetails(const FarmJob& job)
 {
     const bool isDetailsOther = m_Details->Show(JobDetailRows(job, Time::CurrentTime()));
-    const bool isOther = m_Parameters->Show(JobParameterRows(job)) || isDetailsOther;
-    m_Stop->Enable(job.CurrentPhase() != FarmJob::kEnded);
+    const bool isOther = m_Parameters->Show(JobParameterRows(job, m_Type.get())) || isDetailsOther;
+    m_Kill->Enable(job.CurrentPhase() != FarmJob::kEnded);
     if (isOther)
     {
         m_DetailsPane->FitInside();
@@ -179,14 +181,14 @@ void JobWindow::ShowOutput(const FarmJob& job)
 void JobWindow::ShowGone()
 {
     m_IsGone = true;
-    m_Stop->Disable();
+    m_Kill->Disable();
     m_Output->Add("--- The master no longer knows this job ---");
 }
 
 void JobWindow::OnTick()
 {
     const FarmJob* const job = m_Jobs.Find(m_Id);
-    if (job && job->CurrentPhase() == FarmJob::kActive)
+    if (job && job->IsUnderWay())
     {
         ShowDetails(*job); // for the time that has passed
     }
@@ -207,10 +209,10 @@ void JobWindow::OnNews(const FarmJobs::News& news)
     ShowDetails(*job);
 }
 
-void JobWindow::OnStop()
+void JobWindow::OnKill()
 {
     if (const FarmJob* const job = m_Jobs.Find(m_Id))
     {
-        StopJob(job->job, this);
+        KillJobs({job->job}, this);
     }
 }

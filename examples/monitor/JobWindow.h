@@ -31,16 +31,17 @@ private:
 
     void OnTick() override;
     void OnNews(const FarmJobs::News& news);
-    void OnStop();
+    void OnKill();
 
-    FarmJobs&     m_Jobs;
-    String        m_Id;
+    FarmJobs&                            m_Jobs;
+    String                               m_Id;
+    boost::shared_ptr<const JobTypeInfo> m_Type; ///< Null when it is not known.
     long long     m_Shown = 0; ///< Number of the first line of output that is not shown yet.
     bool          m_IsGone = false;
     PaneSplitter* m_Splitter = nullptr;
     ScrolledPane* m_DetailsPane = nullptr;
     JobDetails*   m_Details = nullptr;
     JobDetails*   m_Parameters = nullptr;
-    wxtButton*    m_Stop = nullptr;
+    wxtButton*    m_Kill = nullptr;
     LiveLog*      m_Output = nullptr;
 };

@@ -53,7 +53,7 @@ void JobsPane::ShowSelected()
     m_IsDue = false;
     const std::vector<String> selected = m_List->SelectedJobs();
     const String              first = selected.empty() ? String() : selected.front();
-    m_Actions.selected(first);
+    m_Actions.selected(selected);
     m_Frames->ShowJob(first);
     m_Details->ShowOnly(selected);
 }

@@ -20,10 +20,10 @@ public:
     struct Actions
     {
         std::function<void(const String& id)> open; ///< Opens the job's own window.
-        /// The first selected job is another; empty when there is none.
-        std::function<void(const String& id)> selected;
-        /// The user wants the menu of a job; the place is in screen coordinates.
-        std::function<void(const String& id, const wxPoint& where)> showMenu;
+        /// Other jobs are selected.
+        std::function<void(const std::vector<String>& ids)> selected;
+        /// The user wants the menu of those jobs; the place is in screen coordinates.
+        std::function<void(const std::vector<String>& ids, const wxPoint& where)> showMenu;
     };
 
     /// `jobs` must outlive the pane.

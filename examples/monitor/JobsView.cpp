@@ -60,8 +60,8 @@ void JobsView::OnTick()
     for (const auto& [id, panel] : m_Panels)
     {
         const FarmJob* const job = m_Jobs.Find(id);
-        // Of an active job, the time that has passed changes by itself.
-        if (job && (stale.count(id) > 0 || job->CurrentPhase() == FarmJob::kActive))
+        // The time that has passed changes by itself.
+        if (job && (stale.count(id) > 0 || job->IsUnderWay()))
         {
             isOther |= panel->ShowJob(*job);
         }
@@ -144,7 +144,7 @@ void JobsView::ShowNote(size_t shown, size_t all)
     else if (shown < all)
     {
         m_Note->SetLabel(wxString::Format(
-            m_Only.empty() ? wxGetTranslation("%zu of %zu jobs: the active ones and the latest")
+            m_Only.empty() ? wxGetTranslation("%zu of %zu jobs: the running ones and the latest")
                            : wxGetTranslation("%zu of %zu selected jobs"),
             shown, all));
     }

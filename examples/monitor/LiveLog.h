@@ -1,22 +1,13 @@
 #pragma once
 
-#include "textviews/wxTextLineCtrl.h"
+#include "common/FollowingText.h"
 
-/// A view of lines that come without end: it follows them and keeps the latest million, so that the
-/// monitor can run for months.
-class LiveLog : public wxTextLineCtrl
+/// A view of lines that come without end: it keeps the latest million, so that the monitor can run
+/// for months.
+class LiveLog : public FollowingText
 {
 public:
     static constexpr int k_MostLines = 1000000;
 
-    explicit LiveLog(wxWindow* parent) : wxTextLineCtrl(parent) { SetFollowEnd(true); }
-
-    void Add(const String& line)
-    {
-        Append(line, false);
-        if (GetLineCount() > k_MostLines)
-        {
-            Erase(0);
-        }
-    }
+    explicit LiveLog(wxWindow* parent) : FollowingText(parent, k_MostLines) {}
 };

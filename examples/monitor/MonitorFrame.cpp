@@ -59,7 +59,11 @@ void MonitorFrame::BindCommands()
     on(id_Submit, [this](wxCommandEvent&) { OnSubmit(); });
     on(wxID_EXIT, [this](wxCommandEvent&) { Close(); });
     on(wxID_PREFERENCES, [this](wxCommandEvent&) { OnPreferences(); });
-    on(id_Follow, [this](wxCommandEvent& event) { SetFollowing(event.IsChecked()); });
+    // By what the view does, not by the tick: the user may have scrolled away from the end.
+    on(id_Follow, [this](wxCommandEvent&) { m_Log->SetFollowing(!m_Log->IsFollowing()); });
+    Bind(
+        wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Check(m_Log->IsFollowing()); },
+        id_Follow);
     on(id_SwitchPane, [this](wxCommandEvent&) { m_Splitter->SwitchPane(); });
     on(id_MoreJobs, [this](wxCommandEvent&) { m_Splitter->MoveSash(kSashStep); });
     on(id_MoreLog, [this](wxCommandEvent&) { m_Splitter->MoveSash(-kSashStep); });
@@ -80,11 +84,11 @@ void MonitorFrame::BuildViews()
     auto* const panel = new wxtPanel(this);
     m_Header = new FarmHeader(panel);
     m_Splitter = new PaneSplitter(panel, kViewName);
-    m_Jobs =
-        new JobsPane(m_Splitter, m_Program.jobs,
-                     {[this](const String& id) { m_Windows.Open(id); },
-                      [this](const String& id) { m_JobMenu->ShowJob(id); },
-                      [this](const String& id, const wxPoint& where) { ShowJobMenu(id, where); }});
+    m_Jobs = new JobsPane(m_Splitter, m_Program.jobs,
+                          {[this](const String& id) { m_Windows.Open(id); },
+                           [this](const std::vector<String>& ids) { m_JobMenu->ShowJobs(ids); },
+                           [this](const std::vector<String>& ids, const wxPoint& where)
+                           { ShowJobMenu(ids, where); }});
     m_Splitter->Split(m_Jobs, BuildLog(m_Splitter), kJobsHeight);
     auto* const views = new wxBoxSizer(wxVERTICAL);
     views->Add(m_Header, 0, wxEXPAND);
@@ -105,7 +109,6 @@ wxWindow* MonitorFrame::BuildLog(wxWindow* parent)
     sizer->Add(m_Log, 1, wxEXPAND);
     sizer->Add(m_Log->GetSearchPanel(), 0, wxEXPAND);
     panel->SetSizer(sizer);
-    SetFollowing(true);
     return panel;
 }
 
@@ -144,18 +147,9 @@ void MonitorFrame::OnConnection(bool connected)
     }
 }
 
-void MonitorFrame::SetFollowing(bool follow)
+void MonitorFrame::ShowJobMenu(const std::vector<String>& ids, const wxPoint& where)
 {
-    m_Log->SetFollowEnd(follow);
-    if (follow)
-    {
-        m_Log->ScrollToBottom();
-    }
-}
-
-void MonitorFrame::ShowJobMenu(const String& id, const wxPoint& where)
-{
-    m_PopUp->ShowJob(id);
+    m_PopUp->ShowJobs(ids);
     PopupMenu(m_PopUp.get(), ScreenToClient(where));
 }
 
@@ -164,7 +158,10 @@ void MonitorFrame::OnJobCommand(wxCommandEvent& event)
     if (event.GetId() == id_OpenJob)
     {
         const bool isOfBar = event.GetEventObject() == m_JobMenu;
-        m_Windows.Open((isOfBar ? *m_JobMenu : *m_PopUp).JobId());
+        for (const String& id : (isOfBar ? *m_JobMenu : *m_PopUp).JobsToOpen())
+        {
+            m_Windows.Open(id);
+        }
     }
     else if (!m_JobMenu->TryCommand(event.GetId()) && !m_PopUp->TryCommand(event.GetId()))
     {
@@ -194,14 +191,14 @@ void MonitorFrame::OnAbout()
 
 bool MonitorFrame::MayQuit()
 {
-    const int active = m_Program.jobs.Summarize().active;
-    if (active == 0 || !m_Connected || m_Asking)
+    const int running = m_Program.jobs.Summarize().running;
+    if (running == 0 || !m_Connected || m_Asking)
     {
         return !m_Asking;
     }
-    const wxString count = active == 1
-                               ? wxString(wxGetTranslation("A job is running."))
-                               : wxString::Format(wxGetTranslation("%d jobs are running."), active);
+    const wxString count =
+        running == 1 ? wxString(wxGetTranslation("A job is running."))
+                     : wxString::Format(wxGetTranslation("%d jobs are running."), running);
     m_Asking = true;
     const bool isConfirmed =
         Ask(this, {kQuitQuestion, wxGetTranslation("Quit"),

@@ -43,10 +43,9 @@ private:
     void      BindCommands();
     void      BuildViews();
     wxWindow* BuildLog(wxWindow* parent);
-    void      SetFollowing(bool follow);
     bool      MayQuit();
 
-    void ShowJobMenu(const String& id, const wxPoint& where);
+    void ShowJobMenu(const std::vector<String>& ids, const wxPoint& where);
     void OnJobCommand(wxCommandEvent& event);
     void OnSubmit();
     void OnPreferences();
@@ -55,8 +54,8 @@ private:
 
     Program                  m_Program;
     JobWindows               m_Windows;
-    JobMenu*                 m_JobMenu; ///< Of the menu bar; for the selected job.
-    std::unique_ptr<JobMenu> m_PopUp;   ///< For the job that was clicked.
+    JobMenu*                 m_JobMenu; ///< Of the menu bar; for the selected jobs.
+    std::unique_ptr<JobMenu> m_PopUp;   ///< For the jobs that were clicked.
     FarmHeader*              m_Header = nullptr;
     PaneSplitter*            m_Splitter = nullptr;
     JobsPane*                m_Jobs = nullptr;

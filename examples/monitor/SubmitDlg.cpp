@@ -33,10 +33,13 @@ UID LastProduct()
     return UID(Application::the_Application->Options().GetValue(kPositionName, kProductKey));
 }
 
-void AddHeadRow(wxTolvanDlg& dialog, wxFlexGridSizer& grid, const wxString& label, wxWindow* field)
+wxtStaticText* AddHeadRow(wxTolvanDlg& dialog, wxFlexGridSizer& grid, const wxString& label,
+                          wxWindow* field)
 {
-    grid.Add(dialog.NewStatic(label), 0, wxALIGN_CENTER_VERTICAL);
+    wxtStaticText* const text = dialog.NewStatic(label);
+    grid.Add(text, 0, wxALIGN_CENTER_VERTICAL);
     grid.Add(field, 0, wxEXPAND);
+    return text;
 }
 } // namespace
 
@@ -87,7 +90,7 @@ int SubmitDlg::FirstFieldsHeight() const
 
 void SubmitDlg::BuildHead(wxBoxSizer& sizer)
 {
-    auto* const grid = new wxFlexGridSizer(2, kGap, kGap);
+    auto* const grid = new wxFlexGridSizer(2, JobFields::k_Gap, JobFields::k_Gap);
     grid->AddGrowableCol(1);
     m_Product = new ProductChoice(this, wxID_ANY);
     m_Product->Bind(wxEVT_COMBOBOX,
@@ -96,7 +99,7 @@ void SubmitDlg::BuildHead(wxBoxSizer& sizer)
                         event.Skip();
                         ShowProduct();
                     });
-    AddHeadRow(*this, *grid, wxGetTranslation("Product"), m_Product);
+    m_Label = AddHeadRow(*this, *grid, wxGetTranslation("Product"), m_Product);
     grid->AddSpacer(0);
     m_Description = NewOneLine(color_TextGrey);
     grid->Add(m_Description, 0, wxEXPAND);
@@ -107,7 +110,19 @@ void SubmitDlg::BuildHead(wxBoxSizer& sizer)
     m_Priority->SetToolTip(
         wxGetTranslation("From 0 to 100: jobs of a higher priority start first"));
     AddHeadRow(*this, *grid, wxGetTranslation("Priority"), m_Priority);
-    sizer.Add(grid, 0, wxEXPAND);
+    sizer.Add(grid, 0, wxEXPAND | wxRIGHT, JobFields::k_RightEdge);
+}
+
+// The labels of the whole dialog are in one column.
+int SubmitDlg::AlignLabels(const JobForm& form)
+{
+    int width = m_Fields->LabelWidth(form);
+    for (const char* const label : {"Product", "Name", "Priority"})
+    {
+        width = std::max(width, GetTextExtent(wxGetTranslation(label)).x + 1);
+    }
+    m_Label->SetMinSize(wxSize(width, -1));
+    return width;
 }
 
 // A text that is cut where there is no more room for it.
@@ -161,7 +176,7 @@ void SubmitDlg::ShowForm()
     m_Name->ChangeValue(wxtToWx(form.name));
     m_Name->SetHint(wxtToWx(OneLine(form.Type().Name(), kMostDescription)));
     m_Priority->ChangeValue(wxtToWx(form.priority));
-    m_Fields->ShowForm(form);
+    m_Fields->ShowForm(form, AlignLabels(form));
     ShowProblem(String());
     if (IsShown()) // before, it has no size to speak of
     {

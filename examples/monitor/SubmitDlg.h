@@ -32,6 +32,7 @@ private:
     void           ShowProduct();
     JobForm*       FormOf(const UID& product);
     void           ShowForm();
+    int            AlignLabels(const JobForm& form);
     void           TakeForm();
     void           FocusField(int field);
     void           ShowProblem(const String& text);
@@ -40,6 +41,7 @@ private:
     std::map<UID, JobForm> m_Forms;          ///< Of the products that have been shown.
     JobForm*               m_Form = nullptr; ///< The one that is shown; null without a product.
     ProductChoice*         m_Product = nullptr;
+    wxtStaticText*         m_Label = nullptr; ///< Of the product; as wide as every other one.
     wxtStaticText*         m_Description = nullptr;
     wxtTextCtrl*           m_Name = nullptr;
     wxtTextCtrl*           m_Priority = nullptr;

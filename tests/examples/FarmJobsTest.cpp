@@ -1,5 +1,7 @@
 #include "monitor/FarmJobs.h"
+#include "monitor/FramePictures.h"
 #include "monitor/JobForm.h"
+#include "monitor/JobOffers.h"
 #include "monitor/JobSelection.h"
 #include "monitor/PanelMemory.h"
 
@@ -74,7 +76,7 @@ TEST_F(FarmJobsTest, KeepsOnlyTheLatestOfEachJobAndTellsWhatIsOther)
     EXPECT_TRUE(m_News.isListChanged);
     const FarmJobs::Summary& summary = m_Jobs.Summarize();
     EXPECT_EQ(2, summary.jobs);
-    EXPECT_EQ(0, summary.active);
+    EXPECT_EQ(0, summary.running);
     EXPECT_EQ(1, summary.waiting);
     EXPECT_EQ(1, summary.failed);
 }
@@ -83,9 +85,9 @@ TEST_F(FarmJobsTest, AfterANewConnectionJobsThatAreNotToldOfAgainAreGone)
 {
     Apply({Welcome(2), JobMessage("a", state_Running), JobMessage("b", state_Done)});
     Apply({Line("a", "one")});
-    Apply({Welcome(2), JobMessage("a", state_Running)});
-    EXPECT_EQ(2u, m_Jobs.InOrder().size()); // the other may still come
-    EXPECT_TRUE(m_Jobs.Find("a")->output.Lines().empty());
+    Apply({Line("a", "two"), Welcome(2), JobMessage("a", state_Running), Line("a", "three")});
+    EXPECT_EQ(2u, m_Jobs.InOrder().size());                 // the other may still come
+    EXPECT_EQ(3u, m_Jobs.Find("a")->output.Lines().size()); // nothing of it comes again
     Apply({JobMessage("c", state_Waiting)});
     EXPECT_EQ(nullptr, m_Jobs.Find("b"));
     EXPECT_EQ(1u, m_Jobs.Find("a")->number);
@@ -146,9 +148,80 @@ TEST(JobText, IsOneLineHoweverOddTheJobIs)
     const std::vector<DetailRow> rows = JobDetailRows(job, Time::Seconds(70));
     EXPECT_EQ("34 % (51 of 150 frames)", rows[1].value);
     EXPECT_EQ("1m 05s", rows[3].value);
-    ASSERT_EQ(1u, JobParameterRows(job).size());
-    EXPECT_EQ(303u, JobParameterRows(job)[0].value.size()); // 300 and the ellipsis
+    ASSERT_EQ(1u, JobParameterRows(job, nullptr).size());
+    EXPECT_EQ(303u, JobParameterRows(job, nullptr)[0].value.size()); // 300 and the ellipsis
     EXPECT_EQ("\xc3\xa4\xe2\x80\xa6", OneLine("\xc3\xa4\xc3\xa4", 1));
+}
+
+class JobOffersTest : public UserFolderTest
+{
+protected:
+    JobOffersTest()
+    {
+        const String id = "[Type]\nId=11111111-2222-3333-4444-555555555555\n";
+        WriteFile(TempFile("a"), id + "Name=A\n[Command Kill]\nStates=Running;Suspended\n"
+                                      "[Command Show]\nFlags=output\n");
+        WriteFile(TempFile("b"), id + "Name=B\n[Command Kill]\nStates=Running\n"
+                                      "[Command Resume]\nStates=Suspended\n");
+    }
+    void Add(const String& type, const String& state)
+    {
+        auto& job = m_All.emplace_back(std::make_unique<FarmJob>());
+        job->job = boost::shared_ptr<Job>(new Job);
+        job->type = type;
+        job->Update(JobMessage("x", state));
+        m_Jobs.push_back(job.get());
+    }
+    TypeLookup Types() const
+    {
+        return [this](const String& type)
+        { return type == "c" ? nullptr : JobTypeInfo::Load(TempFile(type)); };
+    }
+    // "Kill 2, ..." of the commands of all kinds.
+    String Offered(int mask) const
+    {
+        String text;
+        for (const JobOffer& offer : OfferCommands(m_Jobs, mask, Types()))
+        {
+            text += offer.command.name + SFormat(" %zu, ", offer.takers);
+        }
+        return text;
+    }
+
+    std::vector<std::unique_ptr<FarmJob>> m_All;
+    std::vector<const FarmJob*>           m_Jobs;
+};
+
+TEST_F(JobOffersTest, EveryJobThatCanTakesACommand)
+{
+    EXPECT_EQ("", Offered(cmd_Job));
+    Add("a", state_Running);
+    Add("c", state_Running);
+    Add("a", state_Done);
+    EXPECT_EQ("Kill 1, Show 2, ", Offered(cmd_Job | cmd_Output));
+    Add("b", state_Running);
+    Add("a", state_Suspended);
+    Add("b", state_Waiting);
+    EXPECT_EQ("Kill 3, Resume 0, ", Offered(cmd_Job));
+    EXPECT_EQ((std::vector<const FarmJob*>{m_Jobs[0], m_Jobs[3], m_Jobs[4]}),
+              TakersOf(m_Jobs, "Kill", Types()));
+    EXPECT_TRUE(TakersOf(m_Jobs, "Nothing", Types()).empty());
+}
+
+TEST(FramePictures, SayWhyThereIsNone)
+{
+    FarmJob job;
+    job.job = boost::shared_ptr<Job>(new Job);
+    Message message = JobMessage("a", state_Running);
+    message.Set(p_FramesDone, 3).Set(p_FrameCount, 4).Set(p_Folder, "/no/such");
+    job.Update(message);
+    job.frames.Add("FRAME 2/4 two.png took 1 s");
+    job.frames.Add("FRAME 3/4 /bin/sh");
+    EXPECT_EQ("/no/such/two.png", PictureOf(job, 2).Text());
+    EXPECT_NE(String::npos, PictureProblem(job, 2).find("not there"));
+    EXPECT_EQ("", PictureProblem(job, 3));
+    EXPECT_NE(String::npos, PictureProblem(job, 1).find("/no/such"));
+    EXPECT_EQ("Frame 4 is not done yet.", PictureProblem(job, 4));
 }
 
 class JobFormTest : public UserFolderTest
@@ -159,7 +232,9 @@ protected:
         WriteFile(TempFile("t.module"), "[Type]\nId=11111111-2222-3333-4444-555555555555\nName=T\n"
                                         "[Parameter Text]\nDefault=d\n"
                                         "[Parameter Kind]\nChoices=x;y\n"
-                                        "[Parameter Priority]\nDefault=p\n");
+                                        "[Parameter Priority]\nDefault=p\n"
+                                        "[Parameter Frame]\nType=integer\nMinimum=1\n"
+                                        "Description=First frame\nDefault=7\n");
         return JobForm(JobTypeInfo::Load(TempFile("t.module")));
     }
 };
@@ -172,12 +247,17 @@ TEST_F(JobFormTest, BeginsWithTheDefaultsAndSendsWhatWasEntered)
     form.name = " Sky ";
     form.priority = "70";
     form.values[0] = "a\nb";
+    form.values[3] = " 12 ";
+    EXPECT_EQ("", form.FindProblem(field));
     const Message message = form.ToMessage("r");
     EXPECT_STREQ(msg_Submit, message.Type().c_str());
     EXPECT_EQ("Sky", message.Get(p_Name));
     EXPECT_EQ("a\nb", message.Get("Text"));
     EXPECT_EQ("x", message.Get("Kind"));
     EXPECT_EQ("70", message.Get(p_Priority));
+    EXPECT_EQ("12", message.Get("Frame"));
+    form.values[3] = "abc";
+    EXPECT_EQ("\"First frame\" must be a whole number of at least 1.", form.FindProblem(field));
 }
 
 TEST_F(JobFormTest, SaysWhatIsWrongAndWhere)
@@ -186,6 +266,7 @@ TEST_F(JobFormTest, SaysWhatIsWrongAndWhere)
     {
         String name, priority, text, kind;
         int    field;
+        String frame = "1";
     };
     const Case cases[] = {
         {"two\nlines", "50", "", "x", JobForm::kName},
@@ -196,6 +277,8 @@ TEST_F(JobFormTest, SaysWhatIsWrongAndWhere)
         {"", "0", String("a\0b", 3), "x", 0},
         {"", "100", String(101 << 10, 'v'), "x", 0},
         {"", " 7 ", String(10 << 10, 'v'), "z", 1},
+        {"", "7", "", "x", 3, "abc"},
+        {"", "7", "", "x", 3, "0"},
     };
     for (const Case& one : cases)
     {
@@ -204,6 +287,7 @@ TEST_F(JobFormTest, SaysWhatIsWrongAndWhere)
         form.priority = one.priority;
         form.values[0] = one.text;
         form.values[1] = one.kind;
+        form.values[3] = one.frame;
         int field = JobForm::kNone;
         EXPECT_NE("", form.FindProblem(field));
         EXPECT_EQ(one.field, field) << one.name << one.priority;

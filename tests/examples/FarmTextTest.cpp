@@ -61,6 +61,27 @@ TEST(FarmText, HandsOutputOnByteForByte)
     EXPECT_EQ(Lines{"[Sky] " + bytes}, TextsFor(text, message));
 }
 
+TEST(FarmText, WhatIsToldLateCarriesItsOwnTimeAndIsToldOnce)
+{
+    FarmText   text;
+    Message    job = JobMessage(state_Done, 100);
+    const Time day = Time::Seconds(24 * 3600);
+    job.Set(p_Changed, (kNow - Time::Seconds(60)).ToMicroseconds());
+    EXPECT_EQ(Lines{(kNow - Time::Seconds(60)).FormatClock() + "  Job 'Sky' is done after 12s"},
+              text.LinesFor(job, kNow));
+    for (int connection = 0; connection < 2; ++connection)
+    {
+        for (const Time came : {kNow - day - day, kNow - Time::Seconds(5)})
+        {
+            Message line(msg_Output);
+            line.Set(p_Id, "1").Set("Line", "x").Set("Time", came.ToMicroseconds());
+            EXPECT_EQ(connection > 0, text.IsRepeated(line));
+            const String stamp = kNow - came < day ? came.FormatClock() : came.FormatDate();
+            EXPECT_EQ(Lines{stamp + "  [Sky] x"}, text.LinesFor(line, kNow));
+        }
+    }
+}
+
 TEST(FarmFeed, WakesOnceForAllThatWaits)
 {
     int      wakes = 0;

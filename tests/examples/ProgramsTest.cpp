@@ -109,11 +109,11 @@ bool PressKeys(const String& window, const String& keys)
            std::system(("xdotool " + keys).c_str()) == 0;
 }
 
-// Opens the menu of the list's first job and waits until it is there.
-bool OpenJobMenu()
+// Opens the menu of the list's first job, or of all, and waits until it is there.
+bool OpenJobMenu(bool ofAll = false)
 {
     const char* const find = "xdotool search --onlyvisible --name '^tolvan-monitor$' >/dev/null";
-    return PressKeys("Tolvan Monitor", "key Home") &&
+    return PressKeys("Tolvan Monitor", ofAll ? "key Home key ctrl+a" : "key Home") &&
            PressKeys("Tolvan Monitor", "key shift+F10") &&
            WaitFor([&] { return std::system(find) == 0; }, kProgramDeadlineMs);
 }
@@ -171,6 +171,22 @@ TEST_F(ProgramsTest, ASchemeChangeReachesAnotherProgramWithinASecond)
     ASSERT_TRUE(WaitForLog(component_Monitor, "Notifying color changed to: " + component_LogView));
     EXPECT_TRUE(WaitFor([&] { return CountPixels(darkText) < kMost / 10; }, 1500));
     EXPECT_GT(CountPixels(lighterText), kMost);
+}
+
+TEST_F(ProgramsTest, HelpAndVersionNeedNoDisplay)
+{
+    const String display = std::getenv("DISPLAY");
+    unsetenv("DISPLAY");
+    for (const char* const program : {MONITOR_PROGRAM, LOGVIEW_PROGRAM, MASTER_PROGRAM})
+    {
+        for (const char* const option : {"--help", "--version"})
+        {
+            Program one({program, option});
+            EXPECT_TRUE(WaitFor([&] { return one.HasEnded(); }, kProgramDeadlineMs));
+            EXPECT_EQ(0, one.ExitCode()) << program << option;
+        }
+    }
+    setenv("DISPLAY", display.c_str(), 1);
 }
 
 TEST_F(ProgramsTest, MonitorMeasuresItsStart)
@@ -233,8 +249,8 @@ TEST_F(ProgramsTest, AnUnusableLogFolderIsExplained)
 }
 
 // A job type whose parameter is long and has several lines leaves the dialog usable; the job gets
-// every byte of it, and its menu acts on it. Quitting asks, because the job runs; the farm's
-// request to end waits neither for the answer nor for the menu.
+// every byte of it, and its menu acts on it, and on all that are selected. Quitting asks, because a
+// job runs; the farm's request to end waits neither for the answer nor for the menu.
 TEST_F(ProgramsTest, MonitorSubmitsAJobAndAsksBeforeItQuits)
 {
     const String longLine(10240, 'x');
@@ -247,9 +263,10 @@ TEST_F(ProgramsTest, MonitorSubmitsAJobAndAsksBeforeItQuits)
                   TempFile("job.sh").Text() + " %Text%\n[Parameter Text]\nDescription = " +
                   longLine + "\nDefault = \"one\\n" + longLine + "\"\n" +
                   "[Command Kill]\nStates = Done\n[Command Suspend]\nStates = Running\n");
+    WriteFile(TempFile("jobs/other.job"), "[Job]\nType = Test\nName = Other\n");
     setenv("TOLVAN_MODULES", TempFile("modules").Text().c_str(), 1);
     Program master({MASTER_PROGRAM, "--jobs", TempFile("jobs").Text(), "--run-folder",
-                    TempFile("runs").Text(), "--stay"});
+                    TempFile("runs").Text(), "--slots", "2", "--stay"});
     Program monitor({MONITOR_PROGRAM, "--no-start"});
     unsetenv("TOLVAN_MODULES");
     ASSERT_TRUE(PressKeys("Tolvan Monitor", "key ctrl+n"));
@@ -276,6 +293,10 @@ TEST_F(ProgramsTest, MonitorSubmitsAJobAndAsksBeforeItQuits)
 
     Program other({MONITOR_PROGRAM, "--no-start"});
     ASSERT_TRUE(PressKeys("Tolvan Monitor", "key F6"));
+    ASSERT_TRUE(OpenJobMenu(true));
+    ASSERT_EQ(0, std::system("xdotool key Down key Down key Return"));
+    EXPECT_TRUE(WaitForLog(component_Master, "Command 'Suspend' for the job Other"));
+    EXPECT_EQ(String::npos, LogOf(component_Master).find("is not possible"));
     ASSERT_TRUE(OpenJobMenu());
     EXPECT_TRUE(EndsOnRequest(master, other));
     EndMaster();
