@@ -244,7 +244,11 @@ void wxTextLineCtrl::SaveOrTell()
     {
         const std::unique_ptr<Exception> owner(exception);
         exception->Log();
-        wxMessageBox(wxtToWx(exception->Text() + "\n" + exception->Text2()), _("Save As"),
-                     wxOK | wxICON_ERROR, this);
+        TellSaveProblem(wxtToWx(exception->Text() + "\n" + exception->Text2()));
     }
+}
+
+void wxTextLineCtrl::TellSaveProblem(const wxString& reason)
+{
+    wxMessageBox(reason, _("Save As"), wxOK | wxICON_ERROR, this);
 }

@@ -113,6 +113,8 @@ public:
 
 protected:
     void DrawBitmap() override;
+    /// Tells the user that the lines could not be saved; here in a stock box.
+    virtual void TellSaveProblem(const wxString& reason);
 
 private:
     friend class wxTextLineSearchPanel;

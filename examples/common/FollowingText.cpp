@@ -1,8 +1,14 @@
 #include "common/FollowingText.h"
 
+#include "dialogs/wxConfirmDlg.h"
 #include "textviews/wxTextLineSearchPanel.h"
 
 #include <algorithm>
+
+namespace
+{
+const char* const kSaveProblem = "SaveFailed";
+} // namespace
 
 FollowingText::FollowingText(wxWindow* parent, int mostLines)
     : wxTextLineCtrl(parent), m_MostLines(mostLines)
@@ -37,6 +43,11 @@ void FollowingText::SetFollowing(bool follow)
 bool FollowingText::IsFollowing() const
 {
     return m_Follow && IsAtEnd() && !HoldsHit();
+}
+
+void FollowingText::TellSaveProblem(const wxString& reason)
+{
+    wxTolvanMessageBox(reason, kSaveProblem, wxGetTopLevelParent(this));
 }
 
 bool FollowingText::IsAtEnd() const
