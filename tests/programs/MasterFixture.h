@@ -4,6 +4,7 @@
 #include "tests/support/UserFolderTest.h"
 #include "tolvan/Job.h"
 #include "tolvan/Message.h"
+#include "vesta/Time.h"
 
 #include <chrono>
 #include <functional>
