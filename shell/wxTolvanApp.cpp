@@ -21,6 +21,31 @@ wxWeakRef<wxWindow>       s_ActiveWin;
 
 namespace
 {
+// The toolkit's generic drawing. What that has not implemented asserts there: it is drawn by the
+// port's own renderer.
+class _GenericDrawing : public wxDelegateRendererNative
+{
+public:
+    _GenericDrawing() : wxDelegateRendererNative(wxRendererNative::GetGeneric()) {}
+
+    void DrawChoice(wxWindow* window, wxDC& dc, const wxRect& rect, int flags) override
+    {
+        GetDefault().DrawChoice(window, dc, rect, flags);
+    }
+    void DrawComboBox(wxWindow* window, wxDC& dc, const wxRect& rect, int flags) override
+    {
+        GetDefault().DrawComboBox(window, dc, rect, flags);
+    }
+    void DrawTextCtrl(wxWindow* window, wxDC& dc, const wxRect& rect, int flags) override
+    {
+        GetDefault().DrawTextCtrl(window, dc, rect, flags);
+    }
+    void DrawRadioBitmap(wxWindow* window, wxDC& dc, const wxRect& rect, int flags) override
+    {
+        GetDefault().DrawRadioBitmap(window, dc, rect, flags);
+    }
+};
+
 constexpr int kToolTipShownMs = 10000;
 constexpr int kToolTipDelayMs = 330;
 constexpr int kToolTipReshowMs = 0;
@@ -235,7 +260,8 @@ wxAppTraits* wxTolvanApp::CreateTraits()
 
 wxRendererNative* wxtTraits::CreateRenderer()
 {
-    return new wxtRenderer(wxRendererNative::GetDefault());
+    static _GenericDrawing generic;
+    return new wxtRenderer(generic);
 }
 
 int wxTolvanApp::Execute()
