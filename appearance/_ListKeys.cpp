@@ -1,5 +1,7 @@
 #include "appearance/_ListKeys.h"
 
+#include "appearance/_PadKey.h"
+
 #include <wx/defs.h>
 #include <wx/vlbox.h>
 
@@ -8,30 +10,24 @@
 std::optional<int> _RowForKey(int key, int selected, int rows, int page)
 {
     int row = selected;
-    switch (key)
+    switch (_OffThePad(key))
     {
     case WXK_HOME:
-    case WXK_NUMPAD_HOME:
         row = 0;
         break;
     case WXK_END:
-    case WXK_NUMPAD_END:
         row = rows - 1;
         break;
     case WXK_DOWN:
-    case WXK_NUMPAD_DOWN:
         row += 1;
         break;
     case WXK_UP:
-    case WXK_NUMPAD_UP:
         row = selected < 0 ? rows - 1 : row - 1;
         break;
     case WXK_PAGEDOWN:
-    case WXK_NUMPAD_PAGEDOWN:
         row += std::max(page, 1);
         break;
     case WXK_PAGEUP:
-    case WXK_NUMPAD_PAGEUP:
         row -= std::max(page, 1);
         break;
     default:

@@ -165,6 +165,10 @@ void wxExpandablePanel::Expand()
 {
     CALL_ENTRY("wxExpandablePanel::Expand");
     const wxWindowUpdateLocker frozen(GetParent());
+    if (!m_Expanded)
+    {
+        TakeKeysFromContent();
+    }
     GetSizer()->Show(m_ContentSizer, m_Expanded);
     if (m_ExpandButton)
     {
@@ -172,6 +176,16 @@ void wxExpandablePanel::Expand()
     }
     m_Caption->SetLabel(Caption());
     LayoutUpwards(this);
+}
+
+// A window that is hidden with the keyboard leaves nobody to type to.
+void wxExpandablePanel::TakeKeysFromContent()
+{
+    wxWindow* const focused = FindFocus();
+    if (m_ExpandButton && focused && focused != m_ExpandButton && IsDescendant(focused))
+    {
+        m_ExpandButton->SetFocus();
+    }
 }
 
 void wxExpandablePanel::OnExpand(wxCommandEvent&)

@@ -61,6 +61,7 @@ private:
     void            CreateButton(const wxString& tip);
     const wxString& Caption() const;
     void            FocusButton(wxFocusEvent& event);
+    void            TakeKeysFromContent();
 
     wxDECLARE_EVENT_TABLE();
 };

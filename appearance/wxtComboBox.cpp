@@ -3,6 +3,7 @@
 #include "appearance/_ComboList.h"
 #include "appearance/_InputColors.h"
 #include "appearance/_ItemDrawing.h"
+#include "appearance/_PadKey.h"
 #include "appearance/_Port.h"
 #include "appearance/wxTolvanColors.h"
 #include "vesta/CallEntry.h"
@@ -159,7 +160,7 @@ void wxtComboBox::CloseUnseen(wxIdleEvent& event)
 
 bool wxtComboBox::IsKeyPopupToggle(const wxKeyEvent& event) const
 {
-    const int key = event.GetKeyCode();
+    const int key = _OffThePad(event.GetKeyCode());
     return key == WXK_F4 || (key == WXK_ESCAPE && IsPopupShown()) ||
            (event.AltDown() && (key == WXK_DOWN || key == WXK_UP));
 }

@@ -1,3 +1,4 @@
+#include "appearance/_PadKey.h"
 #include "appearance/_PortSignals.h"
 #include "appearance/wxtCheckBox.h"
 #include "vesta/CallEntry.h"
@@ -196,7 +197,7 @@ void wxtRadioButton::HandleClick()
 // Round the group, past what cannot be chosen.
 void wxtRadioButton::ArrowKey(wxKeyEvent& event)
 {
-    const int  key = event.GetKeyCode();
+    const int  key = _OffThePad(event.GetKeyCode());
     const bool back = key == WXK_LEFT || key == WXK_UP;
     const bool forward = key == WXK_RIGHT || key == WXK_DOWN;
     if (event.HasAnyModifiers() || !(back || forward))

@@ -1,6 +1,7 @@
 #include "appearance/wxtTextCtrl.h"
 
 #include "appearance/_InputColors.h"
+#include "appearance/_PadKey.h"
 #include "appearance/_PortStyle.h"
 #include "appearance/wxtAutoCompleter.h"
 #include "tolvan/ClientOptions.h"
@@ -92,7 +93,7 @@ void wxtTextCtrl::GiveRoom(const wxSize& size)
 
 void wxtTextCtrl::KeyForCompletions(wxKeyEvent& event)
 {
-    const int  key = event.GetKeyCode();
+    const int  key = _OffThePad(event.GetKeyCode());
     const bool open = _CompletionsAreOpen();
     const bool enter = key == WXK_RETURN || key == WXK_NUMPAD_ENTER;
     if (open && (key == WXK_ESCAPE || (enter && m_Choosing)))

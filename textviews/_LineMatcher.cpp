@@ -2,9 +2,10 @@
 
 #include "textviews/_TextCells.h"
 
+#include <glib.h>
+
 #include <algorithm>
 #include <cstring>
-#include <cwctype>
 
 namespace
 {
@@ -12,13 +13,14 @@ constexpr uint32_t kTabledCodes = 0x600; // Latin, Greek, Cyrillic and what lies
 constexpr size_t   kAsciiCodes = 0x80;
 constexpr uint32_t kLastInvalid = kInvalidByteBase + 0xFF;
 
+// Not by the run-time's functions: those know ASCII only where the locale is "C".
 uint32_t LowerCase(uint32_t code)
 {
     if (code >= kInvalidByteBase && code <= kLastInvalid)
     {
         return code;
     }
-    return static_cast<uint32_t>(std::towlower(static_cast<wint_t>(code)));
+    return g_unichar_tolower(code);
 }
 
 struct SizedCode

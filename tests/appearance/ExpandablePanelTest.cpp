@@ -85,6 +85,14 @@ TEST_F(ExpandablePanelTest, OpeningMovesWhateverLiesAround)
     EXPECT_TRUE(m_Content->IsShownOnScreen());
     EXPECT_TRUE(WaitFor([&] { return m_Last->GetPosition().y >= half + kContentHeight; }));
     EXPECT_GT(m_Scrolled->GetVirtualSize().y, kContentHeight);
+
+    // The keyboard does not vanish with what has it.
+    m_Content->SetFocus();
+    ASSERT_TRUE(WaitFor([&] { return m_Content->HasFocus(); }));
+    input.MouseClick();
+    ASSERT_TRUE(WaitFor([&] { return !m_Inner->IsExpanded(); }));
+    wxWindow* const button = m_Inner->FindWindow(wxExpandablePanel::id_Expand);
+    EXPECT_TRUE(WaitFor([&] { return button->HasFocus(); }));
 }
 
 TEST_F(ExpandablePanelTest, ItsStateIsStoredAndReadAgain)

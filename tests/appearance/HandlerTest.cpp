@@ -178,4 +178,4 @@ TEST_P(HandlerTest, MayDoAnything)
 }
 
 INSTANTIATE_TEST_SUITE_P(Controls, HandlerTest, testing::ValuesIn(kControls),
-                         [](const auto& info) { return info.param.name; });
+                         [](const auto& control) { return control.param.name; });

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <ctime>
 #include <random>
 #include <tuple>
@@ -44,15 +43,9 @@ int LineOf(const _LineStore& store, const String& text, bool matchCase)
     return std::get<0>(Search(store, text, true, matchCase, 0));
 }
 
-class LineSearchTest : public testing::Test
-{
-protected:
-    LineSearchTest() { EXPECT_TRUE(std::setlocale(LC_CTYPE, "C.UTF-8")); }
-    ~LineSearchTest() override { std::setlocale(LC_CTYPE, "C"); }
-};
 } // namespace
 
-TEST_F(LineSearchTest, GoesRoundAllLinesOnce)
+TEST(LineSearchTest, GoesRoundAllLinesOnce)
 {
     const _LineStore store = StoreOf({"one", "two", "one two", "three"});
     const struct
@@ -83,7 +76,7 @@ TEST_F(LineSearchTest, GoesRoundAllLinesOnce)
     EXPECT_EQ(std::get<0>(Search(_LineStore(), "two", false, true, -1)), -1);
 }
 
-TEST_F(LineSearchTest, ComparesTheLocalesCharacters)
+TEST(LineSearchTest, ComparesCharactersWhateverTheLocale)
 {
     const _LineStore store = StoreOf({"\xc3\x84RGER \xce\xa9", "plain Text", "300 \xe2\x84\xaa",
                                       "caf\xc3\xa9", "caf\xe9", String("a\0b", 3)});
@@ -110,7 +103,7 @@ TEST_F(LineSearchTest, ComparesTheLocalesCharacters)
 }
 
 // The quick ways and the steps must find what a plain look at every line finds.
-TEST_F(LineSearchTest, AgreesWithAPlainSearch)
+TEST(LineSearchTest, AgreesWithAPlainSearch)
 {
     std::mt19937        random(11);
     std::vector<String> lines;
@@ -146,7 +139,7 @@ TEST_F(LineSearchTest, AgreesWithAPlainSearch)
     }
 }
 
-TEST_F(LineSearchTest, LooksThroughLongLinesInPieces)
+TEST(LineSearchTest, LooksThroughLongLinesInPieces)
 {
     String line(10'000'000, 'a');
     line += "b";
@@ -166,7 +159,7 @@ TEST_F(LineSearchTest, LooksThroughLongLinesInPieces)
 
 // Every place of the text's characters is a near miss here: rows across lines, halves of
 // characters.
-TEST_F(LineSearchTest, NearMissesCostNoMoreThanOthers)
+TEST(LineSearchTest, NearMissesCostNoMoreThanOthers)
 {
     String halves;
     while (halves.size() < 2000)
@@ -197,7 +190,7 @@ TEST_F(LineSearchTest, NearMissesCostNoMoreThanOthers)
 
 // Whatever else comes and goes between the steps, the search finds the line that stays, and the
 // count comes out as if it had begun at the end.
-TEST_F(LineSearchTest, LinesMayComeAndGoMeanwhile)
+TEST(LineSearchTest, LinesMayComeAndGoMeanwhile)
 {
     const String others[] = {"hit", String(20'000, 'x'), String(70'000, 'x'),
                              "HIT" + String(70'000, 'x')};
@@ -248,7 +241,7 @@ TEST_F(LineSearchTest, LinesMayComeAndGoMeanwhile)
     }
 }
 
-TEST_F(LineSearchTest, TheCountFollowsTheLines)
+TEST(LineSearchTest, TheCountFollowsTheLines)
 {
     _LineStore store;
     for (int i = 0; i < 3000; ++i)
