@@ -79,6 +79,13 @@ protected:
         return WaitFor([&] { return LogOf(component).find(text) != String::npos; },
                        kProgramDeadlineMs);
     }
+    // The log has the monitors before it, too.
+    bool LatestMonitorShowsJobs() const
+    {
+        const String log = LogOf(component_Monitor);
+        return log.find("The first output of a job is shown", log.rfind("started: process")) !=
+               String::npos;
+    }
 };
 
 // Ends the master of this test's runtime folder: whoever takes a connection on its socket.
@@ -268,7 +275,6 @@ TEST_F(ProgramsTest, MonitorSubmitsAJobAndAsksBeforeItQuits)
     Program master({MASTER_PROGRAM, "--jobs", TempFile("jobs").Text(), "--run-folder",
                     TempFile("runs").Text(), "--slots", "2", "--stay"});
     Program monitor({MONITOR_PROGRAM, "--no-start"});
-    unsetenv("TOLVAN_MODULES");
     ASSERT_TRUE(PressKeys("Tolvan Monitor", "key ctrl+n"));
 
     // Two fields on stands the priority: what is wrong there keeps the dialog open.
@@ -277,9 +283,9 @@ TEST_F(ProgramsTest, MonitorSubmitsAJobAndAsksBeforeItQuits)
     ASSERT_TRUE(PressKeys("Submit Job", "key Return"));
     ASSERT_TRUE(PressKeys("Submit Job", "key ctrl+a type 70"));
     ASSERT_TRUE(PressKeys("Submit Job", "key Return"));
-    EXPECT_TRUE(WaitForLog(component_Monitor, "The first output of a job is shown"));
-    EXPECT_NE(String::npos, LogOf(component_Master).find("Started job Sky"));
-    EXPECT_EQ("one\n" + longLine, ReadFile(TempFile("runs/given")));
+    EXPECT_TRUE(WaitForLog(component_Master, "Started job Sky"));
+    EXPECT_TRUE(WaitFor([&] { return ReadFile(TempFile("runs/given")) == "one\n" + longLine; },
+                        kProgramDeadlineMs));
 
     ASSERT_TRUE(PressKeys("Tolvan Monitor", "key ctrl+q"));
     ASSERT_TRUE(PressKeys("Quit", "key Escape"));
@@ -292,6 +298,8 @@ TEST_F(ProgramsTest, MonitorSubmitsAJobAndAsksBeforeItQuits)
     EXPECT_TRUE(EndsOnRequest(master, monitor));
 
     Program other({MONITOR_PROGRAM, "--no-start"});
+    unsetenv("TOLVAN_MODULES");
+    ASSERT_TRUE(WaitFor([&] { return LatestMonitorShowsJobs(); }, kProgramDeadlineMs));
     ASSERT_TRUE(PressKeys("Tolvan Monitor", "key F6"));
     ASSERT_TRUE(OpenJobMenu(true));
     ASSERT_EQ(0, std::system("xdotool key Down key Down key Return"));
