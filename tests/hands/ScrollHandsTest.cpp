@@ -1,8 +1,11 @@
 #include "tests/hands/HandsTest.h"
+#include "tests/support/Pictures.h"
 
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxtListCtrl.h"
 #include "textviews/wxTextLineCtrl.h"
+
+#include <wx/platinfo.h>
 
 #include <map>
 
@@ -10,6 +13,42 @@ namespace
 {
 constexpr int kTimes = 3; // a view's content is so many times as large as the view
 constexpr int kNotchLines = 3;
+constexpr int kDragSteps = 8;
+
+// Where the words lead from the top left corner: for each axis "0", "line", "page", "notch", "end"
+// or "end-line".
+struct Way
+{
+    const char* words;
+    const char* horizontal;
+    const char* vertical;
+};
+
+const Way kWheel[] = {
+    {"notch+", "0", "notch"},
+    {"notch+ notch-", "0", "0"},
+    {"notch-", "0", "0"},
+};
+
+const Way kKeys[] = {
+    {"Down", "0", "line"},
+    {"KP_Down Down KP_Up", "0", "line"},
+    {"Next", "0", "page"},
+    {"KP_Next", "0", "page"},
+    {"KP_Next KP_Prior", "0", "0"},
+    {"ctrl+Next", "0", "end"},
+    {"ctrl+Next Up", "0", "end-line"},
+    {"ctrl+KP_Next ctrl+Prior", "0", "0"},
+    {"ctrl+Next ctrl+KP_Prior", "0", "0"},
+    {"Right", "line", "0"},
+    {"Right KP_Right Left", "line", "0"},
+    {"End", "end", "0"},
+    {"KP_End KP_Home", "0", "0"},
+    {"ctrl+Next End", "end", "end"},
+    {"ctrl+KP_Next KP_End KP_Home", "0", "end"},
+    {"ctrl+Next End Home", "0", "end"},
+    {"notch+ End", "end", "notch"},
+};
 
 class ScrollHandsTest : public HandsTest
 {
@@ -37,23 +76,26 @@ protected:
             const int line = text->Append(std::to_string(text->GetLineCount()), false);
             m_Line = text->GetScrollRange(wxVERTICAL) / (line + 1);
         }
-        const int letter = text->GetScrollRange(wxHORIZONTAL) /
-                           static_cast<int>(text->GetLine(11).size() + 1); // the widest line
-        text->Append(String(static_cast<size_t>(kTimes * client.x / letter), 'x'), false);
+        String wide;
+        for (int i = 0; text->GetScrollRange(wxHORIZONTAL) < kTimes * client.x; ++i)
+        {
+            wide += std::to_string(i);
+            if (i % 40 == 39) // the thumb is drawn no smaller than that of a few more lines
+            {
+                text->Append(wide, false);
+            }
+        }
         Settle();
     }
     // Until the native scrollbars have followed.
     void Settle()
     {
-        EXPECT_TRUE(WaitFor(
-            [this]
-            {
-                return Native(wxVERTICAL) == m_View->GetScrollPos(wxVERTICAL) &&
-                       m_View->wxWindow::GetScrollRange(wxVERTICAL) ==
-                           m_View->GetScrollRange(wxVERTICAL) &&
-                       m_View->wxWindow::GetScrollRange(wxHORIZONTAL) ==
-                           m_View->GetScrollRange(wxHORIZONTAL);
-            }));
+        const auto follows = [this](int axis)
+        {
+            return Native(axis) == At(axis) &&
+                   m_View->wxWindow::GetScrollRange(axis) == m_View->GetScrollRange(axis);
+        };
+        EXPECT_TRUE(WaitFor([&] { return follows(wxVERTICAL) && follows(wxHORIZONTAL); }));
         PumpEvents();
     }
 
@@ -68,22 +110,117 @@ protected:
                                 Native(wxVERTICAL), End(wxHORIZONTAL), End(wxVERTICAL));
     }
 
-    // Where the words lead from the top left corner: for each axis "0", "line", "page", "notch",
-    // "end" or "end-line".
-    struct Way
+    // A place on the scrollbar, from 0 to 1 of its length; beyond that outside of it.
+    wxPoint OnBar(int axis, double place) const
     {
-        std::string words;
-        const char* horizontal;
-        const char* vertical;
-    };
-    void Go(const Way& way)
+        const wxRect all = m_View->GetScreenRect();
+        const wxRect client(m_View->ClientToScreen(wxPoint(0, 0)), m_View->GetClientSize());
+        const bool   steppers = wxPlatformInfo::Get().GetToolkitMajorVersion() < 3;
+        const auto   along = [&](int start, int length, int thickness)
+        {
+            const int stepper = steppers ? thickness : 0;
+            return start + stepper + static_cast<int>(place * (length - 2 * stepper));
+        };
+        const int right = all.GetRight() - client.GetRight();
+        const int bottom = all.GetBottom() - client.GetBottom();
+        return axis == wxVERTICAL ? wxPoint(client.GetRight() + (right + 1) / 2,
+                                            along(client.y, client.height, right))
+                                  : wxPoint(along(client.x, client.width, bottom),
+                                            client.GetBottom() + (bottom + 1) / 2);
+    }
+    wxPoint OnThumb(int axis) const
     {
-        SCOPED_TRACE(way.words);
+        const int range = m_View->GetScrollRange(axis);
+        return OnBar(axis, (Native(axis) + m_View->GetScrollThumb(axis) / 2.0) / range);
+    }
+
+    // What a person sees: the view stands where its thumb does, and shows another part.
+    void ExpectAt(int axis, int least, int most)
+    {
+        EXPECT_TRUE(WaitFor(
+            [&] { return At(axis) >= least && At(axis) <= most && Native(axis) == At(axis); }))
+            << "not from " << least << " to " << most << ", " << Where();
+        EXPECT_TRUE(WaitFor([&] { return ShowsAnother(); })) << Where();
+    }
+    bool ShowsAnother()
+    {
+        const wxImage now = PictureOf(m_View);
+        const size_t  bytes = 3 * static_cast<size_t>(now.GetWidth() * now.GetHeight());
+        const bool    differs = !std::equal(now.GetData(), now.GetData() + bytes, m_Seen.GetData());
+        m_Seen = differs ? now : m_Seen;
+        return differs;
+    }
+
+    void DragTo(int axis, double place)
+    {
+        const wxPoint from = m_Pointer;
+        const wxPoint way = OnBar(axis, place) - from;
+        for (int step = 1; step <= kDragSteps; ++step)
+        {
+            m_Pointer = from + way * step / kDragSteps;
+            MoveTo(m_Pointer);
+        }
+    }
+    void Take(int axis)
+    {
+        m_Pointer = OnThumb(axis);
+        MoveTo(m_Pointer);
+        Button(1, true);
+    }
+    void ClickBar(int axis, double place)
+    {
+        MoveTo(OnBar(axis, place));
+        Button(1, true);
+        Button(1, false);
+    }
+    void DragThumb(int axis)
+    {
+        const int slack = End(axis) / 10;
+        Take(axis);
+        DragTo(axis, 0.5);
+        ExpectAt(axis, End(axis) / 2 - slack, End(axis) / 2 + slack);
+        DragTo(axis, 1.5);
+        ExpectAt(axis, End(axis), End(axis));
+        Button(1, false);
+        Do(Frame(), "leave");
+        EXPECT_EQ(End(axis), At(axis)) << Where();
+        Take(axis);
+        DragTo(axis, -0.5);
+        ExpectAt(axis, 0, 0);
+        Button(1, false);
+    }
+    // `widest`: where the wide rows can be seen.
+    void UseBars(int widest)
+    {
         for (const int axis : {wxVERTICAL, wxHORIZONTAL})
         {
-            m_View->SetScrollPos(axis, 0);
+            SCOPED_TRACE(axis == wxVERTICAL ? "vertical" : "horizontal");
+            m_View->SetScrollPos(wxVERTICAL, axis == wxVERTICAL ? 0 : widest);
+            m_View->SetScrollPos(wxHORIZONTAL, 0);
+            Settle();
+            m_Seen = PictureOf(m_View);
+            DragThumb(axis);
+            ClickBar(axis, 0.9);
+            ExpectAt(axis, m_Line, End(axis));
+            const int before = At(axis);
+            ClickBar(axis, 0.05);
+            ExpectAt(axis, 0, before - m_Line);
         }
-        Do(m_View, "enter " + way.words);
+    }
+
+    template <class Ways> void GoAll(const Ways& ways)
+    {
+        for (const Way& way : ways)
+        {
+            SCOPED_TRACE(way.words);
+            Go(way);
+        }
+    }
+    void Go(const Way& way)
+    {
+        m_View->SetScrollPos(wxVERTICAL, 0);
+        m_View->SetScrollPos(wxHORIZONTAL, 0);
+        Do(m_View, std::string("focus enter ") + way.words);
         for (const auto& [axis, expected] :
              {std::pair(wxHORIZONTAL, way.horizontal), {wxVERTICAL, way.vertical}})
         {
@@ -101,31 +238,22 @@ protected:
 
     wxWindow* m_View = nullptr;
     int       m_Line = 0; // pixels
+    wxImage   m_Seen;
+    wxPoint   m_Pointer;
 };
-
-const struct
-{
-    const char* words;
-    const char* horizontal;
-    const char* vertical;
-} kWheel[] = {
-    {"notch+", "0", "notch"},
-    {"notch+ notch-", "0", "0"},
-    {"notch-", "0", "0"},
-};
-
 } // namespace
 
-TEST_F(ScrollHandsTest, WheelMovesByLines)
+TEST_F(ScrollHandsTest, ListGoesWhereThumbTroughAndWheelLead)
 {
     FillList();
-    for (const auto& row : kWheel)
-    {
-        Go({row.words, row.horizontal, row.vertical});
-    }
+    GoAll(kWheel);
+    UseBars(0);
+}
+
+TEST_F(ScrollHandsTest, TextGoesWhereThumbTroughWheelAndKeysLead)
+{
     FillText();
-    for (const auto& row : kWheel)
-    {
-        Go({row.words, row.horizontal, row.vertical});
-    }
+    GoAll(kWheel);
+    GoAll(kKeys);
+    UseBars(End(wxVERTICAL));
 }
