@@ -1,6 +1,7 @@
 #include "appearance/wxExpandablePanel.h"
 
 #include "appearance/_ClickStatic.h"
+#include "appearance/_ForeignPress.h"
 #include "appearance/_collapse.xpm"
 #include "appearance/_expand.xpm"
 #include "appearance/wxTolvanColors.h"
@@ -76,6 +77,7 @@ _ClickStatic::_ClickStatic(wxWindow* parent, wxWindowID id, const wxString& labe
     : wxtStaticText(parent, id, label)
 {
     Bind(wxEVT_LEFT_UP, &_ClickStatic::OnClick, this);
+    _RefuseForeignRelease(*this);
 }
 
 void _ClickStatic::OnClick(wxMouseEvent& event)

@@ -1,6 +1,7 @@
 #include "appearance/wxtButton.h"
 
 #include "appearance/_ForeignKey.h"
+#include "appearance/_ForeignPress.h"
 #include "appearance/_Mnemonic.h"
 #include "appearance/_PortSignals.h"
 #include "appearance/wxTolvanColors.h"
@@ -78,6 +79,7 @@ wxtButton::wxtButton(wxWindow* parent, wxWindowID id, const wxString& label,
     CALL_ENTRY("wxtButton::wxtButton");
     Manage(this);
     Bind(_EVT_ENABLED, &wxtButton::OnEnabled, this);
+    _RefuseForeignRelease(*this);
     m_DisabledForegroundName = color_TextGrey;
     m_DisabledForegroundOffset = 0;
     m_DisabledBackgroundName = color_WindowBGDarker;

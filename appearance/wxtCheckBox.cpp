@@ -1,6 +1,7 @@
 #include "appearance/wxtCheckBox.h"
 
 #include "appearance/_ForeignKey.h"
+#include "appearance/_ForeignPress.h"
 #include "appearance/_Mnemonic.h"
 #include "appearance/_PortSignals.h"
 #include "appearance/wxTolvanColors.h"
@@ -45,6 +46,7 @@ wxtCheckBox::wxtCheckBox(wxWindow* parent, wxWindowID id, const wxString& label,
     Create(parent, id, position, size, style, validator, name);
     Manage(this);
     Bind(_EVT_ENABLED, &wxtCheckBox::OnEnabled, this);
+    _RefuseForeignRelease(*this);
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     wxCheckBoxBase::SetLabel(label);
     LimitHeight();

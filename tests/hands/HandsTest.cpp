@@ -1,9 +1,15 @@
 #include "tests/hands/HandsTest.h"
 
+#include "appearance/_PortStyle.h"
 #include "appearance/wxTolvanColors.h"
+#include "listviews/wxDBListBody.h"
+#include "listviews/wxtListCtrl.h"
 #include "tests/support/TestApp.h"
 
+#include <wx/combo.h>
 #include <wx/control.h>
+#include <wx/ctrlsub.h>
+#include <wx/dialog.h>
 #include <wx/eventfilter.h>
 #include <wx/listbase.h>
 #include <wx/textctrl.h>
@@ -96,6 +102,45 @@ const struct
     {wxEVT_LIST_ITEM_ACTIVATED, "open"},
     {wxEVT_LIST_ITEM_RIGHT_CLICK, "right"},
 };
+// The third one.
+wxRect RowOnScreen(wxtListCtrl& list)
+{
+    const wxRect row = list.GetBody()->GetItemRect(2);
+    return {list.GetBody()->ClientToScreen(row.GetPosition()), row.GetSize()};
+}
+
+bool HasOpenList(wxWindow* control)
+{
+    const auto* const combo = dynamic_cast<wxComboCtrlBase*>(control);
+    return _CompletionsAreOpen() || (combo && combo->IsPopupShown());
+}
+
+void RunDialog(wxTopLevelWindow& parent)
+{
+    wxDialog dialog(&parent, wxID_ANY, "A question");
+    dialog.CallAfter(
+        [&]
+        {
+            EXPECT_TRUE(WaitFor([&] { return dialog.IsActive(); }));
+            dialog.EndModal(wxID_OK);
+        });
+    dialog.ShowModal();
+    EXPECT_TRUE(WaitFor([&] { return parent.IsActive(); }));
+}
+
+void Refill(wxWindow* control)
+{
+    if (auto* const list = dynamic_cast<wxtListCtrl*>(control))
+    {
+        list->Clear();
+        list->InsertItem(0, "Another");
+    }
+    else if (auto* const items = dynamic_cast<wxItemContainer*>(control))
+    {
+        items->Clear();
+        items->Append("Another");
+    }
+}
 } // namespace
 
 // Sees which window a key comes to first.
@@ -147,27 +192,34 @@ void HandsTest::Open()
     for (const auto& heard : kHeard)
     {
         m_Frame->Bind(heard.type,
-                      [this, heard](wxCommandEvent& event)
-                      {
-                          m_Heard += heard.name;
-                          m_Heard += heard.hasItem ? std::to_string(event.GetInt()) + " " : " ";
-                          event.Skip();
+                      [this, heard](wxCommandEvent& event) {
+                          OnHeard(event,
+                                  heard.name + (heard.hasItem ? std::to_string(event.GetInt())
+                                                              : std::string()));
                       });
     }
     for (const auto& heard : kHeardOfLists)
     {
-        m_Frame->Bind(heard.type,
-                      [this, heard](wxListEvent& event)
-                      {
-                          m_Heard += heard.name + std::to_string(event.GetIndex()) + " ";
-                          event.Skip();
-                      });
+        m_Frame->Bind(heard.type, [this, heard](wxListEvent& event)
+                      { OnHeard(event, heard.name + std::to_string(event.GetIndex())); });
     }
+    First<wxtListCtrl>()->SetName("list");
     m_Frame->Show();
     ASSERT_TRUE(WaitFor([this] { return m_Frame->IsShownOnScreen() && m_Frame->IsActive(); }));
     PumpEvents();
     Do(m_Frame, "leave");
     m_Heard.clear();
+}
+
+void HandsTest::OnHeard(wxEvent& event, const std::string& what)
+{
+    m_Heard += what + " ";
+    const auto then = std::exchange(m_Then, nullptr);
+    event.Skip(!then); // the toolkit would go on with a control that has gone
+    if (then)
+    {
+        then();
+    }
 }
 
 wxWindow* HandsTest::FirstOf(const std::function<bool(wxWindow*)>& is) const
@@ -192,7 +244,9 @@ wxWindow* HandsTest::Named(const wxString& name) const
         [&](wxWindow* each)
         {
             const auto* const text = dynamic_cast<wxTextEntryBase*>(each);
-            return (text ? text->GetValue() : wxControl::RemoveMnemonics(each->GetLabel())) == name;
+            return (text ? text->GetValue() : wxControl::RemoveMnemonics(each->GetLabel())) ==
+                       name ||
+                   each->GetName() == name;
         });
 }
 
@@ -244,7 +298,12 @@ void HandsTest::Do(wxWindow* control, const std::string& words)
     std::istringstream        stream(words);
     for (std::string word; stream >> word;)
     {
-        if (!DoWord(weak, word))
+        if (word == "then")
+        {
+            stream >> word;
+            m_Then = [=] { DoWord(weak, word); };
+        }
+        else if (!DoWord(weak, word))
         {
             Press(word);
         }
@@ -255,7 +314,8 @@ bool HandsTest::DoWord(wxWindow* control, const std::string& word)
 {
     const auto middle = [&]
     {
-        const wxRect place = control->GetScreenRect();
+        auto* const  list = dynamic_cast<wxtListCtrl*>(control);
+        const wxRect place = list ? RowOnScreen(*list) : control->GetScreenRect();
         return place.GetPosition() + wxPoint(place.width / 2 + m_Aside, place.height / 2);
     };
     const std::pair<const char*, std::function<void()>> deeds[] = {
@@ -286,6 +346,10 @@ bool HandsTest::DoWord(wxWindow* control, const std::string& word)
         {"show", [&] { control->Show(); }},
         {"destroy", [&] { control->Destroy(); }},
         {"focus", [&] { control->SetFocus(); }},
+        {"opened", [&] { EXPECT_TRUE(WaitFor([&] { return HasOpenList(control); })); }},
+        {"closed", [&] { EXPECT_TRUE(WaitFor([&] { return !HasOpenList(control); })); }},
+        {"dialog", [&] { RunDialog(*m_Frame); }},
+        {"refill", [&] { Refill(control); }},
         {"theme",
          []
          {

@@ -18,7 +18,7 @@ protected:
     void          Open();
     GalleryFrame* Frame() const { return m_Frame; }
 
-    /// The control with that label, or value; null when there is none.
+    /// The control with that label, value or name; null when there is none.
     wxWindow*                         Named(const wxString& name) const;
     template <class Control> Control* First() const
     {
@@ -31,7 +31,10 @@ protected:
     ///   press release click     of the left button; "right" before it: of the right one
     ///   double triple           so many clicks, as fast as can be
     ///   notch+ notch-           of the wheel, down and up
-    ///   disable enable hide show destroy theme     what the program does meanwhile
+    ///   opened closed           waits until its list is so
+    ///   focus disable enable hide show destroy theme dialog refill
+    ///                           what the program does meanwhile; "then" before it: in the handler
+    ///                           of the next event
     ///   any other word          a key, as in "shift+Tab"
     void Do(wxWindow* control, const std::string& words);
     void MoveTo(const wxPoint& screen);
@@ -60,7 +63,10 @@ private:
 
     static constexpr int kAside = 8; // pixels; clicks at one place would make a double one
 
-    std::string m_Heard;
-    int         m_MouseButton = 1;
-    int         m_Aside = 0; ///< Pixels right of the middle, of the next click.
+    void OnHeard(wxEvent& event, const std::string& what);
+
+    std::string           m_Heard;
+    std::function<void()> m_Then; ///< For the handler of the next event.
+    int                   m_MouseButton = 1;
+    int                   m_Aside = 0; ///< Pixels right of the middle, of the next click.
 };

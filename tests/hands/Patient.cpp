@@ -165,7 +165,10 @@ bool Patient::HasEnded()
 
 bool Patient::End(int deadlineMs)
 {
-    kill(m_Id, SIGTERM);
+    if (!HasEnded())
+    {
+        kill(m_Id, SIGTERM);
+    }
     return WaitUntil(deadlineMs, [this] { return HasEnded(); });
 }
 

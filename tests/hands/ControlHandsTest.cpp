@@ -1,0 +1,266 @@
+#include "tests/hands/HandsTest.h"
+
+#include "appearance/wxExpandablePanel.h"
+#include "appearance/wxtCheckBox.h"
+#include "appearance/wxtCheckListBox.h"
+#include "appearance/wxtComboBox.h"
+#include "listviews/wxtListCtrl.h"
+
+#include <algorithm>
+
+namespace
+{
+// What a hand does to a control, what the host hears of it, and what a person
+// sees of the control afterwards; null when that is not looked at.
+struct Row
+{
+    const char* control;
+    const char* deeds;
+    const char* heard;
+    const char* look = nullptr;
+};
+
+// Checked or not; what a field holds; the items of a check list; the selected
+// rows of a list.
+wxString LookOf(wxWindow* control)
+{
+    wxString look;
+    if (const auto* const items = dynamic_cast<wxtCheckListBox*>(control))
+    {
+        look << items->GetSelection() << ":";
+        for (unsigned i = 0; i < items->GetCount(); ++i)
+        {
+            look << (items->IsChecked(i) ? "x" : ".");
+        }
+    }
+    else if (auto* const list = dynamic_cast<wxtListCtrl*>(control))
+    {
+        for (const int row : list->GetSelection())
+        {
+            look << row << ",";
+        }
+    }
+    else if (const auto* const box = dynamic_cast<wxtCheckBox*>(control))
+    {
+        look = box->GetValue() ? "x" : ".";
+    }
+    else if (const auto* const text = dynamic_cast<wxTextEntryBase*>(control))
+    {
+        look = text->GetValue();
+    }
+    else if (auto* const panel = dynamic_cast<wxExpandablePanel*>(control->GetParent()))
+    {
+        look = panel->IsExpanded() ? "open" : "closed";
+    }
+    return look;
+}
+
+const Row kButtons[] = {
+    {"Normal", "enter press release", "button"},
+    {"Normal", "enter press leave release", ""},
+    {"Normal", "enter press leave enter release", "button"},
+    {"Normal", "leave press enter release leave", ""},
+    {"Normal", "enter double", "button"},
+    {"Normal", "click click click", "button button button"},
+    {"Normal", "enter right press release", ""},
+    {"Normal", "enter notch+ notch-", ""},
+    {"Normal", "click space Return KP_Enter", "button button button button"},
+    {"Normal", "click a Escape Up F4", "button"},
+    {"Normal", "enter press disable release enable click", "button"},
+    {"Normal", "enter press hide leave release show click", "button"},
+    {"Normal", "enter press theme release", "button"},
+    {"Normal", "enter press destroy leave release", "", "gone"},
+    {"Normal", "then destroy click", "button", "gone"},
+    {"Normal", "then dialog click space", "button button"},
+    {"Normal", "then disable click click enable click", "button button"},
+    {"Default", "leave alt+d", "button"},
+    {"Disabled", "enter press release double", ""},
+
+    {"Check box", "enter press release", "check1", "x"},
+    {"Check box", "enter press leave release", "", "."},
+    {"Check box", "enter double", "check1 check0", "."},
+    {"Check box", "click click", "check1 check0", "."},
+    {"Check box", "enter right press release", "", "."},
+    {"Check box", "click space", "check1 check0", "."},
+    {"Check box", "click Return KP_Enter a Up", "check1", "x"},
+    {"Check box", "enter press disable release enable click", "check1", "x"},
+    {"Check box", "enter press hide leave release show click", "check1", "x"},
+    {"Check box", "enter press theme release", "check1", "x"},
+    {"Check box", "enter press destroy leave release", "", "gone"},
+    {"Check box", "then destroy click", "check1", "gone"},
+    {"Check box", "then dialog click space", "check1 check0", "."},
+    {"Checked", "click", "check0", "."},
+
+    {"Radio button", "enter press release", "radio", "x"},
+    {"Radio button", "enter press leave release", "", "."},
+    {"Radio button", "click space", "radio radio", "x"},
+    {"Radio button", "click Left", "radio radio", "."},
+    {"Radio button", "click Left Down", "radio radio radio", "x"},
+    {"Radio button", "enter press disable release enable click", "radio", "x"},
+    {"Radio button", "enter press hide leave release show", "", "."},
+    {"Radio button", "enter press destroy leave release", "", "gone"},
+    {"Radio button", "then destroy click", "radio", "gone"},
+    {"Chosen", "focus Right Right Up", "radio radio radio", "."},
+
+    {"An open panel", "enter press release", "", "closed"},
+    {"An open panel", "enter press leave release", "", "open"},
+    {"An open panel", "click click", "", "open"},
+    {"A closed panel", "enter press theme release", "", "open"},
+    {"A closed panel", "enter press destroy leave release", "", "gone"},
+};
+
+// The choice holds "Ray Tracer", "Checksum", "Another product", and so do the
+// combo box and the check list.
+const Row kFields[] = {
+    {"choice", "focus F4 opened Escape closed", "open close", "Ray Tracer"},
+    {"choice", "focus F4 opened F4 closed", "open close", "Ray Tracer"},
+    {"choice", "focus alt+Down opened alt+Up closed", "open close", "Ray Tracer"},
+    {"choice", "focus F4 opened Return closed", "open close choice0 combo0", "Ray Tracer"},
+    {"choice", "focus F4 opened Down Return closed", "open close choice1 combo1", "Checksum"},
+    {"choice", "focus F4 opened Down Down KP_Enter closed", "open close choice2 combo2",
+     "Another product"},
+    {"choice", "focus F4 opened Tab closed", "open close", "Ray Tracer"},
+    {"choice", "click opened leave press release closed", "open close", "Ray Tracer"},
+    {"choice", "click opened click closed", "open close", "Ray Tracer"},
+    {"choice", "focus Down Down Up", "choice1 combo1 choice2 combo2 choice1 combo1", "Checksum"},
+    {"choice", "focus a", "choice2 combo2", "Another product"},
+    {"choice", "focus enter notch+ notch+ notch-", "choice1 combo1 choice2 combo2 choice1 combo1",
+     "Checksum"},
+    {"choice", "focus F4 opened theme Down Return closed", "open close choice1 combo1", "Checksum"},
+    {"choice", "click opened disable closed", "open close", "Ray Tracer"},
+    {"choice", "click opened hide closed", "open close", "Ray Tracer"},
+    {"choice", "click opened destroy leave press release", "open", "gone"},
+    {"choice", "focus F4 opened destroy Escape", "open", "gone"},
+    {"choice", "focus then destroy Down", "choice1", "gone"},
+    {"choice", "focus then refill Down Up", "choice1 combo1 choice0 combo0", "Another"},
+
+    {"comboBox", "focus F4 opened Escape closed", "open close", "Combo box"},
+    {"comboBox", "focus F4 opened Down Return closed", "open close combo0", "Ray Tracer"},
+    {"comboBox", "focus F4 opened theme Down Return closed", "open close combo0", "Ray Tracer"},
+    {"comboBox", "focus F4 opened leave press release closed", "open close", "Combo box"},
+    {"comboBox", "focus F4 opened disable closed", "open close", "Combo box"},
+    {"comboBox", "focus F4 opened hide closed", "open close", "Combo box"},
+    {"comboBox", "focus F4 opened destroy Escape", "open", "gone"},
+    {"comboBox", "focus ctrl+a x y Return", "", "xy"},
+
+    {"text", "focus ctrl+a x y z Return", "", "xyz"},
+    {"text", "focus ctrl+a o opened Escape closed", "", "o"},
+    {"text", "focus ctrl+a o opened theme Tab closed", "", "o"},
+    {"text", "focus ctrl+a o opened hide closed", "", "o"},
+    {"text", "focus ctrl+a o opened disable closed", "", "o"},
+    {"text", "focus ctrl+a o opened destroy Escape closed", "", "gone"},
+
+};
+
+const Row kLists[] = {
+    {"listBox", "focus Down Down Up", "row0 row1 row0", "0:x.."},
+    {"listBox", "focus End Home Next", "row2 row0 row2", "2:x.."},
+    {"listBox", "focus End space space", "row2 tick2 tick2", "2:x.."},
+    {"listBox", "focus c space", "row1 tick1", "1:xx."},
+    {"listBox", "focus theme End", "row2", "2:x.."},
+    {"listBox", "focus End then destroy space", "row2 tick2", "gone"},
+    {"listBox", "focus End then refill space", "row2 tick2", "-1:."},
+    {"listBox", "enter press destroy leave release", "row1", "gone"},
+    {"listBox", "enter press disable leave release", "row1", "1:x.."},
+
+    // Its second row is selected, the hand is on the third.
+    {"list", "enter press release", "deselect1 select2", "2,"},
+    {"list", "enter press leave release", "deselect1 select2", "2,"},
+    {"list", "click Down Down Up", "deselect1 select2 deselect2 select3 deselect3 select2", "2,"},
+    {"list", "click shift+Up", "deselect1 select2 select1", "2,1,"},
+    {"list", "enter right press release", "deselect1 select2 right2", "2,"},
+    {"list", "enter double", "deselect1 select2 open2", "2,"},
+    {"list", "enter press theme leave release", "deselect1 select2", "2,"},
+    {"list", "enter press disable leave release", "deselect1 select2", "2,"},
+    {"list", "enter press hide leave release show Up", "deselect1 select2", "2,"},
+    {"list", "enter press destroy leave release", "deselect1 select2", "gone"},
+    {"list", "then destroy click", "deselect1", "gone"},
+    {"list", "then refill enter double", "deselect1 open2", ""},
+};
+
+// The controls that take keys, by label or name.
+const std::vector<wxString> kStops = {
+    "Default", "Normal", "Highlighted", "Check box", "Checked", "Chosen",    "text",
+    "text",    "choice", "text",        "listBox",   "button",  "button",    "panel",
+    "panel",   "button", "text",        "Previous",  "Next",    "Match Case"};
+
+class ControlHandsTest : public HandsTest
+{
+protected:
+    template <class Rows> void TryAll(const Rows& rows)
+    {
+        for (const Row& row : rows)
+        {
+            SCOPED_TRACE(std::string(row.control) + ": " + row.deeds);
+            Open();
+            const wxWeakRef<wxWindow> control(Named(row.control));
+            Do(control, row.deeds);
+            EXPECT_EQ(row.heard, Heard());
+            EXPECT_TRUE(!row.look || row.look == (control ? LookOf(control) : "gone"))
+                << (control ? LookOf(control) : "gone");
+        }
+    }
+};
+} // namespace
+
+TEST_F(ControlHandsTest, ButtonsAreClickedAsOftenAsAHandClicks)
+{
+    TryAll(kButtons);
+}
+
+// A press whose control has gone ends on whatever the hand is on by then.
+TEST_F(ControlHandsTest, AReleaseClicksNothingThatWasNotPressed)
+{
+    for (const char* const pressed : {"Normal", "Check box", "text"})
+    {
+        for (const char* const goes : {"enter press hide", "enter press destroy"})
+        {
+            for (const char* const other :
+                 {"Highlighted", "Checked", "Radio button", "An open panel"})
+            {
+                SCOPED_TRACE(std::string(pressed) + ": " + goes + ", released on " + other);
+                Open();
+                wxWindow* const control = Named(other);
+                const wxString  before = LookOf(control);
+                Do(Named(pressed), goes);
+                Do(control, "enter release");
+                EXPECT_EQ("", Heard());
+                EXPECT_EQ(before, LookOf(control));
+                Do(control, "leave click");
+                EXPECT_TRUE(!Heard().empty() || LookOf(control) != before);
+            }
+        }
+    }
+}
+
+TEST_F(ControlHandsTest, FieldsAndTheirListsAreLeftByEveryWay)
+{
+    TryAll(kFields);
+}
+
+TEST_F(ControlHandsTest, RowsAreChosenByPointerAndKeys)
+{
+    TryAll(kLists);
+}
+
+TEST_F(ControlHandsTest, TabLeadsRoundTheWindowAndBack)
+{
+    Do(Named("Default"), "focus");
+    std::vector<wxWindow*> way;
+    std::vector<wxString>  stops;
+    for (size_t i = 0; i <= kStops.size(); ++i, Press("Tab"))
+    {
+        way.push_back(WhoHasTheKeys());
+        ASSERT_TRUE(way.back());
+        const wxString label = wxControl::RemoveMnemonics(way.back()->GetLabel());
+        stops.push_back(label.empty() ? way.back()->GetName() : label);
+    }
+    EXPECT_EQ(way[0], way.back());
+    stops.pop_back();
+    EXPECT_EQ(kStops, stops);
+    for (auto at = way.rbegin(); at != way.rend(); ++at)
+    {
+        Press("shift+Tab");
+        EXPECT_EQ(*at, WhoHasTheKeys());
+    }
+}
