@@ -1,5 +1,6 @@
 #include "appearance/wxExpandablePanel.h"
 #include "appearance/wxTolvanColors.h"
+#include "tests/support/EventCounter.h"
 #include "tests/support/FrameTest.h"
 #include "tests/support/TestApp.h"
 
@@ -123,8 +124,12 @@ protected:
         TestApp::Get().OnRun();
         return held;
     }
+    // A new control is where it is to be once its panel has been painted.
     void Click(const wxWindow* control)
     {
+        const EventCounter painted(m_Holder, wxEVT_PAINT);
+        m_Holder->Refresh();
+        EXPECT_TRUE(WaitFor([&] { return painted.Count() > 0; }));
         m_Input.MouseMove(control->GetScreenRect().GetPosition() + wxPoint(6, 6));
         m_Input.MouseClick();
     }
