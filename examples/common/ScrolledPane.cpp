@@ -18,6 +18,13 @@ ScrolledPane::ScrolledPane(wxWindow* parent)
     SetScrollRate(0, kStep);
 }
 
+// A sizer without room gives less than the smallest size.
+void ScrolledPane::DoMoveWindow(int x, int y, int width, int height)
+{
+    ShowScrollbars(wxSHOW_SB_NEVER, height < kSmallest.y ? wxSHOW_SB_NEVER : wxSHOW_SB_DEFAULT);
+    wxScrolledWindow::DoMoveWindow(x, y, width, height);
+}
+
 void ScrolledPane::ShowChild(const wxWindow& child)
 {
     const wxRect place = child.GetRect(); // in what is visible

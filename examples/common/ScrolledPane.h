@@ -13,4 +13,7 @@ public:
 
     /// Scrolls so that all of the child shows, or, if it is higher than the pane, its beginning.
     void ShowChild(const wxWindow& child);
+
+protected:
+    void DoMoveWindow(int x, int y, int width, int height) override;
 };
