@@ -16,8 +16,8 @@ TOLVAN_API void _UseSolidScrollbars(wxWindow& window);
 /// Keeps the port from scrolling a window by its own keys: the window has others, or its own.
 TOLVAN_API void _RefuseNativeScrollKeys(wxWindow& window);
 
-/// Ends the press of the window's native scrollbars, if any. One that goes while it is pressed hears
-/// of no release, and the port keeps every motion of the pointer from the program until then.
+/// Ends the press of the window's native scrollbars, if any. One that goes while it is pressed
+/// hears of no release, and the port keeps every motion of the pointer from the program until then.
 TOLVAN_API void _EndScrollbarPress(wxWindow& window);
 
 /// What the port lays out texts for the screen with; the caller owns the reference. Null where the

@@ -10,9 +10,9 @@
 class _EnabledEvent;
 
 /// Mixed into a window class beside its window base: holds the names and offsets of the window's
-/// colours and sets them again whenever the scheme changes, and when the window is enabled or disabled,
-/// by itself or with one that it lies in. A window made inside a managed one starts with that one's
-/// settings.
+/// colours and sets them again whenever the scheme changes, and when the window is enabled or
+/// disabled, by itself or with one that it lies in. A window made inside a managed one starts with
+/// that one's settings.
 class TOLVAN_API wxtColorManaged
 {
 public:

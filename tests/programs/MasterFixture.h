@@ -43,7 +43,7 @@ public:
     std::map<String, std::vector<String>>      lines;
     std::map<String, long long>                skipped;
     std::map<String, Time>                     lastLine; ///< When it came.
-    std::vector<boost::shared_ptr<Message>>    others; ///< Of all other types.
+    std::vector<boost::shared_ptr<Message>>    others;   ///< Of all other types.
 
 private:
     void Take(const boost::shared_ptr<Message>& message);
