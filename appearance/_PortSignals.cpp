@@ -21,6 +21,11 @@ struct TabStop
     bool (*isStop)(const wxWindow& window);
 };
 
+struct ArrowStop
+{
+    wxWeakRef<wxWindow> window;
+};
+
 template <class Data> void Free(void* data, GClosure*)
 {
     delete static_cast<Data*>(data);
@@ -58,6 +63,13 @@ gboolean OnFocusMove(GObject* widget, int, TabStop* asked)
     return FALSE; // the focus has not been taken
 }
 
+// Asked of the widget that has the focus first.
+gboolean OnArrowMove(GObject*, int direction, ArrowStop* kept)
+{
+    constexpr int kLastTab = 1; // the port counts both ways of the Tab key before the four arrows
+    return kept->window && kept->window->HasFocus() && direction > kLastTab; // where it shall be
+}
+
 template <class Data, class Handler>
 void Connect(GObject* widget, const char* signal, Handler* handler, Data* data)
 {
@@ -88,4 +100,9 @@ void _WatchEnabling(wxWindow& window)
 void _AskBeforeTab(wxWindow& window, bool (*isStop)(const wxWindow& window))
 {
     Connect(WidgetOf(window), "focus", OnFocusMove, new TabStop{&window, isStop});
+}
+
+void _KeepFromArrows(wxWindow& window)
+{
+    Connect(WidgetOf(window), "focus", OnArrowMove, new ArrowStop{&window});
 }

@@ -28,3 +28,7 @@ TOLVAN_API void _WatchEnabling(wxWindow& window);
 /// Has the Tab key pass the window by whenever the function says no. The program and the mouse can
 /// give it the focus all the same. Once for a window.
 TOLVAN_API void _AskBeforeTab(wxWindow& window, bool (*isStop)(const wxWindow& window));
+
+/// Has the focus stay in the window when an arrow key comes that it has no use for, or uses and
+/// passes on: the port would move the focus to the neighbour on that side. Once for a window.
+TOLVAN_API void _KeepFromArrows(wxWindow& window);

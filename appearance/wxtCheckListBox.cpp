@@ -335,7 +335,10 @@ void wxtCheckListBox::Click(wxMouseEvent& event)
     // The second click of two quick ones on a box counts as a click, not as a choice of the item.
     const wxWeakRef<wxWindow> self(this);
     SetFocus();
-    Toggle(item);
+    if (self && item < static_cast<int>(GetCount()))
+    {
+        Toggle(item);
+    }
     if (self && item < static_cast<int>(GetCount()))
     {
         MoveSelection(item);

@@ -79,9 +79,11 @@ bool wxDBListBody::SelectByClick(const wxMouseEvent& event)
 void wxDBListBody::OnLDown(wxMouseEvent& event)
 {
     CALL_ENTRY("wxDBListBody::OnLDown");
-    SetFocus();
-    HoldMouse();
-    SelectByClick(event);
+    if (TakeFocus())
+    {
+        HoldMouse();
+        SelectByClick(event);
+    }
 }
 
 void wxDBListBody::OnLUp(wxMouseEvent&)
@@ -99,7 +101,10 @@ void wxDBListBody::OnDoubleClick(wxMouseEvent& event)
 void wxDBListBody::OnRDown(wxMouseEvent& event)
 {
     CALL_ENTRY("wxDBListBody::OnRDown");
-    SetFocus();
+    if (!TakeFocus())
+    {
+        return;
+    }
     const int row = Geometry().RowAt(event.GetY());
     if ((HasRow(row) && m_List.IsRowSelected(row)) || SelectByClick(event))
     {

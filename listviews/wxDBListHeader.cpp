@@ -10,6 +10,7 @@
 #include "vesta/CallEntry.h"
 
 #include <wx/dcmemory.h>
+#include <wx/weakref.h>
 
 #include <algorithm>
 
@@ -137,7 +138,12 @@ void wxDBListHeader::OnLDown(wxMouseEvent& event)
     {
         m_Pressed = Geometry().ColumnAt(event.GetX());
         Redraw();
+        const wxWeakRef<wxDBListHeader> self(this);
         m_List.SetFocus();
+        if (!self || IsBeingDeleted())
+        {
+            return;
+        }
     }
     HoldMouse();
 }

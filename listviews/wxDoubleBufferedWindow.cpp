@@ -1,12 +1,14 @@
 #include "listviews/wxDoubleBufferedWindow.h"
 
 #include "appearance/_Port.h"
+#include "appearance/_PortSignals.h"
 #include "listviews/_ScrollModel.h"
 #include "listviews/_ScrollState.h"
 #include "vesta/CallEntry.h"
 #include "vesta/Log.h"
 
 #include <wx/utils.h>
+#include <wx/weakref.h>
 
 #include <algorithm>
 
@@ -53,6 +55,7 @@ wxDoubleBufferedWindow::wxDoubleBufferedWindow(wxWindow* parent, int id, long st
     Create(parent, id, wxDefaultPosition, wxDefaultSize,
            style | wxVSCROLL | wxHSCROLL | wxWANTS_CHARS, wxASCII_STR(wxPanelNameStr));
     _UseSolidScrollbars(*this);
+    _KeepFromArrows(*this);
     SetMinSize(wxSize(kLeastSize, kLeastSize));
     SetSize(wxSize(kLeastSize, kLeastSize));
     m_RedrawTimer.SetOwner(this, kRedrawTimerId);
@@ -96,6 +99,13 @@ wxDoubleBufferedWindow::~wxDoubleBufferedWindow()
     s_Windows.erase(this);
     m_RedrawTimer.Stop();
     m_RedrawTimer.SetOwner(nullptr);
+}
+
+bool wxDoubleBufferedWindow::TakeFocus()
+{
+    const wxWeakRef<wxDoubleBufferedWindow> self(this);
+    SetFocus();
+    return self && !IsBeingDeleted();
 }
 
 void wxDoubleBufferedWindow::HoldMouse()

@@ -72,6 +72,9 @@ protected:
 
     void DoMoveWindow(int x, int y, int width, int height) override;
 
+    /// Takes the keyboard. False when the window has gone meanwhile: whoever hears that the focus
+    /// comes here or leaves another window may destroy it.
+    bool TakeFocus();
     /// Captures the mouse for a button that has gone down here. A window that is hidden or disabled
     /// meanwhile hears of no button any more, and nobody else would either: it is made to lose the
     /// capture.

@@ -59,7 +59,10 @@ constexpr MenuEntry kStandardEntries[] = {
 void wxTextLineCtrl::OnLeftClick(wxMouseEvent& event)
 {
     CALL_ENTRY("wxTextLineCtrl::OnLeftClick");
-    SetFocus();
+    if (!TakeFocus())
+    {
+        return;
+    }
     m_Selecting = true;
     m_Selection->Click(Geometry().LineAt(event.GetY()), m_Lines->Count());
     Redraw();
@@ -132,9 +135,11 @@ void wxTextLineCtrl::OnMouseLeave(wxMouseEvent&)
 void wxTextLineCtrl::OnRightClick(wxMouseEvent&)
 {
     CALL_ENTRY("wxTextLineCtrl::OnRightClick");
-    SetFocus();
-    wxMenu menu;
-    HandleContextMenu(menu, true);
+    if (TakeFocus())
+    {
+        wxMenu menu;
+        HandleContextMenu(menu, true);
+    }
 }
 
 void wxTextLineCtrl::HandleContextMenu(wxMenu& menu, bool addStandardItems)

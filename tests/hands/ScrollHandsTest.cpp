@@ -30,6 +30,10 @@ const Way kWheel[] = {
     {"notch-", "0", "0"},
 };
 
+const Way kListKeys[] = {
+    {"Left Right KP_Left KP_Right Down Up", "0", "0"},
+};
+
 const Way kKeys[] = {
     {"Down", "0", "line"},
     {"KP_Down Down KP_Up", "0", "line"},
@@ -234,6 +238,7 @@ protected:
             EXPECT_EQ(places.at(expected), At(axis)) << Where();
             EXPECT_TRUE(WaitFor([&, on = axis] { return Native(on) == At(on); })) << Where();
         }
+        EXPECT_TRUE(HasTheKeys(m_View));
     }
 
     wxWindow* m_View = nullptr;
@@ -247,6 +252,7 @@ TEST_F(ScrollHandsTest, ListGoesWhereThumbTroughAndWheelLead)
 {
     FillList();
     GoAll(kWheel);
+    GoAll(kListKeys);
     UseBars(0);
 }
 

@@ -145,6 +145,35 @@ TEST_F(HeldListTest, EveryHandlerMayDestroyIt)
     }
 }
 
+// By the press that brings the focus; the host has the event to itself then.
+TEST_F(HeldListTest, AFocusHandlerMayDestroyIt)
+{
+    for (const bool inText : {false, true})
+    {
+        for (const int button : {wxMOUSE_BTN_LEFT, wxMOUSE_BTN_RIGHT})
+        {
+            for (const int y : {10, -8})
+            {
+                SCOPED_TRACE(testing::Message() << inText << " " << button << " " << y);
+                MakePage();
+                wxWindow* const view = inText ? static_cast<wxWindow*>(m_Text) : m_List->GetBody();
+                view->Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent&) { m_Page->Destroy(); });
+                m_Input.MouseMove(view->ClientToScreen(wxPoint(50, inText ? 10 : y)));
+                m_Input.MouseClick(button);
+                PumpEvents();
+                // The right button on a title leaves the focus alone.
+                EXPECT_EQ(button == wxMOUSE_BTN_RIGHT && y < 0 && !inText, bool(m_Page));
+                EXPECT_FALSE(wxWindow::GetCapture());
+                EXPECT_TRUE(IsSelectedByClick(m_Other));
+                if (m_Page)
+                {
+                    m_Page->Destroy();
+                }
+            }
+        }
+    }
+}
+
 // The port's own scrollbar is pressed then, and nobody tells it that the button was let go.
 TEST_F(HeldListTest, AThumbMayBeHeldWhenItsViewGoes)
 {
