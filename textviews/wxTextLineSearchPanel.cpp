@@ -56,7 +56,12 @@ void wxTextLineSearchPanel::BindEvents()
     const auto find = [this](bool forward) { return [this, forward](auto&) { Find(forward); }; };
     m_Previous->Bind(wxEVT_BUTTON, find(false));
     m_Next->Bind(wxEVT_BUTTON, find(true));
-    m_Stop->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { StopSearch(); });
+    m_Stop->Bind(wxEVT_BUTTON,
+                 [this](wxCommandEvent&)
+                 {
+                     StopSearch();
+                     m_Field->SetFocus(); // disabled while it is clicked, the button has lost it
+                 });
     m_Close->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Expand(); });
     m_Field->Bind(wxEVT_TEXT, &wxTextLineSearchPanel::OnTextChanged, this);
     m_MatchCase->Bind(wxEVT_CHECKBOX, &wxTextLineSearchPanel::OnTextChanged, this);
@@ -74,7 +79,8 @@ void wxTextLineSearchPanel::BindEvents()
 void wxTextLineSearchPanel::Expand()
 {
     CALL_ENTRY("wxTextLineSearchPanel::Expand");
-    const bool show = !IsShown();
+    const bool                             show = !IsShown();
+    const wxWeakRef<wxTextLineSearchPanel> self(this);
     if (!show)
     {
         StopSearch();
@@ -83,6 +89,10 @@ void wxTextLineSearchPanel::Expand()
         if (m_View)
         {
             m_View->SetFocus(); // before what has the keyboard is hidden
+        }
+        if (!self)
+        {
+            return; // whoever has heard of the focus has closed the page
         }
     }
     Show(show);
@@ -93,8 +103,11 @@ void wxTextLineSearchPanel::Expand()
     if (show)
     {
         m_Field->SetFocus();
-        m_Field->SelectAll();
-        StartCounting();
+        if (self)
+        {
+            m_Field->SelectAll();
+            StartCounting();
+        }
     }
 }
 

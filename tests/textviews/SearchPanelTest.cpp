@@ -1,6 +1,7 @@
 #include "tests/textviews/TextViewTest.h"
 
 #include <wx/stopwatch.h>
+#include <wx/uiaction.h>
 
 #include <algorithm>
 
@@ -127,8 +128,9 @@ TEST_F(SearchPanelTest, ALongSearchRunsInSlices)
     Panel().SetText("Nowhere");
     const std::function<void()> endings[] = {
         [this] { Panel().StopSearch(); },
-        [this] { m_View->ToggleSearch(); }, // closing stops it too
-        [this] { m_View->Clear(); },        // the lines may go
+        [] { wxUIActionSimulator().Char(WXK_SPACE); }, // on the button
+        [this] { m_View->ToggleSearch(); },            // closing stops it too
+        [this] { m_View->Clear(); },                   // the lines may go
     };
     for (const auto& end : endings)
     {
@@ -141,9 +143,9 @@ TEST_F(SearchPanelTest, ALongSearchRunsInSlices)
         Labelled("Stop")->SetFocus();
         PumpEvents();
         end();
+        EXPECT_TRUE(WaitFor([this] { return !Panel().IsSearching(); }));
         EXPECT_TRUE(WaitFor(
             [] { return wxWindow::FindFocus() && wxWindow::FindFocus()->IsShownOnScreen(); }));
-        EXPECT_FALSE(Panel().IsSearching());
     }
     PumpEvents();
     EXPECT_EQ(Panel().GetHits(), 0);
