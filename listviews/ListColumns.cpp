@@ -97,7 +97,11 @@ void wxDBListCtrl::RemoveColumn(int index)
 void wxDBListCtrl::RemoveAllColumns()
 {
     CALL_ENTRY("wxDBListCtrl::RemoveAllColumns");
-    m_Columns.clear();
+    while (!m_Columns.empty())
+    {
+        m_Columns.pop_back();
+        TellColumnMoved(GetColumnCount(), -1);
+    }
     ColumnsChanged();
 }
 

@@ -76,20 +76,12 @@ _LineMatcher::_LineMatcher(const String& text, bool matchCase) : m_MatchCase(mat
     }
 }
 
-// Whether blocks of ASCII can be compared by bytes in lower case: not in a locale whose lower case
-// of an ASCII letter is something else (Turkish), and not for a text that holds other characters.
+// Blocks of ASCII can be compared by bytes in lower case, unless the text holds other characters.
 void _LineMatcher::PrepareQuickBytes()
 {
     if (m_MatchCase || m_Codes.empty())
     {
         return;
-    }
-    for (uint32_t code = 0; code < kAsciiCodes; ++code)
-    {
-        if (m_FoldedCodes[code] != static_cast<unsigned char>(LowerAscii(static_cast<char>(code))))
-        {
-            return;
-        }
     }
     m_Quick = std::all_of(m_Codes.begin(), m_Codes.end(),
                           [](uint32_t code) { return code < kAsciiCodes; });

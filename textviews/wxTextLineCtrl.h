@@ -90,7 +90,7 @@ public:
     /// Looks for the text, from the line after (before) the last hit, or from the first (last)
     /// visible line when there was none, once round all lines. A hit is marked and scrolled into
     /// view; without one the result is false and the last hit stays. Without `caseSensitive`,
-    /// letters are the same as their lower case in the locale.
+    /// letters are the same as their lower case.
     bool Search(const String& text, bool forward, bool caseSensitive);
     int  GetMarkedLine() const { return m_MarkedLine; }   ///< The last hit; -1 for none.
     int  GetMatchColumn() const { return m_MatchColumn; } ///< Characters; -1 for none.

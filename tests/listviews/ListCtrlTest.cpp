@@ -229,6 +229,7 @@ TEST_F(ListCtrlTest, ColumnsMoveWithTheirHighlight)
         for (const int type : {10, 11, 12})
         {
             m_List->AddColumn(type, "", 50);
+            EXPECT_EQ("", m_List->GetDisplayText(0, type - 10)) << "gone with their columns";
             m_List->SetItem(0, type - 10, String::FromInt(type));
         }
         m_List->SetHighlightColumn(move.highlight);
