@@ -99,6 +99,28 @@ int wxtComboBox::DoInsertItems(const wxArrayStringsAdapter& items, unsigned int 
     return last;
 }
 
+// The toolkit's refuses a text that is no item, the empty one in an empty list, too.
+void wxtComboBox::DoClear()
+{
+    CALL_ENTRY("wxtComboBox::DoClear");
+    wxOwnerDrawnComboBox::DoClear();
+    if (!m_text)
+    {
+        Select(wxNOT_FOUND);
+    }
+}
+
+void wxtComboBox::SetString(unsigned int item, const wxString& text)
+{
+    CALL_ENTRY("wxtComboBox::SetString");
+    const bool isShown = !m_text && GetSelection() == static_cast<int>(item);
+    wxOwnerDrawnComboBox::SetString(item, text);
+    if (isShown)
+    {
+        Select(static_cast<int>(item));
+    }
+}
+
 int wxtComboBox::GetSelection() const
 {
     const int  item = wxOwnerDrawnComboBox::GetSelection();

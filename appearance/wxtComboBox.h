@@ -51,6 +51,8 @@ public:
     bool Show(bool show = true) override;
     /// Of the text, characters; 0 for any. Too long a one is told with `wxEVT_TEXT_MAXLEN`.
     void SetMaxLength(unsigned long characters) override;
+    /// A selected item's new text is shown where nothing else can be typed.
+    void SetString(unsigned int item, const wxString& text) override;
     void ForceUpper() override;
 
     void Popup() override;
@@ -62,6 +64,7 @@ public:
 protected:
     int  DoInsertItems(const wxArrayStringsAdapter& items, unsigned int position, void** clientData,
                        wxClientDataType type) override;
+    void DoClear() override;
     void DoSetPopupControl(wxComboPopup* popup) override;
 
     void    OnThemeChange() override;

@@ -111,6 +111,10 @@ TEST_F(InputsTest, ChoiceHoldsWhatItShows)
     EXPECT_EQ(2, sorted->Append("beta"));
     EXPECT_EQ(0, sorted->Append("aaa"));
     EXPECT_EQ(2, sorted->GetSelection()) << "its twin came after it";
+    sorted->SetString(2, "bee");
+    EXPECT_EQ("bee", sorted->GetValue());
+    sorted->Clear();
+    EXPECT_EQ("", sorted->GetValue());
 }
 
 TEST_F(InputsTest, KeysOpenAndLeaveAList)
