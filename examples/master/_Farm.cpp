@@ -29,6 +29,19 @@ String Now()
     return String::FromInt(Time::CurrentTime().ToMicroseconds());
 }
 
+/// As the type spells it; whoever writes a job may do it otherwise.
+String ParamName(const JobTypeInfo& type, const String& name)
+{
+    for (int i = 0; i < type.ParamCount(); ++i)
+    {
+        if (type.GetParam(i).name.EqualsNoCase(name))
+        {
+            return type.GetParam(i).name;
+        }
+    }
+    return name;
+}
+
 /// The type's defaults with the job's own values over them.
 std::map<String, String> MergedParams(const _NewJob& request, const JobTypeInfo& type)
 {
@@ -39,16 +52,16 @@ std::map<String, String> MergedParams(const _NewJob& request, const JobTypeInfo&
     }
     for (const auto& [name, value] : request.params)
     {
-        params[name] = value;
+        params[ParamName(type, name)] = value;
     }
     return params;
 }
 
 void CheckValues(const std::map<String, String>& params, const JobTypeInfo& type)
 {
-    const auto lookup = [&params](const String& name)
+    const auto lookup = [&](const String& name)
     {
-        const auto found = params.find(name);
+        const auto found = params.find(ParamName(type, name));
         return found == params.end() ? String() : found->second;
     };
     for (int i = 0; i < type.ParamCount(); ++i)

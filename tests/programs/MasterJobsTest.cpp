@@ -190,9 +190,10 @@ TEST_F(MasterJobs, JobFilesRunTheRealJobPrograms)
               "[Job]\nType = Checksum\nName = Sums\n[Parameters]\nSource = " +
                   TempFile("data").Text() + "\n");
     WriteFile(TempFile("jobs/2.job"), "[Job]\nType = Ray Tracer\nName = Frames\n[Parameters]\n"
-                                      "LastFrame = 2\nWidth = 32\nHeight = 18\nSamples = 1\n");
+                                      "lastframe = 2\nWidth = 32\nHeight = 18\nSamples = 1\n");
     WriteFile(TempFile("jobs/3.job"), "[Job]\nName = No type\n");
     WriteFile(TempFile("jobs/4.job"), "[Job]\nType = Unknown\n");
+    WriteFile(TempFile("jobs/5.job"), "[Job]\nType = Ray Tracer\n[Parameters]\nlastframe = a\n");
     Start({"--stay", "--modules", SHARE_FOLDER "/modules"});
     ASSERT_TRUE(client.ReadUntil([&] { return client.jobs.size() == 2; }));
     for (const auto& [id, params] : std::map(client.jobs))
@@ -210,10 +211,12 @@ TEST_F(MasterJobs, JobFilesRunTheRealJobPrograms)
         const String one = ReadFile(folder / "frame_0001.png");
         EXPECT_EQ(one.substr(0, 8), "\x89PNG\r\n\x1a\n");
         EXPECT_NE(one, ReadFile(folder / "frame_0002.png"));
+        EXPECT_FALSE(File::Exists(folder / "frame_0003.png")) << "the value given for it counts";
     }
     EXPECT_EQ(client.jobs.size(), 2u);
     EXPECT_NE(LogText().find("3.job"), String::npos);
     EXPECT_NE(LogText().find("4.job"), String::npos);
+    EXPECT_NE(LogText().find("LastFrame must be a whole number"), String::npos);
 }
 
 } // namespace
