@@ -1,6 +1,6 @@
 #include "appearance/_ForeignPress.h"
 
-#include <wx/window.h>
+#include <wx/stattext.h>
 
 #include <memory>
 
@@ -17,14 +17,9 @@ enum class Press
 void _RefuseForeignRelease(wxWindow& window)
 {
     const auto press = std::make_shared<Press>(Press::none);
-    const auto watch = [press](wxMouseEvent& event)
+    const auto look = [press](const wxMouseEvent& event)
     {
-        event.Skip(!event.LeftUp() || *press != Press::foreign);
-        if (event.LeftDown() || event.LeftDClick())
-        {
-            *press = Press::own;
-        }
-        else if (event.LeftUp() || !event.LeftIsDown())
+        if (event.LeftUp() || !event.LeftIsDown())
         {
             *press = Press::none;
         }
@@ -33,9 +28,33 @@ void _RefuseForeignRelease(wxWindow& window)
             *press = Press::foreign;
         }
     };
+    const auto watch = [press, look](wxMouseEvent& event)
+    {
+        event.Skip(!event.LeftUp() || *press != Press::foreign);
+        if (event.LeftDown() || event.LeftDClick())
+        {
+            *press = Press::own;
+        }
+        else
+        {
+            look(event);
+        }
+    };
+    const auto watchAround = [look](wxMouseEvent& event)
+    {
+        event.Skip();
+        look(event);
+    };
     for (const auto& type : {wxEVT_ENTER_WINDOW, wxEVT_LEAVE_WINDOW, wxEVT_MOTION, wxEVT_LEFT_DOWN,
                              wxEVT_LEFT_DCLICK, wxEVT_LEFT_UP})
     {
         window.Bind(type, watch);
+    }
+    // A label is part of its parent's window on one of the ports, and is not told of the pointer
+    // that comes in.
+    if (wxDynamicCast(&window, wxStaticText) && window.GetParent())
+    {
+        window.GetParent()->Bind(wxEVT_ENTER_WINDOW, watchAround);
+        window.GetParent()->Bind(wxEVT_LEFT_UP, watchAround);
     }
 }
