@@ -1,5 +1,6 @@
 #include "dialogs/wxTolvanDlg.h"
 
+#include "appearance/_MouseHold.h"
 #include "dialogs/_KeyRelease.h"
 #include "shell/_Geometry.h"
 #include "shell/wxTolvanFrame.h"
@@ -89,6 +90,7 @@ wxTolvanDlg::wxTolvanDlg(wxWindow* parent, const wxString& title, const String& 
 
 wxTolvanDlg::~wxTolvanDlg()
 {
+    _EndMouseHold(*this);
     s_Dialogs.erase(this);
     --g_OpenCount[m_PositionName].dialogs;
     s_DlgClosed.Emit();

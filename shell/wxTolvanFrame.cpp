@@ -1,5 +1,6 @@
 #include "shell/wxTolvanFrame.h"
 
+#include "appearance/_MouseHold.h"
 #include "appearance/_Port.h"
 #include "shell/_FrameColors.h"
 #include "shell/_FrameExtents.h"
@@ -95,6 +96,7 @@ void wxTolvanFrame::JoinMainFrame()
 
 wxTolvanFrame::~wxTolvanFrame()
 {
+    _EndMouseHold(*this);
     if (this == s_Frame)
     {
         s_Frame = nullptr;

@@ -159,7 +159,13 @@ void wxTextLineCtrl::HandleContextMenu(wxMenu& menu, bool addStandardItems)
             }
         }
     }
+    const wxWeakRef<wxTextLineCtrl> self(this);
+    m_MenuIsOpen = true;
     PopupMenu(&menu);
+    if (self)
+    {
+        m_MenuIsOpen = false;
+    }
 }
 
 void wxTextLineCtrl::OnKey(wxKeyEvent& event)

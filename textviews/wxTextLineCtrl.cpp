@@ -80,6 +80,10 @@ wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
 wxTextLineCtrl::~wxTextLineCtrl()
 {
     CALL_ENTRY("wxTextLineCtrl::~wxTextLineCtrl");
+    if (m_MenuIsOpen)
+    {
+        _ClosePopUps(); // its commands would go to a window that is no more
+    }
     if (m_SearchPanel && GetParent() && !GetParent()->IsBeingDeleted())
     {
         m_SearchPanel->Destroy();

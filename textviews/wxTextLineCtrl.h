@@ -147,6 +147,7 @@ private:
     int                             m_MatchLength = 0;
     std::unique_ptr<_TextSelection> m_Selection;
     bool                            m_Selecting = false; ///< The button is down, mouse captured.
+    bool                            m_MenuIsOpen = false;
     int                             m_HoverLine = -1;
     wxWeakRef<wxWindow>             m_SearchPanel; ///< Child of the parent.
 

@@ -8,6 +8,7 @@
 #include "textviews/wxTextLineCtrl.h"
 
 #include <wx/aui/auibook.h>
+#include <wx/aui/dockart.h>
 #include <wx/filedlg.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
@@ -137,6 +138,8 @@ void LogViewFrame::Colour()
     art->SetActiveColour(wxtGetColor(color_WindowBGLighter));
     m_Pages->SetArtProvider(art);
     m_Pages->SetBackgroundColour(wxtGetColor(color_WindowBG));
+    m_Pages->GetAuiManager().GetArtProvider()->SetColour(wxAUI_DOCKART_BACKGROUND_COLOUR,
+                                                         wxtGetColor(color_WindowBG));
     m_Pages->Refresh();
 }
 

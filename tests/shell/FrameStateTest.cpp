@@ -284,6 +284,17 @@ TEST_F(FrameStateTest, SwitchingTheSchemeReachesEveryFrame)
     EXPECT_EQ(4, g_Scheme);
 }
 
+// A sash or a tab of the toolkit's own may be pressed when the program ends.
+TEST_F(FrameStateTest, TakesTheMouseFromWhatGoesWithIt)
+{
+    MainFrame* const frame = Open();
+    auto* const      panel = new wxtPanel(frame);
+    panel->CaptureMouse();
+    frame->Destroy();
+    EXPECT_TRUE(WaitFor([] { return !wxTolvanFrame::s_Frame; }));
+    EXPECT_FALSE(wxWindow::GetCapture());
+}
+
 TEST_F(FrameStateTest, KnowsWhetherAMenuIsOpen)
 {
     EXPECT_FALSE(ParentIsActive(new MainFrame)); // never shown

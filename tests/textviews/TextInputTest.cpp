@@ -189,3 +189,14 @@ TEST_F(TextInputTest, AKeySavesAndTellsOfAFailure)
     const SelectorAnswer answer("/proc/nothing");
     EXPECT_TRUE(Type('S', wxMOD_CONTROL, [&] { return answer.m_Messages > 0; }));
 }
+
+// It would keep the pointer for itself, and send its commands nowhere.
+TEST_F(TextInputTest, TheMenuGoesWithItsView)
+{
+    const wxWindowRef view(m_View);
+    m_View->Bind(wxEVT_MENU_OPEN,
+                 [this](wxMenuEvent&) { Frame()->CallAfter([this] { m_View->Destroy(); }); });
+    m_Input.MouseMove(m_View->ClientToScreen(wxPoint(50, 20)));
+    m_Input.MouseClick(wxMOUSE_BTN_RIGHT);
+    EXPECT_TRUE(WaitFor([&] { return !view; }));
+}
