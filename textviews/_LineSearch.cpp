@@ -7,9 +7,26 @@ namespace
 // A line from this many bytes on is looked through in pieces. Longer than any block of short lines.
 constexpr size_t kLongLine = 64 * 1024;
 
+bool IsLong(std::string_view bytes)
+{
+    return bytes.size() > kLongLine;
+}
+
 bool IsLong(const _LineStore::Block& block)
 {
-    return block.bytes.size() > kLongLine;
+    return IsLong(block.bytes);
+}
+
+// Whether it was there.
+bool Remove(std::vector<int>& lines, int line)
+{
+    const auto place = std::find(lines.begin(), lines.end(), line);
+    const bool isThere = place != lines.end();
+    if (isThere)
+    {
+        lines.erase(place);
+    }
+    return isThere;
 }
 
 // Empty lines take time too.
@@ -152,24 +169,27 @@ void _HitCounter::Begin(const String& text, bool matchCase)
 
 void _HitCounter::LinesCleared()
 {
-    m_Progress = {};
+    m_Progress = m_LateProgress = {};
     m_Next = 0;
     m_Hits = 0;
+    m_LongHits.clear();
+    m_Late.clear();
 }
 
 bool _HitCounter::Step(const _LineStore& lines, size_t budget)
 {
-    size_t left = budget;
-    while (m_Matcher && m_Next < lines.Count() && left > 0)
+    size_t     left = budget;
+    const auto isCounted = [&] { return m_Next >= lines.Count() && m_Late.empty(); };
+    while (m_Matcher && !isCounted() && left > 0)
     {
-        const _LineStore::Block block = lines.BlockOf(m_Next);
-        const size_t            used = CountIn(block, left);
+        const size_t used =
+            m_Late.empty() ? CountIn(lines.BlockOf(m_Next), left) : CountLate(lines, left);
         left -= std::min(left, std::max<size_t>(used, 1));
     }
-    return !m_Matcher || m_Next >= lines.Count();
+    return !m_Matcher || isCounted();
 }
 
-// Gives the number of bytes that were looked at.
+// Gives the number of bytes that were looked at, as the next one does.
 size_t _HitCounter::CountIn(const _LineStore::Block& block, size_t budget)
 {
     if (IsLong(block))
@@ -177,9 +197,13 @@ size_t _HitCounter::CountIn(const _LineStore::Block& block, size_t budget)
         const size_t before = m_Progress.byte;
         const bool   found = m_Matcher->Continue(block.bytes, m_Progress, budget);
         const size_t used = m_Progress.byte - before;
+        if (found)
+        {
+            ++m_Hits;
+            m_LongHits.push_back(m_Next);
+        }
         if (found || m_Progress.byte >= block.bytes.size())
         {
-            m_Hits += found ? 1 : 0;
             m_Progress = {};
             ++m_Next;
         }
@@ -191,6 +215,39 @@ size_t _HitCounter::CountIn(const _LineStore::Block& block, size_t budget)
     return CostOf(block);
 }
 
+size_t _HitCounter::CountLate(const _LineStore& lines, size_t budget)
+{
+    const int              number = m_Late.front();
+    const std::string_view line = lines.Line(number);
+    const size_t           before = m_LateProgress.byte;
+    const bool             found = m_Matcher->Continue(line, m_LateProgress, budget);
+    const size_t           used = m_LateProgress.byte - before;
+    if (found)
+    {
+        ++m_Hits;
+        m_LongHits.push_back(number);
+    }
+    if (found || m_LateProgress.byte >= line.size())
+    {
+        m_LateProgress = {};
+        m_Late.erase(m_Late.begin());
+    }
+    return used;
+}
+
+// The numbers of the lines from that one on have changed.
+void _HitCounter::Shift(int line, int by)
+{
+    m_Next += by;
+    for (std::vector<int>* const numbers : {&m_LongHits, &m_Late})
+    {
+        for (int& number : *numbers)
+        {
+            number += number >= line ? by : 0;
+        }
+    }
+}
+
 void _HitCounter::LineInserted(const _LineStore& lines, int line)
 {
     _LineMatch ignored;
@@ -198,10 +255,18 @@ void _HitCounter::LineInserted(const _LineStore& lines, int line)
     {
         m_Progress = {}; // it was another line's
     }
-    if (m_Matcher && line < m_Next)
+    if (!m_Matcher || line >= m_Next)
+    {
+        return;
+    }
+    Shift(line, 1);
+    if (IsLong(lines.Line(line)))
+    {
+        m_Late.push_back(line);
+    }
+    else
     {
         m_Hits += m_Matcher->Find(lines.Line(line), ignored) ? 1 : 0;
-        ++m_Next;
     }
 }
 
@@ -217,6 +282,16 @@ void _HitCounter::LineErased(const _LineStore& lines, int line)
         m_Progress = {};
         return;
     }
-    m_Hits -= m_Matcher->Find(lines.Line(line), ignored) ? 1 : 0;
-    --m_Next;
+    if (IsLong(lines.Line(line)))
+    {
+        m_LateProgress =
+            !m_Late.empty() && m_Late.front() == line ? _LineMatcher::Progress() : m_LateProgress;
+        m_Hits -= Remove(m_LongHits, line) ? 1 : 0;
+        Remove(m_Late, line);
+    }
+    else
+    {
+        m_Hits -= m_Matcher->Find(lines.Line(line), ignored) ? 1 : 0;
+    }
+    Shift(line, -1);
 }

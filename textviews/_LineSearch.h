@@ -5,6 +5,7 @@
 #include "vesta/Export.h"
 
 #include <memory>
+#include <vector>
 
 /// A search through the lines, done in steps. The unit is the line: at most one hit a line, the
 /// first one in it. Lines may come and go between the steps, if the search is told.
@@ -81,9 +82,14 @@ public:
 
 private:
     size_t CountIn(const _LineStore::Block& block, size_t budget);
+    size_t CountLate(const _LineStore& lines, size_t budget);
+    void   Shift(int line, int by);
 
     std::unique_ptr<_LineMatcher> m_Matcher;
     _LineMatcher::Progress        m_Progress;
-    int                           m_Next = 0; ///< The first line that is not counted yet.
+    _LineMatcher::Progress        m_LateProgress; ///< In the first of `m_Late`.
+    int                           m_Next = 0;     ///< The first line that is not counted yet.
     int                           m_Hits = 0;
+    std::vector<int>              m_LongHits; ///< Long lines among them: none is read again.
+    std::vector<int>              m_Late;     ///< Long lines that came before `m_Next`, to count.
 };

@@ -272,6 +272,17 @@ TEST(LineSearchTest, TheCountFollowsTheLines)
     EXPECT_EQ(count(), 1001);
     store.Append(String(200'000, 'x') + "hit");
     EXPECT_EQ(count(), 1002);
+
+    // A long line is read in steps only, however it comes and goes.
+    store.Insert(7, String(200'000'000, 'x') + "hit");
+    const auto start = std::clock();
+    counter.LineInserted(store, 7);
+    EXPECT_FALSE(counter.Step(store, 1000));
+    counter.LineErased(store, 7);
+    EXPECT_EQ(counter.Hits(), 1002);
+    EXPECT_LT(std::clock() - start, CLOCKS_PER_SEC / 20);
+    store.Erase(7);
+    EXPECT_EQ(count(), 1002);
     store.Clear();
     counter.LinesCleared();
     EXPECT_EQ(count(), 0);
