@@ -38,6 +38,13 @@ const char* const kTalk = "i=0\nwhile [ $i -lt 100 ]; do i=$((i + 1))\n"
                           "echo FRAME $i/100 \"$1\"; sleep 0.1; done\n";
 const char* const kJob = "[Job]\nType = Talk\nName = Talk\n[Parameters]\nWord = loud\n";
 
+// Found as a shell does, and from the folder that it runs in too.
+std::string Absolute(const std::string& program)
+{
+    const bool isPath = program.find('/') != std::string::npos;
+    return isPath ? fs::absolute(program).string() : program;
+}
+
 void Write(const std::string& file, const std::string& text)
 {
     std::ofstream(file) << text;
@@ -71,12 +78,13 @@ Patient::Patient(std::vector<std::string> command, const std::string& master)
 {
     // What the program leaves behind becomes a child of this process.
     prctl(PR_SET_CHILD_SUBREAPER, 1);
+    m_Command.front() = Absolute(m_Command.front());
     MakeFolder();
     if (!master.empty())
     {
         const pid_t id =
-            Launch({master, "--stay", "--slots", "2", "--jobs", m_Folder + "/jobs", "--modules",
-                    m_Folder + "/modules", "--run-folder", m_Folder + "/runs"});
+            Launch({Absolute(master), "--stay", "--slots", "2", "--jobs", m_Folder + "/jobs",
+                    "--modules", m_Folder + "/modules", "--run-folder", m_Folder + "/runs"});
         setpriority(PRIO_PROCESS, static_cast<id_t>(id), kLowest);
     }
     Start();
@@ -146,7 +154,7 @@ pid_t Patient::Launch(const std::vector<std::string>& command) const
     words.push_back(nullptr);
     if (chdir((m_Folder + "/work").c_str()) == 0)
     {
-        execv(words[0], words.data());
+        execvp(words[0], words.data());
     }
     _exit(127);
 }
