@@ -1,5 +1,5 @@
-#include "appearance/_ColorMix.h"
 #include "appearance/wxTolvanColors.h"
+#include "internal/drawing/ColorMix.h"
 #include "shell/wxTolvanFrame.h"
 #include "vesta/CallEntry.h"
 
@@ -36,7 +36,7 @@ float OuterShare(int step, int steps, float exponent)
 }
 } // namespace
 
-wxColour _MixColours(const wxColour& a, const wxColour& b, double share)
+wxColour internal::MixColours(const wxColour& a, const wxColour& b, double share)
 {
     if (!a.IsOk() || !b.IsOk())
     {
@@ -59,7 +59,7 @@ wxColour OffsetColor(const wxColour& colour, int red, int green, int blue)
 
 wxColour Disabled(const wxColour& colour)
 {
-    return _MixColours(colour, *wxLIGHT_GREY, kDisabledOwnShare);
+    return internal::MixColours(colour, *wxLIGHT_GREY, kDisabledOwnShare);
 }
 
 wxColour Hilight(const wxColour& colour)
@@ -83,7 +83,7 @@ void DrawGradedRectangle(wxDC& dc, const wxRect& rect, const wxColour& inner, co
     for (int i = 0; i < steps; ++i)
     {
         const float share = graded ? OuterShare(i, steps, exponent) : 0;
-        dc.SetBrush(wxBrush(_MixColours(outer, inner, share)));
+        dc.SetBrush(wxBrush(internal::MixColours(outer, inner, share)));
         dc.DrawRectangle(area);
         if (shrinkTop)
         {

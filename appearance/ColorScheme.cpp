@@ -1,4 +1,4 @@
-#include "appearance/_ColorTable.h"
+#include "appearance/scheme/ColorTable.h"
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
 #include "vesta/CallEntry.h"
@@ -88,7 +88,7 @@ void CustomColors()
         {
             IniFile file(ColorFile());
             file.Load(true, true);
-            for (const String& name : _ColorNames())
+            for (const String& name : appearance::ColorNames())
             {
                 GetCustom(file, name);
             }

@@ -1,4 +1,4 @@
-#include "appearance/_ColorTable.h"
+#include "appearance/scheme/ColorTable.h"
 #include "appearance/wxTolvanColors.h"
 
 #include "vesta/CallEntry.h"
@@ -104,7 +104,7 @@ void SetPreset(Preset preset)
 }
 } // namespace
 
-const std::vector<String>& _ColorNames()
+const std::vector<String>& appearance::ColorNames()
 {
     static const std::vector<String> s_Names = []
     {

@@ -1,9 +1,9 @@
 #include "appearance/wxExpandablePanel.h"
 
-#include "appearance/_ClickStatic.h"
-#include "appearance/_ForeignPress.h"
-#include "appearance/_collapse.xpm"
-#include "appearance/_expand.xpm"
+#include "appearance/controls/ClickStatic.h"
+#include "appearance/controls/ForeignPress.h"
+#include "appearance/controls/collapse.xpm"
+#include "appearance/controls/expand.xpm"
 #include "appearance/wxTolvanColors.h"
 #include "vesta/Application.h"
 #include "vesta/CallEntry.h"
@@ -73,14 +73,14 @@ void LayoutUpwards(wxWindow* window)
 }
 } // namespace
 
-_ClickStatic::_ClickStatic(wxWindow* parent, wxWindowID id, const wxString& label)
+appearance::_ClickStatic::_ClickStatic(wxWindow* parent, wxWindowID id, const wxString& label)
     : wxtStaticText(parent, id, label)
 {
-    Bind(wxEVT_LEFT_UP, &_ClickStatic::OnClick, this);
-    _RefuseForeignRelease(*this);
+    Bind(wxEVT_LEFT_UP, &appearance::_ClickStatic::OnClick, this);
+    appearance::RefuseForeignRelease(*this);
 }
 
-void _ClickStatic::OnClick(wxMouseEvent& event)
+void appearance::_ClickStatic::OnClick(wxMouseEvent& event)
 {
     CALL_ENTRY("_ClickStatic::OnClick");
     // A press that is let go elsewhere has been thought better of.
@@ -127,7 +127,7 @@ wxSizer* wxExpandablePanel::CreateHeader(const wxString& tip, bool expandable)
         CreateButton(tip);
         header->Add(m_ExpandButton, 0, wxALIGN_CENTER_VERTICAL);
     }
-    m_Caption = new _ClickStatic(this, id_Caption, Caption());
+    m_Caption = new appearance::_ClickStatic(this, id_Caption, Caption());
     m_Caption->SetToolTip(tip);
     m_Caption->Enable(expandable);
     header->Add(m_Caption, 0, wxALIGN_CENTER_VERTICAL);

@@ -7,7 +7,10 @@
 
 #include <wx/sizer.h>
 
-class _ClickStatic;
+namespace appearance
+{
+class appearance::_ClickStatic;
+}
 
 /// A panel with a header (a small button and a caption, either of which opens and closes it) above
 /// a content that can be hidden. The options file remembers whether it is open.
@@ -52,9 +55,9 @@ protected:
     wxString m_CollapsedCaption;
     wxString m_ExpandedCaption;
     /// @}
-    wxtBitmapButton* m_ExpandButton = nullptr; ///< Null when the panel is not expandable.
-    _ClickStatic*    m_Caption = nullptr;
-    wxBoxSizer*      m_ContentSizer = nullptr; ///< Belongs to the panel's sizer.
+    wxtBitmapButton*          m_ExpandButton = nullptr; ///< Null when the panel is not expandable.
+    appearance::_ClickStatic* m_Caption = nullptr;
+    wxBoxSizer*               m_ContentSizer = nullptr; ///< Belongs to the panel's sizer.
 
 private:
     wxSizer*        CreateHeader(const wxString& tip, bool expandable);

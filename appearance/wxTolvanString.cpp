@@ -1,6 +1,6 @@
 #include "appearance/wxTolvanString.h"
 
-#include "appearance/_Utf8.h"
+#include "internal/text/Utf8.h"
 
 wxString wxtToWx(const char* bytes, size_t count)
 {
@@ -9,7 +9,7 @@ wxString wxtToWx(const char* bytes, size_t count)
     text.reserve(count);
     for (const char* at = bytes; at != end;)
     {
-        const _Utf8Char character = _DecodeUtf8(at, end);
+        const internal::Utf8Char character = internal::DecodeUtf8(at, end);
         text.push_back(static_cast<wchar_t>(character.code));
         at += character.length;
     }

@@ -1,6 +1,6 @@
 #include "appearance/wxtAutoCompleter.h"
 
-#include "appearance/_Vocabulary.h"
+#include "appearance/completion/Vocabulary.h"
 #include "appearance/wxTolvanString.h"
 #include "vesta/CallEntry.h"
 
@@ -19,9 +19,9 @@ bool wxtAutoCompleter::Start(const wxString& text)
     {
         return false;
     }
-    m_Word = _Vocabulary::Fold(wxtFromWx(word));
+    m_Word = appearance::Vocabulary::Fold(wxtFromWx(word));
     m_Prefix = text.Left(start);
-    const _Vocabulary& vocabulary = _Vocabulary::Get();
+    const appearance::Vocabulary& vocabulary = appearance::Vocabulary::Get();
     m_Next = vocabulary.LowerBound(m_Word);
     m_End = vocabulary.End();
     return true;
@@ -34,7 +34,7 @@ wxString wxtAutoCompleter::GetNext()
     {
         return wxString();
     }
-    const _VocabularyWord& entry = *m_Next++;
+    const appearance::VocabularyWord& entry = *m_Next++;
     // The words that begin alike stand together: the first other one ends the list.
     if (!entry.folded.StartsWith(m_Word))
     {

@@ -5,7 +5,10 @@
 
 #include <wx/textcompleter.h>
 
-struct _VocabularyWord;
+namespace appearance
+{
+struct VocabularyWord;
+}
 
 /// Completes the word at the end of a text field from one vocabulary for the whole process: words
 /// for yes and no, names of job parameters and of the commands in their texts, everything that the
@@ -25,7 +28,7 @@ private:
     wxString m_Prefix;
     /// The next entry of the vocabulary to offer, and the vocabulary's end.
     /// @{
-    const _VocabularyWord* m_Next = nullptr;
-    const _VocabularyWord* m_End = nullptr;
+    const appearance::VocabularyWord* m_Next = nullptr;
+    const appearance::VocabularyWord* m_End = nullptr;
     /// @}
 };

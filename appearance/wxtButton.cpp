@@ -1,10 +1,10 @@
 #include "appearance/wxtButton.h"
 
-#include "appearance/_ForeignKey.h"
-#include "appearance/_ForeignPress.h"
-#include "appearance/_Mnemonic.h"
-#include "appearance/_PortSignals.h"
+#include "appearance/controls/ForeignKey.h"
+#include "appearance/controls/ForeignPress.h"
+#include "appearance/controls/Mnemonic.h"
 #include "appearance/wxTolvanColors.h"
+#include "internal/port/PortSignals.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/dcbuffer.h>
@@ -74,12 +74,12 @@ wxtButton::wxtButton(wxWindow* parent, wxWindowID id, const wxString& label,
                      const wxPoint& position, const wxSize& size, long style,
                      const wxValidator& validator, const wxString& name)
     : wxControl(parent, id, position, size, WithBorder(style), validator, name),
-      m_ForeignKey(std::make_unique<_ForeignKey>())
+      m_ForeignKey(std::make_unique<appearance::ForeignKey>())
 {
     CALL_ENTRY("wxtButton::wxtButton");
     Manage(this);
-    Bind(_EVT_ENABLED, &wxtButton::OnEnabled, this);
-    _RefuseForeignRelease(*this);
+    Bind(internal::EVT_ENABLED, &wxtButton::OnEnabled, this);
+    appearance::RefuseForeignRelease(*this);
     m_DisabledForegroundName = color_TextGrey;
     m_DisabledForegroundOffset = 0;
     m_DisabledBackgroundName = color_WindowBGDarker;
@@ -307,7 +307,7 @@ void wxtButton::Key(wxKeyEvent& event)
 
 void wxtButton::Mnemonic(wxKeyEvent& event)
 {
-    if (!_IsMnemonicOf(*this, event))
+    if (!appearance::IsMnemonicOf(*this, event))
     {
         event.Skip();
         return;
@@ -424,7 +424,7 @@ bool wxtButton::Enable(bool enable)
     return true;
 }
 
-void wxtButton::OnEnabled(_EnabledEvent& event)
+void wxtButton::OnEnabled(internal::EnabledEvent& event)
 {
     event.Skip();
     if (event.IsEnabled() && m_Hilighted && m_PreviousDefault != this)
@@ -457,8 +457,8 @@ void wxtButton::Paint(wxPaintEvent&)
     dc.DrawRectangle(wxPoint(0, 0), client);
     dc.SetFont(GetFont());
     dc.SetTextForeground(GetForegroundColour());
-    const _MnemonicLabel label(GetLabel());
-    const wxSize         text = dc.GetMultiLineTextExtent(label.text);
+    const appearance::MnemonicLabel label(GetLabel());
+    const wxSize                    text = dc.GetMultiLineTextExtent(label.text);
     label.Draw(dc, wxPoint(std::max((client.x - text.x) / 2, 0), (client.y - text.y) / 2),
                client.x);
 }

@@ -9,7 +9,10 @@
 
 #include <memory>
 
-class _ForeignKey;
+namespace appearance
+{
+class ForeignKey;
+}
 class wxTopLevelWindow;
 
 /// A flat push button in the colours of the scheme. It sends `wxEVT_BUTTON` when it is clicked, or
@@ -57,7 +60,7 @@ private:
     void KeyDown(wxKeyEvent& event);
     void Key(wxKeyEvent& event);
     void Mnemonic(wxKeyEvent& event);
-    void OnEnabled(_EnabledEvent& event);
+    void OnEnabled(internal::EnabledEvent& event);
     void Move(wxMoveEvent& event);
     void Size(wxSizeEvent& event);
 
@@ -73,13 +76,13 @@ private:
 
     /// The default item before this one took the role with the focus; this button itself when the
     /// focus only lit it up.
-    wxWeakRef<wxWindow>          m_PreviousDefault;
-    bool                         m_TookRole = false; ///< The focus made it the default item.
-    bool                         m_Hilighted = false;
-    bool                         m_Clicking = false;
-    bool                         m_EnableAfterClick = true;
-    bool                         m_DoubleClick = false; ///< Its second press is down.
-    std::unique_ptr<_ForeignKey> m_ForeignKey;
+    wxWeakRef<wxWindow> m_PreviousDefault;
+    bool                m_TookRole = false; ///< The focus made it the default item.
+    bool                m_Hilighted = false;
+    bool                m_Clicking = false;
+    bool                m_EnableAfterClick = true;
+    bool                m_DoubleClick = false; ///< Its second press is down.
+    std::unique_ptr<appearance::ForeignKey> m_ForeignKey;
 
     wxDECLARE_EVENT_TABLE();
 };

@@ -1,10 +1,10 @@
 #include "appearance/wxtCheckBox.h"
 
-#include "appearance/_ForeignKey.h"
-#include "appearance/_ForeignPress.h"
-#include "appearance/_Mnemonic.h"
-#include "appearance/_PortSignals.h"
+#include "appearance/controls/ForeignKey.h"
+#include "appearance/controls/ForeignPress.h"
+#include "appearance/controls/Mnemonic.h"
 #include "appearance/wxTolvanColors.h"
+#include "internal/port/PortSignals.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/dcbuffer.h>
@@ -39,14 +39,14 @@ wxEND_EVENT_TABLE()
 wxtCheckBox::wxtCheckBox(wxWindow* parent, wxWindowID id, const wxString& label,
                          const wxPoint& position, const wxSize& size, long style,
                          const wxValidator& validator, const wxString& name)
-    : m_Label(label), m_ForeignKey(std::make_unique<_ForeignKey>())
+    : m_Label(label), m_ForeignKey(std::make_unique<appearance::ForeignKey>())
 {
     CALL_ENTRY("wxtCheckBox::wxtCheckBox");
     // The toolkit asks for the best size while the control is made.
     Create(parent, id, position, size, style, validator, name);
     Manage(this);
-    Bind(_EVT_ENABLED, &wxtCheckBox::OnEnabled, this);
-    _RefuseForeignRelease(*this);
+    Bind(internal::EVT_ENABLED, &wxtCheckBox::OnEnabled, this);
+    appearance::RefuseForeignRelease(*this);
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     wxCheckBoxBase::SetLabel(label);
     LimitHeight();
@@ -68,7 +68,7 @@ void wxtCheckBox::LimitHeight()
 wxSize wxtCheckBox::DoGetBestClientSize() const
 {
     const int height = GetCharHeight() + kHeightOverText;
-    const int width = GetTextExtent(_MnemonicLabel(m_Label).text).x;
+    const int width = GetTextExtent(appearance::MnemonicLabel(m_Label).text).x;
     return wxSize(width + height + kBestWidthOver, height);
 }
 
@@ -107,7 +107,7 @@ bool wxtCheckBox::Enable(bool enable)
     return wxCheckBoxBase::Enable(enable);
 }
 
-void wxtCheckBox::OnEnabled(_EnabledEvent& event)
+void wxtCheckBox::OnEnabled(internal::EnabledEvent& event)
 {
     event.Skip();
     // No event tells of the mouse leaving a disabled window.
@@ -186,7 +186,7 @@ void wxtCheckBox::Press(wxKeyEvent& event)
 
 void wxtCheckBox::Mnemonic(wxKeyEvent& event)
 {
-    if (!_IsMnemonicOf(*this, event))
+    if (!appearance::IsMnemonicOf(*this, event))
     {
         event.Skip();
         return;
@@ -242,7 +242,7 @@ void wxtCheckBox::DrawLabel(wxDC& dc, const wxRect& box)
     dc.SetFont(GetFont());
     dc.SetTextForeground(colour.IsOk() ? colour : GetForegroundColour());
     dc.SetTextBackground(GetBackgroundColour());
-    _MnemonicLabel(m_Label).Draw(dc, wxPoint(left, box.y), client.x - left);
+    appearance::MnemonicLabel(m_Label).Draw(dc, wxPoint(left, box.y), client.x - left);
 }
 
 // Round the label, as far as the control reaches: a label of one line fills its height.

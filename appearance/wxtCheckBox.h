@@ -9,7 +9,10 @@
 #include <memory>
 #include <vector>
 
-class _ForeignKey;
+namespace appearance
+{
+class ForeignKey;
+}
 class wxDC;
 
 /// A check box in the colours of the scheme: filled with the selection's colour when it is checked.
@@ -52,7 +55,7 @@ private:
     void KeyDown(wxKeyEvent& event);
     void Press(wxKeyEvent& event);
     void Mnemonic(wxKeyEvent& event);
-    void OnEnabled(_EnabledEvent& event);
+    void OnEnabled(internal::EnabledEvent& event);
     void Size(wxSizeEvent& event);
 
     int  StateFlags() const;
@@ -64,7 +67,7 @@ private:
     bool     m_Hover = false; ///< The mouse is over the control.
     wxString m_Label;
 
-    std::unique_ptr<_ForeignKey> m_ForeignKey;
+    std::unique_ptr<appearance::ForeignKey> m_ForeignKey;
 
     wxDECLARE_EVENT_TABLE();
 };

@@ -1,10 +1,10 @@
 #include "appearance/wxtCheckListBox.h"
 
-#include "appearance/_InputColors.h"
-#include "appearance/_ItemDrawing.h"
-#include "appearance/_ListKeys.h"
-#include "appearance/_Port.h"
+#include "appearance/inputs/InputColors.h"
+#include "appearance/inputs/ItemDrawing.h"
+#include "appearance/inputs/ListKeys.h"
 #include "appearance/wxTolvanColors.h"
+#include "internal/port/Port.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/dc.h>
@@ -48,15 +48,15 @@ wxtCheckListBox::wxtCheckListBox(wxWindow* parent, wxWindowID id, const wxPoint&
     CALL_ENTRY("wxtCheckListBox::wxtCheckListBox");
     // Selections of several items are not supported.
     const long single = style & ~(wxLB_MULTIPLE | wxLB_EXTENDED);
-    Create(parent, id, position, size, _FlatStyle(single), name);
+    Create(parent, id, position, size, appearance::FlatStyle(single), name);
     SetValidator(validator);
     // The toolkit leaves open how many rows are seen, and goes through them all with the focus.
     SetItemCount(0);
     // A font of its own: the toolkit looks up the default one of such a list at length every time.
     SetFont(GetFont());
-    _UseSolidScrollbars(*this);
+    internal::UseSolidScrollbars(*this);
     Manage(this);
-    _UseInputColors(*this);
+    appearance::UseInputColors(*this);
     if (!choices.empty())
     {
         Append(choices);
@@ -139,7 +139,7 @@ void wxtCheckListBox::EnsureVisible(int item)
     CALL_ENTRY("wxtCheckListBox::EnsureVisible");
     if (item < static_cast<int>(GetCount()))
     {
-        _ShowRow(*this, item, PageRows());
+        appearance::ShowRow(*this, item, PageRows());
     }
 }
 
@@ -218,18 +218,18 @@ void wxtCheckListBox::DoDeleteOneItem(unsigned int item)
     Recount(selection == deleted ? wxNOT_FOUND : selection - (selection > deleted));
 }
 
-_ItemLook wxtCheckListBox::LookOf(size_t item) const
+appearance::ItemLook wxtCheckListBox::LookOf(size_t item) const
 {
-    return _ItemLook::Of(GetBackgroundColour(), GetForegroundColour(),
-                         IsCurrent(item) && IsEnabled());
+    return appearance::ItemLook::Of(GetBackgroundColour(), GetForegroundColour(),
+                                    IsCurrent(item) && IsEnabled());
 }
 
 void wxtCheckListBox::OnDrawBackground(wxDC& dc, const wxRect& rect, size_t item) const
 {
-    _FillGround(dc, rect, LookOf(item).ground);
+    appearance::FillGround(dc, rect, LookOf(item).ground);
     if (IsCurrent(item) && HasFocus())
     {
-        _DrawFrame(dc, rect, wxtGetColor(color_Text));
+        appearance::DrawFrame(dc, rect, wxtGetColor(color_Text));
     }
 }
 
@@ -243,13 +243,13 @@ void wxtCheckListBox::OnDrawItem(wxDC& dc, const wxRect& rect, size_t item) cons
     text.SetLeft(box.GetRight() + kBoxMargin);
     text.width = rect.GetRight() - text.x + 1;
     dc.SetFont(GetFont());
-    _DrawItemText(dc, text, m_Items[item]->text, LookOf(item).ink);
+    appearance::DrawItemText(dc, text, m_Items[item]->text, LookOf(item).ink);
 }
 
 wxCoord wxtCheckListBox::OnMeasureItem(size_t) const
 {
     // Finding it takes the toolkit long, and it asks with every item that comes.
-    m_ItemHeight = m_ItemHeight ? m_ItemHeight : _ItemHeight(*this);
+    m_ItemHeight = m_ItemHeight ? m_ItemHeight : appearance::ItemHeight(*this);
     return m_ItemHeight;
 }
 
@@ -291,8 +291,8 @@ wxSize wxtCheckListBox::DoGetBestClientSize() const
     for (const auto& item : m_Items)
     {
         width = std::max(width, GetCount() <= kMeasuredItems
-                                    ? _ItemTextWidth(*this, item->text)
-                                    : _GuessedTextWidth(charWidth, item->text.length()));
+                                    ? appearance::ItemTextWidth(*this, item->text)
+                                    : appearance::GuessedTextWidth(charWidth, item->text.length()));
     }
     const int rows = std::max(1, std::min(static_cast<int>(GetCount()), kBestRows));
     const int height = OnMeasureItem(0);
@@ -353,8 +353,8 @@ bool wxtCheckListBox::IsTyping() const
 void wxtCheckListBox::Key(wxKeyEvent& event)
 {
     CALL_ENTRY("wxtCheckListBox::Key");
-    const auto row =
-        _RowForKey(event.GetKeyCode(), GetSelection(), static_cast<int>(GetCount()), PageRows());
+    const auto row = appearance::RowForKey(event.GetKeyCode(), GetSelection(),
+                                           static_cast<int>(GetCount()), PageRows());
     if (row && !event.AltDown())
     {
         MoveSelection(*row);
@@ -398,6 +398,6 @@ void wxtCheckListBox::Type(wxChar character)
     // The first letter goes on to the next such item; with further ones the selection may stay.
     const int start = std::max(0, GetSelection() + (m_Typed.length() == 1 ? 1 : 0));
     const int count = static_cast<int>(GetCount());
-    MoveSelection(_FindByStart(m_Typed, start, count,
-                               [this](int item) { return m_Items[size_t(item)]->text; }));
+    MoveSelection(appearance::FindByStart(
+        m_Typed, start, count, [this](int item) { return m_Items[size_t(item)]->text; }));
 }

@@ -13,7 +13,10 @@
 #include <memory>
 #include <vector>
 
-struct _ItemLook;
+namespace appearance
+{
+struct ItemLook;
+}
 
 /// A list of items with a check box each, in the colours of the scheme: a stand-in for the stock
 /// `wxCheckListBox` with a single selection. It sends `wxEVT_CHECKLISTBOX` (with the item's index)
@@ -94,18 +97,18 @@ private:
         bool     checked = false;
     };
 
-    void      Click(wxMouseEvent& event);
-    void      Key(wxKeyEvent& event);
-    void      Char(wxKeyEvent& event);
-    void      Focus(wxFocusEvent& event);
-    void      Toggle(int item);
-    _ItemLook LookOf(size_t item) const;
-    unsigned  Place(const wxString& text) const;
-    void      Recount(int selection);
-    int       PageRows() const;
-    void      MoveSelection(int item);
-    bool      IsTyping() const;
-    void      Type(wxChar character);
+    void                 Click(wxMouseEvent& event);
+    void                 Key(wxKeyEvent& event);
+    void                 Char(wxKeyEvent& event);
+    void                 Focus(wxFocusEvent& event);
+    void                 Toggle(int item);
+    appearance::ItemLook LookOf(size_t item) const;
+    unsigned             Place(const wxString& text) const;
+    void                 Recount(int selection);
+    int                  PageRows() const;
+    void                 MoveSelection(int item);
+    bool                 IsTyping() const;
+    void                 Type(wxChar character);
 
     std::vector<std::unique_ptr<Item>> m_Items;          ///< Pointers are moved faster than texts.
     mutable int                        m_ItemHeight = 0; ///< Pixels; 0 before it is asked for.

@@ -1,5 +1,5 @@
-#include "appearance/_PortSignals.h"
 #include "appearance/wxTolvanColors.h"
+#include "internal/port/PortSignals.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/wupdlock.h>
@@ -33,7 +33,7 @@ void wxtColorManaged::Detach()
     {
         m_Window->Unbind(wxEVT_SYS_COLOUR_CHANGED, &wxtColorManaged::wxtHandleSysColorChanged,
                          this);
-        m_Window->Unbind(_EVT_ENABLED, &wxtColorManaged::OnEnabled, this);
+        m_Window->Unbind(internal::EVT_ENABLED, &wxtColorManaged::OnEnabled, this);
     }
 }
 
@@ -47,11 +47,11 @@ void wxtColorManaged::Manage(wxWindow* window)
         return;
     }
     window->Bind(wxEVT_SYS_COLOUR_CHANGED, &wxtColorManaged::wxtHandleSysColorChanged, this);
-    window->Bind(_EVT_ENABLED, &wxtColorManaged::OnEnabled, this);
+    window->Bind(internal::EVT_ENABLED, &wxtColorManaged::OnEnabled, this);
     // Two-step creation: there may be an object without a window yet, here and below.
     if (window->GetHandle())
     {
-        _WatchEnabling(*window);
+        internal::WatchEnabling(*window);
     }
     if (const auto* parent = dynamic_cast<wxtColorManaged*>(window->GetParent()))
     {
@@ -115,7 +115,7 @@ void wxtColorManaged::wxtHandleSysColorChanged(wxSysColourChangedEvent& event)
     RefreshColors();
 }
 
-void wxtColorManaged::OnEnabled(_EnabledEvent& event)
+void wxtColorManaged::OnEnabled(internal::EnabledEvent& event)
 {
     event.Skip();
     RefreshColors();

@@ -7,7 +7,10 @@
 #include <wx/panel.h>
 #include <wx/weakref.h>
 
-class _EnabledEvent;
+namespace internal
+{
+class EnabledEvent;
+}
 
 /// Mixed into a window class beside its window base: holds the names and offsets of the window's
 /// colours and sets them again whenever the scheme changes, and when the window is enabled or
@@ -43,7 +46,7 @@ public:
     /// @}
 
 private:
-    void OnEnabled(_EnabledEvent& event);
+    void OnEnabled(internal::EnabledEvent& event);
     void Detach();
     void InheritFrom(const wxtColorManaged& parent);
     void UseDefaults();

@@ -1,11 +1,11 @@
 #include "appearance/wxtComboBox.h"
 
-#include "appearance/_ComboList.h"
-#include "appearance/_InputColors.h"
-#include "appearance/_ItemDrawing.h"
-#include "appearance/_PadKey.h"
-#include "appearance/_Port.h"
+#include "appearance/inputs/ComboList.h"
+#include "appearance/inputs/InputColors.h"
+#include "appearance/inputs/ItemDrawing.h"
 #include "appearance/wxTolvanColors.h"
+#include "internal/input/PadKey.h"
+#include "internal/port/Port.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/dc.h>
@@ -41,7 +41,8 @@ wxtComboBox::wxtComboBox(wxWindow* parent, wxWindowID id, const wxString& value,
                          long style, const wxValidator& validator, const wxString& name)
 {
     CALL_ENTRY("wxtComboBox::wxtComboBox");
-    Create(parent, id, wxEmptyString, position, size, _FlatStyle(style), validator, name);
+    Create(parent, id, wxEmptyString, position, size, appearance::FlatStyle(style), validator,
+           name);
     EnsurePopupControl();
     if (!choices.empty())
     {
@@ -55,7 +56,7 @@ wxtComboBox::wxtComboBox(wxWindow* parent, wxWindowID id, const wxString& value,
     SetFont(GetFont());
     SetButtonPosition(kButtonWidth);
     Manage(this);
-    _UseInputColors(*this);
+    appearance::UseInputColors(*this);
     ColourParts();
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     InvalidateBestSize();
@@ -80,14 +81,14 @@ wxtComboBox::~wxtComboBox()
 
 void wxtComboBox::DoSetPopupControl(wxComboPopup* popup)
 {
-    wxOwnerDrawnComboBox::DoSetPopupControl(popup ? popup : new _ComboList);
+    wxOwnerDrawnComboBox::DoSetPopupControl(popup ? popup : new appearance::ComboList);
 }
 
 int wxtComboBox::DoInsertItems(const wxArrayStringsAdapter& items, unsigned int position,
                                void** clientData, wxClientDataType type)
 {
     CALL_ENTRY("wxtComboBox::DoInsertItems");
-    auto& list = *static_cast<_ComboList*>(GetPopupControl());
+    auto& list = *static_cast<appearance::ComboList*>(GetPopupControl());
     int   last = wxNOT_FOUND;
     for (unsigned i = 0; i < items.GetCount(); ++i)
     {
@@ -182,7 +183,7 @@ void wxtComboBox::CloseUnseen(wxIdleEvent& event)
 
 bool wxtComboBox::IsKeyPopupToggle(const wxKeyEvent& event) const
 {
-    const int key = _OffThePad(event.GetKeyCode());
+    const int key = internal::OffThePad(event.GetKeyCode());
     return key == WXK_F4 || (key == WXK_ESCAPE && IsPopupShown()) ||
            (event.AltDown() && (key == WXK_DOWN || key == WXK_UP));
 }
@@ -286,7 +287,7 @@ void wxtComboBox::DoShowPopup(const wxRect& rect, int flags)
     if (m_popup)
     {
         m_popup->SetFont(GetFont());
-        _UseSolidScrollbars(*m_popup);
+        internal::UseSolidScrollbars(*m_popup);
     }
     ColourParts();
     wxOwnerDrawnComboBox::DoShowPopup(rect, flags);
@@ -306,7 +307,7 @@ void wxtComboBox::ColourParts()
     }
     if (m_text)
     {
-        _ColourField(*m_text);
+        appearance::ColourField(*m_text);
     }
 }
 
@@ -328,20 +329,20 @@ void wxtComboBox::DrawButton(wxDC& dc, const wxRect& rect, int)
         wxRect(0, 0, whole.width, std::min(whole.height, kArrowHeight)).CentreIn(whole);
     if (IsEnabled())
     {
-        _FillGround(dc, whole, wxtGetColor(color_ButtonFace));
+        appearance::FillGround(dc, whole, wxtGetColor(color_ButtonFace));
         wxRendererNative::Get().DrawComboBoxDropButton(this, dc, arrow, m_btnState);
     }
     else
     {
-        _FillGround(dc, whole, GetBackgroundColour());
+        appearance::FillGround(dc, whole, GetBackgroundColour());
     }
 }
 
-_ItemLook wxtComboBox::LookOf(int item, int flags) const
+appearance::ItemLook wxtComboBox::LookOf(int item, int flags) const
 {
     const bool inControl = flags & wxODCB_PAINTING_CONTROL;
     const bool selected = !inControl && GetVListBoxComboPopup()->IsCurrent(size_t(item));
-    return _ItemLook::Of(GetBackgroundColour(), GetForegroundColour(), selected);
+    return appearance::ItemLook::Of(GetBackgroundColour(), GetForegroundColour(), selected);
 }
 
 void wxtComboBox::OnDrawBackground(wxDC& dc, const wxRect& rect, int item, int flags) const
@@ -352,7 +353,7 @@ void wxtComboBox::OnDrawBackground(wxDC& dc, const wxRect& rect, int item, int f
     }
     else
     {
-        _FillGround(dc, rect, LookOf(item, flags).ground);
+        appearance::FillGround(dc, rect, LookOf(item, flags).ground);
     }
 }
 
@@ -360,14 +361,14 @@ void wxtComboBox::OnDrawBackground(wxDC& dc, const wxRect& rect, int item, int f
 void wxtComboBox::PrepareBackground(wxDC& dc, const wxRect& rect, int) const
 {
     const wxColour ink = GetForegroundColour();
-    _FillGround(dc, rect, GetBackgroundColour());
+    appearance::FillGround(dc, rect, GetBackgroundColour());
     if (ink.IsOk())
     {
         dc.SetTextForeground(ink);
     }
     if (ShouldDrawFocus())
     {
-        _DrawFrame(dc, rect, wxtGetColor(color_Selected));
+        appearance::DrawFrame(dc, rect, wxtGetColor(color_Selected));
     }
 }
 
@@ -376,15 +377,16 @@ void wxtComboBox::OnDrawItem(wxDC& dc, const wxRect& rect, int item, int flags) 
     dc.SetFont(GetFont());
     if (!(flags & wxODCB_PAINTING_CONTROL))
     {
-        _DrawItemText(dc, rect, GetString(static_cast<unsigned>(item)), LookOf(item, flags).ink);
+        appearance::DrawItemText(dc, rect, GetString(static_cast<unsigned>(item)),
+                                 LookOf(item, flags).ink);
     }
     else if (ShouldUseHintText())
     {
-        _DrawItemText(dc, rect, m_hintText, wxtGetColor(color_TextGrey));
+        appearance::DrawItemText(dc, rect, m_hintText, wxtGetColor(color_TextGrey));
     }
     else
     {
-        _DrawItemText(dc, rect, GetValue(), LookOf(item, flags).ink);
+        appearance::DrawItemText(dc, rect, GetValue(), LookOf(item, flags).ink);
     }
 }
 
@@ -395,7 +397,7 @@ wxSize wxtComboBox::DoGetBestSize() const
 
 wxCoord wxtComboBox::OnMeasureItem(size_t) const
 {
-    m_ItemHeight = m_ItemHeight ? m_ItemHeight : _ItemHeight(*this);
+    m_ItemHeight = m_ItemHeight ? m_ItemHeight : appearance::ItemHeight(*this);
     return m_ItemHeight;
 }
 
@@ -403,8 +405,8 @@ wxCoord wxtComboBox::OnMeasureItemWidth(size_t item) const
 {
     const wxString text = GetString(static_cast<unsigned>(item));
     m_CharWidth = m_CharWidth ? m_CharWidth : GetCharWidth();
-    return GetCount() <= kMeasuredItems ? _ItemTextWidth(*this, text)
-                                        : _GuessedTextWidth(m_CharWidth, text.length());
+    return GetCount() <= kMeasuredItems ? appearance::ItemTextWidth(*this, text)
+                                        : appearance::GuessedTextWidth(m_CharWidth, text.length());
 }
 
 bool wxtComboBox::SetFont(const wxFont& font)

@@ -6,7 +6,10 @@
 #include <wx/combobox.h>
 #include <wx/odcombo.h>
 
-struct _ItemLook;
+namespace appearance
+{
+struct ItemLook;
+}
 
 /// A text field with a drop-down list of proposals, in the colours of the scheme: a stand-in for
 /// the stock `wxComboBox`, with its events (`wxEVT_TEXT`, `wxEVT_TEXT_ENTER` with
@@ -79,14 +82,14 @@ protected:
     void    DoEnable(bool enabled) override;
 
 private:
-    _ItemLook LookOf(int item, int flags) const;
-    void      ColourParts();
-    void      KeepListEvent(wxCommandEvent& event);
-    void      PostClosing(wxCommandEvent& event);
-    void      TellOfLength(wxCommandEvent& event);
-    void      Press(wxMouseEvent& event);
-    void      CloseUnseen(wxIdleEvent& event);
-    void      KeyForList(wxKeyEvent& event);
+    appearance::ItemLook LookOf(int item, int flags) const;
+    void                 ColourParts();
+    void                 KeepListEvent(wxCommandEvent& event);
+    void                 PostClosing(wxCommandEvent& event);
+    void                 TellOfLength(wxCommandEvent& event);
+    void                 Press(wxMouseEvent& event);
+    void                 CloseUnseen(wxIdleEvent& event);
+    void                 KeyForList(wxKeyEvent& event);
 
     /// Of the font, pixels; 0 before they are asked for. Finding them takes the toolkit long.
     /// @{

@@ -1,6 +1,6 @@
-#include "appearance/_PadKey.h"
-#include "appearance/_PortSignals.h"
 #include "appearance/wxtCheckBox.h"
+#include "internal/input/PadKey.h"
+#include "internal/port/PortSignals.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/renderer.h>
@@ -68,12 +68,13 @@ wxtRadioButton::wxtRadioButton(wxWindow* parent, wxWindowID id, const wxString& 
     : wxtCheckBox(parent, id, label, position, size, style, validator, name)
 {
     CALL_ENTRY("wxtRadioButton::wxtRadioButton");
-    _AskBeforeTab(*this,
-                  [](const wxWindow& window)
-                  {
-                      const auto* const button = dynamic_cast<const wxtRadioButton*>(&window);
-                      return !button || button->IsTabStop();
-                  });
+    internal::AskBeforeTab(*this,
+                           [](const wxWindow& window)
+                           {
+                               const auto* const button =
+                                   dynamic_cast<const wxtRadioButton*>(&window);
+                               return !button || button->IsTabStop();
+                           });
     if (StartsGroup())
     {
         SetValue(true);
@@ -197,7 +198,7 @@ void wxtRadioButton::HandleClick()
 // Round the group, past what cannot be chosen.
 void wxtRadioButton::ArrowKey(wxKeyEvent& event)
 {
-    const int  key = _OffThePad(event.GetKeyCode());
+    const int  key = internal::OffThePad(event.GetKeyCode());
     const bool back = key == WXK_LEFT || key == WXK_UP;
     const bool forward = key == WXK_RIGHT || key == WXK_DOWN;
     if (event.HasAnyModifiers() || !(back || forward))

@@ -1,8 +1,8 @@
 #include "appearance/wxtRenderer.h"
 
-#include "appearance/_ColorMix.h"
-#include "appearance/_ControlLook.h"
+#include "appearance/controls/ControlLook.h"
 #include "appearance/wxTolvanColors.h"
+#include "internal/drawing/ColorMix.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/dc.h>
@@ -51,10 +51,10 @@ void FillBevel(wxDC& dc, const wxRect& rect, const wxColour& dark, const wxColou
 }
 
 // One ring of a radio button, lit the same way, and mixed with `share` of the face.
-void FillRing(wxDC& dc, const wxRect& rect, const _ControlLook& look, double share)
+void FillRing(wxDC& dc, const wxRect& rect, const appearance::ControlLook& look, double share)
 {
-    const auto     shade = [&](const wxColour& c) { return _MixColours(look.face, c, share); };
-    const wxColour mid = shade(_MixColours(look.light, look.dark, 0.5));
+    const auto shade = [&](const wxColour& c) { return internal::MixColours(look.face, c, share); };
+    const wxColour mid = shade(internal::MixColours(look.light, look.dark, 0.5));
     FillArc(dc, rect, shade(look.dark), 0, 360);
     FillArc(dc, rect, shade(look.light), kLitFrom, kLitTo);
     FillArc(dc, rect, mid, kLitFrom - kLitEnd, kLitFrom + kLitEnd);
@@ -117,14 +117,14 @@ void wxtRenderer::DrawDropArrow(wxWindow*, wxDC& dc, const wxRect& rect, int)
 void wxtRenderer::DrawCheckBox(wxWindow*, wxDC& dc, const wxRect& rect, int flags)
 {
     CALL_ENTRY("wxtRenderer::DrawCheckBox");
-    const wxDCBrushChanger brush(dc, dc.GetBrush());
-    const wxDCPenChanger   pen(dc, *wxTRANSPARENT_PEN);
-    const _ControlLook     look = _ControlLook::OfCheckBox(flags);
-    wxRect                 area = rect;
+    const wxDCBrushChanger        brush(dc, dc.GetBrush());
+    const wxDCPenChanger          pen(dc, *wxTRANSPARENT_PEN);
+    const appearance::ControlLook look = appearance::ControlLook::OfCheckBox(flags);
+    wxRect                        area = rect;
     Fill(dc, area, look.frame);
     FillBevel(dc, area.Deflate(1), look.dark, look.light);
-    FillBevel(dc, area.Deflate(1), _MixColours(look.dark, look.face, 0.5),
-              _MixColours(look.light, look.face, 0.5));
+    FillBevel(dc, area.Deflate(1), internal::MixColours(look.dark, look.face, 0.5),
+              internal::MixColours(look.light, look.face, 0.5));
     Fill(dc, area.Deflate(1), look.face);
 }
 
@@ -136,10 +136,10 @@ void wxtRenderer::DrawChoice(wxWindow* window, wxDC& dc, const wxRect& rect, int
 void wxtRenderer::DrawRadioBitmap(wxWindow*, wxDC& dc, const wxRect& rect, int flags)
 {
     CALL_ENTRY("wxtRenderer::DrawRadioBitmap");
-    const wxDCBrushChanger brush(dc, dc.GetBrush());
-    const wxDCPenChanger   pen(dc, *wxTRANSPARENT_PEN);
-    const _ControlLook     look = _ControlLook::OfRadioButton(flags);
-    wxRect                 area = rect;
+    const wxDCBrushChanger        brush(dc, dc.GetBrush());
+    const wxDCPenChanger          pen(dc, *wxTRANSPARENT_PEN);
+    const appearance::ControlLook look = appearance::ControlLook::OfRadioButton(flags);
+    wxRect                        area = rect;
     FillArc(dc, area, look.frame, 0, 360);
     for (const double faceShare : {0.0, 0.33, 0.67})
     {

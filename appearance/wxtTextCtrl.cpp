@@ -1,9 +1,9 @@
 #include "appearance/wxtTextCtrl.h"
 
-#include "appearance/_InputColors.h"
-#include "appearance/_PadKey.h"
-#include "appearance/_PortStyle.h"
+#include "appearance/inputs/InputColors.h"
 #include "appearance/wxtAutoCompleter.h"
+#include "internal/input/PadKey.h"
+#include "internal/port/PortStyle.h"
 #include "tolvan/ClientOptions.h"
 #include "vesta/Application.h"
 #include "vesta/CallEntry.h"
@@ -59,12 +59,12 @@ bool OptionsAllowCompletion()
 wxtTextCtrl::wxtTextCtrl(wxWindow* parent, wxWindowID id, const wxString& value,
                          const wxPoint& position, const wxSize& size, long style,
                          const wxValidator& validator, const wxString& name)
-    : wxTextCtrl(parent, id, value, position, size, _FlatStyle(style), validator, name)
+    : wxTextCtrl(parent, id, value, position, size, appearance::FlatStyle(style), validator, name)
 {
     CALL_ENTRY("wxtTextCtrl::wxtTextCtrl");
     Manage(this);
-    _UseInputColors(*this);
-    _ColourField(*this);
+    appearance::UseInputColors(*this);
+    appearance::ColourField(*this);
     Bind(wxEVT_SYS_COLOUR_CHANGED, &wxtTextCtrl::FollowScheme, this);
     if (!IsMultiLine())
     {
@@ -93,8 +93,8 @@ void wxtTextCtrl::GiveRoom(const wxSize& size)
 
 void wxtTextCtrl::KeyForCompletions(wxKeyEvent& event)
 {
-    const int  key = _OffThePad(event.GetKeyCode());
-    const bool open = _CompletionsAreOpen();
+    const int  key = internal::OffThePad(event.GetKeyCode());
+    const bool open = internal::CompletionsAreOpen();
     const bool enter = key == WXK_RETURN || key == WXK_NUMPAD_ENTER;
     if (open && (key == WXK_ESCAPE || (enter && m_Choosing)))
     {
@@ -116,7 +116,7 @@ void wxtTextCtrl::KeyForCompletions(wxKeyEvent& event)
 // The list closes when the field loses the keyboard.
 void wxtTextCtrl::LeaveCompletions(bool forward)
 {
-    const wxString               chosen = m_Choosing ? _MarkedCompletion() : wxString();
+    const wxString               chosen = m_Choosing ? internal::MarkedCompletion() : wxString();
     const wxWeakRef<wxtTextCtrl> self(this);
     m_Choosing = false;
     Navigate(forward ? wxNavigationKeyEvent::IsForward : wxNavigationKeyEvent::IsBackward);
@@ -129,7 +129,7 @@ void wxtTextCtrl::LeaveCompletions(bool forward)
 void wxtTextCtrl::FollowScheme(wxSysColourChangedEvent& event)
 {
     event.Skip();
-    _ColourField(*this);
+    appearance::ColourField(*this);
 }
 
 void wxtTextCtrl::DoEnable(bool enabled)

@@ -1,5 +1,5 @@
 #include "appearance/wxtButton.h"
-#include "dialogs/_KeyRelease.h"
+#include "dialogs/keys/KeyRelease.h"
 #include "dialogs/wxTolvanDlg.h"
 #include "vesta/CallEntry.h"
 
@@ -44,7 +44,7 @@ void wxTolvanDlg::OnKey(wxKeyEvent& event)
         break;
     case WXK_RETURN:
     case WXK_NUMPAD_ENTER:
-        _KeyRelease::Swallow(event.GetKeyCode());
+        dialogs::KeyRelease::Swallow(event.GetKeyCode());
         EmulateDefaultButton();
         break;
     default:

@@ -3,8 +3,8 @@
 #include "appearance/wxTolvanString.h"
 #include "appearance/wxtButton.h"
 #include "appearance/wxtCheckBox.h"
-#include "dialogs/_MessageText.h"
-#include "shell/_Geometry.h"
+#include "dialogs/messages/MessageText.h"
+#include "internal/windows/Geometry.h"
 #include "shell/wxTolvanFrame.h"
 #include "vesta/Application.h"
 #include "vesta/CallEntry.h"
@@ -32,7 +32,7 @@ OptionsFile& Options()
 // Room for the message: the buttons and the window's frame must find theirs on the display too.
 wxSize MessageLimit(const wxWindow* window)
 {
-    const wxSize area = _DisplayAreaOf(window).GetSize();
+    const wxSize area = internal::DisplayAreaOf(window).GetSize();
     return wxSize(area.x / 2, area.y * 3 / 5);
 }
 } // namespace
@@ -56,7 +56,7 @@ void wxConfirmDlg::CreateControls(wxWindow* parent, const wxString& message, boo
 {
     CALL_ENTRY("wxConfirmDlg::CreateControls");
     wxBoxSizer* const column = StartControls();
-    column->Add(_NewMessage(this, message, MessageLimit(parent ? parent : this)),
+    column->Add(dialogs::NewMessage(this, message, MessageLimit(parent ? parent : this)),
                 wxSizerFlags(1).Expand().Border(wxALL, kMessageBorder));
 
     m_CheckBox = new wxtCheckBox(

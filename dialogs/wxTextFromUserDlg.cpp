@@ -1,8 +1,8 @@
 #include "dialogs/wxTextFromUserDlg.h"
 
 #include "appearance/wxtTextCtrl.h"
-#include "dialogs/_MessageText.h"
-#include "shell/_Geometry.h"
+#include "dialogs/messages/MessageText.h"
+#include "internal/windows/Geometry.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/sizer.h>
@@ -19,7 +19,7 @@ constexpr int kMessageWidth = 480; // before its lines are broken
 // The field and the buttons must find room on the display too.
 wxSize MessageLimit(const wxWindow* window)
 {
-    const wxSize area = _DisplayAreaOf(window).GetSize();
+    const wxSize area = internal::DisplayAreaOf(window).GetSize();
     return wxSize(std::min(kMessageWidth, area.x / 2), area.y * 3 / 5);
 }
 } // namespace
@@ -53,7 +53,7 @@ void wxTextFromUserDlg::CreateControls(const wxString& message, const wxString& 
     if (!message.empty())
     {
         // Made last: a long one takes the keyboard, after the field and the buttons.
-        column->Insert(0, _NewMessage(this, message, MessageLimit(this)),
+        column->Insert(0, dialogs::NewMessage(this, message, MessageLimit(this)),
                        wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxTOP, kBorder));
     }
 }

@@ -1,8 +1,8 @@
 #include "dialogs/wxTolvanDlg.h"
 
-#include "appearance/_MouseHold.h"
-#include "dialogs/_KeyRelease.h"
-#include "shell/_Geometry.h"
+#include "dialogs/keys/KeyRelease.h"
+#include "internal/input/MouseHold.h"
+#include "internal/windows/Geometry.h"
 #include "shell/wxTolvanFrame.h"
 #include "vesta/CallEntry.h"
 
@@ -90,7 +90,7 @@ wxTolvanDlg::wxTolvanDlg(wxWindow* parent, const wxString& title, const String& 
 
 wxTolvanDlg::~wxTolvanDlg()
 {
-    _EndMouseHold(*this);
+    internal::EndMouseHold(*this);
     s_Dialogs.erase(this);
     --g_OpenCount[m_PositionName].dialogs;
     s_DlgClosed.Emit();
@@ -143,7 +143,7 @@ void wxTolvanDlg::RestorePosition()
         SetMinSize(GetSize());
     }
     wxSetWindowPos(this, m_PositionName, CaptionHeight(this) * static_cast<int>(m_OpenIndex));
-    const wxRect place = KeptInside(_DisplayAreaOf(this), GetRect());
+    const wxRect place = KeptInside(internal::DisplayAreaOf(this), GetRect());
     if (place != GetRect())
     {
         SetSize(place);
@@ -214,7 +214,7 @@ void wxTolvanDlg::OnInit(wxInitDialogEvent& event)
     Layout();
     Fit();
     RestorePosition();
-    _KeyRelease::SwallowClicks();
+    dialogs::KeyRelease::SwallowClicks();
     event.Skip();
     if (wxWindow* const control = FirstControl(*this))
     {

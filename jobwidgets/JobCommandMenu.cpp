@@ -1,6 +1,6 @@
 #include "jobwidgets/JobCommandMenu.h"
 
-#include "jobwidgets/_ItemText.h"
+#include "jobwidgets/items/ItemText.h"
 
 #include "tolvan/Job.h"
 #include "tolvan/JobFactory.h"
@@ -31,11 +31,11 @@ boost::shared_ptr<const JobTypeInfo> TypeOf(const Job& job)
 wxString FailureText(const String& command, const Exception& exception)
 {
     wxString text = wxGetTranslation("Unable to execute Job command: '") +
-                    _OneLine(command, kMostName) + "'\n" +
-                    _Shortened(exception.Text(), kMostReason);
+                    jobwidgets::OneLine(command, kMostName) + "'\n" +
+                    jobwidgets::Shortened(exception.Text(), kMostReason);
     if (!exception.Text2().empty())
     {
-        text += "\n" + _Shortened(exception.Text2(), kMostReason);
+        text += "\n" + jobwidgets::Shortened(exception.Text2(), kMostReason);
     }
     return text;
 }
@@ -144,7 +144,8 @@ void JobCommandMenu::InsertSubMenu(const CommandInfo& command, const String& ite
         const long   id = DoInsertCommand(menu, command.name, item, command.description);
         m_Commands[id] = {command.name, item};
     }
-    Append(wxID_ANY, _MenuLabel(command.name), menu, _OneLine(command.description, kMostHelp));
+    Append(wxID_ANY, jobwidgets::MenuLabel(command.name), menu,
+           jobwidgets::OneLine(command.description, kMostHelp));
 }
 
 long JobCommandMenu::DoInsertCommand(wxMenu* menu, const String& name, const String& label,
@@ -160,7 +161,8 @@ long JobCommandMenu::DoInsertCommand(wxMenu* menu, const String& name, const Str
     const bool    isDisabled = text.StartsWith(CommandInfo::k_Disabled);
     const String  shown = isDisabled ? String(text.substr(CommandInfo::k_Disabled.size())) : text;
     const long    id = IdOf(label.empty() ? shown : String(name + "-" + shown));
-    menu->Append(static_cast<int>(id), _MenuLabel(shown), _OneLine(help, kMostHelp), wxITEM_CHECK)
+    menu->Append(static_cast<int>(id), jobwidgets::MenuLabel(shown),
+                 jobwidgets::OneLine(help, kMostHelp), wxITEM_CHECK)
         ->Enable(!isDisabled);
     return id;
 }

@@ -1,5 +1,5 @@
-#include "listviews/_ScrollModel.h"
-#include "listviews/_ScrollState.h"
+#include "internal/scrolling/ScrollModel.h"
+#include "listviews/scrolling/ScrollState.h"
 #include "listviews/wxDoubleBufferedWindow.h"
 #include "vesta/CallEntry.h"
 #include "vesta/Exception.h"
@@ -145,8 +145,8 @@ void wxDoubleBufferedWindow::Resize(wxSizeEvent& event)
     CALL_ENTRY("wxDoubleBufferedWindow::Resize");
     const wxSize client = GetClientSize();
     const wxSize visible = event.GetSize() - (GetSize() - client);
-    m_VisibleColumns = _VisibleUnits(visible.x, m_ColumnWidth);
-    m_VisibleLines = _VisibleUnits(visible.y, m_LineHeight);
+    m_VisibleColumns = internal::VisibleUnits(visible.x, m_ColumnWidth);
+    m_VisibleLines = internal::VisibleUnits(visible.y, m_LineHeight);
     // Not at once: GTK 3 loses the layout of the window's other children when a scrollbar comes or
     // goes in the middle of it.
     AdjustScrollbarsLater();

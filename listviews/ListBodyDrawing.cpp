@@ -1,8 +1,8 @@
-#include "appearance/_ColorMix.h"
 #include "appearance/wxTolvanColors.h"
-#include "listviews/_CellText.h"
-#include "listviews/_ListGeometry.h"
-#include "listviews/_TableSettings.h"
+#include "internal/drawing/ColorMix.h"
+#include "listviews/cells/CellText.h"
+#include "listviews/cells/ListGeometry.h"
+#include "listviews/model/TableSettings.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListCtrl.h"
 #include "vesta/CallEntry.h"
@@ -17,13 +17,16 @@ constexpr double kGroundShare = 0.67; // of a selected row's colour; the rest is
 class WhilePainting
 {
 public:
-    WhilePainting(_CellText*& place, _CellText& text) : m_Place(place) { m_Place = &text; }
+    WhilePainting(listviews::CellText*& place, listviews::CellText& text) : m_Place(place)
+    {
+        m_Place = &text;
+    }
     ~WhilePainting() { m_Place = nullptr; }
     WhilePainting(const WhilePainting&) = delete;
     WhilePainting& operator=(const WhilePainting&) = delete;
 
 private:
-    _CellText*& m_Place;
+    listviews::CellText*& m_Place;
 };
 } // namespace
 
@@ -40,10 +43,10 @@ bool wxDBListBody::DrawCellText(wxDC& dc, const wxString& text, const wxRect& ro
 void wxDBListBody::DrawBitmap()
 {
     CALL_ENTRY("wxDBListBody::DrawBitmap");
-    wxMemoryDC          dc(*m_Buffer);
-    _CellText           text(dc);
-    const WhilePainting painting(m_CellText, text);
-    const _ListGeometry geometry = Geometry();
+    wxMemoryDC                    dc(*m_Buffer);
+    listviews::CellText           text(dc);
+    const WhilePainting           painting(m_CellText, text);
+    const listviews::ListGeometry geometry = Geometry();
     dc.SetFont(GetFont());
     m_HoverRow = HoverRow();
     const int first = geometry.scroll.y / m_LineHeight;
@@ -58,8 +61,8 @@ void wxDBListBody::DrawBitmap()
 
 wxColour wxDBListBody::GroundOf(int row, bool hovered) const
 {
-    const _TableSettings& settings = _TableSettings::Get();
-    wxColour              ground;
+    const listviews::_TableSettings& settings = listviews::_TableSettings::Get();
+    wxColour                         ground;
     if (!HasRow(row))
     {
         // The stripes go on below the last row, of which the derived class knows nothing.
@@ -67,8 +70,8 @@ wxColour wxDBListBody::GroundOf(int row, bool hovered) const
     }
     else if (m_List.IsRowSelected(row))
     {
-        ground = _MixColours(wxtGetColor(color_WindowBGDarker), wxtGetColor(color_Selected),
-                             kGroundShare);
+        ground = internal::MixColours(wxtGetColor(color_WindowBGDarker),
+                                      wxtGetColor(color_Selected), kGroundShare);
     }
     else
     {
@@ -78,10 +81,10 @@ wxColour wxDBListBody::GroundOf(int row, bool hovered) const
     // to go through a selection.
     const int contrast = row % 2 ? settings.rowContrast : 0;
     ground = OffsetColor(ground, contrast, contrast, contrast);
-    return hovered ? _Shaded(ground, settings.hoverShade) : ground;
+    return hovered ? listviews::Shaded(ground, settings.hoverShade) : ground;
 }
 
-void wxDBListBody::DrawRow(wxDC& dc, const _ListGeometry& geometry, int row)
+void wxDBListBody::DrawRow(wxDC& dc, const listviews::ListGeometry& geometry, int row)
 {
     const bool exists = HasRow(row);
     if (exists)
@@ -96,7 +99,8 @@ void wxDBListBody::DrawRow(wxDC& dc, const _ListGeometry& geometry, int row)
         return;
     }
     const wxColour ink = m_List.GetRowColor(row);
-    const wxColour shaded = hovered ? _Shaded(ink, _TableSettings::Get().hoverTextShade) : ink;
+    const wxColour shaded =
+        hovered ? listviews::Shaded(ink, listviews::_TableSettings::Get().hoverTextShade) : ink;
     if (dc.GetTextForeground() != shaded && shaded.IsOk())
     {
         dc.SetTextForeground(shaded);
@@ -105,7 +109,7 @@ void wxDBListBody::DrawRow(wxDC& dc, const _ListGeometry& geometry, int row)
     m_List.CleanupAfterDraw(row);
 }
 
-void wxDBListBody::DrawCells(wxDC& dc, const _ListGeometry& geometry, int row,
+void wxDBListBody::DrawCells(wxDC& dc, const listviews::ListGeometry& geometry, int row,
                              const wxColour& ground)
 {
     const bool                selected = m_List.IsRowSelected(row);
@@ -121,7 +125,8 @@ void wxDBListBody::DrawCells(wxDC& dc, const _ListGeometry& geometry, int row,
         rect.width = geometry.widths[static_cast<size_t>(column)];
         if (column == m_List.m_HighlightColumn)
         {
-            m_CellText->Fill(rect, _Shaded(ground, _TableSettings::Get().highlightShade));
+            m_CellText->Fill(
+                rect, listviews::Shaded(ground, listviews::_TableSettings::Get().highlightShade));
         }
         if (rect.width > 0)
         {
@@ -132,7 +137,7 @@ void wxDBListBody::DrawCells(wxDC& dc, const _ListGeometry& geometry, int row,
 }
 
 // A thin line behind each column, hardly more than the stripes.
-void wxDBListBody::DrawGrid(const _ListGeometry& geometry)
+void wxDBListBody::DrawGrid(const listviews::ListGeometry& geometry)
 {
     const std::pair<int, int> columns = geometry.VisibleColumns();
     for (int column = columns.first; column < columns.second; ++column)
@@ -144,7 +149,7 @@ void wxDBListBody::DrawGrid(const _ListGeometry& geometry)
 }
 
 // The row that the arrow keys move from.
-void wxDBListBody::DrawFocus(const _ListGeometry& geometry)
+void wxDBListBody::DrawFocus(const listviews::ListGeometry& geometry)
 {
     if (!HasFocus() || !HasRow(m_Anchor))
     {

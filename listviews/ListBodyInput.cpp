@@ -1,5 +1,5 @@
-#include "appearance/_PadKey.h"
-#include "listviews/_ListGeometry.h"
+#include "internal/input/PadKey.h"
+#include "listviews/cells/ListGeometry.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListCtrl.h"
 #include "vesta/CallEntry.h"
@@ -115,7 +115,7 @@ void wxDBListBody::OnRDown(wxMouseEvent& event)
 void wxDBListBody::OnKey(wxKeyEvent& event)
 {
     CALL_ENTRY("wxDBListBody::OnKey");
-    const int key = _OffThePad(event.GetKeyCode());
+    const int key = internal::OffThePad(event.GetKeyCode());
     if (key != WXK_UP && key != WXK_DOWN)
     {
         event.Skip();

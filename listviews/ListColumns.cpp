@@ -1,5 +1,5 @@
 #include "appearance/wxTolvanColors.h"
-#include "listviews/_ListGeometry.h"
+#include "listviews/cells/ListGeometry.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListCtrl.h"
 #include "listviews/wxDBListHeader.h"
@@ -15,22 +15,23 @@ const char* const kSeparator = ", ";
 
 int WidthOrDefault(int width)
 {
-    return width < 0 ? _ListGeometry::k_DefaultWidth : std::min(width, _ListGeometry::k_MostWidth);
+    return width < 0 ? listviews::ListGeometry::k_DefaultWidth
+                     : std::min(width, listviews::ListGeometry::k_MostWidth);
 }
 
 // A text that is no number, too, gives a column that can be seen.
 int StoredWidth(const String& text)
 {
     const long long width = text.Trim().ToInt(0);
-    return static_cast<int>(
-        std::clamp<long long>(width, _ListGeometry::k_LeastWidth, _ListGeometry::k_MostWidth));
+    return static_cast<int>(std::clamp<long long>(width, listviews::ListGeometry::k_LeastWidth,
+                                                  listviews::ListGeometry::k_MostWidth));
 }
 } // namespace
 
 void wxDBListCtrl::ColumnsChanged()
 {
     m_Header->ForgetColumns();
-    m_Body->m_ContentWidth = _ContentWidth(m_Body->Geometry().widths);
+    m_Body->m_ContentWidth = listviews::ContentWidth(m_Body->Geometry().widths);
     m_Body->AdjustScrollbarsLater();
     Redraw();
 }
@@ -177,8 +178,9 @@ void wxDBListCtrl::SetHeaderImages(const std::vector<wxBitmapBundle>& images)
 
 void wxDBListCtrl::ChangeWidth(int index, int width)
 {
-    m_Columns[static_cast<size_t>(index)].width = std::clamp(width, 0, _ListGeometry::k_MostWidth);
-    m_Body->m_ContentWidth = _ContentWidth(m_Body->Geometry().widths);
+    m_Columns[static_cast<size_t>(index)].width =
+        std::clamp(width, 0, listviews::ListGeometry::k_MostWidth);
+    m_Body->m_ContentWidth = listviews::ContentWidth(m_Body->Geometry().widths);
 }
 
 void wxDBListCtrl::SetColumnWidth(int index, int width)

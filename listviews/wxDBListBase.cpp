@@ -1,6 +1,6 @@
 #include "listviews/wxDBListBase.h"
 
-#include "listviews/_ListGeometry.h"
+#include "listviews/cells/ListGeometry.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListCtrl.h"
 #include "vesta/CallEntry.h"
@@ -16,10 +16,10 @@ wxDBListBase::wxDBListBase(wxDBListCtrl* list, long style)
 {
 }
 
-_ListGeometry wxDBListBase::Geometry() const
+listviews::ListGeometry wxDBListBase::Geometry() const
 {
-    const wxDBListBody& body = *m_List.m_Body;
-    _ListGeometry       geometry;
+    const wxDBListBody&     body = *m_List.m_Body;
+    listviews::ListGeometry geometry;
     geometry.rowHeight = body.m_LineHeight;
     geometry.scroll = wxPoint(body.GetScrollPos(wxHORIZONTAL), body.GetScrollPos(wxVERTICAL));
     geometry.client = GetClientSize();
@@ -45,7 +45,7 @@ bool wxDBListBase::SendListEvent(int type, const wxPoint& point, int column, int
     event.SetPoint(point);
     if (column == -1 || row == -1)
     {
-        const _ListGeometry geometry = Geometry();
+        const listviews::ListGeometry geometry = Geometry();
         column = column == -1 ? geometry.ColumnAt(point.x) : column;
         row = row == -1 ? geometry.RowAt(point.y) : row;
     }

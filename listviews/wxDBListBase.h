@@ -5,7 +5,10 @@
 
 #include <wx/listbase.h>
 
-struct _ListGeometry;
+namespace listviews
+{
+struct ListGeometry;
+}
 class wxDBListCtrl;
 
 /// What the header and the body of a list have in common: they know their list, where its columns
@@ -22,7 +25,7 @@ public:
     bool SendListEvent(int type, const wxPoint& point, int row);
 
     /// Where the list's rows and columns are now.
-    _ListGeometry Geometry() const;
+    listviews::ListGeometry Geometry() const;
 
     /// A pressed button that is lost to another window changes nothing: the list waits for the
     /// next one.

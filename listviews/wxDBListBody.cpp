@@ -2,8 +2,8 @@
 
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
-#include "listviews/_ListGeometry.h"
-#include "listviews/_TableSettings.h"
+#include "listviews/cells/ListGeometry.h"
+#include "listviews/model/TableSettings.h"
 #include "listviews/wxDBListCtrl.h"
 #include "listviews/wxDBListHeader.h"
 #include "vesta/CallEntry.h"
@@ -37,7 +37,7 @@ wxDBListBody::wxDBListBody(wxDBListCtrl* list, bool singleSelection)
     : wxDBListBase(list, wxBORDER_NONE), m_SingleSelection(singleSelection)
 {
     CALL_ENTRY("wxDBListBody::wxDBListBody");
-    const _TableSettings& settings = _TableSettings::Get();
+    const listviews::_TableSettings& settings = listviews::_TableSettings::Get();
     SetFont(settings.font);
     m_LineHeight = settings.RowHeight();
     m_ColumnWidth = settings.charWidth;
@@ -96,8 +96,8 @@ void wxDBListBody::SetHoverRow(int row)
 
 void wxDBListBody::ShowCursor(const wxPoint& pointer)
 {
-    const _ListGeometry geometry = Geometry();
-    const int           row = geometry.RowAt(pointer.y);
+    const listviews::ListGeometry geometry = Geometry();
+    const int                     row = geometry.RowAt(pointer.y);
     SetCursor(m_List.CustomizeCursor(HasRow(row) ? row : -1, geometry.ColumnAt(pointer.x),
                                      pointer.x, pointer.y));
 }
@@ -132,9 +132,9 @@ void wxDBListBody::OnLeave(wxMouseEvent& event)
 void wxDBListBody::Notify(wxTimerEvent&)
 {
     CALL_ENTRY("wxDBListBody::Notify");
-    const _ListGeometry geometry = Geometry();
-    const int           row = geometry.RowAt(m_Pointer.y);
-    const int           column = geometry.ColumnAt(m_Pointer.x);
+    const listviews::ListGeometry geometry = Geometry();
+    const int                     row = geometry.RowAt(m_Pointer.y);
+    const int                     column = geometry.ColumnAt(m_Pointer.x);
     if (m_Pointer.x < 0 || !HasRow(row) || column < 0)
     {
         UnsetToolTip();

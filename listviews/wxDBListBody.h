@@ -5,7 +5,10 @@
 
 #include <wx/timer.h>
 
-class _CellText;
+namespace listviews
+{
+class CellText;
+}
 
 /// The rows of a list. It turns clicks and arrow keys into selection events; what is selected is
 /// the list's to know. Main thread.
@@ -42,10 +45,11 @@ private:
     friend class wxDBListCtrl;
 
     void     DrawBitmap() override;
-    void     DrawRow(wxDC& dc, const _ListGeometry& geometry, int row);
-    void     DrawCells(wxDC& dc, const _ListGeometry& geometry, int row, const wxColour& ground);
-    void     DrawGrid(const _ListGeometry& geometry);
-    void     DrawFocus(const _ListGeometry& geometry);
+    void     DrawRow(wxDC& dc, const listviews::ListGeometry& geometry, int row);
+    void     DrawCells(wxDC& dc, const listviews::ListGeometry& geometry, int row,
+                       const wxColour& ground);
+    void     DrawGrid(const listviews::ListGeometry& geometry);
+    void     DrawFocus(const listviews::ListGeometry& geometry);
     wxColour GroundOf(int row, bool hovered) const;
 
     bool HasRow(int row) const { return row >= 0 && row < m_LineCount; }
@@ -69,7 +73,7 @@ private:
     wxPoint m_Pointer{-1, -1}; ///< Where it was seen last.
     wxTimer m_HoverTimer;
 
-    _CellText* m_CellText = nullptr; ///< While it paints.
+    listviews::CellText* m_CellText = nullptr; ///< While it paints.
 
     wxDECLARE_EVENT_TABLE();
 };

@@ -2,9 +2,9 @@
 
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
-#include "listviews/_ListGeometry.h"
-#include "listviews/_TableSettings.h"
-#include "listviews/_TextFit.h"
+#include "listviews/cells/ListGeometry.h"
+#include "listviews/cells/TextFit.h"
+#include "listviews/model/TableSettings.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListHeader.h"
 #include "vesta/CallEntry.h"
@@ -18,7 +18,7 @@
 wxDBListCtrl::wxDBListCtrl(wxWindow* parent, int id, bool singleSelection) : wxtPanel(parent, id)
 {
     CALL_ENTRY("wxDBListCtrl::wxDBListCtrl");
-    _TableSettings::Init();
+    listviews::_TableSettings::Init();
     m_Header = new wxDBListHeader(this);
     m_Body = new wxDBListBody(this, singleSelection);
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
@@ -53,7 +53,7 @@ wxColour wxDBListCtrl::GetRowColor(int)
 wxColour wxDBListCtrl::GetRowBGColor(int row)
 {
     const wxColour ground = wxtGetColor(color_WindowBGDarker);
-    const int      offset = row % 2 ? _TableSettings::Get().rowContrast : 0;
+    const int      offset = row % 2 ? listviews::_TableSettings::Get().rowContrast : 0;
     return OffsetColor(ground, offset, offset, offset);
 }
 
@@ -65,7 +65,7 @@ wxCursor wxDBListCtrl::CustomizeCursor(int, int, int, int)
 void wxDBListCtrl::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool)
 {
     CALL_ENTRY("wxDBListCtrl::DrawCell");
-    const wxRect room = rect.Deflate(_TableSettings::Get().cellMargin);
+    const wxRect room = rect.Deflate(listviews::_TableSettings::Get().cellMargin);
     const String text = GetDisplayText(row, column);
     if (text.empty() || room.width < 1)
     {
@@ -88,9 +88,9 @@ void wxDBListCtrl::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool)
 wxString wxDBListCtrl::FormatDisplayString(const String& text, int& width, wxDC& dc)
 {
     CALL_ENTRY("wxDBListCtrl::FormatDisplayString");
-    _Fitted fitted =
-        _FitMeasured(wxtToWx(text).ToStdWstring(), width,
-                     [&dc](const std::wstring& form) { return dc.GetTextExtent(form).x; });
+    listviews::Fitted fitted = listviews::FitMeasured(wxtToWx(text).ToStdWstring(), width,
+                                                      [&dc](const std::wstring& form)
+                                                      { return dc.GetTextExtent(form).x; });
     width = fitted.width;
     return fitted.text;
 }
@@ -109,7 +109,7 @@ int wxDBListCtrl::GetRowHeight() const
 
 void wxDBListCtrl::SetRowCount(long long count)
 {
-    const int most = _MostRows(m_Body->m_LineHeight);
+    const int most = listviews::MostRows(m_Body->m_LineHeight);
     if (count > most && m_Body->m_LineCount < most)
     {
         LogError(SFormat("A list of %lld rows is higher than can be scrolled: %d are shown", count,

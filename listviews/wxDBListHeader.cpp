@@ -2,9 +2,9 @@
 
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
-#include "listviews/_CellText.h"
-#include "listviews/_ListGeometry.h"
-#include "listviews/_TableSettings.h"
+#include "listviews/cells/CellText.h"
+#include "listviews/cells/ListGeometry.h"
+#include "listviews/model/TableSettings.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListCtrl.h"
 #include "vesta/CallEntry.h"
@@ -35,8 +35,8 @@ wxEND_EVENT_TABLE()
 wxDBListHeader::wxDBListHeader(wxDBListCtrl* list) : wxDBListBase(list, wxBORDER_NONE)
 {
     CALL_ENTRY("wxDBListHeader::wxDBListHeader");
-    const _TableSettings& settings = _TableSettings::Get();
-    wxFont                font = settings.font;
+    const listviews::_TableSettings& settings = listviews::_TableSettings::Get();
+    wxFont                           font = settings.font;
     font.SetStyle(wxFONTSTYLE_ITALIC);
     font.SetPointSize(font.GetPointSize() + kLargerByPoints);
     SetFont(font);
@@ -72,7 +72,7 @@ void wxDBListHeader::ShowCursor(bool onEdge)
     if (onEdge != m_OnEdge)
     {
         m_OnEdge = onEdge;
-        SetCursor(onEdge ? _TableSettings::Get().resizeCursor : *wxSTANDARD_CURSOR);
+        SetCursor(onEdge ? listviews::_TableSettings::Get().resizeCursor : *wxSTANDARD_CURSOR);
     }
 }
 
@@ -96,8 +96,8 @@ void wxDBListHeader::OnMotion(wxMouseEvent& event)
 
 void wxDBListHeader::Hover(int x)
 {
-    const _ListGeometry geometry = Geometry();
-    const int           edge = geometry.EdgeAt(x);
+    const listviews::ListGeometry geometry = Geometry();
+    const int                     edge = geometry.EdgeAt(x);
     ShowCursor(edge >= 0);
     m_Hovered = edge >= 0 ? edge : geometry.ColumnAt(x);
     const wxString label = m_Hovered >= 0 ? wxtToWx(m_List.GetColumnName(m_Hovered)) : wxString();
@@ -111,7 +111,7 @@ void wxDBListHeader::Hover(int x)
 void wxDBListHeader::Resize(int x)
 {
     const int before = m_List.GetColumn(m_Hovered).width;
-    const int width = std::max(_ListGeometry::k_LeastWidth,
+    const int width = std::max(listviews::ListGeometry::k_LeastWidth,
                                m_List.GetColumn(m_Hovered).startWidth + x - m_ResizeStart);
     if (width != before)
     {
@@ -183,9 +183,9 @@ void wxDBListHeader::OnLeave(wxMouseEvent&)
 void wxDBListHeader::DrawBitmap()
 {
     CALL_ENTRY("wxDBListHeader::DrawBitmap");
-    wxMemoryDC          dc(*m_Buffer);
-    _CellText           cells(dc);
-    const _ListGeometry geometry = Geometry();
+    wxMemoryDC                    dc(*m_Buffer);
+    listviews::CellText           cells(dc);
+    const listviews::ListGeometry geometry = Geometry();
     dc.SetFont(GetFont());
     cells.Fill(wxRect(geometry.client), wxtGetColor(color_ButtonFace));
     const std::pair<int, int> columns = geometry.VisibleColumns();
@@ -202,20 +202,20 @@ void wxDBListHeader::DrawBitmap()
 wxColour wxDBListHeader::FaceOf(int column) const
 {
     const wxColour  face = wxtGetColor(color_ButtonFace);
-    const wxColour& shade = _TableSettings::Get().headerShade;
+    const wxColour& shade = listviews::_TableSettings::Get().headerShade;
     if (column == m_Pressed)
     {
         return OffsetColor(face, -shade.Red(), -shade.Green(), -shade.Blue());
     }
     const bool lit = column == m_List.m_HighlightColumn ||
                      (column == m_Hovered && ParentIsActive(const_cast<wxDBListHeader*>(this)));
-    return lit ? _Shaded(face, shade) : face;
+    return lit ? listviews::Shaded(face, shade) : face;
 }
 
-void wxDBListHeader::DrawTitle(wxDC& dc, _CellText& cells, int column, const wxRect& rect)
+void wxDBListHeader::DrawTitle(wxDC& dc, listviews::CellText& cells, int column, const wxRect& rect)
 {
     const wxDBListCtrl::ColumnHeader& header = m_List.GetColumn(column);
-    const int                         margin = _TableSettings::Get().cellMargin;
+    const int                         margin = listviews::_TableSettings::Get().cellMargin;
     cells.Fill(rect, FaceOf(column));
     cells.Fill(wxRect(rect.x, rect.y, rect.width, 1), wxtGetColor(color_3DLight));
     cells.Fill(wxRect(rect.GetRight(), rect.y, 1, rect.height), wxtGetColor(color_3DDark));
@@ -240,7 +240,7 @@ void wxDBListHeader::DrawTitle(wxDC& dc, _CellText& cells, int column, const wxR
 int wxDBListHeader::DrawImage(wxDC& dc, int image, const wxRect& room)
 {
     const std::vector<wxBitmapBundle>& images = m_List.m_HeaderImages;
-    const int                          margin = _TableSettings::Get().cellMargin;
+    const int                          margin = listviews::_TableSettings::Get().cellMargin;
     if (image < 0 || room.width < kArrowWidth + margin)
     {
         return 0;

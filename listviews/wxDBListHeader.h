@@ -3,7 +3,10 @@
 #include "listviews/wxDBListBase.h"
 #include "vesta/Export.h"
 
-class _CellText;
+namespace listviews
+{
+class CellText;
+}
 
 /// The titles of a list: a click on one is told to the host (`wxEVT_LIST_COL_CLICK`, and
 /// `wxEVT_LIST_COL_RIGHT_CLICK` with the other button), dragging its right edge changes the
@@ -36,7 +39,7 @@ private:
     wxPoint InBody(const wxMouseEvent& event) const;
 
     wxColour FaceOf(int column) const;
-    void     DrawTitle(wxDC& dc, _CellText& cells, int column, const wxRect& rect);
+    void     DrawTitle(wxDC& dc, listviews::CellText& cells, int column, const wxRect& rect);
     int      DrawImage(wxDC& dc, int image, const wxRect& room);
     int      DrawArrow(wxDC& dc, bool up, const wxRect& room);
 

@@ -1,9 +1,9 @@
 #include "listviews/wxDoubleBufferedWindow.h"
 
-#include "appearance/_Port.h"
-#include "appearance/_PortSignals.h"
-#include "listviews/_ScrollModel.h"
-#include "listviews/_ScrollState.h"
+#include "internal/port/Port.h"
+#include "internal/port/PortSignals.h"
+#include "internal/scrolling/ScrollModel.h"
+#include "listviews/scrolling/ScrollState.h"
 #include "vesta/CallEntry.h"
 #include "vesta/Log.h"
 
@@ -54,8 +54,8 @@ wxDoubleBufferedWindow::wxDoubleBufferedWindow(wxWindow* parent, int id, long st
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     Create(parent, id, wxDefaultPosition, wxDefaultSize,
            style | wxVSCROLL | wxHSCROLL | wxWANTS_CHARS, wxASCII_STR(wxPanelNameStr));
-    _UseSolidScrollbars(*this);
-    _KeepFromArrows(*this);
+    internal::UseSolidScrollbars(*this);
+    internal::KeepFromArrows(*this);
     SetMinSize(wxSize(kLeastSize, kLeastSize));
     SetSize(wxSize(kLeastSize, kLeastSize));
     m_RedrawTimer.SetOwner(this, kRedrawTimerId);
@@ -84,7 +84,7 @@ void wxDoubleBufferedWindow::HideNative(int orientation)
 {
     ScrollState::Bar& bar = m_Scroll->Of(orientation);
     bar.hidden = true;
-    bar.shown = _ScrollAxis();
+    bar.shown = internal::ScrollAxis();
     wxWindow::SetScrollbar(orientation, 0, 1, 1, true);
 }
 
@@ -94,7 +94,7 @@ wxDoubleBufferedWindow::~wxDoubleBufferedWindow()
     LetMouseGo();
     if (AnyButtonIsDown())
     {
-        _EndScrollbarPress(*this);
+        internal::EndScrollbarPress(*this);
     }
     s_Windows.erase(this);
     m_RedrawTimer.Stop();
@@ -130,7 +130,7 @@ void wxDoubleBufferedWindow::WatchHold()
     if (m_Scroll->held && (!IsEnabled() || !IsShownOnScreen()))
     {
         m_Scroll->held = false;
-        _EndScrollbarPress(*this);
+        internal::EndScrollbarPress(*this);
     }
     if (!HasCapture() && !m_Scroll->held)
     {
@@ -145,16 +145,16 @@ void wxDoubleBufferedWindow::WatchHold()
     }
 }
 
-_ScrollUnits wxDoubleBufferedWindow::ScrollUnits() const
+internal::ScrollUnits wxDoubleBufferedWindow::ScrollUnits() const
 {
     return {m_LineHeight, m_ColumnWidth, m_VisibleLines, m_VisibleColumns};
 }
 
 // What the scrollbar shows once it has followed the content. The getters go by this and not by the
 // native scrollbar, which may be behind and which reads back an empty range as 1.
-_ScrollAxis wxDoubleBufferedWindow::DueAxis(int orientation) const
+internal::ScrollAxis wxDoubleBufferedWindow::DueAxis(int orientation) const
 {
-    const _ScrollAxis& axis = m_Scroll->Of(orientation).axis;
+    const internal::ScrollAxis& axis = m_Scroll->Of(orientation).axis;
     if (!m_Scroll->due)
     {
         return axis;
@@ -166,9 +166,10 @@ _ScrollAxis wxDoubleBufferedWindow::DueAxis(int orientation) const
     }
     if (orientation == wxHORIZONTAL)
     {
-        return _Adjusted(axis, client.x, m_ContentWidth, false);
+        return internal::Adjusted(axis, client.x, m_ContentWidth, false);
     }
-    return _Adjusted(axis, client.y, _ScrollRange(m_LineCount, m_LineHeight), m_FollowEnd);
+    return internal::Adjusted(axis, client.y, internal::ScrollRange(m_LineCount, m_LineHeight),
+                              m_FollowEnd);
 }
 
 void wxDoubleBufferedWindow::AdjustScrollbars()
@@ -209,8 +210,8 @@ void wxDoubleBufferedWindow::ApplyDueScrollbars()
         {
             return; // stays due until there is room
         }
-        const _ScrollAxis horizontal = m_Scroll->horizontal.axis = DueAxis(wxHORIZONTAL);
-        const _ScrollAxis vertical = m_Scroll->vertical.axis = DueAxis(wxVERTICAL);
+        const internal::ScrollAxis horizontal = m_Scroll->horizontal.axis = DueAxis(wxHORIZONTAL);
+        const internal::ScrollAxis vertical = m_Scroll->vertical.axis = DueAxis(wxVERTICAL);
         if (IsHeld())
         {
             return; // the thumb would run away from the pointer, and the view after the thumb
@@ -232,8 +233,8 @@ void wxDoubleBufferedWindow::ApplyDueScrollbars()
 
 void wxDoubleBufferedWindow::TraceScrolling() const
 {
-    const _ScrollAxis h = m_Scroll->horizontal.axis;
-    const _ScrollAxis v = m_Scroll->vertical.axis;
+    const internal::ScrollAxis h = m_Scroll->horizontal.axis;
+    const internal::ScrollAxis v = m_Scroll->vertical.axis;
     LogInfo(SFormat("wxDoubleBufferedWindow %x    H: %d %d %d   first: %d -%d (%d / %d x %d)   "
                     "V: %d %d %d   first: %d -%d (%d / %d x %d)",
                     static_cast<unsigned>(reinterpret_cast<uintptr_t>(this)), h.position, h.thumb,
@@ -327,12 +328,13 @@ void wxDoubleBufferedWindow::Scroll(wxScrollWinEvent& event)
     // what is due: a scrollbar that comes with the content takes room, and the end lies further on.
     const bool byHand = TakeHandPosition(event);
     ApplyDueScrollbars();
-    const _ScrollAxis axis{GetScrollPos(orientation), GetScrollThumb(orientation),
-                           GetScrollRange(orientation)};
+    const internal::ScrollAxis axis{GetScrollPos(orientation), GetScrollThumb(orientation),
+                                    GetScrollRange(orientation)};
     SetScrollPos(orientation,
                  byHand ? axis.position
-                        : _ScrollTarget(event.GetEventType(), axis, m_LineHeight,
-                                        _PageSize(orientation, ScrollUnits()), event.GetPosition()),
+                        : internal::ScrollTarget(event.GetEventType(), axis, m_LineHeight,
+                                                 internal::PageSize(orientation, ScrollUnits()),
+                                                 event.GetPosition()),
                  true);
     RedrawScrolled();
 }
@@ -357,8 +359,8 @@ bool wxDoubleBufferedWindow::TakeHandPosition(const wxScrollWinEvent& event)
     {
         m_Scroll->held = !released;
         m_HoldTimer.Start(kHoldCheckMs);
-        bar.axis = _Adjusted(bar.shown, bar.axis.thumb, bar.axis.range,
-                             orientation == wxVERTICAL && m_FollowEnd);
+        bar.axis = internal::Adjusted(bar.shown, bar.axis.thumb, bar.axis.range,
+                                      orientation == wxVERTICAL && m_FollowEnd);
     }
     return dragged;
 }
@@ -381,8 +383,8 @@ void wxDoubleBufferedWindow::RedrawScrolled()
 
 void wxDoubleBufferedWindow::ScrollTo(int orientation, long long position)
 {
-    const _ScrollAxis axis{0, GetScrollThumb(orientation), GetScrollRange(orientation)};
-    wxScrollWinEvent  event(wxEVT_SCROLLWIN_THUMBRELEASE, axis.Clamped(position), orientation);
+    const internal::ScrollAxis axis{0, GetScrollThumb(orientation), GetScrollRange(orientation)};
+    wxScrollWinEvent event(wxEVT_SCROLLWIN_THUMBRELEASE, axis.Clamped(position), orientation);
     event.SetEventObject(this);
     Scroll(event);
 }
@@ -406,8 +408,8 @@ bool wxDoubleBufferedWindow::ScrollPages(int pages)
 void wxDoubleBufferedWindow::OnMouseWheel(wxMouseEvent& event)
 {
     CALL_ENTRY("wxDoubleBufferedWindow::OnMouseWheel");
-    const int lines = _WheelLines(m_WheelAccumulator, event.GetWheelRotation(),
-                                  event.GetWheelDelta(), event.GetLinesPerAction());
+    const int lines = internal::WheelLines(m_WheelAccumulator, event.GetWheelRotation(),
+                                           event.GetWheelDelta(), event.GetLinesPerAction());
     if (lines != 0)
     {
         ScrollLines(lines);

@@ -10,8 +10,14 @@
 #include <memory>
 #include <set>
 
-struct _ScrollAxis;
-struct _ScrollUnits;
+namespace internal
+{
+struct ScrollAxis;
+}
+namespace internal
+{
+struct ScrollUnits;
+}
 
 /// Base of every custom-drawn scrollable view. It owns an off-screen bitmap of the client area, has
 /// the derived class paint into it only when its content is out of date, and copies it to the
@@ -82,7 +88,7 @@ protected:
     /// Gives it back; does nothing when it is lost already.
     void LetMouseGo();
 
-    _ScrollUnits ScrollUnits() const;
+    internal::ScrollUnits ScrollUnits() const;
     /// Scrolls to that position (pixels), corrected to the content.
     void ScrollTo(int orientation, long long position);
 
@@ -109,18 +115,18 @@ private:
 
     static bool HasScrollbarRoom(const wxSize& size);
 
-    void        HideNative(int orientation);
-    bool        IsMovedByHand(int orientation) const;
-    bool        TakeHandPosition(const wxScrollWinEvent& event);
-    bool        IsHeld() const;
-    bool        IsBehind(int orientation) const;
-    void        RedrawScrolled();
-    _ScrollAxis DueAxis(int orientation) const;
-    void        ApplyDueScrollbars();
-    void        TraceScrolling() const;
-    bool        EnsureBuffer();
-    void        PaintBuffer();
-    void        RetryPaint(const String& reason);
+    void                 HideNative(int orientation);
+    bool                 IsMovedByHand(int orientation) const;
+    bool                 TakeHandPosition(const wxScrollWinEvent& event);
+    bool                 IsHeld() const;
+    bool                 IsBehind(int orientation) const;
+    void                 RedrawScrolled();
+    internal::ScrollAxis DueAxis(int orientation) const;
+    void                 ApplyDueScrollbars();
+    void                 TraceScrolling() const;
+    bool                 EnsureBuffer();
+    void                 PaintBuffer();
+    void                 RetryPaint(const String& reason);
 
     void WatchHold();
 

@@ -1,8 +1,8 @@
 #include "listviews/wxtListCtrl.h"
 
 #include "appearance/wxTolvanColors.h"
-#include "listviews/_ListSelection.h"
-#include "listviews/_TableSettings.h"
+#include "listviews/model/ListSelection.h"
+#include "listviews/model/TableSettings.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/dc.h>
@@ -33,7 +33,8 @@ wxEND_EVENT_TABLE()
 
 wxtListCtrl::wxtListCtrl(wxWindow* parent, int id, const wxPoint&, const wxSize&, long,
                          const wxValidator&, const wxString&)
-    : wxDBListCtrl(parent, wxID_ANY, false), m_Selection(std::make_unique<_ListSelection>())
+    : wxDBListCtrl(parent, wxID_ANY, false),
+      m_Selection(std::make_unique<listviews::ListSelection>())
 {
     CALL_ENTRY("wxtListCtrl::wxtListCtrl");
     SetId(id);
@@ -223,7 +224,7 @@ int wxtListCtrl::DrawImage(wxDC& dc, const Row& row, const wxRect& rect)
         return 0;
     }
     const wxBitmap bitmap = m_Images[static_cast<size_t>(row.image)].GetBitmapFor(this);
-    const int      margin = _TableSettings::Get().cellMargin;
+    const int      margin = listviews::_TableSettings::Get().cellMargin;
     const wxSize   size = bitmap.IsOk() ? bitmap.GetLogicalSize() : wxSize();
     if (!bitmap.IsOk() || size.x + 2 * margin > rect.width)
     {

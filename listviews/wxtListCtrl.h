@@ -8,7 +8,10 @@
 
 #include <memory>
 
-class _ListSelection;
+namespace listviews
+{
+class ListSelection;
+}
 class wxListEvent;
 
 /// A list that keeps its rows as texts, and what of them is selected. Its operations have the names
@@ -55,9 +58,9 @@ private:
     void MoveCells(int from, int to);
     int  DrawImage(wxDC& dc, const Row& row, const wxRect& rect);
 
-    std::vector<Row>                m_Rows;
-    std::vector<wxBitmapBundle>     m_Images;
-    std::unique_ptr<_ListSelection> m_Selection;
+    std::vector<Row>                          m_Rows;
+    std::vector<wxBitmapBundle>               m_Images;
+    std::unique_ptr<listviews::ListSelection> m_Selection;
 
     wxDECLARE_EVENT_TABLE();
 };

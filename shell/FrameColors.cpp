@@ -1,5 +1,5 @@
+#include "shell/frames/FrameColors.h"
 #include "dialogs/wxTolvanDlg.h"
-#include "shell/_FrameColors.h"
 #include "shell/wxTolvanFrame.h"
 #include "tolvan/Components.h"
 #include "vesta/Application.h"
@@ -51,7 +51,7 @@ void TellOtherPrograms()
 }
 } // namespace
 
-void _AnswerColorRequests()
+void shell::AnswerColorRequests()
 {
     Application::the_Application->RegisterRequestHandler(kColorRequest, _RemoteChangeHandler);
 }

@@ -1,6 +1,6 @@
 #include "appearance/wxTolvanString.h"
 #include "dialogs/wxTolvanDlg.h"
-#include "shell/_TopWindow.h"
+#include "shell/app/TopWindow.h"
 #include "shell/wxTolvanApp.h"
 #include "vesta/CallEntry.h"
 #include "vesta/ThreadPool.h"
@@ -18,12 +18,12 @@ namespace
 {
 void PostCommand(wxEventType type)
 {
-    _PostToTopWindow([type](wxWindow&) { return std::make_unique<wxCommandEvent>(type, 0); });
+    shell::PostToTopWindow([type](wxWindow&) { return std::make_unique<wxCommandEvent>(type, 0); });
 }
 
 void TranslateConnection(wxEventType type, const char* translating, const char* ignoring)
 {
-    _AskForTopWindow(
+    shell::AskForTopWindow(
         [=](wxWindow* top)
         {
             LogDebug(top ? translating : ignoring);
@@ -82,7 +82,7 @@ void wxTolvanApp::DeliverQueuedMessages()
 
 void wxTolvanApp::DispatchWaiting()
 {
-    if (!IsMessageProcessingEnabled() || !_HasTopWindow())
+    if (!IsMessageProcessingEnabled() || !shell::HasTopWindow())
     {
         return;
     }
@@ -124,10 +124,10 @@ void wxTolvanApp::_Disconnect(MessengerDisconnectedEvt&)
 void wxTolvanApp::_CheckReceive(MessageReceivedEvt& event)
 {
     CALL_ENTRY("wxTolvanApp::_CheckReceive");
-    if (!_HasTopWindow())
+    if (!shell::HasTopWindow())
     {
         // The message stays in the queue; the window may have come after the latest look at it.
-        _AskForTopWindow([this](wxWindow* top) { TakeLeftMessage(top != nullptr); });
+        shell::AskForTopWindow([this](wxWindow* top) { TakeLeftMessage(top != nullptr); });
         return;
     }
     // Read once: the main thread may disable processing at any moment.

@@ -1,7 +1,7 @@
 #include "shell/OpenWindows.h"
 
 #include "appearance/wxTolvanString.h"
-#include "shell/_Geometry.h"
+#include "internal/windows/Geometry.h"
 #include "vesta/CallEntry.h"
 #include "vesta/Log.h"
 
@@ -241,8 +241,8 @@ void OpenWindows::CenterOnDisplay(wxWindow* reference, wxWindow* window)
     {
         return;
     }
-    const wxRect place =
-        _CentredOn(_DisplayAreaOf(reference), reference->GetSize(), window->GetSize());
+    const wxRect place = internal::CentredOn(internal::DisplayAreaOf(reference),
+                                             reference->GetSize(), window->GetSize());
     window->Freeze();
     window->Move(place.GetPosition());
     window->SetSize(place.GetSize());

@@ -1,6 +1,6 @@
 #include "appearance/wxTolvanString.h"
 #include "dialogs/wxConfirmDlg.h"
-#include "shell/_TopWindow.h"
+#include "shell/app/TopWindow.h"
 #include "shell/wxTolvanApp.h"
 #include "vesta/CallEntry.h"
 
@@ -63,7 +63,7 @@ void Show(const String& text)
     ShowBox(text);
     for (String next = TakeWaiting(); !next.empty(); next = TakeWaiting())
     {
-        if (_HasTopWindow())
+        if (shell::HasTopWindow())
         {
             ShowBox(next);
         }

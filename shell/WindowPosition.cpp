@@ -1,5 +1,5 @@
-#include "shell/_FrameExtents.h"
-#include "shell/_Geometry.h"
+#include "internal/windows/Geometry.h"
+#include "shell/frames/FrameExtents.h"
 #include "shell/wxTolvanFrame.h"
 #include "vesta/Application.h"
 #include "vesta/CallEntry.h"
@@ -13,7 +13,7 @@ const char* const kFrameKey = "Frame";
 
 bool IsOnNoDisplay(const wxWindow* window)
 {
-    return _Displays::Get().indexOf(window) == wxNOT_FOUND;
+    return internal::Displays::Get().indexOf(window) == wxNOT_FOUND;
 }
 
 // A window that is not shown yet lies nowhere; where it lies is seen when it is.
@@ -36,7 +36,7 @@ void CentreIfShownOnNoDisplay(wxWindow* window)
 
 bool Place(wxWindow* window, const String& text, const String& frameExtents, int offset)
 {
-    const std::optional<wxRect> geometry = _ParseGeometry(text);
+    const std::optional<wxRect> geometry = internal::ParseGeometry(text);
     if (!geometry)
     {
         return false;
@@ -44,7 +44,7 @@ bool Place(wxWindow* window, const String& text, const String& frameExtents, int
     wxRect place = *geometry;
     place.Offset(offset, offset);
     auto* const top = wxDynamicCast(window, wxTopLevelWindow);
-    if (!top || top->IsShown() || !_PlaceWithFrame(*top, place, frameExtents))
+    if (!top || top->IsShown() || !shell::PlaceWithFrame(*top, place, frameExtents))
     {
         window->SetSize(place, wxSIZE_AUTO);
         window->Raise();
@@ -65,15 +65,16 @@ void wxSaveWindowPos(wxWindow* window, const String& name)
     const OptionsFile::PauseAutoWrite pause(options);
     const WriteLock                   lock(options.Lock());
     options.SetValue(name, kGeometryKey,
-                     _GeometryToStore(options.GetValue(name, kGeometryKey), window->GetRect(),
-                                      _Displays::Get().placesWindows()));
-    _SaveFrameExtents(*window, name);
+                     internal::GeometryToStore(options.GetValue(name, kGeometryKey),
+                                               window->GetRect(),
+                                               internal::Displays::Get().placesWindows()));
+    shell::SaveFrameExtents(*window, name);
 }
 
-void _SaveFrameExtents(const wxWindow& window, const String& name)
+void shell::SaveFrameExtents(const wxWindow& window, const String& name)
 {
     OptionsFile&    options = Application::the_Application->Options();
-    const String    extents = _FrameExtentsOf(window);
+    const String    extents = shell::FrameExtentsOf(window);
     const WriteLock lock(options.Lock());
     if (!extents.empty())
     {

@@ -3,10 +3,10 @@
 #include "appearance/wxTolvanString.h"
 #include "appearance/wxtRenderer.h"
 #include "shell/OpenWindows.h"
-#include "shell/_Guard.h"
-#include "shell/_ProgramWords.h"
-#include "shell/_TopWindow.h"
-#include "shell/_wxTolvanLog.h"
+#include "shell/app/Guard.h"
+#include "shell/app/ProgramWords.h"
+#include "shell/app/TopWindow.h"
+#include "shell/app/wxTolvanLog.h"
 #include "vesta/CallEntry.h"
 #include "vesta/Platform.h"
 
@@ -72,7 +72,7 @@ int wxTolvanExecutable::Signal(int signal)
     const int result = Executable::Signal(signal);
     if (signal == kCloseSignal && the_App.load())
     {
-        _PostToTopWindow(
+        shell::PostToTopWindow(
             [](wxWindow& top)
             {
                 auto event = std::make_unique<wxCloseEvent>(wxEVT_CLOSE_WINDOW, top.GetId());
@@ -116,7 +116,7 @@ bool wxTolvanApp::OnInit()
     // The earlier target stays alive: others may hold it.
     wxLog::SetActiveTarget(new wxTolvanLog);
     wxLogStatus("Set wxLog to use VestaLib Log");
-    m_TopWindowWatch = std::make_unique<_TopWindowWatch>();
+    m_TopWindowWatch = std::make_unique<shell::TopWindowWatch>();
     ConnectSignals();
     wxSystemOptions::SetOption("msw.notebook.themed-background", 0);
 
@@ -125,7 +125,7 @@ bool wxTolvanApp::OnInit()
     {
         words.push_back(wxtFromWx(argv[i]));
     }
-    CommandLine commandLine(_ProgramWords(words));
+    CommandLine commandLine(shell::ProgramWords(words));
     if (TryStartup(commandLine))
     {
         return true;
@@ -134,7 +134,7 @@ bool wxTolvanApp::OnInit()
     {
         ShowStartupError();
     }
-    _Guard("Cleaning up", [this] { Cleanup(); });
+    shell::Guard("Cleaning up", [this] { Cleanup(); });
     ExitedSignal.Emit();
     return false;
 }
@@ -143,22 +143,23 @@ bool wxTolvanApp::OnInit()
 bool wxTolvanApp::TryStartup(CommandLine& commandLine)
 {
     bool isStarted = false;
-    return _Guard("Starting the program",
-                  [&]
-                  {
-                      isStarted = RunStartup(commandLine);
-                      if (isStarted)
-                      {
-                          wxToolTip::Enable(true);
-                          wxToolTip::SetAutoPop(kToolTipShownMs);
-                          wxToolTip::SetDelay(kToolTipDelayMs);
-                          wxToolTip::SetReshow(kToolTipReshowMs);
-                          StartedSignal.Emit();
-                          // The master's first messages may have come before there was a window.
-                          _TopWindowWatch::Look();
-                          DispatchWaiting();
-                      }
-                  }) &&
+    return shell::Guard("Starting the program",
+                        [&]
+                        {
+                            isStarted = RunStartup(commandLine);
+                            if (isStarted)
+                            {
+                                wxToolTip::Enable(true);
+                                wxToolTip::SetAutoPop(kToolTipShownMs);
+                                wxToolTip::SetDelay(kToolTipDelayMs);
+                                wxToolTip::SetReshow(kToolTipReshowMs);
+                                StartedSignal.Emit();
+                                // The master's first messages may have come before there was a
+                                // window.
+                                shell::TopWindowWatch::Look();
+                                DispatchWaiting();
+                            }
+                        }) &&
            isStarted;
 }
 
@@ -231,12 +232,12 @@ int wxTolvanApp::OnRun()
 int wxTolvanApp::OnExit()
 {
     CALL_ENTRY("wxTolvanApp::OnExit");
-    _Guard("Telling of the program's end", [this] { ExitingSignal.Emit(); });
+    shell::Guard("Telling of the program's end", [this] { ExitingSignal.Emit(); });
     OpenWindows::_this->Clear();
     int result = 0;
     {
         const OptionsFile::PauseAutoWrite pause(Options());
-        _Guard("Cleaning up", [this] { Cleanup(); });
+        shell::Guard("Cleaning up", [this] { Cleanup(); });
         result = wxAppBase::OnExit();
     }
     Options().WriteOut();

@@ -11,7 +11,10 @@
 
 #include <atomic>
 
-class _TopWindowWatch;
+namespace shell
+{
+class TopWindowWatch;
+}
 class wxTolvanApp;
 
 /// Posted to the application's top window; plain command events without content.
@@ -101,7 +104,7 @@ private:
     void DispatchWaiting();
     void TakeLeftMessage(bool hasTopWindow);
 
-    std::unique_ptr<_TopWindowWatch> m_TopWindowWatch;
+    std::unique_ptr<shell::TopWindowWatch> m_TopWindowWatch;
 
     wxDECLARE_EVENT_TABLE();
 };

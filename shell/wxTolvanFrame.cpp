@@ -1,11 +1,11 @@
 #include "shell/wxTolvanFrame.h"
 
-#include "appearance/_MouseHold.h"
-#include "appearance/_Port.h"
-#include "shell/_FrameColors.h"
-#include "shell/_FrameExtents.h"
-#include "shell/_Geometry.h"
-#include "shell/_TopWindow.h"
+#include "internal/input/MouseHold.h"
+#include "internal/port/Port.h"
+#include "internal/windows/Geometry.h"
+#include "shell/app/TopWindow.h"
+#include "shell/frames/FrameColors.h"
+#include "shell/frames/FrameExtents.h"
 #include "shell/wxTolvanApp.h"
 #include "vesta/CallEntry.h"
 
@@ -58,7 +58,7 @@ wxTolvanFrame::wxTolvanFrame(const wxString& title, const wxPoint& position, con
         BecomeMainFrame();
     }
     Manage(this);
-    _TopWindowWatch::Look();
+    shell::TopWindowWatch::Look();
 }
 
 wxTolvanFrame::wxTolvanFrame(wxWindow* parent, const wxString& title, long style)
@@ -67,7 +67,7 @@ wxTolvanFrame::wxTolvanFrame(wxWindow* parent, const wxString& title, long style
     CALL_ENTRY("wxTolvanFrame::wxTolvanFrame");
     g_ChildFrames.insert(this);
     Manage(this);
-    _TopWindowWatch::Look();
+    shell::TopWindowWatch::Look();
 }
 
 void wxTolvanFrame::BecomeMainFrame()
@@ -81,7 +81,7 @@ void wxTolvanFrame::BecomeMainFrame()
     {
         LoadColorScheme();
     }
-    _AnswerColorRequests();
+    shell::AnswerColorRequests();
 }
 
 void wxTolvanFrame::JoinMainFrame()
@@ -96,7 +96,7 @@ void wxTolvanFrame::JoinMainFrame()
 
 wxTolvanFrame::~wxTolvanFrame()
 {
-    _EndMouseHold(*this);
+    internal::EndMouseHold(*this);
     if (this == s_Frame)
     {
         s_Frame = nullptr;
@@ -130,7 +130,7 @@ bool wxTolvanFrame::IsMenuOpen()
 bool wxTolvanFrame::ClosePopUp()
 {
     CALL_ENTRY("wxTolvanFrame::ClosePopUp");
-    return _ClosePopUps();
+    return internal::ClosePopUps();
 }
 
 void wxTolvanFrame::LoadWindowPosition()
@@ -156,11 +156,11 @@ void wxTolvanFrame::SaveWindowPosition() const
     const WriteLock                   lock(options.Lock());
     const String                      stored = options.GetValue(kSection, kGeometryKey);
     options.SetValue(kSection, kGeometryKey,
-                     _GeometryToStore(stored, wxRect(m_Position, m_NormalSize),
-                                      _Displays::Get().placesWindows()));
+                     internal::GeometryToStore(stored, wxRect(m_Position, m_NormalSize),
+                                               internal::Displays::Get().placesWindows()));
     if (!IsFullScreen()) // it has no frame then
     {
-        _SaveFrameExtents(*this, kSection);
+        shell::SaveFrameExtents(*this, kSection);
     }
     options.SetValue(kSection, kMinimizedKey, String::FromBool(IsIconized()));
     options.SetValue(kSection, kMaximizedKey, String::FromBool(m_WasMaximized));

@@ -1,5 +1,5 @@
 #include "appearance/wxtTextCtrl.h"
-#include "textviews/_searchCancel.xpm"
+#include "textviews/search/searchCancel.xpm"
 #include "textviews/wxTextLineSearchPanel.h"
 
 #include <wx/dcclient.h>

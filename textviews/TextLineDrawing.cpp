@@ -1,18 +1,18 @@
-#include "listviews/_ScrollModel.h"
-#include "textviews/_FontExtents.h"
-#include "textviews/_LinePainter.h"
-#include "textviews/_LineStore.h"
-#include "textviews/_TextGeometry.h"
-#include "textviews/_TextPalette.h"
-#include "textviews/_TextSelection.h"
+#include "internal/scrolling/ScrollModel.h"
+#include "textviews/drawing/FontExtents.h"
+#include "textviews/drawing/LinePainter.h"
+#include "textviews/drawing/TextPalette.h"
+#include "textviews/lines/LineStore.h"
+#include "textviews/lines/TextGeometry.h"
+#include "textviews/lines/TextSelection.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "vesta/CallEntry.h"
 
 #include <algorithm>
 
-_TextGeometry wxTextLineCtrl::Geometry() const
+textviews::TextGeometry wxTextLineCtrl::Geometry() const
 {
-    _TextGeometry geometry;
+    textviews::TextGeometry geometry;
     geometry.lineHeight = m_LineHeight;
     geometry.columnWidth = m_ColumnWidth;
     geometry.scroll = {GetScrollPos(wxHORIZONTAL), GetScrollPos(wxVERTICAL)};
@@ -21,21 +21,21 @@ _TextGeometry wxTextLineCtrl::Geometry() const
     return geometry;
 }
 
-_TextPalette wxTextLineCtrl::Palette() const
+textviews::TextPalette wxTextLineCtrl::Palette() const
 {
-    return _TextPalette(GetBackgroundColour(), wxtGetColor(color_Selected),
-                        wxtGetColor(color_TextBlue));
+    return textviews::TextPalette(GetBackgroundColour(), wxtGetColor(color_Selected),
+                                  wxtGetColor(color_TextBlue));
 }
 
 void wxTextLineCtrl::DrawBitmap()
 {
     CALL_ENTRY("wxTextLineCtrl::DrawBitmap");
-    const _TextGeometry geometry = Geometry();
-    wxMemoryDC          dc(*m_Buffer);
-    _LinePainter        painter(dc, m_Font.font, geometry, *m_Places);
+    const textviews::TextGeometry geometry = Geometry();
+    wxMemoryDC                    dc(*m_Buffer);
+    textviews::LinePainter        painter(dc, m_Font.font, geometry, *m_Places);
     painter.SetColour(GetForegroundColour());
-    const _TextPalette palette = Palette();
-    const int          end = EndOfDrawnLines(geometry);
+    const textviews::TextPalette palette = Palette();
+    const int                    end = EndOfDrawnLines(geometry);
     for (int line = geometry.FirstDrawnLine(); line < end; ++line)
     {
         painter.Fill(geometry.BandOf(line), palette.Band(StateOf(line)));
@@ -49,22 +49,23 @@ void wxTextLineCtrl::DrawBitmap()
     painter.Fill(geometry.BelowLines(), palette.Band({}));
 }
 
-int wxTextLineCtrl::EndOfDrawnLines(const _TextGeometry& geometry) const
+int wxTextLineCtrl::EndOfDrawnLines(const textviews::TextGeometry& geometry) const
 {
     // Before the first size event the base has not counted them yet.
     return geometry.EndOfDrawnLines(
-        std::max(m_VisibleLines, _VisibleUnits(geometry.client.y, m_LineHeight)));
+        std::max(m_VisibleLines, internal::VisibleUnits(geometry.client.y, m_LineHeight)));
 }
 
-_LineState wxTextLineCtrl::StateOf(int line) const
+textviews::LineState wxTextLineCtrl::StateOf(int line) const
 {
     return {m_Selection->Contains(line), line == m_HoverLine, line == m_MarkedLine};
 }
 
 // The hit is its cells with every colour inverted, in a box with rounded corners. The ports can't
 // invert alike, so that it is drawn anew in the inverted colours.
-void wxTextLineCtrl::DrawHit(const _TextGeometry& geometry, const _TextPalette& palette,
-                             _LinePainter& painter) const
+void wxTextLineCtrl::DrawHit(const textviews::TextGeometry& geometry,
+                             const textviews::TextPalette&  palette,
+                             textviews::LinePainter&        painter) const
 {
     const std::string_view text = m_Lines->Line(m_MarkedLine);
     const auto             cellOf = [&](int column)
@@ -78,13 +79,13 @@ void wxTextLineCtrl::DrawHit(const _TextGeometry& geometry, const _TextPalette& 
     {
         return;
     }
-    const auto     rows = _RoundedRows(box, m_ColumnWidth / 2);
-    const wxColour inverted = _InvertedColour(palette.Band(StateOf(m_MarkedLine)));
+    const auto     rows = textviews::RoundedRows(box, m_ColumnWidth / 2);
+    const wxColour inverted = textviews::InvertedColour(palette.Band(StateOf(m_MarkedLine)));
     for (const wxRect& row : rows)
     {
         painter.Fill(row, inverted);
     }
-    painter.SetColour(_InvertedColour(GetForegroundColour()));
+    painter.SetColour(textviews::InvertedColour(GetForegroundColour()));
     painter.DrawLineWithin(rows, m_MarkedLine, text,
                            {geometry.FirstDrawnCell(), geometry.EndOfDrawnCells()});
     painter.SetColour(GetForegroundColour());

@@ -1,7 +1,7 @@
-#include "appearance/_PadKey.h"
-#include "textviews/_LineStore.h"
-#include "textviews/_TextGeometry.h"
-#include "textviews/_TextSelection.h"
+#include "internal/input/PadKey.h"
+#include "textviews/lines/LineStore.h"
+#include "textviews/lines/TextGeometry.h"
+#include "textviews/lines/TextSelection.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "vesta/CallEntry.h"
 #include "vesta/Exception.h"
@@ -172,7 +172,7 @@ void wxTextLineCtrl::OnKey(wxKeyEvent& event)
 {
     CALL_ENTRY("wxTextLineCtrl::OnKey");
     event.Skip(); // the parent sees every key too
-    const int key = _OffThePad(event.GetKeyCode());
+    const int key = internal::OffThePad(event.GetKeyCode());
     for (const KeyScroll& scroll : kKeyScrolls)
     {
         if (scroll.key == key)

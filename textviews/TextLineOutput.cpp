@@ -1,7 +1,7 @@
 #include "appearance/wxTolvanString.h"
-#include "textviews/_LineStore.h"
-#include "textviews/_LinesDataObject.h"
-#include "textviews/_TextSelection.h"
+#include "textviews/lines/LineStore.h"
+#include "textviews/lines/LinesDataObject.h"
+#include "textviews/lines/TextSelection.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "vesta/CallEntry.h"
 #include "vesta/OutputFile.h"
@@ -39,7 +39,7 @@ void wxTextLineCtrl::CopySelectionToClipboard()
     {
         return;
     }
-    wxTheClipboard->SetData(new _LinesDataObject(SelectedText()));
+    wxTheClipboard->SetData(new textviews::LinesDataObject(SelectedText()));
     wxTheClipboard->Flush();
     wxTheClipboard->Close();
 }
@@ -64,7 +64,7 @@ void wxTextLineCtrl::SaveTo(const Path& path) const
     const int    count = m_Lines->Count();
     for (int line = 0; line < count;)
     {
-        const _LineStore::Block block = m_Lines->BlockOf(line);
+        const textviews::LineStore::Block block = m_Lines->BlockOf(line);
         for (int i = 0; i < block.lineCount; ++i)
         {
             const std::string_view text = block.Line(i);

@@ -1,10 +1,10 @@
 #include "textviews/wxBarHistoryCtrl.h"
 
-#include "appearance/_Port.h"
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
-#include "textviews/_BarChart.h"
-#include "textviews/_BarHistory.h"
+#include "internal/port/Port.h"
+#include "textviews/chart/BarChart.h"
+#include "textviews/chart/BarHistory.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/dcclient.h>
@@ -24,7 +24,7 @@ String Grouped(uint64_t number)
                                                  wxNumberFormatter::Style_WithThousandsSep));
 }
 
-_BarColours SchemeColours()
+textviews::BarColours SchemeColours()
 {
     return {OffsetColor(wxtGetColor(color_WindowBGDarker), kDarker, kDarker, kDarker),
             wxtGetColor(color_WindowBGLighter), wxtGetColor(color_WindowBG),
@@ -42,7 +42,8 @@ wxEND_EVENT_TABLE()
 // clang-format on
 
 wxBarHistoryCtrl::wxBarHistoryCtrl()
-    : m_History(std::make_unique<_BarHistory>()), m_Bounds(std::make_unique<_BarBounds>())
+    : m_History(std::make_unique<textviews::BarHistory>()),
+      m_Bounds(std::make_unique<textviews::BarBounds>())
 {
 }
 
@@ -143,7 +144,7 @@ void wxBarHistoryCtrl::SetTooltipText(const String& prefix, const String& suffix
 
 int wxBarHistoryCtrl::Scale(uint32_t value, uint32_t lower, uint32_t upper, int extent)
 {
-    return _BarScale(value, lower, upper, extent);
+    return textviews::BarScale(value, lower, upper, extent);
 }
 
 String wxBarHistoryCtrl::TooltipText() const
@@ -188,14 +189,15 @@ void wxBarHistoryCtrl::Render()
     {
         return;
     }
-    wxImage   image = _DrawBarChart(size, m_History->Values(), m_Empty, *m_Bounds, SchemeColours());
+    wxImage image =
+        textviews::DrawBarChart(size, m_History->Values(), m_Empty, *m_Bounds, SchemeColours());
     const int scale = std::max(1, static_cast<int>(std::lround(GetContentScaleFactor())));
     if (scale > 1)
     {
         image.Rescale(size.x * scale, size.y * scale, wxIMAGE_QUALITY_NEAREST);
     }
     const bool fits = m_Bitmap.IsOk() && m_Bitmap.GetScaleFactor() == scale;
-    if (!fits || !_ReplacePixels(m_Bitmap, image))
+    if (!fits || !internal::ReplacePixels(m_Bitmap, image))
     {
         m_Bitmap = wxBitmap(image, wxBITMAP_SCREEN_DEPTH, scale);
     }

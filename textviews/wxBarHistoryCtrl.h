@@ -10,8 +10,14 @@
 #include <cstdint>
 #include <memory>
 
-class _BarHistory;
-struct _BarBounds;
+namespace textviews
+{
+class BarHistory;
+}
+namespace textviews
+{
+struct BarBounds;
+}
 
 /// A small chart of the recent history of one quantity: a bar of one pixel for each value, the
 /// newest at the right, with a level meter of the newest value across them. The tooltip tells the
@@ -59,15 +65,15 @@ private:
     void   RebuildTooltip();
     String TooltipText() const;
 
-    std::unique_ptr<_BarHistory> m_History;
-    std::unique_ptr<_BarBounds>  m_Bounds;
-    bool                         m_Empty = true; ///< No value since the start or `Clear`.
-    bool                         m_Dirty = true; ///< The bitmap is out of date.
-    wxBitmap                     m_Bitmap;
-    String                       m_TooltipPrefix;
-    String                       m_TooltipSuffix;
-    Time                         m_PeakTime;
-    wxVisualAttributes           m_Attributes; ///< The toolkit's, which nothing is drawn with.
+    std::unique_ptr<textviews::BarHistory> m_History;
+    std::unique_ptr<textviews::BarBounds>  m_Bounds;
+    bool                                   m_Empty = true; ///< No value since the start or `Clear`.
+    bool                                   m_Dirty = true; ///< The bitmap is out of date.
+    wxBitmap                               m_Bitmap;
+    String                                 m_TooltipPrefix;
+    String                                 m_TooltipSuffix;
+    Time                                   m_PeakTime;
+    wxVisualAttributes m_Attributes; ///< The toolkit's, which nothing is drawn with.
 
     wxDECLARE_EVENT_TABLE();
 };

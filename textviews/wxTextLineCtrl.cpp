@@ -1,13 +1,13 @@
 #include "textviews/wxTextLineCtrl.h"
 
-#include "appearance/_Port.h"
-#include "listviews/_ScrollModel.h"
-#include "textviews/_FontExtents.h"
-#include "textviews/_LineSearch.h"
-#include "textviews/_LineStore.h"
-#include "textviews/_TextCells.h"
-#include "textviews/_TextGeometry.h"
-#include "textviews/_TextSelection.h"
+#include "internal/port/Port.h"
+#include "internal/scrolling/ScrollModel.h"
+#include "textviews/drawing/FontExtents.h"
+#include "textviews/lines/LineStore.h"
+#include "textviews/lines/TextCells.h"
+#include "textviews/lines/TextGeometry.h"
+#include "textviews/lines/TextSelection.h"
+#include "textviews/search/LineSearch.h"
 #include "textviews/wxTextLineSearchPanel.h"
 #include "vesta/CallEntry.h"
 #include "vesta/Log.h"
@@ -59,16 +59,16 @@ wxEND_EVENT_TABLE()
 
 wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
     : wxDoubleBufferedWindow(parent, wxID_ANY, wxBORDER_NONE | wxWANTS_CHARS),
-      m_Font(_FontExtents::Get()),
-      m_Lines(std::make_unique<_LineStore>()),
-      m_Places(std::make_unique<_TextPlaces>()),
-      m_Selection(std::make_unique<_TextSelection>())
+      m_Font(textviews::_FontExtents::Get()),
+      m_Lines(std::make_unique<textviews::LineStore>()),
+      m_Places(std::make_unique<textviews::TextPlaces>()),
+      m_Selection(std::make_unique<textviews::TextSelection>())
 {
     CALL_ENTRY("wxTextLineCtrl::wxTextLineCtrl");
     Manage(this);
     m_BackgroundName = color_WindowBGLighter;
     RefreshColors();
-    _RefuseNativeScrollKeys(*this); // every key is passed on, and would scroll once more
+    internal::RefuseNativeScrollKeys(*this); // every key is passed on, and would scroll once more
     SetFont(m_Font.font);
     m_ColumnWidth = static_cast<int>(m_Font.columnWidth);
     m_LineHeight = static_cast<int>(m_Font.lineHeight);
@@ -82,7 +82,7 @@ wxTextLineCtrl::~wxTextLineCtrl()
     CALL_ENTRY("wxTextLineCtrl::~wxTextLineCtrl");
     if (m_MenuIsOpen)
     {
-        _ClosePopUps(); // its commands would go to a window that is no more
+        internal::ClosePopUps(); // its commands would go to a window that is no more
     }
     if (m_SearchPanel && GetParent() && !GetParent()->IsBeingDeleted())
     {
@@ -127,8 +127,8 @@ int wxTextLineCtrl::InsertSorted(const String& line)
     if (index < m_Lines->Count())
     {
         m_Selection->LineInserted(index);
-        m_MarkedLine = _IndexAfterInsert(m_MarkedLine, index);
-        m_HoverLine = _IndexAfterInsert(m_HoverLine, index);
+        m_MarkedLine = textviews::IndexAfterInsert(m_MarkedLine, index);
+        m_HoverLine = textviews::IndexAfterInsert(m_HoverLine, index);
         m_Places->Forget();
     }
     m_Lines->Insert(index, line);
@@ -137,7 +137,8 @@ int wxTextLineCtrl::InsertSorted(const String& line)
 
 void wxTextLineCtrl::Extend(const String& line)
 {
-    const int width = _ScrollRange(Saturated(_CellCount(line)) + 1, m_ColumnWidth);
+    const int width =
+        internal::ScrollRange(Saturated(textviews::CellCount(line)) + 1, m_ColumnWidth);
     m_ContentWidth = std::max(m_ContentWidth, width);
     LinesMoved();
 }
@@ -164,8 +165,8 @@ void wxTextLineCtrl::Erase(int index)
     }
     m_Lines->Erase(index);
     m_Selection->LineErased(index);
-    m_MarkedLine = _IndexAfterErase(m_MarkedLine, index);
-    m_HoverLine = _IndexAfterErase(m_HoverLine, index);
+    m_MarkedLine = textviews::IndexAfterErase(m_MarkedLine, index);
+    m_HoverLine = textviews::IndexAfterErase(m_HoverLine, index);
     m_Places->Forget();
     LinesMoved();
 }
@@ -261,12 +262,12 @@ void wxTextLineCtrl::ToggleSearch()
 bool wxTextLineCtrl::Search(const String& text, bool forward, bool caseSensitive)
 {
     CALL_ENTRY("wxTextLineCtrl::Search");
-    _LineSearch search;
+    textviews::LineSearch search;
     search.Begin(text, forward, caseSensitive, SearchStart(forward));
-    while (search.Step(*m_Lines, kSearchStep) == _LineSearch::State::Running)
+    while (search.Step(*m_Lines, kSearchStep) == textviews::LineSearch::State::Running)
     {
     }
-    if (search.GetState() != _LineSearch::State::Found)
+    if (search.GetState() != textviews::LineSearch::State::Found)
     {
         return false;
     }
@@ -280,12 +281,12 @@ int wxTextLineCtrl::SearchStart(bool forward) const
     {
         return forward ? m_MarkedLine + 1 : m_MarkedLine - 1;
     }
-    const _TextGeometry geometry = Geometry();
-    const int           last = geometry.LineAt(geometry.client.y - 1);
+    const textviews::TextGeometry geometry = Geometry();
+    const int                     last = geometry.LineAt(geometry.client.y - 1);
     return forward ? geometry.scroll.y / m_LineHeight : last == -1 ? m_Lines->Count() - 1 : last;
 }
 
-void wxTextLineCtrl::ShowHit(const _LineMatch& match)
+void wxTextLineCtrl::ShowHit(const textviews::LineMatch& match)
 {
     m_MarkedLine = match.line;
     m_MatchColumn = match.column;
@@ -294,16 +295,18 @@ void wxTextLineCtrl::ShowHit(const _LineMatch& match)
     Redraw();
 }
 
-void wxTextLineCtrl::ScrollIntoView(const _LineMatch& match)
+void wxTextLineCtrl::ScrollIntoView(const textviews::LineMatch& match)
 {
     AdjustScrollbars(); // they may take part of the view away
     const std::string_view text = m_Lines->Line(match.line);
     const int64_t          first = m_Places->AtColumn(match.line, text, match.column).cell;
     const int64_t end = m_Places->AtColumn(match.line, text, match.column + match.length).cell;
     // Half a cell of margin on either side, as the text itself has.
-    const _Stretch across{first * m_ColumnWidth, (end + 1) * m_ColumnWidth};
-    const _Stretch down{static_cast<int64_t>(match.line) * m_LineHeight,
-                        (static_cast<int64_t>(match.line) + 1) * m_LineHeight};
-    ScrollTo(wxVERTICAL, _PositionShowing(down, GetScrollPos(wxVERTICAL), GetClientSize().y));
-    ScrollTo(wxHORIZONTAL, _PositionShowing(across, GetScrollPos(wxHORIZONTAL), GetClientSize().x));
+    const textviews::Stretch across{first * m_ColumnWidth, (end + 1) * m_ColumnWidth};
+    const textviews::Stretch down{static_cast<int64_t>(match.line) * m_LineHeight,
+                                  (static_cast<int64_t>(match.line) + 1) * m_LineHeight};
+    ScrollTo(wxVERTICAL,
+             textviews::PositionShowing(down, GetScrollPos(wxVERTICAL), GetClientSize().y));
+    ScrollTo(wxHORIZONTAL,
+             textviews::PositionShowing(across, GetScrollPos(wxHORIZONTAL), GetClientSize().x));
 }

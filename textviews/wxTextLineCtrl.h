@@ -10,15 +10,42 @@
 
 class wxMenu;
 class wxTextLineSearchPanel;
-class _LineStore;
-class _LinePainter;
-class _TextPalette;
-class _TextPlaces;
-class _TextSelection;
-struct _FontExtents;
-struct _LineMatch;
-struct _LineState;
-struct _TextGeometry;
+namespace textviews
+{
+class LineStore;
+}
+namespace textviews
+{
+class LinePainter;
+}
+namespace textviews
+{
+class TextPalette;
+}
+namespace textviews
+{
+class TextPlaces;
+}
+namespace textviews
+{
+class TextSelection;
+}
+namespace textviews
+{
+struct textviews::_FontExtents;
+}
+namespace textviews
+{
+struct LineMatch;
+}
+namespace textviews
+{
+struct LineState;
+}
+namespace textviews
+{
+struct TextGeometry;
+}
 
 /// A read-only view of long logs and command output: whole lines of any bytes in one fixed-pitch
 /// font, with selection of lines, copying, saving, a context menu and a search bar. The line is the
@@ -119,12 +146,12 @@ protected:
 private:
     friend class wxTextLineSearchPanel;
 
-    _TextGeometry Geometry() const;
-    _TextPalette  Palette() const;
-    _LineState    StateOf(int line) const;
-    int           EndOfDrawnLines(const _TextGeometry& geometry) const;
-    void          DrawHit(const _TextGeometry& geometry, const _TextPalette& palette,
-                          _LinePainter& painter) const;
+    textviews::TextGeometry Geometry() const;
+    textviews::TextPalette  Palette() const;
+    textviews::LineState    StateOf(int line) const;
+    int                     EndOfDrawnLines(const textviews::TextGeometry& geometry) const;
+    void DrawHit(const textviews::TextGeometry& geometry, const textviews::TextPalette& palette,
+                 textviews::LinePainter& painter) const;
 
     int  InsertSorted(const String& line);
     void Extend(const String& line);
@@ -136,20 +163,20 @@ private:
 
     String SelectedText() const;
     int    SearchStart(bool forward) const;
-    void   ShowHit(const _LineMatch& match);
-    void   ScrollIntoView(const _LineMatch& match);
+    void   ShowHit(const textviews::LineMatch& match);
+    void   ScrollIntoView(const textviews::LineMatch& match);
 
-    const _FontExtents&             m_Font;
-    std::unique_ptr<_LineStore>     m_Lines;
-    std::unique_ptr<_TextPlaces>    m_Places;
-    int                             m_MarkedLine = -1;
-    int                             m_MatchColumn = -1;
-    int                             m_MatchLength = 0;
-    std::unique_ptr<_TextSelection> m_Selection;
-    bool                            m_Selecting = false; ///< The button is down, mouse captured.
-    bool                            m_MenuIsOpen = false;
-    int                             m_HoverLine = -1;
-    wxWeakRef<wxWindow>             m_SearchPanel; ///< Child of the parent.
+    const textviews::_FontExtents&            m_Font;
+    std::unique_ptr<textviews::LineStore>     m_Lines;
+    std::unique_ptr<textviews::TextPlaces>    m_Places;
+    int                                       m_MarkedLine = -1;
+    int                                       m_MatchColumn = -1;
+    int                                       m_MatchLength = 0;
+    std::unique_ptr<textviews::TextSelection> m_Selection;
+    bool                m_Selecting = false; ///< The button is down, mouse captured.
+    bool                m_MenuIsOpen = false;
+    int                 m_HoverLine = -1;
+    wxWeakRef<wxWindow> m_SearchPanel; ///< Child of the parent.
 
     wxDECLARE_EVENT_TABLE();
 };

@@ -2,8 +2,8 @@
 
 #include "appearance/wxTolvanString.h"
 #include "appearance/wxtTextCtrl.h"
-#include "textviews/_LineSearch.h"
-#include "textviews/_LineStore.h"
+#include "textviews/lines/LineStore.h"
+#include "textviews/search/LineSearch.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "vesta/CallEntry.h"
 
@@ -34,9 +34,9 @@ template <class Step> bool WorkForASlice(Step step)
 /// What goes on in idle time.
 struct wxTextLineSearchPanel::Work
 {
-    _LineSearch search;
-    _HitCounter counter;
-    bool        counted = true; ///< Nothing is left to count.
+    textviews::LineSearch search;
+    textviews::HitCounter counter;
+    bool                  counted = true; ///< Nothing is left to count.
 };
 
 wxTextLineSearchPanel::wxTextLineSearchPanel(wxTextLineCtrl* view, wxWindow* parent)
@@ -171,22 +171,25 @@ void wxTextLineSearchPanel::StopSearch()
 
 bool wxTextLineSearchPanel::IsSearching() const
 {
-    return m_Work->search.GetState() == _LineSearch::State::Running;
+    return m_Work->search.GetState() == textviews::LineSearch::State::Running;
 }
 
 // True when it has come to an end.
 bool wxTextLineSearchPanel::WorkOnSearch()
 {
     const auto step = [this]
-    { return m_Work->search.Step(*m_View->m_Lines, kStepBytes) != _LineSearch::State::Running; };
+    {
+        return m_Work->search.Step(*m_View->m_Lines, kStepBytes) !=
+               textviews::LineSearch::State::Running;
+    };
     return WorkForASlice(step);
 }
 
 void wxTextLineSearchPanel::FinishSearch()
 {
     ShowSearching(false);
-    const _LineSearch& search = m_Work->search;
-    if (search.GetState() == _LineSearch::State::NotFound)
+    const textviews::LineSearch& search = m_Work->search;
+    if (search.GetState() == textviews::LineSearch::State::NotFound)
     {
         ShowMessage(_("'%s' not found in that direction"), GetText());
         return;

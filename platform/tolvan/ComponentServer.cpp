@@ -4,9 +4,9 @@
 #include "tolvan/Framing.h"
 #include "tolvan/Message.h"
 #include "tolvan/SocketFolder.h"
-#include "tolvan/_FrameStream.h"
-#include "tolvan/_Guarded.h"
+#include "tolvan/threads/Guarded.h"
 #include "vesta/Platform.h"
+#include "wire/FrameStream.h"
 
 #include <boost/asio/executor_work_guard.hpp>
 #include <boost/asio/posix/stream_descriptor.hpp>
@@ -65,11 +65,12 @@ struct ComponentServer::State
     /// One connection, in either direction.
     struct Conversation : std::enable_shared_from_this<Conversation>
     {
-        Conversation(State& owner, _SocketHandle socket, const String& with)
+        Conversation(State& owner, wire::SocketHandle socket, const String& with)
             : state(owner),
               partner(with),
               deadline(owner.context),
-              stream(std::make_shared<_FrameStream>(owner.context, std::move(socket), kPatience))
+              stream(
+                  std::make_shared<wire::FrameStream>(owner.context, std::move(socket), kPatience))
         {
         }
 
@@ -77,11 +78,11 @@ struct ComponentServer::State
         void ExpectMore();
         void Close();
 
-        State&                        state;
-        String                        partner; ///< For the log.
-        asio::steady_timer            deadline;
-        bool                          isWaitedFor = true; ///< The partner owes us a frame.
-        std::shared_ptr<_FrameStream> stream;
+        State&                             state;
+        String                             partner; ///< For the log.
+        asio::steady_timer                 deadline;
+        bool                               isWaitedFor = true; ///< The partner owes us a frame.
+        std::shared_ptr<wire::FrameStream> stream;
     };
 
     State(const String& ownComponent, Handler ownHandler);
@@ -89,11 +90,11 @@ struct ComponentServer::State
     void Listen();
     void Accept();
     void TakeConnections();
-    void Serve(_SocketHandle socket);
+    void Serve(wire::SocketHandle socket);
     void Answer(Conversation& with, const String& content);
     bool SendTo(const Path& to, const String& component, const String& request,
                 const String& frame);
-    void AwaitAnswer(_SocketHandle socket, const String& component, const String& request,
+    void AwaitAnswer(wire::SocketHandle socket, const String& component, const String& request,
                      const String& rest);
     void CloseAll();
 
@@ -113,7 +114,7 @@ struct ComponentServer::State
 
 void ComponentServer::State::Conversation::Start(std::function<void(const String&)> onFrame)
 {
-    _FrameStream::Events events;
+    wire::FrameStream::Events events;
     events.frame = std::move(onFrame);
     events.closed = [self = shared_from_this()](const String& why)
     {
@@ -173,7 +174,7 @@ ComponentServer::State::State(const String& ownComponent, Handler ownHandler)
 void ComponentServer::State::Listen()
 {
     path = SocketFolder::ForProgram(component, Platform::GetProcessId());
-    listener.assign(_LocalSocket::Listen(path).Release());
+    listener.assign(wire::LocalSocket::Listen(path).Release());
     Accept();
 }
 
@@ -191,8 +192,8 @@ void ComponentServer::State::Accept()
 
 void ComponentServer::State::TakeConnections()
 {
-    _SocketHandle socket = _LocalSocket::Accept(listener.native_handle());
-    for (; socket.IsOpen(); socket = _LocalSocket::Accept(listener.native_handle()))
+    wire::SocketHandle socket = wire::LocalSocket::Accept(listener.native_handle());
+    for (; socket.IsOpen(); socket = wire::LocalSocket::Accept(listener.native_handle()))
     {
         Serve(std::move(socket));
     }
@@ -214,9 +215,9 @@ void ComponentServer::State::TakeConnections()
         });
 }
 
-void ComponentServer::State::Serve(_SocketHandle socket)
+void ComponentServer::State::Serve(wire::SocketHandle socket)
 {
-    const _LocalSocket::Peer peer = _LocalSocket::PeerOf(socket.Get());
+    const wire::LocalSocket::Peer peer = wire::LocalSocket::PeerOf(socket.Get());
     if (!peer.isOurs)
     {
         LogWarning(SFormat("Refused a connection of process %d, which belongs to user %d",
@@ -243,8 +244,8 @@ void ComponentServer::State::Answer(Conversation& with, const String& content)
 {
     const String request = DecodeAs(content, kRequest)->Get(kName);
     bool         done = false;
-    _Guarded("The request \"" + request + "\" from " + with.partner,
-             [&] { done = handler && handler(request); });
+    tolvan::Guarded("The request \"" + request + "\" from " + with.partner,
+                    [&] { done = handler && handler(request); });
     LogDebug("Answered the request \"" + request + "\" of " + with.partner + ": " +
              String::FromBool(done));
     with.stream->Send(AnswerFrame(done));
@@ -255,14 +256,14 @@ void ComponentServer::State::Answer(Conversation& with, const String& content)
 bool ComponentServer::State::SendTo(const Path& program, const String& to, const String& request,
                                     const String& frame)
 {
-    _SocketHandle socket = _LocalSocket::Connect(program);
+    wire::SocketHandle socket = wire::LocalSocket::Connect(program);
     if (!socket.IsOpen())
     {
         LogInfo("The request \"" + request + "\" did not reach " + program.Text() + ": " +
                 strerror(errno));
         return false;
     }
-    if (const _LocalSocket::Peer peer = _LocalSocket::PeerOf(socket.Get()); !peer.isOurs)
+    if (const wire::LocalSocket::Peer peer = wire::LocalSocket::PeerOf(socket.Get()); !peer.isOurs)
     {
         LogWarning(SFormat("%s is refused: process %d belongs to user %d", program.Text().c_str(),
                            peer.processId, peer.userId));
@@ -275,16 +276,16 @@ bool ComponentServer::State::SendTo(const Path& program, const String& to, const
         return false;
     }
     const size_t written = sent < 0 ? 0 : static_cast<size_t>(sent);
-    asio::post(context, [this, socket = std::make_shared<_SocketHandle>(std::move(socket)), to,
+    asio::post(context, [this, socket = std::make_shared<wire::SocketHandle>(std::move(socket)), to,
                          request, rest = String(frame.substr(written))]
                { AwaitAnswer(std::move(*socket), to, request, rest); });
     return true;
 }
 
-void ComponentServer::State::AwaitAnswer(_SocketHandle socket, const String& to,
+void ComponentServer::State::AwaitAnswer(wire::SocketHandle socket, const String& to,
                                          const String& request, const String& rest)
 {
-    const int  processId = _LocalSocket::PeerOf(socket.Get()).processId;
+    const int  processId = wire::LocalSocket::PeerOf(socket.Get()).processId;
     const auto conversation = std::make_shared<Conversation>(
         *this, std::move(socket), SFormat("%s (process %d)", to.c_str(), processId));
     conversations.insert(conversation);
@@ -335,16 +336,16 @@ bool ComponentServer::IsListening() const
 bool ComponentServer::Send(const String& component, const String& request)
 {
     bool taken = false;
-    _Guarded("Sending the request \"" + request + "\" to " + component,
-             [&]
-             {
-                 const String frame = RequestFrame(request);
-                 for (const Path& path : SocketFolder::Find(component))
-                 {
-                     taken = (path.Text() != m_State->path.Text() &&
-                              m_State->SendTo(path, component, request, frame)) ||
-                             taken;
-                 }
-             });
+    tolvan::Guarded("Sending the request \"" + request + "\" to " + component,
+                    [&]
+                    {
+                        const String frame = RequestFrame(request);
+                        for (const Path& path : SocketFolder::Find(component))
+                        {
+                            taken = (path.Text() != m_State->path.Text() &&
+                                     m_State->SendTo(path, component, request, frame)) ||
+                                    taken;
+                        }
+                    });
     return taken;
 }

@@ -1,6 +1,6 @@
 #include "tolvan/JobTypeInfo.h"
 
-#include "tolvan/_ModuleFile.h"
+#include "tolvan/modules/ModuleFile.h"
 #include "vesta/Exception.h"
 #include "vesta/Log.h"
 
@@ -30,7 +30,8 @@ struct KindName
 constexpr KindName kKindNames[] = {{"job", cmd_Job}, {"output", cmd_Output}, {"admin", cmd_Admin}};
 
 /// The NAME of a section "KIND NAME"; false when it is of another kind.
-bool TakeName(const _ModuleFile& file, const String& section, const String& kind, String& name)
+bool TakeName(const tolvan::ModuleFile& file, const String& section, const String& kind,
+              String& name)
 {
     const size_t blank = section.find_first_of(" \t");
     if (!String(section.substr(0, blank)).EqualsNoCase(kind))
@@ -55,7 +56,7 @@ constexpr struct
                    {"file", JobParamInfo::Kind::kFile},
                    {"folder", JobParamInfo::Kind::kFolder}};
 
-JobParamInfo::Kind ReadKind(const _ModuleFile& file, const String& section)
+JobParamInfo::Kind ReadKind(const tolvan::ModuleFile& file, const String& section)
 {
     const String text = file.Get(section, "Type").Trim();
     if (text.empty())
@@ -86,7 +87,7 @@ bool IsReference(const String& bound)
     return bound.size() > 2 && bound.front() == '%' && bound.back() == '%';
 }
 
-String ReadBound(const _ModuleFile& file, const String& section, const String& key,
+String ReadBound(const tolvan::ModuleFile& file, const String& section, const String& key,
                  JobParamInfo::Kind kind)
 {
     const String bound = file.Get(section, key).Trim();
@@ -117,7 +118,7 @@ bool IsInteger(const String& text)
     return String::FromInt(text.ToInt(0)) == text;
 }
 
-JobParamInfo ReadParameter(_ModuleFile& file, const String& section, const String& name)
+JobParamInfo ReadParameter(tolvan::ModuleFile& file, const String& section, const String& name)
 {
     file.ReportUnknownKeys(section,
                            {"Description", "Default", "Choices", "Type", "Minimum", "Maximum"});
@@ -145,7 +146,7 @@ JobParamInfo ReadParameter(_ModuleFile& file, const String& section, const Strin
     return info;
 }
 
-int32_t ReadFlags(const _ModuleFile& file, const String& section, int32_t otherwise)
+int32_t ReadFlags(const tolvan::ModuleFile& file, const String& section, int32_t otherwise)
 {
     const std::vector<String> names = file.GetList(section, "Flags");
     int32_t                   flags = names.empty() ? otherwise : 0;
@@ -164,7 +165,7 @@ int32_t ReadFlags(const _ModuleFile& file, const String& section, int32_t otherw
     return flags;
 }
 
-CommandInfo ReadCommand(_ModuleFile& file, const String& section, const String& name)
+CommandInfo ReadCommand(tolvan::ModuleFile& file, const String& section, const String& name)
 {
     file.ReportUnknownKeys(section, {"Flags", "Description", "Items", "States", "Separator"});
     const bool  isSeparator = file.GetBool(section, "Separator");
@@ -182,8 +183,8 @@ CommandInfo ReadCommand(_ModuleFile& file, const String& section, const String& 
 
 boost::shared_ptr<const JobTypeInfo> JobTypeInfo::Load(const Path& path)
 {
-    _ModuleFile file(path, k_Limit);
-    const auto  info = boost::shared_ptr<JobTypeInfo>(new JobTypeInfo);
+    tolvan::ModuleFile file(path, k_Limit);
+    const auto         info = boost::shared_ptr<JobTypeInfo>(new JobTypeInfo);
     info->m_File = path;
     if (!file.HasSection(kType))
     {

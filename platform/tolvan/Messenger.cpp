@@ -3,9 +3,9 @@
 #include "tolvan/Framing.h"
 #include "tolvan/MessageQueue.h"
 #include "tolvan/SocketFolder.h"
-#include "tolvan/_FrameStream.h"
-#include "tolvan/_Guarded.h"
+#include "tolvan/threads/Guarded.h"
 #include "vesta/Platform.h"
+#include "wire/FrameStream.h"
 
 #include <boost/asio/executor_work_guard.hpp>
 #include <boost/asio/post.hpp>
@@ -46,7 +46,7 @@ struct Messenger::State
     void TryConnect();
     void ConnectLater();
     void ReportFailure(const String& why);
-    void Open(_SocketHandle socket);
+    void Open(wire::SocketHandle socket);
     void OnFrame(const String& content);
     void OnWritten(size_t count);
     void OnClosed(const String& why);
@@ -66,14 +66,14 @@ struct Messenger::State
     bool                isStopping = false; ///< Under `raising`.
 
     // The rest belongs to the thread.
-    asio::io_context              context{1};
-    std::optional<WorkGuard>      work;
-    asio::steady_timer            timer{context}; ///< Next attempt; at the end: end of draining.
-    std::shared_ptr<_FrameStream> stream;
-    String                        master; ///< For the log.
-    milliseconds                  pause = kFirstPause;
-    String                        lastFailure; ///< As logged; empty after a success.
-    bool                          isEnding = false;
+    asio::io_context         context{1};
+    std::optional<WorkGuard> work;
+    asio::steady_timer       timer{context}; ///< Next attempt; at the end: end of draining.
+    std::shared_ptr<wire::FrameStream> stream;
+    String                             master; ///< For the log.
+    milliseconds                       pause = kFirstPause;
+    String                             lastFailure; ///< As logged; empty after a success.
+    bool                               isEnding = false;
 };
 
 void Messenger::State::Connect()
@@ -93,14 +93,14 @@ void Messenger::State::Connect()
 
 void Messenger::State::TryConnect()
 {
-    const Path    path = SocketFolder::ForMaster();
-    _SocketHandle socket = _LocalSocket::Connect(path);
+    const Path         path = SocketFolder::ForMaster();
+    wire::SocketHandle socket = wire::LocalSocket::Connect(path);
     if (!socket.IsOpen())
     {
         Exception::Throw("Messenger", "TryConnect", ec_Refused,
                          "no master answers at " + path.Text(), strerror(errno));
     }
-    const _LocalSocket::Peer peer = _LocalSocket::PeerOf(socket.Get());
+    const wire::LocalSocket::Peer peer = wire::LocalSocket::PeerOf(socket.Get());
     master = SFormat("the master (process %d)", peer.processId);
     if (!peer.isOurs)
     {
@@ -134,14 +134,14 @@ void Messenger::State::ReportFailure(const String& why)
     }
 }
 
-void Messenger::State::Open(_SocketHandle socket)
+void Messenger::State::Open(wire::SocketHandle socket)
 {
     const String hello = Framing::Wrap(Message(msg_Hello)
                                            .Set("component", component)
                                            .Set("user", Platform::GetCurrentUserName())
                                            .Encode());
-    stream = std::make_shared<_FrameStream>(context, std::move(socket), kStallTime);
-    _FrameStream::Events events;
+    stream = std::make_shared<wire::FrameStream>(context, std::move(socket), kStallTime);
+    wire::FrameStream::Events events;
     events.frame = [this](const String& content) { OnFrame(content); };
     events.written = [this](size_t count) { OnWritten(count); };
     events.closed = [this](const String& why) { OnClosed(why); };
@@ -232,7 +232,7 @@ void Messenger::State::Raise(const char* what, const std::function<void()>& rais
     const std::lock_guard<std::mutex> lock(raising);
     if (!isStopping)
     {
-        _Guarded(what, raise);
+        tolvan::Guarded(what, raise);
     }
 }
 
@@ -327,8 +327,8 @@ bool Messenger::Send(const Message& message)
 {
     State& state = *m_State;
     String frame;
-    if (!state.isConnected || !_Guarded("Sending a message to the master",
-                                        [&] { frame = Framing::Wrap(message.Encode()); }))
+    if (!state.isConnected || !tolvan::Guarded("Sending a message to the master",
+                                               [&] { frame = Framing::Wrap(message.Encode()); }))
     {
         return false;
     }

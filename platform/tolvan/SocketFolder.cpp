@@ -1,9 +1,9 @@
 #include "tolvan/SocketFolder.h"
 
-#include "tolvan/_LocalSocket.h"
 #include "vesta/Exception.h"
 #include "vesta/File.h"
 #include "vesta/Log.h"
+#include "wire/LocalSocket.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -35,7 +35,7 @@ void MakePrivate(const Path& folder)
     {
         Refuse(folder, String("it cannot be created, ") + strerror(errno));
     }
-    const _SocketHandle opened(
+    const wire::SocketHandle opened(
         open(folder.Text().c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     if (!opened.IsOpen())
     {
@@ -90,7 +90,7 @@ enum class Answer
 
 Answer TakesConnections(const Path& path)
 {
-    if (_LocalSocket::Connect(path).IsOpen() || errno == EAGAIN)
+    if (wire::LocalSocket::Connect(path).IsOpen() || errno == EAGAIN)
     {
         return Answer::kYes; // EAGAIN: it is there, but has too much to do at the moment.
     }

@@ -1,7 +1,7 @@
 #include "vesta/CallEntry.h"
 
 #include "vesta/Log.h"
-#include "vesta/_CallTrace.h"
+#include "vesta/trace/CallTrace.h"
 
 #include <algorithm>
 #include <cxxabi.h>
@@ -48,7 +48,7 @@ void PrintTrace() noexcept
 
 } // namespace
 
-void _ForgetPrintedTraces() noexcept
+void vesta::ForgetPrintedTraces() noexcept
 {
     t_Trace.printed &= UpTo(static_cast<unsigned>(std::uncaught_exceptions()));
 }

@@ -1,6 +1,6 @@
 #include "vesta/Exception.h"
 
-#include "vesta/_CallTrace.h"
+#include "vesta/trace/CallTrace.h"
 
 #include <cerrno>
 #include <system_error>
@@ -9,7 +9,7 @@ Exception::Exception(const String& className, const String& method, int code, co
                      const String& text2)
     : m_Class(className), m_Method(method), m_Code(code), m_Text(text), m_Text2(text2)
 {
-    _ForgetPrintedTraces();
+    vesta::ForgetPrintedTraces();
 }
 
 Exception::~Exception() = default;

@@ -2,8 +2,8 @@
 
 #include "vesta/CallEntry.h"
 #include "vesta/Exception.h"
-#include "vesta/_Descriptor.h"
-#include "vesta/_TemporaryFile.h"
+#include "vesta/files/Descriptor.h"
+#include "vesta/files/TemporaryFile.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -41,7 +41,7 @@ String HomeFolder()
 
 /// Reads to the real end: the file may grow meanwhile, and some files report no size. False when
 /// there are more than `limit` bytes.
-bool ReadToEnd(const Path& path, const _Descriptor& file, size_t limit, String& content)
+bool ReadToEnd(const Path& path, const vesta::Descriptor& file, size_t limit, String& content)
 {
     char block[65536];
     while (content.size() <= limit)
@@ -135,8 +135,8 @@ String File::Read(const Path& path, size_t limit)
     CALL_ENTRY("File::Read");
     const String& name = path.Text();
     // Without waiting: a pipe in the file's place must not block the program.
-    const _Descriptor file(_Descriptor::Open(name, O_RDONLY | O_NONBLOCK));
-    struct stat       status
+    const vesta::Descriptor file(vesta::Descriptor::Open(name, O_RDONLY | O_NONBLOCK));
+    struct stat             status
     {
     };
     if (!file.IsOpen() || fstat(file.Get(), &status) != 0)
@@ -185,7 +185,7 @@ void File::CheckReplaceable(const Path& path)
 {
     const String& fileName = path.Text();
     const String  failure = "Cannot write \"" + fileName + "\"";
-    if (!_MayWrite(_FolderOf(fileName).Text()))
+    if (!vesta::MayWrite(vesta::FolderOf(fileName).Text()))
     {
         Exception::ThrowErrno("File", "WriteAtomically", failure);
     }
@@ -202,7 +202,7 @@ void File::CheckReplaceable(const Path& path)
     }
     // Renaming over a file asks only for the folder's permission, and root may write everything:
     // what the owner's mode forbids is looked up here.
-    if ((status.st_mode & S_IWUSR) == 0 || !_MayWrite(fileName))
+    if ((status.st_mode & S_IWUSR) == 0 || !vesta::MayWrite(fileName))
     {
         Exception::Throw("File", "WriteAtomically", ec_System, failure, "It is write-protected");
     }
@@ -214,9 +214,9 @@ bool File::WriteAtomically(const Path& path, const String& content,
     CALL_ENTRY("File::WriteAtomically");
     const String target = FollowLinks(path).Text();
     CheckReplaceable(target);
-    const Path     folder = _FolderOf(target);
-    _TemporaryFile file(folder);
-    const bool     isFilled = file.Fill(content);
+    const Path           folder = vesta::FolderOf(target);
+    vesta::TemporaryFile file(folder);
+    const bool           isFilled = file.Fill(content);
     if (isFilled && mayReplace && !mayReplace())
     {
         return false;
@@ -225,7 +225,7 @@ bool File::WriteAtomically(const Path& path, const String& content,
     {
         Exception::ThrowErrno("File", "WriteAtomically", "Cannot write \"" + target + "\"");
     }
-    _SyncFolder(folder);
+    vesta::SyncFolder(folder);
     return true;
 }
 

@@ -2,7 +2,7 @@
 
 #include "vesta/CallEntry.h"
 #include "vesta/Log.h"
-#include "vesta/_Descriptor.h"
+#include "vesta/files/Descriptor.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -175,7 +175,7 @@ Result Take(const String& name, int& descriptor, Clock::time_point deadline,
 {
     // The lock file stays for good: removing it would let two programs lock two different files of
     // that name. A link in its place is none of ours.
-    descriptor = _Descriptor::Open(name, O_RDWR | O_CREAT | O_NOFOLLOW, kPrivateFile);
+    descriptor = vesta::Descriptor::Open(name, O_RDWR | O_CREAT | O_NOFOLLOW, kPrivateFile);
     if (descriptor < 0)
     {
         return Result::kFailed;

@@ -1,7 +1,7 @@
 #include "vesta/IniDocument.h"
 
 #include "vesta/CallEntry.h"
-#include "vesta/_IniText.h"
+#include "vesta/files/IniText.h"
 
 #include <algorithm>
 #include <iterator>
@@ -14,8 +14,8 @@ const String kByteOrderMark = "\xEF\xBB\xBF";
 
 bool IsBlankLine(const String& line)
 {
-    const size_t end = _IniText::ContentLength(line);
-    return _IniText::SkipBlanks(line, 0, end) == end;
+    const size_t end = vesta::IniText::ContentLength(line);
+    return vesta::IniText::SkipBlanks(line, 0, end) == end;
 }
 
 /// The names of a map's entries, sorted by their `order`.
@@ -91,8 +91,8 @@ std::vector<int> IniDocument::Parse(const String& text)
 
 bool IniDocument::ParseLine(Lines::iterator line, Section*& current)
 {
-    const size_t end = _IniText::ContentLength(line->text);
-    const size_t start = _IniText::SkipBlanks(line->text, 0, end);
+    const size_t end = vesta::IniText::ContentLength(line->text);
+    const size_t start = vesta::IniText::SkipBlanks(line->text, 0, end);
     if (start == end || line->text[start] == ';' || line->text[start] == '#')
     {
         return true;
@@ -104,7 +104,7 @@ bool IniDocument::ParseLine(Lines::iterator line, Section*& current)
 bool IniDocument::ParseHeader(Lines::iterator line, size_t bracket, Section*& current)
 {
     String name;
-    if (!_IniText::ReadSectionName(line->text, bracket, name))
+    if (!vesta::IniText::ReadSectionName(line->text, bracket, name))
     {
         return false;
     }
@@ -119,7 +119,7 @@ bool IniDocument::ParseValue(Lines::iterator line, size_t start, Section* curren
 {
     String key;
     size_t valueStart = 0;
-    if (!_IniText::ReadKey(line->text, start, key, valueStart))
+    if (!vesta::IniText::ReadKey(line->text, start, key, valueStart))
     {
         return false;
     }
@@ -165,7 +165,7 @@ bool IniDocument::Has(const String& section, const String& key) const
 String IniDocument::Get(const String& section, const String& key) const
 {
     const Entry* const entry = Find(section, key);
-    return entry ? _IniText::ReadValue(entry->line->text, entry->line->valueStart) : String();
+    return entry ? vesta::IniText::ReadValue(entry->line->text, entry->line->valueStart) : String();
 }
 
 int IniDocument::LineOf(const String& section, const String& key) const
@@ -201,7 +201,7 @@ void IniDocument::InsertSection(const String& section)
         InsertLine(m_Lines.end(), String());
     }
     Section* const added = GetSection(section);
-    added->last = InsertLine(m_Lines.end(), "[" + _IniText::WriteSectionName(section) + "]");
+    added->last = InsertLine(m_Lines.end(), "[" + vesta::IniText::WriteSectionName(section) + "]");
     added->last->section = added;
     added->hasLast = true;
 }
@@ -211,10 +211,11 @@ void IniDocument::Set(const String& section, const String& key, const String& va
     if (const Entry* const entry = Find(section, key))
     {
         Line& line = *entry->line;
-        if (_IniText::ReadValue(line.text, line.valueStart) != value)
+        if (vesta::IniText::ReadValue(line.text, line.valueStart) != value)
         {
-            const size_t end = _IniText::ContentLength(line.text);
-            line.text.replace(line.valueStart, end - line.valueStart, _IniText::WriteValue(value));
+            const size_t end = vesta::IniText::ContentLength(line.text);
+            line.text.replace(line.valueStart, end - line.valueStart,
+                              vesta::IniText::WriteValue(value));
         }
         return;
     }
@@ -296,8 +297,8 @@ IniDocument::Lines::iterator IniDocument::PlaceOfFirstUnnamed()
 void IniDocument::AddValue(Section& section, const String& key, const String& value)
 {
     const auto   before = section.hasLast ? std::next(section.last) : PlaceOfFirstUnnamed();
-    const String start = _IniText::WriteKey(key) + (value.empty() ? " =" : " = ");
-    const auto   line = InsertLine(before, start + _IniText::WriteValue(value));
+    const String start = vesta::IniText::WriteKey(key) + (value.empty() ? " =" : " = ");
+    const auto   line = InsertLine(before, start + vesta::IniText::WriteValue(value));
     line->section = &section;
     line->valueStart = start.size();
     section.last = line;
@@ -351,8 +352,8 @@ void IniDocument::EraseValues(Section& section, const String* key)
         String     name;
         size_t     valueStart = 0;
         if (current->section == &section && current->valueStart > 0 &&
-            (!key || (_IniText::ReadKey(current->text, current->text.find_first_not_of(" \t"), name,
-                                        valueStart) &&
+            (!key || (vesta::IniText::ReadKey(current->text, current->text.find_first_not_of(" \t"),
+                                              name, valueStart) &&
                       name.EqualsNoCase(*key))))
         {
             EraseLine(current);

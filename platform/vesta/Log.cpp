@@ -3,7 +3,7 @@
 #include "vesta/CallEntry.h"
 #include "vesta/Exception.h"
 #include "vesta/File.h"
-#include "vesta/_Descriptor.h"
+#include "vesta/files/Descriptor.h"
 
 #include <spdlog/details/log_msg.h>
 #include <spdlog/sinks/base_sink.h>
@@ -67,9 +67,9 @@ protected:
     void flush_() override { fsync(m_File.Get()); }
 
 private:
-    _Descriptor      m_File;
-    bool             m_Failing = false;
-    std::atomic<int> m_NewError{0};
+    vesta::Descriptor m_File;
+    bool              m_Failing = false;
+    std::atomic<int>  m_NewError{0};
 };
 
 using SinkFunction = void (*)(void* data, LogLevel level, const String& text);
@@ -169,7 +169,8 @@ bool Log::Open(const String& fileName)
     try
     {
         File::MakeFolder(Path(fileName).Branch());
-        const int descriptor = _Descriptor::Open(fileName, O_WRONLY | O_CREAT | O_APPEND, kMode);
+        const int descriptor =
+            vesta::Descriptor::Open(fileName, O_WRONLY | O_CREAT | O_APPEND, kMode);
         if (descriptor < 0)
         {
             Exception::ThrowErrno("Log", "Open", "Cannot write the log file \"" + fileName + "\"");

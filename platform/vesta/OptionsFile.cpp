@@ -2,7 +2,7 @@
 
 #include "vesta/CallEntry.h"
 #include "vesta/Exception.h"
-#include "vesta/_DelayedTask.h"
+#include "vesta/tasks/DelayedTask.h"
 
 #include <exception>
 
@@ -18,7 +18,7 @@ constexpr std::chrono::milliseconds kAtOnce{0};
 
 OptionsFile::OptionsFile(const Path& path)
     : IniFile(path),
-      m_Writer(std::make_unique<_DelayedTask>(
+      m_Writer(std::make_unique<vesta::DelayedTask>(
           [this]
           {
               if (m_Pauses == 0) // Else the end of the pause asks again.

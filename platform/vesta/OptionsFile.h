@@ -7,7 +7,10 @@
 #include <chrono>
 #include <memory>
 
-class _DelayedTask;
+namespace vesta
+{
+class DelayedTask;
+}
 
 /// The options file of a program. Changes are written by themselves, on a thread of the file's own:
 /// what is changed within a quarter of a second together, unless automatic writing is paused; then
@@ -48,7 +51,7 @@ private:
     void WriteSoon(std::chrono::milliseconds time) noexcept;
     bool Write();
 
-    std::atomic<int>              m_Pauses{0};
-    std::atomic<bool>             m_FailureLogged{false};
-    std::unique_ptr<_DelayedTask> m_Writer; ///< Never null but at the end.
+    std::atomic<int>                    m_Pauses{0};
+    std::atomic<bool>                   m_FailureLogged{false};
+    std::unique_ptr<vesta::DelayedTask> m_Writer; ///< Never null but at the end.
 };

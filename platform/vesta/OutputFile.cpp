@@ -2,7 +2,7 @@
 
 #include "vesta/CallEntry.h"
 #include "vesta/Exception.h"
-#include "vesta/_OutputTarget.h"
+#include "vesta/files/OutputTarget.h"
 
 #include <cerrno>
 
@@ -15,7 +15,7 @@ constexpr size_t kBuffer = 64 * 1024; // bytes
 
 } // namespace
 
-OutputFile::OutputFile(const Path& path) : m_Path(path), m_Target(new _OutputTarget(path))
+OutputFile::OutputFile(const Path& path) : m_Path(path), m_Target(new vesta::OutputTarget(path))
 {
     CALL_ENTRY("OutputFile::OutputFile");
     if (!m_Target->IsOpen())

@@ -6,7 +6,10 @@
 
 #include <memory>
 
-class _OutputTarget;
+namespace vesta
+{
+class OutputTarget;
+}
 
 /// A file that is written from its start, buffered. An ordinary file keeps its old content until
 /// `Close` has put the new one in its place, with the same owner and mode: a full disk, a crash or
@@ -33,8 +36,8 @@ private:
     void              WriteOut(const char* bytes, size_t count);
     [[noreturn]] void Fail(const char* method);
 
-    Path                           m_Path;
-    std::unique_ptr<_OutputTarget> m_Target; ///< Never null; closed after `Close`.
-    String                         m_Buffer;
-    bool                           m_IsIncomplete = false; ///< A write has failed.
+    Path                                 m_Path;
+    std::unique_ptr<vesta::OutputTarget> m_Target; ///< Never null; closed after `Close`.
+    String                               m_Buffer;
+    bool                                 m_IsIncomplete = false; ///< A write has failed.
 };

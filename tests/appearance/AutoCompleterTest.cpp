@@ -1,4 +1,4 @@
-#include "appearance/_Vocabulary.h"
+#include "appearance/completion/Vocabulary.h"
 #include "appearance/wxtAutoCompleter.h"
 #include "vesta/File.h"
 
@@ -56,7 +56,7 @@ String Proposals(wxtAutoCompleter& completer, const wxString& text)
 
 TEST(VocabularyTest, OrdersWithoutCaseAndKeepsTheFirstOfEachWord)
 {
-    const _Vocabulary words(
+    const appearance::Vocabulary words(
         {"beta", "Alpha", "ALPHA", "alp", "al_", "Beta", "\xc3\xa4", "\xc3\x84"});
     String all;
     for (const auto* word = words.LowerBound(""); word != words.End(); ++word)

@@ -1,8 +1,8 @@
 #include "tests/appearance/InputsTest.h"
-#include "appearance/_PortStyle.h"
 #include "appearance/wxtCheckListBox.h"
 #include "appearance/wxtGenericValidator.h"
 #include "appearance/wxtTextCtrl.h"
+#include "internal/port/PortStyle.h"
 #include "tests/support/EventCounter.h"
 #include "tests/support/Pictures.h"
 #include "tests/support/TestApp.h"
@@ -23,13 +23,14 @@ TEST_F(InputsTest, FieldCompletesWhatIsTypedAndTellsOfEachChange)
         // Again where the list was just being made: it misses the keys then.
         Press(WXK_BACK);
         Press('O');
-        EXPECT_TRUE(WaitFor(_CompletionsAreOpen));
+        EXPECT_TRUE(WaitFor(internal::CompletionsAreOpen));
         Press(WXK_DOWN);
         Press(WXK_RETURN);
         return WaitFor([&] { return field->GetValue() == "1:Off"; }, 500);
     };
     EXPECT_TRUE(WaitFor(taken)) << field->GetValue();
-    EXPECT_TRUE(WaitFor([] { return !_CompletionsAreOpen(); })) << "nothing is left to complete";
+    EXPECT_TRUE(WaitFor([] { return !internal::CompletionsAreOpen(); }))
+        << "nothing is left to complete";
 }
 
 TEST_F(InputsTest, TabLeavesAFieldWhoseCompletionsAreOpen)
@@ -43,11 +44,12 @@ TEST_F(InputsTest, TabLeavesAFieldWhoseCompletionsAreOpen)
         const auto opened = [&, from = from]
         {
             Press('O');
-            return WaitFor(_CompletionsAreOpen, 500);
+            return WaitFor(internal::CompletionsAreOpen, 500);
         };
         ASSERT_TRUE(WaitFor(opened));
         Press(WXK_TAB, modifiers);
-        EXPECT_TRUE(WaitFor([to = to] { return to->HasFocus() && !_CompletionsAreOpen(); }));
+        EXPECT_TRUE(
+            WaitFor([to = to] { return to->HasFocus() && !internal::CompletionsAreOpen(); }));
     }
 }
 
@@ -66,7 +68,7 @@ TEST_F(InputsTest, FieldCompletesNothingWhereStyleOrOptionsForbid)
         Focus(field);
         Press('O');
         ASSERT_TRUE(WaitFor([&] { return field->GetValue() == "o"; })) << field->GetValue();
-        EXPECT_FALSE(WaitFor(_CompletionsAreOpen, 300)) << one.style << one.option;
+        EXPECT_FALSE(WaitFor(internal::CompletionsAreOpen, 300)) << one.style << one.option;
         field->Destroy();
     }
 }

@@ -1,5 +1,5 @@
-#include "appearance/_PortStyle.h"
 #include "appearance/wxtTextCtrl.h"
+#include "internal/port/PortStyle.h"
 #include "tests/appearance/InputsTest.h"
 #include "tests/support/EventCounter.h"
 #include "tests/support/Pictures.h"
@@ -213,7 +213,7 @@ TEST_F(InputsTest, WhatHasAnOpenListMayGo)
         const auto isOpen = [&]
         {
             const auto* const combo = dynamic_cast<wxtComboBox*>(control.get());
-            return combo ? combo->IsPopupShown() : _CompletionsAreOpen();
+            return combo ? combo->IsPopupShown() : internal::CompletionsAreOpen();
         };
         bool       hasActed = false;
         bool       isArmed = one.event == wxEVT_COMBOBOX_DROPDOWN;
@@ -246,14 +246,14 @@ TEST_F(InputsTest, WhatHasAnOpenListMayGo)
         {
             if (hasActed || (!isOpen() && !opened()))
             {
-                return hasActed && !isOpen() && !_CompletionsAreOpen();
+                return hasActed && !isOpen() && !internal::CompletionsAreOpen();
             }
             Press(WXK_DOWN);
             Press(WXK_RETURN);
             return WaitFor([&] { return hasActed; }, 500);
         };
         EXPECT_TRUE(WaitFor(isOver)) << count;
-        EXPECT_TRUE(WaitFor([&] { return !isOpen() && !_CompletionsAreOpen(); })) << count;
+        EXPECT_TRUE(WaitFor([&] { return !isOpen() && !internal::CompletionsAreOpen(); })) << count;
         EXPECT_EQ(one.act != static_cast<void (*)(wxWindow&)>(destroy), bool(control)) << count;
         page->Destroy();
         PumpEvents();

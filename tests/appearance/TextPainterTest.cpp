@@ -1,4 +1,4 @@
-#include "appearance/_TextPainter.h"
+#include "internal/text/TextPainter.h"
 
 #include "tests/support/FrameTest.h"
 #include "tests/support/Pictures.h"
@@ -81,7 +81,7 @@ TEST_F(TextPainterTest, AgreesWithTheToolkit)
             const wxImage      ours = Draw(
                 [&](wxMemoryDC& dc)
                 {
-                    _TextPainter painter(dc, font);
+                    internal::TextPainter painter(dc, font);
                     EXPECT_TRUE(painter.IsFast());
                     painter.SetColour(kInk);
                     for (size_t i = 0; i < characters.size(); ++i)
@@ -118,7 +118,7 @@ TEST_F(TextPainterTest, RunsAgreeWithTheToolkit)
             const wxImage      ours = Draw(
                 [&](wxMemoryDC& dc)
                 {
-                    _TextPainter              painter(dc, font);
+                    internal::TextPainter     painter(dc, font);
                     const std::vector<double> ends = painter.Ends(characters);
                     isRun = !ends.empty();
                     painter.SetColour(kInk);
@@ -132,9 +132,9 @@ TEST_F(TextPainterTest, RunsAgreeWithTheToolkit)
                 << Kept(ours, "run-ours") << " " << Kept(theirs, "run-theirs");
         }
     }
-    wxBitmap     bitmap(10, 10);
-    wxMemoryDC   dc(bitmap);
-    _TextPainter painter(dc, kFonts[0]);
+    wxBitmap              bitmap(10, 10);
+    wxMemoryDC            dc(bitmap);
+    internal::TextPainter painter(dc, kFonts[0]);
     for (const wchar_t* const other : {L"", L"e\u0301", L"\u05d0\u05d1", L"a\tb", L"\u65e5"})
     {
         EXPECT_TRUE(painter.Ends(other).empty()) << wxString(other);
@@ -147,7 +147,7 @@ TEST_F(TextPainterTest, SqueezesWhatIsTooWide)
     const wxImage picture = Draw(
         [&](wxMemoryDC& dc)
         {
-            _TextPainter painter(dc, kFonts[1]);
+            internal::TextPainter painter(dc, kFonts[1]);
             painter.SetColour(kInk);
             painter.DrawCell(wide, 1, 10, 5, 4);
         });
@@ -171,7 +171,7 @@ TEST_F(TextPainterTest, ClipsToRectangles)
     const wxImage picture = Draw(
         [&](wxMemoryDC& dc)
         {
-            _TextPainter painter(dc, kFonts[1]);
+            internal::TextPainter painter(dc, kFonts[1]);
             painter.ClipTo({wxRect(0, 0, 5, 40)});
             painter.SetColour(kInk);
             painter.DrawCell(block, 1, 0, 5, kCell);

@@ -3,7 +3,7 @@
 #include "tests/support/EventCounter.h"
 
 #include "appearance/wxtButton.h"
-#include "shell/_Geometry.h"
+#include "internal/windows/Geometry.h"
 #include "shell/wxTolvanFrame.h"
 
 #include <wx/settings.h>
@@ -47,7 +47,7 @@ size_t OpenCount(const String& name)
 class ManyScreens : public DialogTest
 {
 protected:
-    ~ManyScreens() override { _Displays::Get() = _Displays::Real(); }
+    ~ManyScreens() override { internal::Displays::Get() = internal::Displays::Real(); }
 };
 } // namespace
 

@@ -1,5 +1,5 @@
-#include "appearance/_PortStyle.h"
 #include "dialogs/wxTextFromUserDlg.h"
+#include "internal/port/PortStyle.h"
 #include "tests/dialogs/DialogTest.h"
 
 #include <wx/valtext.h>
@@ -44,7 +44,7 @@ TEST_F(DialogTest, TextIsAskedForUntilTheValidatorAgrees)
             // Again where the list was just being made: it misses the keys then.
             Press(WXK_BACK);
             Press('O');
-            EXPECT_TRUE(WaitFor(_CompletionsAreOpen));
+            EXPECT_TRUE(WaitFor(internal::CompletionsAreOpen));
             Press(WXK_DOWN);
             Press(WXK_RETURN);
             return WaitFor([&] { return dialog.GetValue() == "Off"; }, 500);

@@ -1,7 +1,7 @@
 #include "tests/hands/HandsTest.h"
 
-#include "appearance/_PortStyle.h"
 #include "appearance/wxTolvanColors.h"
+#include "internal/port/PortStyle.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxtListCtrl.h"
 #include "tests/support/TestApp.h"
@@ -112,7 +112,7 @@ wxRect RowOnScreen(wxtListCtrl& list)
 bool HasOpenList(wxWindow* control)
 {
     const auto* const combo = dynamic_cast<wxComboCtrlBase*>(control);
-    return _CompletionsAreOpen() || (combo && combo->IsPopupShown());
+    return internal::CompletionsAreOpen() || (combo && combo->IsPopupShown());
 }
 
 void RunDialog(wxTopLevelWindow& parent)

@@ -1,5 +1,5 @@
-#include "listviews/_ListGeometry.h"
-#include "listviews/_ListSelection.h"
+#include "listviews/cells/ListGeometry.h"
+#include "listviews/model/ListSelection.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 
 TEST(ListGeometry, EdgesAndPlacesFollowTheScrollPosition)
 {
-    _ListGeometry list;
+    listviews::ListGeometry list;
     list.rowHeight = 20;
     list.scroll = wxPoint(50, 30);
     list.client = wxSize(200, 100);
@@ -41,24 +41,24 @@ TEST(ListGeometry, EdgesAndPlacesFollowTheScrollPosition)
 
 TEST(ListGeometry, HugeListsDoNotWrap)
 {
-    _ListGeometry list;
+    listviews::ListGeometry list;
     list.rowHeight = 19;
     list.scroll.y = INT_MAX - 19;
     list.client = wxSize(200, 100);
-    const int last = _MostRows(19) - 1;
+    const int last = listviews::MostRows(19) - 1;
     EXPECT_GE(list.RowRect(last).y, -19);
     EXPECT_LT(list.RowRect(0).y, -1000000);
     EXPECT_GT(list.RowRect(INT_MAX).y, 1000000);
-    EXPECT_EQ(INT_MAX, _ContentWidth(std::vector<int>(100000, 100000)));
+    EXPECT_EQ(INT_MAX, listviews::ContentWidth(std::vector<int>(100000, 100000)));
 }
 
 // Against the plain way, with rows that come and go meanwhile.
 TEST(ListSelection, KeepsTheOrderOfSelection)
 {
-    std::mt19937     random{5};
-    _ListSelection   selection;
-    std::vector<int> expected;
-    int              rows = 100;
+    std::mt19937             random{5};
+    listviews::ListSelection selection;
+    std::vector<int>         expected;
+    int                      rows = 100;
     for (int step = 0; step < 20000; ++step)
     {
         const int  row = static_cast<int>(random() % static_cast<unsigned>(rows + 1));

@@ -1,4 +1,4 @@
-#include "listviews/_ScrollModel.h"
+#include "internal/scrolling/ScrollModel.h"
 
 #include <gtest/gtest.h>
 
@@ -6,25 +6,25 @@
 
 TEST(ScrollModel, RangesSaturate)
 {
-    EXPECT_EQ(_ScrollRange(10'000'000, 15), 150'000'000);
-    EXPECT_EQ(_ScrollRange(INT_MAX, 15), INT_MAX);
-    EXPECT_EQ(_ScrollRange(-5, 15), 0);
+    EXPECT_EQ(internal::ScrollRange(10'000'000, 15), 150'000'000);
+    EXPECT_EQ(internal::ScrollRange(INT_MAX, 15), INT_MAX);
+    EXPECT_EQ(internal::ScrollRange(-5, 15), 0);
 }
 
 TEST(ScrollModel, VisibleUnits)
 {
-    EXPECT_EQ(_VisibleUnits(100, 10), 12);
-    EXPECT_EQ(_VisibleUnits(109, 10), 12);
-    EXPECT_EQ(_VisibleUnits(0, 10), 2);
-    EXPECT_EQ(_VisibleUnits(100, 0), 102) << "a unit of nothing counts as a pixel";
+    EXPECT_EQ(internal::VisibleUnits(100, 10), 12);
+    EXPECT_EQ(internal::VisibleUnits(109, 10), 12);
+    EXPECT_EQ(internal::VisibleUnits(0, 10), 2);
+    EXPECT_EQ(internal::VisibleUnits(100, 0), 102) << "a unit of nothing counts as a pixel";
 }
 
 TEST(ScrollModel, AVerticalPageIsWhatFitsAHorizontalOneOverlaps)
 {
-    EXPECT_EQ(_PageSize(wxVERTICAL, {10, 7, 12, 99}), 100);
-    EXPECT_EQ(_PageSize(wxHORIZONTAL, {15, 10, 99, 12}), 70);
-    EXPECT_EQ(_PageSize(wxVERTICAL, {10, 7, 2, 2}), 10) << "at least a unit";
-    EXPECT_EQ(_PageSize(wxHORIZONTAL, {10, 7, 2, 2}), 7);
+    EXPECT_EQ(internal::PageSize(wxVERTICAL, {10, 7, 12, 99}), 100);
+    EXPECT_EQ(internal::PageSize(wxHORIZONTAL, {15, 10, 99, 12}), 70);
+    EXPECT_EQ(internal::PageSize(wxVERTICAL, {10, 7, 2, 2}), 10) << "at least a unit";
+    EXPECT_EQ(internal::PageSize(wxHORIZONTAL, {10, 7, 2, 2}), 7);
 }
 
 TEST(ScrollModel, Targets)
@@ -52,36 +52,41 @@ TEST(ScrollModel, Targets)
     };
     for (const auto& c : cases)
     {
-        EXPECT_EQ(_ScrollTarget(c.type, {c.position, 100, 1000}, 10, 70, c.eventPosition), c.target)
+        EXPECT_EQ(internal::ScrollTarget(c.type, {c.position, 100, 1000}, 10, 70, c.eventPosition),
+                  c.target)
             << c.name;
     }
-    EXPECT_EQ(_ScrollTarget(wxEVT_SCROLLWIN_BOTTOM, {0, 100, 30}, 10, 70, 0), 0)
+    EXPECT_EQ(internal::ScrollTarget(wxEVT_SCROLLWIN_BOTTOM, {0, 100, 30}, 10, 70, 0), 0)
         << "everything is visible";
-    EXPECT_EQ(_ScrollTarget(wxEVT_SCROLLWIN_LINEDOWN, {INT_MAX - 100, 100, INT_MAX}, 10, 70, 0),
-              INT_MAX - 100)
+    EXPECT_EQ(
+        internal::ScrollTarget(wxEVT_SCROLLWIN_LINEDOWN, {INT_MAX - 100, 100, INT_MAX}, 10, 70, 0),
+        INT_MAX - 100)
         << "no overflow at the end";
 }
 
 TEST(ScrollModel, FollowsTheEndOnlyFromTheEnd)
 {
-    EXPECT_EQ(_Adjusted({900, 100, 1000}, 100, 1500, true).position, 1400);
-    EXPECT_EQ(_Adjusted({899, 100, 1000}, 100, 1500, true).position, 899);
-    EXPECT_EQ(_Adjusted({900, 100, 1000}, 100, 1500, false).position, 900);
-    EXPECT_EQ(_Adjusted({0, 0, 0}, 100, 1500, true).position, 1400) << "empty is at the end";
-    EXPECT_EQ(_Adjusted({900, 100, 1000}, 100, 500, false).position, 400) << "shrunk content";
-    EXPECT_EQ(_Adjusted({900, 100, 1000}, 300, 1000, true).position, 700) << "grown window";
-    EXPECT_EQ(_Adjusted({50, 100, 1000}, 300, 200, true).position, 0);
+    EXPECT_EQ(internal::Adjusted({900, 100, 1000}, 100, 1500, true).position, 1400);
+    EXPECT_EQ(internal::Adjusted({899, 100, 1000}, 100, 1500, true).position, 899);
+    EXPECT_EQ(internal::Adjusted({900, 100, 1000}, 100, 1500, false).position, 900);
+    EXPECT_EQ(internal::Adjusted({0, 0, 0}, 100, 1500, true).position, 1400)
+        << "empty is at the end";
+    EXPECT_EQ(internal::Adjusted({900, 100, 1000}, 100, 500, false).position, 400)
+        << "shrunk content";
+    EXPECT_EQ(internal::Adjusted({900, 100, 1000}, 300, 1000, true).position, 700)
+        << "grown window";
+    EXPECT_EQ(internal::Adjusted({50, 100, 1000}, 300, 200, true).position, 0);
 }
 
 TEST(ScrollModel, TheWheelKeepsPartsOfANotch)
 {
     int accumulator = 0;
-    EXPECT_EQ(_WheelLines(accumulator, -60, 120, 3), 0);
-    EXPECT_EQ(_WheelLines(accumulator, -60, 120, 3), 3);
+    EXPECT_EQ(internal::WheelLines(accumulator, -60, 120, 3), 0);
+    EXPECT_EQ(internal::WheelLines(accumulator, -60, 120, 3), 3);
     EXPECT_EQ(accumulator, 0);
-    EXPECT_EQ(_WheelLines(accumulator, 300, 120, 3), -6) << "away from the user is up";
+    EXPECT_EQ(internal::WheelLines(accumulator, 300, 120, 3), -6) << "away from the user is up";
     EXPECT_EQ(accumulator, -60);
-    EXPECT_EQ(_WheelLines(accumulator, -60, 120, 3), 0) << "back again takes it off";
+    EXPECT_EQ(internal::WheelLines(accumulator, -60, 120, 3), 0) << "back again takes it off";
     EXPECT_EQ(accumulator, 0);
-    EXPECT_EQ(_WheelLines(accumulator, -120, 0, 3), 3) << "a device that names no delta";
+    EXPECT_EQ(internal::WheelLines(accumulator, -120, 0, 3), 3) << "a device that names no delta";
 }

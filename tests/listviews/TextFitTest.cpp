@@ -1,5 +1,5 @@
-#include "appearance/_TextPainter.h"
-#include "listviews/_TextFit.h"
+#include "listviews/cells/TextFit.h"
+#include "internal/text/TextPainter.h"
 #include "listviews/wxDBListCtrl.h"
 #include "tests/support/FrameTest.h"
 
@@ -11,11 +11,11 @@
 namespace
 {
 // As it is meant, a step at a time.
-_Fitted StepByStep(const std::wstring& text, int available,
-                   const std::function<int(const std::wstring&)>& measure)
+listviews::Fitted StepByStep(const std::wstring& text, int available,
+                             const std::function<int(const std::wstring&)>& measure)
 {
-    _Fitted result;
-    size_t  cut = 0;
+    listviews::Fitted result;
+    size_t            cut = 0;
     do
     {
         result.text = text;
@@ -69,16 +69,16 @@ TEST_F(TextFitTest, FewMeasurementsGiveTheSameAsOneForEachStep)
     {
         for (int i = 0; i < 600; ++i)
         {
-            const std::wstring text = RandomText(alphabet, 60);
-            const int          room = static_cast<int>(m_Random() % 260);
-            const _Fitted      expected = StepByStep(text, room, measure);
-            int                asked = 0;
-            const _Fitted      fitted = _FitMeasured(text, room,
-                                                     [&](const std::wstring& form)
-                                                     {
-                                                    ++asked;
-                                                    return Measure(form);
-                                                });
+            const std::wstring      text = RandomText(alphabet, 60);
+            const int               room = static_cast<int>(m_Random() % 260);
+            const listviews::Fitted expected = StepByStep(text, room, measure);
+            int                     asked = 0;
+            const listviews::Fitted fitted = listviews::FitMeasured(text, room,
+                                                                    [&](const std::wstring& form)
+                                                                    {
+                                                                        ++asked;
+                                                                        return Measure(form);
+                                                                    });
             ASSERT_EQ(expected.text, fitted.text) << room;
             ASSERT_EQ(expected.width, fitted.width);
             EXPECT_LE(asked, 20);
@@ -100,7 +100,7 @@ TEST_F(TextFitTest, ThePainterFitsAsTheToolkitMeasures)
     {
         const wxFont font(points, wxFONTFAMILY_SWISS, wxFONTSTYLE_NORMAL, wxFONTWEIGHT_NORMAL);
         m_Dc.SetFont(font);
-        _TextPainter painter(m_Dc, font);
+        internal::TextPainter painter(m_Dc, font);
         ASSERT_TRUE(painter.IsFast());
         for (const std::wstring& alphabet : kAlphabets)
         {
@@ -115,9 +115,9 @@ TEST_F(TextFitTest, ThePainterFitsAsTheToolkitMeasures)
                 ++runs;
                 ASSERT_EQ(Measure(text), std::lround(ends.back())) << wxString(text) << points;
                 const int  room = static_cast<int>(m_Random() % 260);
-                const auto fitted = _FitRun(
+                const auto fitted = listviews::FitRun(
                     text, ends, room, [&](wchar_t a, wchar_t b) { return painter.Step(a, b); });
-                const _Fitted expected = StepByStep(
+                const listviews::Fitted expected = StepByStep(
                     text, room, [this](const std::wstring& form) { return Measure(form); });
                 ASSERT_TRUE(fitted);
                 ASSERT_EQ(expected.text, fitted->text) << wxString(text) << " in " << room;
@@ -148,18 +148,19 @@ TEST_F(TextFitTest, EndsOfTheRule)
     };
     for (const auto& c : cases)
     {
-        const _Fitted fitted = _FitMeasured(c.text, c.room, ten);
+        const listviews::Fitted fitted = listviews::FitMeasured(c.text, c.room, ten);
         EXPECT_EQ(c.fitted, fitted.text) << c.room;
         EXPECT_EQ(ten(c.fitted), fitted.width);
     }
     // A cell of a megabyte is not measured as a whole.
-    size_t        longest = 0;
-    const _Fitted huge = _FitMeasured(std::wstring(1 << 20, L'\u05d0'), 160,
-                                      [&](const std::wstring& form)
-                                      {
-                                          longest = std::max(longest, form.size());
-                                          return ten(form);
-                                      });
+    size_t                  longest = 0;
+    const listviews::Fitted huge = listviews::FitMeasured(std::wstring(1 << 20, L'\u05d0'), 160,
+                                                          [&](const std::wstring& form)
+                                                          {
+                                                              longest =
+                                                                  std::max(longest, form.size());
+                                                              return ten(form);
+                                                          });
     EXPECT_EQ(16u, huge.text.size());
     EXPECT_LT(longest, 2000u);
 }

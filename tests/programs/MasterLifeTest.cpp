@@ -1,4 +1,4 @@
-#include "examples/master/StartMaster.h"
+#include "master/StartMaster.h"
 #include "tests/programs/MasterFixture.h"
 #include "tolvan/Components.h"
 #include "tolvan/SocketFolder.h"

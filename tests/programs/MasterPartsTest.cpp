@@ -1,9 +1,9 @@
-#include "examples/master/_Commands.h"
-#include "examples/master/_JobCommand.h"
-#include "examples/master/_LineSplitter.h"
-#include "examples/master/_NewJob.h"
-#include "examples/master/_ProgressParser.h"
-#include "examples/master/_Scheduler.h"
+#include "master/farm/Commands.h"
+#include "master/farm/Scheduler.h"
+#include "master/jobs/JobCommand.h"
+#include "master/jobs/LineSplitter.h"
+#include "master/jobs/NewJob.h"
+#include "master/jobs/ProgressParser.h"
 #include "tests/support/Thrown.h"
 #include "tests/support/UserFolderTest.h"
 #include "tolvan/Job.h"
@@ -19,7 +19,7 @@ std::vector<std::string> Split(const std::string& bytes, size_t limit, size_t st
 {
     std::vector<std::string> lines;
     const auto               take = [&](std::string_view line) { lines.emplace_back(line); };
-    _LineSplitter            splitter(limit);
+    master::LineSplitter     splitter(limit);
     for (size_t at = 0; at < bytes.size(); at += step)
     {
         splitter.Add(std::string_view(bytes).substr(at, step), take);
@@ -67,7 +67,7 @@ TEST(ProgressParser, ReadsBothFormsAndNothingElse)
                  {"FRAME 40/40", 100, 40, 40},  {"FRAME 0/1", 0, 0, 1}};
     for (const auto& one : cases)
     {
-        _Progress progress;
+        master::Progress progress;
         EXPECT_TRUE(ReadProgress(one.line, progress)) << one.line;
         EXPECT_EQ(progress.percent, one.percent) << one.line;
         EXPECT_EQ(progress.framesDone, one.done) << one.line;
@@ -78,7 +78,7 @@ TEST(ProgressParser, ReadsBothFormsAndNothingElse)
           "FRAME 5/4", "FRAME 0/0", "FRAME 3", "FRAME 3/", "FRAME 99999999999999999999/1",
           "FRAME 1/9223372036854775807"})
     {
-        _Progress progress;
+        master::Progress progress;
         EXPECT_FALSE(ReadProgress(line, progress)) << line;
         EXPECT_EQ(progress.percent, 0) << line;
     }
@@ -86,61 +86,61 @@ TEST(ProgressParser, ReadsBothFormsAndNothingElse)
 
 TEST(Scheduler, TakesTheHighestPriorityThenTheFirstWhileThereIsASlot)
 {
-    _JobTable table;
+    master::JobTable table;
     EXPECT_EQ(NextToStart(table, 1), nullptr);
     table.Add("low").SetPriority(10);
-    _JobRecord& first = table.Add("first");
-    _JobRecord& second = table.Add("second");
+    master::JobRecord& first = table.Add("first");
+    master::JobRecord& second = table.Add("second");
     EXPECT_EQ(NextToStart(table, 1), &first);
-    first.SetState(_JobState::kRunning);
+    first.SetState(master::JobState::kRunning);
     EXPECT_EQ(NextToStart(table, 1), nullptr);
     EXPECT_EQ(NextToStart(table, 2), &second);
-    first.SetState(_JobState::kSuspended); // gives its slot away
+    first.SetState(master::JobState::kSuspended); // gives its slot away
     EXPECT_EQ(NextToStart(table, 1), &second);
-    second.SetState(_JobState::kRunning);
-    first.SetState(_JobState::kRunning); // goes on beside it
+    second.SetState(master::JobState::kRunning);
+    first.SetState(master::JobState::kRunning); // goes on beside it
     EXPECT_EQ(NextToStart(table, 2), nullptr);
 }
 
 TEST(Commands, DependOnTheStateAndOnWhetherThereIsAProcess)
 {
-    using State = _JobState;
+    using State = master::JobState;
     struct
     {
-        State       state;
-        bool        hasProcess;
-        const char* command;
-        _Action     action;
-    } const cases[] = {{State::kWaiting, false, "Suspend", _Action::kHold},
-                       {State::kRunning, true, "Suspend", _Action::kStop},
-                       {State::kSuspended, true, "Suspend", _Action::kRefuse},
-                       {State::kDone, false, "Suspend", _Action::kRefuse},
-                       {State::kSuspended, true, "Resume", _Action::kContinue},
-                       {State::kSuspended, false, "Resume", _Action::kRelease},
-                       {State::kRunning, true, "Resume", _Action::kRefuse},
-                       {State::kWaiting, false, "Kill", _Action::kCancel},
-                       {State::kSuspended, false, "Kill", _Action::kCancel},
-                       {State::kSuspended, true, "Kill", _Action::kKill},
-                       {State::kRunning, true, "Kill", _Action::kKill},
-                       {State::kKilled, false, "Kill", _Action::kRefuse},
-                       {State::kFailed, false, "retry", _Action::kRetry},
-                       {State::kKilled, false, "Retry", _Action::kRetry},
-                       {State::kSuspended, false, "Retry", _Action::kRefuse},
-                       {State::kRunning, true, "Explode", _Action::kRefuse}};
+        State          state;
+        bool           hasProcess;
+        const char*    command;
+        master::Action action;
+    } const cases[] = {{State::kWaiting, false, "Suspend", master::Action::kHold},
+                       {State::kRunning, true, "Suspend", master::Action::kStop},
+                       {State::kSuspended, true, "Suspend", master::Action::kRefuse},
+                       {State::kDone, false, "Suspend", master::Action::kRefuse},
+                       {State::kSuspended, true, "Resume", master::Action::kContinue},
+                       {State::kSuspended, false, "Resume", master::Action::kRelease},
+                       {State::kRunning, true, "Resume", master::Action::kRefuse},
+                       {State::kWaiting, false, "Kill", master::Action::kCancel},
+                       {State::kSuspended, false, "Kill", master::Action::kCancel},
+                       {State::kSuspended, true, "Kill", master::Action::kKill},
+                       {State::kRunning, true, "Kill", master::Action::kKill},
+                       {State::kKilled, false, "Kill", master::Action::kRefuse},
+                       {State::kFailed, false, "retry", master::Action::kRetry},
+                       {State::kKilled, false, "Retry", master::Action::kRetry},
+                       {State::kSuspended, false, "Retry", master::Action::kRefuse},
+                       {State::kRunning, true, "Explode", master::Action::kRefuse}};
     for (const auto& one : cases)
     {
-        _JobRecord job("id", 0);
+        master::JobRecord job("id", 0);
         job.SetState(one.state);
         job.SetHasProcess(one.hasProcess);
-        const _Decision decision = Decide(job, one.command, String());
+        const master::Decision decision = Decide(job, one.command, String());
         EXPECT_EQ(decision.action, one.action) << one.command << " in " << NameOf(one.state);
-        EXPECT_EQ(decision.reason.empty(), one.action != _Action::kRefuse);
+        EXPECT_EQ(decision.reason.empty(), one.action != master::Action::kRefuse);
     }
-    const _JobRecord job("id", 0);
+    const master::JobRecord job("id", 0);
     EXPECT_EQ(Decide(job, "Set Priority", " 90 ").priority, 90);
     for (const char* const item : {"", "-1", "101", "9x", "1e1", "99999999999999999999"})
     {
-        EXPECT_EQ(Decide(job, "Set Priority", item).action, _Action::kRefuse) << item;
+        EXPECT_EQ(Decide(job, "Set Priority", item).action, master::Action::kRefuse) << item;
     }
 }
 
@@ -193,16 +193,16 @@ TEST_F(MasterFiles, JobFileGivesTheSameJobEveryTime)
     WriteFile(TempFile("c.txt"), "");
     const std::vector<Path> files = FindJobFiles(TempFile(""));
     ASSERT_EQ(files.size(), 2u);
-    const _NewJob job = _NewJob::FromFile(files[0]);
+    const master::NewJob job = master::NewJob::FromFile(files[0]);
     EXPECT_EQ(job.type, "Some Type");
     EXPECT_EQ(job.name, "A");
     EXPECT_EQ(job.priority, "70");
     // What only the master may say is left out.
     EXPECT_EQ(job.params, (std::map<String, String>{{"Frames", "1 to 5"}}));
-    EXPECT_EQ(job.id, _NewJob::FromFile(files[0]).id);
+    EXPECT_EQ(job.id, master::NewJob::FromFile(files[0]).id);
     EXPECT_EQ(job.id.size(), 36u);
-    EXPECT_NE(TextThrown([&] { _NewJob::FromFile(files[1]); }).find("b.job"), String::npos);
-    EXPECT_NE(TextThrown([&] { _NewJob::FromFile(TempFile("missing.job")); }), "");
+    EXPECT_NE(TextThrown([&] { master::NewJob::FromFile(files[1]); }).find("b.job"), String::npos);
+    EXPECT_NE(TextThrown([&] { master::NewJob::FromFile(TempFile("missing.job")); }), "");
 }
 
 } // namespace

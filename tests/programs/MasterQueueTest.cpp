@@ -1,4 +1,4 @@
-#include "examples/master/_SendQueue.h"
+#include "master/protocol/SendQueue.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@ namespace
 class SendQueue : public testing::Test
 {
 protected:
-    static _Frame Make(const String& text) { return std::make_shared<const String>(text); }
+    static master::Frame Make(const String& text) { return std::make_shared<const String>(text); }
 
     void Output(const String& job, const String& line)
     {
@@ -30,7 +30,7 @@ protected:
         std::vector<String> sent;
         for (auto frames = queue.Next(most); !frames.empty(); frames = queue.Next(most))
         {
-            for (const _Frame& frame : frames)
+            for (const master::Frame& frame : frames)
             {
                 sent.push_back(*frame);
             }
@@ -40,12 +40,13 @@ protected:
         return sent;
     }
 
-    size_t       m_Most = 0; ///< That waited after anything was sent.
-    _SendQueue   queue{[](const String& job) { return job == "gone" ? nullptr : Make("J:" + job); },
-                     [](const String& job, uint64_t count)
-                     { return Make("S:" + job + ":" + std::to_string(count)); },
-                     20};
-    const String ten = "0123456789";
+    size_t            m_Most = 0; ///< That waited after anything was sent.
+    master::SendQueue queue{[](const String& job)
+                            { return job == "gone" ? nullptr : Make("J:" + job); },
+                            [](const String& job, uint64_t count)
+                            { return Make("S:" + job + ":" + std::to_string(count)); },
+                            20};
+    const String      ten = "0123456789";
 };
 
 TEST_F(SendQueue, KeepsTheOrderWhileItIsUnderItsLimit)

@@ -1,4 +1,4 @@
-#include "examples/master/_JobRunner.h"
+#include "master/jobs/JobRunner.h"
 #include "tests/support/UserFolderTest.h"
 
 #include <boost/asio/signal_set.hpp>
@@ -17,16 +17,16 @@ class JobRunner : public UserFolderTest
 protected:
     JobRunner()
     {
-        const _JobRunner::Events events = {[this](std::string_view line)
-                                           { text += std::string(line) + "\n"; },
-                                           [this](const String& why) { troubles.push_back(why); },
-                                           [this](const _ChildExit& how, size_t bytes)
-                                           {
-                                               exit = how;
-                                               lost = bytes;
-                                               context.stop();
-                                           }};
-        runner = std::make_shared<_JobRunner>(context, events);
+        const master::JobRunner::Events events = {
+            [this](std::string_view line) { text += std::string(line) + "\n"; },
+            [this](const String& why) { troubles.push_back(why); },
+            [this](const master::ChildExit& how, size_t bytes)
+            {
+                exit = how;
+                lost = bytes;
+                context.stop();
+            }};
+        runner = std::make_shared<master::JobRunner>(context, events);
         WaitForChildren();
     }
     void WaitForChildren()
@@ -52,13 +52,13 @@ protected:
         EXPECT_TRUE(exit.has_value()) << "no end";
     }
 
-    boost::asio::io_context     context;
-    boost::asio::signal_set     signals{context, SIGCHLD};
-    std::shared_ptr<_JobRunner> runner;
-    String                      text;
-    std::vector<String>         troubles;
-    std::optional<_ChildExit>   exit;
-    size_t                      lost = 0;
+    boost::asio::io_context            context;
+    boost::asio::signal_set            signals{context, SIGCHLD};
+    std::shared_ptr<master::JobRunner> runner;
+    String                             text;
+    std::vector<String>                troubles;
+    std::optional<master::ChildExit>   exit;
+    size_t                             lost = 0;
 };
 
 TEST_F(JobRunner, FullDiskHoldsTheJobAndIsReported)

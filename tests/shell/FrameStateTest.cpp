@@ -2,7 +2,7 @@
 #include "tests/support/LogCapture.h"
 #include "tests/support/TestApp.h"
 
-#include "shell/_Geometry.h"
+#include "internal/windows/Geometry.h"
 #include "shell/wxTolvanFrame.h"
 
 #include <wx/display.h>
@@ -47,7 +47,7 @@ protected:
             wxTolvanFrame::s_Frame->Destroy();
         }
         WaitFor([] { return !wxTolvanFrame::s_Frame; });
-        _Displays::Get() = _Displays::Real();
+        internal::Displays::Get() = internal::Displays::Real();
         TestApp::Get().ForgetOptions();
     }
 
@@ -217,7 +217,7 @@ TEST_F(FrameStateTest, AFrameSavedOffEveryScreenIsSeenWhenItIsShown)
 {
     Options().SetValue("Window", "Window", "6000, 100, 300, 200");
     MainFrame* const frame = Open();
-    EXPECT_TRUE(WaitFor([&] { return _Displays::Get().indexOf(frame) != wxNOT_FOUND; }))
+    EXPECT_TRUE(WaitFor([&] { return internal::Displays::Get().indexOf(frame) != wxNOT_FOUND; }))
         << frame->GetPosition().x;
 }
 
@@ -226,7 +226,7 @@ TEST_F(FrameStateTest, WhereWindowsCannotBePlacedAGoodPositionIsKept)
     Options().SetValue("Window", "Window", "150, 130, 640, 480");
     Options().SetValue("Job", "Window", "10, 20, 300, 200");
     MainFrame* const frame = Open();
-    _Displays::Get().placesWindows = [] { return false; };
+    internal::Displays::Get().placesWindows = [] { return false; };
     frame->SetSize(0, 0, 700, 500);
     ASSERT_TRUE(WaitFor([&] { return frame->GetSize() == wxSize(700, 500); }));
     Settle(frame);

@@ -1,19 +1,19 @@
-#include "shell/_Geometry.h"
+#include "internal/windows/Geometry.h"
 
 #include <gtest/gtest.h>
 
 TEST(Geometry, ReadsWhatItWrites)
 {
     const wxRect rect(-20, 30, 640, 480);
-    EXPECT_EQ("-20, 30, 640, 480", _FormatGeometry(rect));
-    EXPECT_EQ(rect, _ParseGeometry(_FormatGeometry(rect)));
+    EXPECT_EQ("-20, 30, 640, 480", internal::FormatGeometry(rect));
+    EXPECT_EQ(rect, internal::ParseGeometry(internal::FormatGeometry(rect)));
 }
 
 TEST(Geometry, TakesTheFirstFourNumbersHoweverWritten)
 {
-    EXPECT_EQ(wxRect(1, 2, 30, 40), _ParseGeometry("1,2,30,40"));
-    EXPECT_EQ(wxRect(1, 2, 30, 40), _ParseGeometry("  1,\t2x, \"30\",40, 99, more"));
-    EXPECT_EQ(wxRect(0, 0, 30, 40), _ParseGeometry("left,,30,40"));
+    EXPECT_EQ(wxRect(1, 2, 30, 40), internal::ParseGeometry("1,2,30,40"));
+    EXPECT_EQ(wxRect(1, 2, 30, 40), internal::ParseGeometry("  1,\t2x, \"30\",40, 99, more"));
+    EXPECT_EQ(wxRect(0, 0, 30, 40), internal::ParseGeometry("left,,30,40"));
 }
 
 TEST(Geometry, RejectsWhatNoWindowCanHave)
@@ -22,23 +22,23 @@ TEST(Geometry, RejectsWhatNoWindowCanHave)
          {"", "10, 20, 300", "garbage", "a, b, c, d", "10, 20, 0, 40", "10, 20, 30, -1",
           "99999999999999999999, 0, 10, 10", "0, -40000, 10, 10", "0, 0, 2000000000, 10"})
     {
-        EXPECT_FALSE(_ParseGeometry(text)) << text;
+        EXPECT_FALSE(internal::ParseGeometry(text)) << text;
     }
 }
 
 TEST(Geometry, AnUnknownPositionLeavesTheStoredOne)
 {
     const wxRect now(0, 0, 500, 400);
-    EXPECT_EQ("70, 80, 500, 400", _GeometryToStore("70, 80, 200, 200", now, false));
-    EXPECT_EQ("0, 0, 500, 400", _GeometryToStore("70, 80, 200, 200", now, true));
-    EXPECT_EQ("0, 0, 500, 400", _GeometryToStore("70, 80", now, false));
+    EXPECT_EQ("70, 80, 500, 400", internal::GeometryToStore("70, 80, 200, 200", now, false));
+    EXPECT_EQ("0, 0, 500, 400", internal::GeometryToStore("70, 80, 200, 200", now, true));
+    EXPECT_EQ("0, 0, 500, 400", internal::GeometryToStore("70, 80", now, false));
 }
 
 TEST(Geometry, CentresAndGrowsToHalfTheReference)
 {
     EXPECT_EQ(wxRect(350, 300, 300, 200),
-              _CentredOn(wxRect(0, 0, 1000, 800), wxSize(601, 400), wxSize(80, 90)));
+              internal::CentredOn(wxRect(0, 0, 1000, 800), wxSize(601, 400), wxSize(80, 90)));
     // Larger than the display: halves are cut towards zero.
     EXPECT_EQ(wxRect(95, 50, 111, 100),
-              _CentredOn(wxRect(100, 50, 100, 100), wxSize(10, 10), wxSize(111, 100)));
+              internal::CentredOn(wxRect(100, 50, 100, 100), wxSize(10, 10), wxSize(111, 100)));
 }

@@ -1,8 +1,8 @@
 #include "tests/support/FrameTest.h"
 #include "tests/support/TestApp.h"
 
+#include "internal/windows/Geometry.h"
 #include "shell/OpenWindows.h"
-#include "shell/_Geometry.h"
 
 #include <wx/menu.h>
 
@@ -16,7 +16,7 @@ protected:
     {
         TestApp::Get().SetTopWindow(nullptr);
         OpenWindows::_this->Clear();
-        _Displays::Get() = _Displays::Real();
+        internal::Displays::Get() = internal::Displays::Real();
     }
 
     wxFrame* Open(const wxString& title, const String& group = "")
@@ -146,8 +146,9 @@ TEST_F(OpenWindowsTest, TheMenuMayBelongToAMenuBarOrAnotherTopWindow)
 TEST_F(OpenWindowsTest, WindowsGatherOnTheMainWindowsDisplay)
 {
     Frame()->SetSize(600, 400);
-    _Displays::Get().indexOf = [](const wxWindow*) { return 1; };
-    _Displays::Get().clientArea = [](int index) { return wxRect(index * 300, 100, 900, 700); };
+    internal::Displays::Get().indexOf = [](const wxWindow*) { return 1; };
+    internal::Displays::Get().clientArea = [](int index)
+    { return wxRect(index * 300, 100, 900, 700); };
     auto* const tiny = new wxFrame(Frame(), wxID_ANY, "Tiny", wxPoint(5, 5), wxSize(80, 300));
     tiny->Show();
     EXPECT_TRUE(WaitFor([tiny] { return tiny->IsActive(); }));

@@ -1,17 +1,18 @@
+#include "textviews/chart/BarHistory.h"
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
 #include "tests/support/FrameTest.h"
 #include "tests/support/Pictures.h"
-#include "textviews/_BarChart.h"
-#include "textviews/_BarHistory.h"
+#include "textviews/chart/BarChart.h"
 #include "textviews/wxBarHistoryCtrl.h"
 
 #include <wx/numformatter.h>
 
 namespace
 {
-const _BarColours kColours = {wxColour(24, 24, 24), wxColour(92, 92, 92), wxColour(72, 72, 72),
-                              wxColour(69, 69, 69), wxColour(165, 165, 165)};
+const textviews::BarColours kColours = {wxColour(24, 24, 24), wxColour(92, 92, 92),
+                                        wxColour(72, 72, 72), wxColour(69, 69, 69),
+                                        wxColour(165, 165, 165)};
 
 // A letter for each pixel.
 char Letter(const wxColour& colour)
@@ -66,17 +67,17 @@ using Chart = std::vector<String>;
 
 TEST(BarScale, WrapsBelowTheRangeAndKeepsWithinIt)
 {
-    EXPECT_EQ(10, _BarScale(50, 0, 100, 20));
-    EXPECT_EQ(20, _BarScale(200, 0, 100, 20));
-    EXPECT_EQ(20, _BarScale(9, 10, 100, 20)) << "below the range";
-    EXPECT_EQ(0, _BarScale(10, 10, 100, 20));
-    EXPECT_EQ(0, _BarScale(7, 7, 7, 20)) << "a range without extent";
-    EXPECT_EQ(6, _BarScale(0xC0000000u, 0, 0xFFFFFFFFu, 9));
+    EXPECT_EQ(10, textviews::BarScale(50, 0, 100, 20));
+    EXPECT_EQ(20, textviews::BarScale(200, 0, 100, 20));
+    EXPECT_EQ(20, textviews::BarScale(9, 10, 100, 20)) << "below the range";
+    EXPECT_EQ(0, textviews::BarScale(10, 10, 100, 20));
+    EXPECT_EQ(0, textviews::BarScale(7, 7, 7, 20)) << "a range without extent";
+    EXPECT_EQ(6, textviews::BarScale(0xC0000000u, 0, 0xFFFFFFFFu, 9));
 }
 
 TEST(BarHistory, PeakLimitAndSum)
 {
-    _BarHistory history;
+    textviews::BarHistory history;
     EXPECT_FALSE(history.Push(0)) << "the limit is 0";
     EXPECT_TRUE(history.Values().empty());
     history.Limit(3);
@@ -102,7 +103,7 @@ TEST(BarChart, PixelByPixel)
         const char*          name;
         wxSize               size;
         std::deque<uint32_t> values; // newest first
-        _BarBounds           bounds;
+        textviews::BarBounds bounds;
         Chart                chart;
     } const cases[] = {
         {"one value, no meter",
@@ -131,9 +132,10 @@ TEST(BarChart, PixelByPixel)
     for (const auto& c : cases)
     {
         SCOPED_TRACE(c.name);
-        EXPECT_EQ(c.chart, Rows(_DrawBarChart(c.size, c.values, false, c.bounds, kColours)));
+        EXPECT_EQ(c.chart,
+                  Rows(textviews::DrawBarChart(c.size, c.values, false, c.bounds, kColours)));
     }
-    const Chart empty = Rows(_DrawBarChart(wxSize(10, 10), {}, true, {}, kColours));
+    const Chart empty = Rows(textviews::DrawBarChart(wxSize(10, 10), {}, true, {}, kColours));
     EXPECT_EQ("#hoooooho+", empty[1]);
     EXPECT_EQ("#oohohooo+", empty[3]);
 }

@@ -1,4 +1,4 @@
-#include "textviews/_LineSearch.h"
+#include "textviews/search/LineSearch.h"
 
 #include <gtest/gtest.h>
 
@@ -8,9 +8,9 @@
 
 namespace
 {
-_LineStore StoreOf(const std::vector<String>& lines)
+textviews::LineStore StoreOf(const std::vector<String>& lines)
 {
-    _LineStore store;
+    textviews::LineStore store;
     for (const String& line : lines)
     {
         store.Append(line);
@@ -21,24 +21,24 @@ _LineStore StoreOf(const std::vector<String>& lines)
 /// Runs the search in steps of that many bytes; what it finds: line, column, length, wrapped.
 using Outcome = std::tuple<int, int, int, bool>;
 
-Outcome Search(const _LineStore& store, const String& text, bool forward, bool matchCase, int start,
-               size_t budget = 1000)
+Outcome Search(const textviews::LineStore& store, const String& text, bool forward, bool matchCase,
+               int start, size_t budget = 1000)
 {
-    _LineSearch search;
+    textviews::LineSearch search;
     search.Begin(text, forward, matchCase, start);
-    while (search.Step(store, budget) == _LineSearch::State::Running)
+    while (search.Step(store, budget) == textviews::LineSearch::State::Running)
     {
     }
-    if (search.GetState() != _LineSearch::State::Found)
+    if (search.GetState() != textviews::LineSearch::State::Found)
     {
         return {-1, -1, 0, search.HasWrapped()};
     }
-    const _LineMatch& match = search.Match();
+    const textviews::LineMatch& match = search.Match();
     return {match.line, match.column, match.length, search.HasWrapped()};
 }
 
 /// The line of the first hit of a search forward from the top.
-int LineOf(const _LineStore& store, const String& text, bool matchCase)
+int LineOf(const textviews::LineStore& store, const String& text, bool matchCase)
 {
     return std::get<0>(Search(store, text, true, matchCase, 0));
 }
@@ -47,7 +47,7 @@ int LineOf(const _LineStore& store, const String& text, bool matchCase)
 
 TEST(LineSearchTest, GoesRoundAllLinesOnce)
 {
-    const _LineStore store = StoreOf({"one", "two", "one two", "three"});
+    const textviews::LineStore store = StoreOf({"one", "two", "one two", "three"});
     const struct
     {
         const char* text;
@@ -72,14 +72,15 @@ TEST(LineSearchTest, GoesRoundAllLinesOnce)
                      false, 0),
               (Outcome{0, 3, 8, false}));
     EXPECT_EQ(LineOf(store, "", true), -1);
-    EXPECT_EQ(LineOf(_LineStore(), "two", true), -1);
-    EXPECT_EQ(std::get<0>(Search(_LineStore(), "two", false, true, -1)), -1);
+    EXPECT_EQ(LineOf(textviews::LineStore(), "two", true), -1);
+    EXPECT_EQ(std::get<0>(Search(textviews::LineStore(), "two", false, true, -1)), -1);
 }
 
 TEST(LineSearchTest, ComparesCharactersWhateverTheLocale)
 {
-    const _LineStore store = StoreOf({"\xc3\x84RGER \xce\xa9", "plain Text", "300 \xe2\x84\xaa",
-                                      "caf\xc3\xa9", "caf\xe9", String("a\0b", 3)});
+    const textviews::LineStore store =
+        StoreOf({"\xc3\x84RGER \xce\xa9", "plain Text", "300 \xe2\x84\xaa", "caf\xc3\xa9",
+                 "caf\xe9", String("a\0b", 3)});
     const struct
     {
         String text;
@@ -116,7 +117,7 @@ TEST(LineSearchTest, AgreesWithAPlainSearch)
         }
         lines.push_back(line);
     }
-    const _LineStore store = StoreOf(lines);
+    const textviews::LineStore store = StoreOf(lines);
     for (const String text : {"aab", "abAB", "a a ab",
                               "\xc3"
                               "a\xc3",
@@ -143,16 +144,16 @@ TEST(LineSearchTest, LooksThroughLongLinesInPieces)
 {
     String line(10'000'000, 'a');
     line += "b";
-    const _LineStore store = StoreOf({"short", line, "short"});
-    _LineSearch      search;
+    const textviews::LineStore store = StoreOf({"short", line, "short"});
+    textviews::LineSearch      search;
     search.Begin("AAAB", true, false, 0);
     int steps = 0;
-    while (search.Step(store, 100'000) == _LineSearch::State::Running)
+    while (search.Step(store, 100'000) == textviews::LineSearch::State::Running)
     {
         ++steps;
     }
     EXPECT_GE(steps, 99) << "no step may be long";
-    EXPECT_EQ(search.GetState(), _LineSearch::State::Found);
+    EXPECT_EQ(search.GetState(), textviews::LineSearch::State::Found);
     EXPECT_EQ(search.Match().line, 1);
     EXPECT_EQ(search.Match().column, 9'999'997);
 }
@@ -180,7 +181,8 @@ TEST(LineSearchTest, NearMissesCostNoMoreThanOthers)
     };
     for (const auto& c : cases)
     {
-        const _LineStore store = StoreOf(std::vector<String>(3'000'000 / c.line.size(), c.line));
+        const textviews::LineStore store =
+            StoreOf(std::vector<String>(3'000'000 / c.line.size(), c.line));
         const auto start = std::clock(); // the time that it takes itself, on a busy machine too
         EXPECT_EQ(LineOf(store, c.text, c.matchCase), -1);
         EXPECT_LT(std::clock() - start, 2 * CLOCKS_PER_SEC)
@@ -198,9 +200,9 @@ TEST(LineSearchTest, LinesMayComeAndGoMeanwhile)
     const auto   below = [&random](int end) { return static_cast<int>(random() % end); };
     for (int round = 0; round < 200; ++round)
     {
-        _LineStore store = StoreOf({"the needle"});
-        int        needle = 0;
-        const auto insert = [&](int at)
+        textviews::LineStore store = StoreOf({"the needle"});
+        int                  needle = 0;
+        const auto           insert = [&](int at)
         {
             store.Insert(at, others[below(4)]);
             needle += at <= needle ? 1 : 0;
@@ -209,8 +211,8 @@ TEST(LineSearchTest, LinesMayComeAndGoMeanwhile)
         {
             insert(below(store.Count() + 1));
         }
-        _LineSearch search;
-        _HitCounter counter;
+        textviews::LineSearch search;
+        textviews::HitCounter counter;
         search.Begin("needle", below(2) == 0, true, below(10) - 1);
         counter.Begin("hit", false);
         for (int i = 0; i < 16; ++i)
@@ -232,9 +234,9 @@ TEST(LineSearchTest, LinesMayComeAndGoMeanwhile)
                 needle -= at < needle ? 1 : 0;
             }
         }
-        ASSERT_EQ(search.Step(store, 10'000'000), _LineSearch::State::Found) << round;
+        ASSERT_EQ(search.Step(store, 10'000'000), textviews::LineSearch::State::Found) << round;
         ASSERT_TRUE(counter.Step(store, 10'000'000));
-        _HitCounter afresh;
+        textviews::HitCounter afresh;
         afresh.Begin("hit", false);
         ASSERT_TRUE(afresh.Step(store, 10'000'000));
         ASSERT_EQ(counter.Hits(), afresh.Hits()) << round;
@@ -243,14 +245,14 @@ TEST(LineSearchTest, LinesMayComeAndGoMeanwhile)
 
 TEST(LineSearchTest, TheCountFollowsTheLines)
 {
-    _LineStore store;
+    textviews::LineStore store;
     for (int i = 0; i < 3000; ++i)
     {
         store.Append(i % 3 == 0 ? "Hit and hit                    "
                                 : "miss                           ");
     }
-    _HitCounter counter;
-    const auto  count = [&]
+    textviews::HitCounter counter;
+    const auto            count = [&]
     {
         while (!counter.Step(store, 1000))
         {

@@ -1,4 +1,4 @@
-#include "textviews/_LineStore.h"
+#include "textviews/lines/LineStore.h"
 
 #include <gtest/gtest.h>
 
@@ -11,9 +11,9 @@ namespace
 using namespace std::string_literals;
 using Lines = std::vector<std::string>;
 
-_LineStore StoreOf(const Lines& lines)
+textviews::LineStore StoreOf(const Lines& lines)
 {
-    _LineStore store;
+    textviews::LineStore store;
     for (const std::string& line : lines)
     {
         store.Append(line);
@@ -22,7 +22,7 @@ _LineStore StoreOf(const Lines& lines)
 }
 
 /// What the store holds must be the same line by line, by blocks, and in sum.
-void ExpectSame(const _LineStore& store, const Lines& lines)
+void ExpectSame(const textviews::LineStore& store, const Lines& lines)
 {
     ASSERT_EQ(store.Count(), static_cast<int>(lines.size()));
     uint64_t bytes = 0;
@@ -34,7 +34,7 @@ void ExpectSame(const _LineStore& store, const Lines& lines)
     EXPECT_EQ(store.Bytes(), bytes);
     for (int i = 0; i < store.Count();)
     {
-        const _LineStore::Block block = store.BlockOf(i);
+        const textviews::LineStore::Block block = store.BlockOf(i);
         ASSERT_EQ(block.firstLine, i);
         for (int n = 0; n < block.lineCount; ++n, ++i)
         {
@@ -61,8 +61,8 @@ TEST(LineStore, AgreesWithAVector)
     {
         std::mt19937   random(seed);
         const unsigned erasing = 10 + seed * 8; // per cent; the later runs shrink most of the time
-        _LineStore     store;
-        Lines          lines;
+        textviews::LineStore store;
+        Lines                lines;
         for (int step = 0; step < 4000; ++step)
         {
             const auto at = static_cast<int>(random() % (lines.size() + 1));
@@ -89,8 +89,8 @@ TEST(LineStore, AgreesWithAVector)
 
 TEST(LineStore, KeepsManyEmptyLines)
 {
-    _LineStore store;
-    Lines      lines;
+    textviews::LineStore store;
+    Lines                lines;
     for (int i = 0; i < 20000; ++i)
     {
         store.Append("");
@@ -104,7 +104,7 @@ TEST(LineStore, KeepsManyEmptyLines)
 
 TEST(LineStore, ALineThatDoesNotExistDoesNoHarm)
 {
-    _LineStore store = StoreOf({"one"});
+    textviews::LineStore store = StoreOf({"one"});
     store.Erase(0);
     store.Erase(0);
     store.Erase(-1);
@@ -123,8 +123,8 @@ TEST(LineStore, LowerBoundComparesBytes)
         lines.push_back("n" + std::to_string(i));
     }
     std::sort(lines.begin(), lines.end());
-    const _LineStore store = StoreOf(lines);
-    Lines            wanted = lines;
+    const textviews::LineStore store = StoreOf(lines);
+    Lines                      wanted = lines;
     wanted.insert(wanted.end(), {"aa", "n15x", "zzz", "\xff\xff", "A"});
     for (const std::string& text : wanted)
     {

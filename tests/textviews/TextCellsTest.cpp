@@ -1,4 +1,4 @@
-#include "textviews/_TextCells.h"
+#include "textviews/lines/TextCells.h"
 
 #include <gtest/gtest.h>
 
@@ -25,9 +25,9 @@ const struct
     {"overlong and surrogate forms", "\xc0\xaf\xed\xa0\x80", 5, 5},
 };
 
-_TextPlace AtCell(const std::string& text, int64_t cell)
+textviews::TextPlace AtCell(const std::string& text, int64_t cell)
 {
-    return _TextPlaces().AtCell(0, text, cell);
+    return textviews::TextPlaces().AtCell(0, text, cell);
 }
 } // namespace
 
@@ -35,22 +35,23 @@ TEST(TextCells, CountsCharactersAndCells)
 {
     for (const auto& c : kCases)
     {
-        EXPECT_EQ(_CellCount(c.text), c.cells) << c.name;
-        const _TextPlace end = AtCell(c.text, 1000);
+        EXPECT_EQ(textviews::CellCount(c.text), c.cells) << c.name;
+        const textviews::TextPlace end = AtCell(c.text, 1000);
         EXPECT_EQ(end.byte, static_cast<int64_t>(c.text.size())) << c.name;
         EXPECT_EQ(end.cell, c.cells) << c.name;
-        EXPECT_EQ(_TextPlaces().AtColumn(0, c.text, 1000).column, c.columns) << c.name;
+        EXPECT_EQ(textviews::TextPlaces().AtColumn(0, c.text, 1000).column, c.columns) << c.name;
     }
 }
 
 TEST(TextCells, ShowsWhatHasNoGlyph)
 {
-    EXPECT_EQ(_CellAt(std::string(1, '\0'), 0).shown, 0x2400u);
-    EXPECT_EQ(_CellAt("\x1b", 0).shown, 0x241Bu);
-    EXPECT_EQ(_CellAt("\x7f", 0).shown, 0x2421u);
-    EXPECT_EQ(_CellAt("\xc2\x85", 0).shown, 0xFFFDu);
-    EXPECT_EQ(_CellAt("\xe9", 0).shown, 0xE9u) << "a Latin-1 byte shows as its character";
-    EXPECT_NE(_CellAt("\xe9", 0).code, _CellAt("\xc3\xa9", 0).code) << "but is not the same";
+    EXPECT_EQ(textviews::CellAt(std::string(1, '\0'), 0).shown, 0x2400u);
+    EXPECT_EQ(textviews::CellAt("\x1b", 0).shown, 0x241Bu);
+    EXPECT_EQ(textviews::CellAt("\x7f", 0).shown, 0x2421u);
+    EXPECT_EQ(textviews::CellAt("\xc2\x85", 0).shown, 0xFFFDu);
+    EXPECT_EQ(textviews::CellAt("\xe9", 0).shown, 0xE9u) << "a Latin-1 byte shows as its character";
+    EXPECT_NE(textviews::CellAt("\xe9", 0).code, textviews::CellAt("\xc3\xa9", 0).code)
+        << "but is not the same";
 }
 
 TEST(TextCells, ACellBelongsToTheCharacterThatCoversIt)
@@ -73,11 +74,11 @@ TEST(TextCells, FindsPlacesInLongLinesAsInShortOnes)
     {
         text += unit;
     }
-    const int64_t cellsOfUnit = _CellCount(unit);
-    _TextPlaces   places;
+    const int64_t         cellsOfUnit = textviews::CellCount(unit);
+    textviews::TextPlaces places;
     for (const int64_t repeat : {16000, 3, 777, 16000, 0, 9999})
     {
-        const _TextPlace place = places.AtCell(7, text, repeat * cellsOfUnit + 5);
+        const textviews::TextPlace place = places.AtCell(7, text, repeat * cellsOfUnit + 5);
         EXPECT_EQ(place.byte, repeat * static_cast<int64_t>(unit.size()) + 5);
         EXPECT_EQ(places.AtColumn(7, text, place.column).byte, place.byte);
     }
@@ -90,11 +91,11 @@ TEST(TextCells, FindsPlacesInLongLinesAsInShortOnes)
 
 TEST(TextCells, TellsAscii)
 {
-    EXPECT_TRUE(_IsAscii(std::string(1000, 'a')));
+    EXPECT_TRUE(textviews::IsAscii(std::string(1000, 'a')));
     for (const size_t at : {0, 31, 32, 998, 999})
     {
         std::string text(1000, 'a');
         text[at] = '\x80';
-        EXPECT_FALSE(_IsAscii(text)) << at;
+        EXPECT_FALSE(textviews::IsAscii(text)) << at;
     }
 }

@@ -1,5 +1,5 @@
-#include "textviews/_TextGeometry.h"
-#include "textviews/_TextSelection.h"
+#include "textviews/lines/TextGeometry.h"
+#include "textviews/lines/TextSelection.h"
 
 #include <gtest/gtest.h>
 
@@ -7,9 +7,9 @@
 
 namespace
 {
-_TextGeometry SomeGeometry()
+textviews::TextGeometry SomeGeometry()
 {
-    _TextGeometry geometry;
+    textviews::TextGeometry geometry;
     geometry.lineHeight = 15;
     geometry.columnWidth = 7;
     geometry.client = {100, 62};
@@ -20,7 +20,7 @@ _TextGeometry SomeGeometry()
 
 TEST(TextSelection, StaysOnItsLines)
 {
-    _TextSelection selection;
+    textviews::TextSelection selection;
     selection.Click(6, 10);
     selection.Drag(4, 10);
     selection.LineInserted(2);
@@ -41,7 +41,7 @@ TEST(TextSelection, StaysOnItsLines)
 
 TEST(TextGeometry, PaintingAndMouseAgree)
 {
-    _TextGeometry geometry = SomeGeometry();
+    textviews::TextGeometry geometry = SomeGeometry();
     geometry.scroll.y = 37; // 7 pixels of line 2 are above the edge
     EXPECT_EQ(geometry.FirstDrawnLine(), 1) << "one line above the visible ones";
     for (int y = 0; y < geometry.client.y; ++y)
@@ -61,7 +61,7 @@ TEST(TextGeometry, PaintingAndMouseAgree)
 
 TEST(TextGeometry, HugeContentsDoNotOverflow)
 {
-    _TextGeometry geometry = SomeGeometry();
+    textviews::TextGeometry geometry = SomeGeometry();
     geometry.lineCount = INT_MAX;
     geometry.scroll.y = INT_MAX;
     EXPECT_EQ(geometry.LineAt(0), INT_MAX / 15);
@@ -71,8 +71,8 @@ TEST(TextGeometry, HugeContentsDoNotOverflow)
 
 TEST(TextGeometry, PositionThatShowsAStretch)
 {
-    EXPECT_EQ(_PositionShowing({100, 110}, 50, 100), 50) << "visible already";
-    EXPECT_EQ(_PositionShowing({20, 30}, 50, 100), 0) << "visible at the start";
-    EXPECT_EQ(_PositionShowing({1000, 1010}, 50, 100), 955) << "in the middle";
-    EXPECT_EQ(_PositionShowing({1000, 1300}, 50, 100), 1000) << "as much as fits";
+    EXPECT_EQ(textviews::PositionShowing({100, 110}, 50, 100), 50) << "visible already";
+    EXPECT_EQ(textviews::PositionShowing({20, 30}, 50, 100), 0) << "visible at the start";
+    EXPECT_EQ(textviews::PositionShowing({1000, 1010}, 50, 100), 955) << "in the middle";
+    EXPECT_EQ(textviews::PositionShowing({1000, 1300}, 50, 100), 1000) << "as much as fits";
 }

@@ -1,6 +1,6 @@
+#include "wire/FrameStream.h"
 #include "tests/platform/tolvan/TestPeer.h"
 #include "tolvan/Framing.h"
-#include "tolvan/_FrameStream.h"
 
 #include <gtest/gtest.h>
 
@@ -22,9 +22,10 @@ protected:
         int ends[2];
         EXPECT_EQ(socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends), 0);
         fcntl(ends[0], F_SETFL, O_NONBLOCK);
-        m_Stream = std::make_shared<_FrameStream>(m_Context, _SocketHandle(ends[0]), kStall);
+        m_Stream =
+            std::make_shared<wire::FrameStream>(m_Context, wire::SocketHandle(ends[0]), kStall);
         m_Peer = TestPeer(ends[1]);
-        _FrameStream::Events events;
+        wire::FrameStream::Events events;
         events.frame = [this](const String& content) { m_Frames.push_back(content); };
         events.closed = [this](const String& why) { m_Ends.push_back(why); };
         m_Stream->Start(std::move(events));
@@ -42,11 +43,11 @@ protected:
     }
     bool HasEnded() const { return !m_Ends.empty(); }
 
-    boost::asio::io_context       m_Context;
-    std::shared_ptr<_FrameStream> m_Stream;
-    TestPeer                      m_Peer;
-    std::vector<String>           m_Frames;
-    std::vector<String>           m_Ends;
+    boost::asio::io_context            m_Context;
+    std::shared_ptr<wire::FrameStream> m_Stream;
+    TestPeer                           m_Peer;
+    std::vector<String>                m_Frames;
+    std::vector<String>                m_Ends;
 };
 
 TEST_F(FrameStreamTest, PutsFramesTogether)

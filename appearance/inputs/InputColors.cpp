@@ -1,0 +1,39 @@
+#include "appearance/inputs/InputColors.h"
+
+#include "appearance/inputs/ItemDrawing.h"
+#include "appearance/wxTolvanColors.h"
+#include "internal/port/PortStyle.h"
+
+#include <wx/window.h>
+
+namespace appearance
+{
+void UseInputColors(wxtColorManaged& control)
+{
+    control.m_ForegroundName = color_Text;
+    control.m_BackgroundName = color_WindowBGLighter;
+    control.m_DisabledForegroundName = color_TextGrey;
+    control.m_DisabledBackgroundName = color_WindowBGDarker;
+    control.m_ForegroundOffset = 0;
+    control.m_BackgroundOffset = 0;
+    control.m_DisabledForegroundOffset = 0;
+    control.m_DisabledBackgroundOffset = 0;
+    control.RefreshColors();
+}
+
+long FlatStyle(long style)
+{
+    return style & wxBORDER_MASK ? style : style | wxBORDER_NONE;
+}
+
+void ColourField(wxWindow& field)
+{
+    const wxColour ink = wxtGetColor(color_Text);
+    const wxColour ground = wxtGetColor(color_WindowBGLighter);
+    const wxColour focus = wxtGetColor(color_Selected);
+    const wxColour hint = wxtGetColor(color_TextGrey);
+    const ItemLook selected = ItemLook::Of(ground, ink, true);
+    internal::StyleField(field, {hint, selected.ink, selected.ground, focus});
+    internal::StyleCompletions(ink, ground, selected.ink, selected.ground);
+}
+} // namespace appearance

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <wx/colour.h>
+#include <wx/string.h>
+
+class wxDC;
+class wxRect;
+class wxWindow;
+
+namespace appearance
+{
+/// How the lists of the input controls show their items.
+
+/// Colours of an item. That of the selected one is the look of a default button.
+struct ItemLook
+{
+    wxColour ground;
+    wxColour ink;
+
+    /// The given colours are those of what is not selected.
+    static ItemLook Of(const wxColour& ground, const wxColour& ink, bool selected);
+};
+
+/// The text on one line: line breaks, tabs and other control characters become blanks. At most
+/// `limit` characters, as many as can ever be seen.
+wxString OneLine(const wxString& text, size_t limit);
+
+/// Fills the rectangle; an invalid colour fills nothing.
+void FillGround(wxDC& dc, const wxRect& rect, const wxColour& colour);
+/// A frame of one pixel inside the rectangle.
+void DrawFrame(wxDC& dc, const wxRect& rect, const wxColour& colour);
+/// The text on one line, vertically centred, shortened at its end where it is too wide.
+void DrawItemText(wxDC& dc, const wxRect& rect, const wxString& text, const wxColour& ink);
+
+/// Height of an item in pixels.
+int ItemHeight(const wxWindow& window);
+/// Width of an item's text in pixels, up to a limit: nobody wants a control as wide as a text of
+/// thousands of characters.
+/// @{
+int ItemTextWidth(const wxWindow& window, const wxString& text);
+/// Guessed from the number of characters, which costs nothing. `charWidth`: the window's.
+int GuessedTextWidth(int charWidth, size_t characters);
+/// @}
+
+/// Finds items by how they begin, without regard to case, as a user types it: the first from
+/// `start` on, going round; -1 when there is none.
+template <class TextOf>
+int FindByStart(const wxString& typed, int start, int count, const TextOf& textOf)
+{
+    const wxString wanted = typed.Lower();
+    for (int i = 0; i < count; ++i)
+    {
+        const int item = (start + i) % count;
+        if (textOf(item).Left(wanted.length()).Lower() == wanted)
+        {
+            return item;
+        }
+    }
+    return -1;
+}
+} // namespace appearance

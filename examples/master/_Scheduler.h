@@ -1,9 +1,0 @@
-#pragma once
-
-#include "examples/master/_JobTable.h"
-
-/// The waiting job that starts next: the one of the highest priority, of several the one that came
-/// first; one that is held up lets others pass. Null when none waits or `slots` jobs run already. A
-/// suspended job takes no slot; once it goes on there may be more running jobs than slots, and no
-/// other starts until there is room.
-_JobRecord* NextToStart(const _JobTable& table, int slots);

@@ -1,0 +1,344 @@
+#include "internal/text/TextPainter.h"
+
+#include "internal/text/GlyphTable.h"
+
+#include <wx/graphics.h>
+#include <wx/region.h>
+
+#include <cmath>
+#include <limits>
+
+namespace internal
+{
+namespace
+{
+constexpr double kTightFit = 0.75; // pixels that a character may be wider than its cell
+constexpr double kFullChannel = 255.0;
+} // namespace
+
+/// The bitmap's cairo surface, with the glyphs that wait to be drawn on it.
+class TextPainter::Canvas
+{
+public:
+    Canvas(std::unique_ptr<wxGraphicsContext> context, GlyphTable& glyphs);
+    ~Canvas();
+
+    void SetColour(const wxColour& colour);
+    void DrawCell(const wchar_t* characters, int count, int x, int y, int width);
+    void DrawAscii(const char* characters, size_t count, int x, int y, int width);
+    void DrawRun(const std::wstring& text, const std::vector<double>& ends, int x, int y);
+    void Fill(const wxRect& rect, const wxColour& colour);
+    void ClipTo(const std::vector<wxRect>& rects);
+    void Unclip();
+    void Flush();
+
+    GlyphTable& Glyphs() { return m_Glyphs; }
+
+private:
+    void Add(const Glyph& glyph, double x, double y);
+    void SetSource(const wxColour& colour);
+    void Draw(const Glyph& glyph, int x, int y, int width);
+    void DrawAlone(const Glyph& glyph, int x, int y, int width);
+
+    std::unique_ptr<wxGraphicsContext> m_Context;
+    cairo_t*                           m_Cairo;
+    GlyphTable&                        m_Glyphs;
+    cairo_scaled_font_t*               m_BatchFont = nullptr;
+    std::vector<cairo_glyph_t>         m_Batch;  ///< All of that font.
+    wxColour                           m_Colour; ///< Invalid: draws nothing.
+    bool                               m_Clipped = false;
+};
+
+TextPainter::Canvas::Canvas(std::unique_ptr<wxGraphicsContext> context, GlyphTable& glyphs)
+    : m_Context(std::move(context)),
+      m_Cairo(static_cast<cairo_t*>(m_Context->GetNativeContext())),
+      m_Glyphs(glyphs)
+{
+    // The device context draws on the same surface; it finds its own state again afterwards.
+    cairo_save(m_Cairo);
+}
+
+TextPainter::Canvas::~Canvas()
+{
+    Flush();
+    Unclip();
+    cairo_restore(m_Cairo);
+}
+
+void TextPainter::Canvas::SetSource(const wxColour& colour)
+{
+    cairo_set_source_rgba(m_Cairo, colour.Red() / kFullChannel, colour.Green() / kFullChannel,
+                          colour.Blue() / kFullChannel, colour.Alpha() / kFullChannel);
+}
+
+void TextPainter::Canvas::SetColour(const wxColour& colour)
+{
+    Flush();
+    m_Colour = colour;
+}
+
+void TextPainter::Canvas::DrawCell(const wchar_t* characters, int count, int x, int y, int width)
+{
+    Draw(m_Glyphs.Of(characters, count), x, y, width);
+}
+
+void TextPainter::Canvas::DrawAscii(const char* characters, size_t count, int x, int y, int width)
+{
+    for (size_t i = 0; i < count; ++i)
+    {
+        Draw(m_Glyphs.OfAscii(characters[i]), x, y, width);
+        x += width;
+    }
+}
+
+void TextPainter::Canvas::Draw(const Glyph& glyph, int x, int y, int width)
+{
+    if (glyph.blank || !m_Colour.IsOk())
+    {
+        return;
+    }
+    if (!glyph.font || glyph.tall || glyph.advance > width + kTightFit)
+    {
+        DrawAlone(glyph, x, y, width);
+        return;
+    }
+    Add(glyph, x, y);
+}
+
+void TextPainter::Canvas::Add(const Glyph& glyph, double x, double y)
+{
+    if (glyph.font != m_BatchFont)
+    {
+        Flush();
+        m_BatchFont = glyph.font;
+    }
+    m_Batch.push_back({glyph.index, x + glyph.dx, y + m_Glyphs.Baseline() + glyph.dy});
+}
+
+void TextPainter::Canvas::DrawRun(const std::wstring& text, const std::vector<double>& ends, int x,
+                                  int y)
+{
+    for (size_t i = 0; m_Colour.IsOk() && i < text.size(); ++i)
+    {
+        const Glyph& glyph = m_Glyphs.Of(&text[i], 1);
+        if (!glyph.blank)
+        {
+            // Kerning is part of the way to a character, not of the character.
+            Add(glyph, x + ends[i] - glyph.advance, y);
+        }
+    }
+}
+
+void TextPainter::Canvas::Fill(const wxRect& rect, const wxColour& colour)
+{
+    Flush();
+    SetSource(colour);
+    cairo_rectangle(m_Cairo, rect.x, rect.y, rect.width, rect.height);
+    cairo_fill(m_Cairo);
+}
+
+// A character of several glyphs, or one that has to be squeezed into its cell or cut off there.
+void TextPainter::Canvas::DrawAlone(const Glyph& glyph, int x, int y, int width)
+{
+    Flush();
+    cairo_save(m_Cairo);
+    SetSource(m_Colour);
+    if (glyph.tall)
+    {
+        cairo_rectangle(m_Cairo, x, y, width, m_Glyphs.LineHeight());
+        cairo_clip(m_Cairo);
+    }
+    cairo_translate(m_Cairo, x, y + m_Glyphs.Baseline());
+    if (glyph.advance > width + kTightFit)
+    {
+        cairo_scale(m_Cairo, width / glyph.advance, 1.0);
+    }
+    if (glyph.layout)
+    {
+        cairo_move_to(m_Cairo, 0, 0);
+        pango_cairo_show_layout_line(m_Cairo,
+                                     pango_layout_get_line_readonly(glyph.layout.get(), 0));
+    }
+    else
+    {
+        const cairo_glyph_t single{glyph.index, glyph.dx, glyph.dy};
+        cairo_set_scaled_font(m_Cairo, glyph.font);
+        cairo_show_glyphs(m_Cairo, &single, 1);
+    }
+    cairo_restore(m_Cairo);
+}
+
+void TextPainter::Canvas::ClipTo(const std::vector<wxRect>& rects)
+{
+    Flush();
+    Unclip();
+    cairo_save(m_Cairo);
+    cairo_new_path(m_Cairo);
+    for (const wxRect& rect : rects)
+    {
+        cairo_rectangle(m_Cairo, rect.x, rect.y, rect.width, rect.height);
+    }
+    cairo_clip(m_Cairo);
+    m_Clipped = true;
+}
+
+void TextPainter::Canvas::Unclip()
+{
+    if (m_Clipped)
+    {
+        Flush();
+        cairo_restore(m_Cairo);
+        m_Clipped = false;
+    }
+}
+
+void TextPainter::Canvas::Flush()
+{
+    if (!m_Batch.empty())
+    {
+        SetSource(m_Colour);
+        cairo_set_scaled_font(m_Cairo, m_BatchFont);
+        cairo_show_glyphs(m_Cairo, m_Batch.data(), static_cast<int>(m_Batch.size()));
+        m_Batch.clear();
+    }
+}
+
+TextPainter::TextPainter(wxMemoryDC& dc, const wxFont& font) : m_Dc(dc), m_Font(font)
+{
+    dc.SetFont(font);
+    dc.SetBackgroundMode(wxBRUSHSTYLE_TRANSPARENT);
+    std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc));
+    auto* const cairo = context ? static_cast<cairo_t*>(context->GetNativeContext()) : nullptr;
+    if (GlyphTable* const glyphs = cairo ? GlyphTable::For(cairo, dc, font) : nullptr)
+    {
+        m_Canvas = std::make_unique<Canvas>(std::move(context), *glyphs);
+    }
+}
+
+TextPainter::~TextPainter() = default;
+
+void TextPainter::SetColour(const wxColour& colour)
+{
+    m_Colour = colour;
+    if (m_Canvas)
+    {
+        m_Canvas->SetColour(colour);
+    }
+    else if (colour.IsOk())
+    {
+        m_Dc.SetTextForeground(colour);
+    }
+}
+
+void TextPainter::DrawCell(const wchar_t* characters, int count, int x, int y, int width)
+{
+    if (count < 1 || !m_Colour.IsOk())
+    {
+        return;
+    }
+    if (m_Canvas)
+    {
+        m_Canvas->DrawCell(characters, count, x, y, width);
+    }
+    else
+    {
+        m_Dc.DrawText(wxString(characters, static_cast<size_t>(count)), x, y);
+    }
+}
+
+void TextPainter::DrawAscii(const char* characters, size_t count, int x, int y, int width)
+{
+    if (m_Canvas)
+    {
+        m_Canvas->DrawAscii(characters, count, x, y, width);
+        return;
+    }
+    for (size_t i = 0; i < count; ++i)
+    {
+        const auto character = static_cast<wchar_t>(characters[i]);
+        DrawCell(&character, 1, x + static_cast<int>(i) * width, y, width);
+    }
+}
+
+double TextPainter::Step(wchar_t a, wchar_t b)
+{
+    return m_Canvas ? m_Canvas->Glyphs().Step(a, b) : std::numeric_limits<double>::quiet_NaN();
+}
+
+std::vector<double> TextPainter::Ends(const std::wstring& text)
+{
+    std::vector<double> ends;
+    if (!m_Canvas || text.empty())
+    {
+        return ends;
+    }
+    ends.reserve(text.size());
+    // A blank stands alone and for itself: the first character's own step.
+    double end = Step(L' ', text[0]);
+    end = std::isnan(end) ? end : m_Canvas->Glyphs().Of(text.data(), 1).advance;
+    ends.push_back(end);
+    for (size_t i = 1; i < text.size() && !std::isnan(end); ++i)
+    {
+        end += m_Canvas->Glyphs().Step(text[i - 1], text[i]);
+        ends.push_back(end);
+    }
+    return std::isnan(end) ? std::vector<double>() : ends;
+}
+
+void TextPainter::DrawRun(const std::wstring& text, const std::vector<double>& ends, int x, int y)
+{
+    if (m_Canvas && ends.size() == text.size())
+    {
+        m_Canvas->DrawRun(text, ends, x, y);
+    }
+}
+
+void TextPainter::Fill(const wxRect& rect, const wxColour& colour)
+{
+    if (!colour.IsOk())
+    {
+        return;
+    }
+    if (m_Canvas)
+    {
+        m_Canvas->Fill(rect, colour);
+        return;
+    }
+    m_Dc.SetPen(*wxTRANSPARENT_PEN);
+    m_Dc.SetBrush(wxBrush(colour));
+    m_Dc.DrawRectangle(rect);
+}
+
+void TextPainter::ClipTo(const std::vector<wxRect>& rects)
+{
+    if (m_Canvas)
+    {
+        m_Canvas->ClipTo(rects);
+        return;
+    }
+    wxRegion region;
+    for (const wxRect& rect : rects)
+    {
+        region.Union(rect);
+    }
+    m_Dc.SetDeviceClippingRegion(region);
+}
+
+void TextPainter::Unclip()
+{
+    if (m_Canvas)
+    {
+        m_Canvas->Unclip();
+        return;
+    }
+    m_Dc.DestroyClippingRegion();
+}
+
+void TextPainter::Flush()
+{
+    if (m_Canvas)
+    {
+        m_Canvas->Flush();
+    }
+}
+} // namespace internal

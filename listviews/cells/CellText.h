@@ -1,0 +1,40 @@
+#pragma once
+
+#include <wx/dcmemory.h>
+#include <wx/font.h>
+
+#include <memory>
+
+namespace internal
+{
+class TextPainter;
+}
+
+namespace listviews
+{
+/// Draws the texts of a list's cells into a bitmap, each in the room that it has: fast where the
+/// painter can, with the toolkit where it can't, and with the same picture. Everything that has
+/// been drawn is there when a call returns. Main thread.
+class CellText
+{
+public:
+    explicit CellText(wxMemoryDC& dc);
+    ~CellText();
+    CellText(const CellText&) = delete;
+    CellText& operator=(const CellText&) = delete;
+
+    bool DrawsOn(const wxDC& dc) const { return &dc == &m_Dc; }
+    /// In the context's font and text colour, from the room's top left; shortened to its width.
+    void Draw(const wxString& text, const wxRect& room);
+    void Fill(const wxRect& rect, const wxColour& colour);
+
+private:
+    internal::TextPainter& Painter();
+    bool                   DrawRun(const std::wstring& text, const wxRect& room);
+    void                   DrawMeasured(const std::wstring& text, const wxRect& room);
+
+    wxMemoryDC&                            m_Dc;
+    wxFont                                 m_Font; ///< Of the painter.
+    std::unique_ptr<internal::TextPainter> m_Painter;
+};
+} // namespace listviews

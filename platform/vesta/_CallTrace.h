@@ -1,5 +1,0 @@
-#pragma once
-
-/// Tells the calling thread's trace that an exception is about to be thrown: should the thread have
-/// printed its trace for an earlier one, this one is printed all the same.
-void _ForgetPrintedTraces() noexcept;

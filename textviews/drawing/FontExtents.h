@@ -1,0 +1,17 @@
+#pragma once
+
+#include <wx/font.h>
+
+namespace textviews
+{
+/// The fixed-pitch font of all text views with the size of its cell, measured on "M".
+struct _FontExtents
+{
+    unsigned columnWidth; ///< Pixels, at least 1.
+    unsigned lineHeight;  ///< Pixels, at least 1.
+    wxFont   font;
+
+    /// The one record that all views share; made on the first call and kept for good.
+    static const _FontExtents& Get();
+};
+} // namespace textviews

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <wx/colour.h>
+
+#include <array>
+
+namespace textviews
+{
+/// What a line is, for the colour of its band.
+struct LineState
+{
+    bool selected = false;
+    bool hover = false;
+    bool marked = false; ///< The search last hit it.
+};
+
+/// Colours of the bands behind the lines, all derived from three of the scheme.
+class TextPalette
+{
+public:
+    TextPalette(const wxColour& background, const wxColour& selection, const wxColour& mark);
+
+    const wxColour& Band(const LineState& state) const;
+
+private:
+    std::array<wxColour, 8> m_Bands; ///< By the three bits of the state.
+};
+
+/// 75% of the one and 25% of the other, each channel truncated. An invalid colour adds nothing.
+wxColour MixedColour(const wxColour& most, const wxColour& some);
+/// Each channel's complement; an invalid colour stays invalid.
+wxColour InvertedColour(const wxColour& colour);
+} // namespace textviews

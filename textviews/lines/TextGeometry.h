@@ -1,0 +1,48 @@
+#pragma once
+
+#include <wx/gdicmn.h>
+
+#include <cstdint>
+#include <vector>
+
+namespace textviews
+{
+/// Where lines and cells are, in client pixels. Painting and the mouse ask the same object.
+struct TextGeometry
+{
+    int     lineHeight = 10;  ///< Pixels, above 0.
+    int     columnWidth = 10; ///< Pixels of a cell, above 0.
+    wxPoint scroll;           ///< Pixels scrolled off the top left.
+    wxSize  client;
+    int     lineCount = 0;
+
+    /// The first line that is drawn: one above the visible ones, whose glyphs may hang over.
+    int    FirstDrawnLine() const;
+    int    EndOfDrawnLines(int visibleLines) const; ///< One past the last.
+    int    TopOf(int line) const;
+    int    LineAt(int y) const; ///< -1 below the last line; above the first one, that one if any.
+    wxRect BandOf(int line) const;
+    wxRect BelowLines() const; ///< Empty when lines fill the view.
+
+    int64_t FirstDrawnCell() const; ///< One to the left of the visible ones.
+    int64_t EndOfDrawnCells() const;
+    /// Left edge of a cell. Text starts half a cell from the edge.
+    int XOf(int64_t cell) const;
+};
+
+/// The rows of pixels that a rectangle with rounded corners covers, top to bottom: exactly the same
+/// on every port, which antialiased curves are not.
+std::vector<wxRect> RoundedRows(const wxRect& rect, int radius);
+
+/// A stretch of the content along one axis, pixels from its start.
+struct Stretch
+{
+    int64_t start = 0;
+    int64_t end = 0;
+};
+
+/// The scroll position that shows the stretch: the same when it is visible already,
+/// else the start of the content if it shows there, else with the stretch in the middle (its start
+/// at the edge when it does not fit).
+int64_t PositionShowing(const Stretch& stretch, int64_t position, int clientSize);
+} // namespace textviews

@@ -1,0 +1,40 @@
+#pragma once
+
+namespace textviews
+{
+/// The selected lines: all from the smaller to the larger of anchor and end. The anchor is where
+/// the mouse went down, the end follows it.
+class TextSelection
+{
+public:
+    int  Anchor() const { return m_Anchor; } ///< -1 when nothing is selected.
+    int  End() const { return m_End; }       ///< -1 when nothing is selected.
+    bool IsEmpty() const { return m_Anchor == -1; }
+    int  First() const { return m_Anchor < m_End ? m_Anchor : m_End; }
+    int  Last() const { return m_Anchor < m_End ? m_End : m_Anchor; }
+    bool Contains(int line) const { return line >= 0 && line >= First() && line <= Last(); }
+
+    /// Selects that line alone; a line at or beyond `count` selects nothing.
+    void Click(int line, int count) { m_Anchor = m_End = line < count ? line : -1; }
+    /// Selects as far as that line; -1 stands for below the last line, and selects to it. A
+    /// selection that has no anchor yet gets it at the first line that it is dragged over.
+    void Drag(int line, int count);
+    void SelectAll(int count);
+    void Clear() { m_Anchor = m_End = -1; }
+
+    /// Keep the selection on its lines when others come or go before them.
+    /// @{
+    void LineInserted(int line);
+    void LineErased(int line);
+    /// @}
+
+private:
+    int m_Anchor = -1;
+    int m_End = -1;
+};
+
+/// The index of a line after another was inserted; -1 stays.
+int IndexAfterInsert(int index, int inserted);
+/// The index of a line after a line was erased; -1 when it was that line itself.
+int IndexAfterErase(int index, int erased);
+} // namespace textviews

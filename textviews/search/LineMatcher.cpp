@@ -1,0 +1,246 @@
+#include "textviews/search/LineMatcher.h"
+
+#include "textviews/lines/TextCells.h"
+
+#include <glib.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace textviews
+{
+namespace
+{
+constexpr uint32_t kTabledCodes = 0x600; // Latin, Greek, Cyrillic and what lies between
+constexpr size_t   kAsciiCodes = 0x80;
+constexpr uint32_t kLastInvalid = kInvalidByteBase + 0xFF;
+
+// Not by the run-time's functions: those know ASCII only where the locale is "C".
+uint32_t LowerCase(uint32_t code)
+{
+    if (code >= kInvalidByteBase && code <= kLastInvalid)
+    {
+        return code;
+    }
+    return g_unichar_tolower(code);
+}
+
+struct SizedCode
+{
+    uint32_t code;
+    size_t   bytes;
+};
+
+SizedCode NextCode(std::string_view text, size_t byte)
+{
+    const auto first = static_cast<unsigned char>(text[byte]);
+    if (first < kAsciiCodes)
+    {
+        return {first, 1};
+    }
+    const TextCell cell = CellAt(text, byte);
+    return {cell.code, static_cast<size_t>(cell.bytes)};
+}
+
+char LowerAscii(char c)
+{
+    return static_cast<char>(c + (static_cast<unsigned char>(c - 'A') < 26 ? 'a' - 'A' : 0));
+}
+
+const char* FindBytes(std::string_view in, std::string_view what)
+{
+    return static_cast<const char*>(memmem(in.data(), in.size(), what.data(), what.size()));
+}
+} // namespace
+
+LineMatcher::LineMatcher(const String& text, bool matchCase) : m_MatchCase(matchCase)
+{
+    if (!matchCase)
+    {
+        m_FoldedCodes.resize(kTabledCodes);
+        for (uint32_t code = 0; code < kTabledCodes; ++code)
+        {
+            m_FoldedCodes[code] = LowerCase(code);
+        }
+    }
+    for (size_t byte = 0; byte < text.size();)
+    {
+        const SizedCode next = NextCode(text, byte);
+        m_Codes.push_back(Folded(next.code));
+        byte += next.bytes;
+    }
+    PrepareFallbacks();
+    PrepareQuickBytes();
+    if (m_MatchCase)
+    {
+        m_Bytes = text;
+        m_Quick = !text.empty();
+    }
+}
+
+// Blocks of ASCII can be compared by bytes in lower case, unless the text holds other characters.
+void LineMatcher::PrepareQuickBytes()
+{
+    if (m_MatchCase || m_Codes.empty())
+    {
+        return;
+    }
+    m_Quick = std::all_of(m_Codes.begin(), m_Codes.end(),
+                          [](uint32_t code) { return code < kAsciiCodes; });
+    if (m_Quick)
+    {
+        m_Bytes.assign(m_Codes.begin(), m_Codes.end());
+    }
+}
+
+uint32_t LineMatcher::Folded(uint32_t code) const
+{
+    if (m_MatchCase)
+    {
+        return code;
+    }
+    return code < kTabledCodes ? m_FoldedCodes[code] : LowerCase(code);
+}
+
+// The table of the Knuth-Morris-Pratt search: it never goes back in the line, so that a long line
+// can be left and taken up again anywhere.
+void LineMatcher::PrepareFallbacks()
+{
+    m_Fallbacks.assign(m_Codes.size() + 1, 0);
+    size_t agreed = 0;
+    for (size_t i = 1; i < m_Codes.size(); ++i)
+    {
+        while (agreed > 0 && m_Codes[i] != m_Codes[agreed])
+        {
+            agreed = m_Fallbacks[agreed];
+        }
+        agreed += m_Codes[i] == m_Codes[agreed] ? 1 : 0;
+        m_Fallbacks[i + 1] = agreed;
+    }
+}
+
+bool LineMatcher::Continue(std::string_view line, Progress& progress, size_t budget) const
+{
+    const size_t end = std::min(line.size(), progress.byte + budget);
+    if (m_Codes.empty())
+    {
+        progress.byte = line.size();
+        return false;
+    }
+    while (progress.byte < end)
+    {
+        const SizedCode next = NextCode(line, progress.byte);
+        const uint32_t  code = Folded(next.code);
+        while (progress.matched > 0 && code != m_Codes[progress.matched])
+        {
+            progress.matched = m_Fallbacks[progress.matched];
+        }
+        progress.matched += code == m_Codes[progress.matched] ? 1 : 0;
+        progress.byte += next.bytes;
+        ++progress.column;
+        if (progress.matched == m_Codes.size())
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool LineMatcher::Find(std::string_view line, LineMatch& match) const
+{
+    Progress progress;
+    if (!Continue(line, progress, line.size()))
+    {
+        return false;
+    }
+    match.column = static_cast<int>(progress.column) - Length();
+    match.length = Length();
+    return true;
+}
+
+const std::vector<int>& LineMatcher::HitsIn(const LineStore::Block& block, int from, int end,
+                                            bool onlyFirst)
+{
+    m_Hits.clear();
+    if (m_Codes.empty() || from >= end)
+    {
+        return m_Hits;
+    }
+    if (m_Quick && m_MatchCase)
+    {
+        QuickHits(block, block.bytes, from, end, onlyFirst);
+    }
+    else if (m_Quick && IsAscii(block.bytes))
+    {
+        QuickHits(block, LowerCaseOf(block.bytes), from, end, onlyFirst);
+    }
+    else
+    {
+        SlowHits(block, from, end, onlyFirst);
+    }
+    return m_Hits;
+}
+
+std::string_view LineMatcher::LowerCaseOf(std::string_view ascii)
+{
+    m_Scratch.resize(ascii.size());
+    std::transform(ascii.begin(), ascii.end(), m_Scratch.begin(), LowerAscii);
+    return m_Scratch;
+}
+
+// Compares bytes without regard to the lines: the first place within a line's bytes decides on it.
+// It may reach into the next line, which rules its own line out, or start within a character, and
+// is looked at again. Every look costs as much as the text is long: it goes on only in a line that
+// is long enough to hold the text, and so to pay for that.
+void LineMatcher::QuickHits(const LineStore::Block& block, std::string_view bytes, int from,
+                            int end, bool onlyFirst)
+{
+    const auto startOf = [&](int line)
+    { return line < block.lineCount ? block.StartOf(line) : bytes.size(); };
+    const auto longEnough = [&](int line)
+    {
+        while (line < end && startOf(line + 1) - startOf(line) < m_Bytes.size())
+        {
+            ++line;
+        }
+        return line;
+    };
+    const size_t limit = startOf(end);
+    LineMatch    ignored;
+    for (int line = longEnough(from); line < end; line = longEnough(line + 1))
+    {
+        const size_t      at = startOf(line);
+        const char* const hit = FindBytes(bytes.substr(at, limit - at), m_Bytes);
+        if (!hit)
+        {
+            return;
+        }
+        const auto byte = static_cast<size_t>(hit - bytes.data());
+        line = block.LineAt(byte);
+        if (byte + m_Bytes.size() <= startOf(line + 1) && Find(block.Line(line), ignored))
+        {
+            m_Hits.push_back(line);
+            if (onlyFirst)
+            {
+                return;
+            }
+        }
+    }
+}
+
+void LineMatcher::SlowHits(const LineStore::Block& block, int from, int end, bool onlyFirst)
+{
+    LineMatch ignored;
+    for (int line = from; line < end; ++line)
+    {
+        if (Find(block.Line(line), ignored))
+        {
+            m_Hits.push_back(line);
+            if (onlyFirst)
+            {
+                return;
+            }
+        }
+    }
+}
+} // namespace textviews
