@@ -1,6 +1,6 @@
-#include "appearance/wxTolvanColors.h"
+#include "appearance/ColorDrawing.h"
 #include "internal/drawing/ColorMix.h"
-#include "shell/wxTolvanFrame.h"
+#include "internal/windows/UpperFloors.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/dc.h>
@@ -115,5 +115,5 @@ bool ParentIsActive(wxWindow* window)
     {
         return false;
     }
-    return !wxTolvanFrame::IsMenuOpen();
+    return !internal::g_UpperFloors.isMenuOpen();
 }

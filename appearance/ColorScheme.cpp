@@ -1,5 +1,5 @@
+#include "appearance/ColorScheme.h"
 #include "appearance/scheme/ColorTable.h"
-#include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
 #include "vesta/CallEntry.h"
 #include "vesta/Exception.h"

@@ -1,5 +1,5 @@
 #include "appearance/scheme/ColorTable.h"
-#include "appearance/wxTolvanColors.h"
+#include "appearance/ColorScheme.h"
 
 #include "vesta/CallEntry.h"
 

@@ -1,10 +1,12 @@
 #include "appearance/wxExpandablePanel.h"
 
+#include "appearance/ColorScheme.h"
 #include "appearance/controls/ClickStatic.h"
 #include "appearance/controls/ForeignPress.h"
 #include "appearance/controls/collapse.xpm"
 #include "appearance/controls/expand.xpm"
-#include "appearance/wxTolvanColors.h"
+#include "appearance/wxtColorManaged.h"
+#include "appearance/wxtStockControls.h"
 #include "vesta/Application.h"
 #include "vesta/CallEntry.h"
 

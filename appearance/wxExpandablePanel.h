@@ -9,7 +9,7 @@
 
 namespace appearance
 {
-class appearance::_ClickStatic;
+class _ClickStatic;
 }
 
 /// A panel with a header (a small button and a caption, either of which opens and closes it) above

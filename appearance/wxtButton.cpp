@@ -1,9 +1,10 @@
 #include "appearance/wxtButton.h"
 
+#include "appearance/ColorDrawing.h"
+#include "appearance/ColorScheme.h"
 #include "appearance/controls/ForeignKey.h"
 #include "appearance/controls/ForeignPress.h"
 #include "appearance/controls/Mnemonic.h"
-#include "appearance/wxTolvanColors.h"
 #include "internal/port/PortSignals.h"
 #include "vesta/CallEntry.h"
 

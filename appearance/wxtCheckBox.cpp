@@ -1,9 +1,9 @@
 #include "appearance/wxtCheckBox.h"
 
+#include "appearance/ColorScheme.h"
 #include "appearance/controls/ForeignKey.h"
 #include "appearance/controls/ForeignPress.h"
 #include "appearance/controls/Mnemonic.h"
-#include "appearance/wxTolvanColors.h"
 #include "internal/port/PortSignals.h"
 #include "vesta/CallEntry.h"
 

@@ -1,9 +1,9 @@
 #include "appearance/wxtCheckListBox.h"
 
+#include "appearance/ColorScheme.h"
 #include "appearance/inputs/InputColors.h"
 #include "appearance/inputs/ItemDrawing.h"
 #include "appearance/inputs/ListKeys.h"
-#include "appearance/wxTolvanColors.h"
 #include "internal/port/Port.h"
 #include "vesta/CallEntry.h"
 

@@ -1,4 +1,7 @@
-#include "appearance/wxTolvanColors.h"
+#include "appearance/wxtColorManaged.h"
+
+#include "appearance/ColorDrawing.h"
+#include "appearance/ColorScheme.h"
 #include "internal/port/PortSignals.h"
 #include "vesta/CallEntry.h"
 

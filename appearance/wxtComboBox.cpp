@@ -1,9 +1,9 @@
 #include "appearance/wxtComboBox.h"
 
+#include "appearance/ColorScheme.h"
 #include "appearance/inputs/ComboList.h"
 #include "appearance/inputs/InputColors.h"
 #include "appearance/inputs/ItemDrawing.h"
-#include "appearance/wxTolvanColors.h"
 #include "internal/input/PadKey.h"
 #include "internal/port/Port.h"
 #include "vesta/CallEntry.h"

@@ -1,7 +1,8 @@
 #include "appearance/wxtRenderer.h"
 
+#include "appearance/ColorDrawing.h"
+#include "appearance/ColorScheme.h"
 #include "appearance/controls/ControlLook.h"
-#include "appearance/wxTolvanColors.h"
 #include "internal/drawing/ColorMix.h"
 #include "vesta/CallEntry.h"
 

@@ -6,11 +6,12 @@ set(header_folder ${CMAKE_INSTALL_INCLUDEDIR}/wxTolvan)
 set(installed_targets wxTolvan)
 set(link_flags "-lwxTolvan")
 
-# Headers keep their folders, as they are included. Those that begin with an underscore are private.
+# Headers keep their folders, as they are included. What lies in rooms of a folder is private.
 function(tolvan_install_headers)
     foreach(folder ${ARGN})
-        install(DIRECTORY ${CMAKE_SOURCE_DIR}/${folder} DESTINATION ${header_folder}
-                FILES_MATCHING PATTERN "*.h" PATTERN "_*" EXCLUDE)
+        file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.h)
+        get_filename_component(name ${folder} NAME)
+        install(FILES ${headers} DESTINATION ${header_folder}/${name})
     endforeach()
 endfunction()
 

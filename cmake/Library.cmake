@@ -1,19 +1,29 @@
-# The product: libwxTolvan, made of one folder a subsystem.
-add_library(wxTolvan SHARED)
+# The product: libwxTolvan, made of one folder a subsystem and of what they share (internal/). Tests
+# of private parts, which the library does not export, link the objects in the library's place.
+# Text is laid out and drawn with what the toolkit itself draws it with. It stays inside: no public
+# header shows it.
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(PANGOCAIRO REQUIRED IMPORTED_TARGET pangocairo)
+
+add_library(wxTolvan_objects OBJECT)
+target_include_directories(wxTolvan_objects PUBLIC ${CMAKE_SOURCE_DIR})
+target_link_libraries(wxTolvan_objects
+    PUBLIC tolvan::vesta tolvan::platform tolvan::wx PkgConfig::PANGOCAIRO
+    PRIVATE tolvan_warnings tolvan_sanitizers)
+target_precompile_headers(wxTolvan_objects PRIVATE <wx/wx.h>)
+# Programs reuse the library's precompiled header; the compiler takes it only for the same kind of
+# position-independent code.
+set(CMAKE_CXX_COMPILE_OPTIONS_PIE -fPIC)
+
+foreach(folder internal appearance listviews textviews shell dialogs jobwidgets)
+    add_subdirectory(${CMAKE_SOURCE_DIR}/${folder})
+endforeach()
+
+add_library(wxTolvan SHARED $<TARGET_OBJECTS:wxTolvan_objects>)
 add_library(tolvan::wxTolvan ALIAS wxTolvan)
 set_target_properties(wxTolvan PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION 0)
-
 target_include_directories(wxTolvan PUBLIC
     $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}> $<INSTALL_INTERFACE:include/wxTolvan>)
 target_link_libraries(wxTolvan
     PUBLIC tolvan::vesta tolvan::platform tolvan::wx
-    PRIVATE $<BUILD_INTERFACE:tolvan_warnings> $<BUILD_INTERFACE:tolvan_sanitizers>)
-target_precompile_headers(wxTolvan PRIVATE <wx/wx.h>)
-# Programs reuse the library's precompiled header; the compiler takes it only with the same macros
-# and for the same kind of position-independent code.
-set_target_properties(wxTolvan PROPERTIES DEFINE_SYMBOL "")
-set(CMAKE_CXX_COMPILE_OPTIONS_PIE -fPIC)
-
-foreach(folder shell appearance listviews textviews dialogs jobwidgets)
-    add_subdirectory(${CMAKE_SOURCE_DIR}/${folder})
-endforeach()
+    PRIVATE $<BUILD_INTERFACE:PkgConfig::PANGOCAIRO> $<BUILD_INTERFACE:tolvan_sanitizers>)

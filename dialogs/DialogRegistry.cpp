@@ -1,4 +1,5 @@
 #include "dialogs/wxTolvanDlg.h"
+#include "internal/windows/UpperFloors.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/app.h>
@@ -13,6 +14,10 @@ Signal0<> wxTolvanDlg::s_DlgClosed;
 
 namespace
 {
+const bool kHearsFromBelow =
+    (internal::g_UpperFloors.refreshDialogs = &wxTolvanDlg::RefreshAll,
+     internal::g_UpperFloors.tellDialogs = &wxTolvanDlg::NotifyConnected, true);
+
 // Calls `work` for every live dialog; what it does may end any of them.
 template <class Work> void ForEachDialog(Work work)
 {

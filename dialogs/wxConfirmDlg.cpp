@@ -5,6 +5,7 @@
 #include "appearance/wxtCheckBox.h"
 #include "dialogs/messages/MessageText.h"
 #include "internal/windows/Geometry.h"
+#include "internal/windows/UpperFloors.h"
 #include "shell/wxTolvanFrame.h"
 #include "vesta/Application.h"
 #include "vesta/CallEntry.h"
@@ -23,6 +24,13 @@ constexpr int     kMessageBorder = 20; // pixels, as all below
 constexpr int     kRowBorder = 10;
 constexpr int     kRowGap = 10;
 constexpr int     kButtonGap = 5;
+
+void TellUser(const wxString& message, const String& key)
+{
+    wxTolvanMessageBox(message, key, nullptr);
+}
+
+const bool kTellsForBelow = (internal::g_UpperFloors.tellUser = &TellUser, true);
 
 OptionsFile& Options()
 {

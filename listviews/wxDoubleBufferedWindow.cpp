@@ -48,7 +48,7 @@ wxEND_EVENT_TABLE()
 // clang-format on
 
 wxDoubleBufferedWindow::wxDoubleBufferedWindow(wxWindow* parent, int id, long style)
-    : m_Scroll(std::make_unique<ScrollState>())
+    : m_Scroll(std::make_unique<listviews::ScrollState>())
 {
     CALL_ENTRY("wxDoubleBufferedWindow::wxDoubleBufferedWindow");
     SetBackgroundStyle(wxBG_STYLE_PAINT);
@@ -82,7 +82,7 @@ bool wxDoubleBufferedWindow::HasScrollbarRoom(const wxSize& size)
 
 void wxDoubleBufferedWindow::HideNative(int orientation)
 {
-    ScrollState::Bar& bar = m_Scroll->Of(orientation);
+    listviews::ScrollState::Bar& bar = m_Scroll->Of(orientation);
     bar.hidden = true;
     bar.shown = internal::ScrollAxis();
     wxWindow::SetScrollbar(orientation, 0, 1, 1, true);
@@ -196,7 +196,7 @@ void wxDoubleBufferedWindow::AdjustScrollbarsLater()
 // Showing what is shown already would bring further size events.
 bool wxDoubleBufferedWindow::IsBehind(int orientation) const
 {
-    const ScrollState::Bar& bar = m_Scroll->Of(orientation);
+    const listviews::ScrollState::Bar& bar = m_Scroll->Of(orientation);
     return bar.hidden || bar.shown != bar.axis;
 }
 
@@ -248,8 +248,8 @@ void wxDoubleBufferedWindow::SetScrollbar(int orientation, int position, int thu
                                           bool refresh)
 {
     CALL_ENTRY("wxDoubleBufferedWindow::SetScrollbar");
-    ScrollState::Bar& bar = m_Scroll->Of(orientation);
-    const int         before = bar.axis.position;
+    listviews::ScrollState::Bar& bar = m_Scroll->Of(orientation);
+    const int                    before = bar.axis.position;
     bar.axis.thumb = thumb;
     bar.axis.range = range;
     bar.axis.position = bar.axis.Clamped(position);
@@ -276,8 +276,8 @@ void wxDoubleBufferedWindow::SetScrollPos(int orientation, int position, bool re
 {
     CALL_ENTRY("wxDoubleBufferedWindow::SetScrollPos");
     ApplyDueScrollbars();
-    ScrollState::Bar& bar = m_Scroll->Of(orientation);
-    const int         target = bar.axis.Clamped(position);
+    listviews::ScrollState::Bar& bar = m_Scroll->Of(orientation);
+    const int                    target = bar.axis.Clamped(position);
     if (IsHeld())
     {
         m_Scroll->due = true; // the thumb follows when it is let go
@@ -299,7 +299,7 @@ void wxDoubleBufferedWindow::SetScrollPos(int orientation, int position, bool re
 // The user has moved the native thumb, and the event that tells of it is on its way.
 bool wxDoubleBufferedWindow::IsMovedByHand(int orientation) const
 {
-    const ScrollState::Bar& bar = m_Scroll->Of(orientation);
+    const listviews::ScrollState::Bar& bar = m_Scroll->Of(orientation);
     return !bar.hidden && wxWindow::GetScrollPos(orientation) != bar.shown.position;
 }
 
@@ -353,7 +353,7 @@ bool wxDoubleBufferedWindow::TakeHandPosition(const wxScrollWinEvent& event)
         m_Scroll->held = m_Scroll->held && !released;
         return false;
     }
-    ScrollState::Bar& bar = m_Scroll->Of(orientation);
+    listviews::ScrollState::Bar& bar = m_Scroll->Of(orientation);
     bar.shown.position = position;
     if (dragged)
     {

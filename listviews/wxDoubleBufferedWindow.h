@@ -13,10 +13,11 @@
 namespace internal
 {
 struct ScrollAxis;
-}
-namespace internal
-{
 struct ScrollUnits;
+} // namespace internal
+namespace listviews
+{
+struct ScrollState;
 }
 
 /// Base of every custom-drawn scrollable view. It owns an off-screen bitmap of the client area, has
@@ -111,8 +112,6 @@ protected:
     static std::set<wxDoubleBufferedWindow*> s_Windows;
 
 private:
-    struct ScrollState;
-
     static bool HasScrollbarRoom(const wxSize& size);
 
     void                 HideNative(int orientation);
@@ -130,10 +129,10 @@ private:
 
     void WatchHold();
 
-    wxTimer                      m_HoldTimer; ///< Runs while the mouse is held.
-    std::unique_ptr<ScrollState> m_Scroll;
-    bool                         m_WholePending = false; ///< `m_PendingArea` is everything.
-    bool                         m_PaintFailed = false;  ///< Logged; no paint succeeded since.
+    wxTimer                                 m_HoldTimer; ///< Runs while the mouse is held.
+    std::unique_ptr<listviews::ScrollState> m_Scroll;
+    bool m_WholePending = false; ///< `m_PendingArea` is everything.
+    bool m_PaintFailed = false;  ///< Logged; no paint succeeded since.
 
     wxDECLARE_EVENT_TABLE();
 };

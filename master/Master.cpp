@@ -1,11 +1,11 @@
 #include "master/Master.h"
 
-#include "tolvan/Framing.h"
 #include "tolvan/Job.h"
 #include "tolvan/SocketFolder.h"
 #include "vesta/Exception.h"
 #include "vesta/Log.h"
 #include "vesta/Platform.h"
+#include "wire/Framing.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -26,7 +26,7 @@ constexpr std::chrono::seconds kAcceptAgain{1}; // after there were no descripto
 
 master::Frame MakeFrame(const Message& message)
 {
-    return std::make_shared<const String>(Framing::Wrap(message.Encode()));
+    return std::make_shared<const String>(wire::Framing::Wrap(message.Encode()));
 }
 
 master::Frame OutputFrame(const String& job, std::string_view line, Time came)
@@ -322,7 +322,7 @@ void Master::OnOutput(const master::JobRecord& job, std::string_view line, Time 
 
 void Master::LoadJobs()
 {
-    const std::vector<Path> files = FindJobFiles(m_Options.jobsFolder);
+    const std::vector<Path> files = master::FindJobFiles(m_Options.jobsFolder);
     LogInfo(SFormat("%zu jobs in %s", files.size(), m_Options.jobsFolder.Text().c_str()));
     for (const Path& file : files)
     {

@@ -23,7 +23,7 @@ void OpenLog(const CommandLine& commandLine)
     const bool isVerbose = commandLine.Has("verbose");
     Log::s_GlobalLog->SetLevels(isVerbose ? log_Debug : log_Info,
                                 isVerbose ? log_Debug : log_System);
-    const Path folder = LogFolder(commandLine);
+    const Path folder = master::LogFolder(commandLine);
     Log::s_GlobalLog->Open((folder / (component_Master + ".log")).Text());
 }
 
@@ -40,7 +40,7 @@ bool SaysOtherRuns()
 
 int Run(const CommandLine& commandLine)
 {
-    const master::Options options = ReadOptions(commandLine);
+    const master::Options options = master::ReadOptions(commandLine);
     OpenLog(commandLine);
     if (SaysOtherRuns())
     {
@@ -66,10 +66,10 @@ int main(int argc, char** argv)
     // A client that goes and a log at the system's limit are no reasons to end.
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
-    const CommandLine commandLine = MasterCommandLine(argc, argv);
+    const CommandLine commandLine = master::MasterCommandLine(argc, argv);
     if (commandLine.Has("help"))
     {
-        std::fputs(master_Help, stdout);
+        std::fputs(master::master_Help, stdout);
         return 0;
     }
     if (commandLine.Has("version"))

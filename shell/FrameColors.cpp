@@ -1,5 +1,5 @@
 #include "shell/frames/FrameColors.h"
-#include "dialogs/wxTolvanDlg.h"
+#include "internal/windows/UpperFloors.h"
 #include "shell/wxTolvanFrame.h"
 #include "tolvan/Components.h"
 #include "vesta/Application.h"
@@ -87,5 +87,5 @@ void wxTolvanFrame::ProcessColorChange()
             TellWindow(frame);
         }
     }
-    wxTolvanDlg::RefreshAll();
+    internal::g_UpperFloors.refreshDialogs();
 }

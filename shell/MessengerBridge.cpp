@@ -1,5 +1,5 @@
 #include "appearance/wxTolvanString.h"
-#include "dialogs/wxTolvanDlg.h"
+#include "internal/windows/UpperFloors.h"
 #include "shell/app/TopWindow.h"
 #include "shell/wxTolvanApp.h"
 #include "vesta/CallEntry.h"
@@ -109,7 +109,7 @@ void wxTolvanApp::_Connect(MessengerConnectedEvt&)
     TranslateConnection(wxTOLVAN_CONNECT_EVENT,
                         "... Messenger Connected: translating to wxTOLVAN_CONNECT_EVENT",
                         "... Ignoring MessageConnectedEvt because app has no top window");
-    wxTolvanDlg::NotifyConnected(true);
+    internal::g_UpperFloors.tellDialogs(true);
 }
 
 void wxTolvanApp::_Disconnect(MessengerDisconnectedEvt&)
@@ -118,7 +118,7 @@ void wxTolvanApp::_Disconnect(MessengerDisconnectedEvt&)
     TranslateConnection(wxTOLVAN_DISCONNECT_EVENT,
                         "... Messenger Disconnected: translating to wxTOLVAN_DISCONNECT_EVENT",
                         "... Ignoring MessageDisconnectedEvt because app has no top window");
-    wxTolvanDlg::NotifyConnected(false);
+    internal::g_UpperFloors.tellDialogs(false);
 }
 
 void wxTolvanApp::_CheckReceive(MessageReceivedEvt& event)

@@ -1,5 +1,5 @@
 #include "appearance/wxTolvanString.h"
-#include "dialogs/wxConfirmDlg.h"
+#include "internal/windows/UpperFloors.h"
 #include "shell/app/TopWindow.h"
 #include "shell/wxTolvanApp.h"
 #include "vesta/CallEntry.h"
@@ -45,7 +45,7 @@ String TakeWaiting()
 
 void ShowBox(const String& texts)
 {
-    wxTolvanMessageBox(wxtToWx(kReport + texts), "RequestFailed", nullptr);
+    internal::g_UpperFloors.tellUser(wxtToWx(kReport + texts), "RequestFailed");
 }
 
 void Show(const String& text)

@@ -114,7 +114,7 @@ bool wxTolvanApp::OnInit()
 {
     CALL_ENTRY("wxTolvanApp::OnInit");
     // The earlier target stays alive: others may hold it.
-    wxLog::SetActiveTarget(new wxTolvanLog);
+    wxLog::SetActiveTarget(new shell::wxTolvanLog);
     wxLogStatus("Set wxLog to use VestaLib Log");
     m_TopWindowWatch = std::make_unique<shell::TopWindowWatch>();
     ConnectSignals();

@@ -3,6 +3,7 @@
 #include "internal/input/MouseHold.h"
 #include "internal/port/Port.h"
 #include "internal/windows/Geometry.h"
+#include "internal/windows/UpperFloors.h"
 #include "shell/app/TopWindow.h"
 #include "shell/frames/FrameColors.h"
 #include "shell/frames/FrameExtents.h"
@@ -29,6 +30,10 @@ const char* const kGeometryKey = "Window";
 const char* const kMinimizedKey = "IsMinimized";
 const char* const kMaximizedKey = "IsMaximized";
 const char* const kFullScreenKey = "IsFullScreen";
+
+// Nobody but a frame hears of the menus.
+const bool kAnswersForMenus =
+    (internal::g_UpperFloors.isMenuOpen = &wxTolvanFrame::IsMenuOpen, true);
 
 constexpr long kToolFrameStyle = wxCAPTION | wxFRAME_FLOAT_ON_PARENT | wxFRAME_TOOL_WINDOW;
 } // namespace

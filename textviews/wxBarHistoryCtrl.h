@@ -13,11 +13,8 @@
 namespace textviews
 {
 class BarHistory;
-}
-namespace textviews
-{
 struct BarBounds;
-}
+} // namespace textviews
 
 /// A small chart of the recent history of one quantity: a bar of one pixel for each value, the
 /// newest at the right, with a level meter of the newest value across them. The tooltip tells the

@@ -13,39 +13,15 @@ class wxTextLineSearchPanel;
 namespace textviews
 {
 class LineStore;
-}
-namespace textviews
-{
 class LinePainter;
-}
-namespace textviews
-{
 class TextPalette;
-}
-namespace textviews
-{
 class TextPlaces;
-}
-namespace textviews
-{
 class TextSelection;
-}
-namespace textviews
-{
-struct textviews::_FontExtents;
-}
-namespace textviews
-{
+struct _FontExtents;
 struct LineMatch;
-}
-namespace textviews
-{
 struct LineState;
-}
-namespace textviews
-{
 struct TextGeometry;
-}
+} // namespace textviews
 
 /// A read-only view of long logs and command output: whole lines of any bytes in one fixed-pitch
 /// font, with selection of lines, copying, saving, a context menu and a search bar. The line is the

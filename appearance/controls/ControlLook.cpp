@@ -1,6 +1,7 @@
 #include "appearance/controls/ControlLook.h"
 
-#include "appearance/wxTolvanColors.h"
+#include "appearance/ColorDrawing.h"
+#include "appearance/ColorScheme.h"
 
 #include <wx/renderer.h>
 

@@ -1,7 +1,8 @@
 #include "appearance/inputs/InputColors.h"
 
+#include "appearance/ColorScheme.h"
 #include "appearance/inputs/ItemDrawing.h"
-#include "appearance/wxTolvanColors.h"
+#include "appearance/wxtColorManaged.h"
 #include "internal/port/PortStyle.h"
 
 #include <wx/window.h>

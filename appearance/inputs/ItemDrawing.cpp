@@ -1,6 +1,7 @@
 #include "appearance/inputs/ItemDrawing.h"
 
-#include "appearance/wxTolvanColors.h"
+#include "appearance/ColorDrawing.h"
+#include "appearance/ColorScheme.h"
 
 #include <wx/control.h>
 #include <wx/dc.h>

@@ -2,7 +2,7 @@
 
 #include "monitor/JobCommands.h"
 #include "monitor/JobOffers.h"
-#include "monitor/MonitorMenus.h"
+#include "monitor/MonitorCommand.h"
 
 #include "appearance/wxTolvanString.h"
 #include "tolvan/JobFactory.h"

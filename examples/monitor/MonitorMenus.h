@@ -1,19 +1,9 @@
 #pragma once
 
+#include "monitor/MonitorCommand.h"
+
 class JobMenu;
 class wxFrame;
-
-/// Command ids of the main window's menus, beside the toolkit's and the text view's own.
-enum MonitorCommand
-{
-    id_Submit = 22000,
-    id_Follow,
-    id_SwitchPane,
-    id_MoreJobs,
-    id_MoreLog,
-    id_FullScreen,
-    id_OpenJob
-};
 
 /// Gives the frame its menu bar, which takes over the job menu; the commands are for the frame to
 /// bind.

@@ -1,6 +1,5 @@
 #include "internal/text/GlyphTable.h"
 
-#include "appearance/wxTolvanString.h"
 #include "internal/port/Port.h"
 
 #include <wx/fontutil.h>
@@ -30,8 +29,9 @@ GObjectPtr<PangoLayout> MakeLayout(PangoContext* context, const PangoFontDescrip
 {
     GObjectPtr<PangoLayout> layout(pango_layout_new(context));
     pango_layout_set_font_description(layout.get(), description);
-    const String utf8 = wxtFromWx(wxString(characters, static_cast<size_t>(count)));
-    pango_layout_set_text(layout.get(), utf8.data(), static_cast<int>(utf8.size()));
+    const wxString           text(characters, static_cast<size_t>(count));
+    const wxScopedCharBuffer utf8 = text.utf8_str(); // kept by the text
+    pango_layout_set_text(layout.get(), utf8.data(), static_cast<int>(utf8.length()));
     return layout;
 }
 

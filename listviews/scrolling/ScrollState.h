@@ -1,12 +1,14 @@
 #pragma once
 
 #include "internal/scrolling/ScrollModel.h"
-#include "listviews/wxDoubleBufferedWindow.h"
+
+#include <wx/defs.h>
+#include <wx/gdicmn.h>
 
 namespace listviews
 {
 /// Both scrollbars: where the view is, and what the native ones show of it.
-struct wxDoubleBufferedWindow::ScrollState
+struct ScrollState
 {
     struct Bar
     {

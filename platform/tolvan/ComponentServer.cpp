@@ -1,12 +1,12 @@
 #include "tolvan/ComponentServer.h"
 
 #include "tolvan/Components.h"
-#include "tolvan/Framing.h"
 #include "tolvan/Message.h"
 #include "tolvan/SocketFolder.h"
 #include "tolvan/threads/Guarded.h"
 #include "vesta/Platform.h"
 #include "wire/FrameStream.h"
+#include "wire/Framing.h"
 
 #include <boost/asio/executor_work_guard.hpp>
 #include <boost/asio/posix/stream_descriptor.hpp>
@@ -37,12 +37,12 @@ const char* const kDone = "Done";
 
 String RequestFrame(const String& request)
 {
-    return Framing::Wrap(Message(kRequest).Set(kName, request).Encode());
+    return wire::Framing::Wrap(Message(kRequest).Set(kName, request).Encode());
 }
 
 String AnswerFrame(bool done)
 {
-    return Framing::Wrap(Message(kAnswer).Set(kDone, String::FromBool(done)).Encode());
+    return wire::Framing::Wrap(Message(kAnswer).Set(kDone, String::FromBool(done)).Encode());
 }
 
 boost::shared_ptr<Message> DecodeAs(const String& content, const char* type)

@@ -1,11 +1,11 @@
 #include "tolvan/Messenger.h"
 
-#include "tolvan/Framing.h"
 #include "tolvan/MessageQueue.h"
 #include "tolvan/SocketFolder.h"
 #include "tolvan/threads/Guarded.h"
 #include "vesta/Platform.h"
 #include "wire/FrameStream.h"
+#include "wire/Framing.h"
 
 #include <boost/asio/executor_work_guard.hpp>
 #include <boost/asio/post.hpp>
@@ -136,10 +136,10 @@ void Messenger::State::ReportFailure(const String& why)
 
 void Messenger::State::Open(wire::SocketHandle socket)
 {
-    const String hello = Framing::Wrap(Message(msg_Hello)
-                                           .Set("component", component)
-                                           .Set("user", Platform::GetCurrentUserName())
-                                           .Encode());
+    const String hello = wire::Framing::Wrap(Message(msg_Hello)
+                                                 .Set("component", component)
+                                                 .Set("user", Platform::GetCurrentUserName())
+                                                 .Encode());
     stream = std::make_shared<wire::FrameStream>(context, std::move(socket), kStallTime);
     wire::FrameStream::Events events;
     events.frame = [this](const String& content) { OnFrame(content); };
@@ -327,8 +327,8 @@ bool Messenger::Send(const Message& message)
 {
     State& state = *m_State;
     String frame;
-    if (!state.isConnected || !tolvan::Guarded("Sending a message to the master",
-                                               [&] { frame = Framing::Wrap(message.Encode()); }))
+    if (!state.isConnected || !tolvan::Guarded("Sending a message to the master", [&]
+                                               { frame = wire::Framing::Wrap(message.Encode()); }))
     {
         return false;
     }

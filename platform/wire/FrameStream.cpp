@@ -1,7 +1,7 @@
 #include "wire/FrameStream.h"
 
-#include "tolvan/Framing.h"
 #include "vesta/Exception.h"
+#include "wire/Framing.h"
 
 #include <boost/asio/buffer.hpp>
 #include <boost/asio/error.hpp>

@@ -1,6 +1,7 @@
 #include "tests/hands/Hand.h"
 
 #include <X11/XKBlib.h>
+#include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/extensions/XTest.h>
 
@@ -18,6 +19,36 @@ const struct
 
 constexpr int kWheelUp = 4; // X11 numbers the wheel among the buttons
 constexpr int kWheelDown = 5;
+constexpr int kLeastPopUp = 10; // pixels of either side
+
+bool IsTip(Display* display, Window window)
+{
+    Atom           type = None;
+    int            format = 0;
+    unsigned long  count = 0;
+    unsigned long  left = 0;
+    unsigned char* value = nullptr;
+    XGetWindowProperty(display, window, XInternAtom(display, "_NET_WM_WINDOW_TYPE", False), 0, 1,
+                       False, XA_ATOM, &type, &format, &count, &left, &value);
+    const bool isTip = count == 1 && *reinterpret_cast<Atom*>(value) ==
+                                         XInternAtom(display, "_NET_WM_WINDOW_TYPE_TOOLTIP", False);
+    XFree(value);
+    return isTip;
+}
+
+// Any window may go while it is looked at: the display says so by an error, which nobody needs.
+int IgnoreError(Display*, XErrorEvent*)
+{
+    return 0;
+}
+
+bool IsPopUp(Display* display, Window window)
+{
+    XWindowAttributes attributes{};
+    return XGetWindowAttributes(display, window, &attributes) && attributes.override_redirect &&
+           attributes.map_state == IsViewable && attributes.width >= kLeastPopUp &&
+           attributes.height >= kLeastPopUp && !IsTip(display, window);
+}
 } // namespace
 
 Hand::Hand() : m_Display(XOpenDisplay(nullptr))
@@ -110,4 +141,19 @@ int Hand::Key(const std::string& name)
     }
     XSync(m_Display, False);
     return static_cast<int>(codes.size());
+}
+
+bool Hand::SeesPopUp() const
+{
+    Window       root = 0;
+    Window       parent = 0;
+    Window*      windows = nullptr;
+    unsigned int count = 0;
+    XQueryTree(m_Display, DefaultRootWindow(m_Display), &root, &parent, &windows, &count);
+    auto* const before = XSetErrorHandler(IgnoreError);
+    const bool  seen = std::any_of(windows, windows + count,
+                                   [this](Window window) { return IsPopUp(m_Display, window); });
+    XSetErrorHandler(before);
+    XFree(windows);
+    return seen;
 }

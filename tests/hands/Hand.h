@@ -26,6 +26,9 @@ public:
     /// One key with its modifiers, as in "ctrl+Home" or "KP_Next". How many keys went down and up
     /// again; 0 when none has that name.
     int Key(const std::string& name);
+    /// A list or a menu is on the screen: a window that comes past the window manager and is larger
+    /// than what nobody is to see. Tips do not count.
+    bool SeesPopUp() const;
 
 private:
     _XDisplay*       m_Display;

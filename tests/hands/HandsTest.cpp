@@ -1,7 +1,6 @@
 #include "tests/hands/HandsTest.h"
 
 #include "appearance/wxTolvanColors.h"
-#include "internal/port/PortStyle.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxtListCtrl.h"
 #include "tests/support/TestApp.h"
@@ -107,12 +106,6 @@ wxRect RowOnScreen(wxtListCtrl& list)
 {
     const wxRect row = list.GetBody()->GetItemRect(2);
     return {list.GetBody()->ClientToScreen(row.GetPosition()), row.GetSize()};
-}
-
-bool HasOpenList(wxWindow* control)
-{
-    const auto* const combo = dynamic_cast<wxComboCtrlBase*>(control);
-    return internal::CompletionsAreOpen() || (combo && combo->IsPopupShown());
 }
 
 void RunDialog(wxTopLevelWindow& parent)
@@ -346,8 +339,8 @@ bool HandsTest::DoWord(wxWindow* control, const std::string& word)
         {"show", [&] { control->Show(); }},
         {"destroy", [&] { control->Destroy(); }},
         {"focus", [&] { control->SetFocus(); }},
-        {"opened", [&] { EXPECT_TRUE(WaitFor([&] { return HasOpenList(control); })); }},
-        {"closed", [&] { EXPECT_TRUE(WaitFor([&] { return !HasOpenList(control); })); }},
+        {"opened", [&] { EXPECT_TRUE(WaitFor([&] { return m_Hand.SeesPopUp(); })); }},
+        {"closed", [&] { EXPECT_TRUE(WaitFor([&] { return !m_Hand.SeesPopUp(); })); }},
         {"dialog", [&] { RunDialog(*m_Frame); }},
         {"refill", [&] { Refill(control); }},
         {"theme",

@@ -1,6 +1,6 @@
 #include "tests/programs/MasterFixture.h"
-#include "tolvan/Framing.h"
 #include "tolvan/SocketFolder.h"
+#include "wire/Framing.h"
 
 #include <algorithm>
 #include <csignal>
@@ -93,7 +93,7 @@ TEST_F(MasterClients, BadPeersAreClosedAndLoggedAndDisturbNobody)
     Start();
     const TestPeer silent = NewPeer();
     TestPeer       half = NewPeer();
-    const String   hello = Framing::Wrap(Message(msg_Hello).Set("component", "Half").Encode());
+    const String hello = wire::Framing::Wrap(Message(msg_Hello).Set("component", "Half").Encode());
     half.Send(hello.substr(0, hello.size() / 2));
     const struct
     {
@@ -102,8 +102,8 @@ TEST_F(MasterClients, BadPeersAreClosedAndLoggedAndDisturbNobody)
     } cases[] = {
         {String(64, 'g'), "67676767"},
         {String("TLV1\x7f\xff\xff\xff", 8), "over the limit"},
-        {Framing::Wrap("no message"), "no message"},
-        {Framing::Wrap(Message(msg_Submit).Set(p_Type, kScriptType).Encode()), "who it is"},
+        {wire::Framing::Wrap("no message"), "no message"},
+        {wire::Framing::Wrap(Message(msg_Submit).Set(p_Type, kScriptType).Encode()), "who it is"},
     };
     for (const auto& one : cases)
     {

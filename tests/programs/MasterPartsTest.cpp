@@ -151,18 +151,18 @@ TEST(JobCommand, ValuesStayOneWordWhateverTheyHold)
         value = name == "Name" ? String("a \"b\" %Name% \\c;") : String();
         return name == "Name" || name == "Empty";
     };
-    EXPECT_EQ(CommandWords("run  --x=%Name%\t\"two words\" %Empty% 100%%", lookup),
+    EXPECT_EQ(master::CommandWords("run  --x=%Name%\t\"two words\" %Empty% 100%%", lookup),
               (std::vector<String>{"run", "--x=a \"b\" %Name% \\c;", "two words", "", "100%"}));
     for (const char* const wrong : {"", "   ", "%Empty% x", "run %Unknown%", "run 50%"})
     {
-        EXPECT_NE(TextThrown([&] { CommandWords(wrong, lookup); }), "") << wrong;
+        EXPECT_NE(TextThrown([&] { master::CommandWords(wrong, lookup); }), "") << wrong;
     }
     const auto nul = [](const String&, String& value)
     {
         value = String(std::string(1, '\0'));
         return true;
     };
-    EXPECT_NE(TextThrown([&] { CommandWords("run %X%", nul); }), "");
+    EXPECT_NE(TextThrown([&] { master::CommandWords("run %X%", nul); }), "");
 }
 
 TEST_F(MasterFiles, ProgramIsLookedForInTheOwnFolderFirst)
@@ -176,7 +176,7 @@ TEST_F(MasterFiles, ProgramIsLookedForInTheOwnFolderFirst)
     File::MakeFolder(TempFile("own/folder"));
     const Path own = TempFile("own");
     const auto find = [&](const String& name)
-    { return FindProgram(name, own, own, ":" + TempFile("other").Text()).Text(); };
+    { return master::FindProgram(name, own, own, ":" + TempFile("other").Text()).Text(); };
     EXPECT_EQ(find("tool"), TempFile("own/tool").Text());
     File::Remove(TempFile("own/tool"));
     EXPECT_EQ(find("tool"), TempFile("other/tool").Text());
@@ -191,7 +191,7 @@ TEST_F(MasterFiles, JobFileGivesTheSameJobEveryTime)
                                  "[Parameters]\nFrames = 1 to 5\nState = Done\nid = x\n");
     WriteFile(TempFile("b.job"), "[Job]\nName = B\n");
     WriteFile(TempFile("c.txt"), "");
-    const std::vector<Path> files = FindJobFiles(TempFile(""));
+    const std::vector<Path> files = master::FindJobFiles(TempFile(""));
     ASSERT_EQ(files.size(), 2u);
     const master::NewJob job = master::NewJob::FromFile(files[0]);
     EXPECT_EQ(job.type, "Some Type");

@@ -62,7 +62,7 @@ bool ReadSettings(const CommandLine& commandLine, Settings& settings)
         {"height", kLargest, settings.height}, {"samples", kMostSamples, settings.samples}};
     for (const NumberOption& option : numbers)
     {
-        const String wrong = ReadNumber(commandLine, option.name, 1, option.most, option.value);
+        const String wrong = master::ReadNumber(commandLine, option.name, 1, option.most, option.value);
         if (!wrong.empty())
         {
             std::fprintf(stderr, "%s\n", wrong.c_str());

@@ -4,10 +4,10 @@
 #include "tests/support/Threads.h"
 #include "tests/support/UserFolderTest.h"
 #include "tolvan/Components.h"
-#include "tolvan/Framing.h"
 #include "tolvan/SocketFolder.h"
 #include "vesta/Exception.h"
 #include "vesta/Platform.h"
+#include "wire/Framing.h"
 
 #include <atomic>
 #include <vector>
@@ -102,8 +102,8 @@ TEST_F(ComponentServerTest, ClosesConnectionsThatMakeNoSense)
         {"GET / HTTP/1.1\r\n\r\n", "A frame begins with 47455420 instead of 544c5631"},
         {String("TLV1\x00\x10\x00\x01", 8) + String(100, 'x'),
          "A frame of 1048577 bytes is over the limit of 1048576"},
-        {Framing::Wrap("no message"), "10 bytes came that are no message"},
-        {Framing::Wrap(Message("Answer").Set("Done", k_Yes).Encode()),
+        {wire::Framing::Wrap("no message"), "10 bytes came that are no message"},
+        {wire::Framing::Wrap(Message("Answer").Set("Done", k_Yes).Encode()),
          "a message \"Answer\" came instead of \"Request\""},
     };
     const String from = SFormat("Closed the connection of process %d: ", getpid());

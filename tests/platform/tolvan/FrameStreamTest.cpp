@@ -1,6 +1,6 @@
 #include "wire/FrameStream.h"
 #include "tests/platform/tolvan/TestPeer.h"
-#include "tolvan/Framing.h"
+#include "wire/Framing.h"
 
 #include <gtest/gtest.h>
 
@@ -52,11 +52,11 @@ protected:
 
 TEST_F(FrameStreamTest, PutsFramesTogether)
 {
-    const std::vector<String> frames = {"one", "", String(Framing::k_Limit / 8, 'b')};
+    const std::vector<String> frames = {"one", "", String(wire::Framing::k_Limit / 8, 'b')};
     String                    bytes;
     for (const String& frame : frames)
     {
-        bytes += Framing::Wrap(frame);
+        bytes += wire::Framing::Wrap(frame);
     }
     for (const size_t piece : {1, 7, 8, 11, 30})
     {
@@ -74,7 +74,7 @@ TEST_F(FrameStreamTest, PutsFramesTogether)
 
 TEST_F(FrameStreamTest, EndsOverHalfAFrame)
 {
-    m_Peer.Send(Framing::Wrap("whole") + Framing::Wrap("broken off").substr(0, 12));
+    m_Peer.Send(wire::Framing::Wrap("whole") + wire::Framing::Wrap("broken off").substr(0, 12));
     m_Peer.Close();
     ASSERT_TRUE(RunUntil([&] { return HasEnded(); }));
     EXPECT_EQ(m_Frames, std::vector<String>{"whole"});
@@ -86,7 +86,7 @@ TEST_F(FrameStreamTest, EndsOverAStalledFrameButNotOverSilence)
     const auto begin = std::chrono::steady_clock::now();
     EXPECT_TRUE(RunUntil([&] { return std::chrono::steady_clock::now() > begin + 3 * kStall; }));
     EXPECT_FALSE(HasEnded()) << "silence between frames";
-    m_Peer.Send(Framing::Wrap("whole") + "TLV");
+    m_Peer.Send(wire::Framing::Wrap("whole") + "TLV");
     ASSERT_TRUE(RunUntil([&] { return HasEnded(); }));
     EXPECT_NE(m_Ends[0].find("half a frame"), String::npos) << m_Ends[0];
     EXPECT_TRUE(m_Peer.SeesEnd());
@@ -94,7 +94,7 @@ TEST_F(FrameStreamTest, EndsOverAStalledFrameButNotOverSilence)
 
 TEST_F(FrameStreamTest, WaitsForAFrameThatComesSlowly)
 {
-    const String bytes = Framing::Wrap("slow");
+    const String bytes = wire::Framing::Wrap("slow");
     for (const char byte : bytes)
     {
         const auto begin = std::chrono::steady_clock::now();
@@ -107,8 +107,8 @@ TEST_F(FrameStreamTest, WaitsForAFrameThatComesSlowly)
 
 TEST_F(FrameStreamTest, ASilentCloseTellsNobody)
 {
-    m_Peer.Send(Framing::Wrap("one") + Framing::Wrap("two"));
-    m_Stream->Send(Framing::Wrap("bye"));
+    m_Peer.Send(wire::Framing::Wrap("one") + wire::Framing::Wrap("two"));
+    m_Stream->Send(wire::Framing::Wrap("bye"));
     m_Stream->Close();
     m_Stream->Send("more");
     m_Stream.reset();

@@ -1,6 +1,6 @@
 #include "tolvan/Message.h"
 #include "tests/support/Thrown.h"
-#include "tolvan/Framing.h"
+#include "wire/Framing.h"
 
 #include <gtest/gtest.h>
 
@@ -95,7 +95,7 @@ TEST(Message, SurvivesDeepNesting)
     // As deep as a frame can be; a reader that follows would run out of stack.
     for (const char opening : {'\x91', '\x81', '\x9f', '\x5f', '\x7f', '\xdc', '\xc7'})
     {
-        EXPECT_EQ(DecodeCode(String(Framing::k_Limit, opening)), ec_BadData);
+        EXPECT_EQ(DecodeCode(String(wire::Framing::k_Limit, opening)), ec_BadData);
     }
 }
 
@@ -126,18 +126,19 @@ TEST(Message, SurvivesDamagedBytes)
 
 TEST(Framing, WrapsUpToTheLimit)
 {
-    const String frame = Framing::Wrap(String(Framing::k_Limit, 'x'));
-    EXPECT_EQ(frame.size(), Framing::k_HeaderSize + Framing::k_Limit);
+    const String frame = wire::Framing::Wrap(String(wire::Framing::k_Limit, 'x'));
+    EXPECT_EQ(frame.size(), wire::Framing::k_HeaderSize + wire::Framing::k_Limit);
     EXPECT_EQ(frame.substr(0, 4), "TLV1");
-    EXPECT_EQ(Framing::ContentLength(frame.data()), Framing::k_Limit);
-    EXPECT_EQ(Framing::ContentLength(Framing::Wrap("").data()), 0u);
-    EXPECT_EQ(CodeThrown([] { Framing::Wrap(String(Framing::k_Limit + 1, 'x')); }), ec_TooLarge);
+    EXPECT_EQ(wire::Framing::ContentLength(frame.data()), wire::Framing::k_Limit);
+    EXPECT_EQ(wire::Framing::ContentLength(wire::Framing::Wrap("").data()), 0u);
+    EXPECT_EQ(CodeThrown([] { wire::Framing::Wrap(String(wire::Framing::k_Limit + 1, 'x')); }),
+              ec_TooLarge);
 }
 
 TEST(Framing, RefusesBadHeaders)
 {
     const auto code = [](const char* header)
-    { return CodeThrown([&] { Framing::ContentLength(header); }); };
+    { return CodeThrown([&] { wire::Framing::ContentLength(header); }); };
     EXPECT_EQ(code("TLV1\x00\x10\x00\x01"), ec_TooLarge);
     EXPECT_EQ(code("TLV1\xff\xff\xff\xff"), ec_TooLarge);
     EXPECT_EQ(code("TLV2\0\0\0\1"), ec_BadData);

@@ -4,10 +4,10 @@
 #include "tests/support/Threads.h"
 #include "tests/support/UserFolderTest.h"
 #include "tolvan/Components.h"
-#include "tolvan/Framing.h"
 #include "tolvan/MessageQueue.h"
 #include "vesta/Exception.h"
 #include "vesta/Platform.h"
+#include "wire/Framing.h"
 
 #include <atomic>
 #include <stdexcept>
@@ -136,7 +136,7 @@ TEST_F(MessengerTest, LogsALongAbsenceOnce)
 
 TEST_F(MessengerTest, LeavesAMasterThatMakesNoSenseAndSlowsDown)
 {
-    const String bad[] = {"HTTP/1.0 400 Bad Request\r\n\r\n", Framing::Wrap("garbage"),
+    const String bad[] = {"HTTP/1.0 400 Bad Request\r\n\r\n", wire::Framing::Wrap("garbage"),
                           String("TLV1\x7f\xff\xff\xff", 8), "garbage!"};
     TestMaster   master;
     const auto   begin = Clock::now();

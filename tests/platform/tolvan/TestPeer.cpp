@@ -1,8 +1,8 @@
 #include "tests/platform/tolvan/TestPeer.h"
 
 #include "tests/support/Thrown.h"
-#include "tolvan/Framing.h"
 #include "tolvan/SocketFolder.h"
+#include "wire/Framing.h"
 
 #include <cstring>
 #include <thread>
@@ -94,7 +94,7 @@ bool TestPeer::Send(const String& bytes)
 
 bool TestPeer::Send(const Message& message)
 {
-    return Send(Framing::Wrap(message.Encode()));
+    return Send(wire::Framing::Wrap(message.Encode()));
 }
 
 std::optional<String> TestPeer::Read(size_t count)
@@ -119,9 +119,9 @@ boost::shared_ptr<Message> TestPeer::Receive()
     const auto                 exception = Thrown(
         [&]
         {
-            const auto header = Read(Framing::k_HeaderSize);
+            const auto header = Read(wire::Framing::k_HeaderSize);
             const auto content =
-                header ? Read(Framing::ContentLength(header->data())) : std::nullopt;
+                header ? Read(wire::Framing::ContentLength(header->data())) : std::nullopt;
             message = content ? Message::Decode(*content) : nullptr;
         });
     if (exception)

@@ -1,13 +1,14 @@
 #pragma once
 
-#include "vesta/Export.h"
 #include "vesta/String.h"
 
 #include <cstdint>
 
+namespace wire
+{
 /// Frames on a local socket: four bytes of magic and version, four bytes of content length (big
 /// endian), the content.
-class TOLVAN_API Framing
+class Framing
 {
 public:
     static constexpr uint32_t k_Magic = 0x544c5631; ///< "TLV1"
@@ -20,3 +21,4 @@ public:
     /// ec_TooLarge).
     static size_t ContentLength(const char* header);
 };
+} // namespace wire

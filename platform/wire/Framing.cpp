@@ -1,7 +1,9 @@
-#include "tolvan/Framing.h"
+#include "wire/Framing.h"
 
 #include "vesta/Exception.h"
 
+namespace wire
+{
 namespace
 {
 
@@ -57,3 +59,4 @@ size_t Framing::ContentLength(const char* header)
     }
     return length;
 }
+} // namespace wire

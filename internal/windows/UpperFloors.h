@@ -1,0 +1,25 @@
+#pragma once
+
+#include "vesta/String.h"
+
+#include <wx/string.h>
+
+namespace internal
+{
+/// What a folder has those above it do: each entry is set, before the program's main function, by
+/// the one that can do it. Until then, and in a program without that folder, it does nothing. Main
+/// thread, except where it says otherwise.
+struct UpperFloors
+{
+    /// Whether a menu of a frame is open.
+    bool (*isMenuOpen)() = [] { return false; };
+    /// Every live dialog takes its colours from the table again.
+    void (*refreshDialogs)() = [] {};
+    /// Every live dialog hears that the connection to the master has come or gone. Any thread.
+    void (*tellDialogs)(bool connected) = [](bool) {};
+    /// Tells the user something that they may ask not to be told again, under `key`.
+    void (*tellUser)(const wxString& message, const String& key) = [](const wxString&,
+                                                                      const String&) {};
+};
+inline UpperFloors g_UpperFloors;
+} // namespace internal
