@@ -171,11 +171,18 @@ bool wxtComboBox::Show(bool show)
     return wxOwnerDrawnComboBox::Show(show);
 }
 
-// A page, or a window, that goes takes the list with it.
+// The toolkit leaves the keyboard to a control's children, and counts the list among them, closed
+// or not, once it has been open.
+void wxtComboBox::SetCanFocus(bool can)
+{
+    wxOwnerDrawnComboBox::SetCanFocus(can || HasFlag(wxCB_READONLY));
+}
+
+// A page, or a window, that goes or is disabled takes the list with it.
 void wxtComboBox::CloseUnseen(wxIdleEvent& event)
 {
     event.Skip();
-    if (IsPopupShown() && !IsShownOnScreen())
+    if (IsPopupShown() && !(IsShownOnScreen() && IsEnabled()))
     {
         HidePopup(true);
     }

@@ -52,6 +52,7 @@ public:
 
     bool SetFont(const wxFont& font) override;
     bool Show(bool show = true) override;
+    void SetCanFocus(bool can) override;
     /// Of the text, characters; 0 for any. Too long a one is told with `wxEVT_TEXT_MAXLEN`.
     void SetMaxLength(unsigned long characters) override;
     /// A selected item's new text is shown where nothing else can be typed.
