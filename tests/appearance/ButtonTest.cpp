@@ -196,17 +196,6 @@ TEST_F(ButtonTest, ItsHandlerMayDisableOrDestroyIt)
     EXPECT_FALSE(m_OK);
 }
 
-TEST_F(ButtonTest, ItsHandlerMayThrow)
-{
-    m_Cancel->Bind(wxEVT_BUTTON, [](wxCommandEvent&) { throw 1; });
-    Focus(m_Cancel);
-    EXPECT_THROW(m_Cancel->EmulateClick(), int);
-    EXPECT_TRUE(m_Cancel->IsEnabled());
-    EXPECT_TRUE(WaitFor([&] { return m_Cancel->HasFocus(); }));
-    EXPECT_TRUE(m_Cancel->Enable(false));
-    EXPECT_TRUE(m_Cancel->Enable(true));
-}
-
 TEST_F(ButtonTest, TheLabelIsCentredOnAFlatFace)
 {
     const wxColour face = wxtGetColor(color_ButtonFace);

@@ -1,5 +1,4 @@
 #include "appearance/wxtTextCtrl.h"
-#include "internal/port/PortStyle.h"
 #include "tests/appearance/InputsTest.h"
 #include "tests/support/EventCounter.h"
 #include "tests/support/Pictures.h"
@@ -22,53 +21,6 @@ TEST_F(InputsTest, OpenListFollowsTheScheme)
     Press(WXK_ESCAPE);
     EXPECT_TRUE(WaitFor([=] { return !choice->IsPopupShown(); }));
     EXPECT_EQ(wxNOT_FOUND, choice->GetSelection());
-}
-
-TEST_F(InputsTest, ChoiceIsMadeWithKeysAndMouse)
-{
-    auto* const  choice = AddChoice();
-    EventCounter picks(m_Panel, wxEVT_COMBOBOX);
-    EventCounter choices(m_Panel, wxEVT_CHOICE);
-    choice->SetSelection(0);
-    EXPECT_EQ(0, picks.Count()) << "only the user's choices are told";
-    Focus(choice);
-
-    const auto picked = [&](int item)
-    { return WaitFor([&] { return choice->GetCurrentSelection() == item; }); };
-    Press('B');
-    EXPECT_TRUE(picked(1)) << "by how it begins";
-    Press(WXK_DOWN);
-    EXPECT_TRUE(picked(2));
-    const auto* const last = dynamic_cast<const wxCommandEvent*>(choices.Last());
-    ASSERT_TRUE(last);
-    EXPECT_EQ("bravo", last->GetString());
-    EXPECT_EQ(2, last->GetInt());
-    EXPECT_EQ(picks.Count(), choices.Count());
-
-    Press(WXK_DOWN, wxMOD_ALT);
-    ASSERT_TRUE(WaitFor([=] { return choice->IsPopupShown(); }));
-    Press(WXK_UP);
-    Press(WXK_RETURN);
-    EXPECT_TRUE(picked(1));
-    ASSERT_TRUE(WaitFor([=] { return !choice->IsPopupShown(); }));
-
-    m_Input.MouseMove(choice->GetScreenRect().GetTopLeft() + wxPoint(50, 12));
-    const auto opened = [&]
-    {
-        m_Input.MouseClick(); // one that comes right after a list has closed does not count
-        return WaitFor([=] { return choice->IsPopupShown(); }, 300);
-    };
-    ASSERT_TRUE(WaitFor(opened));
-    wxWindow* const list = choice->GetPopupControl()->GetControl();
-    const wxRect    place = list->GetScreenRect();
-    const auto      clicked = [&]
-    {
-        m_Input.MouseMove(place.GetTopLeft() + wxPoint(51, 8));
-        m_Input.MouseMove(place.GetTopLeft() + wxPoint(50, 8));
-        m_Input.MouseClick();
-        return WaitFor([&] { return choice->GetSelection() == 0; }, 300);
-    };
-    EXPECT_TRUE(WaitFor(clicked));
 }
 
 TEST_F(InputsTest, ChoiceHoldsWhatItShows)
@@ -166,96 +118,4 @@ TEST_F(InputsTest, KeysOpenAndLeaveAList)
     EXPECT_TRUE(WaitFor([&] { return picks.Count() == 1; }));
     EXPECT_EQ(0, combo->GetSelection());
     EXPECT_EQ(1, texts.Count());
-}
-
-TEST_F(InputsTest, WhatHasAnOpenListMayGo)
-{
-    enum Kind
-    {
-        kField,
-        kCombo,
-        kChoice
-    };
-    const auto destroy = [](wxWindow& control) { control.Destroy(); };
-    const auto hidePage = [](wxWindow& control) { control.GetParent()->Hide(); };
-    const auto disable = [](wxWindow& control) { control.Disable(); };
-    const struct
-    {
-        Kind        kind;
-        wxEventType event; // whose handler does it; null: the program does, at any time
-        void (*act)(wxWindow& control);
-    } cases[] = {
-        {kField, wxEVT_NULL, destroy},
-        {kField, wxEVT_NULL, hidePage},
-        {kField, wxEVT_NULL, disable},
-        {kField, wxEVT_TEXT, destroy},
-        {kCombo, wxEVT_NULL, destroy},
-        {kCombo, wxEVT_NULL, hidePage},
-        {kCombo, wxEVT_NULL, disable},
-        {kCombo, wxEVT_COMBOBOX_DROPDOWN, destroy},
-        {kCombo, wxEVT_COMBOBOX_CLOSEUP, destroy},
-        {kCombo, wxEVT_TEXT, destroy},
-        {kChoice, wxEVT_NULL, destroy},
-        {kChoice, wxEVT_COMBOBOX, destroy},
-        {kChoice, wxEVT_CHOICE, destroy},
-    };
-    int number = 0;
-    for (const auto& one : cases)
-    {
-        const int       count = number++;
-        wxtPanel* const page = new wxtPanel(m_Panel);
-        page->SetSize(m_Panel->GetClientSize());
-        const wxWeakRef<wxWindow> control(
-            one.kind == kField ? static_cast<wxWindow*>(new wxtTextCtrl(page, wxID_ANY))
-            : one.kind == kCombo
-                ? new wxtComboBox(page, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, Items())
-                : new wxtChoice(page, wxID_ANY, wxDefaultPosition, wxDefaultSize, Items()));
-        const auto isOpen = [&]
-        {
-            const auto* const combo = dynamic_cast<wxtComboBox*>(control.get());
-            return combo ? combo->IsPopupShown() : internal::CompletionsAreOpen();
-        };
-        bool       hasActed = false;
-        bool       isArmed = one.event == wxEVT_COMBOBOX_DROPDOWN;
-        const auto act = [&](wxCommandEvent& event)
-        {
-            event.Skip(!isArmed);
-            if (isArmed && !hasActed)
-            {
-                hasActed = true;
-                one.act(*control);
-            }
-        };
-        page->Bind(wxEventTypeTag<wxCommandEvent>(one.event), act);
-        control->SetFocus();
-        PumpEvents();
-        // Again where the list was just being made: it misses the keys then.
-        const auto opened = [&]
-        {
-            Press(one.kind == kField ? int{'O'} : int{WXK_F4});
-            return WaitFor([&] { return isOpen() || hasActed; }, 500);
-        };
-        ASSERT_TRUE(WaitFor(opened)) << count;
-        isArmed = true;
-        if (one.event == wxEVT_NULL)
-        {
-            one.act(*control);
-            hasActed = true;
-        }
-        const auto isOver = [&]
-        {
-            if (hasActed || (!isOpen() && !opened()))
-            {
-                return hasActed && !isOpen() && !internal::CompletionsAreOpen();
-            }
-            Press(WXK_DOWN);
-            Press(WXK_RETURN);
-            return WaitFor([&] { return hasActed; }, 500);
-        };
-        EXPECT_TRUE(WaitFor(isOver)) << count;
-        EXPECT_TRUE(WaitFor([&] { return !isOpen() && !internal::CompletionsAreOpen(); })) << count;
-        EXPECT_EQ(one.act != static_cast<void (*)(wxWindow&)>(destroy), bool(control)) << count;
-        page->Destroy();
-        PumpEvents();
-    }
 }

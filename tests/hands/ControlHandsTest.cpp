@@ -10,6 +10,8 @@
 
 namespace
 {
+constexpr int kColumnWidth = 90; // pixels, of the second column of the list
+
 // What a hand does to a control, what the host hears of it, and what a person
 // sees of the control afterwards; null when that is not looked at.
 struct Row
@@ -38,6 +40,10 @@ wxString LookOf(wxWindow* control)
         for (const int row : list->GetSelection())
         {
             look << row << ",";
+        }
+        if (const int width = list->GetColumn(1).width; width != kColumnWidth)
+        {
+            look << "w" << width;
         }
     }
     else if (const auto* const box = dynamic_cast<wxtCheckBox*>(control))
@@ -70,9 +76,6 @@ const Row kButtons[] = {
     {"Normal", "enter press hide leave release show click", "button"},
     {"Normal", "enter press theme release", "button"},
     {"Normal", "enter press destroy leave release", "", "gone"},
-    {"Normal", "then destroy click", "button", "gone"},
-    {"Normal", "then dialog click space", "button button"},
-    {"Normal", "then disable click click enable click", "button button"},
     {"Default", "leave alt+d", "button"},
     {"Disabled", "enter press release double", ""},
 
@@ -87,8 +90,6 @@ const Row kButtons[] = {
     {"Check box", "enter press hide leave release show click", "check1", "x"},
     {"Check box", "enter press theme release", "check1", "x"},
     {"Check box", "enter press destroy leave release", "", "gone"},
-    {"Check box", "then destroy click", "check1", "gone"},
-    {"Check box", "then dialog click space", "check1 check0", "."},
     {"Checked", "click", "check0", "."},
 
     {"Radio button", "enter press release", "radio", "x"},
@@ -99,7 +100,6 @@ const Row kButtons[] = {
     {"Radio button", "enter press disable release enable click", "radio", "x"},
     {"Radio button", "enter press hide leave release show", "", "."},
     {"Radio button", "enter press destroy leave release", "", "gone"},
-    {"Radio button", "then destroy click", "radio", "gone"},
     {"Chosen", "focus Right Right Up", "radio radio radio", "."},
 
     {"An open panel", "enter press release", "", "closed"},
@@ -114,6 +114,8 @@ const Row kButtons[] = {
 const Row kFields[] = {
     {"choice", "focus F4 opened Escape closed", "open close", "Ray Tracer"},
     {"choice", "focus F4 opened F4 closed", "open close", "Ray Tracer"},
+    {"choice", "focus F4 opened Escape closed Tab shift+Tab Down", "open close choice1 combo1",
+     "Checksum"},
     {"choice", "focus alt+Down opened alt+Up closed", "open close", "Ray Tracer"},
     {"choice", "focus F4 opened Return closed", "open close choice0 combo0", "Ray Tracer"},
     {"choice", "focus F4 opened Down Return closed", "open close choice1 combo1", "Checksum"},
@@ -130,11 +132,23 @@ const Row kFields[] = {
     {"choice", "click opened disable closed", "open close", "Ray Tracer"},
     {"choice", "click opened hide closed", "open close", "Ray Tracer"},
     {"choice", "click opened destroy leave press release", "open", "gone"},
-    {"choice", "focus F4 opened destroy Escape", "open", "gone"},
-    {"choice", "focus then destroy Down", "choice1", "gone"},
     {"choice", "focus then refill Down Up", "choice1 combo1 choice0 combo0", "Another"},
 
+    {"choice", "click opened page-hide closed", "open close", "Ray Tracer"},
+    {"choice", "click opened page-disable closed", "open close", "Ray Tracer"},
+    {"choice", "focus Down F4 opened below notch+ notch- press release closed",
+     "choice1 combo1 open close choice0 combo0", "Ray Tracer"},
+    {"choice", "focus Down F4 opened below notch+ Escape closed", "choice1 combo1 open close",
+     "Checksum"},
+    {"choice", "focus F4 opened Home Next Prior End Return closed", "open close choice2 combo2",
+     "Another product"},
+
     {"comboBox", "focus F4 opened Escape closed", "open close", "Combo box"},
+    {"comboBox", "focus F4 opened below notch+ press release closed", "open close combo0",
+     "Ray Tracer"},
+    {"comboBox", "focus F4 opened below notch+ Escape closed", "open close", "Combo box"},
+    {"comboBox", "focus F4 opened page-hide closed", "open close", "Combo box"},
+    {"comboBox", "focus F4 opened Down Tab closed", "open close combo0", "Ray Tracer"},
     {"comboBox", "focus F4 opened Down Return closed", "open close combo0", "Ray Tracer"},
     {"comboBox", "focus F4 opened theme Down Return closed", "open close combo0", "Ray Tracer"},
     {"comboBox", "focus F4 opened leave press release closed", "open close", "Combo box"},
@@ -149,7 +163,10 @@ const Row kFields[] = {
     {"text", "focus ctrl+a o opened hide closed", "", "o"},
     {"text", "focus ctrl+a o opened disable closed", "", "o"},
     {"text", "focus ctrl+a o opened destroy Escape closed", "", "gone"},
-
+    {"text", "focus ctrl+a o opened page-hide closed", "", "o"},
+    {"text", "focus ctrl+a o opened page-disable closed", "", "o"},
+    {"text", "focus ctrl+a o opened below notch+ notch- Escape closed", "", "o"},
+    {"text", "focus ctrl+a o opened Down Return closed", "", "Off"},
 };
 
 const Row kLists[] = {
@@ -158,10 +175,16 @@ const Row kLists[] = {
     {"listBox", "focus End space space", "row2 tick2 tick2", "2:x.."},
     {"listBox", "focus c space", "row1 tick1", "1:xx."},
     {"listBox", "focus theme End", "row2", "2:x.."},
-    {"listBox", "focus End then destroy space", "row2 tick2", "gone"},
     {"listBox", "focus End then refill space", "row2 tick2", "-1:."},
     {"listBox", "enter press destroy leave release", "row1", "gone"},
     {"listBox", "enter press disable leave release", "row1", "1:x.."},
+    {"listBox", "enter press hide leave release show", "row1", "1:x.."},
+    {"listBox", "box press leave release", "tick2 row2", "2:x.x"},
+    {"listBox", "box double", "tick2 row2 tick2", "2:x.."},
+    {"listBox", "enter double", "row1 rowdouble1", "1:x.."},
+    {"listBox", "box right press release", "", "-1:x.."},
+    {"listBox", "box press theme release", "tick2 row2", "2:x.x"},
+    {"listBox", "enter notch+ notch-", "", "-1:x.."},
 
     // Its second row is selected, the hand is on the third.
     {"list", "enter press release", "deselect1 select2", "2,"},
@@ -174,15 +197,69 @@ const Row kLists[] = {
     {"list", "enter press disable leave release", "deselect1 select2", "2,"},
     {"list", "enter press hide leave release show Up", "deselect1 select2", "2,"},
     {"list", "enter press destroy leave release", "deselect1 select2", "gone"},
-    {"list", "then destroy click", "deselect1", "gone"},
     {"list", "then refill enter double", "deselect1 open2", ""},
+
+    // Its second column is 90 pixels wide.
+    {"list", "title press release", "title1", "1,"},
+    {"list", "title double", "title1 title1", "1,"},
+    {"list", "title press leave release", "title-1", "1,"},
+    {"list", "title right press release", "titleright1", "1,"},
+    {"list", "title press theme release", "title1", "1,"},
+    {"list", "title press disable freed release enable title press release", "title1", "1,"},
+    {"list", "title press hide freed release show title press release", "title1", "1,"},
+    {"list", "title press refill release", "title1", ""},
+    {"list", "title notch+ notch-", "", "1,"},
+    {"list", "click title press release Down", "deselect1 select2 title1 deselect2 select3", "3,"},
+    {"list", "edge press wider release", "begin1 end1", "1,w150"},
+    {"list", "edge press narrower release", "begin1 end1", "1,w20"},
+    {"list", "edge double", "begin1 end1 begin1 end1", "1,"},
+    {"list", "edge right press wider release", "titleright2", "1,"},
+    {"list", "edge press wider theme release", "begin1 end1", "1,w150"},
+    {"list", "edge press disable freed wider release enable", "begin1", "1,"},
+    {"list", "edge press hide freed wider release show", "begin1", "1,"},
+    {"list", "edge press refill wider release", "begin1 end1", "w150"},
+};
+
+// What causes an event, and what causes another one afterwards.
+struct Handled
+{
+    const char* control;
+    const char* before;
+    const char* deed;
+    const char* heard;
+    const char* again;
+};
+
+const Handled kHandled[] = {
+    {"Normal", "", "click", "button", "click"},
+    {"expander", "", "click", "button", ""},
+    {"Check box", "", "click", "check1", "click"},
+    {"Radio button", "", "click", "radio", "click"},
+    {"An open panel", "", "click", "button", ""},
+    {"choice", "focus", "Down", "choice1", "focus Up"},
+    {"choice", "focus", "F4", "open", "focus F4"},
+    {"choice", "focus F4 opened", "Escape", "close", "focus Down"},
+    {"choice", "focus F4 opened", "Down Return", "close", "focus Up"},
+    {"comboBox", "focus F4 opened", "Down Return", "text", "focus Down"},
+    {"comboBox", "focus", "a", "text", "focus F4"},
+    {"text", "focus", "ctrl+a o", "text", ""},
+    {"listBox", "focus", "End", "row2", "focus Home"},
+    {"listBox", "box", "press release", "tick2", "focus Home"},
+    {"list", "", "click", "deselect1", "enter double"},
+    {"list", "click", "shift+Up", "select1", "enter double"},
+    {"list", "click", "double", "open2", "leave double enter double"},
+    {"list", "title", "press release", "title1", "title press release"},
+    {"list", "click", "enter right press release", "right2", "click"},
+    {"list", "title", "right press release", "titleright1", "title press release"},
+    {"list", "edge", "press leave release", "begin1", "title press release"},
+    {"list", "edge press wider", "release", "end1", "title press release"},
 };
 
 // The controls that take keys, by label or name.
 const std::vector<wxString> kStops = {
-    "Default", "Normal", "Highlighted", "Check box", "Checked", "Chosen",    "text",
-    "text",    "choice", "text",        "listBox",   "button",  "button",    "panel",
-    "panel",   "button", "text",        "Previous",  "Next",    "Match Case"};
+    "Default", "Normal", "Highlighted", "Check box", "Checked",  "Chosen",    "text",
+    "text",    "choice", "text",        "listBox",   "expander", "button",    "panel",
+    "lines",   "button", "text",        "Previous",  "Next",     "Match Case"};
 
 class ControlHandsTest : public HandsTest
 {
@@ -241,6 +318,73 @@ TEST_F(ControlHandsTest, FieldsAndTheirListsAreLeftByEveryWay)
 TEST_F(ControlHandsTest, RowsAreChosenByPointerAndKeys)
 {
     TryAll(kLists);
+}
+
+// Neither an exception nor anything else takes the keys or the pointer from the program.
+TEST_F(ControlHandsTest, HandlersMayDoAnything)
+{
+    for (const Handled& row : kHandled)
+    {
+        for (const std::string effect : {"throw", "disable", "dialog", "destroy", "page-destroy"})
+        {
+            SCOPED_TRACE(std::string(row.control) + ": " + row.before + " then " + effect + " " +
+                         row.deed);
+            Open();
+            const wxWeakRef<wxWindow> control(Named(row.control));
+            const wxWeakRef<wxWindow> other(Named("Highlighted"));
+            Do(control, row.before);
+            Heard();
+            Do(control, "then " + effect + " " + row.deed + " freed");
+            const std::string heard = Heard();
+            EXPECT_EQ(0u, heard.find(row.heard)) << heard;
+            EXPECT_EQ(effect.find("destroy") == std::string::npos, bool(control));
+            if (control)
+            {
+                Do(control, std::string("enable show shut leave ") + row.again);
+                EXPECT_TRUE(!*row.again || !Heard().empty());
+                Do(control, "shut");
+                Heard();
+            }
+            if (other)
+            {
+                Do(other, "click");
+                EXPECT_EQ("button", Heard());
+                EXPECT_TRUE(HasTheKeys(other));
+            }
+        }
+    }
+}
+
+TEST_F(ControlHandsTest, WhatIsHeldMayGo)
+{
+    for (const auto& [name, place] : {std::pair("list", "enter"),
+                                      {"list", "title"},
+                                      {"list", "edge"},
+                                      {"lines", "enter"},
+                                      {"listBox", "box"}})
+    {
+        for (const char* const end :
+             {"destroy", "hide", "disable", "theme", "page-destroy", "page-hide", "page-disable"})
+        {
+            SCOPED_TRACE(std::string(name) + ": " + place + " press " + end);
+            Open();
+            const wxWeakRef<wxWindow> control(Named(name));
+            const wxWeakRef<wxWindow> page(control->GetParent());
+            Do(control, std::string(place) + " press " + end);
+            Do(m_Frame, "release freed leave");
+            if (page)
+            {
+                Do(page, "enable show");
+                Heard();
+                Do(Named("Normal"), "click");
+                EXPECT_EQ("button", Heard());
+                wxWindow* const next = Named(std::string(name) == "list" ? "lines" : "list");
+                Do(next, "enter press");
+                EXPECT_TRUE(wxWindow::GetCapture());
+                Do(next, "leave release freed");
+            }
+        }
+    }
 }
 
 TEST_F(ControlHandsTest, TabLeadsRoundTheWindowAndBack)

@@ -1,9 +1,14 @@
 #include "tests/hands/HandsTest.h"
 
+#include "appearance/wxExpandablePanel.h"
 #include "appearance/wxTolvanColors.h"
+#include "appearance/wxtCheckListBox.h"
 #include "listviews/wxDBListBody.h"
+#include "listviews/wxDBListHeader.h"
 #include "listviews/wxtListCtrl.h"
+#include "tests/support/EventCounter.h"
 #include "tests/support/TestApp.h"
+#include "textviews/wxTextLineCtrl.h"
 
 #include <wx/combo.h>
 #include <wx/control.h>
@@ -16,6 +21,7 @@
 #include <array>
 #include <dlfcn.h>
 #include <sstream>
+#include <stdexcept>
 
 namespace
 {
@@ -72,41 +78,41 @@ void Await(Kind kind, const std::string& what, const std::function<int()>& actio
     PumpEvents();
 }
 
-const struct
+enum Number
 {
-    wxEventTypeTag<wxCommandEvent> type;
-    const char*                    name;
-    bool                           hasItem;
-} kHeard[] = {
-    {wxEVT_BUTTON, "button", false},
-    {wxEVT_CHECKBOX, "check", true},
-    {wxEVT_RADIOBUTTON, "radio", false},
-    {wxEVT_CHOICE, "choice", true},
-    {wxEVT_COMBOBOX, "combo", true},
-    {wxEVT_COMBOBOX_DROPDOWN, "open", false},
-    {wxEVT_COMBOBOX_CLOSEUP, "close", false},
-    {wxEVT_CHECKLISTBOX, "tick", true},
-    {wxEVT_LISTBOX, "row", true},
-    {wxEVT_LISTBOX_DCLICK, "rowdouble", true},
-    {wxEVT_TEXT_ENTER, "enter", false},
+    kNone,
+    kItem,
+    kColumn,
+    kOnlyThen // so frequent that only a handler of it is of interest
 };
 
 const struct
 {
-    wxEventTypeTag<wxListEvent> type;
-    const char*                 name;
-} kHeardOfLists[] = {
-    {wxEVT_LIST_ITEM_SELECTED, "select"},
-    {wxEVT_LIST_ITEM_DESELECTED, "deselect"},
-    {wxEVT_LIST_ITEM_ACTIVATED, "open"},
-    {wxEVT_LIST_ITEM_RIGHT_CLICK, "right"},
+    wxEventType type;
+    const char* name;
+    Number      number = kNone;
+} kHeard[] = {
+    {wxEVT_BUTTON, "button"},
+    {wxEVT_CHECKBOX, "check", kItem},
+    {wxEVT_RADIOBUTTON, "radio"},
+    {wxEVT_CHOICE, "choice", kItem},
+    {wxEVT_COMBOBOX, "combo", kItem},
+    {wxEVT_COMBOBOX_DROPDOWN, "open"},
+    {wxEVT_COMBOBOX_CLOSEUP, "close"},
+    {wxEVT_CHECKLISTBOX, "tick", kItem},
+    {wxEVT_LISTBOX, "row", kItem},
+    {wxEVT_LISTBOX_DCLICK, "rowdouble", kItem},
+    {wxEVT_TEXT_ENTER, "enter"},
+    {wxEVT_TEXT, "text", kOnlyThen},
+    {wxEVT_LIST_ITEM_SELECTED, "select", kItem},
+    {wxEVT_LIST_ITEM_DESELECTED, "deselect", kItem},
+    {wxEVT_LIST_ITEM_ACTIVATED, "open", kItem},
+    {wxEVT_LIST_ITEM_RIGHT_CLICK, "right", kItem},
+    {wxEVT_LIST_COL_CLICK, "title", kColumn},
+    {wxEVT_LIST_COL_RIGHT_CLICK, "titleright", kColumn},
+    {wxEVT_LIST_COL_BEGIN_DRAG, "begin", kColumn},
+    {wxEVT_LIST_COL_END_DRAG, "end", kColumn},
 };
-// The third one.
-wxRect RowOnScreen(wxtListCtrl& list)
-{
-    const wxRect row = list.GetBody()->GetItemRect(2);
-    return {list.GetBody()->ClientToScreen(row.GetPosition()), row.GetSize()};
-}
 
 void RunDialog(wxTopLevelWindow& parent)
 {
@@ -176,32 +182,51 @@ HandsTest::~HandsTest()
 
 void HandsTest::Open()
 {
+    m_Then = nullptr;
     if (m_Frame)
     {
         m_Frame->Destroy();
         ASSERT_TRUE(WaitFor([this] { return !m_Frame; }));
     }
     m_Frame = new GalleryFrame;
-    for (const auto& heard : kHeard)
-    {
-        m_Frame->Bind(heard.type,
-                      [this, heard](wxCommandEvent& event) {
-                          OnHeard(event,
-                                  heard.name + (heard.hasItem ? std::to_string(event.GetInt())
-                                                              : std::string()));
-                      });
-    }
-    for (const auto& heard : kHeardOfLists)
-    {
-        m_Frame->Bind(heard.type, [this, heard](wxListEvent& event)
-                      { OnHeard(event, heard.name + std::to_string(event.GetIndex())); });
-    }
+    Listen(*m_Frame, false);
     First<wxtListCtrl>()->SetName("list");
+    First<wxTextLineCtrl>()->SetName("lines");
+    m_Frame->FindWindow(wxExpandablePanel::id_Expand)->SetName("expander");
     m_Frame->Show();
     ASSERT_TRUE(WaitFor([this] { return m_Frame->IsShownOnScreen() && m_Frame->IsActive(); }));
+    // The controls are where they are to be once what they lie in has been painted.
+    wxWindow* const    panel = m_Frame->GetChildren().back();
+    const EventCounter painted(panel, wxEVT_PAINT);
+    panel->Refresh();
+    ASSERT_TRUE(WaitFor([&] { return painted.Count() > 0; }));
     PumpEvents();
     Do(m_Frame, "leave");
     m_Heard.clear();
+}
+
+void HandsTest::Listen(wxEvtHandler& at, bool onlyThen)
+{
+    for (const auto& heard : kHeard)
+    {
+        const auto listen = [this, heard, onlyThen](wxCommandEvent& event)
+        {
+            const auto* const inList = dynamic_cast<wxListEvent*>(&event);
+            const long        number = heard.number == kColumn ? inList->GetColumn()
+                                       : inList                ? inList->GetIndex()
+                                                               : event.GetInt();
+            const bool        counts = heard.number == kItem || heard.number == kColumn;
+            if (m_Then || !(onlyThen || heard.number == kOnlyThen))
+            {
+                OnHeard(event, heard.name + (counts ? std::to_string(number) : std::string()));
+            }
+            else
+            {
+                event.Skip();
+            }
+        };
+        at.Bind(wxEventTypeTag<wxCommandEvent>(heard.type), listen);
+    }
 }
 
 void HandsTest::OnHeard(wxEvent& event, const std::string& what)
@@ -295,6 +320,15 @@ void HandsTest::Do(wxWindow* control, const std::string& words)
         {
             stream >> word;
             m_Then = [=] { DoWord(weak, word); };
+            if (dynamic_cast<wxExpandablePanel*>(control->GetParent()))
+            {
+                Listen(*control, true); // the panel keeps the clicks on its header
+            }
+            if (word == "throw")
+            {
+                std::getline(stream, word);
+                DoInMainLoop(weak, word);
+            }
         }
         else if (!DoWord(weak, word))
         {
@@ -303,16 +337,77 @@ void HandsTest::Do(wxWindow* control, const std::string& words)
     }
 }
 
+// An exception is brought to the program's main loop: one runs until the words are obeyed.
+void HandsTest::DoInMainLoop(wxWindow* control, const std::string& words)
+{
+    TestApp& app = TestApp::Get();
+    bool     arrived = false;
+    app.m_OnException = [&](Exception*)
+    {
+        arrived = true;
+        return false;
+    };
+    app.CallAfter(
+        [&]
+        {
+            Do(control, words);
+            app.ExitMainLoop();
+        });
+    app.OnRun();
+    app.m_OnException = nullptr;
+    EXPECT_TRUE(arrived);
+}
+
+wxPoint HandsTest::PlaceOf(wxWindow* control, const std::string& word) const
+{
+    constexpr int kBeside = 60; // pixels off the edge of a column
+    constexpr int kFar = 400;
+    constexpr int kBelow = 8; // pixels, in the first row of an open list
+    const auto    middle = [this](const wxRect& place)
+    { return place.GetPosition() + wxPoint(place.width / 2 + m_Aside, place.height / 2); };
+    const auto inClient = [](wxWindow* window, const wxRect& place)
+    { return wxRect(window->ClientToScreen(place.GetPosition()), place.GetSize()); };
+    auto* const list = dynamic_cast<wxtListCtrl*>(control);
+    auto* const checks = dynamic_cast<wxtCheckListBox*>(control);
+    if (list && word != "enter")
+    {
+        const int    left = list->GetColumn(0).width;
+        const int    width = list->GetColumn(1).width;
+        const wxRect header = list->GetHeader()->GetScreenRect();
+        const int    edge = left + width;
+        const int    across = word == "title"   ? left + width / 2 + m_Aside
+                              : word == "edge"  ? edge
+                              : word == "wider" ? edge + kBeside
+                                                : edge - kFar;
+        return header.GetPosition() + wxPoint(across, header.height / 2);
+    }
+    if (word == "below")
+    {
+        return control->GetScreenRect().GetBottomLeft() + wxPoint(kBeside + m_Aside, kBelow);
+    }
+    if (word == "box")
+    {
+        return middle(inClient(checks, checks->GetBoxRect(2)));
+    }
+    return middle(list ? inClient(list->GetBody(), list->GetBody()->GetItemRect(2))
+                       : control->GetScreenRect());
+}
+
 bool HandsTest::DoWord(wxWindow* control, const std::string& word)
 {
-    const auto middle = [&]
+    const std::string page = "page-";
+    if (word.compare(0, page.size(), page) == 0)
     {
-        auto* const  list = dynamic_cast<wxtListCtrl*>(control);
-        const wxRect place = list ? RowOnScreen(*list) : control->GetScreenRect();
-        return place.GetPosition() + wxPoint(place.width / 2 + m_Aside, place.height / 2);
-    };
+        return DoWord(control->GetParent(), word.substr(page.size()));
+    }
     const std::pair<const char*, std::function<void()>> deeds[] = {
-        {"enter", [&] { MoveTo(middle()); }},
+        {"enter", [&] { MoveTo(PlaceOf(control, word)); }},
+        {"title", [&] { MoveTo(PlaceOf(control, word)); }},
+        {"edge", [&] { MoveTo(PlaceOf(control, word)); }},
+        {"wider", [&] { MoveTo(PlaceOf(control, word)); }},
+        {"narrower", [&] { MoveTo(PlaceOf(control, word)); }},
+        {"box", [&] { MoveTo(PlaceOf(control, word)); }},
+        {"below", [&] { MoveTo(PlaceOf(control, word)); }},
         {"leave", [&] { MoveTo(m_Frame->GetScreenPosition() + wxPoint(4, 60)); }},
         {"right", [&] { m_MouseButton = 3; }},
         {"press", [&] { Button(m_MouseButton, true); }},
@@ -326,7 +421,7 @@ bool HandsTest::DoWord(wxWindow* control, const std::string& word)
         {"click",
          [&]
          {
-             MoveTo(middle());
+             MoveTo(PlaceOf(control, "enter"));
              Clicks(1);
          }},
         {"double", [&] { Clicks(2); }},
@@ -341,8 +436,18 @@ bool HandsTest::DoWord(wxWindow* control, const std::string& word)
         {"focus", [&] { control->SetFocus(); }},
         {"opened", [&] { EXPECT_TRUE(WaitFor([&] { return m_Hand.SeesPopUp(); })); }},
         {"closed", [&] { EXPECT_TRUE(WaitFor([&] { return !m_Hand.SeesPopUp(); })); }},
+        {"shut",
+         [&]
+         {
+             if (m_Hand.SeesPopUp())
+             {
+                 Do(control, "Escape closed");
+             }
+         }},
+        {"freed", [] { EXPECT_TRUE(WaitFor([] { return !wxWindow::GetCapture(); })); }},
         {"dialog", [&] { RunDialog(*m_Frame); }},
         {"refill", [&] { Refill(control); }},
+        {"throw", [] { throw std::runtime_error("thrown on purpose"); }},
         {"theme",
          []
          {

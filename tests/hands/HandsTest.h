@@ -27,14 +27,22 @@ protected:
     }
 
     /// Has the hand do what the words say, on that control or, with "leave" before it, beside it.
-    ///   enter leave             to the middle of the control; to a place where there is nothing
-    ///   press release click     of the left button; "right" before it: of the right one
+    ///   enter leave             to the middle of the control (a list: of its third row); to a
+    ///   place
+    ///                           where there is nothing
+    ///   title edge wider narrower
+    ///                           of a list: to its second title, that one's right edge, off from
+    ///                           there
+    ///   box below               to the third box of a check list; to the first item of an open
+    ///   list press release click     of the left button; "right" before it: of the right one
     ///   double triple           so many clicks, as fast as can be
     ///   notch+ notch-           of the wheel, down and up
-    ///   opened closed           waits until its list is so
-    ///   focus disable enable hide show destroy theme dialog refill
-    ///                           what the program does meanwhile; "then" before it: in the handler
-    ///                           of the next event
+    ///   opened closed freed     waits until its list is so; until nobody holds the pointer
+    ///   shut                    closes its list if it is open
+    ///   focus disable enable hide show destroy theme dialog refill throw
+    ///                           what the program does meanwhile; "page-" before it: to what the
+    ///                           control lies in; "then" before all: in the handler of the next
+    ///                           event
     ///   any other word          a key, as in "shift+Tab"
     void Do(wxWindow* control, const std::string& words);
     void MoveTo(const wxPoint& screen);
@@ -56,17 +64,20 @@ private:
     class KeyWatch;
 
     wxWindow* FirstOf(const std::function<bool(wxWindow*)>& is) const;
+    wxPoint   PlaceOf(wxWindow* control, const std::string& word) const;
     bool      DoWord(wxWindow* control, const std::string& word);
     void      Clicks(int count);
     void      Notch(bool down);
-    void      StepAside() { m_Aside = kAside - m_Aside; }
+    void      StepAside() { m_Aside = -m_Aside; }
 
-    static constexpr int kAside = 8; // pixels; clicks at one place would make a double one
+    static constexpr int kAside = 4; // pixels; clicks at one place would make a double one
 
+    void Listen(wxEvtHandler& at, bool onlyThen);
     void OnHeard(wxEvent& event, const std::string& what);
+    void DoInMainLoop(wxWindow* control, const std::string& words);
 
     std::string           m_Heard;
     std::function<void()> m_Then; ///< For the handler of the next event.
     int                   m_MouseButton = 1;
-    int                   m_Aside = 0; ///< Pixels right of the middle, of the next click.
+    int                   m_Aside = kAside; ///< Pixels right of the middle, of the next click.
 };

@@ -155,31 +155,6 @@ TEST_F(ListCtrlTest, ArrowKeysMoveTheAnchorAndTheView)
     EXPECT_EQ(99, m_List->GetLastSelect());
 }
 
-TEST_F(ListCtrlTest, EdgesResizeAndTitlesAreClicked)
-{
-    m_Input.MouseMove(OnTitle(150));
-    m_Input.MouseClick();
-    EXPECT_EQ("title1 ", Told());
-
-    // Far to the left, and let go outside the window.
-    m_Input.MouseMove(OnTitle(203));
-    m_Input.MouseDown();
-    EXPECT_EQ("begin1 ", Told());
-    m_Input.MouseMove(OnTitle(260));
-    Told();
-    EXPECT_EQ((Rows{100, 157, 100}), Widths());
-    m_Input.MouseMove(wxPoint(5, 900));
-    m_Input.MouseUp();
-    EXPECT_EQ("end1 ", Told());
-    EXPECT_EQ((Rows{100, 20, 100}), Widths());
-    EXPECT_EQ(220, m_List->GetScrollRange(wxHORIZONTAL));
-    EXPECT_FALSE(m_List->GetHeader()->HasCapture());
-
-    m_Input.MouseMove(OnTitle(104));
-    m_Input.MouseClick();
-    EXPECT_EQ("title1 ", Told()) << "out of reach of the edge";
-}
-
 // Whatever is done to the list in one of its events.
 TEST_F(ListCtrlTest, ItsHandlersMayTakeItApart)
 {
