@@ -109,6 +109,9 @@ protected:
         m_View->ProcessWindowEvent(event);
     }
 
+    /// Pixels from the end of a scrollbar: on the thumb that is there, past the arrow of one port.
+    static constexpr int kOnThumb = 22;
+
     /// A place on the native scrollbar, by its distance from the near end.
     wxPoint OnBar(int orientation, int distance) const
     {
@@ -271,7 +274,7 @@ TEST_F(DoubleBufferedWindowTest, TheViewFollowsTheThumb)
         const wxSize client = m_View->GetClientSize();
         const int    length = axis == wxVERTICAL ? client.y : client.x;
         const int    most = m_View->GetScrollRange(axis) - length;
-        m_Input.MouseMove(OnBar(axis, 8));
+        m_Input.MouseMove(OnBar(axis, kOnThumb));
         m_Input.MouseDown();
         PumpEvents();
         const int before = m_View->m_Drawn;
@@ -308,7 +311,7 @@ TEST_F(DoubleBufferedWindowTest, TheEndIsFollowedUnderAHeldThumb)
 {
     m_View->Follow();
     Fill(100, 100);
-    m_Input.MouseMove(OnBar(wxVERTICAL, 195));
+    m_Input.MouseMove(OnBar(wxVERTICAL, m_View->GetClientSize().y - kOnThumb));
     m_Input.MouseDown();
     m_Input.MouseMove(OnBar(wxVERTICAL, 100));
     PumpEvents();

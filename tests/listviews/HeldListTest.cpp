@@ -68,9 +68,10 @@ TEST_F(HeldListTest, AThumbMayBeHeldWhenItsViewGoes)
     }
     m_Text->AdjustScrollbars();
     PumpEvents();
-    m_Input.MouseMove(m_Text->ClientToScreen(wxPoint(m_Text->GetClientSize().x + 6, 10)));
+    const int bar = m_Text->GetClientSize().x + 6;
+    m_Input.MouseMove(m_Text->ClientToScreen(wxPoint(bar, 22))); // past the arrow of one port
     m_Input.MouseDown();
-    m_Input.MouseMove(m_Text->ClientToScreen(wxPoint(m_Text->GetClientSize().x + 6, 60)));
+    m_Input.MouseMove(m_Text->ClientToScreen(wxPoint(bar, 72)));
     EXPECT_TRUE(WaitFor([this] { return m_Text->GetScrollPos(wxVERTICAL) > 0; }));
     m_Page->Destroy();
     m_Input.MouseUp();
