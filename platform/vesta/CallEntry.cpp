@@ -1,35 +1,26 @@
 #include "vesta/CallEntry.h"
 
-#include "vesta/Log.h"
 #include "vesta/trace/CallTrace.h"
 
 #include <algorithm>
-#include <cxxabi.h>
-#include <exception>
+#include <atomic>
 #include <vector>
 
 namespace
 {
 
-constexpr size_t   kMaxLines = 64;    // entries written out
-constexpr unsigned kMaxInFlight = 31; // exceptions in flight told apart: bits of `printed`
+constexpr size_t kMaxLines = 64;    // entries written out
+constexpr int    kMaxInFlight = 31; // exceptions in flight told apart: bits of `printed`
+
+std::atomic<void (*)(const String& trace)> s_Print{nullptr};
 
 /// Constant-initialized and without a destructor, so that a thread's first entry costs no set-up
 /// and entries work during a thread's end. The access model spares a function call at each entry;
 /// so few bytes find room in every program, also when the library is loaded late.
 __attribute__((tls_model("initial-exec"))) thread_local _ThreadTrace t_Trace;
 
-/// Where the C++ runtime counts the calling thread's exceptions in flight: what
-/// std::uncaught_exceptions reads, without its calls at every entry. The layout (a pointer, then
-/// the count) is laid down by the C++ ABI.
-const unsigned* InFlightCount()
-{
-    const void* const globals = abi::__cxa_get_globals();
-    return reinterpret_cast<const unsigned*>(static_cast<const char*>(globals) + sizeof(void*));
-}
-
 /// Keeps the bits of the first `count` exceptions in flight.
-unsigned UpTo(unsigned count)
+unsigned UpTo(int count)
 {
     return count >= kMaxInFlight ? ~0u : (2u << count) - 1;
 }
@@ -38,7 +29,10 @@ void PrintTrace() noexcept
 {
     try
     {
-        GlobalLog(log_Warning, "Call trace of an exception:\n" + _CallEntry::Trace());
+        if (const auto print = s_Print.load())
+        {
+            print(_CallEntry::Trace());
+        }
     }
     catch (...)
     {
@@ -50,7 +44,12 @@ void PrintTrace() noexcept
 
 void vesta::ForgetPrintedTraces() noexcept
 {
-    t_Trace.printed &= UpTo(static_cast<unsigned>(std::uncaught_exceptions()));
+    t_Trace.printed &= UpTo(std::uncaught_exceptions());
+}
+
+void vesta::SetTracePrinter(void (*print)(const String& trace)) noexcept
+{
+    s_Print = print;
 }
 
 _QuietTraces::_QuietTraces(bool quiet) : m_Before(t_Trace.quiet)
@@ -64,13 +63,11 @@ _QuietTraces::~_QuietTraces()
 }
 
 _CallEntry::_CallEntry(const CallSite& site) noexcept
-    : m_Trace(t_Trace), m_Outer(t_Trace.innermost), m_Site(site)
+    : m_Trace(t_Trace),
+      m_Outer(t_Trace.innermost),
+      m_Site(site),
+      m_Exceptions(std::uncaught_exceptions())
 {
-    if (!m_Trace.inFlight)
-    {
-        m_Trace.inFlight = InFlightCount();
-    }
-    m_Exceptions = *m_Trace.inFlight;
     if (m_Trace.printed != 0)
     {
         m_Trace.printed &= UpTo(m_Exceptions);
@@ -80,7 +77,7 @@ _CallEntry::_CallEntry(const CallSite& site) noexcept
 
 void _CallEntry::Look() const noexcept
 {
-    const unsigned inFlight = *m_Trace.inFlight;
+    const int      inFlight = std::uncaught_exceptions();
     const unsigned bit = 1u << std::min(inFlight, kMaxInFlight);
     m_Trace.printed &= UpTo(inFlight);
     if (inFlight > m_Exceptions && (m_Trace.printed & bit) == 0)

@@ -3,6 +3,8 @@
 #include "vesta/Export.h"
 #include "vesta/String.h"
 
+#include <exception>
+
 /// Where a traced function stands. One static object a function, made by `CALL_ENTRY`.
 struct CallSite
 {
@@ -17,8 +19,6 @@ class _CallEntry;
 struct _ThreadTrace
 {
     const _CallEntry* innermost; ///< Null when no entry is open.
-    /// The runtime's count of the thread's exceptions in flight; null before the first entry.
-    const unsigned* inFlight;
     /// Bit n: the trace of the n-th exception in flight has been printed. The bits above the number
     /// in flight belong to exceptions that were caught meanwhile.
     unsigned printed;
@@ -26,7 +26,7 @@ struct _ThreadTrace
 };
 
 /// One level of the call trace, alive while its function runs. Opening one links it to the level
-/// outside it, allocates nothing and takes a few nanoseconds. When an exception passes, the
+/// outside it, allocates nothing and takes some ten nanoseconds. When an exception passes, the
 /// innermost entry writes the whole trace of its thread to the log, once for that exception: again
 /// only when it is thrown anew behind a call to another traced function. (Of two exceptions that
 /// pass one after the other without any traced call between them, the second is told from the
@@ -38,7 +38,7 @@ public:
     ~_CallEntry()
     {
         // Inline, because it runs everywhere: it leaves at once or, rarely, looks closer.
-        if (*m_Trace.inFlight != m_Exceptions || m_Trace.printed != 0)
+        if (std::uncaught_exceptions() != m_Exceptions || m_Trace.printed != 0)
         {
             Look();
         }
@@ -58,7 +58,7 @@ private:
     _ThreadTrace&     m_Trace; ///< Of the thread that runs.
     const _CallEntry* m_Outer; ///< Null in the outermost.
     const CallSite&   m_Site;
-    unsigned          m_Exceptions; ///< Exceptions in flight when the entry was opened.
+    int               m_Exceptions; ///< Exceptions in flight when the entry was opened.
 };
 
 /// While it lives, exceptions that pass on the calling thread leave no trace in the log: for a

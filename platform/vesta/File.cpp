@@ -3,14 +3,15 @@
 #include "vesta/CallEntry.h"
 #include "vesta/Exception.h"
 #include "vesta/files/Descriptor.h"
+#include "vesta/files/PrivateFolder.h"
 #include "vesta/files/TemporaryFile.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
-#include <dirent.h>
 #include <fcntl.h>
+#include <filesystem>
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -20,8 +21,7 @@ String File::s_UserDir = File::FindUserDir();
 namespace
 {
 
-constexpr mode_t kPrivateFolder = 0700;
-constexpr int    kMaxLinks = 40; // symbolic links followed, as many as Linux follows
+constexpr int kMaxLinks = 40; // symbolic links followed, as many as Linux follows
 
 String HomeFolder()
 {
@@ -97,31 +97,16 @@ bool File::Exists(const Path& path)
 
 bool File::IsFolder(const Path& path)
 {
-    struct stat status
-    {
-    };
-    return stat(path.Text().c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+    std::error_code ignored;
+    return std::filesystem::is_directory(path.Text().c_str(), ignored);
 }
 
 void File::MakeFolder(const Path& path)
 {
     CALL_ENTRY("File::MakeFolder");
-    const String& name = path.Text();
-    for (size_t slash = 0; slash != String::npos && !name.empty();)
+    if (const String failed = vesta::MakePrivateFolder(path.Text()); !failed.empty())
     {
-        slash = name.find('/', slash + 1);
-        const String part = name.substr(0, slash);
-        if (mkdir(part.c_str(), kPrivateFolder) == 0)
-        {
-            continue;
-        }
-        const int error = errno;
-        if (!IsFolder(part))
-        {
-            errno = error;
-            Exception::ThrowErrno("File", "MakeFolder",
-                                  "Cannot create the folder \"" + part + "\"");
-        }
+        Exception::ThrowErrno("File", "MakeFolder", "Cannot create the folder \"" + failed + "\"");
     }
 }
 
@@ -233,20 +218,12 @@ std::vector<String> File::List(const Path& folder)
 {
     CALL_ENTRY("File::List");
     std::vector<String> names;
-    DIR* const          stream = opendir(folder.Text().c_str());
-    if (!stream)
+    std::error_code     ignored;
+    for (std::filesystem::directory_iterator entry(folder.Text().c_str(), ignored), end;
+         !ignored && entry != end; entry.increment(ignored))
     {
-        return names;
+        names.emplace_back(entry->path().filename().string());
     }
-    while (const dirent* entry = readdir(stream))
-    {
-        const String name = entry->d_name;
-        if (name != "." && name != "..")
-        {
-            names.push_back(name);
-        }
-    }
-    closedir(stream);
     std::sort(names.begin(), names.end());
     return names;
 }

@@ -1,9 +1,10 @@
 #include "vesta/Log.h"
 
 #include "vesta/CallEntry.h"
-#include "vesta/Exception.h"
-#include "vesta/File.h"
+#include "vesta/Path.h"
 #include "vesta/files/Descriptor.h"
+#include "vesta/files/PrivateFolder.h"
+#include "vesta/trace/CallTrace.h"
 
 #include <spdlog/details/log_msg.h>
 #include <spdlog/sinks/base_sink.h>
@@ -137,19 +138,19 @@ void Log::State::CallSink(LogLevel level, const String& text)
     {
         sink(sinkData, level, text);
     }
-    catch (Exception* e)
-    {
-        // Whoever logs a line is not to suffer from a view of the log.
-        delete e;
-    }
     catch (...)
     {
-        // As above.
+        // Whoever logs a line is not to suffer from a view of the log.
     }
     t_InSink = false;
 }
 
-Log* Log::s_GlobalLog = new Log; // Never destroyed: other statics log while they go.
+Log* Log::s_GlobalLog = []
+{
+    vesta::SetTracePrinter([](const String& trace)
+                           { LogWarning("Call trace of an exception:\n" + trace); });
+    return new Log; // Never destroyed: other statics log while they go.
+}();
 
 Log::Log() : m_State(new State)
 {
@@ -166,27 +167,22 @@ void Log::SetLevels(LogLevel file, LogLevel console)
 bool Log::Open(const String& fileName)
 {
     CALL_ENTRY("Log::Open");
-    try
+    const String failed = vesta::MakePrivateFolder(Path(fileName).Branch().Text());
+    const String what = failed.empty() ? "Cannot write the log file \"" + fileName + "\": "
+                                       : "Cannot create the folder \"" + failed + "\": ";
+    const int    descriptor =
+        failed.empty() ? vesta::Descriptor::Open(fileName, O_WRONLY | O_CREAT | O_APPEND, kMode)
+                          : -1;
+    if (descriptor < 0)
     {
-        File::MakeFolder(Path(fileName).Branch());
-        const int descriptor =
-            vesta::Descriptor::Open(fileName, O_WRONLY | O_CREAT | O_APPEND, kMode);
-        if (descriptor < 0)
-        {
-            Exception::ThrowErrno("Log", "Open", "Cannot write the log file \"" + fileName + "\"");
-        }
-        const std::lock_guard<std::mutex> lock(m_State->fileMutex);
-        m_State->file = std::make_shared<_DescriptorSink>(descriptor);
-        m_State->fileName = fileName;
-        m_State->hasFile = true;
-        return true;
+        Write(log_Error, what + std::generic_category().message(errno));
+        return false;
     }
-    catch (Exception* e)
-    {
-        Write(log_Error, e->Text() + ": " + e->Text2());
-        delete e;
-    }
-    return false;
+    const std::lock_guard<std::mutex> lock(m_State->fileMutex);
+    m_State->file = std::make_shared<_DescriptorSink>(descriptor);
+    m_State->fileName = fileName;
+    m_State->hasFile = true;
+    return true;
 }
 
 void Log::Close()

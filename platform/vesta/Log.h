@@ -43,7 +43,8 @@ public:
     void Flush();
 
     /// Calls `sink` with every line that is logged at all, on the thread that logs, until it is
-    /// replaced (an empty one removes it). For tests and for views of the program's own log.
+    /// replaced (an empty one removes it). It is not to throw. For tests and for views of the
+    /// program's own log.
     void SetSink(void (*sink)(void* data, LogLevel level, const String& text), void* data);
 
 private:

@@ -1,6 +1,5 @@
 #include "vesta/files/TemporaryFile.h"
 
-#include "vesta/File.h"
 #include "vesta/Log.h"
 
 #include <algorithm>
@@ -9,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <filesystem>
 #include <string_view>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -30,10 +30,10 @@ bool IsNameOfOne(std::string_view name)
            std::all_of(rest.begin(), rest.end(), [](unsigned char c) { return std::isalnum(c); });
 }
 
-bool IsOurs(const String& name)
+bool IsOurs(const std::filesystem::path& file)
 {
     struct stat status = {};
-    return lstat(name.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
+    return lstat(file.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
            status.st_uid == geteuid();
 }
 
@@ -41,17 +41,20 @@ bool IsOurs(const String& name)
 /// among them; the owner sees that and makes another.
 void RemoveForgotten(const Path& folder)
 {
-    for (const String& name : File::List(folder))
+    std::error_code ignored;
+    for (std::filesystem::directory_iterator entry(folder.Text().c_str(), ignored), end;
+         !ignored && entry != end; entry.increment(ignored))
     {
-        const String full = (folder / name).Text();
-        if (!IsNameOfOne(name) || !IsOurs(full))
+        const std::filesystem::path& file = entry->path();
+        if (!IsNameOfOne(file.filename().native()) || !IsOurs(file))
         {
             continue;
         }
-        const Descriptor file(Descriptor::Open(full, O_RDWR | O_NOFOLLOW | O_NONBLOCK));
-        if (file.IsOpen() && flock(file.Get(), LOCK_EX | LOCK_NB) == 0 && File::Remove(full))
+        const Descriptor opened(Descriptor::Open(file.native(), O_RDWR | O_NOFOLLOW | O_NONBLOCK));
+        if (opened.IsOpen() && flock(opened.Get(), LOCK_EX | LOCK_NB) == 0 &&
+            unlink(file.c_str()) == 0)
         {
-            LogDebug("Removed \"" + full + "\", which a program that was killed has left");
+            LogDebug("Removed \"" + file.native() + "\", which a program that was killed has left");
         }
     }
 }
