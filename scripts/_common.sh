@@ -10,6 +10,7 @@ packages_build="build-essential cmake ninja-build ccache pkg-config libwxgtk3.2-
     libpng-dev libspdlog-dev nlohmann-json3-dev libpango1.0-dev"
 packages_display="xvfb openbox xdotool imagemagick fonts-dejavu-core"
 packages_test="libgtest-dev libxtst-dev xclip"
+packages_check="git clang clang-format clang-tidy doxygen"
 packages_bench="libbenchmark-dev jq"
 packages_wx_gtk2="build-essential dpkg-dev libgtk2.0-dev libsm-dev libxtst-dev libpng-dev
     libjpeg-dev libtiff-dev zlib1g-dev libexpat1-dev libpcre2-dev"
