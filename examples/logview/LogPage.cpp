@@ -5,15 +5,15 @@
 #include "textviews/wxTextLineSearchPanel.h"
 #include "vesta/Log.h"
 
+#include <wx/app.h>
 #include <wx/sizer.h>
 
 #include <algorithm>
 
 namespace
 {
-// Bytes read between two looks at the user's events: some 20 ms.
-constexpr size_t kSlice = 4u << 20;
-constexpr int    kPauseMs = 1;      // milliseconds that the user's events have in between
+// Bytes read between two looks at the user's events: some 5 ms.
+constexpr size_t kSlice = 1u << 20;
 constexpr size_t kTitleLength = 40; // characters
 
 // A file may have any name; a title and a status are one line.
@@ -44,7 +44,7 @@ LogPage::LogPage(wxWindow* parent, const Path& file)
     sizer->Add(m_Text, 1, wxEXPAND);
     sizer->Add(m_Text->GetSearchPanel(), 0, wxEXPAND);
     SetSizer(sizer);
-    m_Pause.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { ReadSlice(); });
+    Bind(wxEVT_IDLE, &LogPage::OnIdle, this);
     OnTick();
 }
 
@@ -119,10 +119,19 @@ void LogPage::ReadSlice()
     }
     if (m_Reading)
     {
-        // Not with the pending events: they are worked off to the last one before any of the
-        // user's.
-        m_Pause.StartOnce(kPauseMs);
+        wxWakeUpIdle();
     }
+}
+
+// All that the user does comes before, and so does the end of the program: a timer that is due
+// again after each slice would keep windows that have been closed from ever being destroyed.
+void LogPage::OnIdle(wxIdleEvent& event)
+{
+    if (m_Reading)
+    {
+        ReadSlice();
+    }
+    event.Skip();
 }
 
 void LogPage::ShowLine(const String& line)

@@ -5,8 +5,6 @@
 #include "appearance/wxTolvanColors.h"
 #include "shell/wxTimed.h"
 
-#include <wx/timer.h>
-
 class FollowingText;
 class wxTextLineCtrl;
 
@@ -31,6 +29,7 @@ public:
 private:
     void OnTick() override;
     void ReadSlice();
+    void OnIdle(wxIdleEvent& event);
     void ShowLine(const String& line);
     void ShowPartialLine(const String& line);
     void ShowNotice(const String& text);
@@ -39,5 +38,4 @@ private:
     FileFollower   m_Follower;
     int            m_PartialLine = -1; ///< Where the unfinished last line stands.
     bool           m_Reading = false;  ///< A further slice is on its way.
-    wxTimer        m_Pause;            ///< Before it.
 };
