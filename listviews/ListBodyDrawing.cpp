@@ -1,10 +1,10 @@
 #include "appearance/wxTolvanColors.h"
 #include "internal/drawing/ColorMix.h"
 #include "listviews/cells/CellText.h"
-#include "listviews/cells/ListGeometry.h"
+#include "listviews/model/ListModel.h"
 #include "listviews/model/TableSettings.h"
 #include "listviews/wxDBListBody.h"
-#include "listviews/wxDBListCtrl.h"
+#include "listviews/wxDBListSource.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/dcmemory.h>
@@ -48,7 +48,7 @@ void wxDBListBody::DrawBitmap()
     const WhilePainting           painting(m_CellText, text);
     const listviews::ListGeometry geometry = Geometry();
     dc.SetFont(GetFont());
-    m_HoverRow = HoverRow();
+    m_Model.hoverRow = HoverRow();
     const int first = geometry.scroll.y / m_LineHeight;
     const int end = first + m_VisibleLines;
     for (int row = first; row < end; ++row)
@@ -63,19 +63,19 @@ wxColour wxDBListBody::GroundOf(int row, bool hovered) const
 {
     const listviews::_TableSettings& settings = listviews::_TableSettings::Get();
     wxColour                         ground;
-    if (!HasRow(row))
+    if (!m_Model.HasRow(row))
     {
         // The stripes go on below the last row, of which the derived class knows nothing.
-        ground = m_List.wxDBListCtrl::GetRowBGColor(row);
+        ground = listviews::StripeColour(row);
     }
-    else if (m_List.IsRowSelected(row))
+    else if (m_Source.IsRowSelected(row))
     {
         ground = internal::MixColours(wxtGetColor(color_WindowBGDarker),
                                       wxtGetColor(color_Selected), kGroundShare);
     }
     else
     {
-        ground = m_List.GetRowBGColor(row);
+        ground = m_Source.GetRowBGColor(row);
     }
     // On top of what the row's colour does by itself: the stripes are meant to be that strong, and
     // to go through a selection.
@@ -86,19 +86,19 @@ wxColour wxDBListBody::GroundOf(int row, bool hovered) const
 
 void wxDBListBody::DrawRow(wxDC& dc, const listviews::ListGeometry& geometry, int row)
 {
-    const bool exists = HasRow(row);
+    const bool exists = m_Model.HasRow(row);
     if (exists)
     {
-        m_List.PrepareToDraw(row);
+        m_Source.PrepareToDraw(row);
     }
-    const bool     hovered = row == m_HoverRow;
+    const bool     hovered = row == m_Model.hoverRow;
     const wxColour ground = GroundOf(row, hovered);
     m_CellText->Fill(geometry.RowRect(row), ground);
-    if (!exists || !HasRow(row))
+    if (!exists || !m_Model.HasRow(row))
     {
         return;
     }
-    const wxColour ink = m_List.GetRowColor(row);
+    const wxColour ink = m_Source.GetRowColor(row);
     const wxColour shaded =
         hovered ? listviews::Shaded(ink, listviews::_TableSettings::Get().hoverTextShade) : ink;
     if (dc.GetTextForeground() != shaded && shaded.IsOk())
@@ -106,31 +106,31 @@ void wxDBListBody::DrawRow(wxDC& dc, const listviews::ListGeometry& geometry, in
         dc.SetTextForeground(shaded);
     }
     DrawCells(dc, geometry, row, ground);
-    m_List.CleanupAfterDraw(row);
+    m_Source.CleanupAfterDraw(row);
 }
 
 void wxDBListBody::DrawCells(wxDC& dc, const listviews::ListGeometry& geometry, int row,
                              const wxColour& ground)
 {
-    const bool                selected = m_List.IsRowSelected(row);
+    const bool                selected = m_Source.IsRowSelected(row);
     const std::pair<int, int> columns = geometry.VisibleColumns();
     wxRect                    rect = geometry.CellRect(row, columns.first);
     for (int column = columns.first; column < columns.second; ++column)
     {
         // Whoever gives the text may have changed rows and columns.
-        if (!HasRow(row) || column >= m_List.GetColumnCount())
+        if (!m_Model.HasRow(row) || column >= m_Model.ColumnCount())
         {
             break;
         }
         rect.width = geometry.widths[static_cast<size_t>(column)];
-        if (column == m_List.m_HighlightColumn)
+        if (column == m_Model.highlightColumn)
         {
             m_CellText->Fill(
                 rect, listviews::Shaded(ground, listviews::_TableSettings::Get().highlightShade));
         }
         if (rect.width > 0)
         {
-            m_List.DrawCell(dc, row, column, rect, selected);
+            m_Source.DrawCell(dc, row, column, rect, selected);
         }
         rect.x += rect.width;
     }
@@ -151,11 +151,11 @@ void wxDBListBody::DrawGrid(const listviews::ListGeometry& geometry)
 // The row that the arrow keys move from.
 void wxDBListBody::DrawFocus(const listviews::ListGeometry& geometry)
 {
-    if (!HasFocus() || !HasRow(m_Anchor))
+    if (!HasFocus() || !m_Model.HasRow(m_Model.anchor))
     {
         return;
     }
-    const wxRect   rect = geometry.RowRect(m_Anchor);
+    const wxRect   rect = geometry.RowRect(m_Model.anchor);
     const wxColour line = wxtGetColor(color_3DLight);
     m_CellText->Fill(wxRect(rect.x, rect.y, rect.width, 1), line);
     m_CellText->Fill(wxRect(rect.x, rect.GetBottom(), rect.width, 1), line);

@@ -1,7 +1,7 @@
 #include "internal/input/PadKey.h"
-#include "listviews/cells/ListGeometry.h"
+#include "listviews/model/ListModel.h"
 #include "listviews/wxDBListBody.h"
-#include "listviews/wxDBListCtrl.h"
+#include "listviews/wxDBListSource.h"
 #include "vesta/CallEntry.h"
 
 #include <algorithm>
@@ -12,7 +12,7 @@
 bool wxDBListBody::DeselectAll(bool resetAnchor)
 {
     CALL_ENTRY("wxDBListBody::DeselectAll");
-    for (const int row : m_List.GetSelection())
+    for (const int row : m_Source.GetSelection())
     {
         if (!SendListEvent(wxEVT_LIST_ITEM_DESELECTED, wxPoint(0, 0), row))
         {
@@ -21,7 +21,7 @@ bool wxDBListBody::DeselectAll(bool resetAnchor)
     }
     if (resetAnchor)
     {
-        m_Anchor = -1;
+        m_Model.anchor = -1;
     }
     return true;
 }
@@ -29,7 +29,7 @@ bool wxDBListBody::DeselectAll(bool resetAnchor)
 bool wxDBListBody::SelectRange(int first, int last, const wxPoint& point)
 {
     const int column = Geometry().ColumnAt(point.x);
-    for (int row = first; row <= std::min(last, m_LineCount - 1); ++row)
+    for (int row = first; row <= std::min(last, m_Model.rowCount - 1); ++row)
     {
         if (!SendListEvent(wxEVT_LIST_ITEM_SELECTED, point, column, row))
         {
@@ -47,16 +47,17 @@ int wxDBListBody::ProcessSelection(const wxMouseEvent& event, bool& alive)
 
 int wxDBListBody::SelectRow(const wxMouseEvent& event, int row, bool& alive)
 {
-    if (event.ShiftDown() && m_Anchor >= 0)
+    if (event.ShiftDown() && m_Model.anchor >= 0)
     {
-        alive = SelectRange(std::min(m_Anchor, row), std::max(m_Anchor, row), event.GetPosition());
+        alive = SelectRange(std::min(m_Model.anchor, row), std::max(m_Model.anchor, row),
+                            event.GetPosition());
         return row;
     }
-    if (!HasRow(row))
+    if (!m_Model.HasRow(row))
     {
         return -1;
     }
-    const bool off = event.ControlDown() && m_List.IsRowSelected(row);
+    const bool off = event.ControlDown() && m_Source.IsRowSelected(row);
     alive = SendListEvent(off ? wxEVT_LIST_ITEM_DESELECTED : wxEVT_LIST_ITEM_SELECTED,
                           event.GetPosition(), row);
     return row;
@@ -69,9 +70,9 @@ bool wxDBListBody::SelectByClick(const wxMouseEvent& event)
     bool       alive = adding || DeselectAll(m_SingleSelection || !event.ShiftDown());
     const int  row = alive ? ProcessSelection(event, alive) : -1;
     // A range that is changed with Shift keeps the row that it began with.
-    if (alive && (m_SingleSelection || event.ControlDown() || m_Anchor < 0))
+    if (alive && (m_SingleSelection || event.ControlDown() || m_Model.anchor < 0))
     {
-        m_Anchor = row;
+        m_Model.anchor = row;
     }
     return alive;
 }
@@ -106,7 +107,7 @@ void wxDBListBody::OnRDown(wxMouseEvent& event)
         return;
     }
     const int row = Geometry().RowAt(event.GetY());
-    if ((HasRow(row) && m_List.IsRowSelected(row)) || SelectByClick(event))
+    if ((m_Model.HasRow(row) && m_Source.IsRowSelected(row)) || SelectByClick(event))
     {
         SendListEvent(wxEVT_LIST_ITEM_RIGHT_CLICK, event.GetPosition(), row);
     }
@@ -122,7 +123,7 @@ void wxDBListBody::OnKey(wxKeyEvent& event)
         return;
     }
     const bool up = key == WXK_UP;
-    if (up ? m_Anchor > 0 : m_Anchor >= 0 && m_Anchor < m_LineCount - 1)
+    if (up ? m_Model.anchor > 0 : m_Model.anchor >= 0 && m_Model.anchor < m_Model.rowCount - 1)
     {
         MoveAnchor(up ? -1 : 1, event);
     }
@@ -135,16 +136,16 @@ void wxDBListBody::MoveAnchor(int step, const wxKeyEvent& event)
     {
         return;
     }
-    m_Anchor = std::clamp(m_Anchor + step, -1, m_LineCount - 1);
-    if (m_Anchor < 0)
+    m_Model.anchor = std::clamp(m_Model.anchor + step, -1, m_Model.rowCount - 1);
+    if (m_Model.anchor < 0)
     {
         return; // the rows have gone meanwhile
     }
     wxMouseEvent click;
-    click.SetPosition(GetItemRect(m_Anchor).GetPosition());
+    click.SetPosition(GetItemRect(m_Model.anchor).GetPosition());
     bool alive = true;
     // The row may be too far out of sight to be found from its place again.
-    SelectRow(click, m_Anchor, alive);
+    SelectRow(click, m_Model.anchor, alive);
     if (alive)
     {
         ShowAnchor();
@@ -155,7 +156,7 @@ void wxDBListBody::MoveAnchor(int step, const wxKeyEvent& event)
 void wxDBListBody::ShowAnchor()
 {
     const int below = GetClientSize().y - m_LineHeight;
-    const int top = GetItemRect(m_Anchor).y;
+    const int top = GetItemRect(m_Model.anchor).y;
     if (top < m_LineHeight)
     {
         ScrollLines(-1);
@@ -166,7 +167,7 @@ void wxDBListBody::ShowAnchor()
     }
     if (top < -2 * m_LineHeight || top > below + 2 * m_LineHeight)
     {
-        m_List.EnsureVisible(m_Anchor);
+        ShowRow(m_Model.anchor);
     }
     Redraw();
 }

@@ -1,5 +1,4 @@
-#include "appearance/wxTolvanColors.h"
-#include "listviews/cells/ListGeometry.h"
+#include "listviews/model/ListModel.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListCtrl.h"
 #include "listviews/wxDBListHeader.h"
@@ -9,42 +8,27 @@
 
 #include <algorithm>
 
-namespace
-{
-const char* const kSeparator = ", ";
-
-int WidthOrDefault(int width)
-{
-    return width < 0 ? listviews::ListGeometry::k_DefaultWidth
-                     : std::min(width, listviews::ListGeometry::k_MostWidth);
-}
-
-// A text that is no number, too, gives a column that can be seen.
-int StoredWidth(const String& text)
-{
-    const long long width = text.Trim().ToInt(0);
-    return static_cast<int>(std::clamp<long long>(width, listviews::ListGeometry::k_LeastWidth,
-                                                  listviews::ListGeometry::k_MostWidth));
-}
-} // namespace
-
 void wxDBListCtrl::ColumnsChanged()
 {
     m_Header->ForgetColumns();
-    m_Body->m_ContentWidth = listviews::ContentWidth(m_Body->Geometry().widths);
-    m_Body->AdjustScrollbarsLater();
+    WidthsChanged();
+}
+
+void wxDBListCtrl::WidthsChanged()
+{
+    m_Body->ColumnsChanged();
     Redraw();
 }
 
-bool wxDBListCtrl::HasColumn(int index) const
+int wxDBListCtrl::GetColumnCount() const
 {
-    return index >= 0 && index < GetColumnCount();
+    return m_Model->ColumnCount();
 }
 
 const wxDBListCtrl::ColumnHeader& wxDBListCtrl::GetColumn(int index) const
 {
     static const ColumnHeader s_None;
-    return HasColumn(index) ? m_Columns[static_cast<size_t>(index)] : s_None;
+    return m_Model->HasColumn(index) ? m_Model->Column(index) : s_None;
 }
 
 String wxDBListCtrl::GetColumnName(int index) const
@@ -55,9 +39,7 @@ String wxDBListCtrl::GetColumnName(int index) const
 void wxDBListCtrl::AddColumn(const ColumnHeader& column)
 {
     CALL_ENTRY("wxDBListCtrl::AddColumn");
-    m_Columns.push_back(column);
-    m_Columns.back().width = WidthOrDefault(column.width);
-    ColumnsChanged();
+    PutColumn(GetColumnCount(), column);
 }
 
 void wxDBListCtrl::AddColumn(int type, const String& label, int width)
@@ -69,38 +51,41 @@ void wxDBListCtrl::InsertColumn(int index, int type, const String& label, const 
                                 int width)
 {
     CALL_ENTRY("wxDBListCtrl::InsertColumn");
-    if (index != GetColumnCount() && !HasColumn(index))
-    {
-        return;
-    }
     ColumnHeader column;
     column.label = label;
-    column.width = WidthOrDefault(width);
+    column.width = width;
     column.type = type;
     column.key = key;
-    m_Columns.insert(m_Columns.begin() + index, column);
-    TellColumnMoved(-1, index);
-    ColumnsChanged();
+    PutColumn(index, column);
+}
+
+void wxDBListCtrl::PutColumn(int index, const ColumnHeader& column)
+{
+    if (index == GetColumnCount() || m_Model->HasColumn(index))
+    {
+        m_Model->InsertColumn(index, column);
+        TellColumnMoved(-1, index);
+        ColumnsChanged();
+    }
 }
 
 void wxDBListCtrl::RemoveColumn(int index)
 {
     CALL_ENTRY("wxDBListCtrl::RemoveColumn");
-    if (!HasColumn(index))
+    if (m_Model->HasColumn(index))
     {
-        return;
+        m_Model->RemoveColumn(index);
+        TellColumnMoved(index, -1);
+        ColumnsChanged();
     }
-    m_Columns.erase(m_Columns.begin() + index);
-    TellColumnMoved(index, -1);
-    ColumnsChanged();
 }
 
 void wxDBListCtrl::RemoveAllColumns()
 {
     CALL_ENTRY("wxDBListCtrl::RemoveAllColumns");
-    while (!m_Columns.empty())
+    while (GetColumnCount() > 0)
     {
-        m_Columns.pop_back();
+        m_Model->RemoveColumn(GetColumnCount() - 1);
         TellColumnMoved(GetColumnCount(), -1);
     }
     ColumnsChanged();
@@ -117,44 +102,21 @@ void wxDBListCtrl::TellColumnMoved(int from, int to)
 void wxDBListCtrl::MoveColumn(int index, int delta)
 {
     CALL_ENTRY("wxDBListCtrl::MoveColumn");
-    if (delta == 0 || !HasColumn(index))
+    if (delta != 0 && m_Model->HasColumn(index))
     {
-        return;
+        const int target = m_Model->MoveColumn(index, delta);
+        TellColumnMoved(index, target);
+        m_Header->ForgetColumns();
+        RedrawColumns(index, target);
     }
-    const int target = static_cast<int>(
-        std::clamp<long long>(static_cast<long long>(index) + delta, 0, GetColumnCount() - 1));
-    const auto column = m_Columns.begin() + index;
-    if (target > index)
-    {
-        std::rotate(column, column + 1, m_Columns.begin() + target + 1);
-    }
-    else
-    {
-        std::rotate(m_Columns.begin() + target, column, column + 1);
-    }
-    if (m_HighlightColumn == index)
-    {
-        m_HighlightColumn = target;
-    }
-    else if (delta < 0 && target <= m_HighlightColumn && m_HighlightColumn < index)
-    {
-        ++m_HighlightColumn;
-    }
-    else if (delta > 0 && index < m_HighlightColumn && m_HighlightColumn <= target)
-    {
-        --m_HighlightColumn;
-    }
-    TellColumnMoved(index, target);
-    m_Header->ForgetColumns();
-    RedrawColumns(index, target);
 }
 
 void wxDBListCtrl::SetColumnLabel(int index, const String& label)
 {
     CALL_ENTRY("wxDBListCtrl::SetColumnLabel");
-    if (HasColumn(index))
+    if (m_Model->HasColumn(index))
     {
-        m_Columns[static_cast<size_t>(index)].label = label;
+        m_Model->Column(index).label = label;
         m_Header->Redraw();
     }
 }
@@ -162,9 +124,9 @@ void wxDBListCtrl::SetColumnLabel(int index, const String& label)
 void wxDBListCtrl::SetColumnImage(int index, int image)
 {
     CALL_ENTRY("wxDBListCtrl::SetColumnImage");
-    if (HasColumn(index))
+    if (m_Model->HasColumn(index))
     {
-        m_Columns[static_cast<size_t>(index)].image = image;
+        m_Model->Column(index).image = image;
         m_Header->Redraw();
     }
 }
@@ -172,33 +134,30 @@ void wxDBListCtrl::SetColumnImage(int index, int image)
 void wxDBListCtrl::SetHeaderImages(const std::vector<wxBitmapBundle>& images)
 {
     CALL_ENTRY("wxDBListCtrl::SetHeaderImages");
-    m_HeaderImages = images;
+    m_Model->titleImages = images;
     m_Header->Redraw();
-}
-
-void wxDBListCtrl::ChangeWidth(int index, int width)
-{
-    m_Columns[static_cast<size_t>(index)].width =
-        std::clamp(width, 0, listviews::ListGeometry::k_MostWidth);
-    m_Body->m_ContentWidth = listviews::ContentWidth(m_Body->Geometry().widths);
 }
 
 void wxDBListCtrl::SetColumnWidth(int index, int width)
 {
     CALL_ENTRY("wxDBListCtrl::SetColumnWidth");
-    if (HasColumn(index))
+    if (m_Model->HasColumn(index))
     {
-        ChangeWidth(index, width);
-        m_Body->AdjustScrollbarsLater();
-        Redraw();
+        m_Model->SetWidth(index, width);
+        WidthsChanged();
     }
+}
+
+int wxDBListCtrl::GetHighlightColumn() const
+{
+    return m_Model->highlightColumn;
 }
 
 void wxDBListCtrl::SetHighlightColumn(int index)
 {
     CALL_ENTRY("wxDBListCtrl::SetHighlightColumn");
-    const int before = m_HighlightColumn;
-    m_HighlightColumn = std::max(index, -1);
+    const int before = m_Model->highlightColumn;
+    m_Model->highlightColumn = std::max(index, -1);
     if (before == -1)
     {
         RedrawColumn(index);
@@ -211,19 +170,13 @@ void wxDBListCtrl::SetHighlightColumn(int index)
 
 int wxDBListCtrl::FindColumnByType(int type) const
 {
-    const auto found = std::find_if(m_Columns.begin(), m_Columns.end(),
-                                    [type](const ColumnHeader& c) { return c.type == type; });
-    return found == m_Columns.end() ? -1 : static_cast<int>(found - m_Columns.begin());
+    return m_Model->FindType(type);
 }
 
 void wxDBListCtrl::SaveColumnSizes(const String& section, const String& key)
 {
     CALL_ENTRY("wxDBListCtrl::SaveColumnSizes");
-    String value;
-    for (const ColumnHeader& column : m_Columns)
-    {
-        value += (value.empty() ? "" : kSeparator) + String::FromInt(column.width);
-    }
+    const String value = listviews::WidthsText(*m_Model);
     {
         OptionsFile&    options = Application::the_Application->Options();
         const WriteLock lock(options.Lock());
@@ -238,12 +191,6 @@ void wxDBListCtrl::RestoreColumnSizes(const String& section, const String& key)
     CALL_ENTRY("wxDBListCtrl::RestoreColumnSizes");
     const String value = Application::the_Application->Options().GetValue(section, key);
     LogDebug("ListCtrl LOAD: [ " + section + " ] " + key + " = " + value);
-    int column = 0;
-    for (StringTokenizer tokens(value, ",", '"', '\\');
-         column < GetColumnCount() && tokens.HasMore(); ++column)
-    {
-        ChangeWidth(column, StoredWidth(tokens.Next()));
-    }
-    m_Body->AdjustScrollbarsLater();
-    Redraw();
+    listviews::TakeWidths(*m_Model, value);
+    WidthsChanged();
 }

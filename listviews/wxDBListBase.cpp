@@ -1,9 +1,9 @@
 #include "listviews/wxDBListBase.h"
 
-#include "listviews/cells/ListGeometry.h"
-#include "listviews/wxDBListBody.h"
-#include "listviews/wxDBListCtrl.h"
+#include "listviews/model/ListModel.h"
 #include "vesta/CallEntry.h"
+
+#include <wx/weakref.h>
 
 // clang-format off
 wxBEGIN_EVENT_TABLE(wxDBListBase, wxDoubleBufferedWindow)
@@ -11,24 +11,15 @@ wxBEGIN_EVENT_TABLE(wxDBListBase, wxDoubleBufferedWindow)
 wxEND_EVENT_TABLE()
 // clang-format on
 
-wxDBListBase::wxDBListBase(wxDBListCtrl* list, long style)
-    : wxDoubleBufferedWindow(list, wxID_ANY, style), m_List(*list)
+wxDBListBase::wxDBListBase(wxWindow& list, listviews::ListModel& model, long style)
+    : wxDoubleBufferedWindow(&list, wxID_ANY, style), m_List(list), m_Model(model)
 {
 }
 
 listviews::ListGeometry wxDBListBase::Geometry() const
 {
-    const wxDBListBody&     body = *m_List.m_Body;
-    listviews::ListGeometry geometry;
-    geometry.rowHeight = body.m_LineHeight;
-    geometry.scroll = wxPoint(body.GetScrollPos(wxHORIZONTAL), body.GetScrollPos(wxVERTICAL));
-    geometry.client = GetClientSize();
-    geometry.widths.reserve(m_List.m_Columns.size());
-    for (const wxDBListCtrl::ColumnHeader& column : m_List.m_Columns)
-    {
-        geometry.widths.push_back(column.width);
-    }
-    return geometry;
+    return m_Model.Geometry({m_List.GetScrollPos(wxHORIZONTAL), m_List.GetScrollPos(wxVERTICAL)},
+                            GetClientSize());
 }
 
 bool wxDBListBase::SendListEvent(int type, const wxPoint& point, int row)

@@ -8,15 +8,16 @@
 namespace listviews
 {
 struct ListGeometry;
-}
-class wxDBListCtrl;
+struct ListModel;
+} // namespace listviews
 
-/// What the header and the body of a list have in common: they know their list, where its columns
-/// are, and send its events. Main thread.
+/// What the header and the body of a list have in common: they draw from the list's model, and send
+/// its events. Of the list itself they know no more than the window that it is. Main thread.
 class TOLVAN_API wxDBListBase : public wxDoubleBufferedWindow
 {
 public:
-    wxDBListBase(wxDBListCtrl* list, long style);
+    /// The list says where it is scrolled to, as any window does. It owns the model.
+    wxDBListBase(wxWindow& list, listviews::ListModel& model, long style);
 
     /// Has the list's handlers process an event of that type at once. `point`: pixels of the body.
     /// A column of -1 is found from the point, and so is a row of -1. The handlers may do anything
@@ -32,7 +33,8 @@ public:
     void CaptureLost(wxMouseCaptureLostEvent& event);
 
 protected:
-    wxDBListCtrl& m_List;
+    wxWindow&             m_List;
+    listviews::ListModel& m_Model;
 
     wxDECLARE_EVENT_TABLE();
 };

@@ -2,10 +2,9 @@
 
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
-#include "listviews/cells/ListGeometry.h"
+#include "listviews/model/ListModel.h"
 #include "listviews/model/TableSettings.h"
-#include "listviews/wxDBListCtrl.h"
-#include "listviews/wxDBListHeader.h"
+#include "listviews/wxDBListSource.h"
 #include "vesta/CallEntry.h"
 
 #include <algorithm>
@@ -33,16 +32,17 @@ wxBEGIN_EVENT_TABLE(wxDBListBody, wxDBListBase)
 wxEND_EVENT_TABLE()
 // clang-format on
 
-wxDBListBody::wxDBListBody(wxDBListCtrl* list, bool singleSelection)
-    : wxDBListBase(list, wxBORDER_NONE), m_SingleSelection(singleSelection)
+wxDBListBody::wxDBListBody(wxWindow& list, listviews::ListModel& model, wxDBListSource& source,
+                           wxDoubleBufferedWindow& titles, bool singleSelection)
+    : wxDBListBase(list, model, wxBORDER_NONE), m_Source(source), m_SingleSelection(singleSelection)
 {
     CALL_ENTRY("wxDBListBody::wxDBListBody");
     const listviews::_TableSettings& settings = listviews::_TableSettings::Get();
     SetFont(settings.font);
-    m_LineHeight = settings.RowHeight();
+    m_LineHeight = m_Model.rowHeight;
     m_ColumnWidth = settings.charWidth;
     m_ContentWidth = kFirstContentWidth;
-    m_LinkedWindow = list->GetHeader();
+    m_LinkedWindow = &titles;
     SetScrollbar(wxHORIZONTAL, 0, 0, 0);
     SetScrollbar(wxVERTICAL, 0, 0, 0);
     m_HoverTimer.SetOwner(this, kHoverTimerId);
@@ -51,6 +51,35 @@ wxDBListBody::wxDBListBody(wxDBListCtrl* list, bool singleSelection)
 wxDBListBody::~wxDBListBody()
 {
     m_HoverTimer.Stop();
+}
+
+void wxDBListBody::RowsChanged()
+{
+    m_LineCount = m_Model.rowCount;
+    AdjustScrollbarsLater();
+}
+
+void wxDBListBody::ColumnsChanged()
+{
+    m_ContentWidth = m_Model.ContentWidth();
+    AdjustScrollbarsLater();
+}
+
+void wxDBListBody::TraceScrollbars()
+{
+    m_ScrollTrace = true;
+}
+
+void wxDBListBody::ShowRow(int row)
+{
+    CALL_ENTRY("wxDBListBody::ShowRow");
+    const long long top = static_cast<long long>(row) * m_LineHeight;
+    const long long position = GetScrollPos(wxVERTICAL);
+    const long long least = top + m_LineHeight - GetClientSize().y;
+    if (top < position || position < least)
+    {
+        ScrollTo(wxVERTICAL, top < position ? top : std::min(least, top));
+    }
 }
 
 wxRect wxDBListBody::GetItemRect(int row) const
@@ -80,26 +109,26 @@ int wxDBListBody::HoverRow() const
 
 void wxDBListBody::SetHoverRow(int row)
 {
-    if (row == m_HoverRow)
+    if (row == m_Model.hoverRow)
     {
         return;
     }
-    for (const int changed : {m_HoverRow, row})
+    for (const int changed : {m_Model.hoverRow, row})
     {
         if (changed >= 0)
         {
             Redraw(GetItemRect(changed));
         }
     }
-    m_HoverRow = row;
+    m_Model.hoverRow = row;
 }
 
 void wxDBListBody::ShowCursor(const wxPoint& pointer)
 {
     const listviews::ListGeometry geometry = Geometry();
     const int                     row = geometry.RowAt(pointer.y);
-    SetCursor(m_List.CustomizeCursor(HasRow(row) ? row : -1, geometry.ColumnAt(pointer.x),
-                                     pointer.x, pointer.y));
+    SetCursor(m_Source.CustomizeCursor(m_Model.HasRow(row) ? row : -1, geometry.ColumnAt(pointer.x),
+                                       pointer.x, pointer.y));
 }
 
 void wxDBListBody::OnMotion(wxMouseEvent& event)
@@ -135,12 +164,12 @@ void wxDBListBody::Notify(wxTimerEvent&)
     const listviews::ListGeometry geometry = Geometry();
     const int                     row = geometry.RowAt(m_Pointer.y);
     const int                     column = geometry.ColumnAt(m_Pointer.x);
-    if (m_Pointer.x < 0 || !HasRow(row) || column < 0)
+    if (m_Pointer.x < 0 || !m_Model.HasRow(row) || column < 0)
     {
         UnsetToolTip();
         return;
     }
-    const wxString text = wxtToWx(m_List.GetDisplayText(row, column)).Left(kLongestTip);
+    const wxString text = wxtToWx(m_Source.GetDisplayText(row, column)).Left(kLongestTip);
     if (text != GetToolTipText())
     {
         SetToolTip(text);

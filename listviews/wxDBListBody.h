@@ -9,13 +9,16 @@ namespace listviews
 {
 class CellText;
 }
+class wxDBListSource;
 
 /// The rows of a list. It turns clicks and arrow keys into selection events; what is selected is
-/// the list's to know. Main thread.
+/// the source's to know. Main thread.
 class TOLVAN_API wxDBListBody : public wxDBListBase
 {
 public:
-    wxDBListBody(wxDBListCtrl* list, bool singleSelection);
+    /// `titles` are drawn anew with every scroll.
+    wxDBListBody(wxWindow& list, listviews::ListModel& model, wxDBListSource& source,
+                 wxDoubleBufferedWindow& titles, bool singleSelection);
     ~wxDBListBody() override;
 
     void OnLDown(wxMouseEvent& event);
@@ -35,6 +38,15 @@ public:
     wxRect GetCellRect(int row, int column) const;
     /// @}
 
+    /// The model's rows have come or gone, its columns have become wider or narrower: the
+    /// scrollbars follow.
+    /// @{
+    void RowsChanged();
+    void ColumnsChanged();
+    /// @}
+    void ShowRow(int row);  ///< Scrolls by the least that shows the whole row.
+    void TraceScrollbars(); ///< Logs every change of the scrollbars from now on.
+
     /// Tells that every selected row is deselected. False when the list is gone.
     bool DeselectAll(bool resetAnchor);
 
@@ -42,8 +54,6 @@ public:
     bool DrawCellText(wxDC& dc, const wxString& text, const wxRect& room);
 
 private:
-    friend class wxDBListCtrl;
-
     void     DrawBitmap() override;
     void     DrawRow(wxDC& dc, const listviews::ListGeometry& geometry, int row);
     void     DrawCells(wxDC& dc, const listviews::ListGeometry& geometry, int row,
@@ -52,7 +62,6 @@ private:
     void     DrawFocus(const listviews::ListGeometry& geometry);
     wxColour GroundOf(int row, bool hovered) const;
 
-    bool HasRow(int row) const { return row >= 0 && row < m_LineCount; }
     int  HoverRow() const;
     void SetHoverRow(int row);
     void ShowCursor(const wxPoint& pointer);
@@ -67,11 +76,10 @@ private:
     void MoveAnchor(int step, const wxKeyEvent& event);
     void ShowAnchor();
 
-    int     m_Anchor = -1;   ///< Where the selection of a range begins, or -1.
-    int     m_HoverRow = -1; ///< The one that was drawn so.
-    bool    m_SingleSelection;
-    wxPoint m_Pointer{-1, -1}; ///< Where it was seen last.
-    wxTimer m_HoverTimer;
+    wxDBListSource& m_Source;
+    bool            m_SingleSelection;
+    wxPoint         m_Pointer{-1, -1}; ///< Where it was seen last.
+    wxTimer         m_HoverTimer;
 
     listviews::CellText* m_CellText = nullptr; ///< While it paints.
 

@@ -2,8 +2,8 @@
 
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
-#include "listviews/cells/ListGeometry.h"
 #include "listviews/cells/TextFit.h"
+#include "listviews/model/ListModel.h"
 #include "listviews/model/TableSettings.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListHeader.h"
@@ -14,13 +14,17 @@
 #include <wx/sizer.h>
 
 #include <algorithm>
+#include <climits>
 
-wxDBListCtrl::wxDBListCtrl(wxWindow* parent, int id, bool singleSelection) : wxtPanel(parent, id)
+wxDBListCtrl::wxDBListCtrl(wxWindow* parent, int id, bool singleSelection)
+    : wxtPanel(parent, id), m_Model(std::make_unique<listviews::ListModel>())
 {
     CALL_ENTRY("wxDBListCtrl::wxDBListCtrl");
     listviews::_TableSettings::Init();
-    m_Header = new wxDBListHeader(this);
-    m_Body = new wxDBListBody(this, singleSelection);
+    m_Model->rowHeight = listviews::_TableSettings::Get().RowHeight();
+    m_Header = new wxDBListHeader(*this, *m_Model,
+                                  [this](int column, int width) { SetColumnWidth(column, width); });
+    m_Body = new wxDBListBody(*this, *m_Model, *this, *m_Header, singleSelection);
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(m_Header, 0, wxEXPAND);
     sizer->Add(m_Body, 1, wxEXPAND);
@@ -52,9 +56,7 @@ wxColour wxDBListCtrl::GetRowColor(int)
 
 wxColour wxDBListCtrl::GetRowBGColor(int row)
 {
-    const wxColour ground = wxtGetColor(color_WindowBGDarker);
-    const int      offset = row % 2 ? listviews::_TableSettings::Get().rowContrast : 0;
-    return OffsetColor(ground, offset, offset, offset);
+    return listviews::StripeColour(row);
 }
 
 wxCursor wxDBListCtrl::CustomizeCursor(int, int, int, int)
@@ -99,24 +101,12 @@ wxString wxDBListCtrl::FormatDisplayString(const String& text, int& width, wxDC&
 
 int wxDBListCtrl::GetItemCount() const
 {
-    return m_Body->m_LineCount;
+    return m_Model->rowCount;
 }
 
 int wxDBListCtrl::GetRowHeight() const
 {
-    return m_Body->m_LineHeight;
-}
-
-void wxDBListCtrl::SetRowCount(long long count)
-{
-    const int most = listviews::MostRows(m_Body->m_LineHeight);
-    if (count > most && m_Body->m_LineCount < most)
-    {
-        LogError(SFormat("A list of %lld rows is higher than can be scrolled: %d are shown", count,
-                         most));
-    }
-    m_Body->m_LineCount = static_cast<int>(std::clamp<long long>(count, 0, most));
-    m_Body->AdjustScrollbarsLater();
+    return m_Model->rowHeight;
 }
 
 void wxDBListCtrl::Insert(int row, bool redraw)
@@ -127,20 +117,21 @@ void wxDBListCtrl::Insert(int row, bool redraw)
 void wxDBListCtrl::Insert(int row, unsigned long count, bool redraw)
 {
     CALL_ENTRY("wxDBListCtrl::Insert");
-    if (row != GetItemCount() && !HasRow(row))
+    if (row != GetItemCount() && !m_Model->HasRow(row))
     {
         return;
     }
-    SetRowCount(m_Body->m_LineCount +
-                static_cast<long long>(std::min<unsigned long>(count, INT_MAX)));
-    if (m_Body->m_Anchor >= row)
+    const int  before = GetItemCount();
+    const auto added = static_cast<int>(std::min<unsigned long>(count, INT_MAX));
+    if (!m_Model->InsertRows(row, added))
     {
-        m_Body->m_Anchor = static_cast<int>(
-            std::min<long long>(m_Body->m_Anchor + static_cast<long long>(count), INT_MAX));
+        LogError(SFormat("A list of %lld rows is higher than can be scrolled: %d are shown",
+                         static_cast<long long>(before) + added, GetItemCount()));
     }
+    m_Body->RowsChanged();
     if (redraw)
     {
-        RedrawItems(row, m_Body->m_LineCount - 1);
+        RedrawItems(row, GetItemCount() - 1);
     }
 }
 
@@ -149,22 +140,17 @@ void wxDBListCtrl::Remove(int row)
     Remove(row, 1);
 }
 
-// Unlike insertion, removal leaves an anchor that lies below where it is: it stays on the same
-// place of the list, which the user looks at, and not on the same row.
 void wxDBListCtrl::Remove(int row, unsigned long count)
 {
     CALL_ENTRY("wxDBListCtrl::Remove");
-    if (!HasRow(row) || count == 0)
+    if (!m_Model->HasRow(row) || count == 0)
     {
         return;
     }
     const auto below = static_cast<unsigned long>(GetItemCount() - row);
     const int  last = row + static_cast<int>(std::min(count, below)) - 1;
-    SetRowCount(m_Body->m_LineCount - (last - row + 1LL));
-    if (m_Body->m_Anchor >= row && m_Body->m_Anchor <= last)
-    {
-        m_Body->m_Anchor = row - 1;
-    }
+    m_Model->RemoveRows(row, last);
+    m_Body->RowsChanged();
     for (int removed = last; removed >= row; --removed)
     {
         if (IsRowSelected(removed) &&
@@ -180,7 +166,8 @@ void wxDBListCtrl::Clear()
 {
     CALL_ENTRY("wxDBListCtrl::Clear");
     DoClear();
-    SetRowCount(0);
+    m_Model->rowCount = 0;
+    m_Body->RowsChanged();
     m_Body->Redraw();
 }
 
@@ -191,17 +178,17 @@ const wxCursor& wxDBListCtrl::GetCurrentCursor() const
 
 int wxDBListCtrl::GetLastSelect() const
 {
-    return m_Body->m_Anchor;
+    return m_Model->anchor;
 }
 
 void wxDBListCtrl::SetLastSelect(int row)
 {
-    m_Body->m_Anchor = row;
+    m_Model->anchor = row;
 }
 
 void wxDBListCtrl::ReportScrollbars()
 {
-    m_Body->m_ScrollTrace = true;
+    m_Body->TraceScrollbars();
 }
 
 // Redrawing.
@@ -278,16 +265,8 @@ int wxDBListCtrl::GetScrollThumb(int orientation) const
 void wxDBListCtrl::EnsureVisible(int row)
 {
     CALL_ENTRY("wxDBListCtrl::EnsureVisible");
-    if (!HasRow(row))
+    if (m_Model->HasRow(row))
     {
-        return;
-    }
-    const long long height = m_Body->m_LineHeight;
-    const long long top = row * height;
-    const long long position = m_Body->GetScrollPos(wxVERTICAL);
-    const long long least = top + height - m_Body->GetClientSize().y;
-    if (top < position || position < least)
-    {
-        m_Body->ScrollTo(wxVERTICAL, top < position ? top : std::min(least, top));
+        m_Body->ShowRow(row);
     }
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "appearance/wxtColorManaged.h"
+#include "listviews/wxDBListColumn.h"
+#include "listviews/wxDBListSource.h"
 #include "vesta/Export.h"
 #include "vesta/String.h"
 
@@ -8,9 +10,13 @@
 #include <wx/cursor.h>
 
 #include <functional>
+#include <memory>
 #include <vector>
 
-class wxDBListBase;
+namespace listviews
+{
+struct ListModel;
+}
 class wxDBListBody;
 class wxDBListHeader;
 
@@ -26,26 +32,17 @@ class wxDBListHeader;
 /// Indexes of rows and columns count from 0 in the order shown. An operation on a row or a column
 /// that the list does not have does nothing; asked for one, it answers with an empty one. Main
 /// thread.
-class TOLVAN_API wxDBListCtrl : public wxtPanel
+class TOLVAN_API wxDBListCtrl : public wxtPanel, public wxDBListSource
 {
 public:
-    struct ColumnHeader
-    {
-        String label;
-        int    width = 0;      ///< Pixels; negative: 100.
-        int    startWidth = 0; ///< Pixels, when a drag of its edge began.
-        bool   visible = true;
-        int    type = 0; ///< The caller's name for the column, whatever its place.
-        String key;
-        int    image = -1; ///< See `SetHeaderImages`; -1: none.
-    };
+    using ColumnHeader = wxDBListColumn;
 
     /// Images of titles that are there without `SetHeaderImages`.
     enum
     {
-        image_None = -1,
-        image_Ascending = 0,
-        image_Descending = 1
+        image_None = ColumnHeader::image_None,
+        image_Ascending = ColumnHeader::image_Ascending,
+        image_Descending = ColumnHeader::image_Descending
     };
 
     /// `singleSelection`: a click always ends the selection of all other rows.
@@ -54,19 +51,19 @@ public:
 
     /// What a derived class supplies. `row` is a row that the list has.
     /// @{
-    virtual bool             IsRowSelected(int row) = 0;
-    virtual std::vector<int> GetSelection() = 0;
-    virtual void             PrepareToDraw(int row); ///< Before the row is asked for.
-    virtual String           GetDisplayText(int row, int column) = 0;
-    virtual wxColour         GetRowColor(int row);   ///< Of its text.
-    virtual wxColour         GetRowBGColor(int row); ///< Darker in odd rows.
-    virtual void             CleanupAfterDraw(int row);
+    bool             IsRowSelected(int row) override = 0;
+    std::vector<int> GetSelection() override = 0;
+    void             PrepareToDraw(int row) override; ///< Before the row is asked for.
+    String           GetDisplayText(int row, int column) override = 0;
+    wxColour         GetRowColor(int row) override;   ///< Of its text.
+    wxColour         GetRowBGColor(int row) override; ///< Darker in odd rows.
+    void             CleanupAfterDraw(int row) override;
     /// Draws a cell in the context's font and text colour; by default its text, shortened in the
     /// middle. `rect`: pixels of the body.
-    virtual void DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected);
+    void DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected) override;
     /// The mouse cursor over the body; row and column are -1 where there is none.
-    virtual wxCursor CustomizeCursor(int row, int column, int x, int y);
-    virtual void     DoClear(); ///< Drops the rows' data.
+    wxCursor     CustomizeCursor(int row, int column, int x, int y) override;
+    virtual void DoClear(); ///< Drops the rows' data.
     /// @}
 
     /// Columns. A width is in pixels, at most 16,777,216.
@@ -82,10 +79,10 @@ public:
     void   SetColumnImage(int index, int image);
     void   SetColumnWidth(int index, int width); ///< At least 0.
     void   SetHighlightColumn(int index);        ///< -1: none.
-    int    GetHighlightColumn() const { return m_HighlightColumn; }
+    int    GetHighlightColumn() const;
     int    FindColumnByType(int type) const; ///< The first one, or -1.
     String GetColumnName(int index) const;
-    int    GetColumnCount() const { return static_cast<int>(m_Columns.size()); }
+    int    GetColumnCount() const;
     const ColumnHeader& GetColumn(int index) const;
     /// Replaces the images of the titles, the sort arrows too.
     void SetHeaderImages(const std::vector<wxBitmapBundle>& images);
@@ -147,21 +144,12 @@ protected:
     std::function<void(int from, int to)> m_OnColumnMoved;
 
 private:
-    friend class wxDBListBase;
-    friend class wxDBListBody;
-    friend class wxDBListHeader;
-
-    bool HasColumn(int index) const;
-    bool HasRow(int row) const { return row >= 0 && row < GetItemCount(); }
+    void PutColumn(int index, const ColumnHeader& column);
     void TellColumnMoved(int from, int to);
-    void ColumnsChanged(); ///< The content is as wide as the columns; everything is redrawn.
-    void ChangeWidth(int index, int width);
-    void SetRowCount(long long count);
-    void MoveAnchor(int row, long long count);
+    void ColumnsChanged(); ///< There are others: what is held down in the titles is let go.
+    void WidthsChanged();  ///< The content is as wide as the columns; everything is redrawn.
 
-    std::vector<ColumnHeader>   m_Columns;
-    std::vector<wxBitmapBundle> m_HeaderImages;
-    int                         m_HighlightColumn = -1;
-    wxDBListHeader*             m_Header;
-    wxDBListBody*               m_Body;
+    std::unique_ptr<listviews::ListModel> m_Model;
+    wxDBListHeader*                       m_Header = nullptr;
+    wxDBListBody*                         m_Body = nullptr;
 };

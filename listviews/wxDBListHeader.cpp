@@ -3,10 +3,8 @@
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
 #include "listviews/cells/CellText.h"
-#include "listviews/cells/ListGeometry.h"
+#include "listviews/model/ListModel.h"
 #include "listviews/model/TableSettings.h"
-#include "listviews/wxDBListBody.h"
-#include "listviews/wxDBListCtrl.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/dcmemory.h>
@@ -32,7 +30,9 @@ wxBEGIN_EVENT_TABLE(wxDBListHeader, wxDBListBase)
 wxEND_EVENT_TABLE()
 // clang-format on
 
-wxDBListHeader::wxDBListHeader(wxDBListCtrl* list) : wxDBListBase(list, wxBORDER_NONE)
+wxDBListHeader::wxDBListHeader(wxWindow& list, listviews::ListModel& model,
+                               std::function<void(int column, int width)> resize)
+    : wxDBListBase(list, model, wxBORDER_NONE), m_Resize(std::move(resize))
 {
     CALL_ENTRY("wxDBListHeader::wxDBListHeader");
     const listviews::_TableSettings& settings = listviews::_TableSettings::Get();
@@ -53,12 +53,20 @@ bool wxDBListHeader::AcceptsFocusFromKeyboard() const
     return false;
 }
 
+int wxDBListHeader::PressedColumn() const
+{
+    return m_Model.pressedColumn;
+}
+
+bool wxDBListHeader::IsResizing() const
+{
+    return m_Model.IsResizing();
+}
+
 void wxDBListHeader::ForgetColumns()
 {
     LetMouseGo();
-    m_Pressed = -1;
-    m_ResizeStart = -1;
-    m_Hovered = -1;
+    m_Model.LetTitlesGo();
     ShowCursor(false);
 }
 
@@ -83,13 +91,13 @@ void wxDBListHeader::OnMotion(wxMouseEvent& event)
     {
         Resize(event.GetX());
     }
-    else if (IsResizing() || (m_Pressed >= 0 && !event.LeftIsDown() && HasCapture()))
+    else if (IsResizing() || (m_Model.pressedColumn >= 0 && !event.LeftIsDown() && HasCapture()))
     {
         OnLUp(event); // the button was let go where nobody told of it
     }
     else if (!event.LeftIsDown())
     {
-        m_Pressed = -1; // nor clicked, once the capture was lost
+        m_Model.pressedColumn = -1; // nor clicked, once the capture was lost
         Hover(event.GetX());
     }
 }
@@ -99,8 +107,10 @@ void wxDBListHeader::Hover(int x)
     const listviews::ListGeometry geometry = Geometry();
     const int                     edge = geometry.EdgeAt(x);
     ShowCursor(edge >= 0);
-    m_Hovered = edge >= 0 ? edge : geometry.ColumnAt(x);
-    const wxString label = m_Hovered >= 0 ? wxtToWx(m_List.GetColumnName(m_Hovered)) : wxString();
+    m_Model.hoverColumn = edge >= 0 ? edge : geometry.ColumnAt(x);
+    const wxString label = m_Model.HasColumn(m_Model.hoverColumn)
+                               ? wxtToWx(m_Model.Column(m_Model.hoverColumn).label)
+                               : wxString();
     if (label != GetToolTipText())
     {
         SetToolTip(label);
@@ -110,12 +120,10 @@ void wxDBListHeader::Hover(int x)
 
 void wxDBListHeader::Resize(int x)
 {
-    const int before = m_List.GetColumn(m_Hovered).width;
-    const int width = std::max(listviews::ListGeometry::k_LeastWidth,
-                               m_List.GetColumn(m_Hovered).startWidth + x - m_ResizeStart);
-    if (width != before)
+    const int width = m_Model.ResizedWidth(x);
+    if (width != m_Model.Column(m_Model.hoverColumn).width)
     {
-        m_List.SetColumnWidth(m_Hovered, width);
+        m_Resize(m_Model.hoverColumn, width);
     }
 }
 
@@ -125,10 +133,8 @@ void wxDBListHeader::OnLDown(wxMouseEvent& event)
     Hover(event.GetX());
     if (m_OnEdge)
     {
-        wxDBListCtrl::ColumnHeader& column = m_List.m_Columns[static_cast<size_t>(m_Hovered)];
-        m_ResizeStart = event.GetX();
-        column.startWidth = column.width;
-        if (!SendListEvent(wxEVT_LIST_COL_BEGIN_DRAG, InBody(event), m_Hovered, -1) ||
+        m_Model.BeginResize(m_Model.hoverColumn, event.GetX());
+        if (!SendListEvent(wxEVT_LIST_COL_BEGIN_DRAG, InBody(event), m_Model.hoverColumn, -1) ||
             !IsResizing())
         {
             return;
@@ -136,7 +142,7 @@ void wxDBListHeader::OnLDown(wxMouseEvent& event)
     }
     else
     {
-        m_Pressed = Geometry().ColumnAt(event.GetX());
+        m_Model.pressedColumn = Geometry().ColumnAt(event.GetX());
         Redraw();
         const wxWeakRef<wxDBListHeader> self(this);
         m_List.SetFocus();
@@ -154,12 +160,12 @@ void wxDBListHeader::OnLUp(wxMouseEvent& event)
     LetMouseGo();
     if (IsResizing())
     {
-        m_ResizeStart = -1;
-        SendListEvent(wxEVT_LIST_COL_END_DRAG, InBody(event), m_Hovered, -1);
+        m_Model.resizeStart = -1;
+        SendListEvent(wxEVT_LIST_COL_END_DRAG, InBody(event), m_Model.hoverColumn, -1);
     }
-    else if (m_Pressed >= 0)
+    else if (m_Model.pressedColumn >= 0)
     {
-        m_Pressed = -1;
+        m_Model.pressedColumn = -1;
         Redraw();
         SendListEvent(wxEVT_LIST_COL_CLICK, InBody(event), -1);
     }
@@ -173,9 +179,9 @@ void wxDBListHeader::OnRDown(wxMouseEvent& event)
 
 void wxDBListHeader::OnLeave(wxMouseEvent&)
 {
-    if (!IsResizing() && m_Hovered >= 0)
+    if (!IsResizing() && m_Model.hoverColumn >= 0)
     {
-        m_Hovered = -1;
+        m_Model.hoverColumn = -1;
         Redraw();
     }
 }
@@ -203,19 +209,20 @@ wxColour wxDBListHeader::FaceOf(int column) const
 {
     const wxColour  face = wxtGetColor(color_ButtonFace);
     const wxColour& shade = listviews::_TableSettings::Get().headerShade;
-    if (column == m_Pressed)
+    if (column == m_Model.pressedColumn)
     {
         return OffsetColor(face, -shade.Red(), -shade.Green(), -shade.Blue());
     }
-    const bool lit = column == m_List.m_HighlightColumn ||
-                     (column == m_Hovered && ParentIsActive(const_cast<wxDBListHeader*>(this)));
+    const bool lit =
+        column == m_Model.highlightColumn ||
+        (column == m_Model.hoverColumn && ParentIsActive(const_cast<wxDBListHeader*>(this)));
     return lit ? listviews::Shaded(face, shade) : face;
 }
 
 void wxDBListHeader::DrawTitle(wxDC& dc, listviews::CellText& cells, int column, const wxRect& rect)
 {
-    const wxDBListCtrl::ColumnHeader& header = m_List.GetColumn(column);
-    const int                         margin = listviews::_TableSettings::Get().cellMargin;
+    const wxDBListColumn& header = m_Model.Column(column);
+    const int             margin = listviews::_TableSettings::Get().cellMargin;
     cells.Fill(rect, FaceOf(column));
     cells.Fill(wxRect(rect.x, rect.y, rect.width, 1), wxtGetColor(color_3DLight));
     cells.Fill(wxRect(rect.GetRight(), rect.y, 1, rect.height), wxtGetColor(color_3DDark));
@@ -225,7 +232,7 @@ void wxDBListHeader::DrawTitle(wxDC& dc, listviews::CellText& cells, int column,
     const int height = dc.GetCharHeight();
     room.y += (rect.height - height) / 2;
     room.height = height;
-    if (column == m_Pressed)
+    if (column == m_Model.pressedColumn)
     {
         room.Offset(1, 1);
     }
@@ -239,7 +246,7 @@ void wxDBListHeader::DrawTitle(wxDC& dc, listviews::CellText& cells, int column,
 // At the right end of the room; the pixels that it takes.
 int wxDBListHeader::DrawImage(wxDC& dc, int image, const wxRect& room)
 {
-    const std::vector<wxBitmapBundle>& images = m_List.m_HeaderImages;
+    const std::vector<wxBitmapBundle>& images = m_Model.titleImages;
     const int                          margin = listviews::_TableSettings::Get().cellMargin;
     if (image < 0 || room.width < kArrowWidth + margin)
     {
@@ -247,8 +254,8 @@ int wxDBListHeader::DrawImage(wxDC& dc, int image, const wxRect& room)
     }
     if (images.empty())
     {
-        return image <= wxDBListCtrl::image_Descending
-                   ? DrawArrow(dc, image == wxDBListCtrl::image_Ascending, room) + margin
+        return image <= wxDBListColumn::image_Descending
+                   ? DrawArrow(dc, image == wxDBListColumn::image_Ascending, room) + margin
                    : 0;
     }
     if (static_cast<size_t>(image) >= images.size())

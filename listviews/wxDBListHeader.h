@@ -3,6 +3,8 @@
 #include "listviews/wxDBListBase.h"
 #include "vesta/Export.h"
 
+#include <functional>
+
 namespace listviews
 {
 class CellText;
@@ -15,7 +17,9 @@ class CellText;
 class TOLVAN_API wxDBListHeader : public wxDBListBase
 {
 public:
-    explicit wxDBListHeader(wxDBListCtrl* list);
+    /// `resize` gives a column the width (pixels) that a hand drags it to.
+    wxDBListHeader(wxWindow& list, listviews::ListModel& model,
+                   std::function<void(int column, int width)> resize);
 
     void OnMotion(wxMouseEvent& event);
     void OnLDown(wxMouseEvent& event);
@@ -23,9 +27,9 @@ public:
     void OnRDown(wxMouseEvent& event);
     void OnLeave(wxMouseEvent& event); ///< Ends the hover look.
 
-    int  PressedColumn() const { return m_Pressed; }
+    int  PressedColumn() const; ///< The one whose title is held down, or -1.
+    bool IsResizing() const;
     bool AcceptsFocusFromKeyboard() const override;
-    bool IsResizing() const { return m_ResizeStart >= 0; }
     /// Columns have been inserted, moved or removed: what is held down is let go.
     void ForgetColumns();
 
@@ -43,10 +47,8 @@ private:
     int      DrawImage(wxDC& dc, int image, const wxRect& room);
     int      DrawArrow(wxDC& dc, bool up, const wxRect& room);
 
-    int  m_Pressed = -1;     ///< The column whose title is held down, or -1.
-    int  m_ResizeStart = -1; ///< Where the drag of an edge began, pixels; -1 when there is none.
-    int  m_Hovered = -1;     ///< The column whose edge or title the pointer is on, or -1.
-    bool m_OnEdge = false;   ///< The resize cursor is shown.
+    std::function<void(int, int)> m_Resize;
+    bool                          m_OnEdge = false; ///< The resize cursor is shown.
 
     wxDECLARE_EVENT_TABLE();
 };

@@ -54,4 +54,10 @@ wxColour Shaded(const wxColour& colour, const wxColour& shade)
 {
     return OffsetColor(colour, shade.Red(), shade.Green(), shade.Blue());
 }
+
+wxColour StripeColour(int row)
+{
+    const int offset = row % 2 ? _TableSettings::Get().rowContrast : 0;
+    return OffsetColor(wxtGetColor(color_WindowBGDarker), offset, offset, offset);
+}
 } // namespace listviews

@@ -34,4 +34,6 @@ struct _TableSettings
 
 /// The colour with the shade's channels added, kept within 255. An invalid colour stays invalid.
 wxColour Shaded(const wxColour& colour, const wxColour& shade);
+/// The ground of a row whose list gives it no colour: darker in odd rows.
+wxColour StripeColour(int row);
 } // namespace listviews

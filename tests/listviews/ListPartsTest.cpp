@@ -1,4 +1,5 @@
 #include "listviews/cells/ListGeometry.h"
+#include "listviews/model/ListModel.h"
 #include "listviews/model/ListSelection.h"
 
 #include <gtest/gtest.h>
@@ -50,6 +51,53 @@ TEST(ListGeometry, HugeListsDoNotWrap)
     EXPECT_LT(list.RowRect(0).y, -1000000);
     EXPECT_GT(list.RowRect(INT_MAX).y, 1000000);
     EXPECT_EQ(INT_MAX, listviews::ContentWidth(std::vector<int>(100000, 100000)));
+}
+
+TEST(ListModel, AColumnThatMovesTakesTheHighlightAlong)
+{
+    constexpr struct
+    {
+        int index, delta, highlight, target, highlightAfter;
+    } moves[] = {{0, 10, 2, 2, 1},   {0, 1, 0, 1, 1}, {2, -2, 0, 0, 1}, {2, -1, 0, 1, 0},
+                 {1, -9, -1, 0, -1}, {0, 1, 2, 1, 2}, {2, 5, 2, 2, 2}};
+    for (const auto& move : moves)
+    {
+        SCOPED_TRACE(::testing::Message() << move.index << ' ' << move.delta);
+        listviews::ListModel model;
+        for (const int width : {-1, 20, 1 << 30})
+        {
+            wxDBListColumn column;
+            column.width = width;
+            column.type = model.ColumnCount();
+            model.InsertColumn(model.ColumnCount(), column);
+        }
+        EXPECT_EQ("100, 20, 16777216", listviews::WidthsText(model));
+        model.highlightColumn = move.highlight;
+        EXPECT_EQ(move.target, model.MoveColumn(move.index, move.delta));
+        EXPECT_EQ(move.target, model.FindType(move.index));
+        EXPECT_EQ(move.highlightAfter, model.highlightColumn);
+    }
+}
+
+TEST(ListModel, RowsComeAndGoAroundTheAnchor)
+{
+    listviews::ListModel model;
+    model.rowHeight = 20;
+    model.anchor = 5;
+    EXPECT_TRUE(model.InsertRows(0, 10));
+    EXPECT_EQ(15, model.anchor);
+    EXPECT_TRUE(model.InsertRows(10, 10));
+    EXPECT_TRUE(model.InsertRows(20, 1));
+    EXPECT_EQ(26, model.anchor);
+    model.RemoveRows(0, 3);
+    EXPECT_EQ(26, model.anchor) << "it keeps its place, not its row";
+    model.anchor = 8;
+    model.RemoveRows(7, 9);
+    EXPECT_EQ(6, model.anchor);
+    EXPECT_EQ(14, model.rowCount);
+    EXPECT_FALSE(model.InsertRows(14, INT_MAX));
+    EXPECT_EQ(INT_MAX / 20, model.rowCount);
+    EXPECT_TRUE(model.InsertRows(14, 1)) << "which is no news";
 }
 
 // Against the plain way, with rows that come and go meanwhile.
