@@ -7,8 +7,7 @@
 #include "textviews/lines/TextCells.h"
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
-#include "textviews/search/LineSearch.h"
-#include "textviews/wxTextLineSearchPanel.h"
+#include "textviews/search/LineWatcher.h"
 #include "vesta/CallEntry.h"
 #include "vesta/Log.h"
 
@@ -18,7 +17,6 @@
 namespace
 {
 const char* const kTabReplacement = "    ";
-constexpr size_t  kSearchStep = 1024 * 1024; // bytes
 
 String WithoutTabs(const String& line)
 {
@@ -74,7 +72,7 @@ wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
     m_LineHeight = static_cast<int>(m_Font.lineHeight);
     SetScrollbar(wxHORIZONTAL, 0, 0, 0);
     SetScrollbar(wxVERTICAL, 0, 0, 0);
-    m_SearchPanel = new wxTextLineSearchPanel(this, parent);
+    MakeSearchPanel();
 }
 
 wxTextLineCtrl::~wxTextLineCtrl()
@@ -88,11 +86,6 @@ wxTextLineCtrl::~wxTextLineCtrl()
     {
         m_SearchPanel->Destroy();
     }
-}
-
-wxTextLineSearchPanel* wxTextLineCtrl::GetSearchPanel() const
-{
-    return static_cast<wxTextLineSearchPanel*>(m_SearchPanel.get());
 }
 
 // Nothing here may cost more than constant time, measure text or touch the native scrollbars:
@@ -113,9 +106,9 @@ int wxTextLineCtrl::Append(const String& line, bool sorted)
     {
         m_Lines->Append(line);
     }
-    if (wxTextLineSearchPanel* const panel = GetSearchPanel())
+    for (textviews::LineWatcher* const watcher : m_Watchers)
     {
-        panel->LineInserted(index);
+        watcher->LineInserted(index);
     }
     Extend(line);
     return index;
@@ -159,9 +152,9 @@ void wxTextLineCtrl::Erase(int index)
                            m_Lines->Count()));
         return;
     }
-    if (wxTextLineSearchPanel* const panel = GetSearchPanel())
+    for (textviews::LineWatcher* const watcher : m_Watchers)
     {
-        panel->LineErased(index);
+        watcher->LineErased(index);
     }
     m_Lines->Erase(index);
     m_Selection->LineErased(index);
@@ -178,11 +171,21 @@ void wxTextLineCtrl::Clear()
     m_Places->Forget();
     SelectNone();
     m_MarkedLine = -1;
-    if (wxTextLineSearchPanel* const panel = GetSearchPanel())
+    for (size_t i = 0; i < m_Watchers.size(); ++i) // whoever hears of it may stop to watch
     {
-        panel->LinesCleared();
+        m_Watchers[i]->LinesCleared();
     }
     Redraw();
+}
+
+void wxTextLineCtrl::Watch(textviews::LineWatcher& watcher, bool on)
+{
+    CALL_ENTRY("wxTextLineCtrl::Watch");
+    m_Watchers.erase(std::remove(m_Watchers.begin(), m_Watchers.end(), &watcher), m_Watchers.end());
+    if (on)
+    {
+        m_Watchers.push_back(&watcher);
+    }
 }
 
 int wxTextLineCtrl::GetLineCount() const
@@ -248,65 +251,4 @@ void wxTextLineCtrl::SetHighlightLine(int line)
         m_HoverLine = line;
         Redraw();
     }
-}
-
-void wxTextLineCtrl::ToggleSearch()
-{
-    CALL_ENTRY("wxTextLineCtrl::ToggleSearch");
-    if (wxTextLineSearchPanel* const panel = GetSearchPanel())
-    {
-        panel->Expand();
-    }
-}
-
-bool wxTextLineCtrl::Search(const String& text, bool forward, bool caseSensitive)
-{
-    CALL_ENTRY("wxTextLineCtrl::Search");
-    textviews::LineSearch search;
-    search.Begin(text, forward, caseSensitive, SearchStart(forward));
-    while (search.Step(*m_Lines, kSearchStep) == textviews::LineSearch::State::Running)
-    {
-    }
-    if (search.GetState() != textviews::LineSearch::State::Found)
-    {
-        return false;
-    }
-    ShowHit(search.Match());
-    return true;
-}
-
-int wxTextLineCtrl::SearchStart(bool forward) const
-{
-    if (m_MarkedLine != -1)
-    {
-        return forward ? m_MarkedLine + 1 : m_MarkedLine - 1;
-    }
-    const textviews::TextGeometry geometry = Geometry();
-    const int                     last = geometry.LineAt(geometry.client.y - 1);
-    return forward ? geometry.scroll.y / m_LineHeight : last == -1 ? m_Lines->Count() - 1 : last;
-}
-
-void wxTextLineCtrl::ShowHit(const textviews::LineMatch& match)
-{
-    m_MarkedLine = match.line;
-    m_MatchColumn = match.column;
-    m_MatchLength = match.length;
-    ScrollIntoView(match);
-    Redraw();
-}
-
-void wxTextLineCtrl::ScrollIntoView(const textviews::LineMatch& match)
-{
-    AdjustScrollbars(); // they may take part of the view away
-    const std::string_view text = m_Lines->Line(match.line);
-    const int64_t          first = m_Places->AtColumn(match.line, text, match.column).cell;
-    const int64_t end = m_Places->AtColumn(match.line, text, match.column + match.length).cell;
-    // Half a cell of margin on either side, as the text itself has.
-    const textviews::Stretch across{first * m_ColumnWidth, (end + 1) * m_ColumnWidth};
-    const textviews::Stretch down{static_cast<int64_t>(match.line) * m_LineHeight,
-                                  (static_cast<int64_t>(match.line) + 1) * m_LineHeight};
-    ScrollTo(wxVERTICAL,
-             textviews::PositionShowing(down, GetScrollPos(wxVERTICAL), GetClientSize().y));
-    ScrollTo(wxHORIZONTAL,
-             textviews::PositionShowing(across, GetScrollPos(wxHORIZONTAL), GetClientSize().x));
 }

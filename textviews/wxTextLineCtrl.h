@@ -7,6 +7,7 @@
 #include "vesta/String.h"
 
 #include <memory>
+#include <vector>
 
 class wxMenu;
 class wxTextLineSearchPanel;
@@ -14,6 +15,7 @@ namespace textviews
 {
 class LineStore;
 class LinePainter;
+class LineWatcher;
 class TextPalette;
 class TextPlaces;
 class TextSelection;
@@ -99,6 +101,15 @@ public:
     int  GetMatchColumn() const { return m_MatchColumn; } ///< Characters; -1 for none.
     int  GetMatchLength() const { return m_MatchLength; } ///< Characters.
 
+    /// What a search that goes on by itself needs of the view: its lines, and word of what becomes
+    /// of them; the line where one begins; the hit shown that was found.
+    /// @{
+    const textviews::LineStore& Lines() const { return *m_Lines; }
+    void                        Watch(textviews::LineWatcher& watcher, bool on);
+    int                         SearchStart(bool forward) const;
+    void                        ShowHit(const textviews::LineMatch& match);
+    /// @}
+
     /// Pops the menu up at the pointer, with the standard entries at its end if wanted.
     void HandleContextMenu(wxMenu& menu, bool addStandardItems);
 
@@ -120,8 +131,6 @@ protected:
     virtual void TellSaveProblem(const wxString& reason);
 
 private:
-    friend class wxTextLineSearchPanel;
-
     textviews::TextGeometry Geometry() const;
     textviews::TextPalette  Palette() const;
     textviews::LineState    StateOf(int line) const;
@@ -138,9 +147,8 @@ private:
     void OnCtrlKey(int key);
 
     String SelectedText() const;
-    int    SearchStart(bool forward) const;
-    void   ShowHit(const textviews::LineMatch& match);
     void   ScrollIntoView(const textviews::LineMatch& match);
+    void   MakeSearchPanel();
 
     const textviews::_FontExtents&            m_Font;
     std::unique_ptr<textviews::LineStore>     m_Lines;
@@ -152,7 +160,8 @@ private:
     bool                m_Selecting = false; ///< The button is down, mouse captured.
     bool                m_MenuIsOpen = false;
     int                 m_HoverLine = -1;
-    wxWeakRef<wxWindow> m_SearchPanel; ///< Child of the parent.
+    wxWeakRef<wxWindow> m_SearchPanel;               ///< Child of the parent.
+    std::vector<textviews::LineWatcher*> m_Watchers; ///< Not owned.
 
     wxDECLARE_EVENT_TABLE();
 };

@@ -2,45 +2,16 @@
 
 #include "appearance/wxTolvanString.h"
 #include "appearance/wxtTextCtrl.h"
-#include "textviews/lines/LineStore.h"
-#include "textviews/search/LineSearch.h"
+#include "textviews/search/BackgroundSearch.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/app.h>
 
-#include <chrono>
-
-namespace
-{
-constexpr auto   kSlice = std::chrono::milliseconds(5);
-constexpr size_t kStepBytes = 128 * 1024; // looked at between two looks at the clock
-
-// Repeats the step until it says that it is done (true) or the slice of time is over (false).
-template <class Step> bool WorkForASlice(Step step)
-{
-    const auto end = std::chrono::steady_clock::now() + kSlice;
-    do
-    {
-        if (step())
-        {
-            return true;
-        }
-    } while (std::chrono::steady_clock::now() < end);
-    return false;
-}
-} // namespace
-
-/// What goes on in idle time.
-struct wxTextLineSearchPanel::Work
-{
-    textviews::LineSearch search;
-    textviews::HitCounter counter;
-    bool                  counted = true; ///< Nothing is left to count.
-};
-
 wxTextLineSearchPanel::wxTextLineSearchPanel(wxTextLineCtrl* view, wxWindow* parent)
-    : wxtPanel(parent), m_View(view), m_Work(std::make_unique<Work>())
+    : wxtPanel(parent),
+      m_View(view),
+      m_Search(std::make_unique<textviews::BackgroundSearch>(view->Lines(), [this] { OnLines(); }))
 {
     CALL_ENTRY("wxTextLineSearchPanel::wxTextLineSearchPanel");
     Hide();
@@ -49,7 +20,22 @@ wxTextLineSearchPanel::wxTextLineSearchPanel(wxTextLineCtrl* view, wxWindow* par
     BindEvents();
 }
 
-wxTextLineSearchPanel::~wxTextLineSearchPanel() = default;
+wxTextLineSearchPanel::~wxTextLineSearchPanel()
+{
+    if (m_View)
+    {
+        m_View->Watch(*m_Search, false);
+    }
+}
+
+// Lines that come cost the view nothing as long as nothing is looked for in them.
+void wxTextLineSearchPanel::KeepWatch()
+{
+    if (m_View)
+    {
+        m_View->Watch(*m_Search, m_Search->IsActive());
+    }
+}
 
 void wxTextLineSearchPanel::BindEvents()
 {
@@ -84,8 +70,8 @@ void wxTextLineSearchPanel::Expand()
     if (!show)
     {
         StopSearch();
-        m_Work->counter.Stop();
-        m_Work->counted = true;
+        m_Search->Count(String(), false);
+        KeepWatch();
         if (m_View)
         {
             m_View->SetFocus(); // before what has the keyboard is hidden
@@ -147,9 +133,11 @@ void wxTextLineSearchPanel::Find(bool forward)
         return;
     }
     ShowMessage(wxEmptyString);
-    m_Work->search.Begin(text, forward, GetMatchCase(), m_View->SearchStart(forward));
+    m_Search->Find(text, forward, GetMatchCase(), m_View->SearchStart(forward));
     // Most searches end within the first slice: no need to show that one runs.
-    if (WorkOnSearch())
+    m_Search->Work();
+    KeepWatch();
+    if (!IsSearching())
     {
         FinishSearch();
         return;
@@ -163,7 +151,8 @@ void wxTextLineSearchPanel::StopSearch()
     CALL_ENTRY("wxTextLineSearchPanel::StopSearch");
     if (IsSearching())
     {
-        m_Work->search.Stop();
+        m_Search->StopSearch();
+        KeepWatch();
         ShowSearching(false);
         ShowMessage(wxEmptyString);
     }
@@ -171,24 +160,24 @@ void wxTextLineSearchPanel::StopSearch()
 
 bool wxTextLineSearchPanel::IsSearching() const
 {
-    return m_Work->search.GetState() == textviews::LineSearch::State::Running;
+    return m_Search->IsSearching();
 }
 
-// True when it has come to an end.
-bool wxTextLineSearchPanel::WorkOnSearch()
+// The count follows the lines in idle time, the label with it. A search may have lost them all.
+void wxTextLineSearchPanel::OnLines()
 {
-    const auto step = [this]
+    if (!IsSearching() && m_Stop->IsShown())
     {
-        return m_Work->search.Step(*m_View->m_Lines, kStepBytes) !=
-               textviews::LineSearch::State::Running;
-    };
-    return WorkForASlice(step);
+        ShowSearching(false);
+        ShowMessage(wxEmptyString);
+    }
+    wxWakeUpIdle();
 }
 
 void wxTextLineSearchPanel::FinishSearch()
 {
     ShowSearching(false);
-    const textviews::LineSearch& search = m_Work->search;
+    const textviews::LineSearch& search = m_Search->Outcome();
     if (search.GetState() == textviews::LineSearch::State::NotFound)
     {
         ShowMessage(_("'%s' not found in that direction"), GetText());
@@ -209,33 +198,28 @@ void wxTextLineSearchPanel::OnIdle(wxIdleEvent& event)
     }
     if (IsSearching())
     {
-        if (WorkOnSearch())
+        m_Search->Work();
+        if (!IsSearching())
         {
+            KeepWatch();
             FinishSearch();
         }
         event.RequestMore();
     }
-    else if (!m_Work->counted)
+    else if (IsCounting())
     {
-        m_Work->counted =
-            WorkForASlice([this] { return m_Work->counter.Step(*m_View->m_Lines, kStepBytes); });
+        m_Search->Work();
         ShowHits();
-        event.RequestMore(!m_Work->counted);
+        event.RequestMore(IsCounting());
     }
 }
 
 void wxTextLineSearchPanel::StartCounting()
 {
-    const String text = wxtFromWx(GetText());
-    if (text.empty())
+    m_Search->Count(wxtFromWx(GetText()), GetMatchCase());
+    KeepWatch();
+    if (IsCounting())
     {
-        m_Work->counter.Stop();
-        m_Work->counted = true;
-    }
-    else
-    {
-        m_Work->counter.Begin(text, GetMatchCase());
-        m_Work->counted = false;
         wxWakeUpIdle();
     }
     ShowHits();
@@ -244,9 +228,9 @@ void wxTextLineSearchPanel::StartCounting()
 void wxTextLineSearchPanel::ShowHits()
 {
     wxString text;
-    if (m_Work->counter.IsActive())
+    if (m_Search->HasCount())
     {
-        text = HitsText(GetHits(), m_Work->counted);
+        text = HitsText(GetHits(), !IsCounting());
     }
     if (text != m_HitCount->GetLabel())
     {
@@ -300,55 +284,10 @@ void wxTextLineSearchPanel::SetMatchCase(bool matchCase)
 
 int wxTextLineSearchPanel::GetHits() const
 {
-    return m_Work->counter.Hits();
+    return m_Search->Hits();
 }
 
 bool wxTextLineSearchPanel::IsCounting() const
 {
-    return !m_Work->counted;
-}
-
-void wxTextLineSearchPanel::LineInserted(int line)
-{
-    if (!m_View)
-    {
-        return;
-    }
-    m_Work->search.LineInserted(line);
-    if (m_Work->counter.IsActive())
-    {
-        m_Work->counter.LineInserted(*m_View->m_Lines, line);
-        CountOn();
-    }
-}
-
-void wxTextLineSearchPanel::LineErased(int line)
-{
-    if (!m_View)
-    {
-        return;
-    }
-    m_Work->search.LineErased(line);
-    if (m_Work->counter.IsActive())
-    {
-        m_Work->counter.LineErased(*m_View->m_Lines, line);
-        CountOn();
-    }
-}
-
-void wxTextLineSearchPanel::LinesCleared()
-{
-    StopSearch();
-    m_Work->counter.LinesCleared();
-    CountOn();
-}
-
-// The count follows the lines in idle time, the label with it.
-void wxTextLineSearchPanel::CountOn()
-{
-    if (m_Work->counted && m_Work->counter.IsActive())
-    {
-        m_Work->counted = false;
-        wxWakeUpIdle();
-    }
+    return m_Search->IsCounting();
 }

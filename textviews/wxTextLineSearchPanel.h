@@ -8,6 +8,10 @@
 
 #include <memory>
 
+namespace textviews
+{
+class BackgroundSearch;
+}
 class wxBoxSizer;
 class wxTextLineCtrl;
 class wxtTextCtrl;
@@ -45,17 +49,7 @@ public:
     /// Rows for the width that the parent's sizer is about to give.
     bool InformFirstDirection(int direction, int size, int availableOtherDir) override;
 
-    /// Told by the view about its lines: after one came before others, before one goes, after all
-    /// have gone.
-    /// @{
-    void LineInserted(int line);
-    void LineErased(int line);
-    void LinesCleared();
-    /// @}
-
 private:
-    struct Work;
-
     void MakeControls();
     void LayOutControls();
     int  WidthOfOneRow() const;
@@ -66,27 +60,27 @@ private:
     void OnIdle(wxIdleEvent& event);
     void OnTextChanged(wxCommandEvent& event);
 
-    bool            WorkOnSearch();
+    void            OnLines();
+    void            KeepWatch();
     void            FinishSearch();
     void            StartCounting();
-    void            CountOn();
     void            ShowHits();
     static wxString HitsText(int hits, bool counted);
     void            ShowMessage(const wxString& notice, const wxString& text = wxEmptyString);
     void            FitMessage();
     void            ShowSearching(bool searching);
 
-    wxWeakRef<wxTextLineCtrl> m_View;
-    std::unique_ptr<Work>     m_Work;
-    wxtTextCtrl*              m_Field = nullptr;
-    wxtButton*                m_Previous = nullptr;
-    wxtButton*                m_Next = nullptr;
-    wxtButton*                m_Stop = nullptr;
-    wxtCheckBox*              m_MatchCase = nullptr;
-    wxtStaticText*            m_HitCount = nullptr;
-    wxtStaticText*            m_Message = nullptr;
-    wxtBitmapButton*          m_Close = nullptr;
-    wxString                  m_Notice;     ///< What the message says; "%s" stands for the text.
-    wxString                  m_NoticeText; ///< The text that it is about; empty for none.
-    wxBoxSizer*               m_Rows = nullptr; ///< What is looked for, and what came of it.
+    wxWeakRef<wxTextLineCtrl>                    m_View;
+    std::unique_ptr<textviews::BackgroundSearch> m_Search;
+    wxtTextCtrl*                                 m_Field = nullptr;
+    wxtButton*                                   m_Previous = nullptr;
+    wxtButton*                                   m_Next = nullptr;
+    wxtButton*                                   m_Stop = nullptr;
+    wxtCheckBox*                                 m_MatchCase = nullptr;
+    wxtStaticText*                               m_HitCount = nullptr;
+    wxtStaticText*                               m_Message = nullptr;
+    wxtBitmapButton*                             m_Close = nullptr;
+    wxString    m_Notice;         ///< What the message says; "%s" stands for the text.
+    wxString    m_NoticeText;     ///< The text that it is about; empty for none.
+    wxBoxSizer* m_Rows = nullptr; ///< What is looked for, and what came of it.
 };

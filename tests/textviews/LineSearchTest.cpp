@@ -1,4 +1,4 @@
-#include "textviews/search/LineSearch.h"
+#include "textviews/search/BackgroundSearch.h"
 
 #include <gtest/gtest.h>
 
@@ -288,4 +288,32 @@ TEST(LineSearchTest, TheCountFollowsTheLines)
     store.Clear();
     counter.LinesCleared();
     EXPECT_EQ(count(), 0);
+}
+
+TEST(LineSearchTest, InTheBackgroundItIsWokenByLines)
+{
+    textviews::LineStore        store = StoreOf({"hit", "miss"});
+    int                         woken = 0;
+    textviews::BackgroundSearch search(store, [&woken] { ++woken; });
+    search.Count("HIT", false);
+    search.Work();
+    EXPECT_FALSE(search.IsCounting());
+    for (const int line : {2, 3})
+    {
+        store.Append("hit");
+        search.LineInserted(line);
+    }
+    EXPECT_EQ(woken, 1) << "once for all that is to be counted";
+    search.Work();
+    EXPECT_EQ(search.Hits(), 3);
+    search.Find("nowhere", true, true, 0);
+    EXPECT_TRUE(search.IsSearching());
+    store.Clear();
+    search.LinesCleared();
+    EXPECT_FALSE(search.IsSearching());
+    EXPECT_EQ(woken, 2);
+    search.Work();
+    EXPECT_EQ(search.Hits(), 0);
+    search.Count("", false);
+    EXPECT_FALSE(search.IsActive());
 }

@@ -1,0 +1,83 @@
+#include "textviews/lines/LineStore.h"
+#include "textviews/lines/TextCells.h"
+#include "textviews/lines/TextGeometry.h"
+#include "textviews/search/LineSearch.h"
+#include "textviews/wxTextLineCtrl.h"
+#include "textviews/wxTextLineSearchPanel.h"
+#include "vesta/CallEntry.h"
+
+namespace
+{
+constexpr size_t kStep = 1024 * 1024; // bytes
+} // namespace
+
+void wxTextLineCtrl::MakeSearchPanel()
+{
+    m_SearchPanel = new wxTextLineSearchPanel(this, GetParent());
+}
+
+wxTextLineSearchPanel* wxTextLineCtrl::GetSearchPanel() const
+{
+    return static_cast<wxTextLineSearchPanel*>(m_SearchPanel.get());
+}
+
+void wxTextLineCtrl::ToggleSearch()
+{
+    CALL_ENTRY("wxTextLineCtrl::ToggleSearch");
+    if (wxTextLineSearchPanel* const panel = GetSearchPanel())
+    {
+        panel->Expand();
+    }
+}
+
+bool wxTextLineCtrl::Search(const String& text, bool forward, bool caseSensitive)
+{
+    CALL_ENTRY("wxTextLineCtrl::Search");
+    textviews::LineSearch search;
+    search.Begin(text, forward, caseSensitive, SearchStart(forward));
+    while (search.Step(*m_Lines, kStep) == textviews::LineSearch::State::Running)
+    {
+    }
+    if (search.GetState() != textviews::LineSearch::State::Found)
+    {
+        return false;
+    }
+    ShowHit(search.Match());
+    return true;
+}
+
+int wxTextLineCtrl::SearchStart(bool forward) const
+{
+    if (m_MarkedLine != -1)
+    {
+        return forward ? m_MarkedLine + 1 : m_MarkedLine - 1;
+    }
+    const textviews::TextGeometry geometry = Geometry();
+    const int                     last = geometry.LineAt(geometry.client.y - 1);
+    return forward ? geometry.scroll.y / m_LineHeight : last == -1 ? m_Lines->Count() - 1 : last;
+}
+
+void wxTextLineCtrl::ShowHit(const textviews::LineMatch& match)
+{
+    m_MarkedLine = match.line;
+    m_MatchColumn = match.column;
+    m_MatchLength = match.length;
+    ScrollIntoView(match);
+    Redraw();
+}
+
+void wxTextLineCtrl::ScrollIntoView(const textviews::LineMatch& match)
+{
+    AdjustScrollbars(); // they may take part of the view away
+    const std::string_view text = m_Lines->Line(match.line);
+    const int64_t          first = m_Places->AtColumn(match.line, text, match.column).cell;
+    const int64_t end = m_Places->AtColumn(match.line, text, match.column + match.length).cell;
+    // Half a cell of margin on either side, as the text itself has.
+    const textviews::Stretch across{first * m_ColumnWidth, (end + 1) * m_ColumnWidth};
+    const textviews::Stretch down{static_cast<int64_t>(match.line) * m_LineHeight,
+                                  (static_cast<int64_t>(match.line) + 1) * m_LineHeight};
+    ScrollTo(wxVERTICAL,
+             textviews::PositionShowing(down, GetScrollPos(wxVERTICAL), GetClientSize().y));
+    ScrollTo(wxHORIZONTAL,
+             textviews::PositionShowing(across, GetScrollPos(wxHORIZONTAL), GetClientSize().x));
+}
