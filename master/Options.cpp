@@ -1,6 +1,5 @@
 #include "master/Options.h"
 
-#include "master/Numbers.h"
 #include "tolvan/SocketFolder.h"
 #include "vesta/Exception.h"
 #include "vesta/File.h"
@@ -55,16 +54,24 @@ namespace
 constexpr int kMostSlots = 1024;
 constexpr int kMostSeconds = 1000000;
 
+/// A whole number from the command line; anything but one from `low` to `high` is refused.
 int NumberOption(const CommandLine& commandLine, const char* option, int low, int high,
                  int otherwise)
 {
-    int          number = otherwise;
-    const String wrong = ReadNumber(commandLine, option, low, high, number);
-    if (!wrong.empty())
+    if (!commandLine.Has(option))
     {
-        Exception::Throw("Master", "ReadOptions", ec_BadData, wrong);
+        return otherwise;
     }
-    return number;
+    const String    text = commandLine.Value(option).Trim();
+    const long long number = text.ToInt(low - 1LL);
+    // The way back shows what ToInt leaves out: "12x" is not 12.
+    if (number < low || number > high || String::FromInt(number) != text)
+    {
+        Exception::Throw("Master", "ReadOptions", ec_BadData,
+                         SFormat("--%s must be a number from %d to %d, not '%s'", option, low, high,
+                                 text.c_str()));
+    }
+    return static_cast<int>(number);
 }
 
 /// The first of the option, the environment's variable and the default.

@@ -1,5 +1,5 @@
 #include "master/StartMaster.h"
-#include "tests/programs/MasterFixture.h"
+#include "tests/master/MasterFixture.h"
 #include "tolvan/Components.h"
 #include "tolvan/SocketFolder.h"
 

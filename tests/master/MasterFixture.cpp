@@ -1,4 +1,4 @@
-#include "tests/programs/MasterFixture.h"
+#include "tests/master/MasterFixture.h"
 
 #include "tolvan/SocketFolder.h"
 #include "vesta/UID.h"
