@@ -14,8 +14,16 @@ Signal0<> wxTolvanDlg::s_DlgClosed;
 
 namespace
 {
+bool CloseDialogs()
+{
+    const bool isOne = !wxTolvanDlg::s_Dialogs.empty();
+    wxTolvanDlg::CloseAll();
+    return isOne;
+}
+
 const bool kHearsFromBelow =
     (internal::g_UpperFloors.refreshDialogs = &wxTolvanDlg::RefreshAll,
+     internal::g_UpperFloors.closeDialogs = &CloseDialogs,
      internal::g_UpperFloors.tellDialogs = &wxTolvanDlg::NotifyConnected, true);
 
 // Calls `work` for every live dialog; what it does may end any of them.

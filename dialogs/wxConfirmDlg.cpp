@@ -4,7 +4,6 @@
 #include "appearance/wxtButton.h"
 #include "appearance/wxtCheckBox.h"
 #include "dialogs/messages/MessageText.h"
-#include "internal/windows/Geometry.h"
 #include "internal/windows/UpperFloors.h"
 #include "shell/wxTolvanFrame.h"
 #include "vesta/Application.h"
@@ -36,13 +35,6 @@ OptionsFile& Options()
 {
     return Application::the_Application->Options();
 }
-
-// Room for the message: the buttons and the window's frame must find theirs on the display too.
-wxSize MessageLimit(const wxWindow* window)
-{
-    const wxSize area = internal::DisplayAreaOf(window).GetSize();
-    return wxSize(area.x / 2, area.y * 3 / 5);
-}
 } // namespace
 
 wxConfirmDlg::wxConfirmDlg(wxWindow* parent, const wxString& message, const String& key,
@@ -64,7 +56,8 @@ void wxConfirmDlg::CreateControls(wxWindow* parent, const wxString& message, boo
 {
     CALL_ENTRY("wxConfirmDlg::CreateControls");
     wxBoxSizer* const column = StartControls();
-    column->Add(dialogs::NewMessage(this, message, MessageLimit(parent ? parent : this)),
+    const wxSize      limit = dialogs::MessageLimit(parent ? parent : this);
+    column->Add(dialogs::NewMessage(this, message, limit),
                 wxSizerFlags(1).Expand().Border(wxALL, kMessageBorder));
 
     m_CheckBox = new wxtCheckBox(

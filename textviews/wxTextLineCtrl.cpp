@@ -17,6 +17,7 @@
 namespace
 {
 const char* const kTabReplacement = "    ";
+constexpr int     kLimitBlocks = 16; // of the lines kept, one is dropped at a time
 
 String WithoutTabs(const String& line)
 {
@@ -111,7 +112,38 @@ int wxTextLineCtrl::Append(const String& line, bool sorted)
         watcher->LineInserted(index);
     }
     Extend(line);
-    return index;
+    return std::max(index - DropOldest(), -1);
+}
+
+void wxTextLineCtrl::SetLineLimit(int lines)
+{
+    CALL_ENTRY("wxTextLineCtrl::SetLineLimit");
+    m_LineLimit = std::max(lines, 0);
+    DropOldest();
+}
+
+// The number of lines that are gone.
+int wxTextLineCtrl::DropOldest()
+{
+    const int tooMany = m_Lines->Count() - m_LineLimit;
+    if (m_LineLimit == 0 || tooMany <= 0)
+    {
+        return 0;
+    }
+    const int       count = tooMany + m_LineLimit / kLimitBlocks;
+    const long long position = GetScrollPos(wxVERTICAL);
+    const bool      follows =
+        m_FollowEnd && position + GetScrollThumb(wxVERTICAL) >= GetScrollRange(wxVERTICAL);
+    for (int i = 0; i < count; ++i)
+    {
+        Drop(0);
+    }
+    LinesMoved();
+    if (!follows)
+    {
+        ScrollTo(wxVERTICAL, position - static_cast<long long>(count) * m_LineHeight);
+    }
+    return count;
 }
 
 int wxTextLineCtrl::InsertSorted(const String& line)
@@ -152,6 +184,12 @@ void wxTextLineCtrl::Erase(int index)
                            m_Lines->Count()));
         return;
     }
+    Drop(index);
+    LinesMoved();
+}
+
+void wxTextLineCtrl::Drop(int index)
+{
     for (textviews::LineWatcher* const watcher : m_Watchers)
     {
         watcher->LineErased(index);
@@ -161,7 +199,6 @@ void wxTextLineCtrl::Erase(int index)
     m_MarkedLine = textviews::IndexAfterErase(m_MarkedLine, index);
     m_HoverLine = textviews::IndexAfterErase(m_HoverLine, index);
     m_Places->Forget();
-    LinesMoved();
 }
 
 void wxTextLineCtrl::Clear()

@@ -30,9 +30,9 @@ struct TextGeometry;
 /// unit of everything; there is no caret. Text that is not valid UTF-8 is shown byte by byte, and
 /// everything is stored, copied and saved byte for byte (tabs are stored as four spaces).
 ///
-/// There is no limit on lines but memory: whoever streams without end erases or clears. The search
-/// bar is a sibling of the control; whoever lays the two out puts `GetSearchPanel()` under it.
-/// Main thread only.
+/// There is no limit on lines but memory, unless `SetLineLimit` sets one for a stream without end.
+/// The search bar is a sibling of the control; whoever lays the two out puts `GetSearchPanel()`
+/// under it. Main thread only.
 class TOLVAN_API wxTextLineCtrl : public wxDoubleBufferedWindow, public wxtColorManaged
 {
 public:
@@ -53,13 +53,18 @@ public:
 
     /// Adds a line and returns its index: at the end, or with `sorted` before the first line that
     /// is not less than it, byte by byte, among lines that the caller keeps sorted. It does not
-    /// scroll.
+    /// scroll. -1: the limit has dropped it with the oldest ones.
     int Append(const String& line, bool sorted);
     /// Removes the line; those after it move up. An index without a line is logged and ignored.
     void Erase(int index);
     /// Removes all lines. The scrollbars stay as they are until the next `Append` or `Erase`, so
     /// that a view that is filled anew does not jump.
     void Clear();
+
+    /// Keeps that many lines at most, 0 or less: all. The first ones go when more come, a sixteenth
+    /// of the limit at a time; the view and the selection stay on their lines.
+    void SetLineLimit(int lines);
+    int  GetLineLimit() const { return m_LineLimit; }
 
     int    GetLineCount() const;
     String GetLine(int index) const; ///< As stored; empty when there is no such line.
@@ -140,6 +145,8 @@ private:
 
     int  InsertSorted(const String& line);
     void Extend(const String& line);
+    void Drop(int index);
+    int  DropOldest();
     void LinesMoved();
     void AutoScroll(int y);
     void ScrollBy(wxEventType type, int orientation);
@@ -157,6 +164,7 @@ private:
     int                                       m_MatchColumn = -1;
     int                                       m_MatchLength = 0;
     std::unique_ptr<textviews::TextSelection> m_Selection;
+    int                                       m_LineLimit = 0; ///< 0: none.
     bool                m_Selecting = false; ///< The button is down, mouse captured.
     bool                m_MenuIsOpen = false;
     int                 m_HoverLine = -1;

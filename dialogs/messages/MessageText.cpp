@@ -1,6 +1,7 @@
 #include "dialogs/messages/MessageText.h"
 
 #include "appearance/wxtStockControls.h"
+#include "internal/windows/Geometry.h"
 
 #include <wx/control.h>
 #include <wx/dcclient.h>
@@ -140,6 +141,12 @@ int HeightOf(wxWindow* parent, const wxString& text, const wxSize& limit)
     return std::min(limit.y, lines * dc.GetCharHeight());
 }
 } // namespace
+
+wxSize MessageLimit(const wxWindow* window)
+{
+    const wxSize area = internal::DisplayAreaOf(window).GetSize();
+    return wxSize(area.x / 2, area.y * 3 / 5);
+}
 
 wxWindow* NewMessage(wxWindow* parent, const wxString& message, const wxSize& limit)
 {

@@ -1,17 +1,11 @@
 #include "common/FollowingText.h"
 
-#include "dialogs/wxConfirmDlg.h"
+#include "dialogs/wxQuestion.h"
 #include "textviews/wxTextLineSearchPanel.h"
 
 #include <algorithm>
 
-namespace
-{
-const char* const kSaveProblem = "SaveFailed";
-} // namespace
-
-FollowingText::FollowingText(wxWindow* parent, int mostLines)
-    : wxTextLineCtrl(parent), m_MostLines(mostLines)
+FollowingText::FollowingText(wxWindow* parent) : wxTextLineCtrl(parent)
 {
     SetFollowEnd(true);
 }
@@ -19,14 +13,10 @@ FollowingText::FollowingText(wxWindow* parent, int mostLines)
 int FollowingText::Add(const String& line)
 {
     SetFollowEnd(m_Follow && !HoldsHit());
+    const int before = GetLineCount();
     const int index = Append(line, false);
-    if (index < m_MostLines)
-    {
-        return index;
-    }
-    Erase(0);
-    m_PassedHit = std::max(m_PassedHit - 1, -1);
-    return index - 1;
+    m_PassedHit = std::max(m_PassedHit - (before - index), -1); // as many as the limit has dropped
+    return index;
 }
 
 void FollowingText::SetFollowing(bool follow)
@@ -47,7 +37,7 @@ bool FollowingText::IsFollowing() const
 
 void FollowingText::TellSaveProblem(const wxString& reason)
 {
-    wxTolvanMessageBox(reason, kSaveProblem, wxGetTopLevelParent(this));
+    wxTellProblem(reason, wxGetTopLevelParent(this));
 }
 
 bool FollowingText::IsAtEnd() const

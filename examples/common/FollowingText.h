@@ -2,7 +2,8 @@
 
 #include "textviews/wxTextLineCtrl.h"
 
-#include <climits>
+/// What a view of live lines keeps, so that its program can run for months.
+constexpr int k_MostLiveLines = 1000000;
 
 /// A view of lines that come without end: while it follows, it stays at its end, unless the user
 /// scrolls away from there or the search bar has found something that the next line would push out
@@ -10,8 +11,7 @@
 class FollowingText : public wxTextLineCtrl
 {
 public:
-    /// `mostLines`: of more, the first ones are dropped.
-    explicit FollowingText(wxWindow* parent, int mostLines = INT_MAX);
+    explicit FollowingText(wxWindow* parent);
 
     /// Adds a line at the end; its index.
     int Add(const String& line);
@@ -27,7 +27,6 @@ private:
     bool IsAtEnd() const;
     bool HoldsHit() const;
 
-    int  m_MostLines;
     bool m_Follow = true;
     int  m_PassedHit = -1; ///< The hit that the user has left behind to follow again; -1: none.
 };

@@ -1,9 +1,9 @@
 #include "common/PreferencesDlg.h"
 
+#include "appearance/SchemeNames.h"
 #include "appearance/wxtButton.h"
 #include "appearance/wxtCheckBox.h"
 #include "appearance/wxtStockControls.h"
-#include "common/SchemeNames.h"
 #include "dialogs/wxConfirmDlg.h"
 #include "shell/wxTolvanFrame.h"
 

@@ -3,7 +3,7 @@
 #include "gallery/GallerySections.h"
 
 #include "appearance/wxtStockControls.h"
-#include "common/ColorMenu.h"
+#include "shell/wxColorMenu.h"
 
 #include <wx/menu.h>
 #include <wx/sizer.h>
@@ -28,7 +28,7 @@ const struct
 GalleryFrame::GalleryFrame() : wxTolvanFrame("Tolvan Gallery")
 {
     auto* const view = new wxMenu;
-    view->AppendSubMenu(new ColorMenu(this), "&Colours");
+    view->AppendSubMenu(new wxColorMenu, "&Colours");
     auto* const bar = new wxMenuBar;
     bar->Append(view, "&View");
     SetMenuBar(bar);

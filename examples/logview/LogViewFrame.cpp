@@ -2,9 +2,9 @@
 
 #include "appearance/wxTolvanString.h"
 #include "common/AboutDlg.h"
-#include "common/ColorMenu.h"
 #include "common/PreferencesDlg.h"
 #include "logview/LogPage.h"
+#include "shell/wxColorMenu.h"
 #include "textviews/wxTextLineCtrl.h"
 
 #include <wx/aui/auibook.h>
@@ -65,7 +65,7 @@ void LogViewFrame::BuildMenus()
 
     auto* const view = new wxMenu;
     view->AppendCheckItem(id_Follow, wxGetTranslation("&Follow the End\tF5"))->Check();
-    view->AppendSubMenu(new ColorMenu(this), wxGetTranslation("&Colours"));
+    view->AppendSubMenu(new wxColorMenu, wxGetTranslation("&Colours"));
     view->AppendCheckItem(id_FullScreen, wxGetTranslation("F&ull Screen\tF11"));
 
     auto* const help = new wxMenu;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/EndLater.h"
+#include "shell/wxEndLater.h"
 #include "shell/wxTolvanFrame.h"
 #include "vesta/Path.h"
 
@@ -37,5 +37,5 @@ private:
     wxAuiNotebook* m_Pages = nullptr;
     wxStaticText*  m_Status = nullptr;
     wxTimer        m_StatusTimer;
-    EndLater       m_End{*this};
+    wxEndLater     m_End{*this};
 };

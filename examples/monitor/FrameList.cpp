@@ -1,9 +1,9 @@
 #include "monitor/FrameList.h"
 
+#include "listviews/wxListKeys.h"
 #include "monitor/FramePictures.h"
 #include "monitor/JobColors.h"
 #include "monitor/JobCommands.h"
-#include "monitor/ListKeys.h"
 
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
@@ -90,7 +90,7 @@ FrameList::FrameList(wxWindow* parent, const FarmJobs& jobs)
         AddColumn(GetColumnCount(), wxtFromWx(wxGetTranslation(column.title)), column.width);
     }
     RestoreColumnSizes(k_Section, k_Widths);
-    AddListKeys(*this);
+    wxAddListKeys(*this);
     Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent& event) { Select(event, true); });
     Bind(wxEVT_LIST_ITEM_DESELECTED, [this](wxListEvent& event) { Select(event, false); });
     Bind(wxEVT_LIST_ITEM_ACTIVATED, &FrameList::OnActivate, this);

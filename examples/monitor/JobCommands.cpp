@@ -3,8 +3,7 @@
 #include "monitor/FarmJob.h"
 
 #include "appearance/wxTolvanString.h"
-#include "common/Question.h"
-#include "dialogs/wxConfirmDlg.h"
+#include "dialogs/wxQuestion.h"
 #include "vesta/Exception.h"
 #include "vesta/File.h"
 
@@ -20,9 +19,8 @@ namespace
 constexpr size_t  kMostName = 100; // characters
 const char* const kKill = "Kill";  // the command of the job types
 const char* const kQuestion = "KillJob";
-const char* const kFailure = "CommandFailed";
 
-Question KillQuestion(const JobPointers& jobs)
+wxQuestion KillQuestion(const JobPointers& jobs)
 {
     const wxString name = wxtToWx(OneLine(jobs.front()->GetParam(p_Name), kMostName));
     const wxString text =
@@ -81,7 +79,7 @@ void SendCommand(const JobPointers& jobs, const String& command, const String& i
 
 void KillJobs(const JobPointers& jobs, wxWindow* parent)
 {
-    if (jobs.empty() || !Ask(parent, KillQuestion(jobs)))
+    if (jobs.empty() || !wxAsk(parent, KillQuestion(jobs)))
     {
         return;
     }
@@ -117,5 +115,5 @@ bool OpenOnDesktop(const Path& path)
 
 void TellFailure(const String& reason, wxWindow* parent)
 {
-    wxTolvanMessageBox(wxtToWx(reason), kFailure, parent);
+    wxTellProblem(wxtToWx(reason), parent);
 }

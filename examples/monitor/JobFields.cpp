@@ -63,7 +63,7 @@ bool NeedsLines(const String& value)
 }
 } // namespace
 
-JobFields::JobFields(wxWindow* parent) : ScrolledPane(parent)
+JobFields::JobFields(wxWindow* parent) : wxtScrolledPane(parent)
 {
     Bind(wxEVT_SIZE,
          [this](wxSizeEvent& event)

@@ -2,7 +2,7 @@
 
 #include "monitor/JobForm.h"
 
-#include "common/ScrolledPane.h"
+#include "appearance/wxtScrolledPane.h"
 
 #include <vector>
 
@@ -11,7 +11,7 @@ class wxSizer;
 class wxSizerItem;
 
 /// One row for each parameter of a job type: what it is and a field for its value.
-class JobFields : public ScrolledPane
+class JobFields : public wxtScrolledPane
 {
 public:
     static constexpr int k_Gap = 6;        ///< Pixels between labels, fields and rows.

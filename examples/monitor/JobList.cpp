@@ -1,8 +1,8 @@
 #include "monitor/JobList.h"
 
+#include "listviews/wxListKeys.h"
 #include "monitor/JobColors.h"
 #include "monitor/JobCommands.h"
-#include "monitor/ListKeys.h"
 
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
@@ -37,7 +37,7 @@ JobList::JobList(wxWindow* parent, FarmJobs& jobs, Actions actions)
     : wxDBListCtrl(parent, wxID_ANY, false), m_Jobs(jobs), m_Actions(std::move(actions))
 {
     AddColumns();
-    AddListKeys(*this);
+    wxAddListKeys(*this);
     Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent& event) { OnSelect(event, true); });
     Bind(wxEVT_LIST_ITEM_DESELECTED, [this](wxListEvent& event) { OnSelect(event, false); });
     Bind(wxEVT_LIST_ITEM_ACTIVATED, &JobList::OnActivate, this);

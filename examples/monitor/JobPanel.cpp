@@ -9,7 +9,7 @@
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
 #include "appearance/wxtButton.h"
-#include "common/ScrolledPane.h"
+#include "appearance/wxtScrolledPane.h"
 #include "vesta/Application.h"
 
 #include <wx/app.h>
@@ -107,7 +107,7 @@ void JobPanel::OnToggle(wxCommandEvent& event)
     {
         Expand(); // the details have made it higher
     }
-    if (auto* const pane = dynamic_cast<ScrolledPane*>(GetParent()))
+    if (auto* const pane = dynamic_cast<wxtScrolledPane*>(GetParent()))
     {
         pane->ShowChild(*this);
     }

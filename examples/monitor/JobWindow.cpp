@@ -2,13 +2,13 @@
 
 #include "monitor/JobCommands.h"
 #include "monitor/JobDetails.h"
-#include "monitor/LiveLog.h"
 
 #include "appearance/wxTolvanString.h"
 #include "appearance/wxtButton.h"
+#include "appearance/wxtScrolledPane.h"
+#include "appearance/wxtSplitterWindow.h"
 #include "appearance/wxtStockControls.h"
-#include "common/PaneSplitter.h"
-#include "common/ScrolledPane.h"
+#include "common/FollowingText.h"
 #include "textviews/wxTextLineSearchPanel.h"
 #include "tolvan/JobFactory.h"
 #include "vesta/Application.h"
@@ -111,8 +111,8 @@ void JobWindow::BuildMenus()
 
 void JobWindow::BuildViews()
 {
-    m_Splitter = new PaneSplitter(this, kPositionName);
-    m_DetailsPane = new ScrolledPane(m_Splitter);
+    m_Splitter = new wxtSplitterWindow(this, kPositionName);
+    m_DetailsPane = new wxtScrolledPane(m_Splitter);
     BuildDetails(*m_DetailsPane);
     auto* const output = new wxtPanel(m_Splitter);
     BuildOutput(*output);
@@ -123,7 +123,7 @@ void JobWindow::BuildViews()
     m_Output->SetFocus();
 }
 
-void JobWindow::BuildDetails(ScrolledPane& pane)
+void JobWindow::BuildDetails(wxtScrolledPane& pane)
 {
     m_Details = new JobDetails(&pane);
     m_Kill = new wxtButton(&pane, wxID_ANY, wxGetTranslation("Kill"));
@@ -141,7 +141,8 @@ void JobWindow::BuildDetails(ScrolledPane& pane)
 
 void JobWindow::BuildOutput(wxtPanel& pane)
 {
-    m_Output = new LiveLog(&pane);
+    m_Output = new FollowingText(&pane);
+    m_Output->SetLineLimit(k_MostLiveLines);
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(m_Output, 1, wxEXPAND);
     sizer->Add(m_Output->GetSearchPanel(), 0, wxEXPAND);

@@ -6,9 +6,9 @@
 #include "shell/wxTolvanFrame.h"
 
 class JobDetails;
-class LiveLog;
-class PaneSplitter;
-class ScrolledPane;
+class FollowingText;
+class wxtSplitterWindow;
+class wxtScrolledPane;
 class wxtButton;
 
 /// A job in a window of its own: its details and parameters above, its output below. It stays when
@@ -23,7 +23,7 @@ public:
 private:
     void BuildMenus();
     void BuildViews();
-    void BuildDetails(ScrolledPane& pane);
+    void BuildDetails(wxtScrolledPane& pane);
     void BuildOutput(wxtPanel& pane);
     void ShowDetails(const FarmJob& job);
     void ShowOutput(const FarmJob& job);
@@ -36,12 +36,12 @@ private:
     FarmJobs&                            m_Jobs;
     String                               m_Id;
     boost::shared_ptr<const JobTypeInfo> m_Type; ///< Null when it is not known.
-    long long     m_Shown = 0; ///< Number of the first line of output that is not shown yet.
-    bool          m_IsGone = false;
-    PaneSplitter* m_Splitter = nullptr;
-    ScrolledPane* m_DetailsPane = nullptr;
-    JobDetails*   m_Details = nullptr;
-    JobDetails*   m_Parameters = nullptr;
-    wxtButton*    m_Kill = nullptr;
-    LiveLog*      m_Output = nullptr;
+    long long          m_Shown = 0; ///< Number of the first line of output that is not shown yet.
+    bool               m_IsGone = false;
+    wxtSplitterWindow* m_Splitter = nullptr;
+    wxtScrolledPane*   m_DetailsPane = nullptr;
+    JobDetails*        m_Details = nullptr;
+    JobDetails*        m_Parameters = nullptr;
+    wxtButton*         m_Kill = nullptr;
+    FollowingText*     m_Output = nullptr;
 };

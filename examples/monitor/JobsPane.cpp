@@ -4,7 +4,7 @@
 #include "monitor/JobList.h"
 #include "monitor/JobsView.h"
 
-#include "common/PaneSplitter.h"
+#include "appearance/wxtSplitterWindow.h"
 #include "vesta/Application.h"
 
 #include <wx/sizer.h>
@@ -19,7 +19,9 @@ const char* const kName = "JobsPane";
 } // namespace
 
 JobsPane::JobsPane(wxWindow* parent, FarmJobs& jobs, Actions actions)
-    : wxtPanel(parent), m_Actions(std::move(actions)), m_Splitter(new PaneSplitter(this, kName))
+    : wxtPanel(parent),
+      m_Actions(std::move(actions)),
+      m_Splitter(new wxtSplitterWindow(this, kName))
 {
     // A selection of thousands is told row by row; it is shown once.
     const auto selectionChanged = [this]
@@ -37,7 +39,7 @@ JobsPane::JobsPane(wxWindow* parent, FarmJobs& jobs, Actions actions)
     SetSizer(sizer);
 }
 
-void JobsPane::BuildLower(PaneSplitter& splitter, FarmJobs& jobs)
+void JobsPane::BuildLower(wxtSplitterWindow& splitter, FarmJobs& jobs)
 {
     m_Lower = new wxtPanel(&splitter);
     m_Frames = new FrameList(m_Lower, jobs);

@@ -9,7 +9,7 @@
 class FrameList;
 class JobList;
 class JobsView;
-class PaneSplitter;
+class wxtSplitterWindow;
 
 /// The upper part of the main window: the list of jobs, and below it the frames and the details of
 /// those that are selected.
@@ -34,14 +34,14 @@ public:
     void SetFocus() override; ///< Gives it to the list of jobs.
 
 private:
-    void BuildLower(PaneSplitter& splitter, FarmJobs& jobs);
+    void BuildLower(wxtSplitterWindow& splitter, FarmJobs& jobs);
     void ShowSelected();
 
-    Actions       m_Actions;
-    PaneSplitter* m_Splitter;
-    JobList*      m_List;
-    wxtPanel*     m_Lower = nullptr;
-    FrameList*    m_Frames = nullptr;
-    JobsView*     m_Details = nullptr;
-    bool          m_IsDue = false; ///< The selection has changed and is still to be shown.
+    Actions            m_Actions;
+    wxtSplitterWindow* m_Splitter;
+    JobList*           m_List;
+    wxtPanel*          m_Lower = nullptr;
+    FrameList*         m_Frames = nullptr;
+    JobsView*          m_Details = nullptr;
+    bool               m_IsDue = false; ///< The selection has changed and is still to be shown.
 };

@@ -2,8 +2,8 @@
 
 #include "monitor/JobSelection.h"
 
+#include "appearance/wxtScrolledPane.h"
 #include "appearance/wxtStockControls.h"
-#include "common/ScrolledPane.h"
 
 #include <wx/intl.h>
 #include <wx/sizer.h>
@@ -23,7 +23,7 @@ JobsView::JobsView(wxWindow* parent, FarmJobs& jobs, JobPanel::OpenJob open)
     m_Note = new wxtStaticText(this, wxID_ANY, wxString());
     m_Note->m_ForegroundName = color_TextGrey;
     m_Note->RefreshColors();
-    m_Pane = new ScrolledPane(this);
+    m_Pane = new wxtScrolledPane(this);
     m_Pane->SetSizer(new wxBoxSizer(wxVERTICAL));
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(m_Note, 0, wxEXPAND | wxALL, kBorder);

@@ -9,7 +9,7 @@
 #include <map>
 #include <set>
 
-class ScrolledPane;
+class wxtScrolledPane;
 class wxtStaticText;
 
 /// Jobs in detail, one expandable panel each, the latest first: those that are chosen, or all of
@@ -42,7 +42,7 @@ private:
     FarmJobs&                   m_Jobs;
     JobPanel::OpenJob           m_Open;
     wxtStaticText*              m_Note = nullptr;
-    ScrolledPane*               m_Pane = nullptr;
+    wxtScrolledPane*            m_Pane = nullptr;
     std::map<String, JobPanel*> m_Panels; ///< By the job's identifier.
     std::vector<String>         m_Only;   ///< Identifiers; empty: all jobs.
     bool                        m_IsListStale = true;

@@ -5,15 +5,15 @@
 #include "monitor/HideProducts.h"
 #include "monitor/JobMenu.h"
 #include "monitor/JobsPane.h"
-#include "monitor/LiveLog.h"
 #include "monitor/MonitorMenus.h"
 #include "monitor/SubmitDlg.h"
 
 #include "appearance/wxTolvanString.h"
+#include "appearance/wxtSplitterWindow.h"
 #include "common/AboutDlg.h"
-#include "common/PaneSplitter.h"
+#include "common/FollowingText.h"
 #include "common/PreferencesDlg.h"
-#include "common/Question.h"
+#include "dialogs/wxQuestion.h"
 #include "shell/wxTolvanApp.h"
 #include "textviews/wxTextLineSearchPanel.h"
 #include "vesta/Log.h"
@@ -83,7 +83,7 @@ void MonitorFrame::BuildViews()
 {
     auto* const panel = new wxtPanel(this);
     m_Header = new FarmHeader(panel);
-    m_Splitter = new PaneSplitter(panel, kViewName);
+    m_Splitter = new wxtSplitterWindow(panel, kViewName);
     m_Jobs = new JobsPane(m_Splitter, m_Program.jobs,
                           {[this](const String& id) { m_Windows.Open(id); },
                            [this](const std::vector<String>& ids) { m_JobMenu->ShowJobs(ids); },
@@ -104,7 +104,8 @@ void MonitorFrame::BuildViews()
 wxWindow* MonitorFrame::BuildLog(wxWindow* parent)
 {
     auto* const panel = new wxtPanel(parent);
-    m_Log = new LiveLog(panel);
+    m_Log = new FollowingText(panel);
+    m_Log->SetLineLimit(k_MostLiveLines);
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(m_Log, 1, wxEXPAND);
     sizer->Add(m_Log->GetSearchPanel(), 0, wxEXPAND);
@@ -201,9 +202,9 @@ bool MonitorFrame::MayQuit()
                      : wxString::Format(wxGetTranslation("%d jobs are running."), running);
     m_Asking = true;
     const bool isConfirmed =
-        Ask(this, {kQuitQuestion, wxGetTranslation("Quit"),
-                   count + "\n" + wxGetTranslation("The farm goes on without the monitor. Quit?"),
-                   wxGetTranslation("Quit"), wxGetTranslation("Stay")});
+        wxAsk(this, {kQuitQuestion, wxGetTranslation("Quit"),
+                     count + "\n" + wxGetTranslation("The farm goes on without the monitor. Quit?"),
+                     wxGetTranslation("Quit"), wxGetTranslation("Stay")});
     m_Asking = false;
     return isConfirmed;
 }

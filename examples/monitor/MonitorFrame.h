@@ -4,7 +4,7 @@
 #include "monitor/FarmJobs.h"
 #include "monitor/JobWindows.h"
 
-#include "common/EndLater.h"
+#include "shell/wxEndLater.h"
 #include "shell/wxTolvanFrame.h"
 
 #include <functional>
@@ -13,8 +13,8 @@
 class FarmHeader;
 class JobMenu;
 class JobsPane;
-class LiveLog;
-class PaneSplitter;
+class FollowingText;
+class wxtSplitterWindow;
 
 /// The monitor's main window: how the farm stands, its jobs and its log, live.
 class MonitorFrame : public wxTolvanFrame
@@ -57,11 +57,11 @@ private:
     JobMenu*                 m_JobMenu; ///< Of the menu bar; for the selected jobs.
     std::unique_ptr<JobMenu> m_PopUp;   ///< For the jobs that were clicked.
     FarmHeader*              m_Header = nullptr;
-    PaneSplitter*            m_Splitter = nullptr;
+    wxtSplitterWindow*       m_Splitter = nullptr;
     JobsPane*                m_Jobs = nullptr;
-    LiveLog*                 m_Log = nullptr;
+    FollowingText*           m_Log = nullptr;
     bool                     m_Connected = false;
     bool                     m_OutputSeen = false; ///< A job's output has been shown.
-    EndLater                 m_End{*this};
+    wxEndLater               m_End{*this};
     bool                     m_Asking = false; ///< The user is being asked whether to quit.
 };

@@ -2,8 +2,8 @@
 
 #include "monitor/JobMenu.h"
 
-#include "common/ColorMenu.h"
 #include "shell/OpenWindows.h"
+#include "shell/wxColorMenu.h"
 #include "textviews/wxTextLineCtrl.h"
 
 #include <wx/frame.h>
@@ -35,7 +35,7 @@ wxMenu* EditMenu()
     return menu;
 }
 
-wxMenu* ViewMenu(wxFrame& frame)
+wxMenu* ViewMenu()
 {
     auto* const menu = new wxMenu;
     menu->AppendCheckItem(id_Follow, wxGetTranslation("&Follow the Log\tF5"))->Check();
@@ -44,7 +44,7 @@ wxMenu* ViewMenu(wxFrame& frame)
     menu->Append(id_MoreJobs, wxGetTranslation("More Room for the &Jobs\tAlt+Down"));
     menu->Append(id_MoreLog, wxGetTranslation("More Room for the &Log\tAlt+Up"));
     menu->AppendSeparator();
-    menu->AppendSubMenu(new ColorMenu(&frame), wxGetTranslation("&Colours"));
+    menu->AppendSubMenu(new wxColorMenu, wxGetTranslation("&Colours"));
     menu->AppendCheckItem(id_FullScreen, wxGetTranslation("F&ull Screen\tF11"));
     return menu;
 }
@@ -62,7 +62,7 @@ void BuildMonitorMenus(wxFrame& frame, JobMenu* jobs)
     auto* const bar = new wxMenuBar;
     bar->Append(FileMenu(), wxGetTranslation("&File"));
     bar->Append(EditMenu(), wxGetTranslation("&Edit"));
-    bar->Append(ViewMenu(frame), wxGetTranslation("&View"));
+    bar->Append(ViewMenu(), wxGetTranslation("&View"));
     bar->Append(jobs, wxGetTranslation("&Job"));
     bar->Append(wxGetOpenWindowMenu(), wxGetTranslation("&Window"));
     bar->Append(HelpMenu(), wxGetTranslation("&Help"));

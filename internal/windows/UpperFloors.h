@@ -15,6 +15,8 @@ struct UpperFloors
     bool (*isMenuOpen)() = [] { return false; };
     /// Every live dialog takes its colours from the table again.
     void (*refreshDialogs)() = [] {};
+    /// Closes every live dialog; whether there was one.
+    bool (*closeDialogs)() = [] { return false; };
     /// Every live dialog hears that the connection to the master has come or gone. Any thread.
     void (*tellDialogs)(bool connected) = [](bool) {};
     /// Tells the user something that they may ask not to be told again, under `key`.

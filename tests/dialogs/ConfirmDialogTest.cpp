@@ -5,6 +5,7 @@
 #include "appearance/wxtButton.h"
 #include "appearance/wxtCheckBox.h"
 #include "dialogs/wxConfirmDlg.h"
+#include "dialogs/wxQuestion.h"
 
 #include <wx/textctrl.h>
 
@@ -157,6 +158,29 @@ TEST_F(ConfirmDialogTest, AMessageIsLoggedAndFollowsTheScheme)
         });
     EXPECT_TRUE(wxTolvanMessageBox("Disk full", "disk", Frame()));
     EXPECT_TRUE(log.Has("Disk full", log_Info));
+}
+
+TEST_F(ConfirmDialogTest, AQuestionWhoseAnswerDoesHarmIsDeniedByEnterAndAProblemIsAlwaysTold)
+{
+    const LogCapture log;
+    const auto       press = [](int key)
+    {
+        TestApp::Get().CallAfter(
+            [key]
+            {
+                EXPECT_TRUE(WaitFor(ABoxIsUp));
+                EXPECT_EQ(key == WXK_RETURN, TheDialog()->FindWindow("checkBox") != nullptr);
+                Press(key);
+            });
+    };
+    press(WXK_RETURN);
+    EXPECT_FALSE(wxAsk(Frame(), {"harm", "Kill Job", "Kill it?", "Kill", "Keep", true}));
+    for (int time = 0; time < 2; ++time)
+    {
+        press(WXK_ESCAPE);
+        wxTellProblem("Disk full", Frame());
+    }
+    EXPECT_EQ(2, log.Count("Disk full"));
 }
 
 // From a thread of the platform, and while a box is up: one box at a time, nothing lost.

@@ -45,6 +45,37 @@ TEST_F(TextViewTest, EraseMovesTheRestUp)
     EXPECT_EQ(log.Count("there is no line"), 2) << log.All();
 }
 
+TEST_F(TextViewTest, ALimitDropsTheOldestAndLeavesViewSelectionAndMarkOnTheirLines)
+{
+    m_View->SetLineLimit(320);
+    AppendNumbered(320);
+    m_View->SetScrollPos(wxVERTICAL, 100 * m_View->LineHeight() + 3);
+    Drag(102, 103);
+    EXPECT_TRUE(m_View->Search("line 104", true, true));
+    const int position = m_View->GetScrollPos(wxVERTICAL);
+    EXPECT_EQ(m_View->Append("more", false), 299) << "a sixteenth goes at a time";
+    EXPECT_EQ(m_View->GetLine(0), "line 21");
+    EXPECT_TRUE(IsSelected(81, 82));
+    EXPECT_EQ(m_View->GetMarkedLine(), 83);
+    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), position - 21 * m_View->LineHeight());
+    m_View->SetLineLimit(160);
+    EXPECT_EQ(m_View->GetLineCount(), 150);
+    EXPECT_TRUE(IsSelected(-1, -1)) << "its lines are gone";
+    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 0);
+    m_View->SetFollowEnd(true);
+    m_View->ScrollToBottom();
+    for (int i = 0; i < 1000; ++i)
+    {
+        const int index = m_View->Append("end", false);
+        EXPECT_EQ(index, m_View->GetLineCount() - 1);
+    }
+    EXPECT_LE(m_View->GetLineCount(), 160);
+    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), Bottom());
+    m_View->SetLineLimit(0);
+    AppendNumbered(200);
+    EXPECT_GT(m_View->GetLineCount(), 200);
+}
+
 TEST_F(TextViewTest, ClearLeavesTheScrollbars)
 {
     AppendNumbered(100);

@@ -1,4 +1,6 @@
-#include "common/ScrolledPane.h"
+#include "appearance/wxtScrolledPane.h"
+
+#include "vesta/CallEntry.h"
 
 #include <algorithm>
 
@@ -9,24 +11,26 @@ constexpr int kStep = 16; // pixels a step of the scrollbar
 const wxSize kSmallest(80, 60);
 } // namespace
 
-ScrolledPane::ScrolledPane(wxWindow* parent)
+wxtScrolledPane::wxtScrolledPane(wxWindow* parent)
     : wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, kSmallest,
                        wxVSCROLL | wxTAB_TRAVERSAL | wxBORDER_NONE)
 {
+    CALL_ENTRY("wxtScrolledPane::wxtScrolledPane");
     Manage(this);
     SetMinSize(kSmallest);
     SetScrollRate(0, kStep);
 }
 
 // A sizer without room gives less than the smallest size.
-void ScrolledPane::DoMoveWindow(int x, int y, int width, int height)
+void wxtScrolledPane::DoMoveWindow(int x, int y, int width, int height)
 {
     ShowScrollbars(wxSHOW_SB_NEVER, height < kSmallest.y ? wxSHOW_SB_NEVER : wxSHOW_SB_DEFAULT);
     wxScrolledWindow::DoMoveWindow(x, y, width, height);
 }
 
-void ScrolledPane::ShowChild(const wxWindow& child)
+void wxtScrolledPane::ShowChild(const wxWindow& child)
 {
+    CALL_ENTRY("wxtScrolledPane::ShowChild");
     const wxRect place = child.GetRect(); // in what is visible
     const int    height = GetClientSize().y;
     int          down = 0;

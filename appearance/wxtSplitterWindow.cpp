@@ -1,9 +1,9 @@
-#include "common/PaneSplitter.h"
+#include "appearance/wxtSplitterWindow.h"
 
 #include "vesta/Application.h"
+#include "vesta/CallEntry.h"
 
 #include <wx/dc.h>
-
 #include <wx/dcclient.h>
 
 #include <algorithm>
@@ -24,53 +24,68 @@ bool ContainsFocus(const wxWindow* window)
 }
 } // namespace
 
-PaneSplitter::PaneSplitter(wxWindow* parent, const String& name)
+wxtSplitterWindow::wxtSplitterWindow(wxWindow* parent, const String& name)
     : wxSplitterWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                        wxSP_LIVE_UPDATE | wxSP_NOBORDER),
       m_Name(name)
 {
+    CALL_ENTRY("wxtSplitterWindow::wxtSplitterWindow");
     Manage(this);
     SetMinimumPaneSize(kSmallestPane);
 }
 
 // The sash may be held when the window is closed.
-PaneSplitter::~PaneSplitter()
+wxtSplitterWindow::~wxtSplitterWindow()
 {
+    CALL_ENTRY("wxtSplitterWindow::~wxtSplitterWindow");
     if (HasCapture())
     {
         ReleaseMouse();
     }
 }
 
-void PaneSplitter::Split(wxWindow* upper, wxWindow* lower, int firstHeight)
+void wxtSplitterWindow::Split(wxWindow* upper, wxWindow* lower, int firstHeight)
 {
+    CALL_ENTRY("wxtSplitterWindow::Split");
     const int height =
-        Application::the_Application->Options().GetInt(m_Name, kSashKey, firstHeight);
+        m_Name.empty()
+            ? firstHeight
+            : Application::the_Application->Options().GetInt(m_Name, kSashKey, firstHeight);
     SplitHorizontally(upper, lower, std::max(height, kSmallestPane));
 }
 
-void PaneSplitter::SaveSash() const
+void wxtSplitterWindow::SaveSash() const
 {
-    OptionsFile& options = Application::the_Application->Options();
-    options.SetValue(m_Name, kSashKey, String::FromInt(GetSashPosition()));
+    CALL_ENTRY("wxtSplitterWindow::SaveSash");
+    if (!m_Name.empty())
+    {
+        OptionsFile& options = Application::the_Application->Options();
+        options.SetValue(m_Name, kSashKey, String::FromInt(GetSashPosition()));
+    }
 }
 
-void PaneSplitter::MoveSash(int pixels)
+void wxtSplitterWindow::MoveSash(int pixels)
 {
+    CALL_ENTRY("wxtSplitterWindow::MoveSash");
     const int most = GetClientSize().y - kSmallestPane - GetSashSize();
     SetSashPosition(std::max(kSmallestPane, std::min(GetSashPosition() + pixels, most)));
 }
 
-void PaneSplitter::SwitchPane()
+void wxtSplitterWindow::SwitchPane()
 {
+    CALL_ENTRY("wxtSplitterWindow::SwitchPane");
     wxWindow* const next = ContainsFocus(GetWindow1()) ? GetWindow2() : GetWindow1();
-    next->SetFocus();
+    if (next)
+    {
+        next->SetFocus();
+    }
 }
 
 // The splitter also draws when it is laid out, and before it is on the screen that goes to the
 // screen's own background: it is left to the paint event.
-void PaneSplitter::DrawSash(wxDC& dc)
+void wxtSplitterWindow::DrawSash(wxDC& dc)
 {
+    CALL_ENTRY("wxtSplitterWindow::DrawSash");
     const wxRect sash(0, GetSashPosition(), GetClientSize().x, GetSashSize());
     if (!dynamic_cast<wxPaintDC*>(&dc))
     {

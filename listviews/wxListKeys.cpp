@@ -1,7 +1,8 @@
-#include "monitor/ListKeys.h"
+#include "listviews/wxListKeys.h"
 
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListCtrl.h"
+#include "vesta/CallEntry.h"
 
 #include <wx/listbase.h>
 
@@ -90,7 +91,8 @@ void OnKey(wxDBListCtrl& list, wxKeyEvent& event)
 }
 } // namespace
 
-void AddListKeys(wxDBListCtrl& list)
+void wxAddListKeys(wxDBListCtrl& list)
 {
+    CALL_ENTRY("wxAddListKeys");
     list.GetBody()->Bind(wxEVT_KEY_DOWN, [&list](wxKeyEvent& event) { OnKey(list, event); });
 }
