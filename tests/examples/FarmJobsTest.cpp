@@ -99,19 +99,14 @@ TEST_F(FarmJobsTest, AfterANewConnectionJobsThatAreNotToldOfAgainAreGone)
 TEST_F(FarmJobsTest, OutputKeepsItsEndAndCountsWhatIsMissing)
 {
     Apply({JobMessage("a", state_Running, 0, 1000)});
-    std::vector<Message> lines;
-    for (int i = 0; i < 150; ++i)
-    {
-        lines.push_back(Line("a", String::FromInt(i)));
-    }
-    Apply(lines);
+    Apply(std::vector<Message>(150, Line("a", "x")));
     const JobOutput& output = m_Jobs.Find("a")->output;
     EXPECT_EQ(150, output.End());
     EXPECT_EQ(50, output.Begin());
-    EXPECT_EQ("149", output.Lines().back());
     Apply({Line("a", "lost"), Message(msg_Skipped).Set(p_Id, "a").Set("Count", 5), Line("a", "z")});
     EXPECT_EQ(157, output.End());
     EXPECT_EQ(156, output.Begin());
+    EXPECT_EQ("z", output.Lines().back());
     Apply({JobMessage("a", state_Waiting)}); // runs anew
     EXPECT_TRUE(output.Lines().empty());
     EXPECT_EQ(157, m_Jobs.Summarize().outputLines);
@@ -212,85 +207,71 @@ TEST(FramePictures, SayWhyThereIsNone)
 {
     FarmJob job;
     job.job = boost::shared_ptr<Job>(new Job);
-    Message message = JobMessage("a", state_Running);
-    message.Set(p_FramesDone, 3).Set(p_FrameCount, 4).Set(p_Folder, "/no/such");
-    job.Update(message);
-    job.frames.Add("FRAME 2/4 two.png took 1 s");
-    job.frames.Add("FRAME 3/4 /bin/sh");
-    EXPECT_EQ("/no/such/two.png", PictureOf(job, 2).Text());
-    EXPECT_NE(String::npos, PictureProblem(job, 2).find("not there"));
-    EXPECT_EQ("", PictureProblem(job, 3));
-    EXPECT_NE(String::npos, PictureProblem(job, 1).find("/no/such"));
-    EXPECT_EQ("Frame 4 is not done yet.", PictureProblem(job, 4));
-}
-
-class JobFormTest : public UserFolderTest
-{
-protected:
-    JobForm Form() const
+    job.Update(JobMessage("a", state_Running)
+                   .Set(p_FramesDone, 3)
+                   .Set(p_FrameCount, 4)
+                   .Set(p_Folder, "/no/such"));
+    for (const char* const line :
+         {"FRAME 2/4 two.png took 0.63 s", "FRAME 3/4 /bin/sh", "FRAME 5/4 x", "FRAME x/4 y",
+          "frame 1/4 z", "FRAME 99999999999/999999999999"})
     {
-        WriteFile(TempFile("t.module"), "[Type]\nId=11111111-2222-3333-4444-555555555555\nName=T\n"
-                                        "[Parameter Text]\nDefault=d\n"
-                                        "[Parameter Kind]\nChoices=x;y\n"
-                                        "[Parameter Priority]\nDefault=p\n"
-                                        "[Parameter Frame]\nType=integer\nMinimum=1\n"
-                                        "Description=First frame\nDefault=7\n");
-        return JobForm(JobTypeInfo::Load(TempFile("t.module")));
+        job.frames.Add(line);
     }
-};
-
-TEST_F(JobFormTest, BeginsWithTheDefaultsAndSendsWhatWasEntered)
-{
-    JobForm form = Form();
-    int     field = 0;
-    EXPECT_EQ("", form.FindProblem(field));
-    form.name = " Sky ";
-    form.priority = "70";
-    form.values[0] = "a\nb";
-    form.values[3] = " 12 ";
-    EXPECT_EQ("", form.FindProblem(field));
-    const Message message = form.ToMessage("r");
-    EXPECT_STREQ(msg_Submit, message.Type().c_str());
-    EXPECT_EQ("Sky", message.Get(p_Name));
-    EXPECT_EQ("a\nb", message.Get("Text"));
-    EXPECT_EQ("x", message.Get("Kind"));
-    EXPECT_EQ("70", message.Get(p_Priority));
-    EXPECT_EQ("12", message.Get("Frame"));
-    form.values[3] = "abc";
-    EXPECT_EQ("\"First frame\" must be a whole number of at least 1.", form.FindProblem(field));
+    EXPECT_EQ("/no/such/two.png", PictureOf(job, 2).Text());
+    EXPECT_EQ("0.63 s", job.frames.Find(2)->took);
+    const char* const problems[] = {"/no/such", "not there", "", "Frame 4 is not done yet."};
+    for (int frame = 1; frame <= 4; ++frame)
+    {
+        const String problem = PictureProblem(job, frame);
+        EXPECT_NE(String::npos, problem.find(problems[frame - 1])) << problem;
+        EXPECT_EQ(frame == 3, problem.empty());
+    }
 }
 
-TEST_F(JobFormTest, SaysWhatIsWrongAndWhere)
+using JobFormTest = UserFolderTest;
+
+TEST_F(JobFormTest, SendsWhatWasEnteredOrSaysWhatIsWrongAndWhere)
 {
-    struct Case
+    WriteFile(TempFile("t.module"), "[Type]\nId=11111111-2222-3333-4444-555555555555\nName=T\n"
+                                    "[Parameter Text]\nDefault=d\n"
+                                    "[Parameter Kind]\nChoices=x;y\n"
+                                    "[Parameter Priority]\nDefault=p\n"
+                                    "[Parameter Frame]\nType=integer\nMinimum=1\n"
+                                    "Description=First frame\nDefault=7\n");
+    JobForm form(JobTypeInfo::Load(TempFile("t.module")));
+    int     field = JobForm::kNone;
+    EXPECT_EQ("", form.FindProblem(field)) << "it begins with the defaults";
+    const struct
     {
-        String name, priority, text, kind;
-        int    field;
-        String frame = "1";
+        String name, priority, text, kind, frame;
+        int    field = JobForm::kNone;
+    } cases[] = {
+        {" Sky ", " 70 ", "a\nb", "y", " 12 "},
+        {"two\nlines", "50", "", "x", "1", JobForm::kName},
+        {String(201, 'n'), "50", "", "x", "1", JobForm::kName},
+        {"", "5o", "", "x", "1", JobForm::kPriority},
+        {"", "0", String("a\0b", 3), "x", "1", 0},
+        {"", "100", String(101 << 10, 'v'), "x", "1", 0},
+        {"", "7", "", "z", "1", 1},
+        {"", "7", "", "x", "abc", 3},
     };
-    const Case cases[] = {
-        {"two\nlines", "50", "", "x", JobForm::kName},
-        {String(201, 'n'), "50", "", "x", JobForm::kName},
-        {"", "", "", "x", JobForm::kPriority},
-        {"", "101", "", "x", JobForm::kPriority},
-        {"", "5o", "", "x", JobForm::kPriority},
-        {"", "0", String("a\0b", 3), "x", 0},
-        {"", "100", String(101 << 10, 'v'), "x", 0},
-        {"", " 7 ", String(10 << 10, 'v'), "z", 1},
-        {"", "7", "", "x", 3, "abc"},
-        {"", "7", "", "x", 3, "0"},
-    };
-    for (const Case& one : cases)
+    for (const auto& one : cases)
     {
-        JobForm form = Form();
         form.name = one.name;
         form.priority = one.priority;
-        form.values[0] = one.text;
-        form.values[1] = one.kind;
-        form.values[3] = one.frame;
-        int field = JobForm::kNone;
-        EXPECT_NE("", form.FindProblem(field));
-        EXPECT_EQ(one.field, field) << one.name << one.priority;
+        form.values = {one.text, one.kind, "p", one.frame};
+        field = JobForm::kNone;
+        const String  problem = form.FindProblem(field);
+        const Message message = form.ToMessage("r");
+        EXPECT_EQ(one.field, field) << one.name << one.priority << one.frame;
+        EXPECT_EQ(one.field == JobForm::kNone, problem.empty()) << problem;
+        if (problem.empty())
+        {
+            EXPECT_EQ(one.name.Trim(), message.Get(p_Name));
+            EXPECT_EQ(one.priority.Trim(), message.Get(p_Priority));
+            EXPECT_EQ(one.text, message.Get("Text"));
+            EXPECT_EQ(one.frame.Trim(), message.Get("Frame"));
+        }
     }
 }
 

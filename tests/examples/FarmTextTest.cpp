@@ -31,7 +31,7 @@ Lines TextsFor(FarmText& text, const Message& message)
 }
 } // namespace
 
-TEST(FarmText, TellsStartMilestonesAndEnd)
+TEST(FarmText, TellsStartMilestonesOutputAndEnd)
 {
     FarmText text;
     EXPECT_EQ(Lines{"Job 'Sky' waits for a free slot"},
@@ -40,25 +40,12 @@ TEST(FarmText, TellsStartMilestonesAndEnd)
     EXPECT_EQ(Lines{}, TextsFor(text, JobMessage(state_Running, 9)));
     EXPECT_EQ(Lines{"Job 'Sky' has done 31 %"}, TextsFor(text, JobMessage(state_Running, 31)));
     EXPECT_EQ(Lines{}, TextsFor(text, JobMessage(state_Running, 39)));
-    EXPECT_EQ(Lines{"Job 'Sky' is done after 12s"}, TextsFor(text, JobMessage(state_Done, 100)));
-}
-
-TEST(FarmText, SaysWhyAJobFailed)
-{
-    FarmText text;
-    Message  message = JobMessage(state_Failed, 0);
-    message.Set(p_Error, "No such program");
-    EXPECT_EQ(Lines{"Job 'Sky' failed: No such program"}, TextsFor(text, message));
-}
-
-TEST(FarmText, HandsOutputOnByteForByte)
-{
-    FarmText text;
-    text.LinesFor(JobMessage(state_Running, 0), kNow);
     const String bytes("a\0\xff z", 5);
-    Message      message(msg_Output);
-    message.Set(p_Id, "1").Set("Line", bytes);
-    EXPECT_EQ(Lines{"[Sky] " + bytes}, TextsFor(text, message));
+    EXPECT_EQ(Lines{"[Sky] " + bytes},
+              TextsFor(text, Message(msg_Output).Set(p_Id, "1").Set("Line", bytes)));
+    EXPECT_EQ(Lines{"Job 'Sky' is done after 12s"}, TextsFor(text, JobMessage(state_Done, 100)));
+    EXPECT_EQ(Lines{"Job 'Sky' failed: No such program"},
+              TextsFor(text, JobMessage(state_Failed, 0).Set(p_Error, "No such program")));
 }
 
 TEST(FarmText, WhatIsToldLateCarriesItsOwnTimeAndIsToldOnce)

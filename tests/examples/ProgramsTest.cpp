@@ -1,64 +1,17 @@
 #include "tests/support/FrameTest.h"
 #include "tests/support/Pictures.h"
+#include "tests/support/Program.h"
 
 #include "tolvan/Components.h"
-#include "tolvan/SocketFolder.h"
 #include "vesta/IniFile.h"
 
 #include <wx/image.h>
 
-#include <csignal>
 #include <cstdlib>
-#include <cstring>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace
 {
 constexpr int kProgramDeadlineMs = 20000; // programs under a sanitizer are slow to start
-
-/// A program that is ended with the test.
-class Program
-{
-public:
-    explicit Program(std::vector<String> words)
-    {
-        m_Process = fork();
-        if (m_Process == 0)
-        {
-            std::vector<char*> arguments;
-            for (String& word : words)
-            {
-                arguments.push_back(&word[0]);
-            }
-            arguments.push_back(nullptr);
-            execv(arguments[0], arguments.data());
-            _exit(127);
-        }
-    }
-    ~Program()
-    {
-        if (!HasEnded())
-        {
-            kill(m_Process, SIGKILL);
-            waitpid(m_Process, nullptr, 0);
-        }
-    }
-    bool HasEnded()
-    {
-        m_Ended = m_Ended || waitpid(m_Process, &m_Status, WNOHANG) == m_Process;
-        return m_Ended;
-    }
-    void Signal(int signal) const { kill(m_Process, signal); }
-    int  ExitCode() const { return WIFEXITED(m_Status) ? WEXITSTATUS(m_Status) : -1; }
-
-private:
-    pid_t m_Process = -1;
-    bool  m_Ended = false;
-    int   m_Status = 0;
-};
 
 class ProgramsTest : public UserFolderTest
 {
@@ -79,6 +32,14 @@ protected:
         return WaitFor([&] { return LogOf(component).find(text) != String::npos; },
                        kProgramDeadlineMs);
     }
+    // Whoever has started it.
+    void EndMaster() const
+    {
+        const String log = LogOf(component_Master);
+        const size_t process = log.rfind("started: process ");
+        ASSERT_NE(String::npos, process);
+        kill(static_cast<pid_t>(String(log.substr(process + 17)).ToInt()), SIGTERM);
+    }
     // The log has the monitors before it, too.
     bool LatestMonitorShowsJobs() const
     {
@@ -87,24 +48,6 @@ protected:
                String::npos;
     }
 };
-
-// Ends the master of this test's runtime folder: whoever takes a connection on its socket.
-void EndMaster()
-{
-    const int   descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_un address = {};
-    address.sun_family = AF_UNIX;
-    std::strncpy(address.sun_path, SocketFolder::ForMaster().Text().c_str(),
-                 sizeof address.sun_path - 1);
-    ucred     peer = {};
-    socklen_t length = sizeof peer;
-    if (connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 &&
-        getsockopt(descriptor, SOL_SOCKET, SO_PEERCRED, &peer, &length) == 0)
-    {
-        kill(peer.pid, SIGTERM);
-    }
-    close(descriptor);
-}
 
 // Brings the window to the front once it is there, and then types: a key that is sent to a found
 // window is no key press to it.
@@ -154,13 +97,9 @@ TEST_F(ProgramsTest, MonitorStartsAMasterAndShowsItsJobs)
         EXPECT_TRUE(WaitForLog(component_Monitor, "The first output of a job is shown"))
             << LogOf(component_Monitor) << LogOf(component_Master);
     }
-    EXPECT_TRUE(WaitFor(
-        []
-        {
-            EndMaster();
-            return !Components::DidStart(component_Master);
-        },
-        kProgramDeadlineMs));
+    EndMaster();
+    EXPECT_TRUE(
+        WaitFor([] { return !Components::DidStart(component_Master); }, kProgramDeadlineMs));
 }
 
 TEST_F(ProgramsTest, ASchemeChangeReachesAnotherProgramWithinASecond)
@@ -174,7 +113,8 @@ TEST_F(ProgramsTest, ASchemeChangeReachesAnotherProgramWithinASecond)
     constexpr int kMost = 100000;
     ASSERT_TRUE(WaitFor([&] { return CountPixels(darkText) > kMost; }, kProgramDeadlineMs));
     ASSERT_TRUE(WaitForLog(component_LogView, "2 lines"));
-    Program monitor({MONITOR_PROGRAM, "--no-start", "--set-scheme=2"});
+    Program monitor({MONITOR_PROGRAM, "--no-start"});
+    ASSERT_TRUE(PressKeys("Tolvan Monitor", "key alt+v key c key i")); // View, Colours, Lighter
     ASSERT_TRUE(WaitForLog(component_Monitor, "Notifying color changed to: " + component_LogView));
     EXPECT_TRUE(WaitFor([&] { return CountPixels(darkText) < kMost / 10; }, 1500));
     EXPECT_GT(CountPixels(lighterText), kMost);
@@ -307,6 +247,6 @@ TEST_F(ProgramsTest, MonitorSubmitsAJobAndAsksBeforeItQuits)
     EXPECT_EQ(String::npos, LogOf(component_Master).find("is not possible"));
     ASSERT_TRUE(OpenJobMenu());
     EXPECT_TRUE(EndsOnRequest(master, other));
-    EndMaster();
+    master.Signal(SIGTERM);
     EXPECT_TRUE(WaitFor([&] { return master.HasEnded(); }, kProgramDeadlineMs));
 }

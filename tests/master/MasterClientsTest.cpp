@@ -3,8 +3,6 @@
 #include "wire/Framing.h"
 
 #include <algorithm>
-#include <csignal>
-#include <fstream>
 
 namespace
 {
@@ -17,15 +15,8 @@ protected:
     /// Resident memory of the master in kilobytes, at its highest.
     long long PeakMemory() const
     {
-        std::ifstream file("/proc/" + std::to_string(master) + "/status");
-        for (std::string line; std::getline(file, line);)
-        {
-            if (line.rfind("VmHWM:", 0) == 0)
-            {
-                return std::stoll(line.substr(6));
-            }
-        }
-        return -1;
+        const String status = ReadFile("/proc/" + String::FromInt(master->id) + "/status");
+        return String(status.substr(status.find("VmHWM:") + 6)).ToInt(-1);
     }
 };
 
@@ -72,7 +63,7 @@ TEST_F(MasterClients, FloodNeitherBlocksNorGrowsTheMasterAndNoLineIsUnaccountedF
         // Some seconds under a sanitizer on a busy machine; a master that is blocked never answers.
         EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
     }
-    WriteFile(TempFile("runs/stop"), "");
+    WriteFile(TempFile("run-folder/stop"), "");
     ASSERT_TRUE(client.WaitForState(job, state_Done));
     EXPECT_LT(PeakMemory() - memoryBefore, kMostGrowth) << "kilobytes more";
     const auto lines = static_cast<long long>(ReadFile(client.Param(job, p_LogFile)).size() / 2);
@@ -138,15 +129,6 @@ TEST_F(MasterClients, ClientThatAsksAndNeverReadsIsClosed)
     EXPECT_LT(sent, 2000);
     EXPECT_EQ(client.Ask(Message("Dance"))->Type(), msg_Failed);
     EXPECT_NE(LogText().find("does not read"), String::npos);
-}
-
-TEST_F(MasterClients, ClientsAreAskedToCloseOnTheOperatorsSignal)
-{
-    Start();
-    kill(master, SIGUSR1);
-    ASSERT_TRUE(client.ReadUntil([&] { return client.others.back()->Type() == msg_Shutdown; }));
-    EXPECT_NE(client.others.back()->Get("Reason"), "");
-    EXPECT_NE(client.Submit("true"), ""); // it serves whoever stays
 }
 
 } // namespace

@@ -3,16 +3,8 @@
 #include "tolvan/SocketFolder.h"
 #include "vesta/UID.h"
 
-#include <boost/process/args.hpp>
-#include <boost/process/child.hpp>
-#include <boost/process/exe.hpp>
-#include <boost/process/io.hpp>
-
-#include <csignal>
 #include <cstdlib>
 #include <fstream>
-
-#include <sys/wait.h>
 
 const char* const kScriptType = "Script";
 
@@ -162,9 +154,9 @@ MasterTest::MasterTest()
 
 MasterTest::~MasterTest()
 {
-    if (master > 0)
+    if (master)
     {
-        kill(master, SIGTERM);
+        master->Signal(SIGTERM);
         EXPECT_EQ(WaitForEnd(), 0); // a sanitizer's complaints count too
     }
     if (HasFailure())
@@ -175,18 +167,13 @@ MasterTest::~MasterTest()
 
 void MasterTest::Launch(const std::vector<String>& options)
 {
-    std::vector<std::string> words = {
-        "--modules",    TempFile("modules").Text(), "--jobs",    TempFile("jobs").Text(),
-        "--run-folder", TempFile("runs").Text(),    "--log-dir", TempFile("logs").Text()};
+    std::vector<String> words = {MASTER_PROGRAM};
+    for (const char* const folder : {"modules", "jobs", "run-folder", "log-dir"})
+    {
+        words.insert(words.end(), {String("--") + folder, TempFile(folder).Text()});
+    }
     words.insert(words.end(), options.begin(), options.end());
-    namespace process = boost::process;
-    process::child child(
-        process::exe = MASTER_PROGRAM, process::args = words,
-        process::std_in<process::null, (process::std_out & process::std_err)> TempFile("console")
-            .Text()
-            .c_str());
-    master = child.id();
-    child.detach(); // `WaitForEnd` collects it
+    master = std::make_unique<Program>(words, TempFile("console").Text());
 }
 
 void MasterTest::Start(const std::vector<String>& options)
@@ -197,15 +184,7 @@ void MasterTest::Start(const std::vector<String>& options)
 
 int MasterTest::WaitForEnd()
 {
-    int        status = 0;
-    const bool ended = WaitFor([&] { return waitpid(master, &status, WNOHANG) == master; },
-                               std::chrono::seconds(20));
-    if (!ended)
-    {
-        ADD_FAILURE() << "the master goes on";
-        kill(master, SIGKILL);
-        waitpid(master, nullptr, 0);
-    }
-    master = 0;
-    return ended && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    EXPECT_TRUE(WaitFor([&] { return master->HasEnded(); }, std::chrono::seconds(20)));
+    const std::unique_ptr<Program> ended = std::move(master);
+    return ended->ExitCode();
 }

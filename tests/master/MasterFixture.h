@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tests/platform/tolvan/TestPeer.h"
+#include "tests/support/Program.h"
 #include "tests/support/UserFolderTest.h"
 #include "tolvan/Job.h"
 #include "tolvan/Message.h"
@@ -9,9 +10,8 @@
 #include <chrono>
 #include <functional>
 #include <map>
+#include <memory>
 #include <vector>
-
-#include <sys/types.h>
 
 /// A client of the real master: keeps what it has been told.
 class MasterClient
@@ -65,10 +65,10 @@ protected:
     int WaitForEnd();
     /// What the master has written to its console.
     String Console() const { return ReadFile(TempFile("console")); }
-    String LogText() const { return ReadFile(TempFile("logs/TolvanMaster.log")); }
+    String LogText() const { return ReadFile(TempFile("log-dir/TolvanMaster.log")); }
 
-    MasterClient client;
-    pid_t        master = 0; ///< Process id; 0 while none runs.
+    MasterClient             client;
+    std::unique_ptr<Program> master; ///< Null while none runs.
 };
 
 extern const char* const kScriptType;

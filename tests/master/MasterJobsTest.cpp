@@ -1,6 +1,8 @@
 #include "tests/master/MasterFixture.h"
 #include "vesta/UID.h"
 
+#include <csignal>
+
 namespace
 {
 
@@ -31,8 +33,7 @@ TEST_F(MasterJobs, OutputArrivesAndIsLoggedByteForByte)
 TEST_F(MasterJobs, VeryLongLineComesInPiecesAndStaysWholeInTheLog)
 {
     Start();
-    const String job =
-        client.Submit("head -c 3000000 /dev/zero | tr '\\0' '\\377'; echo; echo end");
+    const String job = client.Submit("head -c 3000000 /dev/zero | tr '\\0' '\\377'");
     ASSERT_TRUE(client.WaitForState(job, state_Done));
     String whole;
     for (const String& line : client.lines[job])
@@ -40,8 +41,8 @@ TEST_F(MasterJobs, VeryLongLineComesInPiecesAndStaysWholeInTheLog)
         EXPECT_LE(line.size(), 256u << 10);
         whole += line;
     }
-    EXPECT_EQ(whole, String(3000000, '\xff') + "end");
-    EXPECT_EQ(ReadFile(client.Param(job, p_LogFile)), String(3000000, '\xff') + "\nend\n");
+    EXPECT_EQ(whole, String(3000000, '\xff'));
+    EXPECT_EQ(ReadFile(client.Param(job, p_LogFile)), whole);
 }
 
 TEST_F(MasterJobs, SuspendResumeAndKillReachTheWholeProcessGroup)
@@ -79,13 +80,32 @@ TEST_F(MasterJobs, JobThatIgnoresTheRequestToEndIsKilled)
     EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(2900));
 }
 
-TEST_F(MasterJobs, WhatAJobLeavesRunningIsEnded)
+TEST_F(MasterJobs, WhatAJobLeavesRunningIsEndedAndWhatHasLeftItDoesNotHoldIt)
 {
     Start();
-    const String job = client.Submit("sleep 1000 & echo $!");
+    const String job =
+        client.Submit("sleep 1000 & echo $!; setsid sleep 1000 & echo $!; sleep 0.2");
     ASSERT_TRUE(client.WaitForState(job, state_Done));
     const auto sleeper = static_cast<pid_t>(client.FirstNumber(job));
     EXPECT_TRUE(WaitFor([&] { return ProcessState(sleeper) == '\0'; }));
+    kill(static_cast<pid_t>(client.lines[job][1].ToInt()), SIGKILL);
+}
+
+// A job has no files and no signals of the master, and a process group of its own.
+TEST_F(MasterJobs, ProgramsStartClean)
+{
+    Start();
+    const String job = client.Submit("ls /proc/self/fd | wc -l; grep SigIgn /proc/self/status; "
+                                     "grep SigBlk /proc/self/status; cut -d' ' -f5 /proc/$$/stat; "
+                                     "echo $$; cat");
+    ASSERT_TRUE(client.WaitForState(job, state_Done));
+    const std::vector<String>& lines = client.lines[job];
+    ASSERT_EQ(lines.size(), 5u);
+    // The three standard ones, those that it dies with, and the folder that ls reads.
+    EXPECT_LE(lines[0].ToInt(), 6);
+    EXPECT_EQ(lines[1], "SigIgn:\t0000000000000000");
+    EXPECT_EQ(lines[2], "SigBlk:\t0000000000000000");
+    EXPECT_EQ(lines[3], lines[4]);
 }
 
 TEST_F(MasterJobs, RetryRunsFromTheStartAndKeepsTheEarlierLog)
@@ -144,8 +164,27 @@ TEST_F(MasterJobs, ImpossibleRequestsAreRefusedWithAReason)
 {
     Start();
     const String job = client.Submit("sleep 1000");
+    const String ended = client.Submit("true");
+    ASSERT_TRUE(client.WaitForState(ended, state_Done));
     ExpectRefused(client.Does("no-such-job", "Kill"), "no job");
-    ExpectRefused(client.Does(job, "Set Priority", "101"), "from 0 to 100");
+    const struct
+    {
+        const String& job;
+        const char*   command;
+        const char*   reason;
+    } refused[] = {{job, "Resume", "Only a suspended job"},
+                   {job, "Retry", "Only a job that has ended"},
+                   {job, "Explode", "Explode"},
+                   {ended, "Suspend", "has ended"},
+                   {ended, "Kill", "has ended"}};
+    for (const auto& one : refused)
+    {
+        ExpectRefused(client.Does(one.job, one.command), one.reason);
+    }
+    for (const char* const priority : {"", "-1", "101", "9x", "99999999999999999999"})
+    {
+        ExpectRefused(client.Does(job, "Set Priority", priority), "from 0 to 100");
+    }
     const Message                         submit = Message(msg_Submit).Set(p_Type, "Script");
     const std::pair<Message, const char*> cases[] = {
         {Message(msg_Submit).Set(p_Type, "Nonsense"), "job type"},
@@ -157,7 +196,7 @@ TEST_F(MasterJobs, ImpossibleRequestsAreRefusedWithAReason)
     {
         ExpectRefused(client.Outcome(client.Ask(question)), reason);
     }
-    EXPECT_EQ(client.jobs.size(), 1u);
+    EXPECT_EQ(client.jobs.size(), 2u);
 }
 
 TEST_F(MasterJobs, JobsStartByPriorityWhenThereIsASlot)
@@ -168,11 +207,14 @@ TEST_F(MasterJobs, JobsStartByPriorityWhenThereIsASlot)
     const String middle = client.Submit("true", "middle", 50);
     const String raised = client.Submit("true", "raised", 20);
     const String held = client.Submit("true", "held", 99);
-    EXPECT_EQ(client.Does(raised, "Set Priority", "90"), "");
+    EXPECT_EQ(client.Does(raised, "Set Priority", " 90 "), "");
     EXPECT_EQ(client.Does(held, "Suspend"), "");
     EXPECT_EQ(client.Param(low, p_State), state_Waiting);
-    WriteFile(TempFile("runs/go"), "");
+    EXPECT_EQ(client.Does(first, "Suspend"), ""); // gives its slot away
     ASSERT_TRUE(client.WaitForState(low, state_Done));
+    EXPECT_EQ(client.Does(first, "Resume"), "");
+    WriteFile(TempFile("run-folder/go"), "");
+    ASSERT_TRUE(client.WaitForState(first, state_Done));
     const auto started = [&](const String& job) { return client.Param(job, p_Started).ToInt(); };
     EXPECT_LT(started(first), started(raised));
     EXPECT_LT(started(raised), started(middle));
@@ -182,18 +224,22 @@ TEST_F(MasterJobs, JobsStartByPriorityWhenThereIsASlot)
     EXPECT_TRUE(client.WaitForState(held, state_Done));
 }
 
-TEST_F(MasterJobs, JobFilesRunTheRealJobPrograms)
+TEST_F(MasterJobs, JobFilesRunTheDemoFarmsPrograms)
 {
+    const std::map<String, String> files = {
+        {"1", "Type = Checksum\nName = Sums\n[Parameters]\nSource = " + TempFile("data").Text()},
+        // What only the master may say is left out.
+        {"2",
+         "Type = Ray Tracer\n[Parameters]\nlastframe = 2\nWidth = 32\nHeight = 18\nState = Done"},
+        {"3", "Name = No type"},
+        {"4", "Type = Unknown"},
+        {"5", "Type = Ray Tracer\n[Parameters]\nlastframe = a"}};
+    for (const auto& [name, text] : files)
+    {
+        WriteFile(TempFile("jobs/" + name + ".job"), "[Job]\n" + text + "\n");
+    }
     File::MakeFolder(TempFile("data"));
     WriteFile(TempFile("data/abc"), "abc");
-    WriteFile(TempFile("jobs/1.job"),
-              "[Job]\nType = Checksum\nName = Sums\n[Parameters]\nSource = " +
-                  TempFile("data").Text() + "\n");
-    WriteFile(TempFile("jobs/2.job"), "[Job]\nType = Ray Tracer\nName = Frames\n[Parameters]\n"
-                                      "lastframe = 2\nWidth = 32\nHeight = 18\n");
-    WriteFile(TempFile("jobs/3.job"), "[Job]\nName = No type\n");
-    WriteFile(TempFile("jobs/4.job"), "[Job]\nType = Unknown\n");
-    WriteFile(TempFile("jobs/5.job"), "[Job]\nType = Ray Tracer\n[Parameters]\nlastframe = a\n");
     Start({"--stay", "--modules", SHARE_FOLDER "/modules"});
     ASSERT_TRUE(client.ReadUntil([&] { return client.jobs.size() == 2; }));
     for (const auto& [id, params] : std::map(client.jobs))
@@ -213,10 +259,10 @@ TEST_F(MasterJobs, JobFilesRunTheRealJobPrograms)
         EXPECT_NE(one, ReadFile(folder / "frame_0002.ppm"));
         EXPECT_FALSE(File::Exists(folder / "frame_0003.ppm")) << "the value given for it counts";
     }
-    EXPECT_EQ(client.jobs.size(), 2u);
-    EXPECT_NE(LogText().find("3.job"), String::npos);
-    EXPECT_NE(LogText().find("4.job"), String::npos);
-    EXPECT_NE(LogText().find("LastFrame must be a whole number"), String::npos);
+    for (const char* const problem : {"3.job", "4.job", "LastFrame must be a whole number"})
+    {
+        EXPECT_NE(LogText().find(problem), String::npos) << problem;
+    }
 }
 
 } // namespace

@@ -29,7 +29,7 @@ TEST_F(MasterLife, EndsWhenTheLastClientHasGoneAndNoJobRuns)
     EXPECT_EQ(second.Param(job, p_State), "");
     ASSERT_TRUE(second.WaitForState(job, state_Running));
     second.peer.Close();
-    WriteFile(TempFile("runs/go"), "");
+    WriteFile(TempFile("run-folder/go"), "");
     EXPECT_EQ(WaitForEnd(), 0);
     EXPECT_FALSE(HasSocket());
 }
@@ -52,26 +52,11 @@ TEST_F(MasterLife, IsNotKeptByWhoeverAsksWhetherItRuns)
 TEST_F(MasterLife, SecondOneSaysSoAndEnds)
 {
     Start();
-    const pid_t first = master;
+    std::unique_ptr<Program> first = std::move(master);
     Launch({});
     EXPECT_EQ(WaitForEnd(), 0);
     EXPECT_NE(Console().find("A master of this user runs already\n"), String::npos);
-    master = first;
-    EXPECT_NE(client.Submit("true"), "");
-}
-
-TEST_F(MasterLife, TakesThePlaceOfAKilledOneWhoseJobsAreGone)
-{
-    Start();
-    const auto process =
-        static_cast<pid_t>(client.FirstNumber(client.Submit("echo $$; exec sleep 1000")));
-    ASSERT_GT(process, 0);
-    kill(master, SIGKILL);
-    EXPECT_EQ(WaitForEnd(), -1);
-    EXPECT_TRUE(WaitFor([&] { return ProcessState(process) == '\0'; }));
-    ASSERT_TRUE(HasSocket()); // the dead one could not remove it
-    client = MasterClient();
-    Start();
+    master = std::move(first);
     EXPECT_NE(client.Submit("true"), "");
 }
 
@@ -93,9 +78,10 @@ TEST_F(MasterLife, NoJobRunsTwiceAtATime)
     const auto   child = static_cast<pid_t>(client.FirstNumber(job));
     ASSERT_GT(child, 0);
     ASSERT_TRUE(client.ReadUntil([&] { return client.lines[job].size() == 2; }));
-    kill(master, SIGKILL);
+    master->Signal(SIGKILL);
     EXPECT_EQ(WaitForEnd(), -1);
     EXPECT_TRUE(WaitFor([&] { return ProcessState(child) == '\0'; }));
+    ASSERT_TRUE(HasSocket()); // the dead one could not remove it
 
     client = MasterClient();
     Start();
@@ -105,7 +91,7 @@ TEST_F(MasterLife, NoJobRunsTwiceAtATime)
     EXPECT_EQ(client.Param(job, p_State), state_Waiting);
     ASSERT_TRUE(client.WaitForState(client.Submit("true"), state_Done)); // others are not held up
     EXPECT_EQ(client.Param(job, p_State), state_Waiting);
-    WriteFile(TempFile("runs/go"), "");
+    WriteFile(TempFile("run-folder/go"), "");
     ASSERT_TRUE(client.WaitForState(job, state_Done));
     EXPECT_EQ(client.Text(job), "again\n");
     EXPECT_EQ(client.Param(job, p_Error), "");
@@ -117,7 +103,7 @@ TEST_F(MasterLife, RequestToEndEndsTheJobsAndRemovesTheSocket)
     const auto sleeper = static_cast<pid_t>(client.FirstNumber(
         client.Submit("trap '' TERM; sleep 1000 & echo $!; while :; do sleep 1; done")));
     ASSERT_GT(sleeper, 0);
-    kill(master, SIGTERM);
+    master->Signal(SIGTERM);
     // Clients are let go at once; they connect again by themselves.
     EXPECT_TRUE(client.peer.SeesEnd());
     EXPECT_EQ(WaitForEnd(), 0);
@@ -128,8 +114,8 @@ TEST_F(MasterLife, RequestToEndEndsTheJobsAndRemovesTheSocket)
 TEST_F(MasterLife, IsStartedInTheBackground)
 {
     ASSERT_EQ(StartMaster({"--grace", "0", "--jobs", TempFile("jobs").Text(), "--modules",
-                           TempFile("modules").Text(), "--run-folder", TempFile("runs").Text(),
-                           "--log-dir", TempFile("logs").Text()}),
+                           TempFile("modules").Text(), "--run-folder",
+                           TempFile("run-folder").Text(), "--log-dir", TempFile("log-dir").Text()}),
               "");
     EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1); // no child of this program is left
     EXPECT_EQ(errno, ECHILD);

@@ -98,36 +98,4 @@ TEST_F(JobRunner, GoesOnWhereItStoodWhenThereIsRoomAgain)
     EXPECT_EQ(ReadFile(TempFile("log")), "line\nmore\nlast");
 }
 
-TEST_F(JobRunner, ProcessThatLeftTheGroupDoesNotHoldTheJob)
-{
-    ASSERT_EQ(Start("setsid sleep 1000 & echo $!; sleep 0.2", TempFile("log")), "");
-    Run();
-    EXPECT_TRUE(exit->IsSuccess());
-    kill(static_cast<pid_t>(text.ToInt()), SIGKILL);
-}
-
-TEST_F(JobRunner, ChildHasNoFilesAndSignalsOfThisProgram)
-{
-    std::signal(SIGPIPE, SIG_IGN);
-    ASSERT_EQ(Start("ls /proc/self/fd | wc -l; grep SigIgn /proc/self/status; "
-                    "grep SigBlk /proc/self/status; cut -d' ' -f5 /proc/$$/stat; echo $$; cat",
-                    TempFile("log")),
-              "");
-    Run();
-    std::signal(SIGPIPE, SIG_DFL);
-    const std::vector<String> lines = StringTokenizer::Split(text, "\n");
-    ASSERT_GE(lines.size(), 5u) << text;
-    // The three standard ones, the one it dies with, and the folder that ls reads.
-    EXPECT_EQ(lines[0].Trim(), "5");
-    EXPECT_EQ(lines[1], "SigIgn:\t0000000000000000");
-    EXPECT_EQ(lines[2], "SigBlk:\t0000000000000000");
-    EXPECT_EQ(lines[3].Trim(), lines[4]);
-}
-
-TEST_F(JobRunner, LogThatCannotBeCreatedIsAFailureToStart)
-{
-    const String file = TempFile("no/such/folder/log").Text();
-    EXPECT_EQ(Start("true", file), "Cannot write " + file + ": No such file or directory");
-}
-
 } // namespace
