@@ -66,6 +66,11 @@ void GoTo(wxDBListCtrl& list, int row, bool extend)
     list.Redraw();
 }
 
+bool IsSelected(wxDBListCtrl& list, int row)
+{
+    return row >= 0 && row < list.GetItemCount() && list.IsRowSelected(row);
+}
+
 void OnKey(wxDBListCtrl& list, wxKeyEvent& event)
 {
     const int key = event.GetKeyCode();
@@ -95,4 +100,32 @@ void wxAddListKeys(wxDBListCtrl& list)
 {
     CALL_ENTRY("wxAddListKeys");
     list.GetBody()->Bind(wxEVT_KEY_DOWN, [&list](wxKeyEvent& event) { OnKey(list, event); });
+}
+
+void wxAddListMenu(wxDBListCtrl& list, std::function<void(const wxPoint& where)> show)
+{
+    CALL_ENTRY("wxAddListMenu");
+    list.Bind(wxEVT_LIST_ITEM_RIGHT_CLICK,
+              [&list, show](wxListEvent& event)
+              {
+                  // The body has selected the row, unless it was among the selected ones.
+                  if (IsSelected(list, static_cast<int>(event.GetIndex())))
+                  {
+                      show(list.GetBody()->ClientToScreen(event.GetPoint()));
+                  }
+              });
+    list.Bind(wxEVT_CONTEXT_MENU,
+              [&list, show](wxContextMenuEvent& event)
+              {
+                  const int row = list.GetLastSelect();
+                  // By the keyboard; a click of the mouse is the body's.
+                  if (event.GetPosition() != wxDefaultPosition || !IsSelected(list, row))
+                  {
+                      event.Skip();
+                      return;
+                  }
+                  list.EnsureVisible(row);
+                  wxDBListBody& body = *list.GetBody();
+                  show(body.ClientToScreen(body.GetItemRect(row).GetBottomLeft()));
+              });
 }

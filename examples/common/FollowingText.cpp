@@ -3,11 +3,18 @@
 #include "dialogs/wxQuestion.h"
 #include "textviews/wxTextLineSearchPanel.h"
 
+#include <wx/menu.h>
+#include <wx/sizer.h>
+
 #include <algorithm>
 
 FollowingText::FollowingText(wxWindow* parent) : wxTextLineCtrl(parent)
 {
     SetFollowEnd(true);
+    auto* const sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(this, 1, wxEXPAND);
+    sizer->Add(GetSearchPanel(), 0, wxEXPAND);
+    parent->SetSizer(sizer);
 }
 
 int FollowingText::Add(const String& line)
@@ -56,4 +63,13 @@ bool FollowingText::HoldsHit() const
     }
     const int first = GetScrollPos(wxVERTICAL) / m_LineHeight;
     return hit >= first && hit <= first + GetClientSize().y / m_LineHeight;
+}
+
+// Without keys of their own: the text view takes its keys itself and passes them on, so that an
+// accelerator would do everything twice.
+void AppendTextCommands(wxMenu& menu)
+{
+    menu.Append(wxTextLineCtrl::id_Copy, wxGetTranslation("&Copy"));
+    menu.Append(wxTextLineCtrl::id_SelectAll, wxGetTranslation("Select &All"));
+    menu.Append(wxTextLineCtrl::id_Search, wxGetTranslation("&Search..."));
 }

@@ -11,6 +11,7 @@ constexpr int k_MostLiveLines = 1000000;
 class FollowingText : public wxTextLineCtrl
 {
 public:
+    /// Fills the parent, with the search bar below.
     explicit FollowingText(wxWindow* parent);
 
     /// Adds a line at the end; its index.
@@ -30,3 +31,6 @@ private:
     bool m_Follow = true;
     int  m_PassedHit = -1; ///< The hit that the user has left behind to follow again; -1: none.
 };
+
+/// Appends what a menu bar offers of a text view, to be passed on to its `OnMenu`.
+void AppendTextCommands(wxMenu& menu);

@@ -2,11 +2,9 @@
 
 #include "appearance/wxTolvanString.h"
 #include "common/FollowingText.h"
-#include "textviews/wxTextLineSearchPanel.h"
 #include "vesta/Log.h"
 
 #include <wx/app.h>
-#include <wx/sizer.h>
 
 #include <algorithm>
 
@@ -40,10 +38,6 @@ LogPage::LogPage(wxWindow* parent, const Path& file)
                               [this](const String& line) { ShowPartialLine(line); },
                               [this](const String& how) { ShowNotice(how); }))
 {
-    auto* const sizer = new wxBoxSizer(wxVERTICAL);
-    sizer->Add(m_Text, 1, wxEXPAND);
-    sizer->Add(m_Text->GetSearchPanel(), 0, wxEXPAND);
-    SetSizer(sizer);
     Bind(wxEVT_IDLE, &LogPage::OnIdle, this);
     OnTick();
 }

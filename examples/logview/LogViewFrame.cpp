@@ -2,10 +2,10 @@
 
 #include "appearance/wxTolvanString.h"
 #include "common/AboutDlg.h"
+#include "common/FollowingText.h"
 #include "common/PreferencesDlg.h"
 #include "logview/LogPage.h"
 #include "shell/wxColorMenu.h"
-#include "textviews/wxTextLineCtrl.h"
 
 #include <wx/aui/auibook.h>
 #include <wx/aui/dockart.h>
@@ -54,12 +54,8 @@ void LogViewFrame::BuildMenus()
     file->AppendSeparator();
     file->Append(wxID_EXIT, wxGetTranslation("&Quit\tCtrl+Q"));
 
-    // Without keys of their own: the text view takes its keys itself and passes them on, so that an
-    // accelerator would do everything twice.
     auto* const edit = new wxMenu;
-    edit->Append(wxTextLineCtrl::id_Copy, wxGetTranslation("&Copy"));
-    edit->Append(wxTextLineCtrl::id_SelectAll, wxGetTranslation("Select &All"));
-    edit->Append(wxTextLineCtrl::id_Search, wxGetTranslation("&Search..."));
+    AppendTextCommands(*edit);
     edit->AppendSeparator();
     edit->Append(wxID_PREFERENCES, wxGetTranslation("&Preferences...\tCtrl+,"));
 

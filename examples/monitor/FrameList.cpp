@@ -91,11 +91,10 @@ FrameList::FrameList(wxWindow* parent, const FarmJobs& jobs)
     }
     RestoreColumnSizes(k_Section, k_Widths);
     wxAddListKeys(*this);
+    wxAddListMenu(*this, [this](const wxPoint& where) { ShowMenu(where); });
     Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent& event) { Select(event, true); });
     Bind(wxEVT_LIST_ITEM_DESELECTED, [this](wxListEvent& event) { Select(event, false); });
     Bind(wxEVT_LIST_ITEM_ACTIVATED, &FrameList::OnActivate, this);
-    Bind(wxEVT_LIST_ITEM_RIGHT_CLICK, &FrameList::OnRightClick, this);
-    Bind(wxEVT_CONTEXT_MENU, &FrameList::OnContextMenu, this);
 }
 
 void FrameList::Select(wxListEvent& event, bool selected)
@@ -185,28 +184,6 @@ void FrameList::OnActivate(wxListEvent& event)
     {
         OpenPictures(m_Id, IsRowSelected(row) ? GetSelection() : std::vector{row});
     }
-}
-
-void FrameList::OnRightClick(wxListEvent& event)
-{
-    // The body has selected the row, unless it was among the selected ones.
-    if (IsRowSelected(static_cast<int>(event.GetIndex())))
-    {
-        ShowMenu(GetBody()->ClientToScreen(event.GetPoint()));
-    }
-}
-
-// By the keyboard: under the row that it is on. A click of the mouse is the body's.
-void FrameList::OnContextMenu(wxContextMenuEvent& event)
-{
-    const int row = GetLastSelect();
-    if (event.GetPosition() != wxDefaultPosition || !IsRowSelected(row))
-    {
-        event.Skip();
-        return;
-    }
-    EnsureVisible(row);
-    ShowMenu(GetBody()->ClientToScreen(GetBody()->GetItemRect(row).GetBottomLeft()));
 }
 
 void FrameList::ShowMenu(const wxPoint& where)

@@ -33,8 +33,6 @@ private:
     void OnTick() override;
     void Select(wxListEvent& event, bool selected);
     void OnActivate(wxListEvent& event);
-    void OnRightClick(wxListEvent& event);
-    void OnContextMenu(wxContextMenuEvent& event);
     void ShowMenu(const wxPoint& where);
 
     /// What the menu does, with the frames of the job that are in those rows.

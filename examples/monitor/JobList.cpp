@@ -38,11 +38,11 @@ JobList::JobList(wxWindow* parent, FarmJobs& jobs, Actions actions)
 {
     AddColumns();
     wxAddListKeys(*this);
+    wxAddListMenu(*this,
+                  [this](const wxPoint& where) { m_Actions.showMenu(SelectedJobs(), where); });
     Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent& event) { OnSelect(event, true); });
     Bind(wxEVT_LIST_ITEM_DESELECTED, [this](wxListEvent& event) { OnSelect(event, false); });
     Bind(wxEVT_LIST_ITEM_ACTIVATED, &JobList::OnActivate, this);
-    Bind(wxEVT_LIST_ITEM_RIGHT_CLICK, &JobList::OnRightClick, this);
-    Bind(wxEVT_CONTEXT_MENU, &JobList::OnContextMenu, this);
     Bind(wxEVT_LIST_COL_CLICK, &JobList::OnTitle, this);
     GetHeader()->Bind(wxEVT_LEFT_UP, &JobList::OnTitleRelease, this);
     m_Jobs.Changed.Connect(this,
@@ -245,29 +245,6 @@ void JobList::OnActivate(wxListEvent& event)
     {
         m_Actions.open(id);
     }
-}
-
-void JobList::OnRightClick(wxListEvent& event)
-{
-    // The body has selected the row, unless it was among the selected ones.
-    if (m_Table.HasRow(static_cast<int>(event.GetIndex())))
-    {
-        m_Actions.showMenu(SelectedJobs(), GetBody()->ClientToScreen(event.GetPoint()));
-    }
-}
-
-// By the keyboard: under the row that it is on. A click of the mouse is the body's.
-void JobList::OnContextMenu(wxContextMenuEvent& event)
-{
-    const int row = GetLastSelect();
-    if (event.GetPosition() != wxDefaultPosition || !IsRowSelected(row))
-    {
-        event.Skip();
-        return;
-    }
-    EnsureVisible(row);
-    m_Actions.showMenu(SelectedJobs(),
-                       GetBody()->ClientToScreen(GetBody()->GetItemRect(row).GetBottomLeft()));
 }
 
 // Before the header tells of the click, which it does wherever the button is let go.

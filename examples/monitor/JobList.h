@@ -48,8 +48,6 @@ private:
 
     void OnSelect(wxListEvent& event, bool selected);
     void OnActivate(wxListEvent& event);
-    void OnRightClick(wxListEvent& event);
-    void OnContextMenu(wxContextMenuEvent& event);
     void OnTitleRelease(wxMouseEvent& event);
     void OnTitle(wxListEvent& event);
 

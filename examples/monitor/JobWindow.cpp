@@ -9,7 +9,6 @@
 #include "appearance/wxtSplitterWindow.h"
 #include "appearance/wxtStockControls.h"
 #include "common/FollowingText.h"
-#include "textviews/wxTextLineSearchPanel.h"
 #include "tolvan/JobFactory.h"
 #include "vesta/Application.h"
 
@@ -78,11 +77,8 @@ void JobWindow::BuildMenus()
     file->AppendSeparator();
     file->Append(wxID_CLOSE, wxGetTranslation("&Close\tCtrl+W"));
 
-    // Without keys of their own, as in the main window.
     auto* const edit = new wxMenu;
-    edit->Append(wxTextLineCtrl::id_Copy, wxGetTranslation("&Copy"));
-    edit->Append(wxTextLineCtrl::id_SelectAll, wxGetTranslation("Select &All"));
-    edit->Append(wxTextLineCtrl::id_Search, wxGetTranslation("&Search..."));
+    AppendTextCommands(*edit);
 
     auto* const view = new wxMenu;
     view->Append(id_SwitchPane, wxGetTranslation("Switch &Pane\tF6"));
@@ -143,10 +139,6 @@ void JobWindow::BuildOutput(wxtPanel& pane)
 {
     m_Output = new FollowingText(&pane);
     m_Output->SetLineLimit(k_MostLiveLines);
-    auto* const sizer = new wxBoxSizer(wxVERTICAL);
-    sizer->Add(m_Output, 1, wxEXPAND);
-    sizer->Add(m_Output->GetSearchPanel(), 0, wxEXPAND);
-    pane.SetSizer(sizer);
 }
 
 void JobWindow::ShowDetails(const FarmJob& job)

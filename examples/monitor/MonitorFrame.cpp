@@ -15,7 +15,6 @@
 #include "common/PreferencesDlg.h"
 #include "dialogs/wxQuestion.h"
 #include "shell/wxTolvanApp.h"
-#include "textviews/wxTextLineSearchPanel.h"
 #include "vesta/Log.h"
 
 #include <wx/menu.h>
@@ -106,10 +105,6 @@ wxWindow* MonitorFrame::BuildLog(wxWindow* parent)
     auto* const panel = new wxtPanel(parent);
     m_Log = new FollowingText(panel);
     m_Log->SetLineLimit(k_MostLiveLines);
-    auto* const sizer = new wxBoxSizer(wxVERTICAL);
-    sizer->Add(m_Log, 1, wxEXPAND);
-    sizer->Add(m_Log->GetSearchPanel(), 0, wxEXPAND);
-    panel->SetSizer(sizer);
     return panel;
 }
 

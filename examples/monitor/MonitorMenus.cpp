@@ -2,9 +2,9 @@
 
 #include "monitor/JobMenu.h"
 
+#include "common/FollowingText.h"
 #include "shell/OpenWindows.h"
 #include "shell/wxColorMenu.h"
-#include "textviews/wxTextLineCtrl.h"
 
 #include <wx/frame.h>
 #include <wx/menu.h>
@@ -22,14 +22,10 @@ wxMenu* FileMenu()
     return menu;
 }
 
-// Without keys of their own for what the text view does: it takes its keys itself and passes them
-// on, so that an accelerator would do everything twice.
 wxMenu* EditMenu()
 {
     auto* const menu = new wxMenu;
-    menu->Append(wxTextLineCtrl::id_Copy, wxGetTranslation("&Copy"));
-    menu->Append(wxTextLineCtrl::id_SelectAll, wxGetTranslation("Select &All"));
-    menu->Append(wxTextLineCtrl::id_Search, wxGetTranslation("&Search..."));
+    AppendTextCommands(*menu);
     menu->AppendSeparator();
     menu->Append(wxID_PREFERENCES, wxGetTranslation("&Preferences...\tCtrl+,"));
     return menu;
