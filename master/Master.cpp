@@ -3,6 +3,7 @@
 #include "tolvan/Job.h"
 #include "tolvan/SocketFolder.h"
 #include "vesta/Exception.h"
+#include "vesta/Guarded.h"
 #include "vesta/Log.h"
 #include "vesta/Platform.h"
 #include "wire/Framing.h"
@@ -11,7 +12,6 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
-#include <exception>
 #include <utility>
 
 #include <unistd.h>
@@ -83,25 +83,8 @@ void Master::Run()
     EndWhenUnneeded();
     while (!m_Context.stopped())
     {
-        RunHandlers();
-    }
-}
-
-/// What one handler could not do must not end the other jobs.
-void Master::RunHandlers()
-{
-    try
-    {
-        m_Context.run();
-    }
-    catch (Exception* exception)
-    {
-        exception->Log();
-        delete exception;
-    }
-    catch (const std::exception& exception)
-    {
-        LogError(String("The master goes on after: ") + exception.what());
+        // What one handler could not do must not end the other jobs.
+        Guarded("A handler of the master", [this] { m_Context.run(); });
     }
 }
 
@@ -128,7 +111,7 @@ void Master::AcceptClients()
 {
     for (;;)
     {
-        wire::SocketHandle socket = wire::LocalSocket::Accept(m_Listener.native_handle());
+        Descriptor socket = wire::LocalSocket::Accept(m_Listener.native_handle());
         if (socket.IsOpen())
         {
             AddClient(std::move(socket));
@@ -156,7 +139,7 @@ void Master::AcceptClients()
         });
 }
 
-void Master::AddClient(wire::SocketHandle socket)
+void Master::AddClient(Descriptor socket)
 {
     const wire::LocalSocket::Peer peer = wire::LocalSocket::PeerOf(socket.Get());
     if (!peer.isOurs)
@@ -326,16 +309,8 @@ void Master::LoadJobs()
     LogInfo(SFormat("%zu jobs in %s", files.size(), m_Options.jobsFolder.Text().c_str()));
     for (const Path& file : files)
     {
-        try
-        {
-            m_Farm.Submit(master::NewJob::FromFile(file));
-        }
-        catch (Exception* exception)
-        {
-            LogError("The job " + file.Text() + " is left out:");
-            exception->Log();
-            delete exception;
-        }
+        Guarded("Taking the job " + file.Text(),
+                [&] { m_Farm.Submit(master::NewJob::FromFile(file)); });
     }
 }
 

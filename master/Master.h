@@ -34,11 +34,10 @@ private:
     void OnJobChanged(const master::JobRecord& job);
     void OnOutput(const master::JobRecord& job, std::string_view line, Time came);
 
-    void              RunHandlers();
     void              Listen();
     void              WaitForClients();
     void              AcceptClients();
-    void              AddClient(wire::SocketHandle socket);
+    void              AddClient(Descriptor socket);
     master::SendQueue MakeQueue();
     void              SendEverything(master::ClientSession& session);
     void              SendTails(master::ClientSession& session);

@@ -1,6 +1,7 @@
 #include "master/StartMaster.h"
 
 #include "vesta/Application.h"
+#include "vesta/Descriptor.h"
 #include "vesta/Platform.h"
 
 #include <cerrno>
@@ -99,25 +100,25 @@ String StartInBackground(const Path& program, const std::vector<String>& options
         application->WriteOptions(); // They may be the new program's too.
     }
     const Words words(program, options);
-    int         report[2];
-    if (pipe2(report, O_CLOEXEC) != 0)
+    Descriptor  reportFrom;
+    Descriptor  reportTo;
+    if (!Descriptor::MakePipe(reportFrom, reportTo))
     {
         return program.Text() + " cannot be started: " + std::strerror(errno);
     }
     const pid_t first = fork();
     if (first == 0)
     {
-        Detach(words, report[1]);
+        Detach(words, reportTo.Get());
     }
     int error = first < 0 ? errno : 0;
-    close(report[1]);
+    reportTo.Close();
     if (first > 0)
     {
-        error = ReadReport(report[0]);
+        error = ReadReport(reportFrom.Get());
         while (waitpid(first, nullptr, 0) < 0 && errno == EINTR)
         {
         }
     }
-    close(report[0]);
     return error == 0 ? String() : program.Text() + " cannot be started: " + std::strerror(error);
 }

@@ -3,11 +3,11 @@
 #include "appearance/wxTolvanString.h"
 #include "appearance/wxtRenderer.h"
 #include "shell/OpenWindows.h"
-#include "shell/app/Guard.h"
 #include "shell/app/ProgramWords.h"
 #include "shell/app/TopWindow.h"
 #include "shell/app/wxTolvanLog.h"
 #include "vesta/CallEntry.h"
+#include "vesta/Guarded.h"
 #include "vesta/Platform.h"
 
 #include <wx/intl.h>
@@ -134,7 +134,7 @@ bool wxTolvanApp::OnInit()
     {
         ShowStartupError();
     }
-    shell::Guard("Cleaning up", [this] { Cleanup(); });
+    Guarded("Cleaning up", [this] { Cleanup(); });
     ExitedSignal.Emit();
     return false;
 }
@@ -143,23 +143,23 @@ bool wxTolvanApp::OnInit()
 bool wxTolvanApp::TryStartup(CommandLine& commandLine)
 {
     bool isStarted = false;
-    return shell::Guard("Starting the program",
-                        [&]
-                        {
-                            isStarted = RunStartup(commandLine);
-                            if (isStarted)
-                            {
-                                wxToolTip::Enable(true);
-                                wxToolTip::SetAutoPop(kToolTipShownMs);
-                                wxToolTip::SetDelay(kToolTipDelayMs);
-                                wxToolTip::SetReshow(kToolTipReshowMs);
-                                StartedSignal.Emit();
-                                // The master's first messages may have come before there was a
-                                // window.
-                                shell::TopWindowWatch::Look();
-                                DispatchWaiting();
-                            }
-                        }) &&
+    return Guarded("Starting the program",
+                   [&]
+                   {
+                       isStarted = RunStartup(commandLine);
+                       if (isStarted)
+                       {
+                           wxToolTip::Enable(true);
+                           wxToolTip::SetAutoPop(kToolTipShownMs);
+                           wxToolTip::SetDelay(kToolTipDelayMs);
+                           wxToolTip::SetReshow(kToolTipReshowMs);
+                           StartedSignal.Emit();
+                           // The master's first messages may have come before there was a
+                           // window.
+                           shell::TopWindowWatch::Look();
+                           DispatchWaiting();
+                       }
+                   }) &&
            isStarted;
 }
 
@@ -213,11 +213,6 @@ int wxTolvanApp::OnRun()
             const std::unique_ptr<Exception> owner(exception);
             goOn = OnException(exception);
         }
-        catch (const std::exception& exception)
-        {
-            LogError(String("An exception has reached the main loop: ") + exception.what());
-            goOn = OnException(nullptr);
-        }
         catch (...)
         {
             goOn = OnException(nullptr);
@@ -232,12 +227,12 @@ int wxTolvanApp::OnRun()
 int wxTolvanApp::OnExit()
 {
     CALL_ENTRY("wxTolvanApp::OnExit");
-    shell::Guard("Telling of the program's end", [this] { ExitingSignal.Emit(); });
+    Guarded("Telling of the program's end", [this] { ExitingSignal.Emit(); });
     OpenWindows::_this->Clear();
     int result = 0;
     {
         const OptionsFile::PauseAutoWrite pause(Options());
-        shell::Guard("Cleaning up", [this] { Cleanup(); });
+        Guarded("Cleaning up", [this] { Cleanup(); });
         result = wxAppBase::OnExit();
     }
     Options().WriteOut();

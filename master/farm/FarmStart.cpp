@@ -76,14 +76,14 @@ bool Farm::Launch(JobRecord& job)
     }
     const Path folder = FolderOf(job);
     File::MakeFolder(folder);
-    FolderLock lock; // Given back here; the run's processes keep it.
-    if (!lock.Take(folder))
+    const Descriptor lock = LockFolder(folder); // Given back here; the run's processes keep it.
+    if (!lock.IsOpen())
     {
         HoldUp(job, folder);
         return false;
     }
     ChildSpec childSpec = MakeSpec(job, *type, folder);
-    childSpec.kept = lock.Descriptor();
+    childSpec.kept = lock.Get();
     const Path logFile = JobLog::MakeRoom(folder);
     const auto runner = std::make_shared<JobRunner>(
         m_Context, JobRunner::Events{[this, &job](std::string_view line) { OnOutput(job, line); },
@@ -106,7 +106,7 @@ void Farm::HoldUp(JobRecord& job, const Path& folder)
     if (job.Get(p_Error).empty()) // The first time: it is not looked for and told again.
     {
         String processes;
-        for (const int id : FolderLock::HoldersOf(folder))
+        for (const int id : HoldersOf(folder))
         {
             processes += (processes.empty() ? "" : ", ") + String::FromInt(id);
         }

@@ -94,27 +94,16 @@ ChildProcess::~ChildProcess()
         SignalGroup(SIGKILL);
         waitpid(m_Id, nullptr, 0);
     }
-    CloseLife();
-}
-
-void ChildProcess::CloseLife()
-{
-    if (m_Life >= 0)
-    {
-        close(m_Life);
-        m_Life = -1;
-    }
 }
 
 String ChildProcess::Start(const ChildSpec& childSpec)
 {
     std::error_code error;
-    int             life[2];
-    if (pipe2(life, O_CLOEXEC) != 0)
+    Descriptor      life;
+    if (!Descriptor::MakePipe(life, m_Life))
     {
         return childSpec.program.Text() + " cannot be started: " + std::strerror(errno);
     }
-    m_Life = life[1];
     try
     {
         process::pipe  pipe;
@@ -122,7 +111,8 @@ String ChildProcess::Start(const ChildSpec& childSpec)
             process::exe = childSpec.program.Text(), process::args = PlainStrings(childSpec.words),
             process::start_dir = std::string(childSpec.folder.Text()),
             (process::std_in < process::null), ((process::std_out & process::std_err) > pipe),
-            process::extend::on_exec_setup = [&](auto&) { PrepareChild(life[0], childSpec.kept); },
+            process::extend::on_exec_setup = [&](auto&)
+            { PrepareChild(life.Get(), childSpec.kept); },
             process::extend::on_error = [](auto& executor, const auto&)
             { CollectFailed(executor); },
             error);
@@ -132,16 +122,15 @@ String ChildProcess::Start(const ChildSpec& childSpec)
             child.detach(); // it is collected below, and nothing must kill it before
             // Both sides set the group: whichever comes first, it is there before any signal.
             setpgid(m_Id, m_Id);
-            m_Output = pipe.native_source();
+            m_Output = Descriptor(pipe.native_source());
             pipe.assign_source(-1);
-            fcntl(m_Output, F_SETFL, O_NONBLOCK);
+            fcntl(m_Output.Get(), F_SETFL, O_NONBLOCK);
         }
     }
     catch (const std::system_error& failure) // no pipe to be had
     {
         error = failure.code();
     }
-    close(life[0]);
     return error ? childSpec.program.Text() + " cannot be started: " + error.message() : String();
 }
 
@@ -165,7 +154,7 @@ bool ChildProcess::Collect(ChildExit& exit)
     SignalGroup(SIGKILL);
     waitpid(m_Id, nullptr, 0);
     m_Id = 0;
-    CloseLife();
+    m_Life.Close();
     exit.isSignal = info.si_code != CLD_EXITED;
     exit.code = info.si_status;
     return true;

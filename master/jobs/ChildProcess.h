@@ -1,8 +1,10 @@
 #pragma once
 
+#include "vesta/Descriptor.h"
 #include "vesta/Path.h"
 #include "vesta/String.h"
 
+#include <utility>
 #include <vector>
 
 #include <sys/types.h>
@@ -42,10 +44,10 @@ public:
 
     /// Starts it. Returns an empty text, or why it cannot be started.
     String Start(const ChildSpec& childSpec);
-    /// The reading end of its output, non-blocking; the caller closes it. -1 before the start.
-    int   OutputDescriptor() const { return m_Output; }
-    pid_t Id() const { return m_Id; }
-    bool  IsAlive() const { return m_Id > 0; }
+    /// Hands over the reading end of its output, which does not block.
+    Descriptor TakeOutput() { return std::move(m_Output); }
+    pid_t      Id() const { return m_Id; }
+    bool       IsAlive() const { return m_Id > 0; }
 
     /// Sends a signal to the whole group; nothing when it has ended.
     void SignalGroup(int signal) const;
@@ -54,10 +56,8 @@ public:
     bool Collect(ChildExit& exit);
 
 private:
-    void CloseLife();
-
-    pid_t m_Id = 0;
-    int   m_Output = -1;
-    int   m_Life = -1; ///< The writing end of a pipe that nobody writes to: see `PrepareChild`.
+    pid_t      m_Id = 0;
+    Descriptor m_Output;
+    Descriptor m_Life; ///< The writing end of a pipe that nobody writes to: see `PrepareChild`.
 };
 } // namespace master

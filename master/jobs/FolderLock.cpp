@@ -3,12 +3,8 @@
 #include "vesta/Exception.h"
 #include "vesta/File.h"
 
-#include <cerrno>
-
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace master
 {
@@ -31,36 +27,22 @@ bool IsOpenAs(const Path& descriptor, const struct stat& file)
 
 } // namespace
 
-FolderLock::~FolderLock()
+Descriptor LockFolder(const Path& folder)
 {
-    if (m_Descriptor >= 0)
+    const Path path = FileIn(folder);
+    Descriptor file = Descriptor::Open(path.Text(), O_RDWR | O_CREAT | O_NOFOLLOW, kPrivateFile);
+    if (!file.IsOpen())
     {
-        close(m_Descriptor);
+        Exception::ThrowErrno("FolderLock", "LockFolder", "Cannot use \"" + path.Text() + "\"");
     }
+    if (!file.LockUnlessTaken())
+    {
+        file.Close();
+    }
+    return file;
 }
 
-bool FolderLock::Take(const Path& folder)
-{
-    const Path file = FileIn(folder);
-    const int  descriptor =
-        open(file.Text().c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, kPrivateFile);
-    // A file system without locks is no reason not to run anything.
-    const bool isFree =
-        descriptor >= 0 && (flock(descriptor, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK);
-    if (isFree)
-    {
-        m_Descriptor = descriptor;
-        return true;
-    }
-    if (descriptor < 0)
-    {
-        Exception::ThrowErrno("FolderLock", "Take", "Cannot use \"" + file.Text() + "\"");
-    }
-    close(descriptor);
-    return false;
-}
-
-std::vector<int> FolderLock::HoldersOf(const Path& folder)
+std::vector<int> HoldersOf(const Path& folder)
 {
     std::vector<int> holders;
     struct stat      file = {};

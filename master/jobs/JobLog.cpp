@@ -5,7 +5,6 @@
 #include <cstring>
 
 #include <fcntl.h>
-#include <unistd.h>
 
 namespace master
 {
@@ -21,11 +20,6 @@ Path LogName(const Path& folder, int age)
 
 } // namespace
 
-JobLog::~JobLog()
-{
-    Close();
-}
-
 Path JobLog::MakeRoom(const Path& folder)
 {
     for (int age = k_Earlier; age > 0; --age)
@@ -38,38 +32,17 @@ Path JobLog::MakeRoom(const Path& folder)
 
 String JobLog::Open(const Path& file)
 {
-    Close();
-    m_Descriptor = open(file.Text().c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, kPrivate);
-    return m_Descriptor >= 0 ? String()
-                             : "Cannot write " + file.Text() + ": " + std::strerror(errno);
+    m_File = Descriptor::Open(file.Text(), O_WRONLY | O_CREAT | O_TRUNC, kPrivate);
+    return m_File.IsOpen() ? String() : "Cannot write " + file.Text() + ": " + std::strerror(errno);
 }
 
 size_t JobLog::Write(std::string_view bytes, String& why)
 {
-    size_t done = 0;
-    while (done < bytes.size())
+    const size_t done = m_File.Write(bytes.data(), bytes.size());
+    if (done < bytes.size())
     {
-        const ssize_t count = write(m_Descriptor, bytes.data() + done, bytes.size() - done);
-        if (count < 0 && errno == EINTR)
-        {
-            continue;
-        }
-        if (count <= 0)
-        {
-            why = std::strerror(errno);
-            break;
-        }
-        done += static_cast<size_t>(count);
+        why = std::strerror(errno);
     }
     return done;
-}
-
-void JobLog::Close()
-{
-    if (m_Descriptor >= 0)
-    {
-        close(m_Descriptor);
-        m_Descriptor = -1;
-    }
 }
 } // namespace master

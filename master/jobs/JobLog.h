@@ -1,5 +1,6 @@
 #pragma once
 
+#include "vesta/Descriptor.h"
 #include "vesta/Path.h"
 #include "vesta/String.h"
 
@@ -13,11 +14,6 @@ class JobLog
 public:
     static constexpr int k_Earlier = 4; ///< Logs of earlier runs that are kept: "output.1.log" ...
 
-    JobLog() = default;
-    ~JobLog();
-    JobLog(const JobLog&) = delete;
-    JobLog& operator=(const JobLog&) = delete;
-
     /// Moves the logs of earlier runs in the folder one number on; the name of the new one.
     static Path MakeRoom(const Path& folder);
 
@@ -26,9 +22,9 @@ public:
     /// Appends the bytes. Returns how many it took: fewer than there are when the disk is full or
     /// fails, and then `why` says so.
     size_t Write(std::string_view bytes, String& why);
-    void   Close();
+    void   Close() { m_File.Close(); }
 
 private:
-    int m_Descriptor = -1;
+    Descriptor m_File;
 };
 } // namespace master

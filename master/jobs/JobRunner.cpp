@@ -4,8 +4,6 @@
 
 #include <csignal>
 
-#include <unistd.h>
-
 namespace master
 {
 namespace
@@ -39,13 +37,14 @@ String JobRunner::Start(const ChildSpec& childSpec, const Path& logFile)
     {
         return failure;
     }
-    Error error;
-    m_Output.assign(m_Child.OutputDescriptor(), error);
+    Descriptor output = m_Child.TakeOutput();
+    Error      error;
+    m_Output.assign(output.Get(), error);
     if (error)
     {
-        close(m_Child.OutputDescriptor());
         return "Its output cannot be read: " + error.message();
     }
+    output.Release();
     Read();
     return String();
 }

@@ -19,8 +19,8 @@ constexpr size_t kMostName = 100; // bytes of a client's name that are worth log
 
 } // namespace
 
-ClientSession::ClientSession(boost::asio::io_context& context, wire::SocketHandle socket,
-                             Host& host, SendQueue queue)
+ClientSession::ClientSession(boost::asio::io_context& context, Descriptor socket, Host& host,
+                             SendQueue queue)
     : m_Stream(std::make_shared<wire::FrameStream>(context, std::move(socket), kStallTime)),
       m_HelloTimer(context),
       m_Host(host),

@@ -29,8 +29,7 @@ public:
     };
 
     /// `host` must outlive the session.
-    ClientSession(boost::asio::io_context& context, wire::SocketHandle socket, Host& host,
-                  SendQueue queue);
+    ClientSession(boost::asio::io_context& context, Descriptor socket, Host& host, SendQueue queue);
 
     void Start();
     void Close(); ///< No call of the host follows.

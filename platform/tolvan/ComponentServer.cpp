@@ -3,7 +3,9 @@
 #include "tolvan/Components.h"
 #include "tolvan/Message.h"
 #include "tolvan/SocketFolder.h"
-#include "tolvan/threads/Guarded.h"
+#include "vesta/Exception.h"
+#include "vesta/Guarded.h"
+#include "vesta/Log.h"
 #include "vesta/Platform.h"
 #include "wire/FrameStream.h"
 #include "wire/Framing.h"
@@ -65,7 +67,7 @@ struct ComponentServer::State
     /// One connection, in either direction.
     struct Conversation : std::enable_shared_from_this<Conversation>
     {
-        Conversation(State& owner, wire::SocketHandle socket, const String& with)
+        Conversation(State& owner, Descriptor socket, const String& with)
             : state(owner),
               partner(with),
               deadline(owner.context),
@@ -90,11 +92,11 @@ struct ComponentServer::State
     void Listen();
     void Accept();
     void TakeConnections();
-    void Serve(wire::SocketHandle socket);
+    void Serve(Descriptor socket);
     void Answer(Conversation& with, const String& content);
     bool SendTo(const Path& to, const String& component, const String& request,
                 const String& frame);
-    void AwaitAnswer(wire::SocketHandle socket, const String& component, const String& request,
+    void AwaitAnswer(Descriptor socket, const String& component, const String& request,
                      const String& rest);
     void CloseAll();
 
@@ -192,7 +194,7 @@ void ComponentServer::State::Accept()
 
 void ComponentServer::State::TakeConnections()
 {
-    wire::SocketHandle socket = wire::LocalSocket::Accept(listener.native_handle());
+    Descriptor socket = wire::LocalSocket::Accept(listener.native_handle());
     for (; socket.IsOpen(); socket = wire::LocalSocket::Accept(listener.native_handle()))
     {
         Serve(std::move(socket));
@@ -215,7 +217,7 @@ void ComponentServer::State::TakeConnections()
         });
 }
 
-void ComponentServer::State::Serve(wire::SocketHandle socket)
+void ComponentServer::State::Serve(Descriptor socket)
 {
     const wire::LocalSocket::Peer peer = wire::LocalSocket::PeerOf(socket.Get());
     if (!peer.isOurs)
@@ -244,8 +246,8 @@ void ComponentServer::State::Answer(Conversation& with, const String& content)
 {
     const String request = DecodeAs(content, kRequest)->Get(kName);
     bool         done = false;
-    tolvan::Guarded("The request \"" + request + "\" from " + with.partner,
-                    [&] { done = handler && handler(request); });
+    Guarded("The request \"" + request + "\" from " + with.partner,
+            [&] { done = handler && handler(request); });
     LogDebug("Answered the request \"" + request + "\" of " + with.partner + ": " +
              String::FromBool(done));
     with.stream->Send(AnswerFrame(done));
@@ -256,7 +258,7 @@ void ComponentServer::State::Answer(Conversation& with, const String& content)
 bool ComponentServer::State::SendTo(const Path& program, const String& to, const String& request,
                                     const String& frame)
 {
-    wire::SocketHandle socket = wire::LocalSocket::Connect(program);
+    Descriptor socket = wire::LocalSocket::Connect(program);
     if (!socket.IsOpen())
     {
         LogInfo("The request \"" + request + "\" did not reach " + program.Text() + ": " +
@@ -276,14 +278,14 @@ bool ComponentServer::State::SendTo(const Path& program, const String& to, const
         return false;
     }
     const size_t written = sent < 0 ? 0 : static_cast<size_t>(sent);
-    asio::post(context, [this, socket = std::make_shared<wire::SocketHandle>(std::move(socket)), to,
+    asio::post(context, [this, socket = std::make_shared<Descriptor>(std::move(socket)), to,
                          request, rest = String(frame.substr(written))]
                { AwaitAnswer(std::move(*socket), to, request, rest); });
     return true;
 }
 
-void ComponentServer::State::AwaitAnswer(wire::SocketHandle socket, const String& to,
-                                         const String& request, const String& rest)
+void ComponentServer::State::AwaitAnswer(Descriptor socket, const String& to, const String& request,
+                                         const String& rest)
 {
     const int  processId = wire::LocalSocket::PeerOf(socket.Get()).processId;
     const auto conversation = std::make_shared<Conversation>(
@@ -336,16 +338,16 @@ bool ComponentServer::IsListening() const
 bool ComponentServer::Send(const String& component, const String& request)
 {
     bool taken = false;
-    tolvan::Guarded("Sending the request \"" + request + "\" to " + component,
-                    [&]
-                    {
-                        const String frame = RequestFrame(request);
-                        for (const Path& path : SocketFolder::Find(component))
-                        {
-                            taken = (path.Text() != m_State->path.Text() &&
-                                     m_State->SendTo(path, component, request, frame)) ||
-                                    taken;
-                        }
-                    });
+    Guarded("Sending the request \"" + request + "\" to " + component,
+            [&]
+            {
+                const String frame = RequestFrame(request);
+                for (const Path& path : SocketFolder::Find(component))
+                {
+                    taken = (path.Text() != m_State->path.Text() &&
+                             m_State->SendTo(path, component, request, frame)) ||
+                            taken;
+                }
+            });
     return taken;
 }

@@ -2,7 +2,8 @@
 
 #include "tolvan/MessageQueue.h"
 #include "tolvan/SocketFolder.h"
-#include "tolvan/threads/Guarded.h"
+#include "vesta/Exception.h"
+#include "vesta/Guarded.h"
 #include "vesta/Platform.h"
 #include "wire/FrameStream.h"
 #include "wire/Framing.h"
@@ -46,7 +47,7 @@ struct Messenger::State
     void TryConnect();
     void ConnectLater();
     void ReportFailure(const String& why);
-    void Open(wire::SocketHandle socket);
+    void Open(Descriptor socket);
     void OnFrame(const String& content);
     void OnWritten(size_t count);
     void OnClosed(const String& why);
@@ -93,8 +94,8 @@ void Messenger::State::Connect()
 
 void Messenger::State::TryConnect()
 {
-    const Path         path = SocketFolder::ForMaster();
-    wire::SocketHandle socket = wire::LocalSocket::Connect(path);
+    const Path path = SocketFolder::ForMaster();
+    Descriptor socket = wire::LocalSocket::Connect(path);
     if (!socket.IsOpen())
     {
         Exception::Throw("Messenger", "TryConnect", ec_Refused,
@@ -134,7 +135,7 @@ void Messenger::State::ReportFailure(const String& why)
     }
 }
 
-void Messenger::State::Open(wire::SocketHandle socket)
+void Messenger::State::Open(Descriptor socket)
 {
     const String hello = wire::Framing::Wrap(Message(msg_Hello)
                                                  .Set("component", component)
@@ -232,7 +233,7 @@ void Messenger::State::Raise(const char* what, const std::function<void()>& rais
     const std::lock_guard<std::mutex> lock(raising);
     if (!isStopping)
     {
-        tolvan::Guarded(what, raise);
+        Guarded(what, raise);
     }
 }
 
@@ -327,8 +328,8 @@ bool Messenger::Send(const Message& message)
 {
     State& state = *m_State;
     String frame;
-    if (!state.isConnected || !tolvan::Guarded("Sending a message to the master", [&]
-                                               { frame = wire::Framing::Wrap(message.Encode()); }))
+    if (!state.isConnected || !Guarded("Sending a message to the master",
+                                       [&] { frame = wire::Framing::Wrap(message.Encode()); }))
     {
         return false;
     }

@@ -35,8 +35,7 @@ void MakePrivate(const Path& folder)
     {
         Refuse(folder, String("it cannot be created, ") + strerror(errno));
     }
-    const wire::SocketHandle opened(
-        open(folder.Text().c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    const Descriptor opened = Descriptor::Open(folder.Text(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
     if (!opened.IsOpen())
     {
         const bool isOther = errno == ENOTDIR || errno == ELOOP;

@@ -3,10 +3,10 @@
 #include "tolvan/ComponentServer.h"
 #include "tolvan/Messenger.h"
 #include "tolvan/SocketFolder.h"
-#include "tolvan/threads/Guarded.h"
 #include "vesta/CallEntry.h"
 #include "vesta/EndSignals.h"
 #include "vesta/File.h"
+#include "vesta/Guarded.h"
 #include "vesta/LibStatic.h"
 #include "vesta/Path.h"
 #include "vesta/Platform.h"
@@ -117,7 +117,7 @@ bool TolvanClientApp::Startup(CommandLine& commandLine)
     m_CommandLine = commandLine;
     Log::s_GlobalLog->SetLevels(m_FileLevel,
                                 commandLine.Has(kVerbose) ? log_Debug : m_ConsoleLevel);
-    if (!tolvan::Guarded("Choosing the log folder", [&] { SetLogDir(commandLine); }) || !OpenLog())
+    if (!Guarded("Choosing the log folder", [&] { SetLogDir(commandLine); }) || !OpenLog())
     {
         return false;
     }
@@ -147,13 +147,13 @@ void TolvanClientApp::CatchSignals()
         [](int signal)
         {
             LogSystem(SFormat("Received signal %d (%s)", signal, strsignal(signal)));
-            tolvan::Guarded("Ending the program",
-                            [signal]
-                            {
-                                const boost::shared_ptr<ShutdownMsg> message(
-                                    new ShutdownMsg(SFormat("signal %d", signal)));
-                                ShutdownMsg::s_Signal.Emit(message);
-                            });
+            Guarded("Ending the program",
+                    [signal]
+                    {
+                        const boost::shared_ptr<ShutdownMsg> message(
+                            new ShutdownMsg(SFormat("signal %d", signal)));
+                        ShutdownMsg::s_Signal.Emit(message);
+                    });
         });
 }
 
@@ -186,7 +186,7 @@ bool TolvanClientApp::OnException(Exception* exception)
     }
     else
     {
-        LogError("An exception of an unknown type has reached the main loop");
+        LogError("An exception has reached the main loop: " + TakeCurrentException());
     }
     return true;
 }
@@ -210,13 +210,13 @@ void TolvanClientApp::SetLogDir(CommandLine& commandLine)
 bool TolvanClientApp::OpenLog()
 {
     bool isOpen = false;
-    tolvan::Guarded("Creating the log folder " + m_LogDir,
-                    [&]
-                    {
-                        File::MakeFolder(m_LogDir);
-                        isOpen = Log::s_GlobalLog->Open(
-                            (Path(m_LogDir) / (GetClientName() + ".log")).Text());
-                    });
+    Guarded("Creating the log folder " + m_LogDir,
+            [&]
+            {
+                File::MakeFolder(m_LogDir);
+                isOpen =
+                    Log::s_GlobalLog->Open((Path(m_LogDir) / (GetClientName() + ".log")).Text());
+            });
     return isOpen;
 }
 
@@ -285,8 +285,8 @@ void TolvanClientApp::Handle(const boost::shared_ptr<Message>& message)
     for (const MessageHandler& handler : m_Handlers->For(message->Type()))
     {
         bool isTaken = false;
-        tolvan::Guarded("A handler of the message \"" + message->Type() + "\"",
-                        [&] { isTaken = handler && handler(message); });
+        Guarded("A handler of the message \"" + message->Type() + "\"",
+                [&] { isTaken = handler && handler(message); });
         if (isTaken)
         {
             return;
@@ -297,7 +297,7 @@ void TolvanClientApp::Handle(const boost::shared_ptr<Message>& message)
         ReportFailedRequest(*message);
         return;
     }
-    tolvan::Guarded("OnUnhandledMessage", [&] { OnUnhandledMessage(message); });
+    Guarded("OnUnhandledMessage", [&] { OnUnhandledMessage(message); });
 }
 
 void TolvanClientApp::ReportFailedRequest(const Message& message)
@@ -305,7 +305,7 @@ void TolvanClientApp::ReportFailedRequest(const Message& message)
     const String detail = message.Get("Text2");
     const String text = message.Get("Text") + (detail.empty() ? "" : "\n") + detail;
     LogError("The master reports that a request has failed: " + text);
-    tolvan::Guarded("RequestHasFailed", [&] { RequestHasFailed(text); });
+    Guarded("RequestHasFailed", [&] { RequestHasFailed(text); });
 }
 
 bool TolvanClientApp::Send(const Message& message)

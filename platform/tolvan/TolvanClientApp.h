@@ -46,8 +46,9 @@ public:
     /// nothing. Main thread. Waits for handlers that are running: they must not wait for the main
     /// thread.
     virtual void Cleanup();
-    /// An exception reached the main loop; null when it was none of the platform. Logs it; the
-    /// result tells whether the program goes on (true here).
+    /// An exception reached the main loop; null when it was none of the platform (it is the one
+    /// that is being handled then). Logs it; the result tells whether the program goes on (true
+    /// here).
     virtual bool OnException(Exception* exception);
     /// Chooses the log folder: "--log-dir", else "logs" in the user's folder, else this user's
     /// private folder in the temporary folder.

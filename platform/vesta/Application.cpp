@@ -1,10 +1,9 @@
 #include "vesta/Application.h"
 
 #include "vesta/CallEntry.h"
-#include "vesta/Exception.h"
+#include "vesta/Guarded.h"
 #include "vesta/Log.h"
 
-#include <exception>
 #include <utility>
 
 Application* Application::the_Application = nullptr;
@@ -91,20 +90,8 @@ bool Application::HandleRequest(const String& name)
         }
         handler = found->second;
     }
-    try
-    {
-        return handler();
-    }
-    catch (Exception* e)
-    {
-        e->Log();
-        delete e;
-    }
-    catch (const std::exception& e)
-    {
-        LogError("The request \"" + name + "\" failed: " + e.what());
-    }
-    return false;
+    bool done = false;
+    return Guarded("The request \"" + name + "\"", [&] { done = handler(); }) && done;
 }
 
 bool Application::SendRequest(const String& component, const String& request)

@@ -14,14 +14,19 @@ Exception::Exception(const String& className, const String& method, int code, co
 
 Exception::~Exception() = default;
 
-void Exception::Log(LogLevel level) const
+String Exception::Describe() const
 {
     String line = m_Class + "::" + m_Method + ": " + m_Text;
     if (!m_Text2.empty())
     {
         line += " (" + m_Text2 + ")";
     }
-    GlobalLog(level, line + SFormat(" [0x%08x]", static_cast<unsigned>(m_Code)));
+    return line + SFormat(" [0x%08x]", static_cast<unsigned>(m_Code));
+}
+
+void Exception::Log(LogLevel level) const
+{
+    GlobalLog(level, Describe());
 }
 
 void Exception::Throw(const String& className, const String& method, int code, const String& text,

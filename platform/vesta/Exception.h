@@ -18,7 +18,8 @@ public:
     const String& Text() const { return m_Text; }
     const String& Text2() const { return m_Text2; } ///< Further detail; often empty.
 
-    /// Writes one line with everything above to the global log.
+    String Describe() const; ///< One line with everything above.
+    /// Writes that line to the global log.
     void Log(LogLevel level = log_Error) const;
 
     [[noreturn]] static void Throw(const String& className, const String& method, int code,

@@ -1,8 +1,8 @@
 #include "vesta/File.h"
 
 #include "vesta/CallEntry.h"
+#include "vesta/Descriptor.h"
 #include "vesta/Exception.h"
-#include "vesta/files/Descriptor.h"
 #include "vesta/files/PrivateFolder.h"
 #include "vesta/files/TemporaryFile.h"
 
@@ -41,7 +41,7 @@ String HomeFolder()
 
 /// Reads to the real end: the file may grow meanwhile, and some files report no size. False when
 /// there are more than `limit` bytes.
-bool ReadToEnd(const Path& path, const vesta::Descriptor& file, size_t limit, String& content)
+bool ReadToEnd(const Path& path, const Descriptor& file, size_t limit, String& content)
 {
     char block[65536];
     while (content.size() <= limit)
@@ -120,8 +120,8 @@ String File::Read(const Path& path, size_t limit)
     CALL_ENTRY("File::Read");
     const String& name = path.Text();
     // Without waiting: a pipe in the file's place must not block the program.
-    const vesta::Descriptor file(vesta::Descriptor::Open(name, O_RDONLY | O_NONBLOCK));
-    struct stat             status
+    const Descriptor file = Descriptor::Open(name, O_RDONLY | O_NONBLOCK);
+    struct stat      status
     {
     };
     if (!file.IsOpen() || fstat(file.Get(), &status) != 0)

@@ -2,7 +2,6 @@
 
 #include "vesta/CallEntry.h"
 #include "vesta/Log.h"
-#include "vesta/files/Descriptor.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -12,10 +11,9 @@
 #include <map>
 #include <memory>
 #include <mutex>
-#include <sys/file.h>
 #include <system_error>
 #include <thread>
-#include <unistd.h>
+#include <utility>
 
 namespace
 {
@@ -27,10 +25,10 @@ constexpr mode_t kPrivateFile = 0600;
 /// The thread that waits in the system's queue for one lock file, and those who wait for it.
 struct Waiter
 {
-    explicit Waiter(int ownDescriptor) : descriptor(ownDescriptor) {}
+    explicit Waiter(Descriptor lockFile) : file(std::move(lockFile)) {}
 
     const Clock::time_point begin = Clock::now();
-    int                     descriptor; ///< -1 once somebody has taken it over.
+    Descriptor              file;       ///< Closed once somebody has taken it over.
     int                     askers = 0; ///< Who would take the lock.
     int                     error = 0;
     bool                    done = false;
@@ -62,34 +60,12 @@ enum class Result
     kFailed        ///< The error is in `errno`.
 };
 
-void CloseIfOpen(int& descriptor)
-{
-    if (descriptor >= 0)
-    {
-        close(descriptor);
-        descriptor = -1;
-    }
-}
-
-/// Takes the lock, however long it takes; 0 or the error.
-int LockFor(int descriptor)
-{
-    while (flock(descriptor, LOCK_EX) != 0)
-    {
-        if (errno != EINTR)
-        {
-            return errno;
-        }
-    }
-    return 0;
-}
-
 /// Ends the waiter when nobody wants its lock (any more). Under the mutex.
 void Drop(Waiters& waiters, const String& name, const std::shared_ptr<Waiter>& waiter)
 {
     if (waiter->done && waiter->askers == 0)
     {
-        CloseIfOpen(waiter->descriptor);
+        waiter->file.Close();
     }
     const auto found = waiters.byName.find(name);
     if (waiter->done && found != waiters.byName.end() && found->second == waiter)
@@ -101,45 +77,37 @@ void Drop(Waiters& waiters, const String& name, const std::shared_ptr<Waiter>& w
 /// The waiter of the lock file, a new one if need be. The system's queue is first come, first
 /// served, but knows no deadline, so a thread waits there: trying again and again would starve
 /// beside a busy program. Under the mutex; throws a `std::system_error`.
-std::shared_ptr<Waiter> FindWaiter(Waiters& waiters, const String& name, int& descriptor)
+std::shared_ptr<Waiter> FindWaiter(Waiters& waiters, const String& name, Descriptor& file)
 {
-    std::shared_ptr<Waiter>& waiter = waiters.byName[name];
-    if (!waiter)
+    if (const auto found = waiters.byName.find(name); found != waiters.byName.end())
     {
-        waiter = std::make_shared<Waiter>(descriptor);
-        try
-        {
-            std::thread(
-                [&waiters, name, waiter = waiter]
-                {
-                    const int                         error = LockFor(waiter->descriptor);
-                    const std::lock_guard<std::mutex> lock(waiters.mutex);
-                    waiter->error = error;
-                    waiter->done = true;
-                    Drop(waiters, name, waiter);
-                    waiter->changed.notify_all();
-                })
-                .detach();
-        }
-        catch (...)
-        {
-            waiters.byName.erase(name);
-            throw;
-        }
-        descriptor = -1; // The waiter's from here on.
+        return found->second;
     }
+    const auto waiter = std::make_shared<Waiter>(std::move(file));
+    std::thread(
+        [&waiters, name, waiter]
+        {
+            const int                         error = waiter->file.Lock() ? 0 : errno;
+            const std::lock_guard<std::mutex> lock(waiters.mutex);
+            waiter->error = error;
+            waiter->done = true;
+            Drop(waiters, name, waiter);
+            waiter->changed.notify_all();
+        })
+        .detach();
+    waiters.byName.emplace(name, waiter);
     return waiter;
 }
 
 /// Waits for the lock until the deadline, but not longer than `timeout` from the time that anybody
-/// began to wait for it: its holder has had its time then. `descriptor` may come back as another
-/// one, the one that is locked.
-Result LockUntil(const String& name, int& descriptor, Clock::time_point deadline,
+/// began to wait for it: its holder has had its time then. `file` comes back open when it is the
+/// one that is locked.
+Result LockUntil(const String& name, Descriptor& file, Clock::time_point deadline,
                  std::chrono::milliseconds timeout)
 {
     Waiters&                      waiters = GetWaiters();
     std::unique_lock<std::mutex>  lock(waiters.mutex);
-    const std::shared_ptr<Waiter> waiter = FindWaiter(waiters, name, descriptor);
+    const std::shared_ptr<Waiter> waiter = FindWaiter(waiters, name, file);
     ++waiter->askers;
     waiter->changed.wait_until(lock, std::min(deadline, waiter->begin + timeout),
                                [&waiter] { return waiter->done; });
@@ -154,40 +122,39 @@ Result LockUntil(const String& name, int& descriptor, Clock::time_point deadline
         errno = waiter->error;
         result = Result::kFailed;
     }
-    else if (waiter->descriptor < 0)
+    else if (!waiter->file.IsOpen())
     {
         result = Result::kTaken;
     }
     else
     {
-        CloseIfOpen(descriptor);
-        std::swap(descriptor, waiter->descriptor);
+        file = std::move(waiter->file);
         result = Result::kHeld;
     }
     Drop(waiters, name, waiter);
     return result;
 }
 
-/// One try: takes the lock file if it is free, else waits for it. `descriptor` is open only when it
-/// is held.
-Result Take(const String& name, int& descriptor, Clock::time_point deadline,
+/// One try: takes the lock file if it is free, else waits for it. `file` is open only when it is
+/// held.
+Result Take(const String& name, Descriptor& file, Clock::time_point deadline,
             std::chrono::milliseconds timeout)
 {
     // The lock file stays for good: removing it would let two programs lock two different files of
     // that name. A link in its place is none of ours.
-    descriptor = vesta::Descriptor::Open(name, O_RDWR | O_CREAT | O_NOFOLLOW, kPrivateFile);
-    if (descriptor < 0)
+    file = Descriptor::Open(name, O_RDWR | O_CREAT | O_NOFOLLOW, kPrivateFile);
+    if (!file.IsOpen())
     {
         return Result::kFailed;
     }
-    if (flock(descriptor, LOCK_EX | LOCK_NB) == 0)
+    if (file.TryLock())
     {
         return Result::kHeld;
     }
     Result result = Result::kFailed;
     try
     {
-        result = errno == EWOULDBLOCK ? LockUntil(name, descriptor, deadline, timeout) : result;
+        result = errno == EWOULDBLOCK ? LockUntil(name, file, deadline, timeout) : result;
     }
     catch (const std::system_error& e) // No further thread to be had.
     {
@@ -195,9 +162,7 @@ Result Take(const String& name, int& descriptor, Clock::time_point deadline,
     }
     if (result != Result::kHeld)
     {
-        const int error = errno;
-        CloseIfOpen(descriptor);
-        errno = error;
+        file.Close();
     }
     return result;
 }
@@ -213,7 +178,7 @@ FileLock::FileLock(const Path& path, int timeoutMs)
     Result                          result = Result::kTaken;
     while (result == Result::kTaken)
     {
-        result = Take(name, m_Descriptor, deadline, timeout);
+        result = Take(name, m_File, deadline, timeout);
     }
     if (result == Result::kTooLate || result == Result::kFailed)
     {
@@ -221,13 +186,5 @@ FileLock::FileLock(const Path& path, int timeoutMs)
                                   ? String("another program holds it")
                                   : String(std::generic_category().message(errno));
         LogWarning("Going on without the lock file \"" + name + "\": " + reason);
-    }
-}
-
-FileLock::~FileLock()
-{
-    if (m_Descriptor >= 0)
-    {
-        close(m_Descriptor);
     }
 }

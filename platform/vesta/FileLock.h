@@ -1,5 +1,6 @@
 #pragma once
 
+#include "vesta/Descriptor.h"
 #include "vesta/Export.h"
 #include "vesta/Path.h"
 
@@ -11,12 +12,9 @@ class TOLVAN_API FileLock
 {
 public:
     explicit FileLock(const Path& path, int timeoutMs = 2000);
-    ~FileLock();
-    FileLock(const FileLock&) = delete;
-    FileLock& operator=(const FileLock&) = delete;
 
-    bool IsHeld() const { return m_Descriptor >= 0; }
+    bool IsHeld() const { return m_File.IsOpen(); }
 
 private:
-    int m_Descriptor = -1;
+    Descriptor m_File;
 };

@@ -1,11 +1,9 @@
 #include "vesta/LibStatic.h"
 
 #include "vesta/CallEntry.h"
-#include "vesta/Exception.h"
-#include "vesta/Log.h"
+#include "vesta/Guarded.h"
 
 #include <algorithm>
-#include <exception>
 #include <mutex>
 #include <vector>
 
@@ -60,20 +58,7 @@ void LibStatic::CleanupAll()
     CALL_ENTRY("LibStatic::CleanupAll");
     while (LibStatic* const object = TakeLast())
     {
-        const String name = object->StaticName();
-        try
-        {
-            object->OnLibCleanup();
-        }
-        catch (Exception* e)
-        {
-            LogError("Cleaning up \"" + name + "\" failed");
-            e->Log();
-            delete e;
-        }
-        catch (const std::exception& e)
-        {
-            LogError("Cleaning up \"" + name + "\" failed: " + e.what());
-        }
+        Guarded("Cleaning up \"" + object->StaticName() + "\"",
+                [object] { object->OnLibCleanup(); });
     }
 }

@@ -1,8 +1,8 @@
 #include "vesta/Log.h"
 
 #include "vesta/CallEntry.h"
+#include "vesta/Descriptor.h"
 #include "vesta/Path.h"
-#include "vesta/files/Descriptor.h"
 #include "vesta/files/PrivateFolder.h"
 #include "vesta/trace/CallTrace.h"
 
@@ -15,6 +15,7 @@
 #include <mutex>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace
 {
@@ -40,7 +41,7 @@ class _DescriptorSink final : public spdlog::sinks::base_sink<std::mutex>
 {
 public:
     /// Takes the descriptor over, unless it is the console's.
-    explicit _DescriptorSink(int descriptor) : m_File(descriptor) { set_pattern_(kPattern); }
+    explicit _DescriptorSink(Descriptor file) : m_File(std::move(file)) { set_pattern_(kPattern); }
     ~_DescriptorSink() override
     {
         if (m_File.Get() == STDERR_FILENO)
@@ -68,9 +69,9 @@ protected:
     void flush_() override { fsync(m_File.Get()); }
 
 private:
-    vesta::Descriptor m_File;
-    bool              m_Failing = false;
-    std::atomic<int>  m_NewError{0};
+    Descriptor       m_File;
+    bool             m_Failing = false;
+    std::atomic<int> m_NewError{0};
 };
 
 using SinkFunction = void (*)(void* data, LogLevel level, const String& text);
@@ -86,7 +87,8 @@ struct Log::State
     std::atomic<int>                 consoleLevel{log_Warning};
     std::atomic<bool>                hasFile{false};
     std::atomic<bool>                hasSink{false};
-    std::shared_ptr<_DescriptorSink> console = std::make_shared<_DescriptorSink>(STDERR_FILENO);
+    std::shared_ptr<_DescriptorSink> console =
+        std::make_shared<_DescriptorSink>(Descriptor(STDERR_FILENO));
 
     std::mutex                       fileMutex; ///< Guards the two that follow.
     std::shared_ptr<_DescriptorSink> file;
@@ -170,16 +172,18 @@ bool Log::Open(const String& fileName)
     const String failed = vesta::MakePrivateFolder(Path(fileName).Branch().Text());
     const String what = failed.empty() ? "Cannot write the log file \"" + fileName + "\": "
                                        : "Cannot create the folder \"" + failed + "\": ";
-    const int    descriptor =
-        failed.empty() ? vesta::Descriptor::Open(fileName, O_WRONLY | O_CREAT | O_APPEND, kMode)
-                          : -1;
-    if (descriptor < 0)
+    Descriptor   file;
+    if (failed.empty())
+    {
+        file = Descriptor::Open(fileName, O_WRONLY | O_CREAT | O_APPEND, kMode);
+    }
+    if (!file.IsOpen())
     {
         Write(log_Error, what + std::generic_category().message(errno));
         return false;
     }
     const std::lock_guard<std::mutex> lock(m_State->fileMutex);
-    m_State->file = std::make_shared<_DescriptorSink>(descriptor);
+    m_State->file = std::make_shared<_DescriptorSink>(std::move(file));
     m_State->fileName = fileName;
     m_State->hasFile = true;
     return true;

@@ -2,6 +2,7 @@
 
 #include "vesta/CallEntry.h"
 #include "vesta/Exception.h"
+#include "vesta/Guarded.h"
 #include "vesta/tasks/DelayedTask.h"
 
 #include <exception>
@@ -50,29 +51,20 @@ OptionsFile::PauseAutoWrite::~PauseAutoWrite()
 
 bool OptionsFile::WriteOut() noexcept
 {
-    try
+    bool isWritten = false;
+    Guarded("Writing the options", [&] { isWritten = TryToWrite(); });
+    return isWritten;
+}
+
+bool OptionsFile::TryToWrite()
+{
+    CALL_ENTRY("OptionsFile::WriteOut");
+    if (!IsChanged())
     {
-        CALL_ENTRY("OptionsFile::WriteOut");
-        if (!IsChanged())
-        {
-            return true;
-        }
-        if (FileName().IsEmpty())
-        {
-            return false; // Kept in memory only; whoever gave no name has told the user.
-        }
-        return Write();
+        return true;
     }
-    catch (Exception* e)
-    {
-        e->Log();
-        delete e;
-    }
-    catch (const std::exception& e)
-    {
-        LogError(String("Writing the options failed: ") + e.what());
-    }
-    return false;
+    // Without a name they are kept in memory only; whoever gave none has told the user.
+    return !FileName().IsEmpty() && Write();
 }
 
 bool OptionsFile::Write()

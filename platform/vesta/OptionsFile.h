@@ -49,6 +49,7 @@ protected:
 
 private:
     void WriteSoon(std::chrono::milliseconds time) noexcept;
+    bool TryToWrite();
     bool Write();
 
     std::atomic<int>                    m_Pauses{0};

@@ -18,7 +18,7 @@ constexpr size_t kChunkSize = 64 << 10; // bytes read at once
 
 } // namespace
 
-FrameStream::FrameStream(asio::io_context& context, SocketHandle socket,
+FrameStream::FrameStream(asio::io_context& context, Descriptor socket,
                          std::chrono::milliseconds stallTime)
     : m_Socket(context, asio::local::stream_protocol(), socket.Release()),
       m_StallTimer(context),

@@ -30,7 +30,7 @@ public:
         std::function<void(size_t count)>      written; ///< After every frame; may be empty.
     };
 
-    FrameStream(boost::asio::io_context& context, SocketHandle socket,
+    FrameStream(boost::asio::io_context& context, Descriptor socket,
                 std::chrono::milliseconds stallTime);
 
     void Start(Events events);

@@ -28,8 +28,7 @@ public:
         String name = path.Text();
         if (name.size() >= sizeof m_Address.sun_path)
         {
-            m_Folder =
-                SocketHandle(open(path.Branch().Text().c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+            m_Folder = Descriptor::Open(path.Branch().Text(), O_PATH | O_DIRECTORY);
             name = SFormat("/proc/self/fd/%d/%s", m_Folder.Get(), path.Leaf().c_str());
         }
         m_Fits = name.size() < sizeof m_Address.sun_path;
@@ -45,27 +44,19 @@ public:
     socklen_t       Size() const { return sizeof m_Address; }
 
 private:
-    sockaddr_un  m_Address = {};
-    SocketHandle m_Folder;
-    bool         m_Fits = false;
+    sockaddr_un m_Address = {};
+    Descriptor  m_Folder;
+    bool        m_Fits = false;
 };
 
-SocketHandle NewSocket()
+Descriptor NewSocket()
 {
-    return SocketHandle(socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
+    return Descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
 }
 
 } // namespace
 
-SocketHandle::~SocketHandle()
-{
-    if (m_Number >= 0)
-    {
-        close(m_Number);
-    }
-}
-
-SocketHandle LocalSocket::Listen(const Path& path)
+Descriptor LocalSocket::Listen(const Path& path)
 {
     const Path    unfinished(SFormat("%s.%d.new", path.Text().c_str(), getpid()));
     const Address address(unfinished);
@@ -74,7 +65,7 @@ SocketHandle LocalSocket::Listen(const Path& path)
         Exception::Throw("LocalSocket", "Listen", ec_System,
                          "The name of the socket is too long: " + path.Text());
     }
-    SocketHandle listener = NewSocket();
+    Descriptor listener = NewSocket();
     unlink(unfinished.Text().c_str());
     if (!listener.IsOpen() || bind(listener.Get(), address.Get(), address.Size()) != 0 ||
         listen(listener.Get(), kBacklog) != 0 ||
@@ -89,27 +80,25 @@ SocketHandle LocalSocket::Listen(const Path& path)
     return listener;
 }
 
-SocketHandle LocalSocket::Connect(const Path& path)
+Descriptor LocalSocket::Connect(const Path& path)
 {
     const Address address(path);
     if (!address.Fits())
     {
         errno = ENAMETOOLONG;
-        return SocketHandle();
+        return Descriptor();
     }
-    SocketHandle socket = NewSocket();
+    Descriptor socket = NewSocket();
     if (socket.IsOpen() && connect(socket.Get(), address.Get(), address.Size()) != 0)
     {
-        const int error = errno;
-        socket = SocketHandle();
-        errno = error;
+        socket.Close();
     }
     return socket;
 }
 
-SocketHandle LocalSocket::Accept(int listener)
+Descriptor LocalSocket::Accept(int listener)
 {
-    return SocketHandle(accept4(listener, nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
+    return Descriptor(accept4(listener, nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
 }
 
 LocalSocket::Peer LocalSocket::PeerOf(int descriptor)

@@ -117,7 +117,7 @@ void OutputTarget::CreateIfMissing(const Path& path)
     {
         return;
     }
-    const Descriptor file(Descriptor::Open(m_Name, O_WRONLY | O_CREAT | O_EXCL, kMode));
+    const Descriptor file = Descriptor::Open(m_Name, O_WRONLY | O_CREAT | O_EXCL, kMode);
     struct stat      status = {};
     if (file.IsOpen() && fstat(file.Get(), &status) == 0)
     {
@@ -139,7 +139,7 @@ bool OutputTarget::MayReplace(const struct stat& status, const Path& path) const
 
 void OutputTarget::OpenInPlace(const Path& path)
 {
-    m_InPlace.Reset(Descriptor::Open(path.Text(), O_WRONLY | O_CREAT | O_TRUNC, kMode));
+    m_InPlace = Descriptor::Open(path.Text(), O_WRONLY | O_CREAT | O_TRUNC, kMode);
 }
 
 bool OutputTarget::Commit()

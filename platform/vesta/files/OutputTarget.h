@@ -1,7 +1,7 @@
 #pragma once
 
+#include "vesta/Descriptor.h"
 #include "vesta/Path.h"
-#include "vesta/files/Descriptor.h"
 #include "vesta/files/TemporaryFile.h"
 
 #include <memory>

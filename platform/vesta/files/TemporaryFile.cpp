@@ -4,13 +4,11 @@
 
 #include <algorithm>
 #include <cctype>
-#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <string_view>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -50,9 +48,8 @@ void RemoveForgotten(const Path& folder)
         {
             continue;
         }
-        const Descriptor opened(Descriptor::Open(file.native(), O_RDWR | O_NOFOLLOW | O_NONBLOCK));
-        if (opened.IsOpen() && flock(opened.Get(), LOCK_EX | LOCK_NB) == 0 &&
-            unlink(file.c_str()) == 0)
+        const Descriptor opened = Descriptor::Open(file.native(), O_RDWR | O_NOFOLLOW | O_NONBLOCK);
+        if (opened.IsOpen() && opened.TryLock() && unlink(file.c_str()) == 0)
         {
             LogDebug("Removed \"" + file.native() + "\", which a program that was killed has left");
         }
@@ -74,7 +71,7 @@ bool MayWrite(const String& name)
 
 void SyncFolder(const Path& folder)
 {
-    const Descriptor descriptor(Descriptor::Open(folder.Text(), O_RDONLY | O_DIRECTORY));
+    const Descriptor descriptor = Descriptor::Open(folder.Text(), O_RDONLY | O_DIRECTORY);
     if (descriptor.IsOpen())
     {
         fsync(descriptor.Get());
@@ -103,12 +100,11 @@ TemporaryFile::~TemporaryFile()
 bool TemporaryFile::Create(const Path& folder)
 {
     m_Name = (folder / String(std::string(kPrefix).append(kPattern))).Text();
-    m_File.Reset(mkostemp(&m_Name[0], O_CLOEXEC));
+    m_File = Descriptor(mkostemp(&m_Name[0], O_CLOEXEC));
     struct stat status = {};
     // Where the file system knows no locks nobody removes it either.
-    return m_File.IsOpen() &&
-           (flock(m_File.Get(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) &&
-           fstat(m_File.Get(), &status) == 0 && status.st_nlink > 0;
+    return m_File.IsOpen() && m_File.LockUnlessTaken() && fstat(m_File.Get(), &status) == 0 &&
+           status.st_nlink > 0;
 }
 
 bool TemporaryFile::Fill(const String& content)

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "vesta/Descriptor.h"
 #include "vesta/Path.h"
 #include "vesta/String.h"
-#include "vesta/files/Descriptor.h"
 
 namespace vesta
 {

@@ -23,7 +23,7 @@ protected:
         EXPECT_EQ(socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends), 0);
         fcntl(ends[0], F_SETFL, O_NONBLOCK);
         m_Stream =
-            std::make_shared<wire::FrameStream>(m_Context, wire::SocketHandle(ends[0]), kStall);
+            std::make_shared<wire::FrameStream>(m_Context, Descriptor(ends[0]), kStall);
         m_Peer = TestPeer(ends[1]);
         wire::FrameStream::Events events;
         events.frame = [this](const String& content) { m_Frames.push_back(content); };
