@@ -1,15 +1,14 @@
 #include "vesta/ThreadPool.h"
 
 #include "vesta/CallEntry.h"
-#include "vesta/Exception.h"
+#include "vesta/Guarded.h"
 #include "vesta/Log.h"
 
 #include <boost/asio/post.hpp>
+#include <boost/asio/strand.hpp>
 #include <boost/asio/thread_pool.hpp>
 
 #include <algorithm>
-#include <deque>
-#include <exception>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -19,15 +18,15 @@ namespace
 {
 
 using Pool = boost::asio::thread_pool;
-using Queue = std::deque<ThreadPool::Task>;
+using Strand = boost::asio::strand<Pool::executor_type>;
 
 struct State
 {
-    std::mutex                   startStop; ///< Held while the pool is started or stopped.
-    std::mutex                   mutex;     ///< Guards what follows.
-    std::unique_ptr<Pool>        pool;
-    bool                         ready = false;
-    std::map<const void*, Queue> ordered; ///< Tasks behind the one that runs, by key.
+    std::mutex                    startStop; ///< Held while the pool is started or stopped.
+    std::mutex                    mutex;     ///< Guards what follows.
+    std::unique_ptr<Pool>         pool;
+    std::map<const void*, Strand> strands; ///< Of the pool, by key.
+    bool                          ready = false;
 };
 
 /// Set on the pool's threads while they run a task.
@@ -43,52 +42,8 @@ State& GetState()
 void Run(const ThreadPool::Task& task)
 {
     t_IsWorker = true;
-    try
-    {
-        task();
-    }
-    catch (Exception* e)
-    {
-        e->Log();
-        delete e;
-    }
-    catch (const std::exception& e)
-    {
-        LogError(String("A task of the thread pool failed: ") + e.what());
-    }
-    catch (...)
-    {
-        LogError("A task of the thread pool failed with an unknown exception");
-    }
+    Guarded("A task of the thread pool", task);
     t_IsWorker = false;
-}
-
-void RunOrdered(Pool& pool, const void* key, ThreadPool::Task& task);
-
-void PostOrdered(Pool& pool, const void* key, ThreadPool::Task task)
-{
-    boost::asio::post(pool, [&pool, key, task = std::move(task)]() mutable
-                      { RunOrdered(pool, key, task); });
-}
-
-/// Runs one task of a key and posts the next, so that one key does not keep a worker for itself.
-/// The pool lives: it waits for this task.
-void RunOrdered(Pool& pool, const void* key, ThreadPool::Task& task)
-{
-    Run(task);
-    task = nullptr; // What it holds may be large, or count on being gone before the next one runs.
-
-    State&                            state = GetState();
-    const std::lock_guard<std::mutex> lock(state.mutex);
-    const auto                        found = state.ordered.find(key);
-    if (found->second.empty())
-    {
-        state.ordered.erase(found);
-        return;
-    }
-    ThreadPool::Task next = std::move(found->second.front());
-    found->second.pop_front();
-    PostOrdered(pool, key, std::move(next));
 }
 
 } // namespace
@@ -123,6 +78,7 @@ void ThreadPool::Stop()
     if (state.pool)
     {
         state.pool->join();
+        state.strands.clear();
         state.pool.reset();
     }
 }
@@ -156,12 +112,7 @@ bool ThreadPool::PostInOrder(const void* key, Task task)
     {
         return false;
     }
-    const auto place = state.ordered.emplace(key, Queue());
-    if (!place.second)
-    {
-        place.first->second.push_back(std::move(task));
-        return true;
-    }
-    PostOrdered(*state.pool, key, std::move(task));
+    const auto found = state.strands.try_emplace(key, state.pool->get_executor()).first;
+    boost::asio::post(found->second, [task = std::move(task)] { Run(task); });
     return true;
 }

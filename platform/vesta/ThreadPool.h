@@ -19,6 +19,7 @@ public:
     /// Runs the task on a worker; false (and the task is dropped) when the pool is not ready. An
     /// exception that leaves the task is logged and ends only the task.
     static bool Post(Task task);
-    /// The same, but tasks posted with one key run one after another in the order of posting.
+    /// The same, but tasks posted with one key run one after another in the order of posting. A
+    /// key is remembered until the end of the pool.
     static bool PostInOrder(const void* key, Task task);
 };
