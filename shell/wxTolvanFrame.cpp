@@ -169,7 +169,8 @@ void wxTolvanFrame::SaveWindowPosition() const
     }
     options.SetValue(kSection, kMinimizedKey, String::FromBool(IsIconized()));
     options.SetValue(kSection, kMaximizedKey, String::FromBool(m_WasMaximized));
-    options.SetValue(kSection, kFullScreenKey, String::FromBool(m_WasFullScreen));
+    // A maximised window may become as large as the screen without an event that tells of it.
+    options.SetValue(kSection, kFullScreenKey, String::FromBool(IsFullScreen()));
 }
 
 void wxTolvanFrame::OnMove(wxMoveEvent& event)

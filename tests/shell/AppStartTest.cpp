@@ -4,7 +4,6 @@
 #include "tests/support/TestApp.h"
 
 #include "appearance/wxTolvanString.h"
-#include "appearance/wxtRenderer.h"
 #include "vesta/Platform.h"
 
 #include <wx/log.h>
@@ -112,17 +111,6 @@ TEST_F(AppStartTest, WhatIsThrownIsAFailureToo)
     }
 }
 
-TEST_F(AppStartTest, FailureMayBeSilent)
-{
-    App().m_Startup = [] { return false; };
-    App().m_ShowStartupError = false;
-    const DialogCatcher catcher;
-    EXPECT_FALSE(Start());
-    App().m_ShowStartupError = true;
-    EXPECT_EQ(0, catcher.count);
-    EXPECT_EQ(1, m_Cleanups);
-}
-
 TEST_F(AppStartTest, OptionsChangedDuringTheStartAreWrittenOnce)
 {
     App().m_Startup = []
@@ -158,11 +146,6 @@ TEST_F(AppStartTest, ToolkitLogsIntoTheProductLog)
         wxLog::OnLog(row.level, wxtToWx(text), wxLogRecordInfo(__FILE__, __LINE__, "", ""));
         EXPECT_TRUE(log.Has("wxWidgets 3.1.2: " + text, row.expected)) << log.All();
     }
-}
-
-TEST(AppTraits, InstallTheThemedRenderer)
-{
-    EXPECT_NE(nullptr, dynamic_cast<wxtRenderer*>(&wxRendererNative::Get()));
 }
 
 TEST_F(AppStartTest, ActivationsAndTheCentringKey)

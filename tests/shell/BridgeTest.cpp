@@ -58,13 +58,8 @@ public:
     {
         EXPECT_TRUE(wxIsMainThread());
         heard += connected ? "+" : "-";
-        if (destroysItself)
-        {
-            Destroy();
-        }
     }
     std::string heard;
-    bool        destroysItself = false;
 };
 } // namespace
 
@@ -87,17 +82,6 @@ TEST_F(BridgeTest, ConnectionChangesReachWindowsAndDialogs)
     EXPECT_EQ(0, event->GetId());
     EXPECT_TRUE(log.Has("... Messenger Connected: translating to wxTOLVAN_CONNECT_EVENT"));
     EXPECT_TRUE(log.Has("... Messenger Disconnected: translating to wxTOLVAN_DISCONNECT_EVENT"));
-}
-
-TEST_F(BridgeTest, DialogsMayGoWhileTheyAreTold)
-{
-    for (int i = 0; i < 3; ++i)
-    {
-        (new Listener(Frame()))->destroysItself = true;
-    }
-    wxTolvanDlg::NotifyConnected(true);
-    EXPECT_TRUE(WaitFor([] { return wxTolvanDlg::s_Dialogs.empty(); }));
-    wxTolvanDlg::NotifyConnected(false);
 }
 
 TEST_F(BridgeTest, MessagesGoToTheThreadPoolWhenItIsReady)

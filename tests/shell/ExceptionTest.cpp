@@ -99,47 +99,36 @@ public:
 };
 } // namespace
 
-TEST_F(ExceptionTest, FromAPostedEvent)
+TEST_F(ExceptionTest, ReachesOnExceptionOnceFromWhereverItComes)
 {
-    RunLoop([] { throw new CountedException; });
-    EXPECT_EQ(1, m_Count);
-    EXPECT_EQ("thrown on purpose", m_LastText);
-    EXPECT_EQ(0, s_Alive);
-    EXPECT_TRUE(m_Survived);
-}
-
-TEST_F(ExceptionTest, FromAMenuHandler)
-{
+    wxTimer timer;
+    timer.Bind(wxEVT_TIMER, [](wxTimerEvent&) { throw new CountedException; });
     Frame()->Bind(
         wxEVT_MENU, [](wxCommandEvent&) { throw new CountedException; }, wxID_NEW);
-    RunLoop(
-        [this]
-        {
-            wxCommandEvent event(wxEVT_MENU, wxID_NEW);
-            Frame()->GetEventHandler()->SafelyProcessEvent(event);
-        });
-    EXPECT_EQ(1, m_Count);
-    EXPECT_EQ(0, s_Alive);
-    EXPECT_TRUE(m_Survived);
-}
-
-TEST_F(ExceptionTest, FromATimer)
-{
-    int     shots = 0;
-    wxTimer timer;
-    timer.Bind(wxEVT_TIMER,
-               [&](wxTimerEvent&)
-               {
-                   if (++shots == 1)
-                   {
-                       throw new CountedException;
-                   }
-               });
-    timer.Start(20, wxTIMER_CONTINUOUS);
-    RunLoop([] {});
-    EXPECT_EQ(1, m_Count);
-    EXPECT_EQ(0, s_Alive);
-    EXPECT_GT(shots, 1); // the timer goes on
+    const struct
+    {
+        const char*           from;
+        std::function<void()> trigger;
+    } cases[] = {
+        {"a posted event", [] { throw new CountedException; }},
+        {"a menu handler",
+         [this]
+         {
+             wxCommandEvent event(wxEVT_MENU, wxID_NEW);
+             Frame()->GetEventHandler()->SafelyProcessEvent(event);
+         }},
+        {"a timer", [&timer] { timer.StartOnce(20); }},
+    };
+    for (const auto& one : cases)
+    {
+        m_Count = 0;
+        m_Survived = false;
+        RunLoop(one.trigger);
+        EXPECT_EQ(1, m_Count) << one.from;
+        EXPECT_EQ("thrown on purpose", m_LastText) << one.from;
+        EXPECT_EQ(0, s_Alive) << one.from;
+        EXPECT_TRUE(m_Survived) << one.from;
+    }
 }
 
 TEST_F(ExceptionTest, FromAnObjectOfTheMasterTimer)
@@ -163,14 +152,18 @@ TEST_F(ExceptionTest, FromAPaintHandler)
     EXPECT_TRUE(m_Survived);
 }
 
-TEST_F(ExceptionTest, OtherExceptionsHaveNoObject)
+TEST_F(ExceptionTest, OtherExceptionsHaveNoObjectAndOneLineInTheLog)
 {
     const LogCapture log;
     RunLoop([] { throw std::runtime_error("not the platform's"); });
-    EXPECT_TRUE(log.Has("not the platform's", log_Error)) << log.All();
     EXPECT_EQ(1, m_Count);
     EXPECT_EQ("unknown", m_LastText);
     EXPECT_TRUE(m_Survived);
+    TestApp::Get().m_OnException = [](Exception* exception) // as a program has it
+    { return TestApp::Get().TolvanClientApp::OnException(exception); };
+    RunLoop([] { throw std::runtime_error("not the platform's"); });
+    EXPECT_EQ(1, log.Count("reached the main loop: not the platform's", log_Error)) << log.All();
+    EXPECT_EQ(1, log.Count("", log_Error)) << log.All();
 }
 
 TEST_F(ExceptionTest, TheProgramEndsWhenOnExceptionSaysSo)

@@ -2,13 +2,6 @@
 
 #include <gtest/gtest.h>
 
-TEST(Geometry, ReadsWhatItWrites)
-{
-    const wxRect rect(-20, 30, 640, 480);
-    EXPECT_EQ("-20, 30, 640, 480", internal::FormatGeometry(rect));
-    EXPECT_EQ(rect, internal::ParseGeometry(internal::FormatGeometry(rect)));
-}
-
 TEST(Geometry, TakesTheFirstFourNumbersHoweverWritten)
 {
     EXPECT_EQ(wxRect(1, 2, 30, 40), internal::ParseGeometry("1,2,30,40"));

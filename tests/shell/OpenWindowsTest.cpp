@@ -114,35 +114,6 @@ TEST_F(OpenWindowsTest, CommandsActOnTheWindowsThatAreThere)
     EXPECT_EQ("(No open windows)|Main Window|Close All|", Menu());
 }
 
-TEST_F(OpenWindowsTest, TheMenuMayBelongToAMenuBarOrAnotherTopWindow)
-{
-    auto* const other = new wxFrame(nullptr, wxID_ANY, "Other top window");
-    auto* const bar = new wxMenuBar;
-    bar->Append(wxGetOpenWindowMenu(), "Window");
-    other->SetMenuBar(bar);
-    OpenWindows::_this->Clear(); // leaves what is another's
-    EXPECT_EQ(bar->GetMenu(0), wxGetOpenWindowMenu());
-    const wxWeakRef<wxFrame> listed(Open("Listed"));
-    EXPECT_TRUE(WaitFor([bar] { return bar->FindMenuItem("Window", "Listed") != wxNOT_FOUND; }));
-    listed->Close();
-    EXPECT_TRUE(WaitFor([bar] { return bar->FindMenuItem("Window", "Listed") == wxNOT_FOUND; }));
-
-    const wxWeakRef<wxFrame> gone(other);
-    other->Destroy();
-    EXPECT_TRUE(WaitFor([&gone] { return !gone; }));
-    EXPECT_EQ("(No open windows)|Main Window|Close All|", Menu());
-
-    wxFrame* const second = Shown("Second");
-    TestApp::Get().SetTopWindow(second);
-    Menu();
-    Frame()->Raise();
-    EXPECT_TRUE(WaitFor([this] { return Frame()->IsActive(); }));
-    wxCommandEvent event(wxEVT_MENU, OpenWindows::id_MainWindow);
-    second->GetEventHandler()->ProcessEvent(event);
-    EXPECT_TRUE(WaitFor([second] { return second->IsActive(); }));
-    TestApp::Get().SetTopWindow(Frame());
-}
-
 TEST_F(OpenWindowsTest, WindowsGatherOnTheMainWindowsDisplay)
 {
     Frame()->SetSize(600, 400);

@@ -62,24 +62,3 @@ TEST_F(ThreadedTimedTest, ATickMeetsWholeObjectsOnly)
     threads.Join();
     EXPECT_LE(rounds / 5, own.Ticks());
 }
-
-TEST_F(ThreadedTimedTest, ObjectsOfOtherThreadsTickOnTheMainThread)
-{
-    std::unique_ptr<Counter> counter;
-    Threads(1,
-            [&](int)
-            {
-                const wxTimed::Hold hold;
-                counter = std::make_unique<Counter>();
-            })
-        .Join();
-    EXPECT_TRUE(WaitFor([&] { return counter->Ticks() > 0; }));
-    Threads(1,
-            [&](int)
-            {
-                const wxTimed::Hold hold;
-                counter.reset();
-            })
-        .Join();
-    EXPECT_TRUE(WaitFor([] { return !g_MasterTimer->IsRunning(); }));
-}

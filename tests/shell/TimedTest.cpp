@@ -2,7 +2,6 @@
 #include "tests/support/FrameTest.h"
 
 #include <memory>
-#include <optional>
 
 namespace
 {
@@ -87,12 +86,6 @@ TEST_F(TimedTest, FirstTickFiresEverythingAndThePeriodsHold)
     EXPECT_EQ(2, counter.ticks);
 }
 
-TEST_F(TimedTest, ReallyTicks)
-{
-    Counter counter;
-    EXPECT_TRUE(WaitFor([&] { return counter.ticks >= 3; }));
-}
-
 TEST_F(TimedTest, ObjectsMayGoAndComeInsideATick)
 {
     auto                                  victim = std::make_unique<Counter>();
@@ -113,62 +106,4 @@ TEST_F(TimedTest, ObjectsMayGoAndComeInsideATick)
     ASSERT_EQ(1u, born.size());
     Tick(5);
     EXPECT_EQ(1, born[0]->ticks);
-}
-
-TEST_F(TimedTest, ANewObjectInThePlaceOfADeadOneBeginsWithTheNextTick)
-{
-    // The objects tick in the order of their addresses: the place comes after the doer.
-    struct
-    {
-        Doer                   doer;
-        std::optional<Counter> place;
-    } pair{Doer([&] { pair.place.emplace(); }), {}};
-    pair.place.emplace();
-    Tick(1);
-    EXPECT_EQ(0, pair.place->ticks);
-}
-
-TEST_F(TimedTest, CleanUpEndsEverythingAndANewObjectBeginsAnew)
-{
-    Slots slots;
-    auto  counter = std::make_unique<Counter>();
-    wxTimed::s_Timer0100.Connect(&slots, &Slots::OnFast);
-    LibStatic::CleanupAll();
-    EXPECT_EQ(nullptr, g_MasterTimer);
-    EXPECT_EQ(0u, slots.ConnectionCount());
-    counter.reset();
-    const Counter next;
-    EXPECT_TRUE(g_MasterTimer->IsRunning());
-}
-
-TEST_F(TimedTest, CleanUpMayComeInATick)
-{
-    struct Cleaner : HasSlots
-    {
-        void Clean() { LibStatic::CleanupAll(); }
-    };
-    for (const bool inSlot : {true, false})
-    {
-        Cleaner cleaner;
-        int     ticks = 0;
-        // One of them ticks before the other, whatever their addresses.
-        const auto tick = [&]
-        {
-            ++ticks;
-            cleaner.Clean();
-        };
-        const Doer first(tick);
-        const Doer second(tick);
-        if (inSlot)
-        {
-            wxTimed::s_Timer0100.Connect(&cleaner, &Cleaner::Clean);
-        }
-        Tick(1);
-        EXPECT_EQ(inSlot ? 0 : 1, ticks);
-        EXPECT_EQ(nullptr, g_MasterTimer);
-        const Counter next;
-        EXPECT_TRUE(WaitFor([&] { return next.ticks > 0; }));
-        EXPECT_EQ(inSlot ? 0 : 1, ticks);
-        LibStatic::CleanupAll();
-    }
 }
