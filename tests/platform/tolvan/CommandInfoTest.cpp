@@ -51,26 +51,4 @@ TEST(CommandInfo, DisablesItemsOrNameByTheJobsState)
               (std::vector<String>{"DISABLED:a;b", "DISABLED:c\\d", "DISABLED:e\"f"}));
 }
 
-TEST(Job, SendsItsCommands)
-{
-    std::vector<Message> sent;
-    Job                  job([&](const Message& message) { return sent.push_back(message), true; });
-    job.SetParam(p_Id, "7");
-    job.DoCommand("Priority", "High");
-    job.DoCommand("Kill", "");
-    ASSERT_EQ(sent.size(), 2u);
-    EXPECT_EQ(sent[0].Type(), msg_Command);
-    EXPECT_EQ(sent[0].Get("ID"), "7");
-    EXPECT_EQ(sent[0].Get("Command"), "Priority");
-    EXPECT_EQ(sent[0].Get("Item"), "High");
-    EXPECT_NE(sent[0].Get("Request"), sent[1].Get("Request"));
-
-    Job unconnected;
-    Job unreachable([](const Message&) { return false; });
-    for (Job* const one : {&unreachable, &unconnected})
-    {
-        EXPECT_EQ(CodeThrown([one] { one->DoCommand("Kill", ""); }), ec_Refused);
-    }
-}
-
 } // namespace

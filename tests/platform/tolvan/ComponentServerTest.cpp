@@ -14,8 +14,6 @@
 
 #include <fcntl.h>
 #include <sys/socket.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace
@@ -142,30 +140,6 @@ TEST_F(ComponentServerTest, ClosesTheSilentWhileItServesOthers)
     EXPECT_TRUE(m_Log.Has(": silent for 5000 ms", log_Warning)) << m_Log.All();
 }
 
-TEST_F(ComponentServerTest, DoesNotBlockOnAProgramThatDoesNotRead)
-{
-    // A program that hangs: it is there, but nobody accepts or reads.
-    const int  hanging = ListenAt(SocketFolder::ForProgram(component_LogView, 1), 2);
-    const auto begin = Clock::now();
-    int        taken = 0;
-    for (int i = 0; i < 20; ++i)
-    {
-        taken += m_Own.m_Server.Send(component_LogView, String(100000, 'x'));
-    }
-    EXPECT_LT(Clock::now() - begin, std::chrono::seconds(3));
-    EXPECT_LT(taken, 20) << "its backlog should be full by then";
-    close(hanging);
-}
-
-TEST_F(ComponentServerTest, LeavesTheMastersClientsSocketAlone)
-{
-    const int listener = ListenAt(SocketFolder::ForMaster());
-    fcntl(listener, F_SETFL, O_NONBLOCK);
-    EXPECT_FALSE(m_Own.m_Server.Send(component_Master, "COLORS"));
-    EXPECT_EQ(accept(listener, nullptr, nullptr), -1);
-    close(listener);
-}
-
 TEST_F(ComponentServerTest, RefusesAFlood)
 {
     const auto hasRefused = [this] { return m_Log.Has("there are too many", log_Warning); };
@@ -186,79 +160,6 @@ TEST_F(ComponentServerTest, RefusesAFlood)
             TestPeer peer = Connect();
             return peer.Send(Request("YES")) && peer.Receive();
         }));
-}
-
-TEST_F(ComponentServerTest, RefusesOtherUsers)
-{
-    if (geteuid() != 0)
-    {
-        GTEST_SKIP() << "only root can become another user";
-    }
-    // The folder keeps others out; the peer's user is checked all the same.
-    for (const Path& opened : {m_Socket, m_Socket.Branch(), TempFile("runtime"), TempFile("")})
-    {
-        ASSERT_EQ(chmod(opened.Text().c_str(), 0777), 0);
-    }
-    const pid_t child = fork();
-    if (child == 0)
-    {
-        const bool isOther = setresuid(65534, 65534, 65534) == 0;
-        TestPeer   peer = Connect();
-        _exit(isOther && peer.IsConnected() && peer.SeesEnd() ? 0 : 1);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    EXPECT_EQ(status, 0);
-    const String refusal =
-        SFormat("Refused a connection of process %d, which belongs to user 65534", child);
-    EXPECT_TRUE(WaitFor([&] { return m_Log.Has(refusal, log_Warning); })) << m_Log.All();
-}
-
-TEST_F(ComponentServerTest, SendsFromManyThreads)
-{
-    const Program    logView(component_LogView);
-    std::atomic<int> taken{0};
-    Threads(4,
-            [&](int)
-            {
-                for (int i = 0; i < 10; ++i)
-                {
-                    taken += m_Own.m_Server.Send(component_LogView, "YES");
-                }
-            });
-    EXPECT_EQ(taken, 40);
-    EXPECT_TRUE(WaitFor([&] { return logView.m_Requests == 40; })) << logView.m_Requests;
-}
-
-TEST(ComponentServer, WorksWithoutASocket)
-{
-    const LogCapture log;
-    setenv("XDG_RUNTIME_DIR", "", 1);
-    setenv("TMPDIR", "/no/such/folder", 1);
-    {
-        ComponentServer server(component_Monitor, {});
-        EXPECT_FALSE(server.IsListening());
-        EXPECT_FALSE(server.Send(component_LogView, "COLORS"));
-    }
-    unsetenv("TMPDIR");
-    EXPECT_TRUE(log.Has("/no/such/folder/tolvan-", log_Error)) << log.All();
-}
-
-using LongNameTest = UserFolderTest;
-
-TEST_F(LongNameTest, ComponentServerWorksInAFolderWithALongName)
-{
-    const Path folder = TempFile(String(200, 'n'));
-    File::MakeFolder(folder);
-    setenv("XDG_RUNTIME_DIR", folder.Text().c_str(), 1);
-    {
-        Program       monitor(component_Monitor);
-        const Program logView(component_LogView);
-        EXPECT_TRUE(Components::DidStart(component_Monitor));
-        EXPECT_TRUE(monitor.m_Server.Send(component_LogView, "YES"));
-        EXPECT_TRUE(WaitFor([&] { return logView.m_Requests == 1; }));
-    }
-    EXPECT_TRUE(File::List(folder / "tolvan").empty()) << "the socket stays behind";
 }
 
 } // namespace

@@ -31,20 +31,6 @@ protected:
     JobFactory m_Factory{TempFile("modules")};
 };
 
-TEST_F(JobFactoryTest, ListsTypesInTheOrderOfTheirFiles)
-{
-    const UID second = Install("b.module", "Alpha");
-    const UID first = Install("a.module", "Beta");
-    for (const char* const other : {"c.ini", ".module", ".#a.module", "a.module~"})
-    {
-        WriteFile(Module(other), "[Type]\n");
-    }
-    EXPECT_FALSE(m_Factory.GetTypeInfo(first, false)) << "nothing has been read yet";
-    EXPECT_EQ(m_Factory.ListTypes(), (std::vector<UID>{first, second}));
-    EXPECT_EQ(NameOf(first), "Beta");
-    EXPECT_FALSE(m_Factory.GetTypeInfo(UID::Create(), true));
-}
-
 TEST_F(JobFactoryTest, FollowsTheFiles)
 {
     const UID id = Install("a.module", "Before");
@@ -85,20 +71,6 @@ TEST_F(JobFactoryTest, ReportsAFaultOnceAChange)
     m_Factory.ListTypes();
     EXPECT_EQ(m_Log.Count(broken + ":3:", log_Error), 1) << m_Log.All();
     EXPECT_EQ(m_Log.Count("c.module has the identifier of", log_Warning), 1) << m_Log.All();
-}
-
-TEST_F(JobFactoryTest, ChoosesItsFolder)
-{
-    JobFactory factory;
-    EXPECT_NE(factory.Folder().Text().find("/share/tolvan/modules"), String::npos);
-    File::MakeFolder(UserFile("modules"));
-    EXPECT_EQ(factory.Folder().Text(), UserFile("modules").Text());
-    setenv("TOLVAN_MODULES", "/no/such/folder", 1);
-    EXPECT_EQ(factory.Folder().Text(), "/no/such/folder");
-    EXPECT_TRUE(factory.ListTypes().empty());
-    EXPECT_TRUE(factory.ListTypes().empty());
-    EXPECT_EQ(m_Log.Count("no folder of job modules: /no/such/folder"), 1) << m_Log.All();
-    unsetenv("TOLVAN_MODULES");
 }
 
 } // namespace

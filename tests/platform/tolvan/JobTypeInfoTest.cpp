@@ -157,39 +157,4 @@ TEST_F(JobTypeInfoTest, ParametersSayWhatTheyAccept)
     EXPECT_EQ(JobParamInfo::Kind::kFolder, info->GetParam(3).kind);
 }
 
-TEST_F(JobTypeInfoTest, LogsWhatNobodyKnows)
-{
-    LogCapture log;
-    Load(String(kHead) + "Exceute = render\n[Comand Stop]\nItems = a\n");
-    EXPECT_TRUE(log.Has(":4: the key \"Exceute\" means nothing in [Type]", log_Warning));
-    EXPECT_TRUE(log.Has(":6: the section [Comand Stop] means nothing", log_Warning)) << log.All();
-    EXPECT_EQ(log.Count("", log_Warning), 2) << log.All();
-
-    String many = kHead; // Of many the first, and in a time that a window can spare.
-    for (int i = 0; i < 30000; ++i)
-    {
-        many += SFormat("[%d]\n", i);
-    }
-    many += "[Parameter P]\n";
-    for (int i = 0; i < 60000; ++i)
-    {
-        many += SFormat("k%d=\n", i);
-    }
-    const auto begin = std::chrono::steady_clock::now();
-    Load(many);
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
-    EXPECT_TRUE(log.Has(": 89980 more keys or sections mean nothing", log_Warning));
-    EXPECT_EQ(log.Count("", log_Warning), 2 + 20 + 1);
-}
-
-TEST_F(JobTypeInfoTest, RefusesWhatCannotBeRead)
-{
-    WriteFile(File(), kHead + String(JobTypeInfo::k_Limit, '\n'));
-    for (const Path& path : {File(), TempFile("missing.module"), TempFile("user")})
-    {
-        const String text = TextThrown([&] { JobTypeInfo::Load(path); });
-        EXPECT_NE(text.find(path.Text()), String::npos) << text;
-    }
-}
-
 } // namespace

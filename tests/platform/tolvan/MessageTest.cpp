@@ -29,23 +29,6 @@ Message Sample()
     return Message("Output").Set("ID", "7").Set("Line", AllBytes()).Set("Empty", String());
 }
 
-TEST(Message, CarriesAnyBytes)
-{
-    const String odd = String("\0\xff\xc3(\n", 5);
-    Message      message(odd);
-    message.Set("Line", AllBytes()).Set(odd, "named oddly").Set("", "without a name");
-    message.Set("Long", String(300000, '\xfe')).Set("Number", -42);
-
-    const auto decoded = Message::Decode(message.Encode());
-
-    EXPECT_EQ(decoded->Type(), odd);
-    EXPECT_EQ(decoded->Fields(), message.Fields());
-    EXPECT_EQ(decoded->GetInt("Number"), -42);
-    EXPECT_EQ(decoded->GetInt("Line", 5), 5) << "no number";
-    EXPECT_FALSE(decoded->Has("Lines"));
-    EXPECT_EQ(decoded->Get("Lines"), "");
-}
-
 TEST(Message, RefusesWhatIsNoMessage)
 {
     const String valid = Sample().Encode();
@@ -90,15 +73,6 @@ TEST(Message, RefusesWhatIsNoMessage)
     }
 }
 
-TEST(Message, SurvivesDeepNesting)
-{
-    // As deep as a frame can be; a reader that follows would run out of stack.
-    for (const char opening : {'\x91', '\x81', '\x9f', '\x5f', '\x7f', '\xdc', '\xc7'})
-    {
-        EXPECT_EQ(DecodeCode(String(wire::Framing::k_Limit, opening)), ec_BadData);
-    }
-}
-
 TEST(Message, SurvivesDamagedBytes)
 {
     std::mt19937                       random(4711);
@@ -122,27 +96,6 @@ TEST(Message, SurvivesDamagedBytes)
         refused += code != 0;
     }
     EXPECT_GT(refused, 5000) << "the bytes were hardly damaged";
-}
-
-TEST(Framing, WrapsUpToTheLimit)
-{
-    const String frame = wire::Framing::Wrap(String(wire::Framing::k_Limit, 'x'));
-    EXPECT_EQ(frame.size(), wire::Framing::k_HeaderSize + wire::Framing::k_Limit);
-    EXPECT_EQ(frame.substr(0, 4), "TLV1");
-    EXPECT_EQ(wire::Framing::ContentLength(frame.data()), wire::Framing::k_Limit);
-    EXPECT_EQ(wire::Framing::ContentLength(wire::Framing::Wrap("").data()), 0u);
-    EXPECT_EQ(CodeThrown([] { wire::Framing::Wrap(String(wire::Framing::k_Limit + 1, 'x')); }),
-              ec_TooLarge);
-}
-
-TEST(Framing, RefusesBadHeaders)
-{
-    const auto code = [](const char* header)
-    { return CodeThrown([&] { wire::Framing::ContentLength(header); }); };
-    EXPECT_EQ(code("TLV1\x00\x10\x00\x01"), ec_TooLarge);
-    EXPECT_EQ(code("TLV1\xff\xff\xff\xff"), ec_TooLarge);
-    EXPECT_EQ(code("TLV2\0\0\0\1"), ec_BadData);
-    EXPECT_EQ(code("GET / HT"), ec_BadData);
 }
 
 } // namespace

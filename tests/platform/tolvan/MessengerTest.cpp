@@ -123,17 +123,6 @@ TEST_F(MessengerTest, ConnectsAgain)
     }
 }
 
-TEST_F(MessengerTest, LogsALongAbsenceOnce)
-{
-    m_Messenger.Start(component_Monitor);
-    // The fourth attempt comes 700 ms after the first.
-    const auto begin = Clock::now();
-    WaitFor([&] { return Clock::now() > begin + std::chrono::seconds(1); });
-    EXPECT_EQ(m_Log.Count("Not connected to the master"), 1) << m_Log.All();
-    m_Messenger.Stop();
-    EXPECT_EQ(m_Slots.Count(), 0);
-}
-
 TEST_F(MessengerTest, LeavesAMasterThatMakesNoSenseAndSlowsDown)
 {
     const String bad[] = {"HTTP/1.0 400 Bad Request\r\n\r\n", wire::Framing::Wrap("garbage"),
@@ -180,22 +169,6 @@ TEST_F(MessengerTest, SurvivesSlotsThatFail)
         EXPECT_EQ(m_Log.Count(text, log_Error), 1) << text << "\n" << m_Log.All();
     }
     EXPECT_TRUE(m_Messenger.IsConnected());
-}
-
-TEST_F(MessengerTest, ASlotMayTakeTheMessageAndAnswer)
-{
-    m_Slots.m_OnMessage = [&](MessageReceivedEvt& event)
-    {
-        const auto message = std::move(event.m_Message);
-        m_Messenger.Send(Message("Echo").Set("Of", message->Type()));
-    };
-    TestMaster master;
-    TestPeer   peer = StartWith(master);
-    const auto echo = peer.Receive();
-    ASSERT_TRUE(echo);
-    EXPECT_EQ(echo->Get("Of"), msg_Welcome);
-    m_Messenger.Stop();
-    EXPECT_EQ(m_Queue.Size(), 0u);
 }
 
 TEST_F(MessengerTest, RefusesToQueueWithoutEnd)
@@ -271,53 +244,6 @@ TEST_F(MessengerTest, IsSilentAfterStop)
     }
     EXPECT_EQ(m_Slots.m_Connected, 20);
     EXPECT_EQ(m_Slots.m_Disconnected, 0);
-}
-
-TEST_F(MessengerTest, SendsFromManyThreadsWhileTheMasterComesAndGoes)
-{
-    TestMaster        master;
-    std::atomic<bool> isOver{false};
-    m_Messenger.Start(component_Monitor);
-    Threads senders(3,
-                    [&](int)
-                    {
-                        while (!isOver)
-                        {
-                            m_Messenger.Send(Message(msg_Command).Set("Item", String(1000, 'x')));
-                            std::this_thread::yield();
-                        }
-                    });
-    for (int i = 0; i < 5; ++i)
-    {
-        TestPeer peer = Welcome(master);
-        for (int j = 0; j < 50; ++j)
-        {
-            EXPECT_TRUE(peer.Receive());
-        }
-    }
-    isOver = true;
-    senders.Join();
-    TestPeer last = Welcome(master);
-    EXPECT_TRUE(WaitFor([&] { return m_Messenger.Send(Message("Last")); }));
-    auto message = last.Receive();
-    while (message && message->Type() != "Last")
-    {
-        message = last.Receive();
-    }
-    EXPECT_TRUE(message) << "it was lost, or the count of waiting bytes is off";
-}
-
-TEST_F(MessengerTest, ReportsAFolderThatCannotBeUsed)
-{
-    const Path inTheWay = TempFile("runtime") / "tolvan";
-    WriteFile(inTheWay, "");
-    m_Messenger.Start(component_Monitor);
-    EXPECT_TRUE(WaitFor([&] { return m_Log.Has("a link or no folder at all", log_Info); }))
-        << m_Log.All();
-    File::Remove(inTheWay);
-    TestMaster master;
-    Welcome(master);
-    EXPECT_TRUE(WaitFor([&] { return m_Slots.m_Messages == 1; }));
 }
 
 } // namespace

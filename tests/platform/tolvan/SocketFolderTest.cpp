@@ -80,19 +80,6 @@ TEST_F(SocketFolderTest, IsRefusedWhenItIsNoFolderOfOurs)
     ExpectRefused("another user (65534)");
 }
 
-TEST_F(SocketFolderTest, FallsBackToTheTemporaryFolder)
-{
-    const Path expected = TempFile("runtime") / SFormat("tolvan-%u", geteuid());
-    setenv("TMPDIR", TempFile("runtime").Text().c_str(), 1);
-    for (const char* const runtime : {"", "not/absolute", "/no/such/folder"})
-    {
-        setenv("XDG_RUNTIME_DIR", runtime, 1);
-        EXPECT_EQ(SocketFolder::Get().Text(), expected.Text()) << runtime;
-        EXPECT_EQ(ModeOf(expected), 0700u);
-    }
-    unsetenv("TMPDIR");
-}
-
 TEST_F(SocketFolderTest, FindsTheLivingAndRemovesTheDead)
 {
     const int ownId = Platform::GetProcessId();
@@ -102,10 +89,10 @@ TEST_F(SocketFolderTest, FindsTheLivingAndRemovesTheDead)
     const Path deaf = SocketFolder::ForProgram(component_Monitor, 1);
     const Path other = SocketFolder::ForProgram("TolvanMonitorX", ownId);
     const Path noSocket = m_Folder / "TolvanMonitor.4711";
-    const int  listener = ListenAt(living);
+    const auto listener = ListenAt(living);
     for (const Path& path : {dead, deaf, other})
     {
-        close(ListenAt(path));
+        ListenAt(path);
     }
     WriteFile(noSocket, "somebody's notes");
 
@@ -119,18 +106,6 @@ TEST_F(SocketFolderTest, FindsTheLivingAndRemovesTheDead)
     EXPECT_TRUE(File::Exists(noSocket)) << "only sockets are removed";
     EXPECT_TRUE(File::Exists(other)) << "only the component's own are looked at";
     EXPECT_FALSE(Components::DidStart(component_LogView));
-    close(listener);
-}
-
-TEST_F(SocketFolderTest, TheMasterStartsWithItsClientsSocket)
-{
-    EXPECT_FALSE(Components::DidStart(0));
-    const int listener = ListenAt(SocketFolder::ForMaster());
-    EXPECT_TRUE(Components::DidStart(0));
-    EXPECT_TRUE(SocketFolder::Find(component_Master).empty()) << "it takes no requests";
-    close(listener);
-    EXPECT_FALSE(Components::DidStart(0));
-    EXPECT_TRUE(File::Exists(SocketFolder::ForMaster())) << "the next master takes its place";
 }
 
 } // namespace

@@ -47,48 +47,32 @@ bool WaitFor(const std::function<bool()>& condition, std::chrono::milliseconds d
     return true;
 }
 
-int ListenAt(const Path& path, int backlog)
+Descriptor ListenAt(const Path& path, int backlog)
 {
     const sockaddr_un address = AddressOf(path);
-    const int         descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    if (bind(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
-        listen(descriptor, backlog) != 0)
+    Descriptor        listener(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    if (bind(listener.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
+        listen(listener.Get(), backlog) != 0)
     {
         Exception::ThrowErrno("TestPeer", "ListenAt", "no socket at " + path.Text());
     }
-    return descriptor;
-}
-
-TestPeer::TestPeer(int descriptor) : m_Descriptor(descriptor)
-{
-}
-
-TestPeer::~TestPeer()
-{
-    Close();
-}
-
-TestPeer& TestPeer::operator=(TestPeer&& other) noexcept
-{
-    std::swap(m_Descriptor, other.m_Descriptor);
-    return *this;
+    return listener;
 }
 
 TestPeer TestPeer::ConnectTo(const Path& path)
 {
     const sockaddr_un address = AddressOf(path);
-    const int         descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    if (connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
+    Descriptor        end(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    if (connect(end.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
     {
-        close(descriptor);
-        return TestPeer();
+        end.Close();
     }
-    return TestPeer(descriptor);
+    return TestPeer(std::move(end));
 }
 
 bool TestPeer::Send(const String& bytes)
 {
-    return send(m_Descriptor, bytes.data(), bytes.size(), MSG_NOSIGNAL) ==
+    return send(m_Socket.Get(), bytes.data(), bytes.size(), MSG_NOSIGNAL) ==
            static_cast<ssize_t>(bytes.size());
 }
 
@@ -101,9 +85,9 @@ std::optional<String> TestPeer::Read(size_t count)
 {
     String bytes(count, '\0');
     size_t done = 0;
-    while (done < count && IsReadable(m_Descriptor))
+    while (done < count && IsReadable(m_Socket.Get()))
     {
-        const ssize_t got = recv(m_Descriptor, &bytes[done], count - done, 0);
+        const ssize_t got = recv(m_Socket.Get(), &bytes[done], count - done, 0);
         if (got <= 0)
         {
             return std::nullopt;
@@ -134,9 +118,9 @@ boost::shared_ptr<Message> TestPeer::Receive()
 bool TestPeer::SeesEnd()
 {
     char bytes[4096];
-    while (IsReadable(m_Descriptor))
+    while (IsReadable(m_Socket.Get()))
     {
-        if (recv(m_Descriptor, bytes, sizeof bytes, 0) <= 0)
+        if (recv(m_Socket.Get(), bytes, sizeof bytes, 0) <= 0)
         {
             return true;
         }
@@ -144,30 +128,20 @@ bool TestPeer::SeesEnd()
     return false;
 }
 
-void TestPeer::Close()
-{
-    if (m_Descriptor >= 0)
-    {
-        close(m_Descriptor);
-        m_Descriptor = -1;
-    }
-}
-
 TestMaster::TestMaster() : m_Path(SocketFolder::ForMaster())
 {
     unlink(m_Path.Text().c_str());
-    m_Descriptor = ListenAt(m_Path);
+    m_Socket = ListenAt(m_Path);
 }
 
 TestMaster::~TestMaster()
 {
-    close(m_Descriptor);
     unlink(m_Path.Text().c_str());
 }
 
 TestPeer TestMaster::Accept()
 {
-    return IsReadable(m_Descriptor)
-               ? TestPeer(accept4(m_Descriptor, nullptr, nullptr, SOCK_CLOEXEC))
+    return IsReadable(m_Socket.Get())
+               ? TestPeer(Descriptor(accept4(m_Socket.Get(), nullptr, nullptr, SOCK_CLOEXEC)))
                : TestPeer();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tolvan/Message.h"
+#include "vesta/Descriptor.h"
 #include "vesta/Path.h"
 #include "vesta/String.h"
 
@@ -9,42 +10,37 @@
 #include <chrono>
 #include <functional>
 #include <optional>
+#include <utility>
 
 /// Waits until the condition holds; false when the deadline comes first.
 bool WaitFor(const std::function<bool()>& condition,
              std::chrono::milliseconds    deadline = std::chrono::seconds(10));
 
-/// A socket that listens there; nobody accepts unless the test does. The caller closes it.
-int ListenAt(const Path& path, int backlog = 8);
+/// A socket that listens there; nobody accepts unless the test does.
+Descriptor ListenAt(const Path& path, int backlog = 8);
 
 /// One end of a local connection that says exactly what a test wants it to say. Blocks, but for no
 /// longer than ten seconds at a time.
 class TestPeer
 {
 public:
-    explicit TestPeer(int descriptor = -1);
-    ~TestPeer();
-    TestPeer(TestPeer&& other) noexcept : m_Descriptor(other.m_Descriptor)
-    {
-        other.m_Descriptor = -1;
-    }
-    TestPeer& operator=(TestPeer&& other) noexcept;
+    explicit TestPeer(Descriptor socket = Descriptor()) : m_Socket(std::move(socket)) {}
 
     static TestPeer ConnectTo(const Path& path);
 
-    bool IsConnected() const { return m_Descriptor >= 0; }
+    bool IsConnected() const { return m_Socket.IsOpen(); }
     bool Send(const String& bytes);
     bool Send(const Message& message);
     /// Nothing when the other side has closed, or is silent for too long.
     boost::shared_ptr<Message> Receive();
     /// Whether the other side closes the connection (what it says before is dropped).
     bool SeesEnd();
-    void Close();
+    void Close() { m_Socket.Close(); }
 
 private:
     std::optional<String> Read(size_t count);
 
-    int m_Descriptor;
+    Descriptor m_Socket;
 };
 
 /// Plays the master: takes connections at the master's socket.
@@ -57,6 +53,6 @@ public:
     TestPeer Accept(); ///< Waits for the next connection.
 
 private:
-    Path m_Path;
-    int  m_Descriptor;
+    const Path m_Path;
+    Descriptor m_Socket;
 };

@@ -117,33 +117,6 @@ TEST_F(TolvanClientAppTest, StartsAndEnds)
     EXPECT_NE(text.find("TolvanMonitor started: process "), String::npos) << text;
 }
 
-TEST_F(TolvanClientAppTest, FailsToStartWithoutALogFolder)
-{
-    WriteFile(TempFile("file"), "");
-    const String folder = (TempFile("file") / "logs").Text();
-    EXPECT_FALSE(Start({"--log-dir=" + folder}));
-    EXPECT_EQ(m_App.LogDir(), folder) << "the user has to be told";
-    EXPECT_TRUE(m_Log.Has(folder, log_Error)) << m_Log.All();
-    EXPECT_FALSE(ThreadPool::IsReady());
-    m_App.Cleanup();
-    ASSERT_TRUE(Start()) << "it may be tried again";
-    EXPECT_EQ(m_App.LogDir(), UserFile("logs").Text());
-}
-
-TEST_F(TolvanClientAppTest, LivesWithoutAUserFolder)
-{
-    File::s_UserDir.clear();
-    setenv("TMPDIR", TempFile("runtime").Text().c_str(), 1);
-    EXPECT_TRUE(Start());
-    unsetenv("TMPDIR");
-    EXPECT_EQ(m_App.OptionsFilename(), "");
-    const Path folder = TempFile("runtime") / SFormat("tolvan-%u", geteuid());
-    EXPECT_TRUE(File::Exists(folder / "TolvanMonitor.log"));
-    EXPECT_EQ(m_Log.Count("No User Folder available", log_Warning), 1) << m_Log.All();
-    m_App.Options().SetValue("Window", "Key", "value");
-    EXPECT_EQ(m_App.Options().GetValue("Window", "Key"), "value");
-}
-
 TEST_F(TolvanClientAppTest, DispatchesOneMessageAtATime)
 {
     const auto add = [&](const char* type, const String& text, bool isTaken)
@@ -199,49 +172,6 @@ TEST_F(TolvanClientAppTest, CallsHandlersInOrderOnThePool)
     EXPECT_TRUE(isElsewhere);
     m_App.CallMessageHandlers(Shared(Message("M")));
     EXPECT_FALSE(isElsewhere) << "without a pool on the calling thread";
-}
-
-TEST_F(TolvanClientAppTest, ReportsFailedRequests)
-{
-    Queue(Message(msg_Failed).Set("Text", "No such job").Set("Text2", "It is gone"));
-    m_App.DispatchMessage();
-    EXPECT_EQ(m_App.Notes(), std::vector<String>{"failed No such job\nIt is gone"});
-    EXPECT_EQ(m_Log.Count("The master reports that a request has failed", log_Error), 1);
-
-    m_App.AddMessageHandler(msg_Failed, [](const boost::shared_ptr<Message>&) { return true; });
-    Queue(Message(msg_Failed).Set("Text", "taken"));
-    m_App.DispatchMessage();
-    EXPECT_EQ(m_App.Notes().size(), 1u) << "a handler may take it";
-}
-
-TEST_F(TolvanClientAppTest, RequestHandlersMayTakeThemselvesOutAndFail)
-{
-    EXPECT_FALSE(m_App.HandleRequest("COLORS"));
-    m_App.RegisterRequestHandler("COLORS", [this]
-                                 { return m_App.RegisterRequestHandler("COLORS", {}), true; });
-    EXPECT_TRUE(m_App.HandleRequest("COLORS"));
-    EXPECT_FALSE(m_App.HandleRequest("COLORS"));
-    m_App.RegisterRequestHandler("BAD", []() -> bool { throw std::runtime_error("why"); });
-    EXPECT_FALSE(m_App.HandleRequest("BAD"));
-    EXPECT_TRUE(m_Log.Has("why", log_Error)) << m_Log.All();
-}
-
-TEST_F(TolvanClientAppTest, ARequestMaySendOneWhileTheProgramEnds)
-{
-    // The handler uses the server that is about to be destroyed.
-    for (int round = 0; round < 20; ++round)
-    {
-        ASSERT_TRUE(Start());
-        m_App.RegisterRequestHandler("YES", [] { return true; });
-        m_App.RegisterRequestHandler("COLORS", [&]
-                                     { return m_App.SendRequest(component_LogView, "COLORS"); });
-        TestPeer peer = TestPeer::ConnectTo(
-            SocketFolder::ForProgram(component_Monitor, Platform::GetProcessId()));
-        ASSERT_TRUE(peer.Send(Message("Request").Set("Name", "YES")));
-        EXPECT_EQ(peer.Receive()->Get("Done"), k_Yes);
-        ASSERT_TRUE(peer.Send(Message("Request").Set("Name", "COLORS")));
-        m_App.Cleanup();
-    }
 }
 
 TEST_F(TolvanClientAppTest, RunsWithoutAWindowUntilTheMasterEndsIt)

@@ -116,18 +116,6 @@ TEST(CallEntry, TellsExceptionsApart)
     }
 }
 
-String TraceInDepth(int depth)
-{
-    CALL_ENTRY("TraceInDepth");
-    return depth > 1 ? TraceInDepth(depth - 1) : _CallEntry::Trace();
-}
-
-TEST(CallEntry, ShortensAVeryDeepTrace)
-{
-    const String trace = TraceInDepth(1000);
-    EXPECT_TRUE(trace.StartsWith("... 936 more outside\nTraceInDepth (")) << trace;
-}
-
 TEST(Exception, LogsOneLine)
 {
     const LogCapture log;

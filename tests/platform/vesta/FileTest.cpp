@@ -1,9 +1,7 @@
 #include "vesta/File.h"
 
-#include "tests/support/LogCapture.h"
 #include "tests/support/Thrown.h"
 #include "tests/support/UserFolderTest.h"
-#include "vesta/FileLock.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -61,30 +59,6 @@ TEST_F(FileTest, FindsTheUserFolder)
     EXPECT_EQ("No User Folder available", exception->Text());
 }
 
-TEST_F(FileTest, ReadsUpToTheLimit)
-{
-    const String content(100000, '\0');
-    File::WriteAtomically(UserFile("f"), content);
-    EXPECT_EQ(content, File::Read(UserFile("f"), content.size()));
-    EXPECT_FALSE(File::Read("/proc/self/status", 1 << 20).empty()); // Reports no size.
-    const struct
-    {
-        Path   path;
-        size_t limit;
-        int    code;
-    } cases[] = {
-        {UserFile("f"), content.size() - 1, ec_TooLarge},
-        {"/proc/self/status", 10, ec_TooLarge},
-        {UserFile("").Branch(), 10, ec_BadData},
-        {"/dev/zero", 10, ec_BadData},
-        {UserFile("none"), 10, ec_System},
-    };
-    for (const auto& c : cases)
-    {
-        EXPECT_EQ(c.code, CodeThrown([&c] { File::Read(c.path, c.limit); })) << c.path.Text();
-    }
-}
-
 TEST_F(FileTest, WritingFollowsLinks)
 {
     File::MakeFolder(UserFile("real"));
@@ -98,14 +72,6 @@ TEST_F(FileTest, WritingFollowsLinks)
     EXPECT_EQ(S_IFLNK, TypeOf(UserFile("first")));
     Link("loop", "loop");
     EXPECT_EQ(ec_System, CodeThrown([this] { File::WriteAtomically(UserFile("loop"), "x"); }));
-}
-
-TEST_F(FileTest, WritingNeverReplacesADevice)
-{
-    Link("/dev/null", "null");
-    EXPECT_EQ(ec_System, CodeThrown([this] { File::WriteAtomically(UserFile("null"), "x"); }));
-    EXPECT_EQ(S_IFCHR, TypeOf("/dev/null"));
-    EXPECT_EQ(ec_System, CodeThrown([this] { File::WriteAtomically(UserFile("none/f"), "x"); }));
 }
 
 TEST_F(FileTest, WritingRemovesWhatKilledProgramsHaveLeft)
@@ -132,21 +98,6 @@ TEST_F(FileTest, WritingRemovesWhatKilledProgramsHaveLeft)
     expected.insert(expected.end(), {"f", "g", ".tolvan-linked", ".tolvan-folder"});
     std::sort(expected.begin(), expected.end());
     EXPECT_EQ(expected, File::List(UserFile("f").Branch()));
-}
-
-TEST_F(FileTest, LockKeepsOthersOut)
-{
-    const Path       path = UserFile("f");
-    const LogCapture log;
-    {
-        const FileLock first(path);
-        EXPECT_TRUE(first.IsHeld());
-        EXPECT_FALSE(FileLock(path, 30).IsHeld());
-        EXPECT_EQ(1, log.Count("f.lock", log_Warning)) << log.All();
-    }
-    EXPECT_TRUE(FileLock(path).IsHeld()); // Also behind the one that came too late.
-    EXPECT_FALSE(FileLock(UserFile("none/f")).IsHeld());
-    EXPECT_EQ(2, log.Count("f.lock", log_Warning)) << log.All();
 }
 
 } // namespace

@@ -60,16 +60,6 @@ TEST_F(IniFileTest, SavesIntoANewPrivateFile)
     EXPECT_EQ(0700u, ModeOf(m_File.Branch()));
 }
 
-TEST_F(IniFileTest, ReadsTypedValues)
-{
-    Load("[S]\nyes=On\nnumber=-42\nlarge=5000000000\ntext=abc\n");
-    EXPECT_TRUE(m_Ini.GetBool("s", "Yes", false));
-    EXPECT_TRUE(m_Ini.GetBool("S", "text", true));
-    EXPECT_EQ(-42, m_Ini.GetInt("S", "number", 1));
-    EXPECT_EQ(7, m_Ini.GetInt("S", "large", 7)); // It does not fit.
-    EXPECT_EQ(7, m_Ini.GetInt("S", "text", 7));
-}
-
 TEST_F(IniFileTest, MergesWithWhatAnotherProgramSaved)
 {
     Load("; mine\na=1\nb=1\n[Old]\nx=1\ny=2\n[Gone]\nz=1\n");
@@ -91,15 +81,6 @@ TEST_F(IniFileTest, MergesWithWhatAnotherProgramSaved)
     EXPECT_EQ(expected, Content());
     EXPECT_EQ("first", second.GetValue("Old", "x")); // Seen after the own save.
     EXPECT_FALSE(second.IsChanged());
-}
-
-TEST_F(IniFileTest, MissingFileThrowsWhereItMustExist)
-{
-    const LogCapture log;
-    EXPECT_FALSE(m_Ini.Load(false, true));
-    EXPECT_EQ(0, log.Count("", log_Warning));
-    EXPECT_EQ(1, log.Count(m_File.Text(), log_Debug));
-    EXPECT_EQ(ec_System, CodeThrown([this] { m_Ini.Load(true, true); }));
 }
 
 TEST_F(IniFileTest, LogsDamagedLinesAndKeepsThem)
@@ -151,42 +132,6 @@ TEST_F(IniFileTest, RespectsWriteProtection)
     EXPECT_EQ("a=2\n", Content());
 }
 
-/// Gives up root's rights while it lives, if there are any: they would override a folder's mode.
-class AsNobody
-{
-public:
-    AsNobody() : m_IsRoot(geteuid() == 0) { EXPECT_TRUE(!m_IsRoot || seteuid(65534) == 0); }
-    ~AsNobody() { EXPECT_TRUE(!m_IsRoot || seteuid(0) == 0); }
-    AsNobody(const AsNobody&) = delete;
-    AsNobody& operator=(const AsNobody&) = delete;
-
-private:
-    const bool m_IsRoot;
-};
-
-TEST_F(IniFileTest, RespectsAWriteProtectedFolder)
-{
-    const LogCapture log;
-    const Path       folder = m_File.Branch();
-    Load("a=1\n");
-    SetMode(m_File, 0666);
-    SetMode(folder, 0555);
-    for (const Path& path : {TempFile("").Branch(), UserFile("").Branch(), folder.Branch()})
-    {
-        SetMode(path, 0755);
-    }
-    m_Ini.SetValue("", "a", "2");
-    {
-        const AsNobody nobody;
-        EXPECT_EQ(ec_System, SaveFails());
-    }
-    EXPECT_EQ(0, log.Count(".lock")) << log.All();
-    EXPECT_EQ("a=1\n", Content());
-    SetMode(folder, 0700);
-    EXPECT_EQ(0, SaveFails());
-    EXPECT_EQ("a=2\n", Content());
-}
-
 TEST_F(IniFileTest, LeavesAFolderOrDeviceInItsPlaceAlone)
 {
     const Path pipe = UserFile("pipe.ini");
@@ -225,17 +170,6 @@ TEST_F(IniFileTest, FullDiskLeavesTheOldFile)
     EXPECT_EQ(left, File::List(m_File.Branch()));
     EXPECT_EQ(0, SaveFails());
     EXPECT_EQ(content + "a = 2\n", Content());
-}
-
-TEST_F(IniFileTest, SettingTheSameValueChangesNothing)
-{
-    Load("[S]\na=1\n");
-    m_Ini.SetValue("s", "A", "1");
-    m_Ini.InsertSection("S");
-    m_Ini.InsertSection("");
-    m_Ini.RemoveValue("S", "absent");
-    m_Ini.ClearSection("absent");
-    EXPECT_FALSE(m_Ini.IsChanged());
 }
 
 } // namespace

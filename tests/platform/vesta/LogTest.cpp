@@ -3,7 +3,6 @@
 #include "tests/support/UserFolderTest.h"
 
 #include <regex>
-#include <stdexcept>
 
 namespace
 {
@@ -72,56 +71,6 @@ TEST_F(LogTest, GoesOnWithTheConsoleWhenTheFileCannotBeWritten)
     EXPECT_NE(String::npos, console.find("logs\"")) << console;
     EXPECT_NE(String::npos, console.find("error   after\n")) << console;
     EXPECT_EQ(String::npos, console.find("below")) << console;
-}
-
-TEST_F(LogTest, ReportsAFullDiskOnce)
-{
-    testing::internal::CaptureStderr();
-    ASSERT_TRUE(m_Log.Open("/dev/full"));
-    for (int i = 0; i < 5; ++i)
-    {
-        m_Log.Write(log_Info, "line");
-    }
-    const String console = testing::internal::GetCapturedStderr();
-    EXPECT_NE(String::npos, console.find("Cannot write the log file")) << console;
-    EXPECT_EQ(console.find("Cannot"), console.rfind("Cannot")) << console;
-}
-
-struct SinkProbe
-{
-    Log*                log;
-    std::vector<String> lines;
-
-    static void Take(void* data, LogLevel, const String& text)
-    {
-        auto* const self = static_cast<SinkProbe*>(data);
-        self->lines.push_back(text);
-        self->log->Write(log_Error, "from the sink"); // Must neither come back nor block.
-        if (text == "throws")
-        {
-            throw std::runtime_error("from the sink");
-        }
-        if (text == "removes itself")
-        {
-            self->log->SetSink(nullptr, nullptr);
-        }
-    }
-};
-
-TEST_F(LogTest, SinkMayDoAsItPleases)
-{
-    SinkProbe probe{&m_Log, {}};
-    m_Log.SetLevels(log_Debug, log_Fatal);
-    EXPECT_FALSE(m_Log.WouldLog(log_Debug)); // Nobody would see it.
-    m_Log.SetSink(&SinkProbe::Take, &probe);
-    EXPECT_TRUE(m_Log.WouldLog(log_Debug));
-    const std::vector<String> lines{"throws", "removes itself"};
-    for (const String& line : lines)
-    {
-        m_Log.Write(log_Debug, line);
-    }
-    m_Log.Write(log_Debug, "nobody listens");
-    EXPECT_EQ(lines, probe.lines);
 }
 
 } // namespace

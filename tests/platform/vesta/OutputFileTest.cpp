@@ -5,7 +5,6 @@
 #include "tests/support/UserFolderTest.h"
 
 #include <csignal>
-#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -44,24 +43,6 @@ private:
     rlimit m_Old = {};
     void (*m_OldHandler)(int);
 };
-
-TEST_F(OutputFileTest, WritesEveryByte)
-{
-    const Path path = UserFile("out");
-    WriteFile(path, "what was there before");
-    String expected;
-    {
-        OutputFile file(path);
-        for (const size_t size : {0u, 1u, 65535u, 65536u, 65537u, 3u, 500000u})
-        {
-            const String line(size, static_cast<char>(size));
-            file.WriteLine(line);
-            expected += line + "\n";
-        }
-        file.Close();
-        EXPECT_EQ(expected, ReadFile(path));
-    }
-}
 
 // Whatever keeps the new content from being complete, the old one stays, and nothing else is left.
 TEST_F(OutputFileTest, TheOldContentStaysUntilTheNewOneIsComplete)
@@ -118,30 +99,6 @@ TEST_F(OutputFileTest, WhatTheFileIsStaysAsItIs)
     const mode_t mask = umask(0);
     umask(mask);
     EXPECT_EQ(0666 & ~mask, StatusOf(UserFile("missing")).st_mode & 07777);
-}
-
-TEST_F(OutputFileTest, WritesIntoAPipe)
-{
-    const String name = UserFile("pipe").Text();
-    ASSERT_EQ(0, mkfifo(name.c_str(), 0600));
-    const int  reader = open(name.c_str(), O_RDONLY | O_NONBLOCK);
-    OutputFile file{Path(name)};
-    file.WriteLine("through");
-    file.Close();
-    char buffer[20] = {};
-    EXPECT_EQ(8, read(reader, buffer, sizeof buffer));
-    EXPECT_STREQ("through\n", buffer);
-    close(reader);
-}
-
-TEST_F(OutputFileTest, EveryFailureIsAnException)
-{
-    EXPECT_EQ(ec_System, CodeThrown([this] { OutputFile(UserFile("none/out")); }));
-    OutputFile full("/dev/full");
-    full.Write("buffered");
-    EXPECT_EQ(ec_System, CodeThrown([&full] { full.Close(); }));
-    EXPECT_EQ(ec_System, CodeThrown([&full] { full.Write(String(100000, 'x')); }));
-    full.Close(); // It is closed already.
 }
 
 } // namespace

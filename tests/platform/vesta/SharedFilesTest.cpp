@@ -43,34 +43,4 @@ TEST_F(SharedFilesTest, ProgramsLoseNobodysKey)
     EXPECT_EQ(1u, file.Keys("Common").size());
 }
 
-TEST_F(SharedFilesTest, OneObjectServesManyThreads)
-{
-    OptionsFile file(m_File);
-    {
-        const OptionsFile::PauseAutoWrite all(file);
-        const Threads                     writers(4,
-                                                  [&file](int thread)
-                                                  {
-                                  for (int key = 0; key < 200; ++key)
-                                  {
-                                      const OptionsFile::PauseAutoWrite pause(file);
-                                      const WriteLock                   lock(file.Lock());
-                                      const int count = file.GetInt("S", "count", 0);
-                                      file.SetValue("S", SFormat("%d.%d", thread, key), "x");
-                                      file.SetValue("S", "count", String::FromInt(count + 1));
-                                  }
-                              });
-        for (int round = 0; round < 200; ++round)
-        {
-            // Reading goes on beside it, each answer whole.
-            const ReadLock lock(file.Lock());
-            const auto     keys = file.Keys("S").size();
-            EXPECT_EQ(keys, static_cast<size_t>(file.GetInt("S", "count", 0)) + (keys ? 1 : 0));
-        }
-    }
-    EXPECT_TRUE(file.WriteOut());
-    EXPECT_EQ(1, file.WriteCount());
-    EXPECT_EQ(800, file.GetInt("S", "count", 0));
-}
-
 } // namespace

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <ctime>
 #include <limits>
 
 namespace
@@ -34,17 +32,6 @@ TEST(Time, FormatsDurations)
     {
         EXPECT_EQ(c.text, Time(c.microseconds).FormatDuration());
     }
-}
-
-TEST(Time, FormatsLocalTime)
-{
-    setenv("TZ", "UTC-2", 1);
-    tzset();
-    EXPECT_EQ("2026-03-31 17:05:09", Time::Seconds(1774969509).FormatDate());
-    EXPECT_EQ("17:05:09", Time::Seconds(1774969509).FormatClock());
-    EXPECT_EQ("1970-01-01 01:59:59", Time(-1).FormatDate());
-    unsetenv("TZ");
-    tzset();
 }
 
 } // namespace
