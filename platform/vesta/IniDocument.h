@@ -15,9 +15,9 @@
 /// behind the last value of its section.
 ///
 /// A value, key or section name that the plain form cannot hold (line breaks, control characters,
-/// blanks or quotes at an end) is written between double quotes with backslash escapes (\\, \", \n,
-/// \r, \t and \x with two hexadecimal digits). A value that only begins with a quote is plain.
-/// Reading may go on on several threads as long as none changes anything.
+/// blanks or quotes at an end) is written between double quotes with backslash escapes (`\\`, `\"`,
+/// `\n`, `\r`, `\t` and `\x` with two hexadecimal digits). A value that only begins with a quote is
+/// plain. Reading may go on on several threads as long as none changes anything.
 class TOLVAN_API IniDocument
 {
 public:
