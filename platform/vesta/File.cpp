@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <climits>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
@@ -153,14 +152,13 @@ Path File::FollowLinks(const Path& path)
     String result = path.Text();
     for (int i = 0; i < kMaxLinks; ++i)
     {
-        char          target[PATH_MAX];
-        const ssize_t length = readlink(result.c_str(), target, sizeof target);
-        if (length <= 0)
+        std::error_code noLink; // or nothing there
+        const String    target = std::filesystem::read_symlink(result.c_str(), noLink).string();
+        if (noLink)
         {
-            return result; // No link, or nothing there.
+            return result;
         }
-        const String text(target, static_cast<size_t>(length));
-        result = text[0] == '/' ? text : (Path(result).Branch() / text).Text();
+        result = target[0] == '/' ? target : (Path(result).Branch() / target).Text();
     }
     errno = ELOOP;
     Exception::ThrowErrno("File", "FollowLinks", "Cannot use \"" + path.Text() + "\"");

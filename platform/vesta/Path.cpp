@@ -1,31 +1,31 @@
 #include "vesta/Path.h"
 
+#include <filesystem>
+
 namespace
 {
 
-size_t LeafStart(const String& text)
+std::filesystem::path Standard(const String& text)
 {
-    const size_t slash = text.rfind('/');
-    return slash == String::npos ? 0 : slash + 1;
+    return static_cast<const std::string&>(text);
 }
 
 } // namespace
 
 String Path::Leaf() const
 {
-    return m_Text.substr(LeafStart(m_Text));
+    return Standard(m_Text).filename().string();
 }
 
 String Path::Extension() const
 {
-    const String leaf = Leaf();
-    const size_t dot = leaf.rfind('.');
-    return dot == String::npos || dot == 0 ? String() : String(leaf.substr(dot + 1));
+    const std::string extension = Standard(m_Text).extension().string();
+    return extension.empty() ? String() : String(extension.substr(1));
 }
 
 Path Path::Branch(bool isFolder, bool slash) const
 {
-    String folder = isFolder ? m_Text : String(m_Text.substr(0, LeafStart(m_Text)));
+    String folder = isFolder ? m_Text : String(Standard(m_Text).parent_path().string());
     while (folder.size() > 1 && folder.back() == '/')
     {
         folder.pop_back();

@@ -1,8 +1,7 @@
 #include "vesta/Platform.h"
 
-#include "vesta/Path.h"
-
 #include <climits>
+#include <filesystem>
 #include <pwd.h>
 #include <unistd.h>
 #include <vector>
@@ -54,11 +53,6 @@ std::map<String, String> Platform::GetLiveEnv()
 
 String Platform::GetProgramFolder()
 {
-    char          name[PATH_MAX];
-    const ssize_t length = readlink("/proc/self/exe", name, sizeof name);
-    if (length <= 0 || static_cast<size_t>(length) >= sizeof name)
-    {
-        return String();
-    }
-    return Path(String(name, static_cast<size_t>(length))).Branch().Text();
+    std::error_code ignored;
+    return std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path().string();
 }

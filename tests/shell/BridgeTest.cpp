@@ -11,10 +11,28 @@
 
 namespace
 {
-boost::shared_ptr<Message> NewMessage()
+/// Takes the messages while it lives, and remembers their names.
+struct Handler
 {
-    return boost::shared_ptr<Message>(new Message("Test"));
-}
+    Handler()
+        : m_Id(TestApp::Get().AddMessageHandler("Test",
+                                                [this](const boost::shared_ptr<Message>& message)
+                                                {
+                                                    names += message->Get("Name");
+                                                    return ++count > 0;
+                                                }))
+    {
+    }
+    ~Handler() { TestApp::Get().RemoveMessageHandler(m_Id); }
+    Handler(const Handler&) = delete;
+    Handler& operator=(const Handler&) = delete;
+
+    std::string      names;
+    std::atomic<int> count{0};
+
+private:
+    const int m_Id;
+};
 
 class BridgeTest : public FrameTest
 {
@@ -31,10 +49,11 @@ protected:
     static TestApp& App() { return TestApp::Get(); }
 
     // As the messenger does with what comes in.
-    static void Receive()
+    static void Receive(const char* name = "")
     {
         MessageReceivedEvt event;
-        event.m_Message = NewMessage();
+        event.m_Message.reset(new Message("Test"));
+        event.m_Message->Set("Name", name);
         App().Queue().RaiseAndQueue(event, [](MessageReceivedEvt& raised)
                                     { MessageReceivedEvt::s_Signal.Emit(raised); });
     }
@@ -88,23 +107,17 @@ TEST_F(BridgeTest, MessagesGoToTheThreadPoolWhenItIsReady)
 {
     const LogCapture log;
     EventCounter     events(Frame(), wxTOLVAN_MESSAGE_EVENT);
-    std::atomic<int> handled{0};
-    const int        handler = App().AddMessageHandler("Test",
-                                                       [&handled](const boost::shared_ptr<Message>&)
-                                                       {
-                                                    ++handled;
-                                                    return true;
-                                                });
+    const Handler    handled;
     ThreadPool::Start(2);
     Receive();
-    EXPECT_TRUE(WaitFor([&] { return handled == 1; }));
+    EXPECT_TRUE(WaitFor([&] { return handled.count == 1; }));
     EXPECT_EQ(0u, App().Queue().Size());
     ThreadPool::Stop();
 
     Receive();
     Receive();
     EXPECT_EQ(2u, App().Queue().Size());
-    EXPECT_TRUE(WaitFor([&] { return handled == 3; }));
+    EXPECT_TRUE(WaitFor([&] { return handled.count == 3; }));
     EXPECT_EQ(2, events.Count());
     EXPECT_EQ(0u, App().Queue().Size());
 
@@ -112,11 +125,11 @@ TEST_F(BridgeTest, MessagesGoToTheThreadPoolWhenItIsReady)
     App().DisableMessageProcessing();
     Receive();
     EXPECT_TRUE(WaitFor([&] { return events.Count() == 3; }));
-    EXPECT_EQ(3, handled);
+    EXPECT_EQ(3, handled.count);
     EXPECT_EQ(1u, App().Queue().Size());
     App().EnableMessageProcessing();
     App().ProcessNextMessage();
-    EXPECT_EQ(4, handled);
+    EXPECT_EQ(4, handled.count);
 
     // Whether with a pool or without one, what waited is not left to the next message.
     for (const bool hasPool : {true, false})
@@ -129,44 +142,26 @@ TEST_F(BridgeTest, MessagesGoToTheThreadPoolWhenItIsReady)
         EXPECT_EQ(2u, App().Queue().Size());
         App().EnableMessageProcessing();
         const int expected = hasPool ? 6 : 8;
-        EXPECT_TRUE(WaitFor([&] { return handled == expected; })) << handled;
+        EXPECT_TRUE(WaitFor([&] { return handled.count == expected; })) << handled.count;
     }
 
     EXPECT_EQ(1, log.Count("... Received message: initiating deferred processing"));
     EXPECT_EQ(7, log.Count("... Received message: translating to wxTOLVAN_MESSAGE_EVENT"));
-    App().RemoveMessageHandler(handler);
 }
 
 TEST_F(BridgeTest, MessagesThatCameBeforeTheWindowComeFirst)
 {
     Close();
-    std::string      order;
-    std::atomic<int> handled{0};
-    const int        handler = App().AddMessageHandler("Test",
-                                                       [&](const boost::shared_ptr<Message>& message)
-                                                       {
-                                                    order += message->Get("Name");
-                                                    ++handled;
-                                                    return true;
-                                                });
+    const Handler handled;
     ThreadPool::Start(2);
-    const auto receive = [](const char* name)
-    {
-        MessageReceivedEvt event;
-        event.m_Message = NewMessage();
-        event.m_Message->Set("Name", name);
-        App().Queue().RaiseAndQueue(event, [](MessageReceivedEvt& raised)
-                                    { MessageReceivedEvt::s_Signal.Emit(raised); });
-    };
-    receive("a");
-    receive("b");
+    Receive("a");
+    Receive("b");
     EXPECT_EQ(2u, App().Queue().Size());
     auto* const frame = new wxFrame(nullptr, wxID_ANY, "Late");
     frame->Show();
-    receive("c");
-    EXPECT_TRUE(WaitFor([&] { return handled == 3; }));
-    EXPECT_EQ("abc", order);
-    App().RemoveMessageHandler(handler);
+    Receive("c");
+    EXPECT_TRUE(WaitFor([&] { return handled.count == 3; }));
+    EXPECT_EQ("abc", handled.names);
     frame->Destroy();
     PumpEvents();
 }
@@ -174,15 +169,12 @@ TEST_F(BridgeTest, MessagesThatCameBeforeTheWindowComeFirst)
 // Other threads may be the first to hear of a window: no event has come with it yet.
 TEST_F(BridgeTest, AWindowThatHasOnlyJustComeMissesNothing)
 {
-    std::atomic<int> handled{0};
-    const auto count = [&handled](const boost::shared_ptr<Message>&) { return ++handled > 0; };
-    const int  handler = App().AddMessageHandler("Test", count);
     for (const bool hasPool : {true, false})
     {
         Close();
         hasPool ? ThreadPool::Start(1) : ThreadPool::Stop();
-        handled = 0;
-        auto* const frame = new wxFrame(nullptr, wxID_ANY, "New");
+        const Handler handled;
+        auto* const   frame = new wxFrame(nullptr, wxID_ANY, "New");
         frame->Bind(wxEVT_CLOSE_WINDOW, [](wxCloseEvent& event) { event.Veto(); });
         const EventCounter closes(frame, wxEVT_CLOSE_WINDOW);
         const EventCounter connects(frame, wxTOLVAN_CONNECT_EVENT);
@@ -195,46 +187,11 @@ TEST_F(BridgeTest, AWindowThatHasOnlyJustComeMissesNothing)
                 the_Exe->Signal(0);
             })
             .join();
-        EXPECT_TRUE(
-            WaitFor([&] { return closes.Count() == 1 && connects.Count() == 1 && handled == 1; }))
-            << closes.Count() << connects.Count() << handled;
+        EXPECT_TRUE(WaitFor(
+            [&] { return closes.Count() == 1 && connects.Count() == 1 && handled.count == 1; }))
+            << closes.Count() << connects.Count() << handled.count;
     }
-    App().RemoveMessageHandler(handler);
     Close();
-}
-
-TEST_F(BridgeTest, WithoutATopWindowOnlyDialogsHear)
-{
-    Close();
-    const LogCapture         log;
-    MessengerConnectedEvt    connected;
-    MessengerDisconnectedEvt disconnected;
-    for (const bool onMainThread : {true, false})
-    {
-        const auto raise = [&]
-        {
-            MessengerConnectedEvt::s_Signal.Emit(connected);
-            MessengerDisconnectedEvt::s_Signal.Emit(disconnected);
-            MessageReceivedEvt event;
-            event.m_Message = NewMessage();
-            MessageReceivedEvt::s_Signal.Emit(event);
-            EXPECT_NE(nullptr, event.m_Message);
-            the_Exe->Signal(0);
-        };
-        if (onMainThread)
-        {
-            raise();
-        }
-        else
-        {
-            std::thread(raise).join();
-        }
-    }
-    PumpEvents();
-    EXPECT_EQ(2, log.Count("... Ignoring MessageConnectedEvt because app has no top window"))
-        << log.All();
-    EXPECT_EQ(2, log.Count("... Ignoring MessageDisconnectedEvt because app has no top window"));
-    EXPECT_EQ(2, log.Count("... Ignoring MessageReceivedEvt because app has no top window"));
 }
 
 TEST_F(BridgeTest, ShutdownAsksTheTopWindowToClose)

@@ -26,12 +26,3 @@ TEST(Geometry, AnUnknownPositionLeavesTheStoredOne)
     EXPECT_EQ("0, 0, 500, 400", internal::GeometryToStore("70, 80, 200, 200", now, true));
     EXPECT_EQ("0, 0, 500, 400", internal::GeometryToStore("70, 80", now, false));
 }
-
-TEST(Geometry, CentresAndGrowsToHalfTheReference)
-{
-    EXPECT_EQ(wxRect(350, 300, 300, 200),
-              internal::CentredOn(wxRect(0, 0, 1000, 800), wxSize(601, 400), wxSize(80, 90)));
-    // Larger than the display: halves are cut towards zero.
-    EXPECT_EQ(wxRect(95, 50, 111, 100),
-              internal::CentredOn(wxRect(100, 50, 100, 100), wxSize(10, 10), wxSize(111, 100)));
-}

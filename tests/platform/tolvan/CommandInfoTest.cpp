@@ -1,5 +1,4 @@
 #include "tolvan/CommandInfo.h"
-#include "tests/support/Thrown.h"
 #include "tolvan/Job.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,6 @@
 #include "tolvan/ComponentServer.h"
 #include "tests/platform/tolvan/TestPeer.h"
 #include "tests/support/LogCapture.h"
-#include "tests/support/Threads.h"
 #include "tests/support/UserFolderTest.h"
 #include "tolvan/Components.h"
 #include "tolvan/SocketFolder.h"

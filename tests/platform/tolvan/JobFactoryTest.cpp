@@ -2,8 +2,6 @@
 #include "tests/support/LogCapture.h"
 #include "tests/support/UserFolderTest.h"
 
-#include <cstdlib>
-
 #include <unistd.h>
 
 namespace

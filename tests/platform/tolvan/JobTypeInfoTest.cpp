@@ -3,7 +3,6 @@
 #include "tests/support/Thrown.h"
 #include "tests/support/UserFolderTest.h"
 
-#include <chrono>
 #include <limits>
 
 namespace

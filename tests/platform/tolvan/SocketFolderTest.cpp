@@ -6,8 +6,6 @@
 #include "tolvan/Components.h"
 #include "vesta/Platform.h"
 
-#include <cstdlib>
-
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>

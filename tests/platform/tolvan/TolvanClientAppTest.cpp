@@ -1,19 +1,13 @@
 #include "tolvan/TolvanClientApp.h"
 #include "tests/platform/tolvan/TestPeer.h"
 #include "tests/support/LogCapture.h"
-#include "tests/support/Threads.h"
 #include "tests/support/UserFolderTest.h"
 #include "tolvan/Components.h"
 #include "tolvan/SocketFolder.h"
 #include "vesta/LibStatic.h"
-#include "vesta/Platform.h"
 #include "vesta/ThreadPool.h"
 
-#include <mutex>
 #include <stdexcept>
-
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace
 {
@@ -30,25 +24,10 @@ public:
         TolvanClientApp::OnUnhandledMessage(message);
         Note("unhandled " + message->Type());
     }
-    bool RequestHasFailed(const String& text) override
-    {
-        Note("failed " + text);
-        return true;
-    }
-
-    void Note(const String& text)
-    {
-        const std::lock_guard<std::mutex> lock(m_Mutex);
-        m_Notes.push_back(text);
-    }
-    std::vector<String> Notes() const
-    {
-        const std::lock_guard<std::mutex> lock(m_Mutex);
-        return m_Notes;
-    }
+    void                       Note(const String& text) { m_Notes.push_back(text); }
+    const std::vector<String>& Notes() const { return m_Notes; }
 
 private:
-    mutable std::mutex  m_Mutex;
     std::vector<String> m_Notes;
 };
 
@@ -172,27 +151,6 @@ TEST_F(TolvanClientAppTest, CallsHandlersInOrderOnThePool)
     EXPECT_TRUE(isElsewhere);
     m_App.CallMessageHandlers(Shared(Message("M")));
     EXPECT_FALSE(isElsewhere) << "without a pool on the calling thread";
-}
-
-TEST_F(TolvanClientAppTest, RunsWithoutAWindowUntilTheMasterEndsIt)
-{
-    TestMaster master;
-    ASSERT_TRUE(Start({}));
-    Threads masterThread(1,
-                         [&](int)
-                         {
-                             TestPeer peer = master.Accept();
-                             EXPECT_TRUE(peer.Receive());
-                             peer.Send(Message("M"));
-                             EXPECT_TRUE(WaitFor([&] { return m_App.Notes().size() == 1; }));
-                             peer.Send(Message(msg_Shutdown).Set("Reason", "power"));
-                             EXPECT_TRUE(peer.SeesEnd());
-                         });
-    EXPECT_EQ(m_App.Execute(), 0);
-    EXPECT_EQ(m_App.Notes(), std::vector<String>{"unhandled M"});
-    m_App.EndExecute(3);
-    EXPECT_EQ(m_App.Execute(), 3);
-    m_App.Cleanup();
 }
 
 } // namespace

@@ -2,36 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
 namespace
 {
-
-TEST(String, ReadsNumbers)
-{
-    constexpr long long kMin = std::numeric_limits<long long>::min();
-    constexpr long long kMax = std::numeric_limits<long long>::max();
-    const struct
-    {
-        const char* text;
-        long long   number;
-    } cases[] = {
-        {"-12 pixels", -12},
-        {"  007", 7},
-        {"0x10", 0}, // The base is ten.
-        {"-9223372036854775808", kMin},
-        {"9223372036854775807", kMax},
-        {"", 9},
-        {"x1", 9},
-        {"-", 9},
-        {"99999999999999999999", 9},
-    };
-    for (const auto& c : cases)
-    {
-        EXPECT_EQ(c.number, String(c.text).ToInt(9)) << c.text;
-    }
-    EXPECT_EQ(kMin, String::FromInt(kMin).ToInt());
-}
 
 TEST(StringTokenizer, CutsAtSeparators)
 {
