@@ -36,17 +36,6 @@ float OuterShare(int step, int steps, float exponent)
 }
 } // namespace
 
-wxColour internal::MixColours(const wxColour& a, const wxColour& b, double share)
-{
-    if (!a.IsOk() || !b.IsOk())
-    {
-        return wxColour();
-    }
-    const auto mix = [share](unsigned char first, unsigned char second)
-    { return Channel(static_cast<int>(first * share + second * (1 - share))); };
-    return wxColour(mix(a.Red(), b.Red()), mix(a.Green(), b.Green()), mix(a.Blue(), b.Blue()));
-}
-
 wxColour OffsetColor(const wxColour& colour, int red, int green, int blue)
 {
     if (!colour.IsOk())

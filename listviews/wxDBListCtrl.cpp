@@ -2,6 +2,7 @@
 
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
+#include "internal/text/OneLine.h"
 #include "listviews/cells/TextFit.h"
 #include "listviews/model/ListModel.h"
 #include "listviews/model/TableSettings.h"
@@ -73,10 +74,7 @@ void wxDBListCtrl::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool)
     {
         return;
     }
-    // One line a row: what would break it shows as a blank.
-    wxString line = wxtToWx(text);
-    std::replace_if(
-        line.begin(), line.end(), [](const wxUniChar& c) { return c < 0x20; }, L' ');
+    const wxString line = internal::OneLine(wxtToWx(text));
     if (m_Body->DrawCellText(dc, line, room))
     {
         return;

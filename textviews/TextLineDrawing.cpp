@@ -1,3 +1,4 @@
+#include "internal/drawing/ColorMix.h"
 #include "internal/scrolling/ScrollModel.h"
 #include "textviews/drawing/FontExtents.h"
 #include "textviews/drawing/LinePainter.h"
@@ -80,12 +81,12 @@ void wxTextLineCtrl::DrawHit(const textviews::TextGeometry& geometry,
         return;
     }
     const auto     rows = textviews::RoundedRows(box, m_ColumnWidth / 2);
-    const wxColour inverted = textviews::InvertedColour(palette.Band(StateOf(m_MarkedLine)));
+    const wxColour inverted = internal::InvertedColour(palette.Band(StateOf(m_MarkedLine)));
     for (const wxRect& row : rows)
     {
         painter.Fill(row, inverted);
     }
-    painter.SetColour(textviews::InvertedColour(GetForegroundColour()));
+    painter.SetColour(internal::InvertedColour(GetForegroundColour()));
     painter.DrawLineWithin(rows, m_MarkedLine, text,
                            {geometry.FirstDrawnCell(), geometry.EndOfDrawnCells()});
     painter.SetColour(GetForegroundColour());

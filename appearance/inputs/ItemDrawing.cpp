@@ -2,6 +2,7 @@
 
 #include "appearance/ColorDrawing.h"
 #include "appearance/ColorScheme.h"
+#include "internal/text/OneLine.h"
 
 #include <wx/control.h>
 #include <wx/dc.h>
@@ -34,14 +35,6 @@ ItemLook ItemLook::Of(const wxColour& ground, const wxColour& ink, bool selected
     return {lifted(color_Selected, kSelectedGroundLift), lifted(color_3DDark, kSelectedInkLift)};
 }
 
-wxString OneLine(const wxString& text, size_t limit)
-{
-    std::wstring line = text.Left(limit).ToStdWstring();
-    std::replace_if(
-        line.begin(), line.end(), [](wchar_t c) { return c < L' ' || c == 0x7f; }, L' ');
-    return wxString(std::move(line));
-}
-
 void FillGround(wxDC& dc, const wxRect& rect, const wxColour& colour)
 {
     if (colour.IsOk() && !rect.IsEmpty())
@@ -69,7 +62,7 @@ void DrawItemText(wxDC& dc, const wxRect& rect, const wxString& text, const wxCo
         return;
     }
     // No character is narrower than a pixel.
-    const wxString line = OneLine(text, static_cast<size_t>(room));
+    const wxString line = internal::OneLine(text.Left(static_cast<size_t>(room)));
     dc.SetTextForeground(ink);
     dc.SetBackgroundMode(wxBRUSHSTYLE_TRANSPARENT);
     dc.DrawText(wxControl::Ellipsize(line, dc, wxELLIPSIZE_END, room, wxELLIPSIZE_FLAGS_NONE),
@@ -83,7 +76,8 @@ int ItemHeight(const wxWindow& window)
 
 int ItemTextWidth(const wxWindow& window, const wxString& text)
 {
-    return std::min(window.GetTextExtent(OneLine(text, kWidest)).x, kWidest) + 2 * kTextMargin;
+    return std::min(window.GetTextExtent(internal::OneLine(text.Left(kWidest))).x, kWidest) +
+           2 * kTextMargin;
 }
 
 int GuessedTextWidth(int charWidth, size_t characters)

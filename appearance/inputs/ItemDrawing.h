@@ -21,10 +21,6 @@ struct ItemLook
     static ItemLook Of(const wxColour& ground, const wxColour& ink, bool selected);
 };
 
-/// The text on one line: line breaks, tabs and other control characters become blanks. At most
-/// `limit` characters, as many as can ever be seen.
-wxString OneLine(const wxString& text, size_t limit);
-
 /// Fills the rectangle; an invalid colour fills nothing.
 void FillGround(wxDC& dc, const wxRect& rect, const wxColour& colour);
 /// A frame of one pixel inside the rectangle.

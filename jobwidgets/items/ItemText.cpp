@@ -1,6 +1,7 @@
 #include "jobwidgets/items/ItemText.h"
 
 #include "appearance/wxTolvanString.h"
+#include "internal/text/OneLine.h"
 
 #include <wx/control.h>
 
@@ -10,40 +11,22 @@ namespace jobwidgets
 {
 namespace
 {
-constexpr size_t   kMostLabel = 100; // characters: a menu must not be wider than the screen
-constexpr size_t   kMostBytes = 4;   // of a character
-constexpr wxUint32 kDelete = 0x7F;
-constexpr wxUint32 kLastControl = 0x9F; // of those above ASCII
-constexpr wxUint32 kLineSeparator = 0x2028;
-constexpr wxUint32 kParagraphSeparator = 0x2029;
-constexpr wxUint32 kEllipsis = 0x2026;
-
-// Line ends among them.
-bool IsControl(const wxUniChar& character)
-{
-    const wxUint32 code = character.GetValue();
-    return code < ' ' || (code >= kDelete && code <= kLastControl) || code == kLineSeparator ||
-           code == kParagraphSeparator;
-}
+constexpr size_t kMostLabel = 100; // characters: a menu must not be wider than the screen
+constexpr size_t kMostBytes = 4;   // of a character
 } // namespace
 
 wxString Shortened(const String& text, size_t most)
 {
     // What is cut away anyway is not even converted.
-    wxString shortened = wxtToWx(text.data(), std::min(text.size(), (most + 1) * kMostBytes));
-    if (shortened.length() > most)
-    {
-        shortened.Truncate(most) += wxUniChar(kEllipsis);
-    }
+    const size_t bytes = std::min(text.size(), (most + 1) * kMostBytes);
+    wxString     shortened = internal::Shortened(wxtToWx(text.data(), bytes), most);
     std::replace(shortened.begin(), shortened.end(), wxUniChar(0), wxUniChar(' '));
     return shortened;
 }
 
 wxString OneLine(const String& text, size_t most)
 {
-    wxString line = Shortened(text, most);
-    std::replace_if(line.begin(), line.end(), IsControl, wxUniChar(' '));
-    return line;
+    return internal::OneLine(Shortened(text, most));
 }
 
 wxString MenuLabel(const String& text)

@@ -43,7 +43,7 @@ size_t FirstPossibleCut(const std::wstring& text, int available)
 }
 } // namespace
 
-std::wstring Shortened(const std::wstring& text, size_t cut)
+std::wstring WithoutMiddle(const std::wstring& text, size_t cut)
 {
     if (cut == 0)
     {
@@ -58,7 +58,7 @@ Fitted FitMeasured(const std::wstring& text, int available,
 {
     const auto form = [&](size_t cut)
     {
-        Fitted fitted{Shortened(text, cut), 0};
+        Fitted fitted{WithoutMiddle(text, cut), 0};
         fitted.width = measure(fitted.text);
         return fitted;
     };
@@ -141,7 +141,7 @@ std::optional<Fitted> FitRun(const std::wstring& text, const std::vector<double>
         }
         if (pixels(width) <= available || cut >= LastCut(text))
         {
-            return Fitted{Shortened(text, cut), pixels(width)};
+            return Fitted{WithoutMiddle(text, cut), pixels(width)};
         }
     }
 }

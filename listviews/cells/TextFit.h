@@ -18,7 +18,7 @@ struct Fitted
 };
 
 /// The text without `cut` characters of its middle; 0 gives the text itself.
-std::wstring Shortened(const std::wstring& text, size_t cut);
+std::wstring WithoutMiddle(const std::wstring& text, size_t cut);
 
 /// Fits a text whose width only `measure` can tell. It is asked a few times, about as often as the
 /// length of the text has binary digits.

@@ -1,4 +1,5 @@
 #include "appearance/wxTolvanColors.h"
+#include "internal/drawing/ColorMix.h"
 #include "tests/support/Pictures.h"
 
 #include <gtest/gtest.h>
@@ -43,6 +44,10 @@ TEST(ColorHelpers, ChannelsAreOffsetClampedAndTruncated)
     EXPECT_EQ(wxColour(255, 35, 255), Hilight(wxColour(240, 10, 230)));
     const auto grey = static_cast<unsigned char>(0.3 * wxLIGHT_GREY->Red());
     EXPECT_EQ(wxColour(grey, grey, grey), Disabled(*wxBLACK));
+    EXPECT_EQ(wxColour(25, 100, 255),
+              internal::MixColours(wxColour(0, 100, 255), wxColour(100, 103, 255), 0.75));
+    EXPECT_FALSE(internal::MixColours(wxColour(), *wxBLACK, 1).IsOk());
+    EXPECT_EQ(wxColour(255, 0, 155), internal::InvertedColour(wxColour(0, 255, 100)));
 }
 
 TEST(GradedRectangle, PlainWithoutAShrinkingEdge)

@@ -1,4 +1,5 @@
 #include "appearance/wxTolvanString.h"
+#include "internal/text/OneLine.h"
 
 #include <gtest/gtest.h>
 
@@ -37,4 +38,13 @@ TEST(StringConversion, ValidTextComesBackUnchanged)
 {
     const String text = "\xC3\xA9t\xC3\xA9 \xE6\xBC\xA2 \xF0\x9F\x8E\xA8";
     EXPECT_EQ(text, wxtFromWx(wxtToWx(text)));
+}
+
+TEST(StringConversion, AnyTextFitsOneLine)
+{
+    EXPECT_EQ(wxString(L"a b c \u00e9 d e f"),
+              internal::OneLine(wxString(L"a\nb\tc\x7f\u00e9\u0085d\u2028e\0f", 13)));
+    EXPECT_EQ(wxString(L"\u00e9\U0001F600\u2026"),
+              internal::Shortened(wxString(L"\u00e9\U0001F600xy"), 2));
+    EXPECT_EQ("ab", internal::Shortened("ab", 2));
 }

@@ -1,3 +1,4 @@
+#include "internal/drawing/ColorMix.h"
 #include "tests/textviews/TextViewTest.h"
 
 #include <wx/stopwatch.h>
@@ -28,23 +29,6 @@ bool IsBlank(const wxImage& image)
     const int                  size = image.GetWidth() * image.GetHeight() * 3;
     return std::equal(data, data + size - 3, data + 3); // every pixel is as the next one
 }
-
-wxColour FromChannels(const wxColour& a, const wxColour& b, int (*channel)(int a, int b))
-{
-    const auto one = [&](int first, int second)
-    { return static_cast<unsigned char>(channel(first, second)); };
-    return wxColour(one(a.Red(), b.Red()), one(a.Green(), b.Green()), one(a.Blue(), b.Blue()));
-}
-
-wxColour Mixed(const wxColour& most, const wxColour& some)
-{
-    return FromChannels(most, some, [](int a, int b) { return (3 * a + b) / 4; });
-}
-
-wxColour Inverse(const wxColour& colour)
-{
-    return FromChannels(colour, colour, [](int a, int) { return 255 - a; });
-}
 } // namespace
 
 TEST_F(TextViewTest, BandsTellTheStateInEveryScheme)
@@ -57,7 +41,7 @@ TEST_F(TextViewTest, BandsTellTheStateInEveryScheme)
         UseColors(scheme, m_View);
         const wxColour plain = wxtGetColor(color_WindowBGLighter);
         const wxColour selected = wxtGetColor(color_Selected);
-        const wxColour marked = Mixed(plain, wxtGetColor(color_TextBlue));
+        const wxColour marked = internal::MixColours(plain, wxtGetColor(color_TextBlue), 0.75);
         // The last one is below the lines.
         const wxColour expected[] = {
             plain, selected, OffsetColor(selected, 10, 10, 10), plain, marked, plain, plain};
@@ -162,7 +146,7 @@ TEST_F(TextViewTest, TheHitIsAnInvertedRoundedBox)
                 }
                 else if (inside)
                 {
-                    ASSERT_TRUE(Near(a, Inverse(b), 1))
+                    ASSERT_TRUE(Near(a, internal::InvertedColour(b), 1))
                         << x << "," << y << " " << Kept(with, "hit");
                 }
                 else if (!other.Contains(x, y))
@@ -191,7 +175,8 @@ TEST_F(TextViewTest, TheHitLiesOverItsCharacters)
     // Cells: two, one with its mark, a blank, two, one.
     EXPECT_EQ(middleAt(4, -1), band);
     EXPECT_NE(middleAt(4, 0), band);
-    EXPECT_TRUE(Near(PixelAt(picture, width / 2 + 6 * width, 0), Inverse(band), 1));
+    EXPECT_TRUE(
+        Near(PixelAt(picture, width / 2 + 6 * width, 0), internal::InvertedColour(band), 1));
     EXPECT_EQ(middleAt(7, 1), band);
 }
 

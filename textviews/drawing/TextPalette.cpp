@@ -1,12 +1,14 @@
 #include "textviews/drawing/TextPalette.h"
 
 #include "appearance/wxTolvanColors.h"
+#include "internal/drawing/ColorMix.h"
 
 namespace textviews
 {
 namespace
 {
-constexpr int kHoverLift = 10; // per channel
+constexpr int    kHoverLift = 10;     // per channel
+constexpr double kGroundShare = 0.75; // of a marked line's colour; the rest is the mark's
 
 size_t Index(const LineState& state)
 {
@@ -27,7 +29,8 @@ TextPalette::TextPalette(const wxColour& background, const wxColour& selection,
         const wxColour& plain = selected ? selection : background;
         for (const bool marked : {false, true})
         {
-            const wxColour base = marked ? MixedColour(plain, mark) : plain;
+            const wxColour base =
+                marked && mark.IsOk() ? internal::MixColours(plain, mark, kGroundShare) : plain;
             m_Bands[Index({selected, false, marked})] = base;
             m_Bands[Index({selected, true, marked})] = Lifted(base);
         }
@@ -37,26 +40,5 @@ TextPalette::TextPalette(const wxColour& background, const wxColour& selection,
 const wxColour& TextPalette::Band(const LineState& state) const
 {
     return m_Bands[Index(state)];
-}
-
-wxColour MixedColour(const wxColour& most, const wxColour& some)
-{
-    if (!most.IsOk() || !some.IsOk())
-    {
-        return most;
-    }
-    const auto mix = [](int a, int b) { return static_cast<unsigned char>((3 * a + b) / 4); };
-    return wxColour(mix(most.Red(), some.Red()), mix(most.Green(), some.Green()),
-                    mix(most.Blue(), some.Blue()));
-}
-
-wxColour InvertedColour(const wxColour& colour)
-{
-    if (!colour.IsOk())
-    {
-        return colour;
-    }
-    const auto invert = [](int channel) { return static_cast<unsigned char>(255 - channel); };
-    return wxColour(invert(colour.Red()), invert(colour.Green()), invert(colour.Blue()));
 }
 } // namespace textviews

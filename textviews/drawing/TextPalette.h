@@ -25,9 +25,4 @@ public:
 private:
     std::array<wxColour, 8> m_Bands; ///< By the three bits of the state.
 };
-
-/// 75% of the one and 25% of the other, each channel truncated. An invalid colour adds nothing.
-wxColour MixedColour(const wxColour& most, const wxColour& some);
-/// Each channel's complement; an invalid colour stays invalid.
-wxColour InvertedColour(const wxColour& colour);
 } // namespace textviews
