@@ -51,6 +51,8 @@ const Way kKeys[] = {
     {"ctrl+Next End", "end", "end"},
     {"ctrl+KP_Next KP_End KP_Home", "0", "end"},
     {"ctrl+Next End Home", "0", "end"},
+    {"ctrl+Next End ctrl+KP_Home", "0", "end"},
+    {"Right ctrl+End ctrl+Home", "0", "0"},
     {"notch+ End", "end", "notch"},
 };
 

@@ -79,6 +79,26 @@ TEST(ListModel, AColumnThatMovesTakesTheHighlightAlong)
     }
 }
 
+TEST(ListModel, TakesTheWidthsThatItCan)
+{
+    struct
+    {
+        const char* stored;
+        const char* widths;
+    } const cases[] = {{"50, 5, abc", "50, 20, 20"},
+                       {"70", "70, 20, 20"},
+                       {"", "70, 20, 20"},
+                       {"1,,33x,9,9", "20, 20, 33"},
+                       {"-5, 99999999999", "20, 16777216, 33"}};
+    listviews::ListModel model;
+    model.columns.resize(3);
+    for (const auto& c : cases)
+    {
+        listviews::TakeWidths(model, c.stored);
+        EXPECT_EQ(c.widths, listviews::WidthsText(model)) << c.stored;
+    }
+}
+
 TEST(ListModel, RowsComeAndGoAroundTheAnchor)
 {
     listviews::ListModel model;

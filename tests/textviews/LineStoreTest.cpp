@@ -43,11 +43,11 @@ void ExpectSame(const textviews::LineStore& store, const Lines& lines)
     }
 }
 
-std::string RandomLine(std::mt19937& random)
+std::string RandomLine(std::mt19937& random, bool empty)
 {
     // Mostly short, some empty, a few longer than the blocks that lines are kept in.
     const auto   kind = random() % 100;
-    const size_t size = kind < 10 ? 0 : kind < 98 ? random() % 200 : random() % 100000;
+    const size_t size = empty || kind < 10 ? 0 : kind < 98 ? random() % 200 : random() % 100000;
     std::string  line(size, '\0');
     std::generate(line.begin(), line.end(), [&] { return static_cast<char>(random()); });
     return line;
@@ -60,10 +60,10 @@ TEST(LineStore, AgreesWithAVector)
     for (unsigned seed = 1; seed <= 6; ++seed)
     {
         std::mt19937   random(seed);
-        const unsigned erasing = 10 + seed * 8; // per cent; the later runs shrink most of the time
+        const unsigned erasing = 10 + seed * 8; // per cent; the first run has many empty lines
         textviews::LineStore store;
         Lines                lines;
-        for (int step = 0; step < 4000; ++step)
+        for (int step = 0; step < (seed == 1 ? 40000 : 4000); ++step)
         {
             const auto at = static_cast<int>(random() % (lines.size() + 1));
             if (random() % 100 < erasing && !lines.empty())
@@ -74,32 +74,17 @@ TEST(LineStore, AgreesWithAVector)
             }
             else if (random() % 2)
             {
-                lines.push_back(RandomLine(random));
+                lines.push_back(RandomLine(random, seed == 1));
                 store.Append(lines.back());
             }
             else
             {
-                lines.insert(lines.begin() + at, RandomLine(random));
+                lines.insert(lines.begin() + at, RandomLine(random, seed == 1));
                 store.Insert(at, lines[static_cast<size_t>(at)]);
             }
         }
         ExpectSame(store, lines);
     }
-}
-
-TEST(LineStore, KeepsManyEmptyLines)
-{
-    textviews::LineStore store;
-    Lines                lines;
-    for (int i = 0; i < 20000; ++i)
-    {
-        store.Append("");
-        store.Insert(i / 2, "");
-        lines.insert(lines.end(), 2, "");
-    }
-    store.Insert(12345, "one");
-    lines.insert(lines.begin() + 12345, "one");
-    ExpectSame(store, lines);
 }
 
 TEST(LineStore, ALineThatDoesNotExistDoesNoHarm)

@@ -81,7 +81,13 @@ TEST_F(TextInputTest, TheMouseSelectsAndScrollsByDragging)
     m_Input.MouseUp();
     EXPECT_TRUE(WaitFor([this] { return !m_View->IsSelecting(); }));
     EXPECT_EQ(m_View->GetSelectionAnchor(), 3);
-    EXPECT_GT(m_View->GetSelectionEnd(), 6);
+    const int end = m_View->GetSelectionEnd();
+    EXPECT_GT(end, 6);
+    m_Input.MouseMove(m_View->ClientToScreen(wxPoint(30, 10)));
+    EXPECT_TRUE(WaitFor([this] { return m_View->GetHighlightLine() >= 0; }));
+    m_Input.MouseMove(below);
+    EXPECT_TRUE(WaitFor([this] { return m_View->GetHighlightLine() == -1; }));
+    EXPECT_TRUE(IsSelected(3, end)) << "the button is up";
 }
 
 TEST_F(TextInputTest, DraggingInAnEmptyViewSelectsNothing)
@@ -111,54 +117,6 @@ TEST_F(TextInputTest, KeysReachTheView)
     EXPECT_TRUE(WaitFor([this] { return IsSelected(1, 1); }));
     EXPECT_TRUE(
         Type('C', wxMOD_CONTROL, [this] { return PastedElsewhere("UTF8_STRING") == "line 1\n"; }));
-}
-
-// Once: the view passes every key on, and the port's own scrolled window has keys too.
-TEST_F(TextInputTest, EveryKeyScrollsOnce)
-{
-    Append({String(500, 'x')});
-    EXPECT_TRUE(WaitFor([this] { return !m_View->RedrawPending(); }));
-    const int line = m_View->LineHeight();
-    const int page = m_View->GetClientSize().y / line * line;
-    const int x = 10 * line;
-    const int y = 100 * line;
-    const int right = m_View->GetScrollRange(wxHORIZONTAL) - m_View->GetClientSize().x;
-    const struct
-    {
-        int key;
-        int onPad;
-        int modifiers;
-        int x;
-        int y;
-    } cases[] = {
-        {WXK_HOME, WXK_NUMPAD_HOME, 0, 0, y},
-        {WXK_END, WXK_NUMPAD_END, 0, right, y},
-        {WXK_HOME, WXK_NUMPAD_HOME, wxMOD_CONTROL, 0, y},
-        {WXK_LEFT, WXK_NUMPAD_LEFT, 0, x - line, y},
-        {WXK_RIGHT, WXK_NUMPAD_RIGHT, 0, x + line, y},
-        {WXK_UP, WXK_NUMPAD_UP, 0, x, y - line},
-        {WXK_DOWN, WXK_NUMPAD_DOWN, 0, x, y + line},
-        {WXK_PAGEUP, WXK_NUMPAD_PAGEUP, 0, x, y - page},
-        {WXK_PAGEDOWN, WXK_NUMPAD_PAGEDOWN, 0, x, y + page},
-        {WXK_PAGEUP, WXK_NUMPAD_PAGEUP, wxMOD_CONTROL, x, 0},
-        {WXK_PAGEDOWN, WXK_NUMPAD_PAGEDOWN, wxMOD_CONTROL, x, Bottom()},
-    };
-    for (const auto& c : cases)
-    {
-        for (const int key : {c.key, c.onPad})
-        {
-            m_View->SetScrollPos(wxHORIZONTAL, x);
-            m_View->SetScrollPos(wxVERTICAL, y);
-            const auto moved = [&] {
-                return m_View->GetScrollPos(wxHORIZONTAL) != x ||
-                       m_View->GetScrollPos(wxVERTICAL) != y;
-            };
-            EXPECT_TRUE(Type(key, c.modifiers, moved)) << key;
-            EXPECT_TRUE(WaitFor([this] { return !m_View->RedrawPending(); }));
-            EXPECT_EQ(m_View->GetScrollPos(wxHORIZONTAL), c.x) << key;
-            EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), c.y) << key;
-        }
-    }
 }
 
 TEST_F(TextInputTest, TypingInTheSearchBar)

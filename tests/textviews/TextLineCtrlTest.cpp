@@ -1,4 +1,3 @@
-#include "tests/support/EventCounter.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/Thrown.h"
 #include "tests/textviews/TextViewTest.h"
@@ -95,24 +94,6 @@ TEST_F(TextViewTest, ClearLeavesTheScrollbars)
     EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 0);
 }
 
-TEST_F(TextViewTest, SelectsByMouse)
-{
-    AppendNumbered(10);
-    m_View->Mouse(wxEVT_LEFT_DOWN, 5, m_View->MiddleOf(6));
-    EXPECT_TRUE(m_View->IsSelecting());
-    EXPECT_TRUE(m_View->HasCapture());
-    m_View->Mouse(wxEVT_MOTION, 5, m_View->MiddleOf(2));
-    EXPECT_EQ(m_View->GetHighlightLine(), 2);
-    m_View->Mouse(wxEVT_LEFT_UP, 5, m_View->MiddleOf(2));
-    EXPECT_FALSE(m_View->IsSelecting());
-    EXPECT_FALSE(m_View->HasCapture());
-    m_View->Mouse(wxEVT_MOTION, 5, m_View->MiddleOf(9));
-    EXPECT_TRUE(IsSelected(6, 2)) << "the button is up";
-    EXPECT_EQ(m_View->GetHighlightLine(), 9);
-    m_View->Mouse(wxEVT_LEAVE_WINDOW, 0, 0);
-    EXPECT_EQ(m_View->GetHighlightLine(), -1);
-}
-
 TEST_F(TextViewTest, AClickBelowTheLinesSelectsNothingButStartsSelecting)
 {
     AppendNumbered(5);
@@ -144,55 +125,9 @@ TEST_F(TextViewTest, DraggingOutsideScrollsALineAMotion)
     EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 4 * height);
 }
 
-TEST_F(TextViewTest, KeysScroll)
-{
-    for (int i = 0; i < 100; ++i)
-    {
-        m_View->Append(String(300, 'x'), false);
-    }
-    EXPECT_TRUE(WaitFor([this] { return !m_View->RedrawPending(); }));
-    const int line = m_View->LineHeight();
-    const int bottom = Bottom();
-    const int right = m_View->GetScrollRange(wxHORIZONTAL) - m_View->GetScrollThumb(wxHORIZONTAL);
-    const int page = m_View->GetClientSize().y / line * line;
-    const struct
-    {
-        int  key;
-        bool ctrl;
-        int  x;
-        int  y;
-    } steps[] = {
-        {WXK_DOWN, false, 0, line},         {WXK_PAGEDOWN, false, 0, line + page},
-        {WXK_UP, false, 0, page},           {WXK_PAGEUP, false, 0, 0},
-        {WXK_PAGEDOWN, true, 0, bottom},    {WXK_RIGHT, false, line, bottom},
-        {WXK_END, false, right, bottom},    {WXK_PAGEUP, true, right, 0},
-        {WXK_LEFT, false, right - line, 0}, {WXK_HOME, true, 0, 0},
-        {WXK_END, true, right, 0},          {WXK_HOME, false, 0, 0},
-    };
-    for (const auto& step : steps)
-    {
-        m_View->Key(step.key, step.ctrl);
-        EXPECT_EQ(m_View->GetScrollPos(wxHORIZONTAL), step.x) << step.key << step.ctrl;
-        EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), step.y) << step.key << step.ctrl;
-    }
-}
-
-TEST_F(TextViewTest, KeysAndMenuSelectAndAreLeftToTheParentToo)
+TEST_F(TextViewTest, TheMenuHasFixedIds)
 {
     AppendNumbered(100);
-    EventCounter keys(m_View, wxEVT_KEY_DOWN);
-    m_View->Key('A');
-    EXPECT_TRUE(IsSelected(-1, -1)) << "without Ctrl";
-    m_View->Key('A', true);
-    EXPECT_TRUE(IsSelected(0, 99));
-    m_View->Key(WXK_ESCAPE);
-    EXPECT_TRUE(IsSelected(-1, -1));
-    m_View->Key('F', true);
-    EXPECT_TRUE(Panel().IsShown());
-    m_View->Key('F', true);
-    EXPECT_FALSE(Panel().IsShown());
-    EXPECT_EQ(keys.Count(), 5);
-
     m_View->Menu(7301);
     EXPECT_TRUE(IsSelected(0, 99));
     m_View->Menu(7302);
@@ -211,7 +146,7 @@ TEST_F(TextViewTest, CopiesTheSelectedLinesWithAnyBytes)
     const String odd = "nul \0 bell \x07 latin \xe9"s;
     Append({"one", odd, "t\xc3\xa4o"});
     Drag(2, 1);
-    m_View->Key('C', true);
+    m_View->Menu(7303);
     EXPECT_EQ(PastedElsewhere("application/octet-stream"), odd + "\nt\xc3\xa4o\n");
     EXPECT_EQ(PastedElsewhere("UTF8_STRING"), "nul \0 bell \x07 latin \xc3\xa9\nt\xc3\xa4o\n"s);
     // What another part of the program does with the clipboard stays as it is.

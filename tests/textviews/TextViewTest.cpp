@@ -31,15 +31,6 @@ void TestView::Mouse(wxEventType type, int x, int y)
     ProcessWindowEvent(event);
 }
 
-void TestView::Key(int key, bool ctrl)
-{
-    wxKeyEvent event(wxEVT_KEY_DOWN);
-    event.SetEventObject(this);
-    event.m_keyCode = key;
-    event.SetControlDown(ctrl);
-    ProcessWindowEvent(event);
-}
-
 void TestView::Menu(int id)
 {
     wxCommandEvent event(wxEVT_MENU, id);

@@ -26,7 +26,6 @@ public:
     wxImage Picture();
 
     void Mouse(wxEventType type, int x, int y);
-    void Key(int key, bool ctrl = false);
     void Menu(int id);
 
 protected:
