@@ -3,11 +3,10 @@
 #include "listviews/wxDoubleBufferedWindow.h"
 #include "vesta/CallEntry.h"
 #include "vesta/Exception.h"
+#include "vesta/Guarded.h"
 #include "vesta/Log.h"
 
 #include <wx/dcclient.h>
-
-#include <exception>
 
 void wxDoubleBufferedWindow::Redraw(const wxRect& area)
 {
@@ -66,19 +65,9 @@ void wxDoubleBufferedWindow::Paint(wxPaintEvent&)
         PaintBuffer();
         m_PaintFailed = false;
     }
-    catch (Exception* exception)
-    {
-        const std::unique_ptr<Exception> owner(exception);
-        RetryPaint(exception->ClassName() + "::" + exception->Method() + ": " + exception->Text() +
-                   " " + exception->Text2());
-    }
-    catch (const std::exception& exception)
-    {
-        RetryPaint(exception.what());
-    }
     catch (...) // whatever a derived class throws, the view has to come back
     {
-        RetryPaint("unknown exception");
+        RetryPaint(TakeCurrentException());
     }
 }
 
