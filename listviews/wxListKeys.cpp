@@ -102,7 +102,7 @@ void wxAddListKeys(wxDBListCtrl& list)
     list.GetBody()->Bind(wxEVT_KEY_DOWN, [&list](wxKeyEvent& event) { OnKey(list, event); });
 }
 
-void wxAddListMenu(wxDBListCtrl& list, std::function<void(const wxPoint& where)> show)
+void wxAddListMenu(wxDBListCtrl& list, const std::function<void(const wxPoint& where)>& show)
 {
     CALL_ENTRY("wxAddListMenu");
     list.Bind(wxEVT_LIST_ITEM_RIGHT_CLICK,

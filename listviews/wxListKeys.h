@@ -16,4 +16,5 @@ TOLVAN_API void wxAddListKeys(wxDBListCtrl& list);
 /// Calls `show` whenever the user asks for the menu of the selected rows: by a right click on one
 /// of them, or by the keyboard, then under the row that a range is selected from. `where`: in
 /// pixels of the screen. For once in the life of a list. Main thread.
-TOLVAN_API void wxAddListMenu(wxDBListCtrl& list, std::function<void(const wxPoint& where)> show);
+TOLVAN_API void wxAddListMenu(wxDBListCtrl&                                    list,
+                              const std::function<void(const wxPoint& where)>& show);

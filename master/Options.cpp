@@ -103,7 +103,7 @@ Path StateFolder()
 Path Absolute(const Path& path)
 {
     char* const full = path.IsEmpty() || path.Text()[0] == '/' ? nullptr : realpath(".", nullptr);
-    const Path  absolute = full ? Path(full) / path.Text() : path;
+    Path        absolute = full ? Path(full) / path.Text() : path;
     std::free(full);
     return absolute;
 }
