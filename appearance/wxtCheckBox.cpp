@@ -4,7 +4,7 @@
 #include "appearance/controls/ForeignKey.h"
 #include "appearance/controls/ForeignPress.h"
 #include "appearance/controls/Mnemonic.h"
-#include "internal/port/PortSignals.h"
+#include "internal/port/Enabling.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/dcbuffer.h>

@@ -4,7 +4,7 @@
 #include "appearance/inputs/InputColors.h"
 #include "appearance/inputs/ItemDrawing.h"
 #include "appearance/inputs/ListKeys.h"
-#include "internal/port/Port.h"
+#include "internal/port/Scrollbars.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/dc.h>

@@ -2,7 +2,7 @@
 
 #include "appearance/ColorDrawing.h"
 #include "appearance/ColorScheme.h"
-#include "internal/port/PortSignals.h"
+#include "internal/port/Enabling.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/wupdlock.h>

@@ -5,7 +5,7 @@
 #include "appearance/inputs/InputColors.h"
 #include "appearance/inputs/ItemDrawing.h"
 #include "internal/input/PadKey.h"
-#include "internal/port/Port.h"
+#include "internal/port/Scrollbars.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/dc.h>

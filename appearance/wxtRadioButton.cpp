@@ -1,6 +1,6 @@
 #include "appearance/wxtCheckBox.h"
 #include "internal/input/PadKey.h"
-#include "internal/port/PortSignals.h"
+#include "internal/port/FocusMoves.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/renderer.h>

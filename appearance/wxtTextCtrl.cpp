@@ -3,7 +3,7 @@
 #include "appearance/inputs/InputColors.h"
 #include "appearance/wxtAutoCompleter.h"
 #include "internal/input/PadKey.h"
-#include "internal/port/PortStyle.h"
+#include "internal/port/Completions.h"
 #include "tolvan/ClientOptions.h"
 #include "vesta/Application.h"
 #include "vesta/CallEntry.h"

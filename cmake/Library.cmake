@@ -5,10 +5,19 @@
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(PANGOCAIRO REQUIRED IMPORTED_TARGET pangocairo)
 
+# The port's own library, of the version that the toolkit was built for. Its headers are for
+# internal/port only.
+execute_process(COMMAND ${wxWidgets_CONFIG_EXECUTABLE} --selected-config
+                OUTPUT_VARIABLE toolkit COMMAND_ERROR_IS_FATAL ANY)
+if(NOT toolkit MATCHES "^gtk([23])-")
+    message(FATAL_ERROR "wxWidgets is needed in its GTK 3 or GTK 2 port; this is ${toolkit}")
+endif()
+pkg_check_modules(GTK REQUIRED gtk+-${CMAKE_MATCH_1}.0)
+
 add_library(wxTolvan_objects OBJECT)
 target_include_directories(wxTolvan_objects PUBLIC ${CMAKE_SOURCE_DIR})
 target_link_libraries(wxTolvan_objects
-    PUBLIC tolvan::vesta tolvan::platform tolvan::wx PkgConfig::PANGOCAIRO
+    PUBLIC tolvan::vesta tolvan::platform tolvan::wx PkgConfig::PANGOCAIRO ${GTK_LINK_LIBRARIES}
     PRIVATE tolvan_warnings tolvan_sanitizers)
 target_precompile_headers(wxTolvan_objects PRIVATE <wx/wx.h>)
 # Programs reuse the library's precompiled header; the compiler takes it only for the same kind of
@@ -26,4 +35,5 @@ target_include_directories(wxTolvan PUBLIC
     $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}> $<INSTALL_INTERFACE:include/wxTolvan>)
 target_link_libraries(wxTolvan
     PUBLIC tolvan::vesta tolvan::platform tolvan::wx
-    PRIVATE $<BUILD_INTERFACE:PkgConfig::PANGOCAIRO> $<BUILD_INTERFACE:tolvan_sanitizers>)
+    PRIVATE $<BUILD_INTERFACE:PkgConfig::PANGOCAIRO> "$<BUILD_INTERFACE:${GTK_LINK_LIBRARIES}>"
+            $<BUILD_INTERFACE:tolvan_sanitizers>)

@@ -1,7 +1,7 @@
 #include "listviews/wxDoubleBufferedWindow.h"
 
-#include "internal/port/Port.h"
-#include "internal/port/PortSignals.h"
+#include "internal/port/FocusMoves.h"
+#include "internal/port/Scrollbars.h"
 #include "internal/scrolling/ScrollModel.h"
 #include "listviews/scrolling/ScrollState.h"
 #include "vesta/CallEntry.h"

@@ -1,7 +1,7 @@
 #include "shell/wxTolvanFrame.h"
 
 #include "internal/input/MouseHold.h"
-#include "internal/port/Port.h"
+#include "internal/port/PopUps.h"
 #include "internal/windows/Geometry.h"
 #include "internal/windows/UpperFloors.h"
 #include "shell/app/TopWindow.h"

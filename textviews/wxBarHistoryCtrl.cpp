@@ -2,7 +2,7 @@
 
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
-#include "internal/port/Port.h"
+#include "internal/port/Pixels.h"
 #include "textviews/chart/BarChart.h"
 #include "textviews/chart/BarHistory.h"
 #include "vesta/CallEntry.h"

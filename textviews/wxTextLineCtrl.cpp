@@ -1,6 +1,7 @@
 #include "textviews/wxTextLineCtrl.h"
 
-#include "internal/port/Port.h"
+#include "internal/port/PopUps.h"
+#include "internal/port/Scrollbars.h"
 #include "internal/scrolling/ScrollModel.h"
 #include "textviews/drawing/FontExtents.h"
 #include "textviews/lines/LineStore.h"

@@ -3,7 +3,7 @@
 #include "appearance/ColorScheme.h"
 #include "appearance/inputs/ItemDrawing.h"
 #include "appearance/wxtColorManaged.h"
-#include "internal/port/PortStyle.h"
+#include "internal/port/FieldStyle.h"
 
 #include <wx/window.h>
 
@@ -34,7 +34,6 @@ void ColourField(wxWindow& field)
     const wxColour focus = wxtGetColor(color_Selected);
     const wxColour hint = wxtGetColor(color_TextGrey);
     const ItemLook selected = ItemLook::Of(ground, ink, true);
-    internal::StyleField(field, {hint, selected.ink, selected.ground, focus});
-    internal::StyleCompletions(ink, ground, selected.ink, selected.ground);
+    internal::StyleField(field, {ink, ground, hint, selected.ink, selected.ground, focus});
 }
 } // namespace appearance

@@ -1,6 +1,6 @@
 #include "internal/text/GlyphTable.h"
 
-#include "internal/port/Port.h"
+#include "internal/port/TextContext.h"
 
 #include <wx/fontutil.h>
 #include <wx/string.h>

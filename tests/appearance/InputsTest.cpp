@@ -2,7 +2,7 @@
 #include "appearance/wxtCheckListBox.h"
 #include "appearance/wxtGenericValidator.h"
 #include "appearance/wxtTextCtrl.h"
-#include "internal/port/PortStyle.h"
+#include "internal/port/Completions.h"
 #include "tests/support/EventCounter.h"
 #include "tests/support/Pictures.h"
 #include "tests/support/TestApp.h"
@@ -31,6 +31,26 @@ TEST_F(InputsTest, FieldCompletesWhatIsTypedAndTellsOfEachChange)
     EXPECT_TRUE(WaitFor(taken)) << field->GetValue();
     EXPECT_TRUE(WaitFor([] { return !internal::CompletionsAreOpen(); }))
         << "nothing is left to complete";
+}
+
+TEST_F(InputsTest, CompletionsHaveTheColoursOfTheScheme)
+{
+    auto* const field = new wxtTextCtrl(m_Panel, wxID_ANY, "", wxPoint(10, 10), wxSize(200, -1));
+    Focus(field);
+    ASSERT_TRUE(WaitFor(
+        [&]
+        {
+            Press('O');
+            return WaitFor(internal::CompletionsAreOpen, 500);
+        }));
+    const wxPoint below = field->ClientToScreen(wxPoint(150, field->GetSize().y + 10));
+    for (const int scheme : {scheme_Dark, scheme_Light})
+    {
+        SwitchTo(scheme, Frame());
+        const wxColour ground = wxtGetColor(color_WindowBGLighter);
+        EXPECT_TRUE(WaitFor([&] { return PixelAt(PictureOfScreen(), below.x, below.y) == ground; }))
+            << scheme << Kept(PictureOfScreen(), "completions");
+    }
 }
 
 TEST_F(InputsTest, TabLeavesAFieldWhoseCompletionsAreOpen)

@@ -1,5 +1,5 @@
 #include "dialogs/wxTextFromUserDlg.h"
-#include "internal/port/PortStyle.h"
+#include "internal/port/Completions.h"
 #include "tests/dialogs/DialogTest.h"
 
 #include <wx/valtext.h>

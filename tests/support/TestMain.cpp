@@ -8,20 +8,13 @@
 #include <wx/image.h>
 #include <wx/init.h>
 
-#include <dlfcn.h>
+#include <glib.h>
 
 #include <cstdio>
-
 #include <cstdlib>
 
 namespace
 {
-// GLib's own declaration, so that its headers need not be installed.
-using GLogHandler = void (*)(const char* domain, int level, const char* message, void* data);
-using SetGLogHandler = GLogHandler (*)(GLogHandler handler, void* data);
-
-constexpr int kGLogWarningOrWorse = 0x1e; // error, critical, warning
-
 void OnAssert(const wxString& file, int line, const wxString& function, const wxString& condition,
               const wxString& message)
 {
@@ -29,9 +22,9 @@ void OnAssert(const wxString& file, int line, const wxString& function, const wx
                   << file << ":" << line << " " << message;
 }
 
-void OnGLog(const char* domain, int level, const char* message, void*)
+void OnGLog(const char* domain, GLogLevelFlags level, const char* message, void*)
 {
-    if (level & kGLogWarningOrWorse)
+    if (level & (G_LOG_LEVEL_ERROR | G_LOG_LEVEL_CRITICAL | G_LOG_LEVEL_WARNING))
     {
         ADD_FAILURE() << (domain ? domain : "GLib") << ": " << (message ? message : "");
     }
@@ -40,16 +33,7 @@ void OnGLog(const char* domain, int level, const char* message, void*)
 void CatchToolkitFaults()
 {
     wxSetAssertHandler(OnAssert);
-    if (const auto set =
-            reinterpret_cast<SetGLogHandler>(dlsym(RTLD_DEFAULT, "g_log_set_default_handler")))
-    {
-        set(OnGLog, nullptr);
-    }
-    else
-    {
-        std::fprintf(stderr, "GLib's messages are not watched\n");
-        std::exit(EXIT_FAILURE);
-    }
+    g_log_set_default_handler(OnGLog, nullptr);
 }
 
 // The desktop's services are no part of what is tested.

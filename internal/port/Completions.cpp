@@ -1,0 +1,99 @@
+#include "internal/port/Completions.h"
+
+#include <gtk/gtk.h>
+
+#include <memory>
+
+namespace internal
+{
+namespace
+{
+struct FreeList
+{
+    void operator()(GList* list) const { g_list_free(list); }
+};
+using List = std::unique_ptr<GList, FreeList>; // not what it holds
+
+// A dialog that has the keys is of another kind.
+bool IsPopUp(GtkWidget* widget)
+{
+    return GTK_IS_WINDOW(widget) &&
+           gtk_window_get_window_type(GTK_WINDOW(widget)) == GTK_WINDOW_POPUP;
+}
+
+// The first list inside the widget, or the widget itself; null without one.
+GtkWidget* ListInside(GtkWidget* widget)
+{
+    if (GTK_IS_TREE_VIEW(widget) || !GTK_IS_CONTAINER(widget))
+    {
+        return GTK_IS_TREE_VIEW(widget) ? widget : nullptr;
+    }
+    GtkWidget* found = nullptr;
+    const List all(gtk_container_get_children(GTK_CONTAINER(widget)));
+    for (const GList* one = all.get(); one && !found; one = one->next)
+    {
+        found = ListInside(GTK_WIDGET(one->data));
+    }
+    return found;
+}
+} // namespace
+
+bool CompletionsAreOpen()
+{
+    return IsPopUp(gtk_grab_get_current());
+}
+
+wxString MarkedCompletion()
+{
+    GtkWidget* const list = CompletionsAreOpen() ? ListInside(gtk_grab_get_current()) : nullptr;
+    GtkTreeModel*    model = nullptr;
+    GtkTreeIter      row;
+    if (!list || !gtk_tree_selection_get_selected(gtk_tree_view_get_selection(GTK_TREE_VIEW(list)),
+                                                  &model, &row))
+    {
+        return wxString();
+    }
+    constexpr int kText = 0;
+    constexpr int kEnd = -1;
+    char*         text = nullptr;
+    gtk_tree_model_get(model, &row, kText, &text, kEnd);
+    const wxString marked = wxString::FromUTF8(text ? text : "");
+    g_free(text);
+    return marked;
+}
+
+#if GTK_CHECK_VERSION(3, 0, 0)
+namespace
+{
+// The port keeps the list to itself, but it shares with the completion what draws its rows.
+bool Shows(GtkWidget* list, GtkEntryCompletion* completion)
+{
+    GtkTreeViewColumn* const column = gtk_tree_view_get_column(GTK_TREE_VIEW(list), 0);
+    return column && gtk_cell_layout_get_area(GTK_CELL_LAYOUT(column)) ==
+                         gtk_cell_layout_get_area(GTK_CELL_LAYOUT(completion));
+}
+} // namespace
+
+GtkWidget* CompletionsOf(GtkWidget* entry)
+{
+    GtkEntryCompletion* const completion =
+        GTK_IS_ENTRY(entry) ? gtk_entry_get_completion(GTK_ENTRY(entry)) : nullptr;
+    const List windows(completion ? gtk_window_list_toplevels() : nullptr);
+    for (const GList* one = windows.get(); one; one = one->next)
+    {
+        auto* const      window = GTK_WIDGET(one->data);
+        GtkWidget* const list = IsPopUp(window) ? ListInside(window) : nullptr;
+        if (list && Shows(list, completion))
+        {
+            return list;
+        }
+    }
+    return nullptr;
+}
+#else
+GtkWidget* CompletionsOf(GtkWidget*)
+{
+    return nullptr;
+}
+#endif
+} // namespace internal

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <wx/string.h>
+
+struct _GtkWidget;
+
+namespace internal
+{
+/// The lists of completions that text fields open.
+
+/// Whether a text field has its list of completions open: it gets the keys then.
+bool CompletionsAreOpen();
+/// The proposal that is marked in the open list of completions; empty where there is none.
+wxString MarkedCompletion();
+/// The list in which the port's text field shows its completions, open or not. Null for one that
+/// has none, and where the port does not tell (GTK 2).
+_GtkWidget* CompletionsOf(_GtkWidget* entry);
+} // namespace internal

@@ -1,0 +1,92 @@
+#include "internal/port/FieldStyle.h"
+
+#include "internal/port/Completions.h"
+
+#include <wx/colour.h>
+#include <wx/string.h>
+#include <wx/window.h>
+
+#include <gtk/gtk.h>
+
+namespace internal
+{
+#if GTK_CHECK_VERSION(3, 0, 0)
+namespace
+{
+// Over that of the toolkit's own style sheets.
+constexpr unsigned kPriority = GTK_STYLE_PROVIDER_PRIORITY_APPLICATION + 50;
+
+// Under which a field keeps its style sheet.
+const char* const kSheet = "tolvan-field-style";
+
+wxString Css(const wxColour& colour)
+{
+    return colour.IsOk() ? colour.GetAsString(wxC2S_CSS_SYNTAX) : wxString("transparent");
+}
+
+// For the field and for its list of completions.
+wxString SheetText(const FieldColours& colours)
+{
+    return wxString::Format("@define-color placeholder_text_color %s;"
+                            "entry { padding: 0 3px; border-image: none; box-shadow: none; }"
+                            "entry:focus { box-shadow: inset 0 0 0 1px %s; }"
+                            "treeview { color: %s; background-color: %s; }"
+                            "selection, *:selected { color: %s; background-color: %s; }",
+                            Css(colours.hint), Css(colours.focus), Css(colours.ink),
+                            Css(colours.ground), Css(colours.selectedInk),
+                            Css(colours.selectedGround));
+}
+
+// What the user types into: in a field of several lines it lies inside the scrolled window.
+GtkWidget* InnerWidget(const wxWindow& field)
+{
+    GtkWidget* const widget = field.GetHandle();
+    return GTK_IS_SCROLLED_WINDOW(widget) ? gtk_bin_get_child(GTK_BIN(widget)) : widget;
+}
+
+// The sheet counts for the one widget only, not for what lies in it.
+void AddSheet(GtkWidget* widget, void* sheet)
+{
+    gtk_style_context_add_provider(gtk_widget_get_style_context(widget), GTK_STYLE_PROVIDER(sheet),
+                                   kPriority);
+}
+
+// Called when the field gets completions, or others than before.
+void StyleCompletions(GtkWidget* field)
+{
+    if (GtkWidget* const list = CompletionsOf(field))
+    {
+        AddSheet(list, g_object_get_data(G_OBJECT(field), kSheet));
+    }
+}
+} // namespace
+
+void StyleField(wxWindow& field, const FieldColours& colours)
+{
+    GtkWidget* const widget = InnerWidget(field);
+    if (!widget)
+    {
+        return;
+    }
+    const std::string text = SheetText(colours).utf8_string();
+    if (void* const sheet = g_object_get_data(G_OBJECT(widget), kSheet))
+    {
+        gtk_css_provider_load_from_data(GTK_CSS_PROVIDER(sheet), text.c_str(), -1, nullptr);
+        return;
+    }
+    GtkCssProvider* const sheet = gtk_css_provider_new();
+    g_object_set_data_full(G_OBJECT(widget), kSheet, sheet, g_object_unref);
+    gtk_css_provider_load_from_data(sheet, text.c_str(), -1, nullptr);
+    AddSheet(widget, sheet);
+    StyleCompletions(widget);
+    if (GTK_IS_ENTRY(widget))
+    {
+        g_signal_connect(widget, "notify::completion", G_CALLBACK(StyleCompletions), nullptr);
+    }
+}
+#else
+void StyleField(wxWindow&, const FieldColours&)
+{
+}
+#endif
+} // namespace internal

@@ -1,0 +1,44 @@
+#include "internal/port/PopUps.h"
+
+#include <gtk/gtk.h>
+
+namespace internal
+{
+namespace
+{
+constexpr int kMostMenus = 20; // one in the other
+
+// The innermost one that is open.
+bool CloseMenu()
+{
+    GtkWidget* const menu = gtk_grab_get_current();
+    const bool       isOpen = GTK_IS_MENU_SHELL(menu);
+    if (isOpen)
+    {
+        gtk_menu_shell_cancel(GTK_MENU_SHELL(menu));
+    }
+    return isOpen;
+}
+
+// A message box or a file dialog; those of our own are none of the port's.
+bool CloseStockDialog()
+{
+    GtkWidget* const box = gtk_grab_get_current();
+    const bool       isOpen = GTK_IS_DIALOG(box);
+    if (isOpen)
+    {
+        gtk_dialog_response(GTK_DIALOG(box), GTK_RESPONSE_DELETE_EVENT);
+    }
+    return isOpen;
+}
+} // namespace
+
+bool ClosePopUps()
+{
+    int closed = 0;
+    for (; closed < kMostMenus && CloseMenu(); ++closed)
+    {
+    }
+    return closed > 0 || CloseStockDialog();
+}
+} // namespace internal

@@ -1,0 +1,58 @@
+#include "internal/port/Scrollbars.h"
+
+#include <wx/window.h>
+
+#include <gtk/gtk.h>
+
+namespace internal
+{
+namespace
+{
+// Not handled: the key goes on to the window's parents.
+gboolean StopScrollKey(GtkWidget* widget, GtkScrollType, gboolean, void*)
+{
+    g_signal_stop_emission_by_name(widget, "scroll-child");
+    return FALSE;
+}
+} // namespace
+
+void UseSolidScrollbars(wxWindow& window)
+{
+    // By name: the GTK 2 port has no such property, and nothing to be told.
+    static const char* const kProperty = "overlay-scrolling";
+    GtkWidget* const         widget = window.GetHandle();
+    if (widget && g_object_class_find_property(G_OBJECT_GET_CLASS(widget), kProperty))
+    {
+        g_object_set(widget, kProperty, FALSE, nullptr);
+    }
+}
+
+void RefuseNativeScrollKeys(wxWindow& window)
+{
+    GtkWidget* const widget = window.GetHandle();
+    if (GTK_IS_SCROLLED_WINDOW(widget))
+    {
+        g_signal_connect(widget, "scroll-child", G_CALLBACK(StopScrollKey), nullptr);
+    }
+}
+
+void EndScrollbarPress(wxWindow& window)
+{
+    if (!GTK_IS_SCROLLED_WINDOW(window.GetHandle()))
+    {
+        return;
+    }
+    auto* const scrolled = GTK_SCROLLED_WINDOW(window.GetHandle());
+    for (GtkWidget* const bar : {gtk_scrolled_window_get_vscrollbar(scrolled),
+                                 gtk_scrolled_window_get_hscrollbar(scrolled)})
+    {
+        if (bar)
+        {
+            GdkEvent* const event = gdk_event_new(GDK_BUTTON_RELEASE);
+            gboolean        handled = FALSE;
+            g_signal_emit_by_name(bar, "button-release-event", event, &handled);
+            gdk_event_free(event);
+        }
+    }
+}
+} // namespace internal

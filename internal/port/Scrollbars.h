@@ -1,0 +1,19 @@
+#pragma once
+
+class wxWindow;
+
+namespace internal
+{
+/// The native scrollbars of a window, where the toolkit has no word for what they are to do.
+
+/// Gives a scrolled window scrollbars that take room of their own. Scrollbars that float over the
+/// content (GTK 3) come and go by themselves, and the window's client size with them.
+void UseSolidScrollbars(wxWindow& window);
+
+/// Keeps the port from scrolling a window by its own keys: the window has others, or its own.
+void RefuseNativeScrollKeys(wxWindow& window);
+
+/// Ends the press of the window's native scrollbars, if any. One that goes while it is pressed
+/// hears of no release, and the port keeps every motion of the pointer from the program until then.
+void EndScrollbarPress(wxWindow& window);
+} // namespace internal
