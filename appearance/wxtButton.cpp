@@ -2,6 +2,7 @@
 
 #include "appearance/ColorDrawing.h"
 #include "appearance/ColorScheme.h"
+#include "appearance/controls/ButtonState.h"
 #include "appearance/controls/ForeignKey.h"
 #include "appearance/controls/ForeignPress.h"
 #include "appearance/controls/Mnemonic.h"
@@ -75,6 +76,7 @@ wxtButton::wxtButton(wxWindow* parent, wxWindowID id, const wxString& label,
                      const wxPoint& position, const wxSize& size, long style,
                      const wxValidator& validator, const wxString& name)
     : wxControl(parent, id, position, size, WithBorder(style), validator, name),
+      m_State(std::make_unique<appearance::ButtonState>()),
       m_ForeignKey(std::make_unique<appearance::ForeignKey>())
 {
     CALL_ENTRY("wxtButton::wxtButton");
@@ -104,7 +106,7 @@ wxtButton::~wxtButton()
 {
     // No event tells it that it loses the focus.
     const wxTopLevelWindow* const top = TopLevel();
-    if (m_TookRole && top && !top->IsBeingDeleted())
+    if (m_State->OfFocus() == appearance::ButtonState::Focus::Role && top && !top->IsBeingDeleted())
     {
         GiveRoleBack();
     }
@@ -143,18 +145,6 @@ void wxtButton::SetLabel(const wxString& label)
     Refresh();
 }
 
-wxTopLevelWindow* wxtButton::TopLevel() const
-{
-    return wxDynamicCast(wxGetTopLevelParent(const_cast<wxtButton*>(this)), wxTopLevelWindow);
-}
-
-bool wxtButton::IsDefault() const
-{
-    const wxTopLevelWindow* const top = TopLevel();
-    // The temporary one, where there is one.
-    return top && top->GetDefaultItem() == this;
-}
-
 void wxtButton::SetNormal()
 {
     CALL_ENTRY("wxtButton::SetNormal");
@@ -179,33 +169,13 @@ void wxtButton::TakeDefaultLook()
     RefreshColors();
 }
 
-wxWindow* wxtButton::SetDefault()
-{
-    CALL_ENTRY("wxtButton::SetDefault");
-    const wxWindowUpdateLocker frozen(this);
-    wxTopLevelWindow* const    top = TopLevel();
-    if (!top)
-    {
-        return nullptr;
-    }
-    wxWindow* const previous = top->GetDefaultItem();
-    top->SetDefaultItem(this);
-    TakeDefaultLook();
-    if (auto* const button = dynamic_cast<wxtButton*>(previous); button && button != this)
-    {
-        button->SetNormal();
-    }
-    return previous;
-}
-
 void wxtButton::Hilight(bool on)
 {
     CALL_ENTRY("wxtButton::Hilight");
-    if (on == m_Hilighted)
+    if (!m_State->Light(on))
     {
         return;
     }
-    m_Hilighted = on;
     const int offset = on ? kHilightOffset : -kHilightOffset;
     m_ForegroundOffset = Moved(m_ForegroundOffset, offset);
     m_BackgroundOffset = Moved(m_BackgroundOffset, offset);
@@ -215,9 +185,8 @@ void wxtButton::Hilight(bool on)
 // The look has been set anew, without the light that was on it.
 void wxtButton::HilightAgain()
 {
-    if (m_Hilighted)
+    if (m_State->TakeLight())
     {
-        m_Hilighted = false;
         Hilight(true);
     }
 }
@@ -229,192 +198,19 @@ void wxtButton::Mouse(wxMouseEvent& event)
     Hilight(event.Entering());
 }
 
-void wxtButton::Focus(wxFocusEvent& event)
-{
-    CALL_ENTRY("wxtButton::Focus");
-    event.Skip();
-    if (IsBeingDeleted())
-    {
-        return;
-    }
-    if (event.GetEventType() == wxEVT_SET_FOCUS)
-    {
-        m_ForeignKey->OnFocus();
-        GainFocus();
-    }
-    else
-    {
-        LoseFocus();
-    }
-}
-
-void wxtButton::GainFocus()
-{
-    const wxTopLevelWindow* const top = TopLevel();
-    wxWindow* const               previous = top && top->GetDefaultItem() ? SetDefault() : this;
-    m_PreviousDefault = previous;
-    m_TookRole = previous != this;
-    if (previous == this)
-    {
-        Hilight(true);
-    }
-}
-
-void wxtButton::LoseFocus()
-{
-    if (m_TookRole)
-    {
-        SetNormal();
-        GiveRoleBack();
-    }
-    else if (m_PreviousDefault == this)
-    {
-        Hilight(false);
-    }
-    m_TookRole = false;
-    m_PreviousDefault = nullptr;
-}
-
-void wxtButton::GiveRoleBack()
-{
-    if (auto* const button = dynamic_cast<wxtButton*>(m_PreviousDefault.get()))
-    {
-        button->SetDefault();
-    }
-    // A stock control, or none when the previous one has gone in the meantime.
-    else if (wxTopLevelWindow* const top = IsDefault() ? TopLevel() : nullptr)
-    {
-        top->SetDefaultItem(m_PreviousDefault);
-    }
-}
-
-void wxtButton::KeyDown(wxKeyEvent& event)
-{
-    m_ForeignKey->OnPress(event);
-}
-
-void wxtButton::Key(wxKeyEvent& event)
-{
-    CALL_ENTRY("wxtButton::Key");
-    const int key = event.GetKeyCode();
-    if (m_ForeignKey->EndsWith(event) ||
-        (key != WXK_SPACE && key != WXK_RETURN && key != WXK_NUMPAD_ENTER))
-    {
-        event.Skip();
-        return;
-    }
-    EmulateClick();
-}
-
-void wxtButton::Mnemonic(wxKeyEvent& event)
-{
-    if (!appearance::IsMnemonicOf(*this, event))
-    {
-        event.Skip();
-        return;
-    }
-    const wxWeakRef<wxtButton> self(this);
-    SetFocus();
-    if (self)
-    {
-        EmulateClick();
-    }
-}
-
-// The toolkit counts no clicks on these ports: the second press of a double click tells.
-void wxtButton::Click(wxMouseEvent& event)
-{
-    CALL_ENTRY("wxtButton::Click");
-    if (!event.LeftUp())
-    {
-        m_DoubleClick = event.LeftDClick();
-        event.Skip();
-        return;
-    }
-    const bool endsDoubleClick = m_DoubleClick || event.GetClickCount() > 1;
-    m_DoubleClick = false;
-    if (!endsDoubleClick && IsShown() && GetClientRect().Contains(event.GetPosition()))
-    {
-        EmulateClick();
-    }
-}
-
-// A button is disabled while its handlers run, and comes back however they end.
-class wxtButton::_Click
-{
-public:
-    explicit _Click(wxtButton& button) : m_Button(&button), m_HadFocus(button.HasFocus())
-    {
-        button.Enable(false);
-        button.m_Clicking = true;
-        button.m_EnableAfterClick = true;
-    }
-    ~_Click()
-    {
-        if (m_Button)
-        {
-            m_Button->EndClick(m_HadFocus);
-        }
-    }
-    _Click(const _Click&) = delete;
-    _Click& operator=(const _Click&) = delete;
-
-private:
-    wxWeakRef<wxtButton> m_Button; // null: a handler has destroyed it
-    bool                 m_HadFocus;
-};
-
-void wxtButton::EmulateClick()
-{
-    CALL_ENTRY("wxtButton::EmulateClick");
-    if (m_Clicking || !IsEnabled())
-    {
-        return;
-    }
-    const _Click   click(*this);
-    wxCommandEvent event(wxEVT_BUTTON, GetId());
-    event.SetEventObject(this);
-    GetEventHandler()->ProcessEvent(event);
-}
-
-void wxtButton::EndClick(bool hadFocus)
-{
-    m_Clicking = false;
-    Enable(m_EnableAfterClick);
-    RefreshColors();
-    if (hadFocus && !IsBeingDeleted())
-    {
-        TakeFocusBack();
-    }
-}
-
-// The toolkit takes the focus off a window that is disabled. Unless a handler has put it elsewhere,
-// it is where the user left it again.
-void wxtButton::TakeFocusBack()
-{
-    wxWindow* const focused = FindFocus();
-    const bool elsewhere = focused && wxGetTopLevelParent(focused) == wxGetTopLevelParent(this);
-    if (!elsewhere && IsEnabled() && IsShownOnScreen())
-    {
-        SetFocus();
-    }
-}
-
 bool wxtButton::Enable(bool enable)
 {
     CALL_ENTRY("wxtButton::Enable");
-    if (m_Clicking)
+    if (m_State->KeepEnabling(enable))
     {
-        // A handler's own wish counts when the click is over.
-        m_EnableAfterClick = enable;
-        return false;
+        return false; // a handler's own wish counts when the click is over
     }
     const wxWindowUpdateLocker frozen(this);
     if (!wxControl::Enable(enable))
     {
         return false;
     }
-    if (!enable && m_Hilighted && IsDefault())
+    if (!enable && m_State->IsLit() && IsDefault())
     {
         SetNormal();
     }
@@ -428,7 +224,8 @@ bool wxtButton::Enable(bool enable)
 void wxtButton::OnEnabled(internal::EnabledEvent& event)
 {
     event.Skip();
-    if (event.IsEnabled() && m_Hilighted && m_PreviousDefault != this)
+    if (event.IsEnabled() && m_State->IsLit() &&
+        m_State->OfFocus() != appearance::ButtonState::Focus::Lit)
     {
         // No event tells of the mouse leaving a disabled window.
         Hilight(GetScreenRect().Contains(wxGetMousePosition()));

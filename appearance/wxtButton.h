@@ -11,8 +11,9 @@
 
 namespace appearance
 {
+class ButtonState;
 class ForeignKey;
-}
+} // namespace appearance
 class wxTopLevelWindow;
 
 /// A flat push button in the colours of the scheme. It sends `wxEVT_BUTTON` when it is clicked, or
@@ -74,15 +75,10 @@ private:
     void              SetMinimum();
     void              EndClick(bool hadFocus);
 
-    /// The default item before this one took the role with the focus; this button itself when the
-    /// focus only lit it up.
-    wxWeakRef<wxWindow> m_PreviousDefault;
-    bool                m_TookRole = false; ///< The focus made it the default item.
-    bool                m_Hilighted = false;
-    bool                m_Clicking = false;
-    bool                m_EnableAfterClick = true;
-    bool                m_DoubleClick = false; ///< Its second press is down.
-    std::unique_ptr<appearance::ForeignKey> m_ForeignKey;
+    /// The default item before this one took the role with the focus.
+    wxWeakRef<wxWindow>                      m_PreviousDefault;
+    std::unique_ptr<appearance::ButtonState> m_State;
+    std::unique_ptr<appearance::ForeignKey>  m_ForeignKey;
 
     wxDECLARE_EVENT_TABLE();
 };

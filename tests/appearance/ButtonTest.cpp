@@ -1,3 +1,4 @@
+#include "appearance/controls/ButtonState.h"
 #include "appearance/wxTolvanColors.h"
 #include "tests/support/EventCounter.h"
 #include "tests/support/FrameTest.h"
@@ -220,4 +221,65 @@ TEST_F(ButtonTest, TheLabelIsCentredOnAFlatFace)
     wxFont bold = m_OK->GetFont();
     m_Cancel->SetFont(bold);
     EXPECT_GE(m_Cancel->GetMinWidth(), m_Cancel->GetTextExtent("Cancel").x);
+}
+
+TEST(ButtonStateTest, TellsWhatIsLeftToDo)
+{
+    using State = appearance::ButtonState;
+    using Focus = State::Focus;
+    const struct
+    {
+        const char* name;
+        bool (*holds)(State& state);
+    } cases[] = {
+        {"focus without a role", [](State& s) { return s.LoseFocus() == Focus::None; }},
+        {"a role is given back once",
+         [](State& s)
+         {
+             s.GainFocus(true);
+             return s.OfFocus() == Focus::Role && s.LoseFocus() == Focus::Role &&
+                    s.LoseFocus() == Focus::None;
+         }},
+        {"focus again, as the default item by then",
+         [](State& s)
+         {
+             s.GainFocus(true);
+             s.GainFocus(false);
+             return s.LoseFocus() == Focus::Lit;
+         }},
+        {"light on and off", [](State& s)
+         { return s.Light(true) && !s.Light(true) && s.IsLit() && s.Light(false) && !s.IsLit(); }},
+        {"light is taken with the look",
+         [](State& s) { return !s.TakeLight() && s.Light(true) && s.TakeLight() && !s.IsLit(); }},
+        {"no wish outside of a click", [](State& s) { return !s.KeepEnabling(false); }},
+        {"a click leaves it enabled",
+         [](State& s)
+         {
+             s.BeginClick();
+             return s.IsClicking() && s.EndClick() && !s.IsClicking();
+         }},
+        {"the last wish counts, and for one click only",
+         [](State& s)
+         {
+             s.BeginClick();
+             const bool kept = s.KeepEnabling(true) && s.KeepEnabling(false);
+             const bool enable = s.EndClick();
+             s.BeginClick();
+             return kept && !enable && s.EndClick();
+         }},
+        {"a double click ends without a click, a third press clicks",
+         [](State& s)
+         {
+             s.Press(false);
+             const bool first = s.Release();
+             s.Press(true);
+             const bool second = s.Release();
+             return first && !second && s.Release();
+         }},
+    };
+    for (const auto& one : cases)
+    {
+        State state;
+        EXPECT_TRUE(one.holds(state)) << one.name;
+    }
 }
