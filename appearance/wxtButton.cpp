@@ -3,6 +3,7 @@
 #include "appearance/ColorDrawing.h"
 #include "appearance/ColorScheme.h"
 #include "appearance/controls/ButtonState.h"
+#include "appearance/controls/FlatStyle.h"
 #include "appearance/controls/ForeignKey.h"
 #include "appearance/controls/ForeignPress.h"
 #include "appearance/controls/Mnemonic.h"
@@ -47,11 +48,6 @@ int Moved(int offset, int by)
     constexpr int kMost = std::numeric_limits<int>::max() - kHilightOffset;
     return std::clamp(offset, -kMost, kMost) + by;
 }
-
-long WithBorder(long style)
-{
-    return style & wxBORDER_MASK ? style : style | wxBORDER_NONE;
-}
 } // namespace
 
 // clang-format off
@@ -75,7 +71,7 @@ wxEND_EVENT_TABLE()
 wxtButton::wxtButton(wxWindow* parent, wxWindowID id, const wxString& label,
                      const wxPoint& position, const wxSize& size, long style,
                      const wxValidator& validator, const wxString& name)
-    : wxControl(parent, id, position, size, WithBorder(style), validator, name),
+    : wxControl(parent, id, position, size, appearance::FlatStyle(style), validator, name),
       m_State(std::make_unique<appearance::ButtonState>()),
       m_ForeignKey(std::make_unique<appearance::ForeignKey>())
 {

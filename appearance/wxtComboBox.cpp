@@ -1,6 +1,7 @@
 #include "appearance/wxtComboBox.h"
 
 #include "appearance/ColorScheme.h"
+#include "appearance/controls/FlatStyle.h"
 #include "appearance/inputs/ComboList.h"
 #include "appearance/inputs/InputColors.h"
 #include "appearance/inputs/ItemDrawing.h"

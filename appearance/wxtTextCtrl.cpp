@@ -1,11 +1,11 @@
 #include "appearance/wxtTextCtrl.h"
 
+#include "appearance/controls/FlatStyle.h"
 #include "appearance/inputs/InputColors.h"
 #include "appearance/wxtAutoCompleter.h"
 #include "internal/input/PadKey.h"
 #include "internal/port/Completions.h"
-#include "tolvan/ClientOptions.h"
-#include "vesta/Application.h"
+#include "internal/windows/UpperFloors.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/weakref.h>
@@ -46,14 +46,6 @@ private:
     wxString m_Text;
     int      m_Left = 0; // proposals
 };
-
-bool OptionsAllowCompletion()
-{
-    Application* const application = Application::the_Application;
-    return application
-               ? application->Options().GetBool("Window", o_AutoComplete, o_AutoCompleteDefault)
-               : o_AutoCompleteDefault;
-}
 } // namespace
 
 wxtTextCtrl::wxtTextCtrl(wxWindow* parent, wxWindowID id, const wxString& value,
@@ -70,7 +62,7 @@ wxtTextCtrl::wxtTextCtrl(wxWindow* parent, wxWindowID id, const wxString& value,
     {
         GiveRoom(size);
     }
-    if (!(style & kStylesThatDoNotComplete) && OptionsAllowCompletion())
+    if (!(style & kStylesThatDoNotComplete) && internal::g_UpperFloors.mayComplete())
     {
         AutoComplete(new FieldCompleter);
         Bind(wxEVT_CHAR_HOOK, &wxtTextCtrl::KeyForCompletions, this);

@@ -1,10 +1,8 @@
 #include "appearance/completion/Vocabulary.h"
 
 #include "appearance/wxTolvanString.h"
-#include "tolvan/Job.h"
-#include "tolvan/JobFactory.h"
+#include "internal/windows/UpperFloors.h"
 #include "vesta/CallEntry.h"
-#include "vesta/Exception.h"
 #include "vesta/Platform.h"
 
 #include <glib.h>
@@ -17,67 +15,15 @@ namespace
 {
 using Words = std::vector<String>;
 
-void AddAll(Words& words, const Words& more)
-{
-    words.insert(words.end(), more.begin(), more.end());
-}
-
-void AddNames(Words& words, const std::map<String, String>& named)
-{
-    for (const auto& entry : named)
-    {
-        words.push_back(entry.first);
-    }
-}
-
-void AddType(Words& words, const JobTypeInfo& type)
-{
-    words.push_back(type.Name());
-    AddNames(words, type.Entries());
-    for (int i = 0; i < type.ParamCount(); ++i)
-    {
-        words.push_back(type.GetParam(i).name);
-        AddAll(words, type.GetParam(i).choices);
-    }
-    AddNames(words, type.Outputs());
-    for (const CommandInfo& command : type.Commands())
-    {
-        if (command.flags >= 0) // not a separator
-        {
-            words.push_back(command.name);
-        }
-    }
-}
-
-void AddTypes(Words& words)
-{
-    JobFactory& factory = *JobFactory::s_JobFactory;
-    for (const UID& id : factory.ListTypes())
-    {
-        if (const auto type = factory.GetTypeInfo(id, false))
-        {
-            AddType(words, *type);
-        }
-    }
-}
-
 Words CollectWords()
 {
     CALL_ENTRY("Vocabulary::CollectWords");
     Words words = {k_Yes, k_No, k_True, k_False, k_On, k_Off};
-    AddAll(words, Job::CommonParameterNames());
-    AddAll(words, Job::ParameterCommandNames());
-    try
+    internal::g_UpperFloors.addWords(words);
+    for (const auto& variable : Platform::GetLiveEnv())
     {
-        AddTypes(words);
+        words.push_back(variable.first);
     }
-    catch (Exception* e)
-    {
-        // A word less to propose is no reason to keep somebody from typing.
-        e->Log(log_Warning);
-        delete e;
-    }
-    AddNames(words, Platform::GetLiveEnv());
     return words;
 }
 } // namespace

@@ -22,11 +22,6 @@ void UseInputColors(wxtColorManaged& control)
     control.RefreshColors();
 }
 
-long FlatStyle(long style)
-{
-    return style & wxBORDER_MASK ? style : style | wxBORDER_NONE;
-}
-
 void ColourField(wxWindow& field)
 {
     const wxColour ink = wxtGetColor(color_Text);

@@ -9,8 +9,6 @@ namespace appearance
 
 /// Gives a managed control the colours of a field, whatever its parent's are, and shows them.
 void UseInputColors(wxtColorManaged& control);
-/// The style, without a border unless it asks for one itself.
-long FlatStyle(long style);
 /// Shows the colours of the scheme where a text field has more than those of its text and ground:
 /// its hint, what is selected, the frame of the focus, the list of completions.
 void ColourField(wxWindow& field);

@@ -4,6 +4,8 @@
 
 #include <wx/string.h>
 
+#include <vector>
+
 namespace internal
 {
 /// What a folder has those above it do: each entry is set, before the program's main function, by
@@ -19,6 +21,10 @@ struct UpperFloors
     bool (*closeDialogs)() = [] { return false; };
     /// Every live dialog hears that the connection to the master has come or gone. Any thread.
     void (*tellDialogs)(bool connected) = [](bool) {};
+    /// Whether the options let text fields complete words.
+    bool (*mayComplete)() = [] { return true; };
+    /// Adds words that text fields complete, of what the programs are about.
+    void (*addWords)(std::vector<String>& words) = [](std::vector<String>&) {};
     /// Tells the user something that they may ask not to be told again, under `key`.
     void (*tellUser)(const wxString& message, const String& key) = [](const wxString&,
                                                                       const String&) {};
