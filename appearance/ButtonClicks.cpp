@@ -2,6 +2,7 @@
 #include "appearance/controls/ForeignKey.h"
 #include "appearance/controls/Mnemonic.h"
 #include "appearance/wxtButton.h"
+#include "internal/port/LostFocus.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/toplevel.h>
@@ -106,7 +107,7 @@ void wxtButton::EndClick(bool hadFocus)
 }
 
 // The toolkit takes the focus off a window that is disabled. Unless a handler has put it elsewhere,
-// it is where the user left it again.
+// it is where the user left it again, or goes on.
 void wxtButton::TakeFocusBack()
 {
     wxWindow* const focused = FindFocus();
@@ -115,4 +116,14 @@ void wxtButton::TakeFocusBack()
     {
         SetFocus();
     }
+    else if (!elsewhere)
+    {
+        internal::PassFocusOn(*this);
+    }
+}
+
+// During a click it is not known yet whether the button will be able to have it.
+void wxtButton::OnFocusLost(internal::FocusLostEvent& event)
+{
+    event.Skip(!m_State->IsClicking());
 }

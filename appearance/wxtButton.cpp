@@ -8,6 +8,7 @@
 #include "appearance/controls/ForeignPress.h"
 #include "appearance/controls/Mnemonic.h"
 #include "internal/port/Enabling.h"
+#include "internal/port/LostFocus.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/dcbuffer.h>
@@ -78,6 +79,7 @@ wxtButton::wxtButton(wxWindow* parent, wxWindowID id, const wxString& label,
     CALL_ENTRY("wxtButton::wxtButton");
     Manage(this);
     Bind(internal::EVT_ENABLED, &wxtButton::OnEnabled, this);
+    Bind(internal::EVT_FOCUS_LOST, &wxtButton::OnFocusLost, this);
     appearance::RefuseForeignRelease(*this);
     m_DisabledForegroundName = color_TextGrey;
     m_DisabledForegroundOffset = 0;

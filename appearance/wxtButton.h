@@ -14,6 +14,10 @@ namespace appearance
 class ButtonState;
 class ForeignKey;
 } // namespace appearance
+namespace internal
+{
+class FocusLostEvent;
+}
 class wxTopLevelWindow;
 
 /// A flat push button in the colours of the scheme. It sends `wxEVT_BUTTON` when it is clicked, or
@@ -62,6 +66,7 @@ private:
     void Key(wxKeyEvent& event);
     void Mnemonic(wxKeyEvent& event);
     void OnEnabled(internal::EnabledEvent& event);
+    void OnFocusLost(internal::FocusLostEvent& event);
     void Move(wxMoveEvent& event);
     void Size(wxSizeEvent& event);
 

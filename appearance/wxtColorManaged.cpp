@@ -3,6 +3,7 @@
 #include "appearance/ColorDrawing.h"
 #include "appearance/ColorScheme.h"
 #include "internal/port/Enabling.h"
+#include "internal/port/LostFocus.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/wupdlock.h>
@@ -55,6 +56,7 @@ void wxtColorManaged::Manage(wxWindow* window)
     if (window->GetHandle())
     {
         internal::WatchEnabling(*window);
+        internal::WatchFocus(*window);
     }
     if (const auto* parent = dynamic_cast<wxtColorManaged*>(window->GetParent()))
     {

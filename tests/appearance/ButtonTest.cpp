@@ -1,5 +1,8 @@
 #include "appearance/controls/ButtonState.h"
 #include "appearance/wxTolvanColors.h"
+#include "appearance/wxtCheckListBox.h"
+#include "appearance/wxtChoice.h"
+#include "appearance/wxtTextCtrl.h"
 #include "tests/support/EventCounter.h"
 #include "tests/support/FrameTest.h"
 #include "tests/support/Pictures.h"
@@ -195,6 +198,69 @@ TEST_F(ButtonTest, ItsHandlerMayDisableOrDestroyIt)
     m_Cancel->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { delete m_Panel; });
     m_Cancel->EmulateClick();
     EXPECT_FALSE(m_OK);
+}
+
+TEST_F(ButtonTest, TheKeysGoOnWhenTheirButtonCannotHaveThem)
+{
+    const struct
+    {
+        const char*           name;
+        std::function<void()> handler; // of OK's click
+        bool                  keeps;   // the focus
+    } cases[] = {
+        {"nothing happens", [] {}, true},
+        {"events are handled meanwhile", [] { PumpEvents(); }, true},
+        {"disabled", [&] { m_OK->Disable(); }, false},
+        {"disabled, and events are handled", [&] { (m_OK->Disable(), PumpEvents()); }, false},
+        {"hidden", [&] { m_OK->Hide(); }, false},
+        {"by the program, later", [&] { m_OK->CallAfter([&] { m_OK->Disable(); }); }, false},
+    };
+    EventCounter clicks(m_Panel, wxEVT_BUTTON);
+    size_t       at = 0;
+    m_OK->Bind(wxEVT_BUTTON,
+               [&](wxCommandEvent& event)
+               {
+                   event.Skip();
+                   cases[at].handler();
+               });
+    for (at = 0; at < WXSIZEOF(cases); ++at)
+    {
+        SCOPED_TRACE(cases[at].name);
+        m_OK->Show();
+        m_OK->Enable();
+        Focus(m_OK);
+        Press(WXK_SPACE);
+        wxWindow* const next = cases[at].keeps ? m_OK.get() : m_Cancel.get();
+        EXPECT_TRUE(WaitFor([&] { return clicks.Count() == 1 && next->HasFocus(); }));
+        PumpEvents();
+        EXPECT_TRUE(next->HasFocus());
+        ExpectDefault(dynamic_cast<wxtButton*>(next));
+        clicks.Clear();
+    }
+}
+
+TEST_F(ButtonTest, TheKeysGoOnFromEveryThemedControl)
+{
+    wxWindow* const controls[] = {
+        new wxtCheckBox(m_Panel, wxID_ANY, "box"), new wxtRadioButton(m_Panel, wxID_ANY, "radio"),
+        new wxtTextCtrl(m_Panel, wxID_ANY),        new wxtComboBox(m_Panel, wxID_ANY),
+        new wxtChoice(m_Panel, wxID_ANY),          new wxtCheckListBox(m_Panel, wxID_ANY)};
+    for (wxWindow* const control : controls)
+    {
+        const auto isIn = [=]
+        { return wxWindow::FindFocus() && control->IsDescendant(wxWindow::FindFocus()); };
+        for (const bool hides : {false, true})
+        {
+            control->Show();
+            control->Enable();
+            control->MoveAfterInTabOrder(m_OK);
+            control->SetFocus();
+            ASSERT_TRUE(WaitFor(isIn)) << control->GetName();
+            hides ? control->Hide() : control->Disable();
+            EXPECT_TRUE(WaitFor([&] { return m_Cancel->HasFocus(); }))
+                << control->GetName() << hides;
+        }
+    }
 }
 
 TEST_F(ButtonTest, TheLabelIsCentredOnAFlatFace)
