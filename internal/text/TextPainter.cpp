@@ -148,6 +148,11 @@ void TextPainter::Canvas::DrawAlone(const Glyph& glyph, int x, int y, int width)
         cairo_rectangle(m_Cairo, x, y, width, m_Glyphs.LineHeight());
         cairo_clip(m_Cairo);
     }
+    if (!glyph.layout)
+    {
+        // First: the font that was used last would be taken as it is, whatever the scale.
+        cairo_set_scaled_font(m_Cairo, glyph.font);
+    }
     cairo_translate(m_Cairo, x, y + m_Glyphs.Baseline());
     if (glyph.advance > width + kTightFit)
     {
@@ -162,7 +167,6 @@ void TextPainter::Canvas::DrawAlone(const Glyph& glyph, int x, int y, int width)
     else
     {
         const cairo_glyph_t single{glyph.index, glyph.dx, glyph.dy};
-        cairo_set_scaled_font(m_Cairo, glyph.font);
         cairo_show_glyphs(m_Cairo, &single, 1);
     }
     cairo_restore(m_Cairo);
