@@ -1,4 +1,3 @@
-#include "appearance/completion/Vocabulary.h"
 #include "appearance/wxtAutoCompleter.h"
 #include "vesta/File.h"
 
@@ -53,20 +52,6 @@ String Proposals(wxtAutoCompleter& completer, const wxString& text)
     return all;
 }
 } // namespace
-
-TEST(VocabularyTest, OrdersWithoutCaseAndKeepsTheFirstOfEachWord)
-{
-    const appearance::Vocabulary words(
-        {"beta", "Alpha", "ALPHA", "alp", "al_", "Beta", "\xc3\xa4", "\xc3\x84"});
-    String all;
-    for (const auto* word = words.LowerBound(""); word != words.End(); ++word)
-    {
-        all += word->text + " ";
-    }
-    EXPECT_EQ("al_ alp Alpha beta \xc3\xa4 ", all);
-    EXPECT_EQ("Alpha", words.LowerBound("alph")->text);
-    EXPECT_EQ(words.End(), words.LowerBound("\xff"));
-}
 
 TEST(AutoCompleterTest, CompletesTheLastWordAndKeepsWhatStandsBefore)
 {

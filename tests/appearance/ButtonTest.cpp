@@ -97,8 +97,15 @@ TEST_F(ButtonTest, TheDefaultLookGoesWithTheFocusAndComesBack)
     ExpectDefault(m_OK);
 }
 
-TEST_F(ButtonTest, ADefaultThatHasGoneIsNotGivenTheRoleBack)
+TEST_F(ButtonTest, TheRoleComesBackAlsoFromOneThatIsDestroyed)
 {
+    auto* const brief = new wxtButton(m_Panel, wxID_ANY, "Brief");
+    Focus(brief);
+    ExpectDefault(brief);
+    brief->Destroy();
+    PumpEvents();
+    ExpectDefault(m_OK);
+    // But not to one that has gone.
     Focus(m_Cancel);
     m_OK->Destroy();
     Focus(m_Field);
@@ -111,90 +118,24 @@ TEST_F(ButtonTest, ADefaultThatHasGoneIsNotGivenTheRoleBack)
     EXPECT_EQ(nullptr, Frame()->GetDefaultItem());
 }
 
-TEST_F(ButtonTest, AButtonThatGoesWithTheFocusGivesTheRoleBack)
-{
-    const std::pair<const char*, std::function<void()>> ways[] = {
-        {"disabled", [&] { m_Cancel->Disable(); }},
-        {"hidden", [&] { m_Cancel->Hide(); }},
-        {"destroyed", [&] { m_Cancel->Destroy(); }},
-    };
-    for (const auto& [name, lose] : ways)
-    {
-        SCOPED_TRACE(name);
-        m_Cancel->Show();
-        m_Cancel->Enable();
-        Focus(m_Cancel);
-        ExpectDefault(m_Cancel);
-        lose();
-        PumpEvents();
-        ExpectDefault(m_OK);
-    }
-}
-
-TEST_F(ButtonTest, KeysMouseAndMnemonicClickOnce)
-{
-    EventCounter clicks(m_Panel, wxEVT_BUTTON);
-    Focus(m_Cancel);
-    const int keys[] = {WXK_SPACE, WXK_RETURN, WXK_NUMPAD_ENTER};
-    for (const int key : keys)
-    {
-        clicks.Clear();
-        Press(key);
-        EXPECT_TRUE(WaitFor([&] { return clicks.Count() == 1; })) << key;
-        EXPECT_TRUE(m_Cancel->HasFocus()) << "the click does not cost the focus";
-    }
-    clicks.Clear();
-    Press('A');
-    EXPECT_EQ(0, clicks.Count());
-
-    Focus(m_Field);
-    Press('C', wxMOD_ALT);
-    EXPECT_TRUE(WaitFor([&] { return clicks.Count() == 1; }));
-    EXPECT_EQ(wxID_CANCEL, clicks.Last()->GetId());
-    EXPECT_EQ("&Cancel", m_Cancel->GetLabel());
-
-    clicks.Clear();
-    m_Input.MouseMove(m_OK->GetScreenRect().GetPosition() + wxPoint(5, 5));
-    m_Input.MouseClick();
-    EXPECT_TRUE(WaitFor([&] { return clicks.Count() == 1; }));
-    clicks.Clear();
-    m_Input.MouseDblClick();
-    WaitFor([&] { return clicks.Count() > 1; }, 100);
-    EXPECT_EQ(1, clicks.Count()) << "the release that ends a double click";
-}
-
-// The key that closed a dialog is let go over the button that the focus has come back to.
-TEST_F(ButtonTest, TheReleaseOfAKeyPressedElsewhereClicksNothing)
-{
-    EventCounter clicks(m_Panel, wxEVT_BUTTON);
-    EventCounter presses(m_Field, wxEVT_KEY_DOWN);
-    m_Input.KeyDown(WXK_RETURN);
-    ASSERT_TRUE(WaitFor([&] { return presses.Count() > 0; }));
-    Focus(m_OK);
-    m_Input.KeyUp(WXK_RETURN);
-    WaitFor([&] { return clicks.Count() > 0; }, 100);
-    EXPECT_EQ(0, clicks.Count());
-}
-
-TEST_F(ButtonTest, ItsHandlerMayDisableOrDestroyIt)
+TEST_F(ButtonTest, ItsHandlerRunsOnceAndMayDisableOrDestroyIt)
 {
     int clicks = 0;
     m_OK->Bind(wxEVT_BUTTON,
                [&](wxCommandEvent&)
                {
                    ++clicks;
-                   m_OK->EmulateClick();
-                   EXPECT_EQ(1, clicks) << "no click while one is on its way";
                    EXPECT_FALSE(m_OK->IsEnabled());
+                   m_OK->EmulateClick();
                    m_OK->Enable(false);
                });
     m_OK->EmulateClick();
+    EXPECT_EQ(1, clicks) << "no click while one is on its way";
     EXPECT_FALSE(m_OK->IsEnabled());
     EXPECT_EQ(wxtGetColor(color_TextGrey), m_OK->GetForegroundColour());
     EXPECT_EQ(wxtGetColor(color_WindowBGDarker), m_OK->GetBackgroundColour());
     m_OK->Enable();
     ExpectDefault(m_OK);
-
     m_Cancel->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { delete m_Panel; });
     m_Cancel->EmulateClick();
     EXPECT_FALSE(m_OK);
@@ -234,30 +175,42 @@ TEST_F(ButtonTest, TheKeysGoOnWhenTheirButtonCannotHaveThem)
         EXPECT_TRUE(WaitFor([&] { return clicks.Count() == 1 && next->HasFocus(); }));
         PumpEvents();
         EXPECT_TRUE(next->HasFocus());
-        ExpectDefault(dynamic_cast<wxtButton*>(next));
+        EXPECT_TRUE(dynamic_cast<wxtButton*>(next)->IsDefault());
         clicks.Clear();
     }
 }
 
 TEST_F(ButtonTest, TheKeysGoOnFromEveryThemedControl)
 {
-    wxWindow* const controls[] = {
-        new wxtCheckBox(m_Panel, wxID_ANY, "box"), new wxtRadioButton(m_Panel, wxID_ANY, "radio"),
-        new wxtTextCtrl(m_Panel, wxID_ANY),        new wxtComboBox(m_Panel, wxID_ANY),
-        new wxtChoice(m_Panel, wxID_ANY),          new wxtCheckListBox(m_Panel, wxID_ANY)};
-    for (wxWindow* const control : controls)
+    const std::function<wxWindow*()> makers[] = {
+        [&] { return new wxtCheckBox(m_Panel, wxID_ANY, "box"); },
+        [&] { return new wxtRadioButton(m_Panel, wxID_ANY, "radio"); },
+        [&] { return new wxtTextCtrl(m_Panel, wxID_ANY); },
+        [&]
+        {
+            return new wxtTextCtrl(m_Panel, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
+                                   wxTE_MULTILINE);
+        },
+        [&] { return new wxtComboBox(m_Panel, wxID_ANY); },
+        [&] { return new wxtChoice(m_Panel, wxID_ANY); },
+        [&] { return new wxtCheckListBox(m_Panel, wxID_ANY); },
+    };
+    for (const auto& make : makers)
     {
-        const auto isIn = [=]
-        { return wxWindow::FindFocus() && control->IsDescendant(wxWindow::FindFocus()); };
+        wxWindow* const control = make(); // the last, which the first comes after
+        const auto      hasFocus = [=]
+        {
+            const wxWindow* const focused = wxWindow::FindFocus();
+            return focused && (focused == control || focused->GetParent() == control);
+        };
         for (const bool hides : {false, true})
         {
             control->Show();
             control->Enable();
-            control->MoveAfterInTabOrder(m_OK);
             control->SetFocus();
-            ASSERT_TRUE(WaitFor(isIn)) << control->GetName();
+            ASSERT_TRUE(WaitFor(hasFocus)) << control->GetName();
             hides ? control->Hide() : control->Disable();
-            EXPECT_TRUE(WaitFor([&] { return m_Cancel->HasFocus(); }))
+            EXPECT_TRUE(WaitFor([&] { return m_Field->HasFocus(); }))
                 << control->GetName() << hides;
         }
     }
@@ -292,60 +245,57 @@ TEST_F(ButtonTest, TheLabelIsCentredOnAFlatFace)
 TEST(ButtonStateTest, TellsWhatIsLeftToDo)
 {
     using State = appearance::ButtonState;
-    using Focus = State::Focus;
-    const struct
-    {
-        const char* name;
-        bool (*holds)(State& state);
-    } cases[] = {
-        {"focus without a role", [](State& s) { return s.LoseFocus() == Focus::None; }},
-        {"a role is given back once",
-         [](State& s)
-         {
-             s.GainFocus(true);
-             return s.OfFocus() == Focus::Role && s.LoseFocus() == Focus::Role &&
-                    s.LoseFocus() == Focus::None;
-         }},
-        {"focus again, as the default item by then",
-         [](State& s)
-         {
-             s.GainFocus(true);
-             s.GainFocus(false);
-             return s.LoseFocus() == Focus::Lit;
-         }},
-        {"light on and off", [](State& s)
-         { return s.Light(true) && !s.Light(true) && s.IsLit() && s.Light(false) && !s.IsLit(); }},
-        {"light is taken with the look",
-         [](State& s) { return !s.TakeLight() && s.Light(true) && s.TakeLight() && !s.IsLit(); }},
-        {"no wish outside of a click", [](State& s) { return !s.KeepEnabling(false); }},
-        {"a click leaves it enabled",
-         [](State& s)
-         {
-             s.BeginClick();
-             return s.IsClicking() && s.EndClick() && !s.IsClicking();
-         }},
-        {"the last wish counts, and for one click only",
-         [](State& s)
-         {
-             s.BeginClick();
-             const bool kept = s.KeepEnabling(true) && s.KeepEnabling(false);
-             const bool enable = s.EndClick();
-             s.BeginClick();
-             return kept && !enable && s.EndClick();
-         }},
-        {"a double click ends without a click, a third press clicks",
-         [](State& s)
-         {
-             s.Press(false);
-             const bool first = s.Release();
-             s.Press(true);
-             const bool second = s.Release();
-             return first && !second && s.Release();
-         }},
+    // What happens, a letter each, and what it says to it; a blank is no answer.
+    //  F: focus as the default item; R: focus, taking the role; K: focus lost
+    //  L, l: light on, off; T: light taken
+    //  C: click; E, D: enable, disable; X: end of the click
+    //  P, Q: press, and once more; U: let go
+    const std::pair<const char*, const char*> cases[] = {
+        {"K", "n"},         {"FKK", " ln"}, {"RKK", " rn"},     {"RFK", "  l"}, {"LLll", "ynyn"},
+        {"TLTl", "nyyn"},   {"ED", "nn"},   {"CX", " y"},       {"CDX", " yn"}, {"CDEX", " yyy"},
+        {"CDXCX", " yn y"}, {"CXE", " yn"}, {"PUQUU", " y ny"}, {"U", "y"},     {"PQU", "  n"},
     };
-    for (const auto& one : cases)
+    for (const auto& [deeds, expected] : cases)
     {
-        State state;
-        EXPECT_TRUE(one.holds(state)) << one.name;
+        State       state;
+        std::string said;
+        for (const char deed : std::string(deeds))
+        {
+            const auto tell = [&said](bool yes) { said += yes ? 'y' : 'n'; };
+            switch (deed)
+            {
+            case 'F':
+            case 'R':
+                (state.GainFocus(deed == 'R'), said += ' ');
+                break;
+            case 'K':
+                said += "nlr"[static_cast<int>(state.LoseFocus())];
+                break;
+            case 'L':
+            case 'l':
+                tell(state.Light(deed == 'L'));
+                break;
+            case 'T':
+                tell(state.TakeLight());
+                break;
+            case 'C':
+                (state.BeginClick(), said += ' ');
+                break;
+            case 'E':
+            case 'D':
+                tell(state.KeepEnabling(deed == 'E'));
+                break;
+            case 'X':
+                tell(state.EndClick());
+                break;
+            case 'P':
+            case 'Q':
+                (state.Press(deed == 'Q'), said += ' ');
+                break;
+            default:
+                tell(state.Release());
+            }
+        }
+        EXPECT_EQ(expected, said) << deeds;
     }
 }

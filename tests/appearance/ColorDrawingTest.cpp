@@ -6,6 +6,7 @@
 
 #include <wx/dcmemory.h>
 
+#include <algorithm>
 #include <climits>
 #include <cmath>
 
@@ -50,17 +51,6 @@ TEST(ColorHelpers, ChannelsAreOffsetClampedAndTruncated)
     EXPECT_EQ(wxColour(255, 0, 155), internal::InvertedColour(wxColour(0, 255, 100)));
 }
 
-TEST(GradedRectangle, PlainWithoutAShrinkingEdge)
-{
-    const std::vector<wxColour> column = Column(Graded(10, 1, false, false));
-    EXPECT_EQ(kBackground, column[0]);
-    for (int y = 1; y <= 10; ++y)
-    {
-        EXPECT_EQ(kInner, column[static_cast<size_t>(y)]) << y;
-    }
-    EXPECT_EQ(kBackground, column[11]);
-}
-
 TEST(GradedRectangle, RunsFromTheOuterColourAtTheEdgesToTheInner)
 {
     const std::vector<wxColour> both = Column(Graded(10, 1, true, true));
@@ -77,15 +67,15 @@ TEST(GradedRectangle, RunsFromTheOuterColourAtTheEdgesToTheInner)
     const std::vector<wxColour> bent = Column(Graded(10, 2, true, true));
     EXPECT_NEAR(200 * 0.64, bent[2].Red(), 1);
     EXPECT_EQ(kInner, Column(Graded(10, std::nanf(""), true, true))[5]) << "no number at all";
-}
-
-TEST(GradedRectangle, SmallHeights)
-{
-    EXPECT_EQ(kBackground, Column(Graded(1, 1, true, true))[1]);
-    const std::vector<wxColour> two = Column(Graded(2, 1, true, true));
-    EXPECT_EQ(kOuter, two[1]);
-    EXPECT_EQ(kOuter, two[2]);
-    EXPECT_EQ(kBackground, two[3]);
+    const auto all = [](const wxColour& colour, size_t rows)
+    {
+        std::vector<wxColour> column(12, kBackground);
+        std::fill_n(column.begin() + 1, rows, colour);
+        return column;
+    };
+    EXPECT_EQ(all(kInner, 10), Column(Graded(10, 1, false, false))) << "no edge shrinks";
+    EXPECT_EQ(all(kOuter, 2), Column(Graded(2, 1, true, true)));
+    EXPECT_EQ(all(kOuter, 0), Column(Graded(1, 1, true, true)));
 }
 
 TEST(GradedRectangle, LeavesTheContextAsItWas)

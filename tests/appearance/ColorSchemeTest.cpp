@@ -6,17 +6,6 @@
 
 namespace
 {
-// Every preset at once: its colours, one after another.
-std::vector<wxColour> Table()
-{
-    std::vector<wxColour> colours;
-    for (const auto& entry : g_Colors)
-    {
-        colours.push_back(entry.second);
-    }
-    return colours;
-}
-
 class ColorSchemeTest : public UserFolderTest
 {
 protected:
@@ -30,53 +19,39 @@ protected:
     }
     Path ColorFile() const { return UserFile("Colors.ini"); }
 };
-
-struct Probe
-{
-    const String& name;
-    wxColour      light, lighter, dark, darker;
-};
 } // namespace
 
 TEST_F(ColorSchemeTest, PresetsFillThe27Colours)
 {
-    // One colour of each kind, where the presets differ or are easily mixed up.
-    const Probe probes[] = {
-        {color_WindowBG, {185, 185, 185}, {233, 233, 233}, {72, 72, 72}, {32, 32, 32}},
-        {color_TextYellow, {97, 90, 16}, {242, 227, 19}, {255, 225, 0}, {235, 210, 0}},
-        {color_TextDarkOrange, {152, 82, 0}, {132, 68, 0}, {200, 127, 42}, {200, 127, 42}},
-        {color_TextGrey, {85, 90, 105}, {85, 90, 105}, {160, 170, 190}, {160, 170, 190}},
-        {color_Selected, {222, 163, 62}, {250, 169, 35}, {230, 163, 48}, {199, 129, 16}},
-        {color_Header, {168, 168, 168}, {211, 211, 211}, {115, 115, 115}, {55, 55, 55}},
-    };
-    for (const Probe& probe : probes)
+    // Where the presets differ or are easily mixed up.
+    const struct
     {
-        Light();
-        EXPECT_EQ(probe.light, wxtGetColor(probe.name)) << probe.name;
-        Lighter();
-        EXPECT_EQ(probe.lighter, wxtGetColor(probe.name)) << probe.name;
-        Dark();
-        EXPECT_EQ(probe.dark, wxtGetColor(probe.name)) << probe.name;
-        Darker();
-        EXPECT_EQ(probe.darker, wxtGetColor(probe.name)) << probe.name;
+        const String& name;
+        wxColour      of[4];
+    } probes[] = {
+        {color_WindowBG, {{185, 185, 185}, {233, 233, 233}, {72, 72, 72}, {32, 32, 32}}},
+        {color_TextYellow, {{97, 90, 16}, {242, 227, 19}, {255, 225, 0}, {235, 210, 0}}},
+        {color_TextGrey, {{85, 90, 105}, {85, 90, 105}, {160, 170, 190}, {160, 170, 190}}},
+        {color_Selected, {{222, 163, 62}, {250, 169, 35}, {230, 163, 48}, {199, 129, 16}}},
+    };
+    const int schemes[] = {scheme_Light, scheme_Lighter, scheme_Dark, scheme_Darker};
+    for (const int scheme : {0, 1, 2, 3})
+    {
+        SetColors(schemes[scheme]);
+        for (const auto& probe : probes)
+        {
+            EXPECT_EQ(probe.of[scheme], wxtGetColor(probe.name)) << probe.name << scheme;
+        }
+        EXPECT_EQ(27u, g_Colors.size());
     }
-    EXPECT_EQ(27u, g_Colors.size());
-    EXPECT_EQ("TextGray", color_TextGrey);
-    EXPECT_EQ(1u, g_Colors.count("TextGray"));
-}
-
-TEST_F(ColorSchemeTest, UnknownCodesAreDark)
-{
     Dark();
-    const std::vector<wxColour> dark = Table();
+    const std::map<String, wxColour> dark = g_Colors;
     for (const int code : {0, 3, 7, -5})
     {
         Lighter();
         SetColors(code);
-        EXPECT_EQ(dark, Table()) << code;
+        EXPECT_EQ(dark, g_Colors) << "of no scheme: " << code;
     }
-    SetColors(scheme_Darker);
-    EXPECT_NE(dark, Table());
 }
 
 TEST_F(ColorSchemeTest, UnknownNameIsAnInvalidColourThatNothingTripsOver)
@@ -144,24 +119,21 @@ TEST_F(ColorSchemeTest, CustomColoursLieOverTheDarkPreset)
 TEST_F(ColorSchemeTest, UnusableFilesLeaveTheColoursAndSayWhy)
 {
     g_Scheme = scheme_Light;
+    const auto expectRefused = []
     {
         const LogCapture log;
-        WriteFile(ColorFile(), "scheme = 4\n" + String(std::string(IniFile::k_Limit, '#')));
-        LoadColorScheme();
-        EXPECT_EQ(scheme_Light, g_Scheme);
-        SaveColorScheme();
-        EXPECT_TRUE(log.Has("Colors.ini")) << log.All();
-        EXPECT_GT(ReadFile(ColorFile()).size(), IniFile::k_Limit); // not overwritten
-    }
-    {
-        const LogCapture log;
-        ASSERT_TRUE(File::Remove(ColorFile()));
-        ASSERT_EQ(0, mkdir(ColorFile().Text().c_str(), 0700));
         LoadColorScheme();
         SaveColorScheme();
         EXPECT_EQ(scheme_Light, g_Scheme);
         EXPECT_TRUE(log.Has("Colors.ini")) << log.All();
-    }
+    };
+    WriteFile(ColorFile(), "scheme = 4\n" + String(std::string(IniFile::k_Limit, '#')));
+    expectRefused();
+    EXPECT_GT(ReadFile(ColorFile()).size(), IniFile::k_Limit); // not overwritten
+    ASSERT_TRUE(File::Remove(ColorFile()));
+    ASSERT_EQ(0, mkdir(ColorFile().Text().c_str(), 0700));
+    expectRefused();
+
     const String userDir = File::s_UserDir;
     File::s_UserDir.clear();
     g_Scheme = -1;

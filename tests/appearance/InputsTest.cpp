@@ -1,56 +1,103 @@
-#include "tests/appearance/InputsTest.h"
+#include "appearance/wxTolvanColors.h"
 #include "appearance/wxtCheckListBox.h"
+#include "appearance/wxtChoice.h"
 #include "appearance/wxtGenericValidator.h"
 #include "appearance/wxtTextCtrl.h"
 #include "internal/port/Completions.h"
 #include "tests/support/EventCounter.h"
+#include "tests/support/FrameTest.h"
 #include "tests/support/Pictures.h"
 #include "tests/support/TestApp.h"
 #include "tolvan/ClientOptions.h"
 
+#include <wx/uiaction.h>
+
 #include <tuple>
 
-TEST_F(InputsTest, FieldCompletesWhatIsTypedAndTellsOfEachChange)
+namespace
 {
-    auto* const  field = new wxtTextCtrl(m_Panel, wxID_ANY, "", wxPoint(10, 10), wxSize(200, -1));
-    EventCounter changes(m_Panel, wxEVT_TEXT);
-    Focus(field);
-    m_Input.Text("1:o");
-    ASSERT_TRUE(WaitFor([&] { return field->GetValue() == "1:o"; }));
-    EXPECT_EQ(3, changes.Count());
-    const auto taken = [&]
-    {
-        // Again where the list was just being made: it misses the keys then.
-        Press(WXK_BACK);
-        Press('O');
-        EXPECT_TRUE(WaitFor(internal::CompletionsAreOpen));
-        Press(WXK_DOWN);
-        Press(WXK_RETURN);
-        return WaitFor([&] { return field->GetValue() == "1:Off"; }, 500);
-    };
-    EXPECT_TRUE(WaitFor(taken)) << field->GetValue();
-    EXPECT_TRUE(WaitFor([] { return !internal::CompletionsAreOpen(); }))
-        << "nothing is left to complete";
-}
+// Counts those that are alive.
+class Counted : public wxClientData
+{
+public:
+    Counted() { ++s_Alive; }
+    ~Counted() override { --s_Alive; }
+    static inline int s_Alive = 0;
+};
 
-TEST_F(InputsTest, CompletionsHaveTheColoursOfTheScheme)
+// A panel for the input controls, and real keys.
+class InputsTest : public FrameTest
 {
-    auto* const field = new wxtTextCtrl(m_Panel, wxID_ANY, "", wxPoint(10, 10), wxSize(200, -1));
-    Focus(field);
-    ASSERT_TRUE(WaitFor(
-        [&]
-        {
-            Press('O');
-            return WaitFor(internal::CompletionsAreOpen, 500);
-        }));
-    const wxPoint below = field->ClientToScreen(wxPoint(150, field->GetSize().y + 10));
-    for (const int scheme : {scheme_Dark, scheme_Light})
+protected:
+    InputsTest() : m_Panel(new wxtPanel(Frame())) { m_Panel->SetSize(Frame()->GetClientSize()); }
+
+    static wxArrayString Items()
     {
-        SwitchTo(scheme, Frame());
-        const wxColour ground = wxtGetColor(color_WindowBGLighter);
-        EXPECT_TRUE(WaitFor([&] { return PixelAt(PictureOfScreen(), below.x, below.y) == ground; }))
-            << scheme << Kept(PictureOfScreen(), "completions");
+        wxArrayString items;
+        items.Add("Alpha");
+        items.Add("beta");
+        items.Add("bravo");
+        items.Add("two\nlines\tand & more");
+        items.Add(wxString('W', 10000));
+        return items;
     }
+    wxtChoice* AddChoice()
+    {
+        return new wxtChoice(m_Panel, wxID_ANY, wxPoint(10, 10), wxSize(200, 24), Items());
+    }
+    void Focus(wxWindow* window)
+    {
+        window->SetFocus();
+        ASSERT_TRUE(WaitFor([=] { return window->HasFocus(); }));
+        PumpEvents();
+    }
+    void Press(int key, int modifiers = 0)
+    {
+        m_Input.Char(key, modifiers);
+        PumpEvents();
+    }
+    static void SwitchTo(int scheme, wxWindow* top)
+    {
+        SetColors(scheme);
+        wxSysColourChangedEvent event;
+        top->ProcessWindowEvent(event);
+    }
+
+    wxUIActionSimulator m_Input;
+    wxtPanel*           m_Panel;
+};
+} // namespace
+
+TEST_F(InputsTest, OpenListsFollowTheScheme)
+{
+    auto* const field = new wxtTextCtrl(m_Panel, wxID_ANY, "", wxPoint(10, 60), wxSize(200, -1));
+    const auto  expectGround = [&](const wxWindow* control)
+    {
+        // In the second item.
+        const wxPoint at = control->ClientToScreen(wxPoint(150, control->GetSize().y * 5 / 2));
+        for (const int scheme : {scheme_Dark, scheme_Light})
+        {
+            SwitchTo(scheme, Frame());
+            const wxColour ground = wxtGetColor(color_WindowBGLighter);
+            EXPECT_TRUE(WaitFor([&] { return PixelAt(PictureOfScreen(), at.x, at.y) == ground; }))
+                << control->GetName() << scheme << Kept(PictureOfScreen(), "list");
+        }
+    };
+    auto* const choice = AddChoice();
+    Focus(choice);
+    Press(WXK_F4);
+    ASSERT_TRUE(WaitFor([=] { return choice->IsPopupShown(); }));
+    expectGround(choice);
+    Press(WXK_ESCAPE);
+    EXPECT_TRUE(WaitFor([=] { return !choice->IsPopupShown(); }));
+    Focus(field);
+    const auto opened = [&]
+    {
+        Press('O');
+        return WaitFor(internal::CompletionsAreOpen, 500);
+    };
+    ASSERT_TRUE(WaitFor(opened));
+    expectGround(field);
 }
 
 TEST_F(InputsTest, TabLeavesAFieldWhoseCompletionsAreOpen)
@@ -127,91 +174,46 @@ TEST_F(InputsTest, EveryStateHasTheColoursOfTheScheme)
     }
 }
 
-TEST_F(InputsTest, CheckListMovesAndTellsAsTheStockOne)
-{
-    auto* const  empty = new wxtCheckListBox(m_Panel, wxID_ANY, wxPoint(10, 10), wxSize(200, 40));
-    auto* const  list = new wxtCheckListBox(m_Panel, wxID_ANY, wxPoint(10, 60), wxSize(200, 100));
-    EventCounter checks(m_Panel, wxEVT_CHECKLISTBOX);
-    EventCounter selections(m_Panel, wxEVT_LISTBOX);
-    const int keys[] = {WXK_HOME, WXK_END, WXK_PAGEUP, WXK_PAGEDOWN, WXK_UP, WXK_DOWN, WXK_SPACE};
-    Focus(empty);
-    for (const int key : keys)
-    {
-        Press(key);
-    }
-    EXPECT_EQ(wxNOT_FOUND, empty->GetSelection());
-    EXPECT_EQ(0, checks.Count() + selections.Count());
-
-    for (int i = 0; i < 30; ++i)
-    {
-        list->Append(wxString::Format("item %d", i));
-    }
-    const auto click = [&](unsigned item)
-    {
-        m_Input.MouseMove(list->ClientToScreen(list->GetBoxRect(item).GetTopLeft()) +
-                          wxPoint(4, 4));
-        m_Input.MouseClick();
-        PumpEvents();
-    };
-    list->SetSelection(0);
-    click(2);
-    EXPECT_TRUE(WaitFor([&] { return selections.Count() == 1 && checks.Count() == 1; }));
-    EXPECT_EQ(2, list->GetSelection());
-    EXPECT_TRUE(list->IsChecked(2));
-    const auto moved = [&](int key, int item)
-    {
-        Press(key);
-        return WaitFor([&] { return list->GetSelection() == item; });
-    };
-    EXPECT_TRUE(moved(WXK_END, 29));
-    Press(WXK_PAGEDOWN);
-    EXPECT_TRUE(moved(WXK_UP, 28)) << "from the last one, where the page ended";
-    EXPECT_TRUE(moved(WXK_HOME, 0));
-    Press(WXK_PAGEDOWN);
-    EXPECT_TRUE(WaitFor([&] { return list->GetSelection() > 1; }));
-    EXPECT_TRUE(moved(WXK_PAGEUP, 0));
-    // What the user looks at stays where it is when items come and go above or below.
-    list->EnsureVisible(29);
-    const size_t first = list->GetVisibleRowsBegin();
-    list->Append("more");
-    list->Delete(29);
-    EXPECT_EQ(first, list->GetVisibleRowsBegin());
-    EXPECT_EQ(0, list->GetSelection());
-    // A handler may take the list away.
-    const wxWeakRef<wxWindow> left(list);
-    list->Bind(wxEVT_CHECKLISTBOX, [list](wxCommandEvent&) { list->Destroy(); });
-    click(static_cast<unsigned>(first));
-    EXPECT_TRUE(WaitFor([&] { return !left; }));
-}
-
-TEST_F(InputsTest, CheckListTogglesByBoxAndBlankAndFindsWhatIsTyped)
+TEST_F(InputsTest, SortedCheckListFindsWhatIsTypedAndKeepsItsTicks)
 {
     auto* const list = new wxtCheckListBox(m_Panel, wxID_ANY, wxPoint(10, 10), wxSize(200, 150),
                                            Items(), wxLB_SORT);
-    EXPECT_EQ("Alpha", list->GetString(0));
-    EventCounter checks(m_Panel, wxEVT_CHECKLISTBOX);
-    EventCounter selections(m_Panel, wxEVT_LISTBOX);
     Focus(list);
     Press('B');
     Press('R');
     ASSERT_TRUE(WaitFor([=] { return list->GetStringSelection() == "bravo"; }));
-    EXPECT_EQ(2, selections.Count()) << "beta on the way";
-    const unsigned bravo = static_cast<unsigned>(list->GetSelection());
-    m_Input.MouseMove(list->ClientToScreen(list->GetBoxRect(bravo).GetTopLeft()) + wxPoint(4, 4));
-    m_Input.MouseClick();
-    ASSERT_TRUE(WaitFor([&] { return checks.Count() == 1; }));
-    EXPECT_TRUE(list->IsChecked(bravo));
-    EXPECT_EQ("bravo", dynamic_cast<const wxCommandEvent*>(checks.Last())->GetString());
+    list->Check(static_cast<unsigned>(list->GetSelection()));
+    list->Check(1000);
     list->Delete(0);
     wxArrayInt checked;
-    EXPECT_EQ(1u, list->GetCheckedItems(checked));
-    EXPECT_EQ(static_cast<int>(bravo) - 1, checked[0]);
+    ASSERT_EQ(1u, list->GetCheckedItems(checked));
+    EXPECT_EQ("bravo", list->GetString(static_cast<unsigned>(checked[0])));
     EXPECT_EQ("bravo", list->GetStringSelection());
-    Press(WXK_SPACE);
-    ASSERT_TRUE(WaitFor([&] { return checks.Count() == 2; }));
-    EXPECT_FALSE(list->IsChecked(bravo - 1));
-    list->Check(1000);
-    EXPECT_FALSE(list->IsChecked(1000));
+}
+
+TEST_F(InputsTest, CheckListStaysWhereItIsWhenItemsComeAndGo)
+{
+    auto* const list = new wxtCheckListBox(m_Panel, wxID_ANY, wxPoint(10, 60), wxSize(200, 100));
+    Focus(list);
+    for (const int key : {WXK_HOME, WXK_END, WXK_PAGEUP, WXK_PAGEDOWN, WXK_UP, WXK_SPACE})
+    {
+        Press(key);
+    }
+    EXPECT_EQ(wxNOT_FOUND, list->GetSelection()) << "it is empty";
+    for (int i = 0; i < 30; ++i)
+    {
+        list->Append(wxString::Format("item %d", i));
+    }
+    list->SetSelection(29);
+    Press(WXK_PAGEUP);
+    ASSERT_TRUE(WaitFor([&] { return list->GetSelection() < 28; }));
+    Press(WXK_PAGEDOWN);
+    ASSERT_TRUE(WaitFor([&] { return list->GetSelection() == 29; }));
+    const size_t first = list->GetVisibleRowsBegin();
+    list->Append("more");
+    list->Delete(28);
+    EXPECT_EQ(first, list->GetVisibleRowsBegin());
+    EXPECT_EQ(28, list->GetSelection());
 }
 
 TEST_F(InputsTest, ClientObjectsAreFreedOnce)
@@ -263,4 +265,85 @@ TEST_F(InputsTest, ValidatorsMoveValuesToTheControlsAndBack)
     EXPECT_EQ("other", text);
     ASSERT_EQ(1u, checked.size());
     EXPECT_EQ(3, checked[0]);
+}
+
+TEST_F(InputsTest, ChoiceHoldsWhatItShows)
+{
+    const struct
+    {
+        long        style;
+        const char* given;
+        const char* set; // in place of it; null: nothing
+        int         item;
+        const char* shown;
+    } cases[] = {
+        {wxCB_READONLY, "beta", nullptr, 1, "beta"},
+        {wxCB_READONLY, "none", nullptr, wxNOT_FOUND, ""},
+        {wxCB_READONLY, "beta", "bravo", 2, "bravo"},
+        {wxCB_READONLY, "beta", "none", 1, "beta"},
+        {wxCB_READONLY, "beta", "", wxNOT_FOUND, ""},
+        {0, "none", nullptr, wxNOT_FOUND, "none"},
+        {0, "none", "bravo", 2, "bravo"},
+        {0, "beta", "none", wxNOT_FOUND, "none"},
+    };
+    for (const auto& one : cases)
+    {
+        auto* const combo = new wxtComboBox(m_Panel, wxID_ANY, one.given, wxDefaultPosition,
+                                            wxDefaultSize, Items(), one.style);
+        combo->SetClientObject(0, new Counted); // of an item that was there from the start
+        if (one.set)
+        {
+            combo->SetValue(one.set);
+        }
+        EXPECT_EQ(one.item, combo->GetSelection()) << one.given << (one.set ? one.set : "-");
+        EXPECT_EQ(one.shown, combo->GetValue());
+        combo->Destroy();
+    }
+    EXPECT_EQ(0, Counted::s_Alive);
+
+    auto* const sorted =
+        new wxtChoice(m_Panel, wxID_ANY, wxDefaultPosition, wxDefaultSize, Items(), wxCB_SORT);
+    sorted->SetSelection(1);
+    EXPECT_EQ(2, sorted->Append("beta"));
+    EXPECT_EQ(0, sorted->Append("aaa"));
+    EXPECT_EQ(2, sorted->GetSelection()) << "its twin came after it";
+    sorted->SetString(2, "bee");
+    EXPECT_EQ("bee", sorted->GetValue());
+    sorted->Clear();
+    EXPECT_EQ("", sorted->GetValue());
+}
+
+TEST_F(InputsTest, AListLeavesWhatWasTypedUntilAnItemIsChosen)
+{
+    auto* const empty = new wxtChoice(m_Panel, wxID_ANY, wxPoint(10, 10), wxSize(200, 24));
+    auto* const combo =
+        new wxtComboBox(m_Panel, wxID_ANY, "", wxPoint(10, 50), wxSize(200, 24), Items());
+    EventCounter picks(m_Panel, wxEVT_COMBOBOX);
+    const auto   press = [&](wxtComboBox* control, int key, bool isOpen)
+    {
+        Press(key);
+        EXPECT_TRUE(WaitFor([=] { return control->IsPopupShown() == isOpen; })) << key;
+    };
+    Focus(empty);
+    press(empty, WXK_F4, true);
+    for (const int key : {WXK_HOME, WXK_END, WXK_PAGEUP, WXK_PAGEDOWN, WXK_UP, WXK_DOWN})
+    {
+        press(empty, key, true);
+    }
+    press(empty, WXK_RETURN, false);
+    Press(WXK_TAB);
+    ASSERT_TRUE(WaitFor([=] { return combo->GetTextCtrl()->HasFocus(); }));
+    combo->SetMaxLength(2);
+    Press('X');
+    Press('Y');
+    Press('Z');
+    EXPECT_TRUE(WaitFor([=] { return combo->GetValue() == "xy"; })) << combo->GetValue();
+    EventCounter texts(m_Panel, wxEVT_TEXT);
+    for (const int last : {WXK_RETURN, WXK_ESCAPE})
+    {
+        press(combo, WXK_F4, true);
+        press(combo, last, false);
+    }
+    EXPECT_EQ("xy", combo->GetValue());
+    EXPECT_EQ(0, picks.Count() + texts.Count()) << "nothing was chosen";
 }

@@ -23,25 +23,6 @@ wxImage Picture(Draw draw, const wxRect& rect, int flags)
                  });
 }
 
-struct State
-{
-    const char* name;
-    int         flags;
-};
-
-// The nine looks; of several states at once, too.
-const State kStates[] = {
-    {"plain", 0},
-    {"hovered", wxCONTROL_CURRENT},
-    {"focused", wxCONTROL_FOCUSED},
-    {"focused and hovered", wxCONTROL_FOCUSED | wxCONTROL_CURRENT},
-    {"disabled", wxCONTROL_DISABLED},
-    {"checked", wxCONTROL_CHECKED},
-    {"checked, hovered", wxCONTROL_CHECKED | wxCONTROL_CURRENT},
-    {"checked, focused", wxCONTROL_CHECKED | wxCONTROL_FOCUSED},
-    {"checked, disabled", wxCONTROL_CHECKED | wxCONTROL_DISABLED},
-};
-
 wxColour Half(const wxColour& a, const wxColour& b)
 {
     const auto half = [](int first, int second)
@@ -54,89 +35,89 @@ wxColour Same(const wxColour& colour)
     return colour;
 }
 
-class RendererTest : public testing::TestWithParam<State>
+using Change = wxColour (*)(const wxColour&);
+
+class RendererTest : public testing::Test
 {
 protected:
     RendererTest() { SetColors(scheme_Dark); }
-
-    static bool     Has(int flag) { return GetParam().flags & flag; }
-    static bool     Checked() { return Has(wxCONTROL_CHECKED); }
-    static wxColour Face() { return wxtGetColor(Checked() ? color_Selected : color_ButtonFace); }
-    static wxColour Light() { return wxtGetColor(Checked() ? color_3DDark : color_3DLight); }
-    static wxColour Dark() { return wxtGetColor(Checked() ? color_3DLight : color_3DDark); }
 };
 } // namespace
 
-TEST_P(RendererTest, BoxIsAFrameTwoStepsOfBevelAndAFace)
+TEST_F(RendererTest, BoxIsAFrameTwoStepsOfBevelAndAFace)
 {
-    const auto     lit = Has(wxCONTROL_DISABLED)                      ? &Disabled
-                         : Has(wxCONTROL_FOCUSED | wxCONTROL_CURRENT) ? &Hilight
-                                                                      : &Same;
-    const wxColour frame = lit(wxtGetColor(color_WindowBGDarker));
-    const wxColour face = lit(Face());
-    const wxColour light = lit(Light());
-    const wxColour dark = lit(Dark());
-    const wxImage  image =
-        Picture(&wxtRenderer::DrawCheckBox, wxRect(1, 1, kSide, kSide), GetParam().flags);
-
-    const wxColour across[] = {kPaper, frame, light, Half(light, face), face};
-    const wxColour back[] = {kPaper, frame, dark, Half(dark, face), face};
-    for (int i = 0; i < 5; ++i)
+    const std::pair<int, Change> looks[] = {
+        {0, Same},
+        {wxCONTROL_CURRENT, Hilight},
+        {wxCONTROL_FOCUSED | wxCONTROL_CURRENT, Hilight},
+        {wxCONTROL_DISABLED, Disabled},
+        {wxCONTROL_CHECKED, Same},
+        {wxCONTROL_CHECKED | wxCONTROL_FOCUSED, Hilight},
+        {wxCONTROL_CHECKED | wxCONTROL_DISABLED, Disabled},
+    };
+    for (const auto& [flags, change] : looks)
     {
-        SCOPED_TRACE(i);
-        EXPECT_EQ(across[i], PixelAt(image, i, kSide / 2));
-        EXPECT_EQ(across[i], PixelAt(image, kSide / 2, i));
-        EXPECT_EQ(back[i], PixelAt(image, kSide + 1 - i, kSide / 2));
-        EXPECT_EQ(back[i], PixelAt(image, kSide / 2, kSide + 1 - i));
+        const bool     checked = flags & wxCONTROL_CHECKED;
+        const wxColour frame = change(wxtGetColor(color_WindowBGDarker));
+        const wxColour face = change(wxtGetColor(checked ? color_Selected : color_ButtonFace));
+        const wxColour light = change(wxtGetColor(checked ? color_3DDark : color_3DLight));
+        const wxColour dark = change(wxtGetColor(checked ? color_3DLight : color_3DDark));
+        const wxImage  image =
+            Picture(&wxtRenderer::DrawCheckBox, wxRect(1, 1, kSide, kSide), flags);
+        const wxColour across[] = {kPaper, frame, light, Half(light, face), face};
+        const wxColour back[] = {kPaper, frame, dark, Half(dark, face), face};
+        for (int i = 0; i < 5; ++i)
+        {
+            SCOPED_TRACE(std::to_string(flags) + " " + std::to_string(i));
+            EXPECT_EQ(across[i], PixelAt(image, i, kSide / 2));
+            EXPECT_EQ(across[i], PixelAt(image, kSide / 2, i));
+            EXPECT_EQ(back[i], PixelAt(image, kSide + 1 - i, kSide / 2));
+            EXPECT_EQ(back[i], PixelAt(image, kSide / 2, kSide + 1 - i));
+        }
+        EXPECT_EQ(light, PixelAt(image, 2, kSide - 1)) << "the lit edges reach the corners";
+        EXPECT_FALSE(HasFailure()) << Kept(image, "check-box");
     }
-    EXPECT_EQ(light, PixelAt(image, 2, kSide - 1)) << "the lit edges reach the corners";
-    EXPECT_FALSE(testing::Test::HasFailure()) << Kept(image, "check-box");
 }
 
-TEST_P(RendererTest, RadioButtonIsRingsRoundAFace)
+// Unlike a box's, its states add up.
+TEST_F(RendererTest, RadioButtonIsRingsRoundAFace)
 {
-    // Unlike a box's, its states add up.
-    wxColour frame = wxtGetColor(color_WindowBGDarker);
-    wxColour face = Face();
-    wxColour light = Light();
-    wxColour dark = Dark();
-    for (wxColour* const colour : {&frame, &face, &light, &dark})
+    const auto of = [](const String& name) { return wxtGetColor(name); };
+    const auto lit = [](const String& name) { return Hilight(wxtGetColor(name)); };
+    const struct
     {
-        *colour = Has(wxCONTROL_DISABLED) ? Disabled(*colour) : *colour;
-    }
-    if (Has(wxCONTROL_FOCUSED))
+        int      flags;
+        wxColour face, light, dark, frame;
+    } looks[] = {
+        {0, of(color_ButtonFace), of(color_3DLight), of(color_3DDark), of(color_WindowBGDarker)},
+        {wxCONTROL_FOCUSED | wxCONTROL_CURRENT, lit(color_ButtonFace), lit(color_3DLight),
+         lit(color_3DDark), lit(color_WindowBG)},
+        {wxCONTROL_CHECKED | wxCONTROL_CURRENT, lit(color_Selected), of(color_3DDark),
+         of(color_3DLight), lit(color_WindowBGDarker)},
+        {wxCONTROL_CHECKED | wxCONTROL_DISABLED, Disabled(of(color_Selected)),
+         Disabled(of(color_3DDark)), Disabled(of(color_3DLight)),
+         Disabled(of(color_WindowBGDarker))},
+    };
+    for (const auto& look : looks)
     {
-        light = Hilight(light);
-        dark = Hilight(dark);
-        frame = wxtGetColor(color_WindowBG);
+        SCOPED_TRACE(look.flags);
+        const wxImage image =
+            Picture(&wxtRenderer::DrawRadioBitmap, wxRect(1, 1, kSide, kSide), look.flags);
+        // Where the rings lie flat on the pixels: straight up and down of the centre. The edge of a
+        // circle is smoothed, and not the same way on both ports.
+        const int kEdge = 60;
+        const int middle = 1 + kSide / 2;
+        EXPECT_EQ(look.face, PixelAt(image, middle, middle));
+        EXPECT_TRUE(Near(look.frame, PixelAt(image, middle, 1), kEdge));
+        EXPECT_TRUE(Near(look.light, PixelAt(image, middle, 2), kEdge));
+        EXPECT_TRUE(Near(look.dark, PixelAt(image, middle, kSide - 1), kEdge));
+        EXPECT_EQ(kPaper, PixelAt(image, 1, 1)) << "the corners stay free";
+        EXPECT_FALSE(HasFailure()) << Kept(image, "radio-button");
     }
-    if (Has(wxCONTROL_CURRENT))
-    {
-        face = Hilight(face);
-        frame = Hilight(frame);
-    }
-    const wxImage image =
-        Picture(&wxtRenderer::DrawRadioBitmap, wxRect(1, 1, kSide, kSide), GetParam().flags);
-
-    // Where the rings lie flat on the pixels: straight up, down, left and right of the centre. The
-    // edge of a circle is smoothed, and not the same way on both ports.
-    const int kEdge = 60;
-    const int middle = 1 + kSide / 2;
-    const int top = 2;
-    const int bottom = kSide - 1;
-    EXPECT_EQ(face, PixelAt(image, middle, middle));
-    EXPECT_TRUE(Near(frame, PixelAt(image, middle, 1), kEdge));
-    EXPECT_TRUE(Near(light, PixelAt(image, middle, top), kEdge));
-    EXPECT_TRUE(Near(dark, PixelAt(image, middle, bottom), kEdge));
-    EXPECT_EQ(kPaper, PixelAt(image, 1, 1)) << "the corners stay free";
-    EXPECT_FALSE(testing::Test::HasFailure()) << Kept(image, "radio-button");
 }
 
-INSTANTIATE_TEST_SUITE_P(States, RendererTest, testing::ValuesIn(kStates));
-
-TEST(RendererDropButton, ArrowStandsAtTheRightEnd)
+TEST_F(RendererTest, ArrowStandsAtTheRightEnd)
 {
-    SetColors(scheme_Dark);
     const wxColour face = wxtGetColor(color_ButtonFace);
     const wxColour ink = wxtGetColor(color_ButtonText);
     const wxImage  image = Picture(&wxtRenderer::DrawComboBoxDropButton, wxRect(0, 0, 20, 20), 0);
@@ -156,9 +137,8 @@ TEST(RendererDropButton, ArrowStandsAtTheRightEnd)
 }
 
 // The toolkit asserts when it is asked for an arc in nothing.
-TEST(RendererMarks, AreDrawnHoweverSmallTheirPlaceIs)
+TEST_F(RendererTest, MarksAreDrawnHoweverSmallTheirPlaceIs)
 {
-    SetColors(scheme_Dark);
     for (const Draw mark : {&wxtRenderer::DrawCheckBox, &wxtRenderer::DrawRadioBitmap})
     {
         for (int side = 0; side < 12; ++side)
@@ -170,7 +150,7 @@ TEST(RendererMarks, AreDrawnHoweverSmallTheirPlaceIs)
 }
 
 // The toolkit's generic renderer has not implemented all of them, and asserts.
-TEST(RendererOfTheProgram, DrawsWhateverItIsAsked)
+TEST_F(RendererTest, TheProgramsOwnDrawsWhateverItIsAsked)
 {
     using Call = void (wxRendererNative::*)(wxWindow*, wxDC&, const wxRect&, int);
     for (const Call call : {&wxRendererNative::DrawChoice, &wxRendererNative::DrawComboBox,
@@ -183,9 +163,8 @@ TEST(RendererOfTheProgram, DrawsWhateverItIsAsked)
 }
 
 // A colour that the user has misspelt draws nothing rather than asserting.
-TEST(RendererColours, InvalidOnesAreLeftOut)
+TEST_F(RendererTest, InvalidColoursAreLeftOut)
 {
-    SetColors(scheme_Dark);
     wxtSetColor(color_ButtonFace, wxColour());
     wxtSetColor(color_3DDark, wxColour());
     const wxImage image = Picture(&wxtRenderer::DrawCheckBox, wxRect(0, 0, 20, 20), 0);

@@ -3,8 +3,6 @@
 #include "tests/support/EventCounter.h"
 
 #include "appearance/wxtButton.h"
-#include "internal/windows/Geometry.h"
-#include "shell/wxTolvanFrame.h"
 
 #include <wx/settings.h>
 #include <wx/sizer.h>
@@ -43,12 +41,6 @@ size_t OpenCount(const String& name)
 {
     return wxTolvanDlg::g_OpenCount[name].dialogs;
 }
-
-class ManyScreens : public DialogTest
-{
-protected:
-    ~ManyScreens() override { internal::Displays::Get() = internal::Displays::Real(); }
-};
 } // namespace
 
 TEST_F(DialogTest, DialogsOfOneNameOpenInACascade)
@@ -75,18 +67,6 @@ TEST_F(DialogTest, DialogsOfOneNameOpenInACascade)
     }
     EXPECT_EQ(0u, OpenCount("Cascade"));
     EXPECT_TRUE(wxTolvanDlg::s_Dialogs.empty());
-}
-
-TEST_F(DialogTest, ButtonsStandBelowEachOtherInAColumn)
-{
-    wxTolvanDlg       dialog(Frame(), "Column", "", false);
-    wxBoxSizer* const column = dialog.StartControls();
-    dialog.AddButtons(column, false);
-    dialog.Fit();
-    const wxRect ok = dialog.FindWindow(wxID_OK)->GetRect();
-    const wxRect cancel = dialog.FindWindow(wxID_CANCEL)->GetRect();
-    EXPECT_EQ(ok.x, cancel.x);
-    EXPECT_GT(cancel.y, ok.GetBottom());
 }
 
 TEST_F(DialogTest, EveryWayOutKeepsThePosition)
@@ -133,7 +113,7 @@ TEST_F(DialogTest, EveryWayOutKeepsThePosition)
 }
 
 // Whatever is stored, the buttons are on the screen.
-TEST_F(ManyScreens, NoStoredGeometryHidesTheButtons)
+TEST_F(DialogTest, NoStoredGeometryHidesTheButtons)
 {
     const wxRect area(0, 0, 1280, 1024);
     for (const char* const stored :
@@ -180,6 +160,23 @@ TEST_F(DialogTest, TheKeyboardAloneIsEnough)
     EXPECT_EQ(2, dialog.transfers);
 }
 
+TEST_F(DialogTest, ADialogOfADialogHasItsFontAndGivesItCommandsNotKeys)
+{
+    FieldDialog* const outer = Opened(Frame(), "");
+    FieldDialog* const inner = Opened(outer, "");
+    const int          usual = wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetPointSize();
+    EXPECT_EQ(usual - 1, outer->GetFont().GetPointSize());
+    EXPECT_EQ(usual - 1, inner->GetFont().GetPointSize());
+    EventCounter typed(outer, wxEVT_CHAR_HOOK);
+    EventCounter texts(outer, wxEVT_TEXT);
+    EXPECT_TRUE(WaitForFocus(inner->first));
+    Press('A');
+    EXPECT_TRUE(WaitFor([&] { return texts.Count() == 1; }));
+    EXPECT_EQ(0, typed.Count());
+    outer->Destroy();
+    EXPECT_TRUE(WaitFor([] { return wxTolvanDlg::s_Dialogs.empty(); }));
+}
+
 TEST_F(DialogTest, KeysClickOnlyWhatTheUserCouldClick)
 {
     auto* const dialog = new FieldDialog(Frame(), "", false);
@@ -198,28 +195,5 @@ TEST_F(DialogTest, KeysClickOnlyWhatTheUserCouldClick)
     dialog->FindWindow(wxID_CANCEL)->Hide();
     EXPECT_TRUE(dialog->EmulateCancelButton()); // the affirmative button in its place
     EXPECT_EQ(1, dialog->transfers);
-    EXPECT_TRUE(WaitFor([] { return wxTolvanDlg::s_Dialogs.empty(); }));
-}
-
-TEST_F(DialogTest, CommandsReachTheParentAndKeysDoNot)
-{
-    FieldDialog* const dialog = Opened(Frame(), "");
-    EventCounter       typed(Frame(), wxEVT_CHAR_HOOK);
-    EventCounter       texts(Frame(), wxEVT_TEXT);
-    EXPECT_TRUE(WaitForFocus(dialog->first));
-    Press('A');
-    EXPECT_TRUE(WaitFor([&] { return texts.Count() == 1; }));
-    EXPECT_EQ(0, typed.Count());
-    CloseAndWait(dialog);
-}
-
-TEST_F(DialogTest, DialogsOfDialogsHaveTheSameFont)
-{
-    auto* const outer = new FieldDialog(Frame(), "", false);
-    auto* const inner = new FieldDialog(outer, "", false);
-    const int   usual = wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetPointSize();
-    EXPECT_EQ(usual - 1, outer->GetFont().GetPointSize());
-    EXPECT_EQ(usual - 1, inner->GetFont().GetPointSize());
-    outer->Destroy();
     EXPECT_TRUE(WaitFor([] { return wxTolvanDlg::s_Dialogs.empty(); }));
 }

@@ -79,19 +79,3 @@ TEST_F(ProductChoiceTest, SelectsAProductAsTheUserWould)
     choice.Delete(0); // its data goes with it
     EXPECT_EQ(second, choice.GetProduct(0));
 }
-
-TEST_F(ProductChoiceTest, FilesThatChangeConcernNewChoicesOnly)
-{
-    const UID            a = AddType("a", "A");
-    const UID            b = AddType("b", "B");
-    const ProductChoice& open = *NewChoice();
-    File::Remove(ModuleFile("a"));
-    WriteFile(ModuleFile("b"), "not a module");
-    const UID            c = AddType("c", "C");
-    const ProductChoice& later = *NewChoice();
-    EXPECT_EQ("C", Names(later));
-    EXPECT_EQ(c, later.GetProduct(0));
-    EXPECT_EQ("A|B", Names(open));
-    EXPECT_EQ(a, open.GetProduct(0));
-    EXPECT_EQ(b, open.GetProduct(1));
-}
