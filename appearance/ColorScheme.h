@@ -12,6 +12,7 @@
 /// that fill it. Drawing code asks for a colour by its name when it draws and never keeps one. Main
 /// thread only.
 
+/// @name Names of the colours
 /// Names of the colours: keys of the table and of "Colors.ini".
 /// @{
 extern TOLVAN_API const String color_WindowBG;
@@ -63,6 +64,7 @@ enum ColorSchemeCode
 TOLVAN_API wxColour wxtGetColor(const String& name);
 TOLVAN_API void     wxtSetColor(const String& name, const wxColour& colour);
 
+/// @name Schemes
 /// Fill the table. They change neither `g_Scheme` nor any window.
 /// @{
 TOLVAN_API void Light();

@@ -45,11 +45,13 @@ protected:
 
     bool          m_Expanded = false; ///< The content is shown.
     wxOrientation m_Orientation;
+    /// @name Settings
     /// Where the options file keeps the state; set before the header is built.
     /// @{
     String m_Section;
     String m_Key;
     /// @}
+    /// @name Captions
     /// The caption in either state; set before the header is built. `Expand` shows a change.
     /// @{
     wxString m_CollapsedCaption;

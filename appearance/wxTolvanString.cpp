@@ -13,7 +13,7 @@ wxString wxtToWx(const char* bytes, size_t count)
         text.push_back(static_cast<wchar_t>(character.code));
         at += character.length;
     }
-    return wxString(std::move(text));
+    return wxString(text);
 }
 
 wxString wxtToWx(const String& text)

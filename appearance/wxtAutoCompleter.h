@@ -26,6 +26,7 @@ public:
 private:
     String   m_Word; ///< Folded.
     wxString m_Prefix;
+    /// @name What is still to be offered
     /// The next entry of the vocabulary to offer, and the vocabulary's end.
     /// @{
     const appearance::VocabularyWord* m_Next = nullptr;

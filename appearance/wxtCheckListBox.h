@@ -28,6 +28,7 @@ class TOLVAN_API wxtCheckListBox : public wxWindowWithItems<wxVListBox, wxItemCo
                                    public wxtColorManaged
 {
 public:
+    /// @name Construction
     /// The arguments of a stock check list box. Of its styles `wxLB_SORT` counts.
     /// @{
     explicit wxtCheckListBox(wxWindow* parent, wxWindowID id = wxID_ANY,
@@ -49,6 +50,7 @@ public:
     /// Indexes of the checked items, ascending; returns their number.
     unsigned int GetCheckedItems(wxArrayInt& checked) const;
 
+    /// @name Items
     /// As of the stock list.
     /// @{
     unsigned int GetCount() const override { return static_cast<unsigned>(m_Items.size()); }

@@ -13,6 +13,7 @@
 class TOLVAN_API wxtChoice : public wxtComboBox
 {
 public:
+    /// @name Construction
     /// The arguments of a stock choice. Nothing is selected at first.
     /// @{
     explicit wxtChoice(wxWindow* parent, wxWindowID id = wxID_ANY,

@@ -38,6 +38,7 @@ public:
     String m_BackgroundName;
     String m_DisabledForegroundName;
     String m_DisabledBackgroundName;
+    /// @name Offsets
     /// Added to each of red, green and blue.
     /// @{
     int m_ForegroundOffset = 0;

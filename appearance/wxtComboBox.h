@@ -24,6 +24,7 @@ struct ItemLook;
 class TOLVAN_API wxtComboBox : public wxOwnerDrawnComboBox, public wxtColorManaged
 {
 public:
+    /// @name Construction
     /// The arguments of a stock combo box.
     /// @{
     explicit wxtComboBox(wxWindow* parent, wxWindowID id = wxID_ANY,
@@ -44,6 +45,7 @@ public:
     int  GetSelection() const override;
     void GetSelection(long* from, long* to) const override;
 
+    /// @name The selected item
     /// By the names that the stock controls have for them: the selected item and its text.
     /// @{
     int      GetCurrentSelection() const { return GetSelection(); }
@@ -92,6 +94,7 @@ private:
     void                 CloseUnseen(wxIdleEvent& event);
     void                 KeyForList(wxKeyEvent& event);
 
+    /// @name Measures
     /// Of the font, pixels; 0 before they are asked for. Finding them takes the toolkit long.
     /// @{
     mutable int m_CharWidth = 0;

@@ -25,6 +25,7 @@ public:
     /// Keeps the answer. The dialog calls it on OK.
     bool TransferDataFromWindow() override;
 
+    /// @name Labels of the buttons
     /// Another label for the button. No effect when the question is silenced.
     /// @{
     void SetOK(const String& label);

@@ -42,6 +42,7 @@ public:
     /// a vertical one below each other, or side by side at the right if they get their own row.
     void AddButtons(wxBoxSizer* sizer, bool ownRow);
 
+    /// @name Labels
     /// A label; "&" marks its mnemonic. A null parent stands for the dialog.
     /// @{
     /// `sizeDelta`: points larger than the parent's font.
@@ -56,6 +57,7 @@ public:
     /// A caption with a line after it.
     wxBoxSizer* NewStaticLine(const wxString& text, wxWindow* parent = nullptr);
 
+    /// @name Event handlers
     /// Event handlers.
     /// @{
     void OnOK(wxCommandEvent& event);
@@ -67,6 +69,7 @@ public:
     void OnKey(wxKeyEvent& event);
     /// @}
 
+    /// @name Clicks by the program
     /// Click a `wxtButton` of the dialog that is enabled and shown. False: there is none.
     /// @{
     bool EmulateWxtButtonClickIfPresent(int id);

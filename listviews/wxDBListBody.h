@@ -31,6 +31,7 @@ public:
     void OnFocus(wxFocusEvent& event);
     void Notify(wxTimerEvent& event); ///< The pointer rests: the cell's whole text is its tooltip.
 
+    /// @name Places
     /// Body pixels.
     /// @{
     wxRect GetItemRect(int row) const;
@@ -38,6 +39,7 @@ public:
     wxRect GetCellRect(int row, int column) const;
     /// @}
 
+    /// @name Changes of the model
     /// The model's rows have come or gone, its columns have become wider or narrower: the
     /// scrollbars follow.
     /// @{

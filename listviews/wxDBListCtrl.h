@@ -49,6 +49,7 @@ public:
     wxDBListCtrl(wxWindow* parent, int id, bool singleSelection);
     ~wxDBListCtrl() override;
 
+    /// @name What a derived class supplies
     /// What a derived class supplies. `row` is a row that the list has.
     /// @{
     bool             IsRowSelected(int row) override = 0;
@@ -66,6 +67,7 @@ public:
     virtual void DoClear(); ///< Drops the rows' data.
     /// @}
 
+    /// @name Columns
     /// Columns. A width is in pixels, at most 16,777,216.
     /// @{
     void AddColumn(const ColumnHeader& column);
@@ -93,6 +95,7 @@ public:
     void RestoreColumnSizes(const String& section, const String& key);
     /// @}
 
+    /// @name Rows
     /// Rows; the derived class has inserted or removed its data before. A list that has grown
     /// beyond what a scrollbar can hold (2,147,483,647 pixels) logs an error and shows no more
     /// rows.
@@ -111,6 +114,7 @@ public:
     void            SetLastSelect(int row);
     void            ReportScrollbars(); ///< Logs every change of the scrollbars from now on.
 
+    /// @name Redrawing
     /// Repaints soon; changes that are close to one another are painted at once.
     /// @{
     void Redraw();

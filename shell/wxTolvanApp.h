@@ -17,6 +17,7 @@ class TopWindowWatch;
 }
 class wxTolvanApp;
 
+/// @name Events of the bridge
 /// Posted to the application's top window; plain command events without content.
 /// @{
 /// A message waits: the application dispatches one for every event.
@@ -65,6 +66,7 @@ public:
     /// thread: the box is shown on the main thread, later if need be. False.
     bool RequestHasFailed(const String& text) override;
 
+    /// @name Message processing
     /// Message processing: while it is disabled nothing that the messenger receives is handled;
     /// what came meanwhile is once the main loop gets to it after processing has been enabled
     /// again. Enabled from construction on.
@@ -77,6 +79,7 @@ public:
     void DeliverQueuedMessages();
     /// @}
 
+    /// @name Slots
     /// Slots of the platform's signals. Any thread: they touch no window.
     /// @{
     void _Connect(MessengerConnectedEvt& event);

@@ -106,6 +106,7 @@ public:
     int  GetMatchColumn() const { return m_MatchColumn; } ///< Characters; -1 for none.
     int  GetMatchLength() const { return m_MatchLength; } ///< Characters.
 
+    /// @name For the search
     /// What a search that goes on by itself needs of the view: its lines, and word of what becomes
     /// of them; the line where one begins; the hit shown that was found.
     /// @{
@@ -118,6 +119,7 @@ public:
     /// Pops the menu up at the pointer, with the standard entries at its end if wanted.
     void HandleContextMenu(wxMenu& menu, bool addStandardItems);
 
+    /// @name Handlers
     /// Handlers; a menu bar's commands of the ids above are passed on to `OnMenu`.
     /// @{
     void OnLeftClick(wxMouseEvent& event);

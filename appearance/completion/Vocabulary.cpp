@@ -57,7 +57,7 @@ String Vocabulary::Fold(const String& text)
     {
         c = static_cast<wchar_t>(g_unichar_tolower(static_cast<gunichar>(c)));
     }
-    return wxtFromWx(wxString(std::move(wide)));
+    return wxtFromWx(wxString(wide));
 }
 
 const VocabularyWord* Vocabulary::LowerBound(const String& folded) const

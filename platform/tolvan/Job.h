@@ -11,6 +11,7 @@
 #include <mutex>
 #include <vector>
 
+/// @name Parameters of every job
 /// Names of the parameters that every job has.
 /// @{
 extern TOLVAN_API const String p_Id; ///< UID of the job.
@@ -32,6 +33,7 @@ extern TOLVAN_API const String p_ExitCode;
 extern TOLVAN_API const String p_Error; ///< Why it failed, in words.
 /// @}
 
+/// @name States of a job
 /// States of a job.
 /// @{
 extern TOLVAN_API const String state_Waiting;

@@ -32,6 +32,7 @@ struct TOLVAN_API JobParamInfo
     String              value;   ///< Default.
     std::vector<String> choices; ///< Empty: any text.
     Kind                kind = Kind::kText;
+    /// @name Range
     /// Of numbers, both included; empty: none. "%Name%" stands for another parameter's value.
     /// @{
     String minimum;

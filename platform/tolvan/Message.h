@@ -36,6 +36,7 @@ private:
     std::map<String, String> m_Fields;
 };
 
+/// @name Types of messages
 /// Types of messages between the master and its clients, and their fields.
 ///
 /// | type | from | fields |

@@ -63,6 +63,7 @@ public:
     /// was dealt with (false here; it is always logged).
     virtual bool RequestHasFailed(const String& text);
 
+    /// @name Start and end
     /// Raised after a successful start, at the start of the program's end, and after the end (or
     /// after a start that failed). Main thread.
     /// @{

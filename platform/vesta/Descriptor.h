@@ -38,6 +38,7 @@ public:
     size_t Write(const char* bytes, size_t count) const;
     bool   WriteAll(const char* bytes, size_t count) const { return Write(bytes, count) == count; }
 
+    /// @name Lock
     /// The lock of the whole file, which all copies of the descriptor share; given back when the
     /// last of them is closed.
     /// @{

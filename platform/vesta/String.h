@@ -41,6 +41,7 @@ public:
     static String FromBool(bool value);     ///< `k_Yes` or `k_No`.
 };
 
+/// @name Truth values
 /// The platform's words for the two truth values, in settings files and vocabularies.
 /// @{
 extern TOLVAN_API const String k_Yes;
