@@ -77,6 +77,7 @@ private:
     };
     using SectionMap = std::map<String, Section, String::ciless>;
 
+    /// @name Parsing
     /// These return whether the line was understood.
     /// @{
     bool ParseLine(Lines::iterator line, Section*& current);
