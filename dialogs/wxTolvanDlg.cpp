@@ -51,11 +51,15 @@ void KeepSizesOfEntries(const wxWindow& parent)
 {
     for (wxWindow* const child : parent.GetChildren())
     {
+        if (child->IsTopLevel())
+        {
+            continue;
+        }
         if (dynamic_cast<wxTextEntry*>(child) || dynamic_cast<wxSpinCtrl*>(child))
         {
             child->SetMinSize(child->GetEffectiveMinSize());
         }
-        else if (!child->IsTopLevel())
+        else
         {
             KeepSizesOfEntries(*child);
         }

@@ -32,12 +32,12 @@ JobForm::JobForm(boost::shared_ptr<const JobTypeInfo> type)
 String JobForm::FindProblem(int& field) const
 {
     field = kName;
-    if (const String problem = NameProblem(); !problem.empty())
+    if (String problem = NameProblem(); !problem.empty())
     {
         return problem;
     }
     field = kPriority;
-    if (const String problem = PriorityProblem(); !problem.empty())
+    if (String problem = PriorityProblem(); !problem.empty())
     {
         return problem;
     }
@@ -45,7 +45,7 @@ String JobForm::FindProblem(int& field) const
     for (size_t i = 0; i < values.size(); ++i)
     {
         field = static_cast<int>(i);
-        if (const String problem = ValueProblem(i); !problem.empty())
+        if (String problem = ValueProblem(i); !problem.empty())
         {
             return problem;
         }

@@ -150,6 +150,7 @@ std::vector<String> JobList::SelectedJobs() const
     }
     std::sort(rows.begin(), rows.end());
     std::vector<String> jobs;
+    jobs.reserve(rows.size());
     for (const auto& row : rows)
     {
         jobs.push_back(row.second);

@@ -60,7 +60,10 @@ void JobPanel::ShowCaption(const FarmJob& job)
         colors->m_ForegroundName = ColorOfState(job.state);
         colors->RefreshColors();
     }
-    caption->SetLabel(m_CollapsedCaption);
+    if (caption)
+    {
+        caption->SetLabel(m_CollapsedCaption);
+    }
     Layout();
 }
 

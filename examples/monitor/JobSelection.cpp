@@ -33,6 +33,7 @@ std::vector<const FarmJob*> SelectJobs(const std::vector<const FarmJob*>& all, s
         candidates.erase(end, candidates.end());
     }
     std::vector<const FarmJob*> selected;
+    selected.reserve(candidates.size());
     for (const Candidate& candidate : candidates)
     {
         selected.push_back(candidate.job);

@@ -91,7 +91,7 @@ void JobWindow::BuildMenus()
     bar->Append(view, wxGetTranslation("&View"));
     SetMenuBar(bar);
 
-    const auto on = [this](int id, std::function<void()> act)
+    const auto on = [this](int id, const std::function<void()>& act)
     {
         Bind(
             wxEVT_MENU, [act](wxCommandEvent&) { act(); }, id);

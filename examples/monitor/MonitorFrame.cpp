@@ -53,8 +53,8 @@ MonitorFrame::MonitorFrame(const Program& program)
 
 void MonitorFrame::BindCommands()
 {
-    const auto on = [this](int id, std::function<void(wxCommandEvent&)> act)
-    { Bind(wxEVT_MENU, std::move(act), id); };
+    const auto on = [this](int id, const std::function<void(wxCommandEvent&)>& act)
+    { Bind(wxEVT_MENU, act, id); };
     on(id_Submit, [this](wxCommandEvent&) { OnSubmit(); });
     on(wxID_EXIT, [this](wxCommandEvent&) { Close(); });
     on(wxID_PREFERENCES, [this](wxCommandEvent&) { OnPreferences(); });

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cwchar>
 #include <limits>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -18,6 +19,11 @@ namespace
 constexpr double kOverhang = 0.5;     // pixels above or below its line that no one sees
 constexpr float  kUnknown = -1;       // a step that has not been laid out
 constexpr size_t kMostOthers = 20000; // characters kept beyond the quick ones, then begun anew
+
+size_t CodeOf(wchar_t character)
+{
+    return static_cast<std::make_unsigned_t<wchar_t>>(character);
+}
 
 double Pixels(int pangoUnits)
 {
@@ -178,8 +184,8 @@ bool GlyphTable::AgreesWith(wxDC& dc) const
 
 double GlyphTable::Step(wchar_t first, wchar_t second)
 {
-    const auto a = static_cast<size_t>(first);
-    const auto b = static_cast<size_t>(second);
+    const size_t a = CodeOf(first);
+    const size_t b = CodeOf(second);
     if (a < kQuickSteps && b < kQuickSteps)
     {
         if (m_QuickSteps.empty())
@@ -230,7 +236,7 @@ double GlyphTable::LayOutStep(wchar_t first, wchar_t second)
 
 const Glyph& GlyphTable::Of(const wchar_t* characters, int count)
 {
-    const auto code = static_cast<size_t>(characters[0]);
+    const size_t code = CodeOf(characters[0]);
     if (count == 1 && code < kQuickCodes)
     {
         std::unique_ptr<Glyph>& quick = m_Quick[code];

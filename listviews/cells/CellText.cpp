@@ -30,7 +30,7 @@ void CellText::Fill(const wxRect& rect, const wxColour& colour)
 
 void CellText::Draw(const wxString& text, const wxRect& room)
 {
-    const std::wstring characters = text.ToStdWstring();
+    const std::wstring& characters = text.ToStdWstring();
     if (!DrawRun(characters, room))
     {
         DrawMeasured(characters, room);

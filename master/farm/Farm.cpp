@@ -146,7 +146,7 @@ boost::shared_ptr<const JobTypeInfo> Farm::FindType(const String& idOrName)
     }
     for (const UID& id : m_Types.ListTypes())
     {
-        const auto type = m_Types.GetTypeInfo(id, false);
+        auto type = m_Types.GetTypeInfo(id, false);
         if (type && type->Name().EqualsNoCase(idOrName))
         {
             return type;
@@ -167,7 +167,7 @@ String Farm::Submit(const NewJob& request)
     {
         Refuse("Submit", m_IsStopping ? "The master is about to end" : "There are too many jobs");
     }
-    const String id = Add(request, *type).Id();
+    String id = Add(request, *type).Id();
     Schedule();
     return id;
 }

@@ -76,7 +76,7 @@ Path FindProgram(const String& name, const Path& moduleFolder, const Path& ownFo
 {
     if (name.find('/') != String::npos)
     {
-        const Path file = name[0] == '/' ? Path(name) : moduleFolder / name;
+        Path file = name[0] == '/' ? Path(name) : moduleFolder / name;
         if (!File::Exists(file))
         {
             Exception::Throw("Master", "FindProgram", ec_Refused,

@@ -31,7 +31,7 @@ Path DefaultFolder()
     {
         return Path(named);
     }
-    const Path ofUser = Path(File::s_UserDir) / "modules";
+    Path ofUser = Path(File::s_UserDir) / "modules";
     if (!File::s_UserDir.empty() && File::IsFolder(ofUser))
     {
         return ofUser;
