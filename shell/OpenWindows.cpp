@@ -60,7 +60,8 @@ void OpenWindows::AddWindow(wxTopLevelWindow* window, const String& name)
 {
     CALL_ENTRY("OpenWindows::AddWindow");
     window->Bind(wxEVT_CLOSE_WINDOW, &OpenWindows::OnClose, this);
-    m_Windows.push_back({window, name.empty() ? String() : kGroupIndent + name});
+    const String shown = name.empty() ? String() : kGroupIndent + name;
+    m_Windows.push_back({window, shown});
     RefillLater();
 }
 

@@ -121,6 +121,7 @@ bool wxTolvanApp::OnInit()
     wxSystemOptions::SetOption("msw.notebook.themed-background", 0);
 
     std::vector<String> words;
+    words.reserve(static_cast<size_t>(argc));
     for (int i = 0; i < argc; ++i)
     {
         words.push_back(wxtFromWx(argv[i]));
