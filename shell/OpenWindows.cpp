@@ -59,9 +59,9 @@ OpenWindows::~OpenWindows() = default;
 void OpenWindows::AddWindow(wxTopLevelWindow* window, const String& name)
 {
     CALL_ENTRY("OpenWindows::AddWindow");
-    window->Bind(wxEVT_CLOSE_WINDOW, &OpenWindows::OnClose, this);
     const String shown = name.empty() ? String() : kGroupIndent + name;
     m_Windows.push_back({window, shown});
+    window->Bind(wxEVT_CLOSE_WINDOW, &OpenWindows::OnClose, this);
     RefillLater();
 }
 
