@@ -1,79 +1,43 @@
-#include "appearance/controls/ButtonState.h"
-#include "appearance/wxTolvanColors.h"
 #include "appearance/wxtCheckListBox.h"
 #include "appearance/wxtChoice.h"
 #include "appearance/wxtTextCtrl.h"
+#include "tests/appearance/PanelTest.h"
 #include "tests/support/EventCounter.h"
-#include "tests/support/FrameTest.h"
 #include "tests/support/Pictures.h"
 
-#include <wx/sizer.h>
 #include <wx/textctrl.h>
-#include <wx/uiaction.h>
 
 #include <functional>
 
 namespace
 {
-const wxPoint kAway(1200, 1000); // where the pointer lights nothing up
-
 // A field, OK (the frame's default) and Cancel.
-class ButtonTest : public FrameTest
+class ButtonTest : public PanelTest
 {
 protected:
     ButtonTest()
+        : m_Field(new wxTextCtrl(m_Panel, wxID_ANY, "", wxPoint(10, 10))),
+          m_OK(new wxtButton(m_Panel, wxID_OK, "OK", wxPoint(10, 60))),
+          m_Cancel(new wxtButton(m_Panel, wxID_CANCEL, "&Cancel", wxPoint(10, 110)))
     {
-        m_Panel = new wxtPanel(Frame());
-        m_Field = new wxTextCtrl(m_Panel, wxID_ANY);
-        m_OK = new wxtButton(m_Panel, wxID_OK, "OK");
-        m_Cancel = new wxtButton(m_Panel, wxID_CANCEL, "&Cancel");
         m_OK->SetDefault();
-        auto* const sizer = new wxBoxSizer(wxVERTICAL);
-        for (wxWindow* const window :
-             {static_cast<wxWindow*>(m_Field.get()), static_cast<wxWindow*>(m_OK.get()),
-              static_cast<wxWindow*>(m_Cancel.get())})
-        {
-            sizer->Add(window, 0, wxALL, 10);
-        }
-        m_Panel->SetSizer(sizer);
-        Frame()->Layout();
-        m_Input.MouseMove(kAway);
-        m_Panel->SetSize(Frame()->GetClientSize());
-        m_Panel->Layout();
         Focus(m_Field);
     }
 
-    static void Focus(wxWindow* window)
-    {
-        window->SetFocus();
-        EXPECT_TRUE(WaitFor([=] { return window->HasFocus(); }));
-        PumpEvents();
-    }
     static wxColour Named(const String& name, int offset)
     {
         return OffsetColor(wxtGetColor(name), offset, offset, offset);
     }
-    static void ExpectNormal(const wxtButton* button)
+    static void ExpectDefault(const wxtButton* button, bool is = true)
     {
-        EXPECT_EQ(Named(color_ButtonFace, 0), button->GetBackgroundColour());
-        EXPECT_EQ(Named(color_ButtonText, 0), button->GetForegroundColour());
-        EXPECT_NE(wxFONTWEIGHT_BOLD, button->GetFont().GetWeight());
-    }
-    static void ExpectDefault(const wxtButton* button)
-    {
-        EXPECT_TRUE(button->IsDefault());
-        EXPECT_EQ(Named(color_Selected, 20), button->GetBackgroundColour());
-        EXPECT_EQ(Named(color_3DDark, -20), button->GetForegroundColour());
-        EXPECT_EQ(wxFONTWEIGHT_BOLD, button->GetFont().GetWeight());
-    }
-    void Press(int key, int modifiers = 0)
-    {
-        m_Input.Char(key, modifiers);
-        PumpEvents();
+        EXPECT_EQ(is, button->IsDefault());
+        EXPECT_EQ(is ? Named(color_Selected, 20) : Named(color_ButtonFace, 0),
+                  button->GetBackgroundColour());
+        EXPECT_EQ(is ? Named(color_3DDark, -20) : Named(color_ButtonText, 0),
+                  button->GetForegroundColour());
+        EXPECT_EQ(is, button->GetFont().GetWeight() == wxFONTWEIGHT_BOLD);
     }
 
-    wxUIActionSimulator   m_Input;
-    wxtPanel*             m_Panel;
     wxWeakRef<wxTextCtrl> m_Field;
     wxWeakRef<wxtButton>  m_OK;
     wxWeakRef<wxtButton>  m_Cancel;
@@ -82,19 +46,21 @@ protected:
 
 TEST_F(ButtonTest, TheDefaultLookGoesWithTheFocusAndComesBack)
 {
-    ExpectDefault(m_OK);
-    ExpectNormal(m_Cancel);
-    Focus(m_Cancel);
-    ExpectDefault(m_Cancel);
-    ExpectNormal(m_OK);
-    Focus(m_Field);
-    ExpectDefault(m_OK);
-    ExpectNormal(m_Cancel);
-
-    Focus(m_OK);
-    EXPECT_EQ(Named(color_Selected, 20 + 25), m_OK->GetBackgroundColour());
-    Focus(m_Field);
-    ExpectDefault(m_OK);
+    for (wxWindow* const focused :
+         {static_cast<wxWindow*>(m_Field), static_cast<wxWindow*>(m_Cancel),
+          static_cast<wxWindow*>(m_OK), static_cast<wxWindow*>(m_Field)})
+    {
+        Focus(focused);
+        ExpectDefault(m_Cancel, focused == m_Cancel);
+        if (focused == m_OK)
+        {
+            EXPECT_EQ(Named(color_Selected, 20 + 25), m_OK->GetBackgroundColour());
+        }
+        else
+        {
+            ExpectDefault(m_OK, focused == m_Field);
+        }
+    }
 }
 
 TEST_F(ButtonTest, TheRoleComesBackAlsoFromOneThatIsDestroyed)
@@ -109,8 +75,7 @@ TEST_F(ButtonTest, TheRoleComesBackAlsoFromOneThatIsDestroyed)
     Focus(m_Cancel);
     m_OK->Destroy();
     Focus(m_Field);
-    ExpectNormal(m_Cancel);
-    EXPECT_FALSE(m_Cancel->IsDefault()) << "nobody is";
+    ExpectDefault(m_Cancel, false);
     Focus(m_Cancel);
     EXPECT_EQ(Named(color_ButtonFace, 25), m_Cancel->GetBackgroundColour()) << "only lit up";
     m_Cancel->Destroy(); // with the focus
@@ -143,18 +108,13 @@ TEST_F(ButtonTest, ItsHandlerRunsOnceAndMayDisableOrDestroyIt)
 
 TEST_F(ButtonTest, TheKeysGoOnWhenTheirButtonCannotHaveThem)
 {
-    const struct
-    {
-        const char*           name;
-        std::function<void()> handler; // of OK's click
-        bool                  keeps;   // the focus
-    } cases[] = {
-        {"nothing happens", [] {}, true},
-        {"events are handled meanwhile", [] { PumpEvents(); }, true},
-        {"disabled", [&] { m_OK->Disable(); }, false},
-        {"disabled, and events are handled", [&] { (m_OK->Disable(), PumpEvents()); }, false},
-        {"hidden", [&] { m_OK->Hide(); }, false},
-        {"by the program, later", [&] { m_OK->CallAfter([&] { m_OK->Disable(); }); }, false},
+    // Of its click; after the first of them it still can.
+    const std::function<void()> handlers[] = {
+        [] { PumpEvents(); },
+        [&] { m_OK->Disable(); },
+        [&] { (m_OK->Disable(), PumpEvents()); },
+        [&] { m_OK->Hide(); },
+        [&] { m_OK->CallAfter([&] { m_OK->Disable(); }); },
     };
     EventCounter clicks(m_Panel, wxEVT_BUTTON);
     size_t       at = 0;
@@ -162,42 +122,36 @@ TEST_F(ButtonTest, TheKeysGoOnWhenTheirButtonCannotHaveThem)
                [&](wxCommandEvent& event)
                {
                    event.Skip();
-                   cases[at].handler();
+                   handlers[at]();
                });
-    for (at = 0; at < WXSIZEOF(cases); ++at)
+    for (at = 0; at < WXSIZEOF(handlers); ++at)
     {
-        SCOPED_TRACE(cases[at].name);
         m_OK->Show();
         m_OK->Enable();
         Focus(m_OK);
         Press(WXK_SPACE);
-        wxWindow* const next = cases[at].keeps ? m_OK.get() : m_Cancel.get();
-        EXPECT_TRUE(WaitFor([&] { return clicks.Count() == 1 && next->HasFocus(); }));
+        wxtButton* const next = at == 0 ? m_OK : m_Cancel;
+        EXPECT_TRUE(WaitFor([&] { return clicks.Count() == 1 && next->HasFocus(); })) << at;
         PumpEvents();
-        EXPECT_TRUE(next->HasFocus());
-        EXPECT_TRUE(dynamic_cast<wxtButton*>(next)->IsDefault());
+        EXPECT_TRUE(next->HasFocus() && next->IsDefault()) << at;
         clicks.Clear();
     }
 }
 
 TEST_F(ButtonTest, TheKeysGoOnFromEveryThemedControl)
 {
-    const std::function<wxWindow*()> makers[] = {
-        [&] { return new wxtCheckBox(m_Panel, wxID_ANY, "box"); },
-        [&] { return new wxtRadioButton(m_Panel, wxID_ANY, "radio"); },
-        [&] { return new wxtTextCtrl(m_Panel, wxID_ANY); },
-        [&]
-        {
-            return new wxtTextCtrl(m_Panel, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
-                                   wxTE_MULTILINE);
-        },
-        [&] { return new wxtComboBox(m_Panel, wxID_ANY); },
-        [&] { return new wxtChoice(m_Panel, wxID_ANY); },
-        [&] { return new wxtCheckListBox(m_Panel, wxID_ANY); },
+    const std::vector<wxWindow*> controls = {
+        new wxtCheckBox(m_Panel, wxID_ANY, "box"),
+        new wxtRadioButton(m_Panel, wxID_ANY, "radio"),
+        new wxtTextCtrl(m_Panel, wxID_ANY),
+        new wxtTextCtrl(m_Panel, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxTE_MULTILINE),
+        new wxtComboBox(m_Panel, wxID_ANY),
+        new wxtChoice(m_Panel, wxID_ANY),
+        new wxtCheckListBox(m_Panel, wxID_ANY),
     };
-    for (const auto& make : makers)
+    for (auto at = controls.rbegin(); at != controls.rend(); ++at)
     {
-        wxWindow* const control = make(); // the last, which the first comes after
+        wxWindow* const control = *at; // the last that there is by then: the first comes after it
         const auto      hasFocus = [=]
         {
             const wxWindow* const focused = wxWindow::FindFocus();
@@ -205,7 +159,6 @@ TEST_F(ButtonTest, TheKeysGoOnFromEveryThemedControl)
         };
         for (const bool hides : {false, true})
         {
-            control->Show();
             control->Enable();
             control->SetFocus();
             ASSERT_TRUE(WaitFor(hasFocus)) << control->GetName();
@@ -223,79 +176,18 @@ TEST_F(ButtonTest, TheLabelIsCentredOnAFlatFace)
     const wxImage image = PictureOf(m_Cancel);
     int           left = image.GetWidth();
     int           right = 0;
-    for (int y = 0; y < image.GetHeight(); ++y)
+    for (int i = 0; i < image.GetWidth() * image.GetHeight(); ++i)
     {
-        for (int x = 0; x < image.GetWidth(); ++x)
+        const int x = i % image.GetWidth();
+        if (!Near(face, PixelAt(image, x, i / image.GetWidth()), 20))
         {
-            if (!Near(face, PixelAt(image, x, y), 20))
-            {
-                left = std::min(left, x);
-                right = std::max(right, x);
-            }
+            left = std::min(left, x);
+            right = std::max(right, x);
         }
     }
     ASSERT_LT(left, right) << Kept(image, "button");
     EXPECT_NEAR(left, image.GetWidth() - 1 - right, 3) << Kept(image, "button");
-    // Wide enough for its bold label, whatever its look.
-    wxFont bold = m_OK->GetFont();
-    m_Cancel->SetFont(bold);
-    EXPECT_GE(m_Cancel->GetMinWidth(), m_Cancel->GetTextExtent("Cancel").x);
-}
-
-TEST(ButtonStateTest, TellsWhatIsLeftToDo)
-{
-    using State = appearance::ButtonState;
-    // What happens, a letter each, and what it says to it; a blank is no answer.
-    //  F: focus as the default item; R: focus, taking the role; K: focus lost
-    //  L, l: light on, off; T: light taken
-    //  C: click; E, D: enable, disable; X: end of the click
-    //  P, Q: press, and once more; U: let go
-    const std::pair<const char*, const char*> cases[] = {
-        {"K", "n"},         {"FKK", " ln"}, {"RKK", " rn"},     {"RFK", "  l"}, {"LLll", "ynyn"},
-        {"TLTl", "nyyn"},   {"ED", "nn"},   {"CX", " y"},       {"CDX", " yn"}, {"CDEX", " yyy"},
-        {"CDXCX", " yn y"}, {"CXE", " yn"}, {"PUQUU", " y ny"}, {"U", "y"},     {"PQU", "  n"},
-    };
-    for (const auto& [deeds, expected] : cases)
-    {
-        State       state;
-        std::string said;
-        for (const char deed : std::string(deeds))
-        {
-            const auto tell = [&said](bool yes) { said += yes ? 'y' : 'n'; };
-            switch (deed)
-            {
-            case 'F':
-            case 'R':
-                (state.GainFocus(deed == 'R'), said += ' ');
-                break;
-            case 'K':
-                said += "nlr"[static_cast<int>(state.LoseFocus())];
-                break;
-            case 'L':
-            case 'l':
-                tell(state.Light(deed == 'L'));
-                break;
-            case 'T':
-                tell(state.TakeLight());
-                break;
-            case 'C':
-                (state.BeginClick(), said += ' ');
-                break;
-            case 'E':
-            case 'D':
-                tell(state.KeepEnabling(deed == 'E'));
-                break;
-            case 'X':
-                tell(state.EndClick());
-                break;
-            case 'P':
-            case 'Q':
-                (state.Press(deed == 'Q'), said += ' ');
-                break;
-            default:
-                tell(state.Release());
-            }
-        }
-        EXPECT_EQ(expected, said) << deeds;
-    }
+    m_Cancel->SetFont(m_OK->GetFont());
+    EXPECT_GE(m_Cancel->GetMinWidth(), m_Cancel->GetTextExtent("Cancel").x)
+        << "wide enough for its bold label, whatever its look";
 }

@@ -21,8 +21,13 @@ wxImage Graded(int height, float exponent, bool shrinkBottom, bool shrinkTop)
     return Drawn(wxSize(4, 12), kBackground,
                  [=](wxDC& dc)
                  {
+                     dc.SetBrush(*wxRED_BRUSH);
+                     dc.SetPen(*wxGREEN_PEN);
                      DrawGradedRectangle(dc, wxRect(0, 1, 4, height), kInner, kOuter, exponent,
                                          shrinkBottom, shrinkTop);
+                     EXPECT_EQ(*wxRED, dc.GetBrush().GetColour()) << "left as it was";
+                     EXPECT_EQ(*wxGREEN, dc.GetPen().GetColour());
+                     DrawGradedRectangle(dc, wxRect(0, 0, 4, 4), wxColour(), kOuter, 1, true, true);
                  });
 }
 
@@ -47,7 +52,12 @@ TEST(ColorHelpers, ChannelsAreOffsetClampedAndTruncated)
     EXPECT_EQ(wxColour(grey, grey, grey), Disabled(*wxBLACK));
     EXPECT_EQ(wxColour(25, 100, 255),
               internal::MixColours(wxColour(0, 100, 255), wxColour(100, 103, 255), 0.75));
-    EXPECT_FALSE(internal::MixColours(wxColour(), *wxBLACK, 1).IsOk());
+    const wxColour none = wxtGetColor("NoSuchColour");
+    for (const wxColour& colour : {none, OffsetColor(none, 10, 10, 10), Disabled(none),
+                                   Hilight(none), internal::MixColours(none, *wxBLACK, 1)})
+    {
+        EXPECT_FALSE(colour.IsOk());
+    }
     EXPECT_EQ(wxColour(255, 0, 155), internal::InvertedColour(wxColour(0, 255, 100)));
 }
 
@@ -76,18 +86,6 @@ TEST(GradedRectangle, RunsFromTheOuterColourAtTheEdgesToTheInner)
     EXPECT_EQ(all(kInner, 10), Column(Graded(10, 1, false, false))) << "no edge shrinks";
     EXPECT_EQ(all(kOuter, 2), Column(Graded(2, 1, true, true)));
     EXPECT_EQ(all(kOuter, 0), Column(Graded(1, 1, true, true)));
-}
-
-TEST(GradedRectangle, LeavesTheContextAsItWas)
-{
-    wxBitmap   bitmap(4, 4);
-    wxMemoryDC dc(bitmap);
-    dc.SetBrush(*wxRED_BRUSH);
-    dc.SetPen(*wxGREEN_PEN);
-    DrawGradedRectangle(dc, wxRect(0, 0, 4, 4), kInner, kOuter, 1, true, true);
-    EXPECT_EQ(*wxRED, dc.GetBrush().GetColour());
-    EXPECT_EQ(*wxGREEN, dc.GetPen().GetColour());
-    DrawGradedRectangle(dc, wxRect(0, 0, 4, 4), wxColour(), kOuter, 1, true, true);
 }
 
 TEST(Circle, FillsTheEllipseInTheRectangle)

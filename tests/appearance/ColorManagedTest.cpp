@@ -3,25 +3,13 @@
 
 #include <memory>
 
-namespace
-{
-class ColorManagedTest : public FrameTest
-{
-protected:
-    static void Tell(wxWindow* window)
-    {
-        wxSysColourChangedEvent event;
-        window->GetEventHandler()->ProcessEvent(event);
-    }
-};
-} // namespace
+using ColorManagedTest = FrameTest;
 
 TEST_F(ColorManagedTest, FollowsTheSchemeAndHandsItsSettingsDown)
 {
     auto* const panel = new wxtPanel(new wxPanel(Frame()));
-    Lighter();
     EXPECT_EQ(wxColour(72, 72, 72), panel->GetBackgroundColour());
-    Tell(Frame());
+    UseColors(scheme_Lighter, Frame());
     EXPECT_EQ(wxColour(233, 233, 233), panel->GetBackgroundColour());
     EXPECT_EQ(wxColour(10, 10, 10), panel->GetForegroundColour());
 
@@ -36,7 +24,7 @@ TEST_F(ColorManagedTest, FollowsTheSchemeAndHandsItsSettingsDown)
     EXPECT_EQ(wxColour(233, 233, 233), stranger->GetBackgroundColour());
 
     panel->m_ForegroundName = "NoSuchColour";
-    Tell(Frame());
+    UseColors(scheme_Lighter, Frame());
     PumpEvents(); // nobody complains
 }
 
@@ -63,8 +51,7 @@ TEST_F(ColorManagedTest, DisabledWindowsStandOut)
     plain->Enable();
     expectLook("enabled again", true, true);
     panel->Disable();
-    Lighter();
-    Tell(Frame());
+    UseColors(scheme_Lighter, Frame());
     EXPECT_EQ(*wxWHITE, panel->GetBackgroundColour());
 }
 
@@ -75,15 +62,13 @@ TEST_F(ColorManagedTest, AMixinMovesAndOutlivesWindowsAndGoesBeforeThem)
     wxWindow* const windows[] = {new wxPanel(Frame()), new wxPanel(Frame()), new wxPanel(Frame())};
     mixin->Manage(windows[0]);
     mixin->Manage(windows[1]);
-    Lighter();
-    Tell(Frame());
+    UseColors(scheme_Lighter, Frame());
     EXPECT_EQ(wxColour(72, 72, 72), windows[0]->GetBackgroundColour());
     EXPECT_EQ(wxColour(233, 233, 233), windows[1]->GetBackgroundColour());
     windows[1]->Destroy();
     mixin->RefreshColors();
     mixin->Manage(windows[2]);
     mixin.reset();
-    Dark();
-    Tell(Frame()); // nothing dangles, nothing changes
+    UseColors(scheme_Dark, Frame()); // nothing dangles, nothing changes
     EXPECT_EQ(wxColour(233, 233, 233), windows[2]->GetBackgroundColour());
 }

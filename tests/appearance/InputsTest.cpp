@@ -1,18 +1,12 @@
-#include "appearance/wxTolvanColors.h"
 #include "appearance/wxtCheckListBox.h"
 #include "appearance/wxtChoice.h"
 #include "appearance/wxtGenericValidator.h"
 #include "appearance/wxtTextCtrl.h"
 #include "internal/port/Completions.h"
-#include "tests/support/EventCounter.h"
-#include "tests/support/FrameTest.h"
+#include "tests/appearance/PanelTest.h"
 #include "tests/support/Pictures.h"
 #include "tests/support/TestApp.h"
 #include "tolvan/ClientOptions.h"
-
-#include <wx/uiaction.h>
-
-#include <tuple>
 
 namespace
 {
@@ -25,12 +19,9 @@ public:
     static inline int s_Alive = 0;
 };
 
-// A panel for the input controls, and real keys.
-class InputsTest : public FrameTest
+class InputsTest : public PanelTest
 {
 protected:
-    InputsTest() : m_Panel(new wxtPanel(Frame())) { m_Panel->SetSize(Frame()->GetClientSize()); }
-
     static wxArrayString Items()
     {
         wxArrayString items;
@@ -45,26 +36,16 @@ protected:
     {
         return new wxtChoice(m_Panel, wxID_ANY, wxPoint(10, 10), wxSize(200, 24), Items());
     }
-    void Focus(wxWindow* window)
+    // Types until the list of completions is open.
+    static bool Completes()
     {
-        window->SetFocus();
-        ASSERT_TRUE(WaitFor([=] { return window->HasFocus(); }));
-        PumpEvents();
+        return WaitFor(
+            []
+            {
+                Press('O');
+                return WaitFor(internal::CompletionsAreOpen, 500);
+            });
     }
-    void Press(int key, int modifiers = 0)
-    {
-        m_Input.Char(key, modifiers);
-        PumpEvents();
-    }
-    static void SwitchTo(int scheme, wxWindow* top)
-    {
-        SetColors(scheme);
-        wxSysColourChangedEvent event;
-        top->ProcessWindowEvent(event);
-    }
-
-    wxUIActionSimulator m_Input;
-    wxtPanel*           m_Panel;
 };
 } // namespace
 
@@ -77,7 +58,7 @@ TEST_F(InputsTest, OpenListsFollowTheScheme)
         const wxPoint at = control->ClientToScreen(wxPoint(150, control->GetSize().y * 5 / 2));
         for (const int scheme : {scheme_Dark, scheme_Light})
         {
-            SwitchTo(scheme, Frame());
+            UseColors(scheme, Frame());
             const wxColour ground = wxtGetColor(color_WindowBGLighter);
             EXPECT_TRUE(WaitFor([&] { return PixelAt(PictureOfScreen(), at.x, at.y) == ground; }))
                 << control->GetName() << scheme << Kept(PictureOfScreen(), "list");
@@ -91,33 +72,8 @@ TEST_F(InputsTest, OpenListsFollowTheScheme)
     Press(WXK_ESCAPE);
     EXPECT_TRUE(WaitFor([=] { return !choice->IsPopupShown(); }));
     Focus(field);
-    const auto opened = [&]
-    {
-        Press('O');
-        return WaitFor(internal::CompletionsAreOpen, 500);
-    };
-    ASSERT_TRUE(WaitFor(opened));
+    ASSERT_TRUE(Completes());
     expectGround(field);
-}
-
-TEST_F(InputsTest, TabLeavesAFieldWhoseCompletionsAreOpen)
-{
-    auto* const field = new wxtTextCtrl(m_Panel, wxID_ANY, "", wxPoint(10, 10), wxSize(200, -1));
-    auto* const next = new wxtTextCtrl(m_Panel, wxID_ANY, "", wxPoint(10, 60), wxSize(200, -1));
-    for (const auto& [from, to, modifiers] :
-         {std::make_tuple(field, next, 0), std::make_tuple(next, field, int{wxMOD_SHIFT})})
-    {
-        Focus(from);
-        const auto opened = [&, from = from]
-        {
-            Press('O');
-            return WaitFor(internal::CompletionsAreOpen, 500);
-        };
-        ASSERT_TRUE(WaitFor(opened));
-        Press(WXK_TAB, modifiers);
-        EXPECT_TRUE(
-            WaitFor([to = to] { return to->HasFocus() && !internal::CompletionsAreOpen(); }));
-    }
 }
 
 TEST_F(InputsTest, FieldCompletesNothingWhereStyleOrOptionsForbid)
@@ -142,41 +98,37 @@ TEST_F(InputsTest, FieldCompletesNothingWhereStyleOrOptionsForbid)
 
 TEST_F(InputsTest, EveryStateHasTheColoursOfTheScheme)
 {
-    auto* const field = new wxtTextCtrl(m_Panel, wxID_ANY, "", wxPoint(10, 60), wxSize(200, 24));
-    auto* const fixed =
-        new wxtTextCtrl(m_Panel, wxID_ANY, "", wxPoint(10, 90), wxSize(200, 24), wxTE_READONLY);
-    auto* const disabled =
-        new wxtTextCtrl(m_Panel, wxID_ANY, "", wxPoint(10, 120), wxSize(200, 24));
-    disabled->Disable();
-    auto* const combo = new wxtComboBox(m_Panel, wxID_ANY, "", wxPoint(10, 150), wxSize(200, 24));
-    auto* const list = new wxtCheckListBox(m_Panel, wxID_ANY, wxPoint(10, 180), wxSize(200, 60));
-    auto* const choice = AddChoice();
+    const wxSize                 size(200, 24);
+    auto* const                  choice = AddChoice();
+    const std::vector<wxWindow*> controls = {
+        choice,
+        new wxtTextCtrl(m_Panel, wxID_ANY, "", wxPoint(10, 60), size),
+        new wxtTextCtrl(m_Panel, wxID_ANY, "", wxPoint(10, 90), size, wxTE_READONLY),
+        new wxtComboBox(m_Panel, wxID_ANY, "", wxPoint(10, 120), size),
+        new wxtCheckListBox(m_Panel, wxID_ANY, wxPoint(10, 150), size),
+        new wxtTextCtrl(m_Panel, wxID_ANY, "", wxPoint(10, 180), size),
+    };
+    controls.back()->Disable();
     Focus(choice);
     for (const int scheme : {scheme_Dark, scheme_Lighter})
     {
-        SwitchTo(scheme, Frame());
-        const wxColour ground = wxtGetColor(color_WindowBGLighter);
-        for (wxWindow* const control :
-             {static_cast<wxWindow*>(field), static_cast<wxWindow*>(fixed),
-              static_cast<wxWindow*>(combo), static_cast<wxWindow*>(list),
-              static_cast<wxWindow*>(choice)})
+        UseColors(scheme, Frame());
+        for (wxWindow* const control : controls)
         {
+            const wxColour ground =
+                wxtGetColor(control->IsEnabled() ? color_WindowBGLighter : color_WindowBGDarker);
             EXPECT_TRUE(WaitFor([&] { return PixelAt(PictureOf(control), 100, 12) == ground; }))
                 << scheme << control->GetName() << Kept(PictureOf(control), "input");
         }
-        EXPECT_TRUE(WaitFor(
-            [&] {
-                return PixelAt(PictureOf(disabled), 100, 12) == wxtGetColor(color_WindowBGDarker);
-            }));
         const wxImage picture = PictureOf(choice);
         EXPECT_EQ(wxtGetColor(color_ButtonFace), PixelAt(picture, 198, 2)) << scheme;
         EXPECT_EQ(wxtGetColor(color_Selected), PixelAt(picture, 0, 12)) << "the focus's frame";
     }
 }
 
-TEST_F(InputsTest, SortedCheckListFindsWhatIsTypedAndKeepsItsTicks)
+TEST_F(InputsTest, CheckListStaysWhereItIsWhenItemsComeAndGo)
 {
-    auto* const list = new wxtCheckListBox(m_Panel, wxID_ANY, wxPoint(10, 10), wxSize(200, 150),
+    auto* const list = new wxtCheckListBox(m_Panel, wxID_ANY, wxPoint(10, 10), wxSize(200, 60),
                                            Items(), wxLB_SORT);
     Focus(list);
     Press('B');
@@ -184,36 +136,18 @@ TEST_F(InputsTest, SortedCheckListFindsWhatIsTypedAndKeepsItsTicks)
     ASSERT_TRUE(WaitFor([=] { return list->GetStringSelection() == "bravo"; }));
     list->Check(static_cast<unsigned>(list->GetSelection()));
     list->Check(1000);
+    Press(WXK_PAGEUP);
+    ASSERT_TRUE(WaitFor([&] { return list->GetSelection() < 2; }));
+    Press(WXK_PAGEDOWN);
+    ASSERT_TRUE(WaitFor([&] { return list->GetStringSelection() == "bravo"; }));
+    const size_t first = list->GetVisibleRowsBegin();
+    list->Append("more");
     list->Delete(0);
+    EXPECT_EQ(first, list->GetVisibleRowsBegin());
     wxArrayInt checked;
     ASSERT_EQ(1u, list->GetCheckedItems(checked));
     EXPECT_EQ("bravo", list->GetString(static_cast<unsigned>(checked[0])));
     EXPECT_EQ("bravo", list->GetStringSelection());
-}
-
-TEST_F(InputsTest, CheckListStaysWhereItIsWhenItemsComeAndGo)
-{
-    auto* const list = new wxtCheckListBox(m_Panel, wxID_ANY, wxPoint(10, 60), wxSize(200, 100));
-    Focus(list);
-    for (const int key : {WXK_HOME, WXK_END, WXK_PAGEUP, WXK_PAGEDOWN, WXK_UP, WXK_SPACE})
-    {
-        Press(key);
-    }
-    EXPECT_EQ(wxNOT_FOUND, list->GetSelection()) << "it is empty";
-    for (int i = 0; i < 30; ++i)
-    {
-        list->Append(wxString::Format("item %d", i));
-    }
-    list->SetSelection(29);
-    Press(WXK_PAGEUP);
-    ASSERT_TRUE(WaitFor([&] { return list->GetSelection() < 28; }));
-    Press(WXK_PAGEDOWN);
-    ASSERT_TRUE(WaitFor([&] { return list->GetSelection() == 29; }));
-    const size_t first = list->GetVisibleRowsBegin();
-    list->Append("more");
-    list->Delete(28);
-    EXPECT_EQ(first, list->GetVisibleRowsBegin());
-    EXPECT_EQ(28, list->GetSelection());
 }
 
 TEST_F(InputsTest, ClientObjectsAreFreedOnce)
@@ -313,37 +247,33 @@ TEST_F(InputsTest, ChoiceHoldsWhatItShows)
     EXPECT_EQ("", sorted->GetValue());
 }
 
-TEST_F(InputsTest, AListLeavesWhatWasTypedUntilAnItemIsChosen)
+TEST_F(InputsTest, KeysStayWithinWhatThereIs)
 {
-    auto* const empty = new wxtChoice(m_Panel, wxID_ANY, wxPoint(10, 10), wxSize(200, 24));
-    auto* const combo =
-        new wxtComboBox(m_Panel, wxID_ANY, "", wxPoint(10, 50), wxSize(200, 24), Items());
-    EventCounter picks(m_Panel, wxEVT_COMBOBOX);
-    const auto   press = [&](wxtComboBox* control, int key, bool isOpen)
+    auto* const list = new wxtCheckListBox(m_Panel, wxID_ANY, wxPoint(10, 60), wxSize(200, 100));
+    auto* const choice = new wxtChoice(m_Panel, wxID_ANY, wxPoint(10, 10), wxSize(200, 24));
+    Focus(choice);
+    Press(WXK_F4);
+    ASSERT_TRUE(WaitFor([=] { return choice->IsPopupShown(); }));
+    const auto pressAll = []
+    {
+        for (const int key : {WXK_HOME, WXK_END, WXK_PAGEUP, WXK_PAGEDOWN, WXK_UP, WXK_SPACE})
+        {
+            Press(key);
+        }
+    };
+    pressAll();
+    Press(WXK_RETURN);
+    EXPECT_TRUE(WaitFor([=] { return !choice->IsPopupShown(); }));
+    Focus(list);
+    pressAll();
+    EXPECT_EQ(wxNOT_FOUND, list->GetSelection());
+
+    auto* const combo = new wxtComboBox(m_Panel, wxID_ANY, "", wxPoint(10, 200), wxSize(200, 24));
+    combo->SetMaxLength(2);
+    Focus(combo->GetTextCtrl());
+    for (const int key : {'X', 'Y', 'Z'})
     {
         Press(key);
-        EXPECT_TRUE(WaitFor([=] { return control->IsPopupShown() == isOpen; })) << key;
-    };
-    Focus(empty);
-    press(empty, WXK_F4, true);
-    for (const int key : {WXK_HOME, WXK_END, WXK_PAGEUP, WXK_PAGEDOWN, WXK_UP, WXK_DOWN})
-    {
-        press(empty, key, true);
     }
-    press(empty, WXK_RETURN, false);
-    Press(WXK_TAB);
-    ASSERT_TRUE(WaitFor([=] { return combo->GetTextCtrl()->HasFocus(); }));
-    combo->SetMaxLength(2);
-    Press('X');
-    Press('Y');
-    Press('Z');
     EXPECT_TRUE(WaitFor([=] { return combo->GetValue() == "xy"; })) << combo->GetValue();
-    EventCounter texts(m_Panel, wxEVT_TEXT);
-    for (const int last : {WXK_RETURN, WXK_ESCAPE})
-    {
-        press(combo, WXK_F4, true);
-        press(combo, last, false);
-    }
-    EXPECT_EQ("xy", combo->GetValue());
-    EXPECT_EQ(0, picks.Count() + texts.Count()) << "nothing was chosen";
 }

@@ -1,4 +1,5 @@
 #include "appearance/wxTolvanColors.h"
+#include "internal/drawing/ColorMix.h"
 #include "tests/support/Pictures.h"
 
 #include <gtest/gtest.h>
@@ -21,13 +22,6 @@ wxImage Picture(Draw draw, const wxRect& rect, int flags)
                      wxtRenderer renderer(wxRendererNative::GetDefault());
                      (renderer.*draw)(nullptr, dc, rect, flags);
                  });
-}
-
-wxColour Half(const wxColour& a, const wxColour& b)
-{
-    const auto half = [](int first, int second)
-    { return static_cast<unsigned char>((first + second) / 2); };
-    return wxColour(half(a.Red(), b.Red()), half(a.Green(), b.Green()), half(a.Blue(), b.Blue()));
 }
 
 wxColour Same(const wxColour& colour)
@@ -64,8 +58,9 @@ TEST_F(RendererTest, BoxIsAFrameTwoStepsOfBevelAndAFace)
         const wxColour dark = change(wxtGetColor(checked ? color_3DLight : color_3DDark));
         const wxImage  image =
             Picture(&wxtRenderer::DrawCheckBox, wxRect(1, 1, kSide, kSide), flags);
-        const wxColour across[] = {kPaper, frame, light, Half(light, face), face};
-        const wxColour back[] = {kPaper, frame, dark, Half(dark, face), face};
+        const wxColour across[] = {kPaper, frame, light, internal::MixColours(light, face, 0.5),
+                                   face};
+        const wxColour back[] = {kPaper, frame, dark, internal::MixColours(dark, face, 0.5), face};
         for (int i = 0; i < 5; ++i)
         {
             SCOPED_TRACE(std::to_string(flags) + " " + std::to_string(i));

@@ -3,19 +3,14 @@
 
 #include <gtest/gtest.h>
 
-namespace
-{
-struct Case
-{
-    const char* name;
-    String      bytes;
-    wxString    shown;
-};
-} // namespace
-
 TEST(StringConversion, ShowsEveryByteString)
 {
-    const Case cases[] = {
+    const struct
+    {
+        const char* name;
+        String      bytes;
+        wxString    shown;
+    } cases[] = {
         {"plain", "frame 12", "frame 12"},
         {"valid UTF-8 of all lengths", "\x41\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80",
          wxString(L"A\u00e9\u20ac\U0001F600")},
@@ -25,19 +20,13 @@ TEST(StringConversion, ShowsEveryByteString)
         {"beyond the last code point", "\xF4\x90\x80\x80", wxString(L"\u00f4\u0090\u0080\u0080")},
         {"cut off", "ab\xE2\x82", wxString(L"ab\u00e2\u0082")},
     };
-    for (const Case& row : cases)
+    for (const auto& row : cases)
     {
         EXPECT_EQ(row.shown, wxtToWx(row.bytes)) << row.name;
     }
-    const String withNul("a\0b", 3);
+    const String withNul("a\0\xC3\xA9", 4);
     EXPECT_EQ(3u, wxtToWx(withNul).length());
     EXPECT_EQ(withNul, wxtFromWx(wxtToWx(withNul)));
-}
-
-TEST(StringConversion, ValidTextComesBackUnchanged)
-{
-    const String text = "\xC3\xA9t\xC3\xA9 \xE6\xBC\xA2 \xF0\x9F\x8E\xA8";
-    EXPECT_EQ(text, wxtFromWx(wxtToWx(text)));
 }
 
 TEST(StringConversion, AnyTextFitsOneLine)

@@ -144,6 +144,7 @@ const Row kFields[] = {
      "Another product"},
 
     {"comboBox", "focus F4 opened Escape closed", "open close", "Combo box"},
+    {"comboBox", "focus F4 opened Return closed", "open close", "Combo box"},
     {"comboBox", "focus F4 opened below notch+ press release closed", "open close combo0",
      "Ray Tracer"},
     {"comboBox", "focus F4 opened below notch+ Escape closed", "open close", "Combo box"},
@@ -160,6 +161,8 @@ const Row kFields[] = {
     {"text", "focus ctrl+a x y z Return", "", "xyz"},
     {"text", "focus ctrl+a o opened Escape closed", "", "o"},
     {"text", "focus ctrl+a o opened theme Tab closed", "", "o"},
+    {"text", "focus ctrl+a o opened Tab closed Tab Down", "choice1 combo1", "o"},
+    {"text", "focus ctrl+a o opened shift+Tab closed space", "radio", "o"},
     {"text", "focus ctrl+a o opened hide closed", "", "o"},
     {"text", "focus ctrl+a o opened disable closed", "", "o"},
     {"text", "focus ctrl+a o opened destroy Escape closed", "", "gone"},

@@ -6,6 +6,7 @@
 #include <wx/app.h>
 #include <wx/evtloop.h>
 #include <wx/stopwatch.h>
+#include <wx/uiaction.h>
 #include <wx/utils.h>
 
 namespace
@@ -58,4 +59,24 @@ FrameTest::~FrameTest()
     }
     WaitFor([this] { return !m_Frame; });
     TestApp::Get().ForgetOptions();
+}
+
+void FrameTest::Focus(wxWindow* window)
+{
+    window->SetFocus();
+    EXPECT_TRUE(WaitFor([=] { return window->HasFocus(); }));
+    PumpEvents();
+}
+
+void FrameTest::Press(int key, int modifiers)
+{
+    wxUIActionSimulator().Char(key, modifiers);
+    PumpEvents();
+}
+
+void FrameTest::UseColors(int scheme, wxWindow* window)
+{
+    SetColors(scheme);
+    wxSysColourChangedEvent changed;
+    window->ProcessWindowEvent(changed);
 }

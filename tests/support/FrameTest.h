@@ -23,6 +23,13 @@ protected:
 
     wxFrame* Frame() const { return m_Frame; }
 
+    /// Gives a window the keyboard.
+    static void Focus(wxWindow* window);
+    /// A real key, down and up.
+    static void Press(int key, int modifiers = 0);
+    /// Sets the scheme and tells the window.
+    static void UseColors(int scheme, wxWindow* window);
+
 private:
     wxWeakRef<wxFrame> m_Frame;
 };

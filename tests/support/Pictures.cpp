@@ -11,7 +11,7 @@
 #include <cstdlib>
 
 wxImage Drawn(const wxSize& size, const wxColour& background,
-              const std::function<void(wxDC&)>& draw)
+              const std::function<void(wxMemoryDC&)>& draw)
 {
     wxBitmap bitmap(size);
     {

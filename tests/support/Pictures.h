@@ -6,12 +6,12 @@
 
 #include <functional>
 
-class wxDC;
+class wxMemoryDC;
 class wxWindow;
 
 /// What a function draws on a bitmap filled with `background`.
 wxImage Drawn(const wxSize& size, const wxColour& background,
-              const std::function<void(wxDC&)>& draw);
+              const std::function<void(wxMemoryDC&)>& draw);
 /// What the whole screen shows; an invalid image when it cannot be taken.
 wxImage PictureOfScreen();
 /// What a shown window looks like on the screen, its client area.
