@@ -1,4 +1,4 @@
-#include "textviews/search/BackgroundSearch.h"
+#include "textviews/search/LineSearch.h"
 
 #include <gtest/gtest.h>
 
@@ -45,18 +45,12 @@ int LineOf(const textviews::LineStore& store, const String& text, bool matchCase
 
 } // namespace
 
-TEST(LineSearchTest, BeginsAnywhereAndEndsWithinItsLine)
+TEST(LineSearchTest, ColumnsCountCharacters)
 {
-    const textviews::LineStore store = StoreOf({"one", "two", "one two", "three"});
-    EXPECT_EQ(Search(store, "two", true, true, 4), (Outcome{1, 0, 3, true}));
-    EXPECT_EQ(Search(store, "two", false, true, -1), (Outcome{2, 4, 3, true}));
-    EXPECT_EQ(Search(store, "eone", true, true, 0), (Outcome{-1, -1, 0, true}));
-    // Columns count characters.
     EXPECT_EQ(Search(StoreOf({"\xc3\xa4\xff NEEDLE \xe6\xbc\xa2"}), "needle \xe6\xbc\xa2", true,
                      false, 0),
               (Outcome{0, 3, 8, false}));
-    EXPECT_EQ(LineOf(store, "", true), -1);
-    EXPECT_EQ(LineOf(textviews::LineStore(), "two", true), -1);
+    EXPECT_EQ(LineOf(StoreOf({"one", "two"}), "", true), -1);
     EXPECT_EQ(std::get<0>(Search(textviews::LineStore(), "two", false, true, -1)), -1);
 }
 
@@ -129,22 +123,33 @@ TEST(LineSearchTest, AgreesWithAPlainSearch)
     }
 }
 
-TEST(LineSearchTest, LooksThroughLongLinesInPieces)
+// However they come and go.
+TEST(LineSearchTest, LongLinesAreSearchedAndCountedInSteps)
 {
-    String line(10'000'000, 'a');
-    line += "b";
-    const textviews::LineStore store = StoreOf({"short", line, "short"});
-    textviews::LineSearch      search;
+    textviews::LineStore  store = StoreOf({"short", String(10'000'000, 'a') + "b", "B"});
+    textviews::LineSearch search;
+    textviews::HitCounter counter;
     search.Begin("AAAB", true, false, 0);
+    EXPECT_TRUE(counter.Step(store, 10)) << "nothing to count";
+    counter.Begin("b", false);
     int steps = 0;
     while (search.Step(store, 100'000) == textviews::LineSearch::State::Running)
     {
+        EXPECT_FALSE(counter.Step(store, 100'000)) << steps;
         ++steps;
     }
     EXPECT_GE(steps, 99) << "no step may be long";
-    EXPECT_EQ(search.GetState(), textviews::LineSearch::State::Found);
     EXPECT_EQ(search.Match().line, 1);
     EXPECT_EQ(search.Match().column, 9'999'997);
+    EXPECT_TRUE(counter.Step(store, 10'000'000));
+    EXPECT_EQ(counter.Hits(), 2);
+    store.Insert(1, String(200'000'000, 'x') + "b");
+    const auto start = std::clock();
+    counter.LineInserted(store, 1);
+    EXPECT_FALSE(counter.Step(store, 1000));
+    counter.LineErased(store, 1);
+    EXPECT_EQ(counter.Hits(), 2);
+    EXPECT_LT(std::clock() - start, CLOCKS_PER_SEC / 20);
 }
 
 // Every place of the text's characters is a near miss here: rows across lines, halves of
@@ -230,63 +235,4 @@ TEST(LineSearchTest, LinesMayComeAndGoMeanwhile)
         ASSERT_TRUE(afresh.Step(store, 10'000'000));
         ASSERT_EQ(counter.Hits(), afresh.Hits()) << round;
     }
-}
-
-TEST(LineSearchTest, ALongLineIsCountedInSteps)
-{
-    textviews::LineStore  store = StoreOf({"hit", "miss"});
-    textviews::HitCounter counter;
-    const auto            count = [&]
-    {
-        while (!counter.Step(store, 1000))
-        {
-        }
-        return counter.Hits();
-    };
-    EXPECT_TRUE(counter.Step(store, 10)) << "nothing to count";
-    counter.Begin("hit", false);
-    EXPECT_EQ(count(), 1);
-    store.Append(String(200'000, 'x') + "HIT");
-    EXPECT_EQ(count(), 2);
-    // A long line is read in steps only, however it comes and goes.
-    store.Insert(1, String(200'000'000, 'x') + "hit");
-    const auto start = std::clock();
-    counter.LineInserted(store, 1);
-    EXPECT_FALSE(counter.Step(store, 1000));
-    counter.LineErased(store, 1);
-    EXPECT_EQ(counter.Hits(), 2);
-    EXPECT_LT(std::clock() - start, CLOCKS_PER_SEC / 20);
-    store.Erase(1);
-    EXPECT_EQ(count(), 2);
-    store.Clear();
-    counter.LinesCleared();
-    EXPECT_EQ(count(), 0);
-}
-
-TEST(LineSearchTest, InTheBackgroundItIsWokenByLines)
-{
-    textviews::LineStore        store = StoreOf({"hit", "miss"});
-    int                         woken = 0;
-    textviews::BackgroundSearch search(store, [&woken] { ++woken; });
-    search.Count("HIT", false);
-    search.Work();
-    EXPECT_FALSE(search.IsCounting());
-    for (const int line : {2, 3})
-    {
-        store.Append("hit");
-        search.LineInserted(line);
-    }
-    EXPECT_EQ(woken, 1) << "once for all that is to be counted";
-    search.Work();
-    EXPECT_EQ(search.Hits(), 3);
-    search.Find("nowhere", true, true, 0);
-    EXPECT_TRUE(search.IsSearching());
-    store.Clear();
-    search.LinesCleared();
-    EXPECT_FALSE(search.IsSearching());
-    EXPECT_EQ(woken, 2);
-    search.Work();
-    EXPECT_EQ(search.Hits(), 0);
-    search.Count("", false);
-    EXPECT_FALSE(search.IsActive());
 }

@@ -109,9 +109,8 @@ TEST(LineStore, LowerBoundComparesBytes)
     }
     std::sort(lines.begin(), lines.end());
     const textviews::LineStore store = StoreOf(lines);
-    Lines                      wanted = lines;
-    wanted.insert(wanted.end(), {"aa", "n15x", "zzz", "\xff\xff", "A"});
-    for (const std::string& text : wanted)
+    for (const std::string& text :
+         Lines{"", "a", "aa", "a\0"s, "n15", "n15x", "zzz", "\x80", "\xff\xff", "A"})
     {
         const auto expected = std::lower_bound(lines.begin(), lines.end(), text) - lines.begin();
         ASSERT_EQ(store.LowerBound(text), expected) << text;

@@ -1,47 +1,10 @@
 #include "textviews/lines/TextCells.h"
+#include "textviews/lines/TextGeometry.h"
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <string>
-
-namespace
-{
-const struct
-{
-    const char* name;
-    std::string text;
-    int         columns; // characters
-    int         cells;
-} kCases[] = {
-    {"empty", "", 0, 0},
-    {"ascii", "plain text", 10, 10},
-    {"two and three bytes", "\xc3\xa4\xe2\x82\xac", 2, 2},
-    {"wide", "\xe6\xbc\xa2\xe5\xad\x97!", 3, 5},
-    {"picture beyond the basic plane", "\xf0\x9f\x98\x80!", 2, 3},
-    {"combining mark", "e\xcc\x81x", 3, 2},
-    {"combining mark at the start", "\xcc\x81x", 2, 1},
-    {"controls", std::string("\0\x01\x1b\x7f", 4), 4, 4},
-    {"bytes that are no text", "\xff\xc3(\x80\xe2\x82", 6, 6},
-    {"overlong and surrogate forms", "\xc0\xaf\xed\xa0\x80", 5, 5},
-};
-
-textviews::TextPlace AtCell(const std::string& text, int64_t cell)
-{
-    return textviews::TextPlaces().AtCell(0, text, cell);
-}
-} // namespace
-
-TEST(TextCells, CountsCharactersAndCells)
-{
-    for (const auto& c : kCases)
-    {
-        EXPECT_EQ(textviews::CellCount(c.text), c.cells) << c.name;
-        const textviews::TextPlace end = AtCell(c.text, 1000);
-        EXPECT_EQ(end.byte, static_cast<int64_t>(c.text.size())) << c.name;
-        EXPECT_EQ(end.cell, c.cells) << c.name;
-        EXPECT_EQ(textviews::TextPlaces().AtColumn(0, c.text, 1000).column, c.columns) << c.name;
-    }
-}
 
 TEST(TextCells, ShowsWhatHasNoGlyph)
 {
@@ -61,9 +24,10 @@ TEST(TextCells, ACellBelongsToTheCharacterThatCoversIt)
     const int64_t     starts[] = {0, 1, 1, 4, 7, 8};
     for (int cell = 0; cell < 6; ++cell)
     {
-        EXPECT_EQ(AtCell(text, cell).byte, starts[cell]) << "cell " << cell;
+        EXPECT_EQ(textviews::TextPlaces().AtCell(0, text, cell).byte, starts[cell])
+            << "cell " << cell;
     }
-    EXPECT_EQ(AtCell(text, -3).byte, 0);
+    EXPECT_EQ(textviews::TextPlaces().AtCell(0, text, -3).byte, 0);
 }
 
 TEST(TextCells, FindsPlacesInLongLinesAsInShortOnes)
@@ -98,4 +62,25 @@ TEST(TextCells, TellsAscii)
         text[at] = '\x80';
         EXPECT_FALSE(textviews::IsAscii(text)) << at;
     }
+}
+
+TEST(TextGeometry, HugeContentsDoNotOverflow)
+{
+    textviews::TextGeometry geometry;
+    geometry.lineHeight = 15;
+    geometry.columnWidth = 7;
+    geometry.client = {100, 62};
+    geometry.lineCount = INT_MAX;
+    geometry.scroll.y = INT_MAX;
+    EXPECT_EQ(geometry.LineAt(0), INT_MAX / 15);
+    EXPECT_LE(geometry.TopOf(INT_MAX / 15), 0);
+    EXPECT_GT(geometry.XOf(int64_t{1} << 40), geometry.client.x);
+}
+
+TEST(TextGeometry, PositionThatShowsAStretch)
+{
+    EXPECT_EQ(textviews::PositionShowing({100, 110}, 50, 100), 50) << "visible already";
+    EXPECT_EQ(textviews::PositionShowing({20, 30}, 50, 100), 0) << "visible at the start";
+    EXPECT_EQ(textviews::PositionShowing({1000, 1010}, 50, 100), 955) << "in the middle";
+    EXPECT_EQ(textviews::PositionShowing({1000, 1300}, 50, 100), 1000) << "as much as fits";
 }

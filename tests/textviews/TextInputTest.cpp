@@ -1,3 +1,4 @@
+#include "tests/support/Thrown.h"
 #include "tests/textviews/TextViewTest.h"
 
 #include <wx/filedlg.h>
@@ -13,9 +14,7 @@ protected:
     TextInputTest()
     {
         AppendNumbered(200);
-        Frame()->Raise();
-        m_View->SetFocus();
-        EXPECT_TRUE(WaitFor([this] { return m_View->HasFocus(); }));
+        Focus(m_View);
         EXPECT_TRUE(WaitFor([this] { return !m_View->RedrawPending(); }));
     }
 
@@ -71,23 +70,34 @@ TEST_F(TextInputTest, TheMouseSelectsAndScrollsByDragging)
     EXPECT_TRUE(WaitFor([this] { return m_View->GetSelectionAnchor() == 3; }));
     m_Input.MouseMove(OnScreen(6));
     EXPECT_TRUE(WaitFor([this] { return m_View->GetSelectionEnd() == 6; }));
-    const wxPoint below = m_View->ClientToScreen(wxPoint(30, m_View->GetClientSize().y + 20));
-    for (int i = 0; i < 5; ++i)
+    // Beyond the edges it scrolls, a line a motion.
+    const auto scrolled = [this] { return m_View->GetScrollPos(wxVERTICAL); };
+    const auto moveBeyond = [this](int y)
     {
-        m_Input.MouseMove(below + wxPoint(i, 0));
-        PumpEvents();
-    }
-    EXPECT_TRUE(WaitFor([this] { return m_View->GetScrollPos(wxVERTICAL) > 0; }));
+        for (int i = 0; i < 5; ++i)
+        {
+            m_Input.MouseMove(m_View->ClientToScreen(wxPoint(30 + i, y)));
+            PumpEvents();
+        }
+    };
+    const int beyond = m_View->GetClientSize().y + 20;
+    moveBeyond(beyond);
+    EXPECT_TRUE(WaitFor([&] { return scrolled() > 0; }));
+    EXPECT_EQ(scrolled() % m_View->LineHeight(), 0);
+    EXPECT_GT(m_View->GetSelectionEnd(), m_View->GetClientSize().y / m_View->LineHeight());
+    const int most = scrolled();
+    moveBeyond(-10);
+    EXPECT_TRUE(WaitFor([&] { return scrolled() < most; }));
+    EXPECT_EQ(m_View->GetSelectionAnchor(), 3);
+    m_Input.MouseMove(OnScreen(6));
+    EXPECT_TRUE(WaitFor([this] { return m_View->GetSelectionEnd() == 6; }));
     m_Input.MouseUp();
     EXPECT_TRUE(WaitFor([this] { return !m_View->IsSelecting(); }));
-    EXPECT_EQ(m_View->GetSelectionAnchor(), 3);
-    const int end = m_View->GetSelectionEnd();
-    EXPECT_GT(end, 6);
-    m_Input.MouseMove(m_View->ClientToScreen(wxPoint(30, 10)));
-    EXPECT_TRUE(WaitFor([this] { return m_View->GetHighlightLine() >= 0; }));
-    m_Input.MouseMove(below);
+    m_Input.MouseMove(OnScreen(7));
+    EXPECT_TRUE(WaitFor([this] { return m_View->GetHighlightLine() == 7; }));
+    moveBeyond(beyond);
     EXPECT_TRUE(WaitFor([this] { return m_View->GetHighlightLine() == -1; }));
-    EXPECT_TRUE(IsSelected(3, end)) << "the button is up";
+    EXPECT_TRUE(IsSelected(3, 6)) << "the button is up";
 }
 
 TEST_F(TextInputTest, DraggingInAnEmptyViewSelectsNothing)
@@ -107,11 +117,8 @@ TEST_F(TextInputTest, DraggingInAnEmptyViewSelectsNothing)
 
 TEST_F(TextInputTest, KeysReachTheView)
 {
-    EXPECT_TRUE(
-        Type(WXK_PAGEDOWN, wxMOD_NONE, [this] { return m_View->GetScrollPos(wxVERTICAL) > 0; }));
     EXPECT_TRUE(Type('A', wxMOD_CONTROL, [this] { return IsSelected(0, 199); }));
     EXPECT_TRUE(Type(WXK_ESCAPE, wxMOD_NONE, [this] { return IsSelected(-1, -1); }));
-    m_View->ScrollToTop();
     m_Input.MouseMove(OnScreen(1));
     m_Input.MouseClick();
     EXPECT_TRUE(WaitFor([this] { return IsSelected(1, 1); }));
@@ -123,7 +130,9 @@ TEST_F(TextInputTest, TypingInTheSearchBar)
 {
     const auto searched = [this](int line)
     { return [this, line] { return m_View->GetMarkedLine() == line; }; };
+    const int height = m_View->GetSize().y;
     EXPECT_TRUE(Type('F', wxMOD_CONTROL, [this] { return Panel().IsShown(); }));
+    EXPECT_LT(m_View->GetSize().y, height);
     EXPECT_TRUE(WaitFor([this] { return !m_View->HasFocus() && wxWindow::FindFocus(); }));
     m_Input.Text("ine 15");
     EXPECT_TRUE(WaitFor([this] { return Panel().GetText() == "ine 15"; }));
@@ -132,20 +141,25 @@ TEST_F(TextInputTest, TypingInTheSearchBar)
     EXPECT_TRUE(Type(WXK_RETURN, wxMOD_SHIFT, searched(15)));
     EXPECT_TRUE(Type(WXK_ESCAPE, wxMOD_NONE, [this] { return !Panel().IsShown(); }));
     EXPECT_TRUE(WaitFor([this] { return m_View->HasFocus(); }));
+    EXPECT_EQ(m_View->GetSize().y, height);
 }
 
 // A key has no caller to hear of a failure: the user does.
-TEST_F(TextInputTest, AKeySavesAndTellsOfAFailure)
+TEST_F(TextInputTest, AKeySavesByteForByteAndTellsOfAFailure)
 {
+    const String odd("a\0b\xff\n", 5);
+    m_View->Clear();
+    Append({"first", odd, "", "last"});
     const Path path = TempFile("saved.txt");
     {
         const SelectorAnswer answer(path);
         EXPECT_TRUE(Type('S', wxMOD_CONTROL, [&] { return File::Exists(path); }));
         EXPECT_EQ(answer.m_Messages, 0);
     }
-    EXPECT_TRUE(ReadFile(path).StartsWith("line 0\nline 1\n"));
+    EXPECT_EQ(ReadFile(path), "first\n" + odd + "\n\nlast\n");
     const SelectorAnswer answer("/proc/nothing");
     EXPECT_TRUE(Type('S', wxMOD_CONTROL, [&] { return answer.m_Messages > 0; }));
+    EXPECT_NE(TextThrown([this] { m_View->SaveTo("/proc/nothing"); }), "");
 }
 
 // It would keep the pointer for itself, and send its commands nowhere.

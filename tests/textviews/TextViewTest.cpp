@@ -86,13 +86,6 @@ void TextViewTest::Drag(int from, int to) const
     m_View->Mouse(wxEVT_LEFT_UP, 5, m_View->MiddleOf(to));
 }
 
-void TextViewTest::UseColors(int scheme, wxWindow* window)
-{
-    SetColors(scheme);
-    wxSysColourChangedEvent changed;
-    window->ProcessWindowEvent(changed);
-}
-
 bool TextViewTest::IsSelected(int anchor, int end) const
 {
     return m_View->GetSelectionAnchor() == anchor && m_View->GetSelectionEnd() == end;

@@ -55,8 +55,6 @@ protected:
         return m_View->GetScrollRange(wxVERTICAL) - m_View->GetScrollThumb(wxVERTICAL);
     }
     bool IsSelected(int anchor, int end) const;
-    /// Sets the scheme and tells the window.
-    static void UseColors(int scheme, wxWindow* window);
     /// What another program gets from the clipboard in that format.
     String PastedElsewhere(const String& format) const;
 
