@@ -51,34 +51,10 @@ struct Slots : public HasSlots
 };
 } // namespace
 
-TEST_F(AppStartTest, FailureIsExplainedOnceAndCleanedUpOnce)
-{
-    Slots slots;
-    App().StartedSignal.Connect(&slots, &Slots::OnStarted);
-    App().ExitedSignal.Connect(&slots, &Slots::OnExited);
-    App().m_Startup = [] { return false; };
-    const DialogCatcher catcher;
-    EXPECT_FALSE(Start());
-    EXPECT_EQ(1, catcher.count);
-    EXPECT_EQ(1, m_Cleanups);
-    EXPECT_EQ(0, slots.started);
-    EXPECT_EQ(1, slots.exited);
-    EXPECT_EQ("Startup Error", catcher.caption);
-    // Without a name of its own the program goes by the word it was started with.
-    const wxString expected =
-        App().argv[0] +
-        " failed to start:\n\nPlease check the following:\n1. Tolvan is correctly installed and "
-        "all libraries and modules are accessible\n\n2. The current user '" +
-        wxtToWx(Platform::GetCurrentUserName()) +
-        "' has permission to create and delete log files in the folder:\n" +
-        wxtToWx(App().LogDir()) + "\n\nCheck the startup log file for more information:\n" +
-        wxtToWx(Log::s_GlobalLog->FileName());
-    EXPECT_EQ(expected, catcher.text);
-}
-
-TEST_F(AppStartTest, WhatIsThrownIsAFailureToo)
+TEST_F(AppStartTest, AnyFailureIsExplainedOnceAndCleanedUpOnce)
 {
     const std::function<bool()> starts[] = {
+        [] { return false; },
         []() -> bool { Exception::Throw("Test", "Start", ec_BadData, "on purpose"); },
         []() -> bool { throw std::runtime_error("on purpose"); },
         []() -> bool { throw 1; },
@@ -92,9 +68,19 @@ TEST_F(AppStartTest, WhatIsThrownIsAFailureToo)
             return false;
         },
     };
+    // Without a name of its own the program goes by the word it was started with.
+    const wxString expected =
+        App().argv[0] +
+        " failed to start:\n\nPlease check the following:\n1. Tolvan is correctly installed and "
+        "all libraries and modules are accessible\n\n2. The current user '" +
+        wxtToWx(Platform::GetCurrentUserName()) +
+        "' has permission to create and delete log files in the folder:\n" +
+        wxtToWx(App().LogDir()) + "\n\nCheck the startup log file for more information:\n" +
+        wxtToWx(Log::s_GlobalLog->FileName());
     for (const auto& start : starts)
     {
         Slots slots;
+        App().StartedSignal.Connect(&slots, &Slots::OnStarted);
         App().ExitedSignal.Connect(&slots, &Slots::OnExited);
         const LogCapture    log;
         const DialogCatcher catcher;
@@ -103,9 +89,12 @@ TEST_F(AppStartTest, WhatIsThrownIsAFailureToo)
         EXPECT_FALSE(Start());
         EXPECT_EQ(1, catcher.count);
         EXPECT_EQ("Startup Error", catcher.caption);
+        EXPECT_EQ(expected, catcher.text);
         EXPECT_EQ(1, m_Cleanups);
+        EXPECT_EQ(0, slots.started);
         EXPECT_EQ(1, slots.exited);
-        EXPECT_TRUE(log.Has("on purpose", log_Error) || log.Has("unknown type", log_Error))
+        EXPECT_TRUE(&start == starts || log.Has("on purpose", log_Error) ||
+                    log.Has("unknown type", log_Error))
             << log.All();
         App().HasSlots::DisconnectAll();
     }
@@ -132,19 +121,16 @@ TEST_F(AppStartTest, ToolkitLogsIntoTheProductLog)
     const LogCapture log;
     EXPECT_TRUE(Start());
     EXPECT_TRUE(log.Has("wxWidgets 3.1.2: Set wxLog to use VestaLib Log", log_Notice)) << log.All();
-    struct Case
-    {
-        wxLogLevel level;
-        LogLevel   expected;
+    const std::pair<wxLogLevel, LogLevel> levels[] = {
+        {wxLOG_Error, log_Error},   {wxLOG_Warning, log_Warning}, {wxLOG_Message, log_Notice},
+        {wxLOG_Status, log_Notice}, {wxLOG_Info, log_Info},       {wxLOG_Debug, log_Debug},
+        {wxLOG_Trace, log_Debug},   {wxLOG_User + 3, log_Info},
     };
-    for (const Case& row : {Case{wxLOG_Error, log_Error}, Case{wxLOG_Warning, log_Warning},
-                            Case{wxLOG_Message, log_Notice}, Case{wxLOG_Status, log_Notice},
-                            Case{wxLOG_Info, log_Info}, Case{wxLOG_Debug, log_Debug},
-                            Case{wxLOG_Trace, log_Debug}, Case{wxLOG_User + 3, log_Info}})
+    for (const auto& [level, expected] : levels)
     {
-        const String text = SFormat("level %lu", row.level);
-        wxLog::OnLog(row.level, wxtToWx(text), wxLogRecordInfo(__FILE__, __LINE__, "", ""));
-        EXPECT_TRUE(log.Has("wxWidgets 3.1.2: " + text, row.expected)) << log.All();
+        const String text = SFormat("level %lu", level);
+        wxLog::OnLog(level, wxtToWx(text), wxLogRecordInfo(__FILE__, __LINE__, "", ""));
+        EXPECT_TRUE(log.Has("wxWidgets 3.1.2: " + text, expected)) << log.All();
     }
 }
 

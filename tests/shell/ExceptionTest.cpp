@@ -61,41 +61,17 @@ protected:
     bool   m_Survived = false; ///< The main loop ran on after the exception.
 };
 
-class Painter : public wxWindow
-{
-public:
-    explicit Painter(wxWindow* parent) : wxWindow(parent, wxID_ANY, wxPoint(0, 0), wxSize(50, 50))
-    {
-        Bind(wxEVT_PAINT, &Painter::OnPaint, this);
-    }
-    bool armed = false;
-
-private:
-    void OnPaint(wxPaintEvent&)
-    {
-        const wxPaintDC dc(this);
-        if (armed)
-        {
-            armed = false;
-            throw new CountedException;
-        }
-    }
-};
-
 class Thrower : public wxTimed
 {
 public:
     void OnTick() override
     {
-        if (armed)
+        if (++ticks == 1)
         {
-            armed = false;
             throw new CountedException;
         }
-        ++ticks;
     }
-    bool armed = true;
-    int  ticks = 0;
+    int ticks = 0;
 };
 } // namespace
 
@@ -105,11 +81,18 @@ TEST_F(ExceptionTest, ReachesOnExceptionOnceFromWhereverItComes)
     timer.Bind(wxEVT_TIMER, [](wxTimerEvent&) { throw new CountedException; });
     Frame()->Bind(
         wxEVT_MENU, [](wxCommandEvent&) { throw new CountedException; }, wxID_NEW);
-    const struct
+    auto* const painted = new wxWindow(Frame(), wxID_ANY, wxPoint(0, 0), wxSize(50, 50));
+    const auto  paint = [&](wxPaintEvent&)
     {
-        const char*           from;
-        std::function<void()> trigger;
-    } cases[] = {
+        const wxPaintDC dc(painted);
+        if (m_Count == 0)
+        {
+            throw new CountedException;
+        }
+    };
+    PumpEvents();
+    std::unique_ptr<Thrower>                            thrower; // of the master timer
+    const std::pair<const char*, std::function<void()>> cases[] = {
         {"a posted event", [] { throw new CountedException; }},
         {"a menu handler",
          [this]
@@ -118,38 +101,25 @@ TEST_F(ExceptionTest, ReachesOnExceptionOnceFromWhereverItComes)
              Frame()->GetEventHandler()->SafelyProcessEvent(event);
          }},
         {"a timer", [&timer] { timer.StartOnce(20); }},
+        {"a timed object", [&] { thrower = std::make_unique<Thrower>(); }},
+        {"a paint handler",
+         [&]
+         {
+             painted->Bind(wxEVT_PAINT, paint);
+             painted->Refresh();
+         }},
     };
-    for (const auto& one : cases)
+    for (const auto& [from, trigger] : cases)
     {
         m_Count = 0;
         m_Survived = false;
-        RunLoop(one.trigger);
-        EXPECT_EQ(1, m_Count) << one.from;
-        EXPECT_EQ("thrown on purpose", m_LastText) << one.from;
-        EXPECT_EQ(0, s_Alive) << one.from;
-        EXPECT_TRUE(m_Survived) << one.from;
+        RunLoop(trigger);
+        EXPECT_EQ(1, m_Count) << from;
+        EXPECT_EQ("thrown on purpose", m_LastText) << from;
+        EXPECT_EQ(0, s_Alive) << from;
+        EXPECT_TRUE(m_Survived) << from;
     }
-}
-
-TEST_F(ExceptionTest, FromAnObjectOfTheMasterTimer)
-{
-    Thrower thrower;
-    RunLoop([] {});
-    EXPECT_EQ(1, m_Count);
-    EXPECT_EQ(0, s_Alive);
-    EXPECT_TRUE(WaitFor([&] { return thrower.ticks > 0; })); // the timer goes on
-}
-
-TEST_F(ExceptionTest, FromAPaintHandler)
-{
-    auto* const painter = new Painter(Frame());
-    PumpEvents();
-    painter->armed = true;
-    RunLoop([painter] { painter->Refresh(); });
-    EXPECT_FALSE(painter->armed);
-    EXPECT_EQ(1, m_Count);
-    EXPECT_EQ(0, s_Alive);
-    EXPECT_TRUE(m_Survived);
+    EXPECT_TRUE(WaitFor([&] { return thrower->ticks > 1; })) << "the timer goes on";
 }
 
 TEST_F(ExceptionTest, OtherExceptionsHaveNoObjectAndOneLineInTheLog)

@@ -19,22 +19,17 @@ protected:
         internal::Displays::Get() = internal::Displays::Real();
     }
 
-    wxFrame* Open(const wxString& title, const String& group = "")
+    wxFrame* Open(const wxString& title, const String& group = "", bool vetoes = false)
     {
         auto* const window = new wxFrame(Frame(), wxID_ANY, title, wxPoint(200, 200));
+        window->Bind(wxEVT_CLOSE_WINDOW,
+                     [=](wxCloseEvent& event) { vetoes ? event.Veto() : event.Skip(); });
         wxOpenUserWindow(window, group);
         return window;
     }
     wxFrame* Shown(const wxString& title, bool vetoes = false)
     {
-        auto* const window = new wxFrame(Frame(), wxID_ANY, title, wxPoint(200, 200));
-        window->Bind(wxEVT_CLOSE_WINDOW,
-                     [vetoes](wxCloseEvent& event)
-                     {
-                         event.Veto(vetoes);
-                         event.Skip(!vetoes);
-                     });
-        wxOpenUserWindow(window, "");
+        wxFrame* const window = Open(title, "", vetoes);
         window->Show();
         EXPECT_TRUE(WaitFor([window] { return window->IsActive(); }));
         return window;
@@ -120,9 +115,9 @@ TEST_F(OpenWindowsTest, WindowsGatherOnTheMainWindowsDisplay)
     internal::Displays::Get().indexOf = [](const wxWindow*) { return 1; };
     internal::Displays::Get().clientArea = [](int index)
     { return wxRect(index * 300, 100, 900, 700); };
-    auto* const tiny = new wxFrame(Frame(), wxID_ANY, "Tiny", wxPoint(5, 5), wxSize(80, 300));
-    tiny->Show();
-    EXPECT_TRUE(WaitFor([tiny] { return tiny->IsActive(); }));
+    wxFrame* const tiny = Shown("Tiny");
+    tiny->SetSize(5, 5, 80, 300);
+    EXPECT_TRUE(WaitFor([tiny] { return tiny->GetRect() == wxRect(5, 5, 80, 300); }));
     wxOpenUserWindow(tiny, "");
     EXPECT_EQ(wxRect(300 + (900 - 300) / 2, 100 + (700 - 300) / 2, 300, 300), tiny->GetRect());
     tiny->SetSize(0, 0, 500, 350);

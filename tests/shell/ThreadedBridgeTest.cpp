@@ -1,12 +1,11 @@
 #include "tests/support/FrameTest.h"
 #include "tests/support/TestApp.h"
+#include "tests/support/Threads.h"
 
 #include "dialogs/wxTolvanDlg.h"
 #include "vesta/ThreadPool.h"
 
 #include <atomic>
-#include <thread>
-#include <vector>
 
 namespace
 {
@@ -16,14 +15,13 @@ constexpr int kRounds = 300;
 class Listener : public wxTolvanDlg
 {
 public:
-    Listener(wxWindow* parent, int& heard)
-        : wxTolvanDlg(parent, "Listener", "", false), m_Heard(heard)
+    explicit Listener(wxWindow* parent) : wxTolvanDlg(parent, "Listener", "", false) {}
+    void OnConnected(bool) override
     {
+        EXPECT_TRUE(wxIsMainThread());
+        ++heard;
     }
-    void OnConnected(bool) override { ++m_Heard; }
-
-private:
-    int& m_Heard;
+    int heard = 0;
 };
 
 void Raise()
@@ -43,38 +41,28 @@ void Raise()
 }
 } // namespace
 
-class ThreadedBridgeTest : public UserFolderTest
-{
-};
+using ThreadedBridgeTest = UserFolderTest;
 
 // What the messenger's threads do may not touch a window that the main thread is about to destroy.
 TEST_F(ThreadedBridgeTest, SignalsMayComeWhileWindowsOpenAndClose)
 {
     TestApp&         app = TestApp::Get();
     std::atomic<int> handled{0};
-    const int        handler = app.AddMessageHandler("",
-                                                     [&handled](const boost::shared_ptr<Message>&)
-                                                     {
-                                                  ++handled;
-                                                  return true;
-                                              });
+    const int        handler =
+        app.AddMessageHandler("", [&](const boost::shared_ptr<Message>&) { return ++handled > 0; });
+    Listener lasting(nullptr);
     ThreadPool::Start(2);
-    std::atomic<int>         running{kThreads};
-    std::vector<std::thread> threads;
-    for (int i = 0; i < kThreads; ++i)
-    {
-        threads.emplace_back(
-            [&running]
-            {
-                Raise();
-                --running;
-            });
-    }
-    int heard = 0;
+    std::atomic<int> running{kThreads};
+    Threads          threads(kThreads,
+                             [&](int)
+                             {
+                        Raise();
+                        --running;
+                    });
     for (int round = 0; running > 0; ++round)
     {
         auto* const frame = new wxFrame(nullptr, wxID_ANY, "Short-lived");
-        new Listener(frame, heard);
+        new Listener(frame);
         frame->Show();
         app.SetTopWindow(round % 2 ? frame : nullptr);
         if (round % 8 == 0)
@@ -87,19 +75,15 @@ TEST_F(ThreadedBridgeTest, SignalsMayComeWhileWindowsOpenAndClose)
         frame->Destroy();
         PumpEvents();
     }
-    for (std::thread& thread : threads)
-    {
-        thread.join();
-    }
+    threads.Join();
     app.SetTopWindow(nullptr);
     ThreadPool::Stop();
     while (app.Queue().Size() > 0)
     {
         app.DispatchMessage();
     }
-    PumpEvents();
+    EXPECT_TRUE(WaitFor([&] { return lasting.heard == 2 * kThreads * kRounds; })) << lasting.heard;
     EXPECT_GT(handled, 0);
-    EXPECT_GT(heard, 0);
-    EXPECT_TRUE(wxTolvanDlg::s_Dialogs.empty());
+    EXPECT_EQ(1u, wxTolvanDlg::s_Dialogs.size());
     app.RemoveMessageHandler(handler);
 }
