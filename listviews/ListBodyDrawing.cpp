@@ -12,6 +12,7 @@
 namespace
 {
 constexpr double kGroundShare = 0.67; // of a selected row's colour; the rest is the selection's
+constexpr double kFocusShare = 0.5;   // of the text's colour in the frame of the focus
 
 // Lets go of what is only there while the rows are painted, however that ends.
 class WhilePainting
@@ -148,15 +149,20 @@ void wxDBListBody::DrawGrid(const listviews::ListGeometry& geometry)
     }
 }
 
-// The row that the arrow keys move from.
+// Around the row that the keys are on, in half the text's colour: it has to be seen on any ground,
+// the selection's too.
 void wxDBListBody::DrawFocus(const listviews::ListGeometry& geometry)
 {
-    if (!HasFocus() || !m_Model.HasRow(m_Model.anchor))
+    const int row = m_Model.FocusRow();
+    if (!HasFocus() || !m_Model.HasRow(row))
     {
         return;
     }
-    const wxRect   rect = geometry.RowRect(m_Model.anchor);
-    const wxColour line = wxtGetColor(color_3DLight);
+    const wxRect   rect = geometry.RowRect(row);
+    const wxColour line = internal::MixColours(wxtGetColor(color_Text),
+                                               wxtGetColor(color_WindowBGDarker), kFocusShare);
     m_CellText->Fill(wxRect(rect.x, rect.y, rect.width, 1), line);
     m_CellText->Fill(wxRect(rect.x, rect.GetBottom(), rect.width, 1), line);
+    m_CellText->Fill(wxRect(rect.x, rect.y, 1, rect.height), line);
+    m_CellText->Fill(wxRect(rect.GetRight(), rect.y, 1, rect.height), line);
 }

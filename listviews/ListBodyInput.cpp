@@ -21,7 +21,7 @@ bool wxDBListBody::DeselectAll(bool resetAnchor)
     }
     if (resetAnchor)
     {
-        m_Model.anchor = -1;
+        m_Model.SetAnchor(-1);
     }
     return true;
 }
@@ -67,8 +67,9 @@ int wxDBListBody::SelectRow(const wxMouseEvent& event, int row, bool& alive)
 bool wxDBListBody::SelectByClick(const wxMouseEvent& event)
 {
     const bool adding = IsAdding(event.ControlDown());
-    bool       alive = adding || DeselectAll(m_SingleSelection || !event.ShiftDown());
-    const int  row = alive ? ProcessSelection(event, alive) : -1;
+    m_Model.caret = -1; // the keys go on from where the hand has clicked
+    bool      alive = adding || DeselectAll(m_SingleSelection || !event.ShiftDown());
+    const int row = alive ? ProcessSelection(event, alive) : -1;
     // A range that is changed with Shift keeps the row that it began with.
     if (alive && (m_SingleSelection || event.ControlDown() || m_Model.anchor < 0))
     {
@@ -123,8 +124,10 @@ void wxDBListBody::OnKey(wxKeyEvent& event)
         return;
     }
     const bool up = key == WXK_UP;
-    if (up ? m_Model.anchor > 0 : m_Model.anchor >= 0 && m_Model.anchor < m_Model.rowCount - 1)
+    const int  from = m_Model.FocusRow();
+    if (up ? from > 0 : from >= 0 && from < m_Model.rowCount - 1)
     {
+        m_Model.SetAnchor(from);
         MoveAnchor(up ? -1 : 1, event);
     }
 }
@@ -136,7 +139,7 @@ void wxDBListBody::MoveAnchor(int step, const wxKeyEvent& event)
     {
         return;
     }
-    m_Model.anchor = std::clamp(m_Model.anchor + step, -1, m_Model.rowCount - 1);
+    m_Model.SetAnchor(std::clamp(m_Model.anchor + step, -1, m_Model.rowCount - 1));
     if (m_Model.anchor < 0)
     {
         return; // the rows have gone meanwhile

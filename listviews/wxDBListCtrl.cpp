@@ -4,6 +4,7 @@
 #include "appearance/wxTolvanString.h"
 #include "internal/text/OneLine.h"
 #include "listviews/cells/TextFit.h"
+#include "listviews/keys/ListKeys.h"
 #include "listviews/model/ListModel.h"
 #include "listviews/model/TableSettings.h"
 #include "listviews/wxDBListBody.h"
@@ -30,6 +31,8 @@ wxDBListCtrl::wxDBListCtrl(wxWindow* parent, int id, bool singleSelection)
     sizer->Add(m_Header, 0, wxEXPAND);
     sizer->Add(m_Body, 1, wxEXPAND);
     SetSizer(sizer);
+    m_Keys = std::make_unique<listviews::ListKeys>(
+        listviews::ListKeys::Parts{*this, *m_Body, *this, *m_Model, singleSelection, [] {}});
 }
 
 // The views first: they ask for cells as long as they are there.
@@ -48,6 +51,11 @@ void wxDBListCtrl::CleanupAfterDraw(int)
 
 void wxDBListCtrl::DoClear()
 {
+}
+
+String wxDBListCtrl::GetRowKey(int)
+{
+    return String();
 }
 
 wxColour wxDBListCtrl::GetRowColor(int)
@@ -165,6 +173,7 @@ void wxDBListCtrl::Clear()
     CALL_ENTRY("wxDBListCtrl::Clear");
     DoClear();
     m_Model->rowCount = 0;
+    m_Model->caret = -1;
     m_Body->RowsChanged();
     m_Body->Redraw();
 }
@@ -181,7 +190,23 @@ int wxDBListCtrl::GetLastSelect() const
 
 void wxDBListCtrl::SetLastSelect(int row)
 {
-    m_Model->anchor = row;
+    m_Model->SetAnchor(row);
+    m_Body->Redraw();
+}
+
+int wxDBListCtrl::GetFocusRow() const
+{
+    return m_Model->FocusRow();
+}
+
+void wxDBListCtrl::SetFocusRow(int row)
+{
+    CALL_ENTRY("wxDBListCtrl::SetFocusRow");
+    if (row == -1 || m_Model->HasRow(row))
+    {
+        m_Model->caret = row;
+        m_Body->Redraw();
+    }
 }
 
 void wxDBListCtrl::ReportScrollbars()

@@ -15,8 +15,9 @@
 
 namespace listviews
 {
+class ListKeys;
 struct ListModel;
-}
+} // namespace listviews
 class wxDBListBody;
 class wxDBListHeader;
 
@@ -65,6 +66,9 @@ public:
     /// The mouse cursor over the body; row and column are -1 where there is none.
     wxCursor     CustomizeCursor(int row, int column, int x, int y) override;
     virtual void DoClear(); ///< Drops the rows' data.
+    /// What a row is known by when the list is filled anew (`wxListRefresh`), whatever its place;
+    /// empty: nothing, it is known by its index.
+    virtual String GetRowKey(int row);
     /// @}
 
     /// @name Columns
@@ -110,9 +114,12 @@ public:
     /// @}
 
     const wxCursor& GetCurrentCursor() const;
-    int             GetLastSelect() const; ///< The row that a range is selected from, or -1.
-    void            SetLastSelect(int row);
-    void            ReportScrollbars(); ///< Logs every change of the scrollbars from now on.
+    int             GetLastSelect() const;  ///< The row that a range is selected from, or -1.
+    void            SetLastSelect(int row); ///< The keys are there, too.
+    /// The row that the keys are on, or -1. It has a frame while the list has the focus.
+    int  GetFocusRow() const;
+    void SetFocusRow(int row); ///< Selects nothing; -1: where the range is selected from.
+    void ReportScrollbars();   ///< Logs every change of the scrollbars from now on.
 
     /// @name Redrawing
     /// Repaints soon; changes that are close to one another are painted at once.
@@ -156,4 +163,5 @@ private:
     std::unique_ptr<listviews::ListModel> m_Model;
     wxDBListHeader*                       m_Header = nullptr;
     wxDBListBody*                         m_Body = nullptr;
+    std::unique_ptr<listviews::ListKeys>  m_Keys;
 };

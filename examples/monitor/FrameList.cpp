@@ -1,6 +1,6 @@
 #include "monitor/FrameList.h"
 
-#include "listviews/wxListKeys.h"
+#include "listviews/wxListMenu.h"
 #include "monitor/FramePictures.h"
 #include "monitor/JobColors.h"
 #include "monitor/JobCommands.h"
@@ -90,7 +90,6 @@ FrameList::FrameList(wxWindow* parent, const FarmJobs& jobs)
         AddColumn(GetColumnCount(), wxtFromWx(wxGetTranslation(column.title)), column.width);
     }
     RestoreColumnSizes(k_Section, k_Widths);
-    wxAddListKeys(*this);
     wxAddListMenu(*this, [this](const wxPoint& where) { ShowMenu(where); });
     Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent& event) { Select(event, true); });
     Bind(wxEVT_LIST_ITEM_DESELECTED, [this](wxListEvent& event) { Select(event, false); });

@@ -1,6 +1,6 @@
 #include "monitor/JobList.h"
 
-#include "listviews/wxListKeys.h"
+#include "listviews/wxListMenu.h"
 #include "monitor/JobColors.h"
 #include "monitor/JobCommands.h"
 
@@ -37,7 +37,6 @@ JobList::JobList(wxWindow* parent, FarmJobs& jobs, Actions actions)
     : wxDBListCtrl(parent, wxID_ANY, false), m_Jobs(jobs), m_Actions(std::move(actions))
 {
     AddColumns();
-    wxAddListKeys(*this);
     wxAddListMenu(*this,
                   [this](const wxPoint& where) { m_Actions.showMenu(SelectedJobs(), where); });
     Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent& event) { OnSelect(event, true); });
@@ -113,8 +112,10 @@ void JobList::OnTick()
 void JobList::Refill()
 {
     m_Now = Time::CurrentTime();
-    const String anchor =
-        m_Table.HasRow(GetLastSelect()) ? m_Table.IdAt(GetLastSelect()) : String();
+    const auto idAt = [this](int row)
+    { return m_Table.HasRow(row) ? m_Table.IdAt(row) : String(); };
+    const String anchor = idAt(GetLastSelect());
+    const String focus = idAt(GetFocusRow());
     const size_t selected = m_Selected.size();
     m_Table.SetJobs(m_Jobs.InOrder(), m_Now);
     if (std::exchange(m_IsListStale, false))
@@ -134,6 +135,7 @@ void JobList::Refill()
         Remove(m_Table.RowCount(), static_cast<unsigned long>(-more));
     }
     SetLastSelect(anchor.empty() ? -1 : m_Table.RowOf(anchor));
+    SetFocusRow(focus == anchor ? -1 : m_Table.RowOf(focus));
     GetBody()->Redraw();
     if (m_Selected.size() != selected)
     {

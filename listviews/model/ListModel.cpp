@@ -9,6 +9,11 @@ namespace
 {
 const char* const kSeparator = ", ";
 
+int MovedDown(int row, int count)
+{
+    return static_cast<int>(std::min<long long>(static_cast<long long>(row) + count, INT_MAX));
+}
+
 // A text that is no number, too, gives a column that can be seen.
 int StoredWidth(const String& text)
 {
@@ -96,11 +101,8 @@ bool ListModel::InsertRows(int row, int count)
     const int       most = MostRows(rowHeight);
     const bool      isTooLong = wanted > most && rowCount < most;
     rowCount = static_cast<int>(std::min<long long>(wanted, most));
-    if (anchor >= row)
-    {
-        anchor =
-            static_cast<int>(std::min<long long>(static_cast<long long>(anchor) + count, INT_MAX));
-    }
+    anchor = anchor >= row ? MovedDown(anchor, count) : anchor;
+    caret = caret >= row ? MovedDown(caret, count) : caret;
     return !isTooLong;
 }
 
@@ -111,6 +113,7 @@ void ListModel::RemoveRows(int first, int last)
     {
         anchor = first - 1;
     }
+    caret = caret > last ? caret - (last - first + 1) : std::min(caret, first - 1);
 }
 
 ListGeometry ListModel::Geometry(const wxPoint& scroll, const wxSize& client) const

@@ -21,6 +21,7 @@ struct ListModel
     int rowHeight = 1; ///< Pixels, at least 1.
     int rowCount = 0;
     int anchor = -1;   ///< The row that a range is selected from.
+    int caret = -1;    ///< The row that the keys are on, when it is another than the anchor.
     int hoverRow = -1; ///< The one that was drawn so.
 
     int hoverColumn = -1;   ///< The one whose edge or title the pointer is on.
@@ -31,6 +32,8 @@ struct ListModel
     bool HasColumn(int index) const { return index >= 0 && index < ColumnCount(); }
     bool HasRow(int row) const { return row >= 0 && row < rowCount; }
     int  FindType(int type) const; ///< The first column of that type.
+    int  FocusRow() const { return caret >= 0 ? caret : anchor; } ///< The one that the keys are on.
+    void SetAnchor(int row) { anchor = row, caret = -1; }         ///< The keys are there, too.
 
     const wxDBListColumn& Column(int index) const { return columns[static_cast<size_t>(index)]; }
     wxDBListColumn&       Column(int index) { return columns[static_cast<size_t>(index)]; }
@@ -51,11 +54,13 @@ struct ListModel
     /// @}
     void LetTitlesGo(); ///< Nothing is pressed, dragged or hovered any more.
 
-    /// An anchor at or below the rows that come moves down with them. False when they have made the
-    /// list longer than can be scrolled, which it was not before: it has as many as can be.
+    /// An anchor at or below the rows that come moves down with them, as the caret does. False when
+    /// they have made the list longer than can be scrolled, which it was not before: it has as many
+    /// as can be.
     bool InsertRows(int row, int count);
     /// An anchor among the rows that go moves above them; one that lies below stays where it is: on
-    /// the same place of the list, which the user looks at, and not on the same row.
+    /// the same place of the list, which the user looks at, and not on the same row. A caret goes
+    /// with its row.
     void RemoveRows(int first, int last);
 
     ListGeometry Geometry(const wxPoint& scroll, const wxSize& client) const;

@@ -1,53 +1,232 @@
+#include "listviews/keys/TypedText.h"
 #include "listviews/wxDBListBody.h"
-#include "listviews/wxListKeys.h"
+#include "listviews/wxListMenu.h"
+#include "listviews/wxListRefresh.h"
 #include "listviews/wxtListCtrl.h"
-#include "tests/support/EventCounter.h"
 #include "tests/support/FrameTest.h"
 
 #include <wx/listbase.h>
+#include <wx/sizer.h>
+#include <wx/uiaction.h>
 
-#include <set>
+#include <algorithm>
+#include <cctype>
 
-TEST_F(FrameTest, ListKeysGoToRowsAndSelect)
+namespace
+{
+// Known by the number that their text ends with.
+class KeyedList : public wxtListCtrl
+{
+public:
+    using wxtListCtrl::wxtListCtrl;
+    String GetRowKey(int row) override
+    {
+        const String text = GetDisplayText(row, 0);
+        return text.substr(text.find_last_of(' ') + 1);
+    }
+    void Fill(int first, int count)
+    {
+        const char* const names[] = {"alpha ", "Beta ", "b row ", "gamma "};
+        for (int i = 0; i < count; ++i)
+        {
+            InsertItem(i, names[(first + i) % 4] + String::FromInt(first + i));
+        }
+    }
+};
+
+// A list of 100 rows that has the focus, and what real keys make of it.
+class ListKeysTest : public FrameTest
+{
+protected:
+    ListKeysTest() : m_List(new KeyedList(Frame(), wxID_ANY))
+    {
+        m_List->AddColumn(0, "Title", 2000);
+        m_List->Fill(0, 100);
+        auto* const sizer = new wxBoxSizer(wxVERTICAL);
+        sizer->Add(m_List, 1, wxEXPAND);
+        Frame()->SetSizer(sizer);
+        Frame()->Layout();
+        m_List->SetFocus();
+        EXPECT_TRUE(WaitFor([this] { return Body()->HasFocus(); }));
+    }
+    wxDBListBody* Body() const { return m_List->GetBody(); }
+    void          Press(int key, int modifiers = 0)
+    {
+        bool       done = false;
+        const auto release = [&](wxKeyEvent& event)
+        {
+            event.Skip();
+            done = done || event.GetKeyCode() == (key < 128 ? std::toupper(key) : key);
+        };
+        Frame()->Bind(wxEVT_CHAR_HOOK, release);
+        m_Input.Char(key, modifiers);
+        EXPECT_TRUE(WaitFor([&] { return done; }));
+        PumpEvents();
+        Frame()->Unbind(wxEVT_CHAR_HOOK, release);
+    }
+    /// "first-last (how many) anchor focus"
+    String State()
+    {
+        std::vector<int> rows = m_List->GetSelection();
+        std::sort(rows.begin(), rows.end());
+        return SFormat("%d-%d (%d) %d %d", rows.empty() ? -1 : rows.front(),
+                       rows.empty() ? -1 : rows.back(), static_cast<int>(rows.size()),
+                       m_List->GetLastSelect(), m_List->GetFocusRow());
+    }
+    void Begin(int row)
+    {
+        Body()->DeselectAll(true);
+        m_List->SetLastSelect(row);
+        if (row >= 0)
+        {
+            Body()->SendListEvent(wxEVT_LIST_ITEM_SELECTED, wxPoint(0, 0), 0, row);
+        }
+    }
+
+    wxUIActionSimulator m_Input;
+    KeyedList*          m_List;
+};
+} // namespace
+
+TEST_F(ListKeysTest, KeysGoToRowsAndSelect)
+{
+    constexpr int control = wxMOD_CONTROL, shift = wxMOD_SHIFT, both = wxMOD_CONTROL | wxMOD_SHIFT;
+    const int     page = m_List->GetScrollThumb(wxVERTICAL) / m_List->GetRowHeight() - 1;
+    struct
+    {
+        int    from, key, modifiers;
+        String after;
+    } const rows[] = {{50, WXK_HOME, 0, "0-0 (1) 0 0"},
+                      {50, WXK_END, 0, "99-99 (1) 99 99"},
+                      {50, WXK_HOME, shift, "0-50 (51) 50 0"},
+                      {50, WXK_END, control, "50-50 (1) 50 99"},
+                      {99, WXK_PAGEDOWN, 0, "99-99 (1) 99 99"},
+                      {0, WXK_PAGEDOWN, 0, SFormat("%d-%d (1) %d %d", page, page, page, page)},
+                      {3, WXK_PAGEUP, shift, "0-3 (4) 3 0"},
+                      {50, 'A', control, "0-99 (100) 50 50"},
+                      {50, WXK_SPACE, control, "-1--1 (0) 50 50"},
+                      {50, WXK_UP, shift, "49-50 (2) 49 49"},
+                      {50, WXK_END, both, "50-99 (50) 50 99"}};
+    for (const auto& row : rows)
+    {
+        Begin(row.from);
+        Press(row.key, row.modifiers);
+        EXPECT_EQ(row.after, State()) << row.from << ' ' << row.key << ' ' << row.modifiers;
+    }
+    // The row that the keys are on and the anchor, apart.
+    const struct
+    {
+        int         key, modifiers;
+        const char* after;
+    } walk[] = {{WXK_HOME, control, "50-99 (50) 50 0"}, {WXK_SPACE, control, "0-99 (51) 0 0"},
+                {WXK_END, shift, "0-99 (100) 0 99"},    {WXK_HOME, shift, "0-0 (1) 0 0"},
+                {WXK_END, control, "0-0 (1) 0 99"},     {WXK_UP, 0, "98-98 (1) 98 98"},
+                {WXK_HOME, control, "98-98 (1) 98 0"},  {WXK_SPACE, shift, "0-98 (99) 98 0"},
+                {WXK_SPACE, 0, "0-0 (1) 0 0"},          {WXK_UP, 0, "0-0 (1) 0 0"},
+                {WXK_END, control, "0-0 (1) 0 99"},     {WXK_SPACE, 0, "99-99 (1) 99 99"}};
+    for (const auto& step : walk)
+    {
+        Press(step.key, step.modifiers);
+        EXPECT_EQ(step.after, State()) << step.key << ' ' << step.modifiers;
+    }
+    Begin(-1);
+    m_List->EnsureVisible(0);
+    Press(WXK_DOWN);
+    EXPECT_EQ("-1--1 (0) -1 0", State()) << "a row to begin from";
+    EXPECT_EQ(0, m_List->GetScrollPos(wxHORIZONTAL));
+    Press(WXK_RIGHT);
+    EXPECT_LT(0, m_List->GetScrollPos(wxHORIZONTAL));
+    m_List->Clear();
+    for (const int key : {WXK_HOME, WXK_PAGEDOWN, WXK_DOWN, WXK_SPACE, WXK_RETURN})
+    {
+        Press(key, shift);
+    }
+    EXPECT_EQ("-1--1 (0) -1 -1", State());
+}
+
+TEST_F(ListKeysTest, EnterAndTheMenuKeyAreForTheRowOfTheKeys)
+{
+    int     activated = -1;
+    wxPoint menu(-1, -1);
+    Frame()->Bind(wxEVT_LIST_ITEM_ACTIVATED,
+                  [&](wxListEvent& event) { activated = static_cast<int>(event.GetIndex()); });
+    wxAddListMenu(*m_List, [&](const wxPoint& where) { menu = Body()->ScreenToClient(where); });
+    Begin(2);
+    Press(WXK_END, wxMOD_CONTROL);
+    Press(WXK_RETURN);
+    EXPECT_EQ(99, activated);
+    Press(WXK_F10, wxMOD_SHIFT);
+    EXPECT_EQ("99-99 (1) 99 99", State());
+    EXPECT_EQ(Body()->GetItemRect(99).GetBottomLeft(), menu);
+}
+
+TEST_F(ListKeysTest, TypedTextLeadsToARow)
 {
     const struct
     {
-        int from, key, modifier; // row of the anchor, -1 for none
-        int first, last;         // of the selection
-        int anchor;              // afterwards
-    } rows[] = {
-        {50, WXK_HOME, 0, 0, 0, 0},          {50, WXK_END, 0, 99, 99, 99},
-        {50, WXK_HOME, WXK_SHIFT, 0, 50, 0}, {50, WXK_NUMPAD_END, WXK_SHIFT, 50, 99, 99},
-        {99, WXK_PAGEDOWN, 0, 99, 99, 99},   {3, WXK_PAGEUP, WXK_SHIFT, 0, 3, 0},
-        {-1, WXK_DOWN, 0, 0, 0, 0},          {50, 'A', WXK_CONTROL, 0, 99, 50},
-        {50, WXK_RETURN, 0, 50, 50, 50},
-    };
-    auto* const list = new wxtListCtrl(Frame(), wxID_ANY);
-    list->AddColumn(0, "Title", 200);
-    for (int row = 0; row < 100; ++row)
-    {
-        list->InsertItem(row, String::FromInt(row));
-    }
-    wxAddListKeys(*list);
-    Frame()->SendSizeEvent();
-    const EventCounter activations(list, wxEVT_LIST_ITEM_ACTIVATED);
+        const char* typed;
+        int         row;
+    } rows[] = {{"b", 1},   {"bb", 2},   {"be", 1}, {"b r", 2},
+                {"zb", 50}, {"aaa", 12}, {"B", 1},  {"alpha 9", 92}};
     for (const auto& row : rows)
     {
-        list->GetBody()->DeselectAll(true);
-        list->SetLastSelect(row.from);
-        list->GetBody()->SendListEvent(wxEVT_LIST_ITEM_SELECTED, wxPoint(0, 0), 0, row.from);
-        wxKeyEvent event(wxEVT_KEY_DOWN);
-        event.m_keyCode = row.key;
-        event.SetShiftDown(row.modifier == WXK_SHIFT);
-        event.SetControlDown(row.modifier == WXK_CONTROL);
-        list->GetBody()->HandleWindowEvent(event);
-        const std::vector<int> order = list->GetSelection();
-        const std::set<int>    selected(order.begin(), order.end());
-        ASSERT_FALSE(selected.empty()) << row.key;
-        EXPECT_EQ(row.first, *selected.begin()) << row.key;
-        EXPECT_EQ(row.last, *selected.rbegin()) << row.key;
-        EXPECT_EQ(row.last - row.first + 1, static_cast<int>(selected.size())) << row.key;
-        EXPECT_EQ(row.anchor, list->GetLastSelect()) << row.key;
+        m_List->SetFocus();
+        Begin(row.row == 50 ? 50 : 0);
+        Body()->ProcessWindowEvent(*std::make_unique<wxFocusEvent>(wxEVT_KILL_FOCUS)); // forgets
+        for (const char* key = row.typed; *key; ++key)
+        {
+            Press(*key, *key >= 'A' && *key <= 'Z' ? wxMOD_SHIFT : 0);
+        }
+        EXPECT_EQ(row.row, m_List->GetFocusRow()) << row.typed;
+        EXPECT_EQ(std::vector{row.row}, m_List->GetSelection()) << row.typed;
     }
-    EXPECT_EQ(1, activations.Count());
+    using listviews::TypedText;
+    const auto now = TypedText::Clock::now();
+    TypedText  typed;
+    typed.Add(L'\u00C9', now);
+    EXPECT_TRUE(typed.IsStartOf("\xC3\xA9mile"));
+    EXPECT_TRUE(typed.IsStartOf("\xE9mile")) << "in a Latin-1 text";
+    typed.Add(L'm', now);
+    EXPECT_TRUE(typed.IsStartOf("\xC3\x89MILE"));
+    EXPECT_FALSE(typed.IsStartOf("\xC3\xA9"));
+    typed.Add(L'x', now + TypedText::k_Memory);
+    EXPECT_TRUE(typed.IsStartOf("x")) << "the earlier ones are forgotten";
+}
+
+TEST_F(ListKeysTest, ARefreshKeepsWhatTheUserHasMadeOfTheList)
+{
+    const auto refill = [this](int first, int count)
+    {
+        const wxListRefresh keep(*m_List);
+        m_List->Clear();
+        m_List->Fill(first, count);
+    };
+    Begin(40);
+    Body()->SendListEvent(wxEVT_LIST_ITEM_SELECTED, wxPoint(0, 0), 0, 38);
+    m_List->SetFocusRow(45);
+    m_List->SetScrollPos(wxVERTICAL, 36 * m_List->GetRowHeight() + 7);
+    refill(-10, 110);
+    EXPECT_EQ("48-50 (2) 50 55", State());
+    EXPECT_EQ((std::vector{50, 48}), m_List->GetSelection()) << "in the order of selection";
+    EXPECT_EQ(46 * m_List->GetRowHeight() + 7, m_List->GetScrollPos(wxVERTICAL));
+    refill(39, 60);
+    EXPECT_EQ("1-1 (1) 1 6", State()) << "row 38 has gone";
+    refill(500, 3);
+    EXPECT_EQ("-1--1 (0) 1 1", State()) << "near where it was";
+    refill(500, 0);
+    EXPECT_EQ("-1--1 (0) -1 -1", State());
+
+    // Told of what changes, and of nothing else; the list may go.
+    refill(0, 50);
+    Begin(7);
+    int told = 0;
+    Frame()->Bind(wxEVT_LIST_ITEM_SELECTED, [&](wxListEvent&) { told += 1; });
+    {
+        const wxListRefresh keep(*m_List);
+    }
+    EXPECT_EQ(0, told);
+    refill(3, 47);
+    EXPECT_EQ(1, told);
+    Frame()->Bind(wxEVT_LIST_ITEM_SELECTED, [&](wxListEvent&) { m_List->Destroy(); });
+    refill(2, 48);
 }

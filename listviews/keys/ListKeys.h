@@ -1,0 +1,56 @@
+#pragma once
+
+#include "listviews/keys/KeyTable.h"
+#include "listviews/keys/RowSearch.h"
+#include "listviews/keys/RowSelector.h"
+#include "listviews/keys/TypedText.h"
+
+#include <wx/event.h>
+#include <wx/timer.h>
+
+#include <functional>
+
+namespace listviews
+{
+/// The keys of a list beside the body's arrows. They report through the events that clicks send.
+/// A handler that is bound to the body or the list later is asked first. Main thread.
+class ListKeys
+{
+public:
+    struct Parts
+    {
+        wxWindow&             list;
+        wxDBListBody&         body;
+        wxDBListSource&       source;
+        ListModel&            model;
+        bool                  singleSelection;
+        std::function<void()> copy;
+    };
+
+    explicit ListKeys(const Parts& parts);
+
+private:
+    void OnKey(wxKeyEvent& event);
+    void OnCharacter(wxKeyEvent& event);
+    void OnContextMenu(wxContextMenuEvent& event);
+    void SearchOn();
+
+    bool Do(KeyAction action, KeyModifiers modifiers);
+    void GoTo(int row, KeyModifiers modifiers);
+    void Select(int row, KeyModifiers modifiers);
+    void SelectTo(int row, bool adding);
+    void SelectAlone(int row);
+    void Activate(int row);
+    bool ScrollBy(wxEventType type);
+    void ShowFocus();
+
+    bool HasFocusRow() const;
+    int  Page() const;
+
+    Parts       m_Parts;
+    RowSelector m_Rows;
+    TypedText   m_Typed;
+    RowSearch   m_Search;
+    wxTimer     m_SearchTimer;
+};
+} // namespace listviews

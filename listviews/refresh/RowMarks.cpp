@@ -1,0 +1,100 @@
+#include "listviews/refresh/RowMarks.h"
+
+#include <unordered_map>
+
+namespace listviews
+{
+namespace
+{
+// The marks of one key that wait for rows, in the order in which they take them. A selected row
+// is one of its own; anchor, caret and the rows seen may be the same.
+struct Waiting
+{
+    std::vector<RowMark*> selected;
+    std::vector<RowMark*> others;
+    size_t                taken = 0;
+};
+using WaitingByKey = std::unordered_map<std::string, Waiting>;
+
+class Finder
+{
+public:
+    Finder(RowMarks& marks, int count) : m_Count(count)
+    {
+        for (RowMark& mark : marks.selected)
+        {
+            Add(mark, true);
+        }
+        for (RowMark& mark : marks.seen)
+        {
+            Add(mark, false);
+        }
+        Add(marks.anchor, false);
+        Add(marks.caret, false);
+    }
+
+    void Take(const String& key, int row)
+    {
+        const auto found = m_Waiting.find(key);
+        if (found == m_Waiting.end())
+        {
+            return;
+        }
+        Waiting& waiting = found->second;
+        for (RowMark* const mark : waiting.others)
+        {
+            mark->row = row;
+        }
+        waiting.others.clear();
+        if (waiting.taken < waiting.selected.size())
+        {
+            waiting.selected[waiting.taken++]->row = row;
+        }
+        if (waiting.taken == waiting.selected.size())
+        {
+            m_Waiting.erase(found);
+        }
+    }
+
+    bool IsDone() const { return m_Waiting.empty(); }
+
+private:
+    void Add(RowMark& mark, bool isSelected)
+    {
+        if (mark.key.empty())
+        {
+            mark.row = mark.row < m_Count ? mark.row : -1;
+            return;
+        }
+        mark.row = -1;
+        Waiting& waiting = m_Waiting[mark.key];
+        (isSelected ? waiting.selected : waiting.others).push_back(&mark);
+    }
+
+    int          m_Count;
+    WaitingByKey m_Waiting;
+};
+} // namespace
+
+void FindAgain(RowMarks& marks, int count, const std::function<String(int row)>& keyOf)
+{
+    Finder finder(marks, count);
+    for (int row = 0; row < count && !finder.IsDone(); ++row)
+    {
+        finder.Take(keyOf(row), row);
+    }
+}
+
+long long ScrollAfter(const RowMarks& before, const RowMarks& found, int rowHeight)
+{
+    for (size_t i = 0; i < found.seen.size(); ++i)
+    {
+        if (found.seen[i].row >= 0)
+        {
+            const long long moved = static_cast<long long>(found.seen[i].row) - before.seen[i].row;
+            return before.scroll + moved * rowHeight;
+        }
+    }
+    return before.scroll;
+}
+} // namespace listviews

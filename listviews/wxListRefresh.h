@@ -1,0 +1,42 @@
+#pragma once
+
+#include "vesta/Export.h"
+
+#include <wx/weakref.h>
+
+#include <memory>
+
+namespace listviews
+{
+struct RowMarks;
+}
+class wxDBListCtrl;
+
+/// Stands around the refilling of a list, and has everything come back that the user has made of
+/// it: what is selected, where ranges are selected from, the row that the keys are on, and the
+/// place that the view is scrolled to.
+///
+///     {
+///         const wxListRefresh keep(list);
+///         list.Clear();
+///         list.Insert(0, count, true);
+///     }
+///
+/// Rows are found again by `wxDBListCtrl::GetRowKey`, or by their index if they have no key. Rows
+/// that are to be selected or deselected are told by the list's events, those that are already are
+/// not. The list may be destroyed meanwhile. Takes time for each row once. Main thread.
+class TOLVAN_API wxListRefresh
+{
+public:
+    explicit wxListRefresh(wxDBListCtrl& list);
+    ~wxListRefresh(); ///< What a handler throws is logged.
+    wxListRefresh(const wxListRefresh&) = delete;
+    wxListRefresh& operator=(const wxListRefresh&) = delete;
+
+private:
+    void Restore();
+    void RestoreSelection(const listviews::RowMarks& found);
+
+    wxWeakRef<wxDBListCtrl>              m_List;
+    std::unique_ptr<listviews::RowMarks> m_Marks;
+};
