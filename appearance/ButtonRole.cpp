@@ -10,7 +10,7 @@
 
 wxTopLevelWindow* wxtButton::TopLevel() const
 {
-    return wxDynamicCast(wxGetTopLevelParent(const_cast<wxtButton*>(this)), wxTopLevelWindow);
+    return dynamic_cast<wxTopLevelWindow*>(wxGetTopLevelParent(const_cast<wxtButton*>(this)));
 }
 
 bool wxtButton::IsDefault() const

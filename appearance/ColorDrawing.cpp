@@ -99,7 +99,7 @@ bool ParentIsActive(wxWindow* window)
     {
         window = window->GetParent();
     }
-    auto* const top = wxDynamicCast(window, wxTopLevelWindow);
+    auto* const top = dynamic_cast<wxTopLevelWindow*>(window);
     if (top && !top->IsActive())
     {
         return false;

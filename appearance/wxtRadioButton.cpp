@@ -40,7 +40,7 @@ std::vector<wxtRadioButton*> RadioButtons(Iterator from, Iterator to, IsEnd isEn
 // As a vector: the toolkit's list goes backwards badly.
 std::vector<wxWindow*> SiblingsOf(const wxWindow& window)
 {
-    if (!wxDynamicCast(wxGetTopLevelParent(const_cast<wxWindow*>(&window)), wxTopLevelWindow))
+    if (!dynamic_cast<wxTopLevelWindow*>(wxGetTopLevelParent(const_cast<wxWindow*>(&window))))
     {
         return {};
     }

@@ -43,7 +43,7 @@ bool Place(wxWindow* window, const String& text, const String& frameExtents, int
     }
     wxRect place = *geometry;
     place.Offset(offset, offset);
-    auto* const top = wxDynamicCast(window, wxTopLevelWindow);
+    auto* const top = dynamic_cast<wxTopLevelWindow*>(window);
     if (!top || top->IsShown() || !shell::PlaceWithFrame(*top, place, frameExtents))
     {
         window->SetSize(place, wxSIZE_AUTO);

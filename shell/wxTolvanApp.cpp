@@ -273,7 +273,7 @@ void wxTolvanApp::ActivateEvent(wxActivateEvent& event)
     wxObject* const object = event.GetEventObject();
     if (event.GetActive())
     {
-        s_ActiveWin = wxDynamicCast(object, wxWindow);
+        s_ActiveWin = dynamic_cast<wxWindow*>(object);
     }
     else if (object == s_ActiveWin.get())
     {

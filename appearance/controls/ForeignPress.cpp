@@ -54,7 +54,7 @@ void RefuseForeignRelease(wxWindow& window)
     }
     // A label is part of its parent's window on one of the ports, and is not told of the pointer
     // that comes in.
-    if (wxDynamicCast(&window, wxStaticText) && window.GetParent())
+    if (dynamic_cast<wxStaticText*>(&window) && window.GetParent())
     {
         window.GetParent()->Bind(wxEVT_ENTER_WINDOW, watchAround);
         window.GetParent()->Bind(wxEVT_LEFT_UP, watchAround);
