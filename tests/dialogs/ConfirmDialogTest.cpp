@@ -141,26 +141,7 @@ TEST_F(ConfirmDialogTest, MessagesOfAnyLengthKeepTheButtonsOnTheScreen)
     }
 }
 
-TEST_F(ConfirmDialogTest, AMessageIsLoggedAndFollowsTheScheme)
-{
-    const LogCapture log;
-    TestApp::Get().CallAfter(
-        [this]
-        {
-            EXPECT_TRUE(WaitFor(ABoxIsUp));
-            const auto* const box = dynamic_cast<wxConfirmDlg*>(TheDialog());
-            SetColors(scheme_Light);
-            wxTolvanDlg::RefreshAll();
-            EXPECT_EQ(wxtGetColor(color_WindowBGDarker), box->GetBackgroundColour());
-            EXPECT_EQ(wxtGetColor(color_WindowBGDarker),
-                      box->GetChildren().GetFirst()->GetData()->GetBackgroundColour());
-            Press(WXK_RETURN);
-        });
-    EXPECT_TRUE(wxTolvanMessageBox("Disk full", "disk", Frame()));
-    EXPECT_TRUE(log.Has("Disk full", log_Info));
-}
-
-TEST_F(ConfirmDialogTest, AQuestionWhoseAnswerDoesHarmIsDeniedByEnterAndAProblemIsAlwaysTold)
+TEST_F(ConfirmDialogTest, MessagesAreLoggedAndHarmIsDeniedByEnter)
 {
     const LogCapture log;
     const auto       press = [](int key)
@@ -170,9 +151,14 @@ TEST_F(ConfirmDialogTest, AQuestionWhoseAnswerDoesHarmIsDeniedByEnterAndAProblem
             {
                 EXPECT_TRUE(WaitFor(ABoxIsUp));
                 EXPECT_EQ(key == WXK_RETURN, TheDialog()->FindWindow("checkBox") != nullptr);
+                SetColors(scheme_Light);
+                wxTolvanDlg::RefreshAll();
+                EXPECT_EQ(wxtGetColor(color_WindowBGDarker), TheDialog()->GetBackgroundColour());
                 Press(key);
             });
     };
+    press(WXK_RETURN);
+    EXPECT_TRUE(wxTolvanMessageBox("All done", "done", Frame()));
     press(WXK_RETURN);
     EXPECT_FALSE(wxAsk(Frame(), {"harm", "Kill Job", "Kill it?", "Kill", "Keep", true}));
     for (int time = 0; time < 2; ++time)
@@ -180,6 +166,7 @@ TEST_F(ConfirmDialogTest, AQuestionWhoseAnswerDoesHarmIsDeniedByEnterAndAProblem
         press(WXK_ESCAPE);
         wxTellProblem("Disk full", Frame());
     }
+    EXPECT_TRUE(log.Has("All done", log_Info));
     EXPECT_EQ(2, log.Count("Disk full"));
 }
 

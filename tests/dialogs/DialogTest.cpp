@@ -37,10 +37,6 @@ void CloseAndWait(wxTolvanDlg* dialog)
     EXPECT_TRUE(WaitFor([&closed] { return !closed; }));
 }
 
-size_t OpenCount(const String& name)
-{
-    return wxTolvanDlg::g_OpenCount[name].dialogs;
-}
 } // namespace
 
 TEST_F(DialogTest, DialogsOfOneNameOpenInACascade)
@@ -57,15 +53,11 @@ TEST_F(DialogTest, DialogsOfOneNameOpenInACascade)
         EXPECT_EQ(expected, open.back()->GetPosition()) << i;
         EXPECT_TRUE(open.back()->HasFlag(wxRESIZE_BORDER));
     }
-    EXPECT_EQ(3u, OpenCount("Cascade"));
-    CloseAndWait(open[0]);
-    EXPECT_EQ(2u, OpenCount("Cascade"));
-    open[0] = Opened(Frame(), "Cascade");
-    for (FieldDialog* const dialog : {open[2], open[0], open[1]})
+    for (const size_t closed : {0, 2, 1})
     {
-        CloseAndWait(dialog);
+        CloseAndWait(open[closed]);
     }
-    EXPECT_EQ(0u, OpenCount("Cascade"));
+    EXPECT_EQ(0u, wxTolvanDlg::g_OpenCount["Cascade"].dialogs);
     EXPECT_TRUE(wxTolvanDlg::s_Dialogs.empty());
 }
 

@@ -20,12 +20,6 @@ protected:
     {
         return WaitFor([window] { return window->HasFocus(); });
     }
-    static void Press(int key)
-    {
-        wxUIActionSimulator input;
-        input.Char(key);
-        PumpEvents();
-    }
     /// Runs the dialog; `act` runs inside its loop and must bring it to an end.
     static int Run(wxDialog& dialog, const std::function<void()>& act)
     {

@@ -50,12 +50,9 @@ TEST_F(DialogTest, EnterClicksNothingBehindTheDialog)
 {
     auto* const  button = new wxtButton(Frame(), wxID_ANY, "Open");
     EventCounter clicks(button, wxEVT_BUTTON);
-    button->SetFocus();
-    EXPECT_TRUE(WaitForFocus(button));
-    {
-        FieldDialog dialog(Frame(), "", true);
-        Run(dialog, [] { wxUIActionSimulator().Char(WXK_RETURN); });
-    }
+    Focus(button);
+    FieldDialog dialog(Frame(), "", true);
+    Run(dialog, [] { wxUIActionSimulator().Char(WXK_RETURN); });
     EXPECT_TRUE(WaitForFocus(button));
     PumpEvents();
     EXPECT_EQ(0, clicks.Count());
@@ -72,8 +69,7 @@ TEST_F(DialogTest, AKeyPressedBeforeADialogOpensClicksNothingInIt)
     auto* const  field = new wxTextCtrl(Frame(), wxID_ANY);
     EventCounter presses(field, wxEVT_CHAR_HOOK);
     EventCounter releases(close, wxEVT_KEY_UP);
-    field->SetFocus();
-    EXPECT_TRUE(WaitForFocus(field));
+    Focus(field);
     wxUIActionSimulator().KeyDown(WXK_RETURN);
     EXPECT_TRUE(WaitFor([&] { return presses.Count() > 0; }));
     wxUIActionSimulator().KeyUp(WXK_RETURN);
