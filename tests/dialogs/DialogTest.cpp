@@ -66,12 +66,14 @@ TEST_F(DialogTest, EveryWayOutKeepsThePosition)
     const struct
     {
         const char*                       name;
+        int                               result;
         std::function<void(FieldDialog&)> leave;
     } ways[] = {
-        {"ok", [](FieldDialog&) { Press(WXK_RETURN); }},
-        {"cancel", [](FieldDialog& dialog) { dialog.EmulateWxtButtonClickIfPresent(wxID_CANCEL); }},
-        {"escape", [](FieldDialog&) { Press(WXK_ESCAPE); }},
-        {"close box", [](FieldDialog& dialog) { dialog.Close(); }},
+        {"ok", wxID_OK, [](FieldDialog&) { Press(WXK_RETURN); }},
+        {"cancel", 0,
+         [](FieldDialog& dialog) { dialog.EmulateWxtButtonClickIfPresent(wxID_CANCEL); }},
+        {"escape", 0, [](FieldDialog&) { Press(WXK_ESCAPE); }},
+        {"close box", wxID_CANCEL, [](FieldDialog& dialog) { dialog.Close(); }},
     };
     for (const bool modal : {true, false})
     {
@@ -88,7 +90,7 @@ TEST_F(DialogTest, EveryWayOutKeepsThePosition)
             if (modal)
             {
                 FieldDialog dialog(Frame(), "Place", true);
-                Run(dialog, [&] { leave(dialog); });
+                EXPECT_EQ(way.result, Run(dialog, [&] { leave(dialog); })) << way.name;
             }
             else
             {
