@@ -61,6 +61,13 @@ TEST_F(ButtonTest, TheDefaultLookGoesWithTheFocusAndComesBack)
             ExpectDefault(m_OK, focused == m_Field);
         }
     }
+    // The light of the pointer goes with it.
+    m_Input.MouseMove(m_Cancel->GetScreenRect().GetPosition() + wxPoint(5, 5));
+    const auto isLit = [&](const String& name, int offset)
+    { return WaitFor([=] { return m_Cancel->GetBackgroundColour() == Named(name, offset); }); };
+    EXPECT_TRUE(isLit(color_ButtonFace, 25));
+    Focus(m_Cancel);
+    EXPECT_TRUE(isLit(color_Selected, 20 + 25));
 }
 
 TEST_F(ButtonTest, TheRoleComesBackAlsoFromOneThatIsDestroyed)

@@ -119,23 +119,24 @@ TEST_F(BridgeTest, MessagesGoToTheThreadPoolWhenItIsReady)
     EXPECT_EQ(2, events.Count());
     EXPECT_EQ(0u, App().Queue().Size());
 
-    // Whether with a pool or without one, what waited is not left to the next message.
+    EXPECT_EQ(1, log.Count("... Received message: initiating deferred processing"));
+    EXPECT_EQ(2, log.Count("... Received message: translating to wxTOLVAN_MESSAGE_EVENT"));
+
+    // Whether with a pool or without one, what waited is not left to the next message, and comes
+    // before it.
     for (const bool hasPool : {true, false})
     {
         hasPool ? ThreadPool::Start(1) : ThreadPool::Stop();
         App().DisableMessageProcessing();
-        Receive();
-        Receive();
-        const int before = handled.count;
+        Receive("a");
+        Receive("b");
         EXPECT_TRUE(WaitFor([&] { return events.Count() == (hasPool ? 4 : 6); }));
-        EXPECT_EQ(before, handled.count);
         EXPECT_EQ(2u, App().Queue().Size());
         App().EnableMessageProcessing();
-        EXPECT_TRUE(WaitFor([&] { return handled.count == before + 2; })) << handled.count;
+        Receive("c");
+        EXPECT_TRUE(WaitFor([&] { return handled.count == (hasPool ? 6 : 9); })) << handled.count;
+        EXPECT_EQ(hasPool ? "abc" : "abcabc", handled.names);
     }
-
-    EXPECT_EQ(1, log.Count("... Received message: initiating deferred processing"));
-    EXPECT_EQ(6, log.Count("... Received message: translating to wxTOLVAN_MESSAGE_EVENT"));
 }
 
 // Other threads may be the first to hear of a window: no event has come with it yet.

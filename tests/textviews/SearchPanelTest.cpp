@@ -45,7 +45,7 @@ TEST_F(SearchPanelTest, TheBarFindsAndTells)
     ExpectFind(true, 2, "");
     ExpectFind(false, 29, "Went on from the bottom");
     ExpectFind(true, 2, "Went on from the top");
-    m_View->Append("a line 2 in between", true);
+    m_View->Append(String(200'000, 'a') + " line 2", true); // counted in steps
     ExpectHits(12);
     m_View->Erase(0);
     ExpectHits(11);
