@@ -41,3 +41,10 @@ String UserFolderTest::ReadFile(const Path& path)
     EXPECT_TRUE(stream.good()) << path.Text();
     return String(std::string(std::istreambuf_iterator<char>(stream), {}));
 }
+
+struct stat UserFolderTest::StatusOf(const Path& path)
+{
+    struct stat status = {};
+    EXPECT_EQ(0, lstat(path.Text().c_str(), &status)) << path.Text();
+    return status;
+}

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 /// Gives each test a user folder and a runtime folder of its own, empty, and removes them.
 class UserFolderTest : public testing::Test
 {
@@ -16,6 +18,9 @@ protected:
 
     static void   WriteFile(const Path& path, const String& content);
     static String ReadFile(const Path& path);
+    /// Of the file itself, not of what it links to.
+    static struct stat StatusOf(const Path& path);
+    static mode_t      ModeOf(const Path& path) { return StatusOf(path).st_mode & 07777; }
 
 private:
     String m_Folder;

@@ -1,12 +1,10 @@
 #include "vesta/IniFile.h"
 
 #include "tests/support/LogCapture.h"
+#include "tests/support/SmallDisk.h"
 #include "tests/support/Thrown.h"
 #include "tests/support/UserFolderTest.h"
 
-#include <csignal>
-#include <sys/resource.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace
@@ -38,12 +36,6 @@ protected:
     static void SetMode(const Path& path, mode_t mode)
     {
         ASSERT_EQ(0, chmod(path.Text().c_str(), mode)) << path.Text();
-    }
-    static mode_t ModeOf(const Path& path)
-    {
-        struct stat status = {};
-        EXPECT_EQ(0, stat(path.Text().c_str(), &status)) << path.Text();
-        return status.st_mode & 0777u;
     }
     String Content() const { return ReadFile(m_File); }
 };
@@ -152,19 +144,10 @@ TEST_F(IniFileTest, FullDiskLeavesTheOldFile)
     const String content = String(100000, ';') + "\n";
     Load(content);
     m_Ini.SetValue("", "a", "2");
-
-    // Writing beyond the limit fails as it does on a full disk, at first with a part written.
-    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit     old{};
-    getrlimit(RLIMIT_FSIZE, &old);
-    rlimit small = old;
-    small.rlim_cur = 70000;
-    ASSERT_EQ(0, setrlimit(RLIMIT_FSIZE, &small));
-    const int code = SaveFails();
-    setrlimit(RLIMIT_FSIZE, &old);
-    std::signal(SIGXFSZ, oldHandler);
-
-    EXPECT_EQ(ec_System, code);
+    {
+        const SmallDisk small(70000);
+        EXPECT_EQ(ec_System, SaveFails());
+    }
     EXPECT_EQ(content, Content());
     const std::vector<String> left{"options.ini", "options.ini.lock"};
     EXPECT_EQ(left, File::List(m_File.Branch()));

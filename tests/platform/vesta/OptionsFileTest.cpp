@@ -2,13 +2,11 @@
 #include "tests/support/LogCapture.h"
 #include "tests/support/Threads.h"
 #include "tests/support/UserFolderTest.h"
+#include "tests/support/WaitFor.h"
 #include "vesta/FileLock.h"
-
-#include <chrono>
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace
@@ -17,16 +15,6 @@ namespace
 class OptionsFileTest : public UserFolderTest
 {
 protected:
-    /// Looks again and again until the deadline.
-    static bool Becomes(const std::function<bool()>& condition)
-    {
-        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-        while (!condition() && std::chrono::steady_clock::now() < deadline)
-        {
-            std::this_thread::yield();
-        }
-        return condition();
-    }
     static size_t Tasks() { return File::List("/proc/self/task").size(); }
     static size_t Descriptors() { return File::List("/proc/self/fd").size(); }
 
@@ -40,7 +28,7 @@ TEST_F(OptionsFileTest, WritesByItself)
     {
         file.SetValue("S", "a", String::FromInt(i));
     }
-    EXPECT_TRUE(Becomes([&] { return !file.IsChanged(); }));
+    EXPECT_TRUE(WaitFor([&] { return !file.IsChanged(); }));
     EXPECT_EQ("[S]\na = 1000\n", ReadFile(m_File));
     EXPECT_LT(file.WriteCount(), 100);
 
@@ -53,7 +41,7 @@ TEST_F(OptionsFileTest, WritesByItself)
         }
         EXPECT_TRUE(file.IsChanged());
     }
-    EXPECT_TRUE(Becomes([&] { return !file.IsChanged(); }));
+    EXPECT_TRUE(WaitFor([&] { return !file.IsChanged(); }));
     EXPECT_EQ("[S]\n", ReadFile(m_File));
     file.RemoveValue("S", "a");
     {
@@ -88,7 +76,7 @@ TEST_F(OptionsFileTest, AStoppedHolderOfTheLockHoldsNobodyUp)
     }
     EXPECT_EQ(1, log.Count("another program holds it", log_Warning)) << log.All();
     close(holder);
-    EXPECT_TRUE(Becomes([&] { return Tasks() <= tasks + 1 && Descriptors() == files - 1; }));
+    EXPECT_TRUE(WaitFor([&] { return Tasks() <= tasks + 1 && Descriptors() == files - 1; }));
     const FileLock lock(m_File);
     EXPECT_TRUE(lock.IsHeld());
 }

@@ -1,48 +1,16 @@
 #include "vesta/OutputFile.h"
 
 #include "tests/support/LogCapture.h"
+#include "tests/support/SmallDisk.h"
 #include "tests/support/Thrown.h"
 #include "tests/support/UserFolderTest.h"
 
-#include <csignal>
-#include <sys/resource.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace
 {
 
-class OutputFileTest : public UserFolderTest
-{
-protected:
-    static struct stat StatusOf(const Path& path)
-    {
-        struct stat status = {};
-        EXPECT_EQ(0, lstat(path.Text().c_str(), &status)) << path.Text();
-        return status;
-    }
-};
-
-/// Lets no file grow beyond 50,000 bytes.
-class SmallDisk
-{
-public:
-    SmallDisk() : m_OldHandler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &m_Old);
-        const rlimit small = {50'000, m_Old.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &small);
-    }
-    ~SmallDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_Old);
-        std::signal(SIGXFSZ, m_OldHandler);
-    }
-
-private:
-    rlimit m_Old = {};
-    void (*m_OldHandler)(int);
-};
+using OutputFileTest = UserFolderTest;
 
 // Whatever keeps the new content from being complete, the old one stays, and nothing else is left.
 TEST_F(OutputFileTest, TheOldContentStaysUntilTheNewOneIsComplete)
@@ -57,7 +25,7 @@ TEST_F(OutputFileTest, TheOldContentStaysUntilTheNewOneIsComplete)
             file.Write(String(100'000, 'x'));
         }
         EXPECT_EQ(1, log.Count(path.Text(), log_Warning)) << "nobody closed it";
-        const SmallDisk small;
+        const SmallDisk small(50'000);
         OutputFile      file(path);
         EXPECT_EQ(ec_System, CodeThrown([&file] { file.Write(String(300'000, 'x')); }));
         EXPECT_EQ(ec_System, CodeThrown([&file] { file.Close(); })) << "no good end";
@@ -91,14 +59,14 @@ TEST_F(OutputFileTest, WhatTheFileIsStaysAsItIs)
         EXPECT_EQ("new", ReadFile(UserFile(name)));
     }
     EXPECT_NE(replaced, StatusOf(plain).st_ino);
-    EXPECT_EQ(0640u, StatusOf(plain).st_mode & 07777);
+    EXPECT_EQ(0640u, ModeOf(plain));
     EXPECT_TRUE(S_ISLNK(StatusOf(UserFile("link")).st_mode));
     EXPECT_EQ(written, StatusOf(twice).st_ino);
     EXPECT_EQ("new", ReadFile(UserFile("second name")));
     EXPECT_EQ("new", ReadFile(UserFile("missing")));
     const mode_t mask = umask(0);
     umask(mask);
-    EXPECT_EQ(0666 & ~mask, StatusOf(UserFile("missing")).st_mode & 07777);
+    EXPECT_EQ(0666 & ~mask, ModeOf(UserFile("missing")));
 }
 
 } // namespace
