@@ -11,8 +11,6 @@
 #include <atomic>
 #include <vector>
 
-#include <fcntl.h>
-#include <sys/socket.h>
 #include <unistd.h>
 
 namespace

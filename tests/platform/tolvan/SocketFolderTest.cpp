@@ -6,7 +6,6 @@
 #include "tolvan/Components.h"
 #include "vesta/Platform.h"
 
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -16,13 +15,6 @@ namespace
 class SocketFolderTest : public UserFolderTest
 {
 protected:
-    static mode_t ModeOf(const Path& path)
-    {
-        struct stat status = {};
-        EXPECT_EQ(lstat(path.Text().c_str(), &status), 0) << path.Text();
-        return status.st_mode & 07777;
-    }
-
     void ExpectRefused(const String& why) const
     {
         const auto exception = Thrown([] { SocketFolder::Get(); });

@@ -5,7 +5,6 @@
 #include "wire/Framing.h"
 
 #include <cstring>
-#include <thread>
 
 #include <poll.h>
 #include <sys/socket.h>
@@ -32,20 +31,6 @@ bool IsReadable(int descriptor)
 }
 
 } // namespace
-
-bool WaitFor(const std::function<bool()>& condition, std::chrono::milliseconds deadline)
-{
-    const auto end = std::chrono::steady_clock::now() + deadline;
-    while (!condition())
-    {
-        if (std::chrono::steady_clock::now() > end)
-        {
-            return false;
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    }
-    return true;
-}
 
 Descriptor ListenAt(const Path& path, int backlog)
 {

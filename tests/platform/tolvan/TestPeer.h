@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/support/WaitFor.h"
 #include "tolvan/Message.h"
 #include "vesta/Descriptor.h"
 #include "vesta/Path.h"
@@ -7,14 +8,8 @@
 
 #include <boost/shared_ptr.hpp>
 
-#include <chrono>
-#include <functional>
 #include <optional>
 #include <utility>
-
-/// Waits until the condition holds; false when the deadline comes first.
-bool WaitFor(const std::function<bool()>& condition,
-             std::chrono::milliseconds    deadline = std::chrono::seconds(10));
 
 /// A socket that listens there; nobody accepts unless the test does.
 Descriptor ListenAt(const Path& path, int backlog = 8);
