@@ -20,13 +20,18 @@ void wxDoubleBufferedWindow::Redraw(const wxRect& area)
 
 void wxDoubleBufferedWindow::Redraw()
 {
-    if (m_WholePending && m_RedrawTimer.IsRunning())
+    if (IsWholeRedrawPending())
     {
         return;
     }
     CALL_ENTRY("wxDoubleBufferedWindow::Redraw");
     Redraw(wxRect(GetClientAreaOrigin(), GetClientSize()));
     m_WholePending = true;
+}
+
+bool wxDoubleBufferedWindow::IsWholeRedrawPending() const
+{
+    return m_WholePending && m_RedrawTimer.IsRunning();
 }
 
 void wxDoubleBufferedWindow::RedrawAll()

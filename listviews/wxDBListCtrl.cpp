@@ -224,7 +224,10 @@ void wxDBListCtrl::Redraw()
 
 void wxDBListCtrl::RedrawItem(int row)
 {
-    m_Body->Redraw(m_Body->GetItemRect(row));
+    if (!m_Body->IsWholeRedrawPending())
+    {
+        m_Body->Redraw(m_Body->GetItemRect(row));
+    }
 }
 
 void wxDBListCtrl::RedrawItems(int a, int b)
@@ -247,7 +250,10 @@ void wxDBListCtrl::RedrawColumns(int a, int b)
 
 void wxDBListCtrl::RedrawCell(int row, int column)
 {
-    m_Body->Redraw(m_Body->GetCellRect(row, column));
+    if (!m_Body->IsWholeRedrawPending()) // a list is filled cell by cell
+    {
+        m_Body->Redraw(m_Body->GetCellRect(row, column));
+    }
 }
 
 void wxDBListCtrl::RedrawCells(int row1, int row2, int column1, int column2)

@@ -41,6 +41,8 @@ public:
     void Redraw(const wxRect& area);
     /// The same for the whole client area. Costs next to nothing while such a request is pending.
     void Redraw();
+    /// True while such a request for everything is pending: no area has to be worked out meanwhile.
+    bool IsWholeRedrawPending() const;
     /// Asks every living view for a repaint, for instance after the colours have changed.
     static void RedrawAll();
 

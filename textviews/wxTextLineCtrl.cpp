@@ -163,9 +163,13 @@ int wxTextLineCtrl::InsertSorted(const String& line)
 
 void wxTextLineCtrl::Extend(const String& line)
 {
-    const int width =
-        internal::ScrollRange(Saturated(textviews::CellCount(line)) + 1, m_ColumnWidth);
-    m_ContentWidth = std::max(m_ContentWidth, width);
+    const auto width = [this](int64_t cells)
+    { return internal::ScrollRange(Saturated(cells) + 1, m_ColumnWidth); };
+    // No line has more cells than bytes. Most are not counted: they are shorter than the longest.
+    if (width(static_cast<int64_t>(line.size())) > m_ContentWidth)
+    {
+        m_ContentWidth = std::max(m_ContentWidth, width(textviews::CellCount(line)));
+    }
     LinesMoved();
 }
 

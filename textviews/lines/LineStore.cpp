@@ -81,6 +81,11 @@ LineStore::Block LineStore::BlockOf(int index) const
 
 size_t LineStore::LeafOf(int index) const
 {
+    // A window on a stream erases its first line again and again.
+    if (m_FirstLines.size() < 2 || index + m_Erased < m_FirstLines[1])
+    {
+        return 0;
+    }
     const auto after = std::upper_bound(m_FirstLines.begin(), m_FirstLines.end(), index + m_Erased);
     return static_cast<size_t>(after - m_FirstLines.begin()) - 1;
 }
