@@ -98,6 +98,20 @@ void ComboList::Key(wxKeyEvent& event)
     }
 }
 
+// With Alt or Ctrl a letter is the menu's, not the beginning of an item.
+void ComboList::OnComboCharEvent(wxKeyEvent& event)
+{
+    CALL_ENTRY("ComboList::OnComboCharEvent");
+    if (event.HasModifiers())
+    {
+        event.Skip();
+    }
+    else
+    {
+        wxVListBoxComboPopup::OnComboCharEvent(event);
+    }
+}
+
 void ComboList::Release(wxMouseEvent& event)
 {
     CALL_ENTRY("ComboList::Release");

@@ -15,6 +15,7 @@ public:
     int PlaceOf(const wxString& text) const;
 
     void SetStringValue(const wxString& value) override;
+    void OnComboCharEvent(wxKeyEvent& event) override;
     void OnPopup() override;
 
 protected:

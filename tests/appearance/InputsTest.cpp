@@ -277,3 +277,14 @@ TEST_F(InputsTest, KeysStayWithinWhatThereIs)
     }
     EXPECT_TRUE(WaitFor([=] { return combo->GetValue() == "xy"; })) << combo->GetValue();
 }
+
+TEST_F(InputsTest, WithAltALetterIsTheMenusNotTheBeginningOfAnItem)
+{
+    auto* const  choice = AddChoice();
+    EventCounter picks(m_Panel, wxEVT_CHOICE);
+    Focus(choice);
+    Press('A', wxMOD_ALT);
+    Press('B');
+    EXPECT_TRUE(WaitFor([=] { return choice->GetStringSelection() == "beta"; }));
+    EXPECT_EQ(1, picks.Count());
+}
