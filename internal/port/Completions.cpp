@@ -36,6 +36,21 @@ GtkWidget* ListInside(GtkWidget* widget)
     }
     return found;
 }
+
+// What draws the rows; null where nothing does.
+const void* FirstCell(GtkCellLayout* layout)
+{
+    const List cells(gtk_cell_layout_get_cells(layout));
+    return cells ? cells->data : nullptr;
+}
+
+// The port keeps the list to itself, but it shares with the completion what draws its rows.
+bool Shows(GtkWidget* list, GtkEntryCompletion* completion)
+{
+    GtkTreeViewColumn* const column = gtk_tree_view_get_column(GTK_TREE_VIEW(list), 0);
+    const void* const        cell = column ? FirstCell(GTK_CELL_LAYOUT(column)) : nullptr;
+    return cell && cell == FirstCell(GTK_CELL_LAYOUT(completion));
+}
 } // namespace
 
 bool CompletionsAreOpen()
@@ -62,18 +77,6 @@ wxString MarkedCompletion()
     return marked;
 }
 
-#if GTK_CHECK_VERSION(3, 0, 0)
-namespace
-{
-// The port keeps the list to itself, but it shares with the completion what draws its rows.
-bool Shows(GtkWidget* list, GtkEntryCompletion* completion)
-{
-    GtkTreeViewColumn* const column = gtk_tree_view_get_column(GTK_TREE_VIEW(list), 0);
-    return column && gtk_cell_layout_get_area(GTK_CELL_LAYOUT(column)) ==
-                         gtk_cell_layout_get_area(GTK_CELL_LAYOUT(completion));
-}
-} // namespace
-
 GtkWidget* CompletionsOf(GtkWidget* entry)
 {
     GtkEntryCompletion* const completion =
@@ -90,10 +93,4 @@ GtkWidget* CompletionsOf(GtkWidget* entry)
     }
     return nullptr;
 }
-#else
-GtkWidget* CompletionsOf(GtkWidget*)
-{
-    return nullptr;
-}
-#endif
 } // namespace internal

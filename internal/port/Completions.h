@@ -13,6 +13,6 @@ bool CompletionsAreOpen();
 /// The proposal that is marked in the open list of completions; empty where there is none.
 wxString MarkedCompletion();
 /// The list in which the port's text field shows its completions, open or not. Null for one that
-/// has none, and where the port does not tell (GTK 2).
+/// has none.
 _GtkWidget* CompletionsOf(_GtkWidget* entry);
 } // namespace internal

@@ -85,8 +85,63 @@ void StyleField(wxWindow& field, const FieldColours& colours)
     }
 }
 #else
-void StyleField(wxWindow&, const FieldColours&)
+namespace
 {
+// Under which a field keeps the colours of its list of completions.
+const char* const kColours = "tolvan-field-colours";
+
+struct ListColours
+{
+    wxColour ink;
+    wxColour ground;
+    wxColour selectedInk;
+    wxColour selectedGround;
+};
+
+// Null for the theme's own.
+const GdkColor* ColourOf(const wxColour& colour)
+{
+    return colour.IsOk() ? colour.GetColor() : nullptr;
+}
+
+// Called when the colours change, and when the field gets completions, or others than before.
+void StyleCompletions(GtkWidget* field)
+{
+    GtkWidget* const list = CompletionsOf(field);
+    if (!list)
+    {
+        return;
+    }
+    const auto& colours =
+        *static_cast<const ListColours*>(g_object_get_data(G_OBJECT(field), kColours));
+    for (const GtkStateType state : {GTK_STATE_NORMAL, GTK_STATE_SELECTED, GTK_STATE_ACTIVE})
+    {
+        const bool isNormal = state == GTK_STATE_NORMAL;
+        gtk_widget_modify_text(list, state, ColourOf(isNormal ? colours.ink : colours.selectedInk));
+        gtk_widget_modify_base(list, state,
+                               ColourOf(isNormal ? colours.ground : colours.selectedGround));
+    }
+}
+} // namespace
+
+// The port draws the field itself in the window's colours.
+void StyleField(wxWindow& field, const FieldColours& colours)
+{
+    GtkWidget* const widget = field.GetHandle();
+    if (!GTK_IS_ENTRY(widget))
+    {
+        return;
+    }
+    const bool isNew = !g_object_get_data(G_OBJECT(widget), kColours);
+    g_object_set_data_full(
+        G_OBJECT(widget), kColours,
+        new ListColours{colours.ink, colours.ground, colours.selectedInk, colours.selectedGround},
+        [](void* kept) { delete static_cast<ListColours*>(kept); });
+    StyleCompletions(widget);
+    if (isNew)
+    {
+        g_signal_connect(widget, "notify::completion", G_CALLBACK(StyleCompletions), nullptr);
+    }
 }
 #endif
 } // namespace internal

@@ -18,7 +18,7 @@ struct FieldColours
 
 /// Draws a text field flat, with a little room around its text, and gives it, the toolkit's colours
 /// of its text and ground aside, and its list of completions, also one that it gets later, these
-/// colours in every state. The GTK 2 port has no style sheets: there this does nothing, and fields
-/// keep the looks that the toolkit gives them.
+/// colours in every state. The GTK 2 port has no style sheets: there the field keeps the looks that
+/// the toolkit gives it, and the list gets the colours.
 void StyleField(wxWindow& field, const FieldColours& colours);
 } // namespace internal
