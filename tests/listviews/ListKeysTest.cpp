@@ -29,7 +29,7 @@ public:
         const char* const names[] = {"alpha ", "Beta ", "b row ", "gamma "};
         for (int i = 0; i < count; ++i)
         {
-            InsertItem(i, names[(first + i) % 4] + String::FromInt(first + i));
+            InsertItem(i, names[static_cast<unsigned>(first + i) % 4] + String::FromInt(first + i));
         }
     }
 };
