@@ -195,14 +195,24 @@ void HandsTest::Open()
     m_Frame->FindWindow(wxExpandablePanel::id_Expand)->SetName("expander");
     m_Frame->Show();
     ASSERT_TRUE(WaitFor([this] { return m_Frame->IsShownOnScreen() && m_Frame->IsActive(); }));
-    // The controls are where they are to be once what they lie in has been painted.
-    wxWindow* const    panel = m_Frame->GetChildren().back();
-    const EventCounter painted(panel, wxEVT_PAINT);
-    panel->Refresh();
-    ASSERT_TRUE(WaitFor([&] { return painted.Count() > 0; }));
-    PumpEvents();
+    m_Page = m_Frame->GetChildren().back();
+    Settle();
     Do(m_Frame, "leave");
     m_Heard.clear();
+}
+
+// The toolkit lays out at the next time that it draws: the controls are where they are to be once
+// what they lie in has been painted.
+void HandsTest::Settle()
+{
+    m_Moves = false;
+    if (m_Page && m_Page->IsShownOnScreen())
+    {
+        const EventCounter painted(m_Page, wxEVT_PAINT);
+        m_Page->Refresh();
+        EXPECT_TRUE(WaitFor([&] { return painted.Count() > 0; }));
+    }
+    PumpEvents();
 }
 
 void HandsTest::Listen(wxEvtHandler& at, bool onlyThen)
@@ -393,6 +403,16 @@ wxPoint HandsTest::PlaceOf(wxWindow* control, const std::string& word) const
                        : control->GetScreenRect());
 }
 
+// What came or went makes room for its neighbours, or takes it: none is aimed at while it moves.
+void HandsTest::Aim(wxWindow* control, const std::string& word)
+{
+    if (m_Moves)
+    {
+        Settle();
+    }
+    MoveTo(PlaceOf(control, word));
+}
+
 bool HandsTest::DoWord(wxWindow* control, const std::string& word)
 {
     const std::string page = "page-";
@@ -401,13 +421,13 @@ bool HandsTest::DoWord(wxWindow* control, const std::string& word)
         return DoWord(control->GetParent(), word.substr(page.size()));
     }
     const std::pair<const char*, std::function<void()>> deeds[] = {
-        {"enter", [&] { MoveTo(PlaceOf(control, word)); }},
-        {"title", [&] { MoveTo(PlaceOf(control, word)); }},
-        {"edge", [&] { MoveTo(PlaceOf(control, word)); }},
-        {"wider", [&] { MoveTo(PlaceOf(control, word)); }},
-        {"narrower", [&] { MoveTo(PlaceOf(control, word)); }},
-        {"box", [&] { MoveTo(PlaceOf(control, word)); }},
-        {"below", [&] { MoveTo(PlaceOf(control, word)); }},
+        {"enter", [&] { Aim(control, word); }},
+        {"title", [&] { Aim(control, word); }},
+        {"edge", [&] { Aim(control, word); }},
+        {"wider", [&] { Aim(control, word); }},
+        {"narrower", [&] { Aim(control, word); }},
+        {"box", [&] { Aim(control, word); }},
+        {"below", [&] { Aim(control, word); }},
         {"leave", [&] { MoveTo(m_Frame->GetScreenPosition() + wxPoint(4, 60)); }},
         {"right", [&] { m_MouseButton = 3; }},
         {"press", [&] { Button(m_MouseButton, true); }},
@@ -421,7 +441,7 @@ bool HandsTest::DoWord(wxWindow* control, const std::string& word)
         {"click",
          [&]
          {
-             MoveTo(PlaceOf(control, "enter"));
+             Aim(control, "enter");
              Clicks(1);
          }},
         {"double", [&] { Clicks(2); }},
@@ -459,6 +479,7 @@ bool HandsTest::DoWord(wxWindow* control, const std::string& word)
     {
         if (word == name)
         {
+            m_Moves = m_Moves || word == "hide" || word == "show" || word == "destroy";
             deed();
             PumpEvents();
             return true;

@@ -64,6 +64,8 @@ private:
     class KeyWatch;
 
     wxWindow* FirstOf(const std::function<bool(wxWindow*)>& is) const;
+    void      Settle();
+    void      Aim(wxWindow* control, const std::string& word);
     wxPoint   PlaceOf(wxWindow* control, const std::string& word) const;
     bool      DoWord(wxWindow* control, const std::string& word);
     void      Clicks(int count);
@@ -77,7 +79,9 @@ private:
     void DoInMainLoop(wxWindow* control, const std::string& words);
 
     std::string           m_Heard;
-    std::function<void()> m_Then; ///< For the handler of the next event.
+    wxWeakRef<wxWindow>   m_Page;          ///< What all controls lie in.
+    bool                  m_Moves = false; ///< The page is about to be laid out again.
+    std::function<void()> m_Then;          ///< For the handler of the next event.
     int                   m_MouseButton = 1;
     int                   m_Aside = kAside; ///< Pixels right of the middle, of the next click.
 };
