@@ -201,14 +201,15 @@ void HandsTest::Open()
     m_Heard.clear();
 }
 
-// The toolkit lays out at the next time that it draws: the controls are where they are to be once
-// what they lie in has been painted.
+// The toolkit lays out, and then moves the controls, the next times that it draws. Here they are
+// where they are to be once what they lie in has been painted.
 void HandsTest::Settle()
 {
     m_Moves = false;
     if (m_Page && m_Page->IsShownOnScreen())
     {
         const EventCounter painted(m_Page, wxEVT_PAINT);
+        m_Page->Layout();
         m_Page->Refresh();
         EXPECT_TRUE(WaitFor([&] { return painted.Count() > 0; }));
     }
