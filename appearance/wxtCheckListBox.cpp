@@ -301,6 +301,12 @@ wxSize wxtCheckListBox::DoGetBestClientSize() const
                   rows * height);
 }
 
+void wxtCheckListBox::DoMoveWindow(int x, int y, int width, int height)
+{
+    internal::FitScrollbars(*this, {width, height});
+    wxVListBox::DoMoveWindow(x, y, width, height);
+}
+
 void wxtCheckListBox::DoEnable(bool enabled)
 {
     wxVListBox::DoEnable(enabled);

@@ -88,6 +88,7 @@ protected:
     wxSize   DoGetBestClientSize() const override;
     wxBorder GetDefaultBorder() const override { return wxBORDER_NONE; }
     void     DoEnable(bool enabled) override;
+    void     DoMoveWindow(int x, int y, int width, int height) override;
 
 private:
     struct Item

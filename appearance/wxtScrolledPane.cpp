@@ -1,14 +1,14 @@
 #include "appearance/wxtScrolledPane.h"
 
+#include "internal/port/Scrollbars.h"
 #include "vesta/CallEntry.h"
 
 #include <algorithm>
 
 namespace
 {
-constexpr int kStep = 16; // pixels a step of the scrollbar
-// Pixels; the toolkit complains of one that has no room for its scrollbar.
-const wxSize kSmallest(80, 60);
+constexpr int kStep = 16;        // pixels a step of the scrollbar
+const wxSize  kSmallest(80, 60); // pixels, with room for its scrollbar
 } // namespace
 
 wxtScrolledPane::wxtScrolledPane(wxWindow* parent)
@@ -24,7 +24,7 @@ wxtScrolledPane::wxtScrolledPane(wxWindow* parent)
 // A sizer without room gives less than the smallest size.
 void wxtScrolledPane::DoMoveWindow(int x, int y, int width, int height)
 {
-    ShowScrollbars(wxSHOW_SB_NEVER, height < kSmallest.y ? wxSHOW_SB_NEVER : wxSHOW_SB_DEFAULT);
+    internal::FitScrollbars(*this, {width, height});
     wxScrolledWindow::DoMoveWindow(x, y, width, height);
 }
 

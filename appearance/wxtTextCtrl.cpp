@@ -5,6 +5,7 @@
 #include "appearance/wxtAutoCompleter.h"
 #include "internal/input/PadKey.h"
 #include "internal/port/Completions.h"
+#include "internal/port/Scrollbars.h"
 #include "internal/windows/UpperFloors.h"
 #include "vesta/CallEntry.h"
 
@@ -58,6 +59,7 @@ wxtTextCtrl::wxtTextCtrl(wxWindow* parent, wxWindowID id, const wxString& value,
     appearance::UseInputColors(*this);
     appearance::ColourField(*this);
     Bind(wxEVT_SYS_COLOUR_CHANGED, &wxtTextCtrl::FollowScheme, this);
+    internal::FitScrollbars(*this, GetSize());
     if (!IsMultiLine())
     {
         GiveRoom(size);
@@ -73,6 +75,12 @@ wxtTextCtrl::wxtTextCtrl(wxWindow* parent, wxWindowID id, const wxString& value,
 wxtTextCtrl::~wxtTextCtrl()
 {
     AutoComplete(nullptr);
+}
+
+void wxtTextCtrl::DoMoveWindow(int x, int y, int width, int height)
+{
+    internal::FitScrollbars(*this, {width, height});
+    wxTextCtrl::DoMoveWindow(x, y, width, height);
 }
 
 // A field without a border has none around its text either.

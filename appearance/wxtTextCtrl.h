@@ -23,6 +23,7 @@ public:
 
 protected:
     void DoEnable(bool enabled) override;
+    void DoMoveWindow(int x, int y, int width, int height) override;
 
 private:
     void FollowScheme(wxSysColourChangedEvent& event);

@@ -1,6 +1,7 @@
 #include "dialogs/messages/MessageText.h"
 
 #include "appearance/wxtStockControls.h"
+#include "internal/port/Scrollbars.h"
 #include "internal/windows/Geometry.h"
 
 #include <wx/control.h>
@@ -36,6 +37,13 @@ public:
         SetMinSize(size);
         ChangeValue(text);
         SetInsertionPoint(0);
+    }
+
+protected:
+    void DoMoveWindow(int x, int y, int width, int height) override
+    {
+        internal::FitScrollbars(*this, {width, height});
+        wxTextCtrl::DoMoveWindow(x, y, width, height);
     }
 };
 

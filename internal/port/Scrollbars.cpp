@@ -27,6 +27,53 @@ void UseSolidScrollbars(wxWindow& window)
     }
 }
 
+#if GTK_CHECK_VERSION(3, 16, 0)
+namespace
+{
+// Not shown, but scrolled all the same.
+constexpr GtkPolicyType kHidden = GTK_POLICY_EXTERNAL;
+
+wxSize LeastOf(GtkWidget* bar)
+{
+    wxSize least;
+    gtk_widget_get_preferred_width(bar, &least.x, nullptr);
+    gtk_widget_get_preferred_height(bar, &least.y, nullptr);
+    return least;
+}
+
+GtkPolicyType Fitting(GtkPolicyType policy, bool fits)
+{
+    if (fits)
+    {
+        return policy == kHidden ? GTK_POLICY_AUTOMATIC : policy;
+    }
+    return policy == GTK_POLICY_NEVER ? policy : kHidden;
+}
+} // namespace
+
+void FitScrollbars(wxWindow& window, const wxSize& size)
+{
+    if (!GTK_IS_SCROLLED_WINDOW(window.GetHandle()))
+    {
+        return;
+    }
+    auto* const   scrolled = GTK_SCROLLED_WINDOW(window.GetHandle());
+    const wxSize  across = LeastOf(gtk_scrolled_window_get_hscrollbar(scrolled));
+    const wxSize  down = LeastOf(gtk_scrolled_window_get_vscrollbar(scrolled));
+    const bool    hasDown = size.x >= down.x && size.y >= down.y;
+    const bool    hasBoth = size.x >= across.x + down.x && size.y >= across.y + down.y;
+    GtkPolicyType horizontal = GTK_POLICY_NEVER;
+    GtkPolicyType vertical = GTK_POLICY_NEVER;
+    gtk_scrolled_window_get_policy(scrolled, &horizontal, &vertical);
+    gtk_scrolled_window_set_policy(scrolled, Fitting(horizontal, hasBoth),
+                                   Fitting(vertical, hasDown));
+}
+#else
+void FitScrollbars(wxWindow&, const wxSize&)
+{
+}
+#endif
+
 void RefuseNativeScrollKeys(wxWindow& window)
 {
     GtkWidget* const widget = window.GetHandle();

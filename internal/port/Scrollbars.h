@@ -1,5 +1,6 @@
 #pragma once
 
+class wxSize;
 class wxWindow;
 
 namespace internal
@@ -9,6 +10,11 @@ namespace internal
 /// Gives a scrolled window scrollbars that take room of their own. Scrollbars that float over the
 /// content (GTK 3) come and go by themselves, and the window's client size with them.
 void UseSolidScrollbars(wxWindow& window);
+
+/// To be called before a scrolled window is given that size, in pixels: takes its scrollbars away
+/// while there is no room for them, of which GTK 3 complains, and brings them back. A window that
+/// does not scroll is left alone.
+void FitScrollbars(wxWindow& window, const wxSize& size);
 
 /// Keeps the port from scrolling a window by its own keys: the window has others, or its own.
 void RefuseNativeScrollKeys(wxWindow& window);

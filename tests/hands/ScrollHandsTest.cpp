@@ -1,6 +1,10 @@
 #include "tests/hands/HandsTest.h"
+#include "tests/support/EventCounter.h"
 #include "tests/support/Pictures.h"
 
+#include "appearance/wxtCheckListBox.h"
+#include "appearance/wxtScrolledPane.h"
+#include "appearance/wxtTextCtrl.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxtListCtrl.h"
 #include "textviews/wxTextLineCtrl.h"
@@ -147,14 +151,21 @@ protected:
             [&] { return At(axis) >= least && At(axis) <= most && Native(axis) == At(axis); }))
             << "not from " << least << " to " << most << ", " << Where();
         EXPECT_TRUE(WaitFor([&] { return ShowsAnother(); })) << Where();
+        See();
     }
-    bool ShowsAnother()
+    bool ShowsAnother() const
     {
         const wxImage now = PictureOf(m_View);
         const size_t  bytes = 3 * static_cast<size_t>(now.GetWidth() * now.GetHeight());
-        const bool    differs = !std::equal(now.GetData(), now.GetData() + bytes, m_Seen.GetData());
-        m_Seen = differs ? now : m_Seen;
-        return differs;
+        return !std::equal(now.GetData(), now.GetData() + bytes, m_Seen.GetData());
+    }
+    // Not before it has been drawn where it stands: the screen may show where it came by.
+    void See()
+    {
+        const EventCounter painted(m_View, wxEVT_PAINT);
+        m_View->Refresh();
+        EXPECT_TRUE(WaitFor([&] { return painted.Count() > 0; }));
+        m_Seen = PictureOf(m_View);
     }
 
     void DragTo(int axis, double place)
@@ -204,7 +215,7 @@ protected:
             m_View->SetScrollPos(wxVERTICAL, axis == wxVERTICAL ? 0 : widest);
             m_View->SetScrollPos(wxHORIZONTAL, 0);
             Settle();
-            m_Seen = PictureOf(m_View);
+            See();
             DragThumb(axis);
             ClickBar(axis, 0.9);
             ExpectAt(axis, m_Line, End(axis));
@@ -264,4 +275,37 @@ TEST_F(ScrollHandsTest, TextGoesWhereThumbTroughWheelAndKeysLead)
     GoAll(kWheel);
     GoAll(kKeys);
     UseBars(End(wxVERTICAL));
+}
+
+class SqueezedTest : public FrameTest
+{
+};
+
+// The toolkit complains of scrollbars without room.
+TEST_F(SqueezedTest, WhatScrollsFitsAnyWindow)
+{
+    const wxArrayString items(100, std::vector<wxString>(100, "An item").data());
+    auto* const field = new wxtTextCtrl(Frame(), wxID_ANY, wxJoin(items, '\n'), wxDefaultPosition,
+                                        wxDefaultSize, wxTE_MULTILINE | wxTE_DONTWRAP);
+    auto* const pane = new wxtScrolledPane(Frame());
+    pane->SetVirtualSize(900, 900);
+    auto* const checks =
+        new wxtCheckListBox(Frame(), wxID_ANY, wxDefaultPosition, wxDefaultSize, items);
+    wxWindow* const windows[] = {field, pane, checks, new wxtListCtrl(Frame(), wxID_ANY),
+                                 new wxTextLineCtrl(Frame())};
+    for (const int width : {1, 20, 45, 55, 65, 300})
+    {
+        for (const int height : {300, 1, 20, 45, 55, 65, 300})
+        {
+            SCOPED_TRACE(std::to_string(width) + " x " + std::to_string(height));
+            const EventCounter painted(Frame(), wxEVT_PAINT);
+            for (wxWindow* const window : windows)
+            {
+                window->SetSize(width, height);
+            }
+            Frame()->Refresh();
+            EXPECT_TRUE(WaitFor([&] { return painted.Count() > 0; }));
+        }
+    }
+    EXPECT_TRUE(WaitFor([&] { return checks->GetClientSize().x < checks->GetSize().x; }));
 }

@@ -12,6 +12,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 
 namespace
 {
@@ -22,18 +23,22 @@ void OnAssert(const wxString& file, int line, const wxString& function, const wx
                   << file << ":" << line << " " << message;
 }
 
-void OnGLog(const char* domain, GLogLevelFlags level, const char* message, void*)
+// A handler would not hear of what the toolkit below says by its structured log.
+GLogWriterOutput OnGLog(GLogLevelFlags level, const GLogField* fields, size_t count, void*)
 {
     if (level & (G_LOG_LEVEL_ERROR | G_LOG_LEVEL_CRITICAL | G_LOG_LEVEL_WARNING))
     {
-        ADD_FAILURE() << (domain ? domain : "GLib") << ": " << (message ? message : "");
+        const std::unique_ptr<char, decltype(&g_free)> text(
+            g_log_writer_format_fields(level, fields, count, FALSE), g_free);
+        ADD_FAILURE() << text.get();
     }
+    return G_LOG_WRITER_HANDLED;
 }
 
 void CatchToolkitFaults()
 {
     wxSetAssertHandler(OnAssert);
-    g_log_set_default_handler(OnGLog, nullptr);
+    g_log_set_writer_func(OnGLog, nullptr, nullptr);
 }
 
 // The desktop's services are no part of what is tested.
