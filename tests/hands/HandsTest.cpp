@@ -18,62 +18,31 @@
 #include <wx/listbase.h>
 #include <wx/textctrl.h>
 
-#include <array>
-#include <dlfcn.h>
+#include <gtk/gtk.h>
+
+#include <map>
+#include <set>
 #include <sstream>
 #include <stdexcept>
 
 namespace
 {
-// The first member of every event of the toolkit below, and the kinds that are waited for. Its
-// headers need not be installed.
-enum Kind
-{
-    kind_Press = 4,
-    kind_Release = 7,
-    kind_KeyRelease = 9,
-    kind_Scroll = 31,
-    kind_Count = 64
-};
-std::array<int, kind_Count> g_Seen; // events of each kind that have been handled
+std::map<int, int> g_Seen; // events of each kind that have been handled
 
-template <class Function> Function Symbol(const char* name)
+void OnToolkitEvent(GdkEvent* event, void*)
 {
-    return reinterpret_cast<Function>(dlsym(RTLD_DEFAULT, name));
-}
-
-void OnToolkitEvent(void* event, void*)
-{
-    static const auto handle = Symbol<void (*)(void*)>("gtk_main_do_event");
-    const int         kind = *static_cast<const int*>(event);
-    handle(event);
-    if (kind >= 0 && kind < kind_Count)
-    {
-        ++g_Seen[static_cast<size_t>(kind)];
-    }
-}
-
-void WatchToolkitEvents()
-{
-    using Handler = void (*)(void* event, void* data);
-    const auto set =
-        Symbol<void (*)(Handler, void* data, void (*notify)(void*))>("gdk_event_handler_set");
-    ASSERT_TRUE(set);
-    set(OnToolkitEvent, nullptr, nullptr);
-}
-
-int& Seen(Kind kind)
-{
-    return g_Seen[kind];
+    const int kind = event->type;
+    gtk_main_do_event(event);
+    ++g_Seen[kind];
 }
 
 // Does something that causes events of that kind, as many as it says, and waits until they are
 // handled.
-void Await(Kind kind, const std::string& what, const std::function<int()>& action)
+void Await(GdkEventType kind, const std::string& what, const std::function<int()>& action)
 {
-    const int before = Seen(kind);
+    const int before = g_Seen[kind];
     const int count = action();
-    EXPECT_TRUE(count > 0 && WaitFor([=] { return Seen(kind) >= before + count; }))
+    EXPECT_TRUE(count > 0 && WaitFor([=] { return g_Seen[kind] >= before + count; }))
         << "nobody got the " << what;
     PumpEvents();
 }
@@ -164,7 +133,7 @@ public:
 HandsTest::HandsTest()
 {
     EXPECT_TRUE(m_Hand.IsThere());
-    WatchToolkitEvents();
+    gdk_event_handler_set(OnToolkitEvent, nullptr, nullptr);
     TestApp::Get().ForgetOptions();
     SetColors(scheme_Dark);
     Open();
@@ -287,7 +256,7 @@ void HandsTest::MoveTo(const wxPoint& screen)
 
 void HandsTest::Button(int button, bool press)
 {
-    Await(press ? kind_Press : kind_Release, press ? "press" : "release",
+    Await(press ? GDK_BUTTON_PRESS : GDK_BUTTON_RELEASE, press ? "press" : "release",
           [&]
           {
               m_Hand.Button(button, press);
@@ -297,12 +266,12 @@ void HandsTest::Button(int button, bool press)
 
 void HandsTest::Press(const std::string& key)
 {
-    Await(kind_KeyRelease, key, [&] { return m_Hand.Key(key); });
+    Await(GDK_KEY_RELEASE, key, [&] { return m_Hand.Key(key); });
 }
 
 void HandsTest::Notch(bool down)
 {
-    Await(kind_Scroll, "notch",
+    Await(GDK_SCROLL, "notch",
           [&]
           {
               m_Hand.Notch(down);
@@ -312,7 +281,7 @@ void HandsTest::Notch(bool down)
 
 void HandsTest::Clicks(int count)
 {
-    Await(kind_Release, "clicks",
+    Await(GDK_BUTTON_RELEASE, "clicks",
           [=]
           {
               m_Hand.Clicks(m_MouseButton, count);
@@ -421,14 +390,14 @@ bool HandsTest::DoWord(wxWindow* control, const std::string& word)
     {
         return DoWord(control->GetParent(), word.substr(page.size()));
     }
-    const std::pair<const char*, std::function<void()>> deeds[] = {
-        {"enter", [&] { Aim(control, word); }},
-        {"title", [&] { Aim(control, word); }},
-        {"edge", [&] { Aim(control, word); }},
-        {"wider", [&] { Aim(control, word); }},
-        {"narrower", [&] { Aim(control, word); }},
-        {"box", [&] { Aim(control, word); }},
-        {"below", [&] { Aim(control, word); }},
+    static const std::set<std::string> kPlaces = {"enter",    "title", "edge", "wider",
+                                                  "narrower", "box",   "below"};
+    if (kPlaces.count(word) > 0)
+    {
+        Aim(control, word);
+        return true;
+    }
+    const std::map<std::string, std::function<void()>> deeds = {
         {"leave", [&] { MoveTo(m_Frame->GetScreenPosition() + wxPoint(4, 60)); }},
         {"right", [&] { m_MouseButton = 3; }},
         {"press", [&] { Button(m_MouseButton, true); }},
@@ -446,7 +415,6 @@ bool HandsTest::DoWord(wxWindow* control, const std::string& word)
              Clicks(1);
          }},
         {"double", [&] { Clicks(2); }},
-        {"triple", [&] { Clicks(3); }},
         {"notch+", [&] { Notch(true); }},
         {"notch-", [&] { Notch(false); }},
         {"disable", [&] { control->Disable(); }},
@@ -476,17 +444,15 @@ bool HandsTest::DoWord(wxWindow* control, const std::string& word)
              wxTolvanFrame::ProcessColorChange();
          }},
     };
-    for (const auto& [name, deed] : deeds)
+    const auto deed = deeds.find(word);
+    if (deed == deeds.end())
     {
-        if (word == name)
-        {
-            m_Moves = m_Moves || word == "hide" || word == "show" || word == "destroy";
-            deed();
-            PumpEvents();
-            return true;
-        }
+        return false;
     }
-    return false;
+    m_Moves = m_Moves || word == "hide" || word == "show" || word == "destroy";
+    deed->second();
+    PumpEvents();
+    return true;
 }
 
 wxWindow* HandsTest::WhoHasTheKeys()

@@ -35,7 +35,7 @@ protected:
     ///                           there
     ///   box below               to the third box of a check list; to the first item of an open
     ///   list press release click     of the left button; "right" before it: of the right one
-    ///   double triple           so many clicks, as fast as can be
+    ///   double                  two clicks, as fast as can be
     ///   notch+ notch-           of the wheel, down and up
     ///   opened closed freed     waits until its list is so; until nobody holds the pointer
     ///   shut                    closes its list if it is open

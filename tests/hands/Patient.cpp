@@ -1,17 +1,13 @@
 #include "tests/hands/Patient.h"
 
-#include <algorithm>
-#include <csignal>
 #include <cstdlib>
-#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
 #include <sys/prctl.h>
 #include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include <thread>
 
 namespace fs = std::filesystem;
 
@@ -24,31 +20,15 @@ constexpr int  kLowest = 19; // priority of the master and its jobs: they are no
 const char* const kComplaints[] = {"CRITICAL",       "assert \"",        "Sanitizer",
                                    "runtime error:", "terminate called", "Unhandled"};
 
-// A job that says something for a while.
-const char* const kModule = "[Type]\nId = 11111111-2222-3333-4444-555555555555\nName = Talk\n"
-                            "Execute = /bin/sh ../../talk %Word%\n"
-                            "[Parameter Word]\nDefault = abc\n"
-                            "[Parameter Kind]\nChoices = one;two;three\nDefault = one\n"
-                            "[Command Suspend]\nStates = Waiting;Running\n"
-                            "[Command Resume]\nStates = Suspended\n"
-                            "[Command Retry]\nStates = Done;Failed;Killed\n"
-                            "[Command Kill]\nStates = Waiting;Running;Suspended\n"
-                            "[Command Set Priority]\nItems = 10;50;90\n";
-const char* const kTalk = "i=0\nwhile [ $i -lt 100 ]; do i=$((i + 1))\n"
-                          "echo FRAME $i/100 \"$1\"; sleep 0.1; done\n";
-const char* const kJob = "[Job]\nType = Talk\nName = Talk\n[Parameters]\nWord = loud\n";
-
-// Found as a shell does, and from the folder that it runs in too.
-std::string Absolute(const std::string& program)
-{
-    const bool isPath = program.find('/') != std::string::npos;
-    return isPath ? fs::absolute(program).string() : program;
-}
-
-void Write(const std::string& file, const std::string& text)
-{
-    std::ofstream(file) << text;
-}
+const std::pair<const char*, const char*> kFolders[] = {{"home", "HOME"},
+                                                        {"config", "XDG_CONFIG_HOME"},
+                                                        {"data", "XDG_DATA_HOME"},
+                                                        {"state", "XDG_STATE_HOME"},
+                                                        {"runtime", "XDG_RUNTIME_DIR"},
+                                                        {"user", "TOLVAN_USER_DIR"},
+                                                        {"modules", "TOLVAN_MODULES"},
+                                                        {"jobs", "TOLVAN_JOBS"},
+                                                        {"work", "PWD"}};
 
 // The children of this process, those too whose parents have ended.
 std::vector<pid_t> Children()
@@ -56,6 +36,26 @@ std::vector<pid_t> Children()
     const std::string self = std::to_string(getpid());
     std::ifstream     file("/proc/self/task/" + self + "/children");
     return {std::istream_iterator<pid_t>(file), {}};
+}
+
+// With a farm of jobs that talk, and this process in its working folder.
+String MakeFolder()
+{
+    std::string folder = (fs::temp_directory_path() / "tolvan-hand-XXXXXX").string();
+    if (!mkdtemp(&folder[0]))
+    {
+        throw std::runtime_error("no scratch folder");
+    }
+    fs::copy(HAND_FARM, folder, fs::copy_options::recursive);
+    for (const auto& [name, variable] : kFolders)
+    {
+        const fs::path each = fs::path(folder) / name;
+        fs::create_directory(each);
+        fs::permissions(each, fs::perms::owner_all);
+        setenv(variable, each.c_str(), 1);
+    }
+    fs::current_path(getenv("PWD"));
+    return folder;
 }
 } // namespace
 
@@ -73,25 +73,29 @@ bool WaitUntil(int deadlineMs, const std::function<bool()>& condition)
     return true;
 }
 
-Patient::Patient(std::vector<std::string> command, const std::string& master)
-    : m_Command(std::move(command))
+Patient::Patient(std::vector<String> command, const String& master) : m_Command(std::move(command))
 {
     // What the program leaves behind becomes a child of this process.
     prctl(PR_SET_CHILD_SUBREAPER, 1);
-    m_Command.front() = Absolute(m_Command.front());
-    MakeFolder();
+    m_Command.front() = fs::absolute(m_Command.front().c_str()).string();
+    const String masterProgram =
+        master.empty() ? "" : fs::absolute(master.c_str()).c_str(); // before the folder changes
+    m_Folder = MakeFolder();
     if (!master.empty())
     {
-        const pid_t id =
-            Launch({Absolute(master), "--stay", "--slots", "2", "--jobs", m_Folder + "/jobs",
-                    "--modules", m_Folder + "/modules", "--run-folder", m_Folder + "/runs"});
-        setpriority(PRIO_PROCESS, static_cast<id_t>(id), kLowest);
+        m_Master =
+            std::make_unique<Program>(std::vector<String>{masterProgram, "--stay", "--slots", "2",
+                                                          "--run-folder", m_Folder + "/runs"},
+                                      m_Folder + "/master-said");
+        setpriority(PRIO_PROCESS, static_cast<id_t>(m_Master->id), kLowest);
     }
     Start();
 }
 
 Patient::~Patient()
 {
+    m_Program.reset();
+    m_Master.reset();
     for (auto children = Children(); !children.empty(); children = Children())
     {
         for (const pid_t child : children)
@@ -101,101 +105,47 @@ Patient::~Patient()
         }
     }
     std::error_code ignored;
-    fs::remove_all(m_Folder, ignored);
-}
-
-void Patient::MakeFolder()
-{
-    std::string pattern = (fs::temp_directory_path() / "tolvan-hand-XXXXXX").string();
-    if (!mkdtemp(&pattern[0]))
-    {
-        throw std::runtime_error("no scratch folder");
-    }
-    m_Folder = pattern;
-    const std::pair<const char*, const char*> folders[] = {{"home", "HOME"},
-                                                           {"config", "XDG_CONFIG_HOME"},
-                                                           {"data", "XDG_DATA_HOME"},
-                                                           {"state", "XDG_STATE_HOME"},
-                                                           {"runtime", "XDG_RUNTIME_DIR"},
-                                                           {"user", "TOLVAN_USER_DIR"},
-                                                           {"modules", "TOLVAN_MODULES"},
-                                                           {"jobs", "TOLVAN_JOBS"},
-                                                           {"work", "PWD"}};
-    for (const auto& [name, variable] : folders)
-    {
-        const std::string folder = m_Folder + "/" + name;
-        fs::create_directory(folder);
-        fs::permissions(folder, fs::perms::owner_all);
-        setenv(variable, folder.c_str(), 1);
-    }
-    Write(m_Folder + "/talk", kTalk);
-    Write(m_Folder + "/modules/talk.module", kModule);
-    for (const char* const name : {"1", "2", "3"})
-    {
-        Write(m_Folder + "/jobs/" + name + ".job", kJob);
-    }
-}
-
-pid_t Patient::Launch(const std::vector<std::string>& command) const
-{
-    const pid_t id = fork();
-    if (id != 0)
-    {
-        return id;
-    }
-    const int said = open((m_Folder + "/said").c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
-    dup2(said, STDOUT_FILENO);
-    dup2(said, STDERR_FILENO);
-    std::vector<char*> words;
-    for (const std::string& word : command)
-    {
-        words.push_back(const_cast<char*>(word.c_str()));
-    }
-    words.push_back(nullptr);
-    if (chdir((m_Folder + "/work").c_str()) == 0)
-    {
-        execvp(words[0], words.data());
-    }
-    _exit(127);
+    fs::remove_all(m_Folder.c_str(), ignored);
 }
 
 void Patient::Start()
 {
-    m_Id = Launch(m_Command);
-    m_Ended = false;
-}
-
-bool Patient::HasEnded()
-{
-    m_Ended = m_Ended || waitpid(m_Id, &m_Status, WNOHANG) == m_Id;
-    return m_Ended;
+    m_Program = std::make_unique<Program>(m_Command, m_Folder + "/said");
 }
 
 bool Patient::End(int deadlineMs)
 {
     if (!HasEnded())
     {
-        kill(m_Id, SIGTERM);
+        m_Program->Signal(SIGTERM);
     }
     return WaitUntil(deadlineMs, [this] { return HasEnded(); });
 }
 
 std::string Patient::Said() const
 {
-    std::ifstream file(m_Folder + "/said");
-    return {std::istreambuf_iterator<char>(file), {}};
+    std::string said;
+    for (const char* const name : {"/said", "/master-said"})
+    {
+        std::ifstream file(m_Folder + name);
+        said.append(std::istreambuf_iterator<char>(file), {});
+    }
+    return said;
 }
 
-std::string Patient::Fault() const
+std::string Patient::Fault()
 {
-    if (m_Ended && m_Status != 0)
+    if (HasEnded() && m_Program->ExitCode() != 0)
     {
-        return WIFSIGNALED(m_Status) ? "it ended by signal " + std::to_string(WTERMSIG(m_Status))
-                                     : "it ended with " + std::to_string(WEXITSTATUS(m_Status));
+        return "it ended with " + std::to_string(m_Program->ExitCode()); // -1: by a signal
     }
-    const std::string        said = Said();
-    const char* const* const complaint =
-        std::find_if(std::begin(kComplaints), std::end(kComplaints),
-                     [&](const char* each) { return said.find(each) != std::string::npos; });
-    return complaint == std::end(kComplaints) ? "" : std::string("it said ") + *complaint;
+    const std::string said = Said();
+    for (const char* const complaint : kComplaints)
+    {
+        if (said.find(complaint) != std::string::npos)
+        {
+            return std::string("it said ") + complaint;
+        }
+    }
+    return "";
 }

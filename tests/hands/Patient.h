@@ -1,11 +1,10 @@
 #pragma once
 
+#include "tests/support/Program.h"
+
 #include <chrono>
 #include <functional>
-#include <string>
-#include <sys/types.h>
-#include <thread>
-#include <vector>
+#include <memory>
 
 using Clock = std::chrono::steady_clock;
 
@@ -13,32 +12,30 @@ using Clock = std::chrono::steady_clock;
 bool WaitUntil(int deadlineMs, const std::function<bool()>& condition);
 
 /// A program in a scratch folder: its working folder, home, settings, sockets and logs are there,
-/// and so are those of the master that it talks to. All of it goes, with whatever it started.
+/// and so are those of the master that it talks to. All of it goes, with whatever it started. One
+/// in a process.
 class Patient
 {
 public:
     /// `command`: program and arguments. `master`: the program of the master, or empty.
-    Patient(std::vector<std::string> command, const std::string& master);
+    Patient(std::vector<String> command, const String& master);
     ~Patient();
     Patient(const Patient&) = delete;
     Patient& operator=(const Patient&) = delete;
 
     void  Start();
-    pid_t Id() const { return m_Id; }
-    bool  HasEnded();
+    pid_t Id() const { return m_Program->id; }
+    bool  HasEnded() { return m_Program->HasEnded(); }
     /// Asks it to end; whether it does in time.
     bool End(int deadlineMs);
 
-    std::string Said() const;  ///< All that it and its master wrote to the console.
-    std::string Fault() const; ///< What no program says, or how none ends; empty when all is well.
+    std::string
+    Said() const;        ///< All that it, since its start, and its master wrote to the console.
+    std::string Fault(); ///< What no program says, or how none ends; empty when all is well.
 
 private:
-    pid_t Launch(const std::vector<std::string>& command) const;
-    void  MakeFolder();
-
-    std::string              m_Folder;
-    std::vector<std::string> m_Command;
-    pid_t                    m_Id = 0;
-    int                      m_Status = 0;
-    bool                     m_Ended = true;
+    String                   m_Folder;
+    std::vector<String>      m_Command;
+    std::unique_ptr<Program> m_Master;
+    std::unique_ptr<Program> m_Program;
 };

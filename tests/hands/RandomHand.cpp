@@ -29,6 +29,9 @@ const char* const kKeys[] = {
 // Neither separators nor dots: a typed name stays in the scratch folder.
 const char* const kWords[] = {"Orbit", "1", "70", "abc", "W", "FRAME 3", "not here", "x-y"};
 
+const char* const kDeeds[] = {"click",        "click",   "click", "click",
+                              "double click", "context", "wheel", "drag"};
+
 class RandomHand
 {
 public:
@@ -44,7 +47,7 @@ private:
     void Step();
     void NameAFile();
     void PlayByPointer(const ScreenView::Found& window);
-    void PlayByKeys(const ScreenView::Found& window);
+    void PlayByKeys();
     void Drag(const ScreenView::Found& window);
     bool Answers();
 
@@ -98,7 +101,7 @@ void RandomHand::Step()
     }
     else if (m_Screen.HasKeys())
     {
-        PlayByKeys(window);
+        PlayByKeys();
     }
     else
     {
@@ -127,13 +130,8 @@ void RandomHand::PlayByPointer(const ScreenView::Found& window)
         return;
     }
     m_Hand.Move(x, y);
-    const int kind = Below(8);
-    Note(std::to_string(x) + "," + std::to_string(y) + " " +
-         (kind < 4    ? "click"
-          : kind == 4 ? "double click"
-          : kind == 5 ? "context"
-          : kind == 6 ? "wheel"
-                      : "drag"));
+    const int kind = Below(std::size(kDeeds));
+    Note(std::to_string(x) + "," + std::to_string(y) + " " + kDeeds[kind]);
     if (kind < 5)
     {
         m_Hand.Clicks(1, kind < 4 ? 1 : 2 + Below(2));
@@ -167,7 +165,7 @@ void RandomHand::Drag(const ScreenView::Found& window)
     m_Hand.Button(1, false);
 }
 
-void RandomHand::PlayByKeys(const ScreenView::Found&)
+void RandomHand::PlayByKeys()
 {
     std::vector<std::string> keys;
     const int                kind = Below(8);
@@ -217,12 +215,13 @@ std::string RandomHand::Play(int seconds)
     std::string fault;
     for (; fault.empty() && Clock::now() < end; ++deeds)
     {
-        if (m_Patient.HasEnded()) // its menus lead there too
+        fault = Answers() ? m_Patient.Fault() : "it does not answer";
+        if (fault.empty() && m_Patient.HasEnded()) // its menus lead there too
         {
+            fault = m_Patient.Fault();
             Note("start");
             m_Patient.Start();
         }
-        fault = Answers() ? m_Patient.Fault() : "it does not answer";
         Step();
     }
     std::cout << deeds << " deeds\n";
@@ -236,10 +235,10 @@ std::string RandomHand::Play(int seconds)
 
 int main(int argc, char** argv)
 {
-    unsigned    seed = std::random_device()();
-    int         seconds = 60;
-    std::string master;
-    int         at = 1;
+    unsigned seed = std::random_device()();
+    int      seconds = 60;
+    String   master;
+    int      at = 1;
     for (; at + 1 < argc && argv[at][0] == '-'; at += 2)
     {
         const std::string option = argv[at];

@@ -45,10 +45,7 @@ std::vector<ScreenView::Id> ScreenView::Tree(Id window, Id* parent) const
     {
         *parent = above;
     }
-    if (children)
-    {
-        XFree(children);
-    }
+    XFree(children);
     return all;
 }
 
@@ -65,8 +62,8 @@ bool ScreenView::IsOfProgram(Id window) const
     if (data)
     {
         std::memcpy(&process, data, count * sizeof process);
-        XFree(data);
     }
+    XFree(data);
     return process == m_Program();
 }
 

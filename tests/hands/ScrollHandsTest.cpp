@@ -31,30 +31,19 @@ struct Way
 const Way kWheel[] = {
     {"notch+", "0", "notch"},
     {"notch+ notch-", "0", "0"},
-    {"notch-", "0", "0"},
-};
-
-const Way kListKeys[] = {
-    {"Left Right KP_Left KP_Right Down Up", "0", "0"},
 };
 
 const Way kKeys[] = {
-    {"Down", "0", "line"},
     {"KP_Down Down KP_Up", "0", "line"},
     {"Next", "0", "page"},
-    {"KP_Next", "0", "page"},
     {"KP_Next KP_Prior", "0", "0"},
-    {"ctrl+Next", "0", "end"},
     {"ctrl+Next Up", "0", "end-line"},
     {"ctrl+KP_Next ctrl+Prior", "0", "0"},
     {"ctrl+Next ctrl+KP_Prior", "0", "0"},
-    {"Right", "line", "0"},
     {"Right KP_Right Left", "line", "0"},
-    {"End", "end", "0"},
     {"KP_End KP_Home", "0", "0"},
     {"ctrl+Next End", "end", "end"},
     {"ctrl+KP_Next KP_End KP_Home", "0", "end"},
-    {"ctrl+Next End Home", "0", "end"},
     {"ctrl+Next End ctrl+KP_Home", "0", "end"},
     {"Right ctrl+End ctrl+Home", "0", "0"},
     {"notch+ End", "end", "notch"},
@@ -265,7 +254,7 @@ TEST_F(ScrollHandsTest, ListGoesWhereThumbTroughAndWheelLead)
 {
     FillList();
     GoAll(kWheel);
-    GoAll(kListKeys);
+    Go({"Left Right KP_Left KP_Right Down Up", "0", "0"});
     UseBars(0);
 }
 
