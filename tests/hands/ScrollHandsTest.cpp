@@ -254,7 +254,7 @@ TEST_F(ScrollHandsTest, ListGoesWhereThumbTroughAndWheelLead)
 {
     FillList();
     GoAll(kWheel);
-    Go({"Left Right KP_Left KP_Right Down Up", "0", "0"});
+    Go({"Left Right KP_Right KP_Left Down Up", "line", "0"});
     UseBars(0);
 }
 
