@@ -131,6 +131,16 @@ void wxDBListCtrl::SetColumnImage(int index, int image)
     }
 }
 
+void wxDBListCtrl::SetColumnRank(int index, int rank)
+{
+    CALL_ENTRY("wxDBListCtrl::SetColumnRank");
+    if (m_Model->HasColumn(index))
+    {
+        m_Model->Column(index).rank = rank;
+        m_Header->Redraw();
+    }
+}
+
 void wxDBListCtrl::SetHeaderImages(const std::vector<wxBitmapBundle>& images)
 {
     CALL_ENTRY("wxDBListCtrl::SetHeaderImages");

@@ -20,4 +20,5 @@ struct wxDBListColumn
     int    type = 0; ///< The caller's name for the column, whatever its place.
     String key;
     int    image = image_None; ///< Of the title, by its index.
+    int    rank = 0;           ///< Shown beside the image; 0: none.
 };

@@ -83,6 +83,7 @@ public:
     void   MoveColumn(int index, int delta); ///< As far as there are columns.
     void   SetColumnLabel(int index, const String& label);
     void   SetColumnImage(int index, int image);
+    void   SetColumnRank(int index, int rank);   ///< Beside the image; 0: none.
     void   SetColumnWidth(int index, int width); ///< At least 0.
     void   SetHighlightColumn(int index);        ///< -1: none.
     int    GetHighlightColumn() const;

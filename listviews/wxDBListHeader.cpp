@@ -227,20 +227,40 @@ void wxDBListHeader::DrawTitle(wxDC& dc, listviews::CellText& cells, int column,
     cells.Fill(wxRect(rect.x, rect.y, rect.width, 1), wxtGetColor(color_3DLight));
     cells.Fill(wxRect(rect.GetRight(), rect.y, 1, rect.height), wxtGetColor(color_3DDark));
 
-    wxRect room = wxRect(rect).Deflate(margin, 0);
-    room.width -= DrawImage(dc, header.image, room);
+    wxRect    room = wxRect(rect).Deflate(margin, 0);
+    const int image = DrawImage(dc, header.image, room);
+    room.width -= image;
     const int height = dc.GetCharHeight();
     room.y += (rect.height - height) / 2;
     room.height = height;
+    dc.SetTextForeground(wxtGetColor(color_ButtonText));
+    room.width -= image > 0 ? DrawRank(dc, cells, header.rank, room) : 0;
     if (column == m_Model.pressedColumn)
     {
         room.Offset(1, 1);
     }
     if (room.width > 0)
     {
-        dc.SetTextForeground(wxtGetColor(color_ButtonText));
         cells.Draw(wxtToWx(header.label), room);
     }
+}
+
+// At the right end of the room, before the image; the pixels that it takes.
+int wxDBListHeader::DrawRank(wxDC& dc, listviews::CellText& cells, int rank, const wxRect& room)
+{
+    if (rank <= 0)
+    {
+        return 0;
+    }
+    const wxString text = wxString::Format("%d", rank);
+    const int      width = dc.GetTextExtent(text).x;
+    const int      margin = listviews::_TableSettings::Get().cellMargin;
+    if (width + margin > room.width)
+    {
+        return 0;
+    }
+    cells.Draw(text, wxRect(room.GetRight() + 1 - width, room.y, width, room.height));
+    return width + margin;
 }
 
 // At the right end of the room; the pixels that it takes.

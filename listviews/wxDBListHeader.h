@@ -45,6 +45,7 @@ private:
     wxColour FaceOf(int column) const;
     void     DrawTitle(wxDC& dc, listviews::CellText& cells, int column, const wxRect& rect);
     int      DrawImage(wxDC& dc, int image, const wxRect& room);
+    int      DrawRank(wxDC& dc, listviews::CellText& cells, int rank, const wxRect& room);
     int      DrawArrow(wxDC& dc, bool up, const wxRect& room);
 
     std::function<void(int, int)> m_Resize;
