@@ -2,6 +2,7 @@
 #include "benchmarks/ListWorkload.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListHeader.h"
+#include "listviews/wxListRefresh.h"
 #include "listviews/wxtListCtrl.h"
 #include "textviews/wxBarHistoryCtrl.h"
 
@@ -9,6 +10,7 @@
 #include <wx/panel.h>
 
 #include <random>
+#include <vector>
 
 namespace
 {
@@ -279,6 +281,144 @@ void ListRepaintSelected(benchmark::State& state)
     MeasureMedian(state, [&] { return stage.RepaintAt(static_cast<unsigned>(random())); });
 }
 BENCHMARK(ListRepaintSelected)->Arg(0)->Arg(1)->Apply(Repaints);
+
+/// A list of any number of rows that can be selected.
+class SelectableList : public VirtualList
+{
+public:
+    SelectableList(wxWindow* parent, int id) : VirtualList(parent, id)
+    {
+        Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent& event) { Select(event, true); });
+        Bind(wxEVT_LIST_ITEM_DESELECTED, [this](wxListEvent& event) { Select(event, false); });
+    }
+
+    bool IsRowSelected(int row) override { return m_Selected[static_cast<size_t>(row)]; }
+    std::vector<int> GetSelection() override
+    {
+        std::vector<int> rows;
+        for (int row = 0; row < static_cast<int>(m_Selected.size()); ++row)
+        {
+            if (IsRowSelected(row))
+            {
+                rows.push_back(row);
+            }
+        }
+        return rows;
+    }
+    void Grow(int rows)
+    {
+        m_Selected.resize(static_cast<size_t>(rows));
+        Insert(0, static_cast<unsigned long>(rows), true);
+    }
+    void Press(int key, bool control, bool shift)
+    {
+        wxKeyEvent event(wxEVT_KEY_DOWN);
+        event.m_keyCode = key;
+        event.SetControlDown(control);
+        event.SetShiftDown(shift);
+        GetBody()->HandleWindowEvent(event);
+    }
+
+private:
+    void Select(const wxListEvent& event, bool selected)
+    {
+        m_Selected[static_cast<size_t>(event.GetIndex())] = selected;
+    }
+
+    std::vector<bool> m_Selected;
+};
+
+// Shift+End in the first row (0), Home with all rows selected (1).
+void ListKeysSelect(benchmark::State& state)
+{
+    const Stage<SelectableList> stage;
+    stage->Grow(kMillion);
+    for (auto _ : state)
+    {
+        stage->Press(WXK_HOME, false, false);
+        const auto select = Clock::now();
+        stage->Press(WXK_END, false, true);
+        const double selecting = SecondsSince(select);
+        const auto   deselect = Clock::now();
+        stage->Press(WXK_HOME, false, false);
+        state.SetIterationTime(state.range(0) == 0 ? selecting : SecondsSince(deselect));
+    }
+}
+BENCHMARK(ListKeysSelect)
+    ->Arg(0)
+    ->Arg(1)
+    ->Iterations(5)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+void ListFitColumn(benchmark::State& state)
+{
+    const Stage<SelectableList> stage;
+    stage->Grow(static_cast<int>(state.range(0)));
+    for (auto _ : state)
+    {
+        const auto start = Clock::now();
+        stage->FitColumn(1);
+        state.SetIterationTime(SecondsSince(start));
+    }
+}
+BENCHMARK(ListFitColumn)
+    ->Arg(10000)
+    ->Arg(kMillion)
+    ->Iterations(20)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+// All rows to the clipboard, which nobody asks for them meanwhile.
+void ListCopy(benchmark::State& state)
+{
+    const Stage<SelectableList> stage;
+    stage->Grow(static_cast<int>(state.range(0)));
+    stage->Press('A', true, false);
+    for (auto _ : state)
+    {
+        const size_t before = ResidentBytes();
+        const auto   start = Clock::now();
+        stage->CopySelection();
+        state.SetIterationTime(SecondsSince(start));
+        state.counters["MB"] = static_cast<double>(ResidentBytes() - before) / 1e6;
+    }
+}
+BENCHMARK(ListCopy)->Arg(kMillion)->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+// A list of that many keyed rows that is filled anew with 1000 of them selected.
+class KeyedList : public SelectableList
+{
+public:
+    using SelectableList::SelectableList;
+    String GetRowKey(int row) override { return "job-" + String::FromInt(row); }
+};
+
+void ListRefresh(benchmark::State& state)
+{
+    const Stage<KeyedList> stage;
+    stage->Grow(static_cast<int>(state.range(0)));
+    for (auto _ : state)
+    {
+        stage->Press(WXK_END, false, false);
+        for (int page = 0; page < 20; ++page)
+        {
+            stage->Press(WXK_PAGEUP, false, true);
+        }
+        const auto start = Clock::now();
+        {
+            const wxListRefresh keep(*stage.operator->());
+            stage->Clear();
+            stage->Grow(static_cast<int>(state.range(0)));
+        }
+        state.SetIterationTime(SecondsSince(start));
+    }
+}
+BENCHMARK(ListRefresh)
+    ->Arg(kMillion)
+    ->Iterations(5)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 
 // A value that comes, and the whole chart again.
 void ChartPush(benchmark::State& state)

@@ -1,6 +1,7 @@
 #include "appearance/wxTolvanColors.h"
 #include "internal/drawing/ColorMix.h"
 #include "listviews/cells/CellText.h"
+#include "listviews/columns/ColumnFit.h"
 #include "listviews/model/ListModel.h"
 #include "listviews/model/TableSettings.h"
 #include "listviews/wxDBListBody.h"
@@ -8,6 +9,9 @@
 #include "vesta/CallEntry.h"
 
 #include <wx/dcmemory.h>
+
+#include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -18,16 +22,17 @@ constexpr double kFocusShare = 0.5;   // of the text's colour in the frame of th
 class WhilePainting
 {
 public:
-    WhilePainting(listviews::CellText*& place, listviews::CellText& text) : m_Place(place)
+    WhilePainting(listviews::CellText*& place, listviews::CellText& text)
+        : m_Place(place), m_Before(std::exchange(place, &text))
     {
-        m_Place = &text;
     }
-    ~WhilePainting() { m_Place = nullptr; }
+    ~WhilePainting() { m_Place = m_Before; }
     WhilePainting(const WhilePainting&) = delete;
     WhilePainting& operator=(const WhilePainting&) = delete;
 
 private:
     listviews::CellText*& m_Place;
+    listviews::CellText*  m_Before; // a column may be fitted in the middle of it
 };
 } // namespace
 
@@ -39,6 +44,37 @@ bool wxDBListBody::DrawCellText(wxDC& dc, const wxString& text, const wxRect& ro
     }
     m_CellText->Draw(text, room);
     return true;
+}
+
+int wxDBListBody::CellTextWidth(wxDC& dc, const wxString& text) const
+{
+    return m_CellText && m_CellText->DrawsOn(dc) ? m_CellText->Width(text)
+                                                 : dc.GetTextExtent(text).x;
+}
+
+int wxDBListBody::WidestCell(int column, std::chrono::steady_clock::duration time)
+{
+    CALL_ENTRY("wxDBListBody::WidestCell");
+    wxBitmap            bitmap(1, 1);
+    wxMemoryDC          dc(bitmap);
+    listviews::CellText text(dc);
+    const WhilePainting measuring(m_CellText, text);
+    dc.SetFont(GetFont());
+    const int first =
+        std::min(std::max(GetScrollPos(wxVERTICAL), 0) / m_LineHeight, m_Model.rowCount);
+    const int end = std::min(first + m_VisibleLines, m_Model.rowCount);
+    return listviews::WidestRow({first, end}, m_Model.rowCount, time,
+                                [&](int row)
+                                {
+                                    if (!m_Model.HasRow(row) || !m_Model.HasColumn(column))
+                                    {
+                                        return 0;
+                                    }
+                                    m_Source.PrepareToDraw(row);
+                                    const int width = m_Source.GetCellWidth(dc, row, column);
+                                    m_Source.CleanupAfterDraw(row);
+                                    return width;
+                                });
 }
 
 void wxDBListBody::DrawBitmap()

@@ -29,7 +29,12 @@ bool wxDBListBase::SendListEvent(int type, const wxPoint& point, int row)
 
 bool wxDBListBase::SendListEvent(int type, const wxPoint& point, int column, int row)
 {
-    CALL_ENTRY("wxDBListBase::SendListEvent");
+    return TellList(type, point, column, row) != Outcome::Gone;
+}
+
+wxDBListBase::Outcome wxDBListBase::TellList(int type, const wxPoint& point, int column, int row)
+{
+    CALL_ENTRY("wxDBListBase::TellList");
     const wxWeakRef<wxDBListBase> self(this);
     wxListEvent                   event(static_cast<wxEventType>(type), m_List.GetId());
     event.SetEventObject(&m_List);
@@ -42,8 +47,12 @@ bool wxDBListBase::SendListEvent(int type, const wxPoint& point, int column, int
     }
     event.SetColumn(column);
     event.SetIndex(row);
-    m_List.GetEventHandler()->ProcessEvent(event);
-    return self && !m_List.IsBeingDeleted();
+    const bool taken = m_List.GetEventHandler()->ProcessEvent(event);
+    if (!self || m_List.IsBeingDeleted())
+    {
+        return Outcome::Gone;
+    }
+    return taken ? Outcome::Taken : Outcome::Passed;
 }
 
 void wxDBListBase::CaptureLost(wxMouseCaptureLostEvent&)

@@ -33,6 +33,15 @@ public:
     void CaptureLost(wxMouseCaptureLostEvent& event);
 
 protected:
+    /// What has come of an event.
+    enum class Outcome
+    {
+        Gone,   ///< The list; nothing may be touched any more.
+        Passed, ///< No handler has kept it for itself.
+        Taken
+    };
+    Outcome TellList(int type, const wxPoint& point, int column, int row);
+
     wxWindow&             m_List;
     listviews::ListModel& m_Model;
 

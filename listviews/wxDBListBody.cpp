@@ -2,8 +2,10 @@
 
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
+#include "internal/port/PopUps.h"
 #include "listviews/model/ListModel.h"
 #include "listviews/model/TableSettings.h"
+#include "listviews/tips/TypingWatch.h"
 #include "listviews/wxDBListSource.h"
 #include "vesta/CallEntry.h"
 
@@ -34,7 +36,10 @@ wxEND_EVENT_TABLE()
 
 wxDBListBody::wxDBListBody(wxWindow& list, listviews::ListModel& model, wxDBListSource& source,
                            wxDoubleBufferedWindow& titles, bool singleSelection)
-    : wxDBListBase(list, model, wxBORDER_NONE), m_Source(source), m_SingleSelection(singleSelection)
+    : wxDBListBase(list, model, wxBORDER_NONE),
+      m_Source(source),
+      m_SingleSelection(singleSelection),
+      m_Typing(std::make_unique<listviews::TypingWatch>())
 {
     CALL_ENTRY("wxDBListBody::wxDBListBody");
     const listviews::_TableSettings& settings = listviews::_TableSettings::Get();
@@ -145,6 +150,7 @@ void wxDBListBody::OnMotion(wxMouseEvent& event)
     if (inside)
     {
         ShowCursor(m_Pointer);
+        m_Typing->Follow(*this);
         m_HoverTimer.StartOnce(kHoverDelay);
     }
 }
@@ -161,6 +167,17 @@ void wxDBListBody::OnLeave(wxMouseEvent& event)
 void wxDBListBody::Notify(wxTimerEvent&)
 {
     CALL_ENTRY("wxDBListBody::Notify");
+    // Not over what is open above the list, nor under the eyes of somebody who types.
+    const bool isTyping = m_Typing->IsTyping();
+    if (isTyping || internal::IsShutOut(*this))
+    {
+        UnsetToolTip();
+        if (isTyping && m_Pointer.x >= 0)
+        {
+            m_HoverTimer.StartOnce(kHoverDelay);
+        }
+        return;
+    }
     const listviews::ListGeometry geometry = Geometry();
     const int                     row = geometry.RowAt(m_Pointer.y);
     const int                     column = geometry.ColumnAt(m_Pointer.x);

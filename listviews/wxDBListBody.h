@@ -5,10 +5,13 @@
 
 #include <wx/timer.h>
 
+#include <chrono>
+
 namespace listviews
 {
 class CellText;
-}
+class TypingWatch;
+} // namespace listviews
 class wxDBListSource;
 
 /// The rows of a list. It turns clicks and arrow keys into selection events; what is selected is
@@ -55,6 +58,11 @@ public:
     /// Draws a text within the room of a cell; false when it does not paint on that context now.
     bool DrawCellText(wxDC& dc, const wxString& text, const wxRect& room);
 
+    int CellTextWidth(wxDC& dc, const wxString& text) const; ///< Pixels.
+    /// Pixels of the widest of the cells seen and of a sample of the others, as far as the time
+    /// goes.
+    int WidestCell(int column, std::chrono::steady_clock::duration time);
+
 private:
     void     DrawBitmap() override;
     void     DrawRow(wxDC& dc, const listviews::ListGeometry& geometry, int row);
@@ -82,6 +90,8 @@ private:
     bool            m_SingleSelection;
     wxPoint         m_Pointer{-1, -1}; ///< Where it was seen last.
     wxTimer         m_HoverTimer;
+
+    std::unique_ptr<listviews::TypingWatch> m_Typing;
 
     listviews::CellText* m_CellText = nullptr; ///< While it paints.
 

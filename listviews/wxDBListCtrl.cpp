@@ -4,6 +4,7 @@
 #include "appearance/wxTolvanString.h"
 #include "internal/text/OneLine.h"
 #include "listviews/cells/TextFit.h"
+#include "listviews/columns/ColumnActions.h"
 #include "listviews/keys/ListKeys.h"
 #include "listviews/model/ListModel.h"
 #include "listviews/model/TableSettings.h"
@@ -18,21 +19,52 @@
 #include <algorithm>
 #include <climits>
 
+namespace
+{
+constexpr size_t kLongestMeasured = 4000; // bytes of a text: no view is as wide
+}
+
 wxDBListCtrl::wxDBListCtrl(wxWindow* parent, int id, bool singleSelection)
-    : wxtPanel(parent, id), m_Model(std::make_unique<listviews::ListModel>())
+    : wxtPanel(parent, id),
+      m_Model(std::make_unique<listviews::ListModel>()),
+      m_Actions(MakeActions())
 {
     CALL_ENTRY("wxDBListCtrl::wxDBListCtrl");
     listviews::_TableSettings::Init();
     m_Model->rowHeight = listviews::_TableSettings::Get().RowHeight();
-    m_Header = new wxDBListHeader(*this, *m_Model,
-                                  [this](int column, int width) { SetColumnWidth(column, width); });
+    m_Header = new wxDBListHeader(*this, *m_Model, *m_Actions);
     m_Body = new wxDBListBody(*this, *m_Model, *this, *m_Header, singleSelection);
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(m_Header, 0, wxEXPAND);
     sizer->Add(m_Body, 1, wxEXPAND);
     SetSizer(sizer);
     m_Keys = std::make_unique<listviews::ListKeys>(
-        listviews::ListKeys::Parts{*this, *m_Body, *this, *m_Model, singleSelection, [] {}});
+        listviews::ListKeys::Parts{*this, *m_Header, *m_Body, *this, *m_Model, *m_Actions,
+                                   singleSelection, [this] { CopySelection(); }});
+}
+
+std::unique_ptr<listviews::ColumnActions> wxDBListCtrl::MakeActions()
+{
+    auto actions = std::make_unique<listviews::ColumnActions>();
+    actions->resize = [this](int column, int width) { SetColumnWidth(column, width); };
+    actions->fit = [this](int column)
+    {
+        FitColumn(column);
+        TellColumns(column);
+    };
+    actions->fitAll = [this]
+    {
+        FitAllColumns();
+        TellColumns(-1);
+    };
+    actions->move = [this](int from, int to)
+    {
+        MoveColumn(from, to - from);
+        WidthsChanged();
+        TellColumns(to);
+    };
+    actions->showMenu = [this](const wxPoint& where) { ShowColumnMenu(where); };
+    return actions;
 }
 
 // The views first: they ask for cells as long as they are there.
@@ -91,6 +123,13 @@ void wxDBListCtrl::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool)
     const wxString    shown = FormatDisplayString(wxtFromWx(line), width, dc);
     const wxDCClipper clip(dc, room);
     dc.DrawText(shown, room.GetPosition());
+}
+
+int wxDBListCtrl::GetCellWidth(wxDC& dc, int row, int column)
+{
+    const String text = GetDisplayText(row, column).substr(0, kLongestMeasured);
+    return m_Body->CellTextWidth(dc, internal::OneLine(wxtToWx(text))) +
+           2 * listviews::_TableSettings::Get().cellMargin;
 }
 
 wxString wxDBListCtrl::FormatDisplayString(const String& text, int& width, wxDC& dc)

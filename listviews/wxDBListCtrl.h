@@ -8,18 +8,26 @@
 
 #include <wx/bmpbndl.h>
 #include <wx/cursor.h>
+#include <wx/listbase.h>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <vector>
 
 namespace listviews
 {
+struct ColumnActions;
+struct ColumnPlan;
 class ListKeys;
 struct ListModel;
 } // namespace listviews
 class wxDBListBody;
 class wxDBListHeader;
+
+/// The user has changed order, widths or visibility of a list's columns by other means than the
+/// drag of an edge. The event's column is the one that it was about, or -1 for all.
+wxDECLARE_EXPORTED_EVENT(TOLVAN_API, wxtEVT_LIST_COLUMNS, wxListEvent);
 
 /// A list of rows in columns that holds no row: a derived class is asked for the text, the colours
 /// and the drawing of the cells that are seen, when they are drawn. It owns the columns, the number
@@ -28,7 +36,14 @@ class wxDBListHeader;
 /// The events are those of a report-mode list (`wxListEvent`): `wxEVT_LIST_ITEM_SELECTED`,
 /// `wxEVT_LIST_ITEM_DESELECTED`, `wxEVT_LIST_ITEM_RIGHT_CLICK`, `wxEVT_LIST_ITEM_ACTIVATED`,
 /// `wxEVT_LIST_COL_BEGIN_DRAG`, `wxEVT_LIST_COL_END_DRAG`, `wxEVT_LIST_COL_CLICK` and
-/// `wxEVT_LIST_COL_RIGHT_CLICK`. A derived class keeps the selection by handling the first two.
+/// `wxEVT_LIST_COL_RIGHT_CLICK`, and `wxtEVT_LIST_COLUMNS`. A derived class keeps the selection by
+/// handling the first two.
+///
+/// Users hide, show, fit and move columns, in a menu of the titles, by hand and by keys: Ctrl+Left
+/// and Ctrl+Right go from title to title, with Shift they take the column along; Ctrl+Enter clicks
+/// the title, Ctrl+Shift+F10 opens the menu, and Ctrl with the plus of the numeric pad fits all. A
+/// derived class that answers for a cell goes by its column's `type` or `key`, not by its index, or
+/// says that the columns stay (`AllowColumnMoves`).
 ///
 /// Indexes of rows and columns count from 0 in the order shown. An operation on a row or a column
 /// that the list does not have does nothing; asked for one, it answers with an empty one. Main
@@ -69,6 +84,9 @@ public:
     /// What a row is known by when the list is filled anew (`wxListRefresh`), whatever its place;
     /// empty: nothing, it is known by its index.
     virtual String GetRowKey(int row);
+    /// Pixels that the cell takes when nothing of it is cut off, margins included; by default its
+    /// text in the context's font.
+    int GetCellWidth(wxDC& dc, int row, int column) override;
     /// @}
 
     /// @name Columns
@@ -91,6 +109,14 @@ public:
     String GetColumnName(int index) const;
     int    GetColumnCount() const;
     const ColumnHeader& GetColumn(int index) const;
+    void ShowColumn(int index, bool show); ///< It keeps its width. The last one stays shown.
+    bool IsColumnShown(int index) const;
+    /// Makes it as wide as its title and its widest text among those seen and a sample of the
+    /// others, at most as wide as the view. A shown column only; takes 20 ms at most.
+    void FitColumn(int index);
+    void FitAllColumns(); ///< Those that are shown; takes 100 ms at most.
+    void ResetColumns();  ///< Order, widths and visibility are as when they were added.
+    void AllowColumnMoves(bool allow); ///< By hands and keys; so it is at first.
     /// Replaces the images of the titles, the sort arrows too.
     void SetHeaderImages(const std::vector<wxBitmapBundle>& images);
     /// Keeps the widths in the options file, as "120, 80, 200".
@@ -98,6 +124,12 @@ public:
     /// Takes them from there, as far as there are both columns and numbers; at least 20 pixels
     /// each.
     void RestoreColumnSizes(const String& section, const String& key);
+    /// Keeps widths, order and visibility, each column by its key, or its type if it has none; the
+    /// widths also as `SaveColumnSizes` does.
+    void SaveColumnLayout(const String& section, const String& key);
+    /// Takes them from there, or else what `SaveColumnSizes` has left. Columns that have come since
+    /// stay beside their neighbours.
+    void RestoreColumnLayout(const String& section, const String& key);
     /// @}
 
     /// @name Rows
@@ -121,6 +153,11 @@ public:
     int  GetFocusRow() const;
     void SetFocusRow(int row); ///< Selects nothing; -1: where the range is selected from.
     void ReportScrollbars();   ///< Logs every change of the scrollbars from now on.
+
+    /// Copies the selected rows to the clipboard, as they are shown, with the titles: as text with
+    /// tabs, and as a table in HTML. Nothing when none is selected, or when another part of the
+    /// program has the clipboard open.
+    void CopySelection();
 
     /// @name Redrawing
     /// Repaints soon; changes that are close to one another are painted at once.
@@ -160,9 +197,15 @@ private:
     void TellColumnMoved(int from, int to);
     void ColumnsChanged(); ///< There are others: what is held down in the titles is let go.
     void WidthsChanged();  ///< The content is as wide as the columns; everything is redrawn.
+    void Fit(int index, std::chrono::steady_clock::duration time);
+    void Arrange(const listviews::ColumnPlan& plan);
+    void ShowColumnMenu(const wxPoint& where);
+    void TellColumns(int column); ///< The list may be gone afterwards.
+    std::unique_ptr<listviews::ColumnActions> MakeActions();
 
-    std::unique_ptr<listviews::ListModel> m_Model;
-    wxDBListHeader*                       m_Header = nullptr;
-    wxDBListBody*                         m_Body = nullptr;
-    std::unique_ptr<listviews::ListKeys>  m_Keys;
+    std::unique_ptr<listviews::ListModel>     m_Model;
+    std::unique_ptr<listviews::ColumnActions> m_Actions;
+    wxDBListHeader*                           m_Header = nullptr;
+    wxDBListBody*                             m_Body = nullptr;
+    std::unique_ptr<listviews::ListKeys>      m_Keys;
 };

@@ -1,38 +1,33 @@
 #include "listviews/wxDBListHeader.h"
 
-#include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
-#include "listviews/cells/CellText.h"
+#include "listviews/columns/ColumnActions.h"
 #include "listviews/model/ListModel.h"
 #include "listviews/model/TableSettings.h"
 #include "vesta/CallEntry.h"
 
-#include <wx/dcmemory.h>
 #include <wx/weakref.h>
-
-#include <algorithm>
 
 namespace
 {
 constexpr int kLargerByPoints = 1; // than the font of the rows
-constexpr int kArrowWidth = 9;     // pixels
-constexpr int kArrowHeight = 5;    // pixels
 } // namespace
 
 // clang-format off
 wxBEGIN_EVENT_TABLE(wxDBListHeader, wxDBListBase)
     EVT_MOTION(wxDBListHeader::OnMotion)
     EVT_LEFT_DOWN(wxDBListHeader::OnLDown)
-    EVT_LEFT_DCLICK(wxDBListHeader::OnLDown)
+    EVT_LEFT_DCLICK(wxDBListHeader::OnDoubleClick)
     EVT_LEFT_UP(wxDBListHeader::OnLUp)
     EVT_RIGHT_DOWN(wxDBListHeader::OnRDown)
     EVT_LEAVE_WINDOW(wxDBListHeader::OnLeave)
+    EVT_MOUSE_CAPTURE_LOST(wxDBListHeader::OnCaptureLost)
 wxEND_EVENT_TABLE()
 // clang-format on
 
 wxDBListHeader::wxDBListHeader(wxWindow& list, listviews::ListModel& model,
-                               std::function<void(int column, int width)> resize)
-    : wxDBListBase(list, model, wxBORDER_NONE), m_Resize(std::move(resize))
+                               const listviews::ColumnActions& actions)
+    : wxDBListBase(list, model, wxBORDER_NONE), m_Actions(actions)
 {
     CALL_ENTRY("wxDBListHeader::wxDBListHeader");
     const listviews::_TableSettings& settings = listviews::_TableSettings::Get();
@@ -45,7 +40,10 @@ wxDBListHeader::wxDBListHeader(wxWindow& list, listviews::ListModel& model,
     SetMinSize(wxSize(wxDefaultCoord, m_LineHeight));
     SetSize(wxSize(wxDefaultCoord, m_LineHeight));
     SetCanFocus(false);
+    m_MoveTimer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { ScrollToPointer(); });
 }
+
+wxDBListHeader::~wxDBListHeader() = default;
 
 // The titles take no keys: whoever walks through the window by keyboard comes to the rows.
 bool wxDBListHeader::AcceptsFocusFromKeyboard() const
@@ -66,6 +64,7 @@ bool wxDBListHeader::IsResizing() const
 void wxDBListHeader::ForgetColumns()
 {
     LetMouseGo();
+    m_MoveTimer.Stop();
     m_Model.LetTitlesGo();
     ShowCursor(false);
 }
@@ -95,7 +94,11 @@ void wxDBListHeader::OnMotion(wxMouseEvent& event)
     {
         OnLUp(event); // the button was let go where nobody told of it
     }
-    else if (!event.LeftIsDown())
+    else if (event.LeftIsDown())
+    {
+        MoveTitle(event.GetX());
+    }
+    else
     {
         m_Model.pressedColumn = -1; // nor clicked, once the capture was lost
         Hover(event.GetX());
@@ -123,7 +126,7 @@ void wxDBListHeader::Resize(int x)
     const int width = m_Model.ResizedWidth(x);
     if (width != m_Model.Column(m_Model.hoverColumn).width)
     {
-        m_Resize(m_Model.hoverColumn, width);
+        m_Actions.resize(m_Model.hoverColumn, width);
     }
 }
 
@@ -143,6 +146,8 @@ void wxDBListHeader::OnLDown(wxMouseEvent& event)
     else
     {
         m_Model.pressedColumn = Geometry().ColumnAt(event.GetX());
+        m_Model.pressX = event.GetX();
+        m_Model.titleCursor = -1;
         Redraw();
         const wxWeakRef<wxDBListHeader> self(this);
         m_List.SetFocus();
@@ -163,6 +168,10 @@ void wxDBListHeader::OnLUp(wxMouseEvent& event)
         m_Model.resizeStart = -1;
         SendListEvent(wxEVT_LIST_COL_END_DRAG, InBody(event), m_Model.hoverColumn, -1);
     }
+    else if (IsMovingTitle())
+    {
+        DropTitle();
+    }
     else if (m_Model.pressedColumn >= 0)
     {
         m_Model.pressedColumn = -1;
@@ -171,10 +180,35 @@ void wxDBListHeader::OnLUp(wxMouseEvent& event)
     }
 }
 
+void wxDBListHeader::OnDoubleClick(wxMouseEvent& event)
+{
+    CALL_ENTRY("wxDBListHeader::OnDoubleClick");
+    Hover(event.GetX());
+    if (m_OnEdge)
+    {
+        m_Actions.fit(m_Model.hoverColumn);
+    }
+    else
+    {
+        OnLDown(event);
+    }
+}
+
 void wxDBListHeader::OnRDown(wxMouseEvent& event)
 {
     CALL_ENTRY("wxDBListHeader::OnRDown");
-    SendListEvent(wxEVT_LIST_COL_RIGHT_CLICK, InBody(event), -1);
+    AskForMenu(Geometry().ColumnAt(event.GetX()), event.GetPosition());
+}
+
+void wxDBListHeader::AskForMenu(int column, const wxPoint& where)
+{
+    CALL_ENTRY("wxDBListHeader::AskForMenu");
+    GiveUpMove();
+    const wxPoint inBody = where - wxPoint(0, GetSize().y);
+    if (TellList(wxEVT_LIST_COL_RIGHT_CLICK, inBody, column, -1) == Outcome::Passed)
+    {
+        m_Actions.showMenu(ClientToScreen(where));
+    }
 }
 
 void wxDBListHeader::OnLeave(wxMouseEvent&)
@@ -184,130 +218,4 @@ void wxDBListHeader::OnLeave(wxMouseEvent&)
         m_Model.hoverColumn = -1;
         Redraw();
     }
-}
-
-void wxDBListHeader::DrawBitmap()
-{
-    CALL_ENTRY("wxDBListHeader::DrawBitmap");
-    wxMemoryDC                    dc(*m_Buffer);
-    listviews::CellText           cells(dc);
-    const listviews::ListGeometry geometry = Geometry();
-    dc.SetFont(GetFont());
-    cells.Fill(wxRect(geometry.client), wxtGetColor(color_ButtonFace));
-    const std::pair<int, int> columns = geometry.VisibleColumns();
-    for (int column = columns.first; column < columns.second; ++column)
-    {
-        DrawTitle(dc, cells, column, geometry.ColumnRect(column));
-    }
-    const int bottom = geometry.client.y - 1;
-    cells.Fill(wxRect(0, bottom, geometry.client.x, 1), wxtGetColor(color_3DDark));
-}
-
-// Flat like the buttons; a title lights up under the mouse and when its column is the one that the
-// list is about, and goes down while it is held.
-wxColour wxDBListHeader::FaceOf(int column) const
-{
-    const wxColour  face = wxtGetColor(color_ButtonFace);
-    const wxColour& shade = listviews::_TableSettings::Get().headerShade;
-    if (column == m_Model.pressedColumn)
-    {
-        return OffsetColor(face, -shade.Red(), -shade.Green(), -shade.Blue());
-    }
-    const bool lit =
-        column == m_Model.highlightColumn ||
-        (column == m_Model.hoverColumn && ParentIsActive(const_cast<wxDBListHeader*>(this)));
-    return lit ? listviews::Shaded(face, shade) : face;
-}
-
-void wxDBListHeader::DrawTitle(wxDC& dc, listviews::CellText& cells, int column, const wxRect& rect)
-{
-    const wxDBListColumn& header = m_Model.Column(column);
-    const int             margin = listviews::_TableSettings::Get().cellMargin;
-    cells.Fill(rect, FaceOf(column));
-    cells.Fill(wxRect(rect.x, rect.y, rect.width, 1), wxtGetColor(color_3DLight));
-    cells.Fill(wxRect(rect.GetRight(), rect.y, 1, rect.height), wxtGetColor(color_3DDark));
-
-    wxRect    room = wxRect(rect).Deflate(margin, 0);
-    const int image = DrawImage(dc, header.image, room);
-    room.width -= image;
-    const int height = dc.GetCharHeight();
-    room.y += (rect.height - height) / 2;
-    room.height = height;
-    dc.SetTextForeground(wxtGetColor(color_ButtonText));
-    room.width -= image > 0 ? DrawRank(dc, cells, header.rank, room) : 0;
-    if (column == m_Model.pressedColumn)
-    {
-        room.Offset(1, 1);
-    }
-    if (room.width > 0)
-    {
-        cells.Draw(wxtToWx(header.label), room);
-    }
-}
-
-// At the right end of the room, before the image; the pixels that it takes.
-int wxDBListHeader::DrawRank(wxDC& dc, listviews::CellText& cells, int rank, const wxRect& room)
-{
-    if (rank <= 0)
-    {
-        return 0;
-    }
-    const wxString text = wxString::Format("%d", rank);
-    const int      width = dc.GetTextExtent(text).x;
-    const int      margin = listviews::_TableSettings::Get().cellMargin;
-    if (width + margin > room.width)
-    {
-        return 0;
-    }
-    cells.Draw(text, wxRect(room.GetRight() + 1 - width, room.y, width, room.height));
-    return width + margin;
-}
-
-// At the right end of the room; the pixels that it takes.
-int wxDBListHeader::DrawImage(wxDC& dc, int image, const wxRect& room)
-{
-    const std::vector<wxBitmapBundle>& images = m_Model.titleImages;
-    const int                          margin = listviews::_TableSettings::Get().cellMargin;
-    if (image < 0 || room.width < kArrowWidth + margin)
-    {
-        return 0;
-    }
-    if (images.empty())
-    {
-        return image <= wxDBListColumn::image_Descending
-                   ? DrawArrow(dc, image == wxDBListColumn::image_Ascending, room) + margin
-                   : 0;
-    }
-    if (static_cast<size_t>(image) >= images.size())
-    {
-        return 0;
-    }
-    const wxBitmap bitmap = images[static_cast<size_t>(image)].GetBitmapFor(this);
-    const wxSize   size = bitmap.GetLogicalSize();
-    if (!bitmap.IsOk() || size.x + margin > room.width)
-    {
-        return 0;
-    }
-    dc.DrawBitmap(bitmap, room.GetRight() + 1 - size.x, room.y + (room.height - size.y) / 2, true);
-    return size.x + margin;
-}
-
-int wxDBListHeader::DrawArrow(wxDC& dc, bool up, const wxRect& room)
-{
-    const wxColour ink = wxtGetColor(color_ButtonText);
-    if (!ink.IsOk())
-    {
-        return kArrowWidth;
-    }
-    const wxDCBrushChanger brush(dc, wxBrush(ink));
-    const wxDCPenChanger   pen(dc, *wxTRANSPARENT_PEN);
-    const int              left = room.GetRight() + 1 - kArrowWidth;
-    const int              top = room.y + (room.height - kArrowHeight) / 2;
-    // Row by row: the edges of a polygon would be smoothed on one port and not on the other.
-    for (int i = 0; i < kArrowHeight; ++i)
-    {
-        const int inset = up ? kArrowHeight - 1 - i : i;
-        dc.DrawRectangle(left + inset, top + i, kArrowWidth - 2 * inset, 1);
-    }
-    return kArrowWidth;
 }

@@ -24,6 +24,8 @@ public:
     virtual void             CleanupAfterDraw(int row) = 0;
     /// Draws a cell in the context's font and text colour. `rect`: pixels of the body.
     virtual void DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected) = 0;
+    /// Pixels that the cell takes when nothing of it is cut off.
+    virtual int GetCellWidth(wxDC& dc, int row, int column) = 0;
     /// The mouse cursor over the body; row and column are -1 where there is none.
     virtual wxCursor CustomizeCursor(int row, int column, int x, int y) = 0;
 

@@ -13,15 +13,14 @@
 
 namespace
 {
-listviews::RowMark MarkOf(wxDBListCtrl& list, int row)
-{
-    const bool exists = row >= 0 && row < list.GetItemCount();
-    return {exists ? list.GetRowKey(row) : String(), row};
-}
-
 bool Has(const wxDBListCtrl& list, int row)
 {
     return row >= 0 && row < list.GetItemCount();
+}
+
+listviews::RowMark MarkOf(wxDBListCtrl& list, int row)
+{
+    return {Has(list, row) ? list.GetRowKey(row) : String(), row};
 }
 
 // False when the list is gone.
@@ -40,7 +39,10 @@ wxListRefresh::wxListRefresh(wxDBListCtrl& list)
     CALL_ENTRY("wxListRefresh::wxListRefresh");
     for (const int row : list.GetSelection())
     {
-        m_Marks->selected.push_back(MarkOf(list, row));
+        if (Has(list, row))
+        {
+            m_Marks->selected.push_back(MarkOf(list, row));
+        }
     }
     m_Marks->anchor = MarkOf(list, list.GetLastSelect());
     if (list.GetFocusRow() != list.GetLastSelect())

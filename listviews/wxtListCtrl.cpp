@@ -202,7 +202,7 @@ void wxtListCtrl::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool sele
         return;
     }
     const Row& data = m_Rows[static_cast<size_t>(row)];
-    if (column == 0)
+    if (IsFirstShown(column))
     {
         const int taken = DrawImage(dc, data, rect);
         rect.x += taken;
@@ -215,6 +215,41 @@ void wxtListCtrl::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool sele
     }
     const wxDCFontChanger font(dc, data.font);
     wxDBListCtrl::DrawCell(dc, row, column, rect, selected);
+}
+
+bool wxtListCtrl::IsFirstShown(int column) const
+{
+    int first = 0;
+    while (first < column && !IsColumnShown(first))
+    {
+        ++first;
+    }
+    return first == column;
+}
+
+// Pixels, margin included; 0 when there is none.
+int wxtListCtrl::ImageWidth(const Row& row) const
+{
+    if (row.image < 0 || static_cast<size_t>(row.image) >= m_Images.size())
+    {
+        return 0;
+    }
+    const wxBitmap bitmap =
+        m_Images[static_cast<size_t>(row.image)].GetBitmapFor(const_cast<wxtListCtrl*>(this));
+    return bitmap.IsOk() ? bitmap.GetLogicalSize().x + listviews::_TableSettings::Get().cellMargin
+                         : 0;
+}
+
+int wxtListCtrl::GetCellWidth(wxDC& dc, int row, int column)
+{
+    if (!HasData(row))
+    {
+        return 0;
+    }
+    const Row&            data = m_Rows[static_cast<size_t>(row)];
+    const wxDCFontChanger font(dc, data.font.IsOk() ? data.font : dc.GetFont());
+    return wxDBListCtrl::GetCellWidth(dc, row, column) +
+           (IsFirstShown(column) ? ImageWidth(data) : 0);
 }
 
 int wxtListCtrl::DrawImage(wxDC& dc, const Row& row, const wxRect& rect)

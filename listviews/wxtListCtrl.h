@@ -46,6 +46,7 @@ public:
     String           GetDisplayText(int row, int column) override;
     wxColour         GetRowColor(int row) override;
     void             DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected) override;
+    int              GetCellWidth(wxDC& dc, int row, int column) override;
     void             DoClear() override;
 
     void OnItemSelect(wxListEvent& event);
@@ -56,6 +57,8 @@ private:
 
     bool HasData(int row) const;
     void MoveCells(int from, int to);
+    bool IsFirstShown(int column) const; ///< Its cells have the rows' images.
+    int  ImageWidth(const Row& row) const;
     int  DrawImage(wxDC& dc, const Row& row, const wxRect& rect);
 
     std::vector<Row>                          m_Rows;

@@ -36,7 +36,8 @@ enum
 {
     id_OpenPictures = 22200,
     id_OpenFolder,
-    id_CopyPaths
+    id_CopyPaths,
+    id_CopyRows
 };
 
 wxString OpenLabel(size_t pictures)
@@ -89,7 +90,7 @@ FrameList::FrameList(wxWindow* parent, const FarmJobs& jobs)
     {
         AddColumn(GetColumnCount(), wxtFromWx(wxGetTranslation(column.title)), column.width);
     }
-    RestoreColumnSizes(k_Section, k_Widths);
+    RestoreColumnLayout(k_Section, k_Widths);
     wxAddListMenu(*this, [this](const wxPoint& where) { ShowMenu(where); });
     Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent& event) { Select(event, true); });
     Bind(wxEVT_LIST_ITEM_DESELECTED, [this](wxListEvent& event) { Select(event, false); });
@@ -155,7 +156,7 @@ String FrameList::GetDisplayText(int row, int column)
         return String();
     }
     const JobFrames::Frame* const frame = job->frames.Find(row + 1);
-    switch (column)
+    switch (GetColumn(column).type)
     {
     case column_Number:
         return String::FromInt(row + 1);
@@ -201,6 +202,7 @@ void FrameList::ShowMenu(const wxPoint& where)
     menu.Append(id_CopyPaths, pictures > 1 ? wxGetTranslation("&Copy File Names")
                                            : wxGetTranslation("&Copy File Name"))
         ->Enable(pictures > 0);
+    menu.Append(id_CopyRows, wxGetTranslation("Copy &Rows\tCtrl+C"));
     menu.AppendSeparator();
     menu.Append(id_OpenFolder, wxGetTranslation("Open Output &Folder"));
     switch (GetPopupMenuSelectionFromUser(menu, ScreenToClient(where)))
@@ -210,6 +212,9 @@ void FrameList::ShowMenu(const wxPoint& where)
         break;
     case id_CopyPaths:
         CopyPaths(id, rows);
+        break;
+    case id_CopyRows:
+        CopySelection();
         break;
     case id_OpenFolder:
         OpenFolder(id);

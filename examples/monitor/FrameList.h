@@ -19,7 +19,7 @@ public:
 
     /// Shows the frames of that job; none for an empty identifier.
     void ShowJob(const String& id);
-    void SaveLayout() { SaveColumnSizes(k_Section, k_Widths); }
+    void SaveLayout() { SaveColumnLayout(k_Section, k_Widths); }
 
     bool             IsRowSelected(int row) override { return m_Selected.count(row) > 0; }
     std::vector<int> GetSelection() override { return {m_Selected.begin(), m_Selected.end()}; }

@@ -68,7 +68,7 @@ void JobList::AddColumns()
         AddColumn(column, wxtFromWx(wxGetTranslation(InfoOf(column).title)), InfoOf(column).width);
     }
     const OptionsFile& options = Application::the_Application->Options();
-    RestoreColumnSizes(kSection, kWidths);
+    RestoreColumnLayout(kSection, kWidths);
     m_Table.SortBy(static_cast<int>(options.GetValue(kSection, kSortColumn).ToInt(-1)),
                    options.GetBool(kSection, kDescending, false));
     ShowSort();
@@ -78,7 +78,7 @@ void JobList::SaveLayout()
 {
     OptionsFile&                      options = Application::the_Application->Options();
     const OptionsFile::PauseAutoWrite pause(options);
-    SaveColumnSizes(kSection, kWidths);
+    SaveColumnLayout(kSection, kWidths);
     const WriteLock lock(options.Lock());
     options.SetValue(kSection, kSortColumn, String::FromInt(m_Table.SortColumn()));
     options.SetValue(kSection, kDescending, m_Table.IsDescending() ? "1" : "0");
@@ -88,12 +88,12 @@ void JobList::ShowSort()
 {
     for (int column = 0; column < GetColumnCount(); ++column)
     {
-        const bool isSorted = column == m_Table.SortColumn();
+        const bool isSorted = GetColumn(column).type == m_Table.SortColumn();
         SetColumnImage(column, !isSorted                ? image_None
                                : m_Table.IsDescending() ? image_Descending
                                                         : image_Ascending);
     }
-    SetHighlightColumn(m_Table.SortColumn());
+    SetHighlightColumn(m_Table.SortColumn() < 0 ? -1 : FindColumnByType(m_Table.SortColumn()));
 }
 
 void JobList::OnTick()
@@ -105,7 +105,8 @@ void JobList::OnTick()
     }
     else if (m_Jobs.Summarize().running + m_Jobs.Summarize().suspended > 0)
     {
-        RedrawColumn(column_Elapsed); // the time that has passed changes by itself
+        RedrawColumn(
+            FindColumnByType(column_Elapsed)); // the time that has passed changes by itself
     }
 }
 
@@ -178,7 +179,8 @@ std::vector<int> JobList::GetSelection()
 
 String JobList::GetDisplayText(int row, int column)
 {
-    return m_Table.HasRow(row) ? InfoOf(column).text(m_Table.JobAt(row), m_Now) : String();
+    return m_Table.HasRow(row) ? InfoOf(GetColumn(column).type).text(m_Table.JobAt(row), m_Now)
+                               : String();
 }
 
 void JobList::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected)
@@ -188,11 +190,12 @@ void JobList::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected
         return;
     }
     const FarmJob& job = m_Table.JobAt(row);
-    if (column == column_Progress)
+    const int      type = GetColumn(column).type;
+    if (type == column_Progress)
     {
         DrawProgress(dc, job, wxRect(rect).Deflate(kBarMargin));
     }
-    if (column != column_State)
+    if (type != column_State)
     {
         wxDBListCtrl::DrawCell(dc, row, column, rect, selected);
         return;
@@ -254,16 +257,14 @@ void JobList::OnActivate(wxListEvent& event)
 void JobList::OnTitleRelease(wxMouseEvent& event)
 {
     event.Skip();
-    const bool isInside = GetHeader()->GetClientRect().Contains(event.GetPosition());
-    m_ClickedTitle = isInside ? GetHeader()->PressedColumn() : -1;
+    m_IsReleasedOutside = !GetHeader()->GetClientRect().Contains(event.GetPosition());
 }
 
 void JobList::OnTitle(wxListEvent& event)
 {
-    const int clicked = std::exchange(m_ClickedTitle, -1);
-    if (event.GetColumn() >= 0 && event.GetColumn() == clicked)
+    if (event.GetColumn() >= 0 && !std::exchange(m_IsReleasedOutside, false))
     {
-        m_Table.SortBy(event.GetColumn());
+        m_Table.SortBy(GetColumn(event.GetColumn()).type);
         ShowSort();
         Refill();
     }

@@ -12,8 +12,8 @@
 class wxListEvent;
 
 /// The farm's jobs as a list, live: order, selection, anchor and scroll position stay with the jobs
-/// however fast the news come. A click on a title sorts. It remembers the widths of its columns and
-/// what it is sorted by.
+/// however fast the news come. A click on a title sorts. It remembers how its columns are
+/// arranged and what it is sorted by.
 class JobList : public wxDBListCtrl, private wxTimed, private HasSlots
 {
 public:
@@ -54,9 +54,9 @@ private:
     FarmJobs&        m_Jobs;
     Actions          m_Actions;
     JobTable         m_Table;
-    std::set<String> m_Selected;          ///< Identifiers.
-    Time             m_Now;               ///< At the last refill or painting.
-    int              m_ClickedTitle = -1; ///< Pressed and let go; -1: none.
+    std::set<String> m_Selected;                  ///< Identifiers.
+    Time             m_Now;                       ///< At the last refill or painting.
+    bool             m_IsReleasedOutside = false; ///< A title, with the mouse.
     bool             m_IsStale = true;
     bool             m_IsListStale = true;
 };

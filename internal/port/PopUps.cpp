@@ -1,5 +1,7 @@
 #include "internal/port/PopUps.h"
 
+#include <wx/window.h>
+
 #include <gtk/gtk.h>
 
 namespace internal
@@ -32,6 +34,12 @@ bool CloseStockDialog()
     return isOpen;
 }
 } // namespace
+
+bool IsShutOut(const wxWindow& window)
+{
+    GtkWidget* const holder = gtk_grab_get_current();
+    return holder && gtk_widget_get_toplevel(holder) != gtk_widget_get_toplevel(window.GetHandle());
+}
 
 bool ClosePopUps()
 {

@@ -1,8 +1,13 @@
 #pragma once
 
+class wxWindow;
+
 namespace internal
 {
 /// Closes the menus and the toolkit's own message box or file dialog that are open, as the Escape
 /// key does. Whether there was any.
 bool ClosePopUps();
+
+/// Whether a menu is open, or a modal dialog that the window is no part of.
+bool IsShutOut(const wxWindow& window);
 } // namespace internal

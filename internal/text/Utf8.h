@@ -48,4 +48,18 @@ inline Utf8Char DecodeUtf8(const char* at, const char* end)
     }
     return {first, 1, false};
 }
+
+inline bool IsValidUtf8(const char* at, const char* end)
+{
+    while (at < end)
+    {
+        const Utf8Char character = DecodeUtf8(at, end);
+        if (!character.valid)
+        {
+            return false;
+        }
+        at += character.length;
+    }
+    return true;
+}
 } // namespace internal

@@ -3,6 +3,8 @@
 #include "internal/text/TextPainter.h"
 #include "listviews/cells/TextFit.h"
 
+#include <cmath>
+
 namespace listviews
 {
 CellText::CellText(wxMemoryDC& dc) : m_Dc(dc)
@@ -35,6 +37,12 @@ void CellText::Draw(const wxString& text, const wxRect& room)
     {
         DrawMeasured(characters, room);
     }
+}
+
+int CellText::Width(const wxString& text)
+{
+    const std::vector<double> ends = Painter().Ends(text.ToStdWstring());
+    return ends.empty() ? m_Dc.GetTextExtent(text).x : static_cast<int>(std::lround(ends.back()));
 }
 
 bool CellText::DrawRun(const std::wstring& text, const wxRect& room)

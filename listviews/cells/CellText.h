@@ -26,6 +26,7 @@ public:
     bool DrawsOn(const wxDC& dc) const { return &dc == &m_Dc; }
     /// In the context's font and text colour, from the room's top left; shortened to its width.
     void Draw(const wxString& text, const wxRect& room);
+    int  Width(const wxString& text); ///< Pixels of the whole text in the context's font.
     void Fill(const wxRect& rect, const wxColour& colour);
 
 private:

@@ -53,12 +53,33 @@ int ListGeometry::EdgeAt(int x) const
     for (size_t i = 0; i < widths.size() && edge <= static_cast<long long>(x) + k_EdgeReach; ++i)
     {
         edge += widths[i];
-        if (std::llabs(edge - x) <= k_EdgeReach)
+        if (!IsHidden(static_cast<int>(i)) && std::llabs(edge - x) <= k_EdgeReach)
         {
             found = static_cast<int>(i);
         }
     }
     return found;
+}
+
+bool ListGeometry::IsHidden(int column) const
+{
+    return static_cast<size_t>(column) < hidden.size() && hidden[static_cast<size_t>(column)];
+}
+
+int ListGeometry::GapAt(int x) const
+{
+    const int count = static_cast<int>(widths.size());
+    long long left = -static_cast<long long>(scroll.x);
+    for (int column = 0; column < count; ++column)
+    {
+        const int width = widths[static_cast<size_t>(column)];
+        if (!IsHidden(column) && x < left + width / 2)
+        {
+            return column;
+        }
+        left += width;
+    }
+    return count;
 }
 
 wxRect ListGeometry::RowRect(int row) const

@@ -16,14 +16,17 @@ struct ListGeometry
     static constexpr int k_MostWidth = 1 << 24; ///< Pixels; sums of them stay countable.
     static constexpr int k_DefaultWidth = 100;  ///< Pixels of a column without a width.
 
-    int              rowHeight = 1; ///< Pixels, at least 1.
-    wxPoint          scroll;        ///< Pixels scrolled off the top left.
-    wxSize           client;        ///< Pixels.
-    std::vector<int> widths;        ///< Of the columns, in the order shown.
+    int               rowHeight = 1; ///< Pixels, at least 1.
+    wxPoint           scroll;        ///< Pixels scrolled off the top left.
+    wxSize            client;        ///< Pixels.
+    std::vector<int>  widths;        ///< Of the columns, in the order shown; 0 for hidden ones.
+    std::vector<bool> hidden;        ///< Of the columns; empty: none is.
 
     int    RowAt(int y) const;    ///< Also rows that the list does not have.
     int    ColumnAt(int x) const; ///< The column under `x`, or -1.
     int    EdgeAt(int x) const;   ///< The column whose right edge is within reach, or -1.
+    int    GapAt(int x) const;    ///< The column before which one that is dropped there comes.
+    bool   IsHidden(int column) const;
     wxRect RowRect(int row) const;
     wxRect ColumnRect(int column) const; ///< Over the full height.
     wxRect CellRect(int row, int column) const;

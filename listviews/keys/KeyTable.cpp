@@ -38,6 +38,14 @@ constexpr struct
     {WXK_RIGHT, mod_None, KeyAction::ScrollRight},
     {'C', mod_Control, KeyAction::Copy},
     {WXK_INSERT, mod_Control, KeyAction::Copy},
+    {WXK_LEFT, mod_Control, KeyAction::PreviousTitle},
+    {WXK_RIGHT, mod_Control, KeyAction::NextTitle},
+    {WXK_LEFT, mod_Both, KeyAction::MoveTitleLeft},
+    {WXK_RIGHT, mod_Both, KeyAction::MoveTitleRight},
+    {WXK_RETURN, mod_Control, KeyAction::ClickTitle},
+    {WXK_NUMPAD_ENTER, mod_Control, KeyAction::ClickTitle},
+    {WXK_F10, mod_Both, KeyAction::TitleMenu},
+    {WXK_NUMPAD_ADD, mod_Control, KeyAction::FitAll},
 };
 
 unsigned MaskOf(KeyModifiers modifiers)

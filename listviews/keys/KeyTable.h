@@ -16,7 +16,14 @@ enum class KeyAction
     Activate,
     ScrollLeft,
     ScrollRight,
-    Copy
+    Copy,
+    PreviousTitle, ///< The cursor of the titles; so up to `FitAll`.
+    NextTitle,
+    MoveTitleLeft,
+    MoveTitleRight,
+    ClickTitle,
+    TitleMenu,
+    FitAll
 };
 
 /// The modifiers that the keys of a list know.
@@ -28,6 +35,11 @@ struct KeyModifiers
 
 /// `key`: a code of the toolkit's, of the numeric pad too.
 KeyAction ActionOf(int key, KeyModifiers modifiers);
+
+inline bool IsOfTitles(KeyAction action)
+{
+    return action >= KeyAction::PreviousTitle;
+}
 
 inline bool LeadsToRow(KeyAction action)
 {

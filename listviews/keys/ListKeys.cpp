@@ -2,6 +2,7 @@
 
 #include "listviews/model/ListModel.h"
 #include "listviews/wxDBListBody.h"
+#include "listviews/wxDBListHeader.h"
 #include "listviews/wxDBListSource.h"
 #include "vesta/CallEntry.h"
 
@@ -30,7 +31,8 @@ bool IsPlainCharacter(const wxKeyEvent& event)
 ListKeys::ListKeys(const Parts& parts)
     : m_Parts(parts),
       m_Rows(parts.body, parts.source, parts.model),
-      m_Search(parts.source, parts.model)
+      m_Search(parts.source, parts.model),
+      m_Titles(parts.list, parts.header, parts.model, parts.actions)
 {
     m_Parts.body.Bind(wxEVT_KEY_DOWN, &ListKeys::OnKey, this);
     m_Parts.body.Bind(wxEVT_CHAR, &ListKeys::OnCharacter, this);
@@ -40,11 +42,23 @@ ListKeys::ListKeys(const Parts& parts)
         m_Search.Stop();
         m_Typed.Forget();
     };
+    m_Parts.body.Bind(wxEVT_SET_FOCUS, &ListKeys::OnFocus, this);
+    m_Parts.body.Bind(wxEVT_KILL_FOCUS, &ListKeys::OnFocus, this);
     m_Parts.body.Bind(wxEVT_KILL_FOCUS, forget);
     m_Parts.body.Bind(wxEVT_LEFT_DOWN, forget);
     m_Parts.body.Bind(wxEVT_RIGHT_DOWN, forget);
     m_Parts.list.Bind(wxEVT_CONTEXT_MENU, &ListKeys::OnContextMenu, this);
     m_SearchTimer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { SearchOn(); });
+}
+
+// The cursor of the titles is seen while the keys come here.
+void ListKeys::OnFocus(wxFocusEvent& event)
+{
+    event.Skip();
+    if (m_Parts.model.titleCursor >= 0)
+    {
+        m_Parts.header.Redraw();
+    }
 }
 
 bool ListKeys::HasFocusRow() const
@@ -72,7 +86,8 @@ void ListKeys::OnKey(wxKeyEvent& event)
     {
         m_Typed.Forget();
     }
-    if (isTyped || !Do(action, modifiers))
+    const bool isGivenUp = event.GetKeyCode() == WXK_ESCAPE && m_Titles.GiveUp();
+    if (!isGivenUp && (isTyped || !Do(action, modifiers)))
     {
         event.Skip();
     }
@@ -86,6 +101,10 @@ bool ListKeys::Do(KeyAction action, KeyModifiers modifiers)
     {
         GoTo(TargetRow(action, model.FocusRow(), model.rowCount, Page()), modifiers);
         return true;
+    }
+    if (IsOfTitles(action))
+    {
+        return m_Titles.Do(action);
     }
     switch (action)
     {
@@ -246,13 +265,14 @@ void ListKeys::OnCharacter(wxKeyEvent& event)
 {
     CALL_ENTRY("ListKeys::OnCharacter");
     const ListModel& model = m_Parts.model;
-    if (!IsPlainCharacter(event) || model.rowCount == 0 || model.columns.empty())
+    const int        column = model.MainColumn();
+    if (!IsPlainCharacter(event) || model.rowCount == 0 || column < 0)
     {
         event.Skip();
         return;
     }
     m_Typed.Add(event.GetUnicodeKey(), TypedText::Clock::now());
-    m_Search.Begin(m_Typed, model.HasColumn(model.highlightColumn) ? model.highlightColumn : 0);
+    m_Search.Begin(m_Typed, column);
     SearchOn();
 }
 

@@ -3,6 +3,7 @@
 #include "listviews/keys/KeyTable.h"
 #include "listviews/keys/RowSearch.h"
 #include "listviews/keys/RowSelector.h"
+#include "listviews/keys/TitleKeys.h"
 #include "listviews/keys/TypedText.h"
 
 #include <wx/event.h>
@@ -20,9 +21,11 @@ public:
     struct Parts
     {
         wxWindow&             list;
+        wxDBListHeader&       header;
         wxDBListBody&         body;
         wxDBListSource&       source;
         ListModel&            model;
+        const ColumnActions&  actions;
         bool                  singleSelection;
         std::function<void()> copy;
     };
@@ -33,6 +36,7 @@ private:
     void OnKey(wxKeyEvent& event);
     void OnCharacter(wxKeyEvent& event);
     void OnContextMenu(wxContextMenuEvent& event);
+    void OnFocus(wxFocusEvent& event);
     void SearchOn();
 
     bool Do(KeyAction action, KeyModifiers modifiers);
@@ -51,6 +55,7 @@ private:
     RowSelector m_Rows;
     TypedText   m_Typed;
     RowSearch   m_Search;
+    TitleKeys   m_Titles;
     wxTimer     m_SearchTimer;
 };
 } // namespace listviews

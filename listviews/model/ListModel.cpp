@@ -14,6 +14,20 @@ int MovedDown(int row, int count)
     return static_cast<int>(std::min<long long>(static_cast<long long>(row) + count, INT_MAX));
 }
 
+// Where a column is when another has moved.
+int AfterMove(int column, int from, int to)
+{
+    if (column == from)
+    {
+        return to;
+    }
+    if (to <= column && column < from)
+    {
+        return column + 1;
+    }
+    return from < column && column <= to ? column - 1 : column;
+}
+
 // A text that is no number, too, gives a column that can be seen.
 int StoredWidth(const String& text)
 {
@@ -29,15 +43,43 @@ int ListModel::FindType(int type) const
     return found == columns.end() ? -1 : static_cast<int>(found - columns.begin());
 }
 
+int ListModel::ShownCount() const
+{
+    return static_cast<int>(std::count_if(columns.begin(), columns.end(),
+                                          [](const wxDBListColumn& c) { return c.visible; }));
+}
+
+int ListModel::NextShown(int index, int step) const
+{
+    while (HasColumn(index) && !Column(index).visible)
+    {
+        index += step;
+    }
+    return HasColumn(index) ? index : -1;
+}
+
+int ListModel::MainColumn() const
+{
+    return HasColumn(highlightColumn) && Column(highlightColumn).visible ? highlightColumn
+                                                                         : NextShown(0, 1);
+}
+
+void ListModel::Show(int index, bool show)
+{
+    Column(index).visible = show || (Column(index).visible && ShownCount() == 1);
+}
+
 void ListModel::InsertColumn(int index, const wxDBListColumn& column)
 {
     columns.insert(columns.begin() + index, column);
     SetWidth(index, column.width < 0 ? ListGeometry::k_DefaultWidth : column.width);
+    homes.Insert(index, Column(index));
 }
 
 void ListModel::RemoveColumn(int index)
 {
     columns.erase(columns.begin() + index);
+    homes.Remove(index);
 }
 
 int ListModel::MoveColumn(int index, int delta)
@@ -53,18 +95,9 @@ int ListModel::MoveColumn(int index, int delta)
     {
         std::rotate(columns.begin() + target, column, column + 1);
     }
-    if (highlightColumn == index)
-    {
-        highlightColumn = target;
-    }
-    else if (delta < 0 && target <= highlightColumn && highlightColumn < index)
-    {
-        ++highlightColumn;
-    }
-    else if (delta > 0 && index < highlightColumn && highlightColumn <= target)
-    {
-        --highlightColumn;
-    }
+    homes.Move(index, target);
+    highlightColumn = AfterMove(highlightColumn, index, target);
+    titleCursor = AfterMove(titleCursor, index, target);
     return target;
 }
 
@@ -92,7 +125,8 @@ int ListModel::ResizedWidth(int x) const
 
 void ListModel::LetTitlesGo()
 {
-    hoverColumn = pressedColumn = resizeStart = -1;
+    hoverColumn = pressedColumn = resizeStart = dropGap = -1;
+    titleCursor = HasColumn(titleCursor) && Column(titleCursor).visible ? titleCursor : -1;
 }
 
 bool ListModel::InsertRows(int row, int count)
@@ -125,7 +159,12 @@ ListGeometry ListModel::Geometry(const wxPoint& scroll, const wxSize& client) co
     geometry.widths.reserve(columns.size());
     for (const wxDBListColumn& column : columns)
     {
-        geometry.widths.push_back(column.width);
+        geometry.widths.push_back(column.visible ? column.width : 0);
+        if (!column.visible)
+        {
+            geometry.hidden.resize(columns.size());
+            geometry.hidden[geometry.widths.size() - 1] = true;
+        }
     }
     return geometry;
 }

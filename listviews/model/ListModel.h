@@ -1,6 +1,7 @@
 #pragma once
 
 #include "listviews/cells/ListGeometry.h"
+#include "listviews/columns/ColumnHomes.h"
 #include "listviews/wxDBListColumn.h"
 
 #include <wx/bmpbndl.h>
@@ -27,11 +28,22 @@ struct ListModel
     int hoverColumn = -1;   ///< The one whose edge or title the pointer is on.
     int pressedColumn = -1; ///< The one whose title is held down.
     int resizeStart = -1;   ///< Where the drag of the hovered edge began, pixels.
+    int pressX = 0;         ///< Where the pressed title is held, pixels.
+    int dragX = 0;          ///< Where the pointer has taken it to, pixels.
+    int dropGap = -1;       ///< The column before which it would come; -1: it is not moved.
+    int titleCursor = -1;   ///< The one that the keys of the titles are on.
+
+    bool canMoveTitles = true; ///< By hands and keys.
 
     int  ColumnCount() const { return static_cast<int>(columns.size()); }
     bool HasColumn(int index) const { return index >= 0 && index < ColumnCount(); }
     bool HasRow(int row) const { return row >= 0 && row < rowCount; }
     int  FindType(int type) const; ///< The first column of that type.
+    int  ShownCount() const;
+    /// The next one that is shown, from there on in that direction (1 or -1), or -1.
+    int NextShown(int index, int step) const;
+    /// The one that the list is about, or the first one that is shown; or -1.
+    int  MainColumn() const;
     int  FocusRow() const { return caret >= 0 ? caret : anchor; } ///< The one that the keys are on.
     void SetAnchor(int row) { anchor = row, caret = -1; }         ///< The keys are there, too.
 
@@ -41,10 +53,12 @@ struct ListModel
     /// Before that column; their number: at the end. A negative width becomes the default one.
     void InsertColumn(int index, const wxDBListColumn& column);
     void RemoveColumn(int index);
-    /// As far as there are columns; the highlight goes with its column. The new index.
-    int  MoveColumn(int index, int delta);
-    void SetWidth(int index, int width);
-    int  ContentWidth() const; ///< Pixels, at most what a scrollbar can hold.
+    /// As far as there are columns; highlight and cursor go with their columns. The new index.
+    int                MoveColumn(int index, int delta);
+    void               SetWidth(int index, int width);
+    void               Show(int index, bool show); ///< The last one that is shown stays.
+    const ColumnHomes& Homes() const { return homes; }
+    int                ContentWidth() const; ///< Pixels, at most what a scrollbar can hold.
 
     /// The drag of a column's edge, which begins at `x` and has come to there.
     /// @{
@@ -64,6 +78,9 @@ struct ListModel
     void RemoveRows(int first, int last);
 
     ListGeometry Geometry(const wxPoint& scroll, const wxSize& client) const;
+
+private:
+    ColumnHomes homes;
 };
 
 /// The widths as the options file has them, "120, 80, 200", and back: as far as there are both

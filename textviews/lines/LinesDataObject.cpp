@@ -19,26 +19,11 @@ std::array<wxDataFormat, 4> Formats()
     return {wxDataFormat(wxDF_UNICODETEXT), wxDataFormat(wxDF_TEXT), wxDataFormat(kMimeText),
             wxDataFormat(kBytesFormat)};
 }
-
-bool IsValidText(const String& bytes)
-{
-    const char* const end = bytes.data() + bytes.size();
-    for (const char* at = bytes.data(); at < end;)
-    {
-        const internal::Utf8Char character = internal::DecodeUtf8(at, end);
-        if (!character.valid)
-        {
-            return false;
-        }
-        at += character.length;
-    }
-    return true;
-}
 } // namespace
 
 LinesDataObject::LinesDataObject(String bytes) : m_Bytes(std::move(bytes))
 {
-    if (!IsValidText(m_Bytes))
+    if (!internal::IsValidUtf8(m_Bytes.data(), m_Bytes.data() + m_Bytes.size()))
     {
         m_Text = wxtFromWx(wxtToWx(m_Bytes));
     }

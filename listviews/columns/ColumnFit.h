@@ -1,0 +1,18 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <utility>
+
+namespace listviews
+{
+constexpr int  k_MostSampledRows = 10000;
+constexpr auto k_FitTime = std::chrono::milliseconds(20);     // for one column
+constexpr auto k_FitAllTime = std::chrono::milliseconds(100); // for all of them
+
+/// The most that `measure` gives for the rows from `seen.first` up to, without, `seen.second`, and
+/// for a sample of the `count` rows, as far as the time goes. Wherever that ends, the rows looked
+/// at lie all over the list.
+int WidestRow(std::pair<int, int> seen, int count, std::chrono::steady_clock::duration time,
+              const std::function<int(int row)>& measure);
+} // namespace listviews
