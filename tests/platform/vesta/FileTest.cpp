@@ -1,5 +1,6 @@
 #include "vesta/File.h"
 
+#include "tests/support/SmallDisk.h"
 #include "tests/support/Thrown.h"
 #include "tests/support/UserFolderTest.h"
 
@@ -67,7 +68,7 @@ TEST_F(FileTest, WritingFollowsLinks)
     EXPECT_EQ(ec_System, CodeThrown([this] { File::WriteAtomically(UserFile("loop"), "x"); }));
 }
 
-TEST_F(FileTest, WritingRemovesWhatKilledProgramsHaveLeft)
+TEST_F(FileTest, WritingLeavesNothingBehindAndRemovesWhatKilledProgramsHaveLeft)
 {
     const std::vector<String> kept{".tolvan-12345", ".tolvan-1234567", ".tolvan-12.456",
                                    "a.tolvan-123456"};
@@ -86,6 +87,11 @@ TEST_F(FileTest, WritingRemovesWhatKilledProgramsHaveLeft)
     EXPECT_TRUE(File::WriteAtomically(UserFile("f"), "new", othersAreThere));
     EXPECT_EQ("new", ReadFile(UserFile("f")));
     EXPECT_FALSE(File::WriteAtomically(UserFile("f"), "newer", [] { return false; }));
+    {
+        const SmallDisk small(50);
+        const String    large(100, 'x');
+        EXPECT_EQ(ec_System, CodeThrown([&] { File::WriteAtomically(UserFile("f"), large); }));
+    }
     EXPECT_EQ("new", ReadFile(UserFile("f")));
     std::vector<String> expected = kept;
     expected.insert(expected.end(), {"f", "g", ".tolvan-linked", ".tolvan-folder"});

@@ -102,9 +102,36 @@ TEST_F(OptionsFileTest, WritesForAThreadThatHoldsTheLock)
     }
 }
 
+/// Each thread has its own object, as two programs would have.
+TEST_F(OptionsFileTest, ProgramsLoseNobodysKey)
+{
+    constexpr int    kKeys = 20; // a thread
+    const LogCapture log;
+    Threads(4,
+            [this](int thread)
+            {
+                OptionsFile file(m_File);
+                file.Load(false, false);
+                for (int key = 0; key < kKeys; ++key)
+                {
+                    file.SetValue("S", SFormat("%d.%d", thread, key), "x");
+                    file.SetValue("Common", "key", String::FromInt(thread));
+                    file.WriteOut();
+                }
+            });
+    EXPECT_EQ(0, log.Count("", log_Warning)) << log.All();
+    IniFile file(m_File);
+    ASSERT_TRUE(file.Load(true, true));
+    for (int i = 0; i < 4 * kKeys; ++i)
+    {
+        EXPECT_TRUE(file.HasValue("S", SFormat("%d.%d", i / kKeys, i % kKeys)));
+    }
+    EXPECT_EQ(1u, file.Keys("Common").size());
+}
+
 TEST_F(OptionsFileTest, LogsAFailingDiskOnceAndTriesAgain)
 {
-    WriteFile(m_File, "");
+    WriteFile(m_File, "a=1\n");
     chmod(m_File.Text().c_str(), 0400);
     const LogCapture log;
     {
@@ -119,9 +146,11 @@ TEST_F(OptionsFileTest, LogsAFailingDiskOnceAndTriesAgain)
         file.SetValue("S", "c", "1");
         EXPECT_EQ(1, log.Count("write-protected", log_Error)) << log.All();
         EXPECT_EQ(1, log.Count("Call trace", log_Warning)) << log.All();
+        EXPECT_EQ("a=1\n", ReadFile(m_File));
+        EXPECT_EQ(std::vector<String>{"options.ini"}, File::List(m_File.Branch())) << "no lock";
         chmod(m_File.Text().c_str(), 0600);
     }
-    EXPECT_EQ("[S]\nc = 1\n", ReadFile(m_File)); // Written at the end of its life.
+    EXPECT_EQ("a=1\n\n[S]\nc = 1\n", ReadFile(m_File)); // Written at the end of its life.
 }
 
 } // namespace

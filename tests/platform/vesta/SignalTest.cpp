@@ -14,32 +14,27 @@ namespace
 using Numbers = std::vector<int>;
 using NumberSignal = Signal1<int>;
 
-struct Listener : HasSlots
-{
-    Numbers heard;
-
-    ~Listener() override { DisconnectAll(); }
-    void Hear(int number) { heard.push_back(number); }
-};
-
 TEST(Signal, CallsSlotsInOrder)
 {
+    Numbers      heard;
     NumberSignal signal;
-    Listener     listener;
-    Listener     other;
-    signal.Connect(&listener, &Listener::Hear);
-    signal.Connect(&other, [&](int number) { listener.Hear(10 * number); });
-    signal.Connect(&listener, [&](int number) { listener.Hear(100 * number); });
-    signal.Connect(nullptr, [&](int) { listener.Hear(-1); });
+    HasSlots     listener;
+    HasSlots     other;
+    const auto   times = [&heard](int factor)
+    { return [&heard, factor](int number) { heard.push_back(factor * number); }; };
+    signal.Connect(&listener, times(1));
+    signal.Connect(&other, times(10));
+    signal.Connect(&listener, times(100));
+    signal.Connect(nullptr, times(-1));
     signal.Connect(&other, std::function<void(int)>());
     signal.Emit(1);
     signal(2);
-    EXPECT_EQ((Numbers{1, 10, 100, 2, 20, 200}), listener.heard);
+    EXPECT_EQ((Numbers{1, 10, 100, 2, 20, 200}), heard);
     EXPECT_EQ(1u, listener.ConnectionCount());
     signal.Disconnect(&listener);
     signal.Disconnect(&listener);
     signal.Emit(3);
-    EXPECT_EQ(30, listener.heard.back());
+    EXPECT_EQ(30, heard.back());
     EXPECT_EQ(0u, listener.ConnectionCount());
     EXPECT_EQ(1u, signal.SlotCount());
 }
