@@ -81,41 +81,34 @@ TEST_F(JobTypeInfoTest, ReadsEverythingInOrder)
 
 TEST_F(JobTypeInfoTest, NamesFileLineAndFault)
 {
-    struct Case
+    const String parameter = String(kHead) + "[Parameter P]\n";
+    const String command = String(kHead) + "[Command C]\n";
+    const struct
     {
-        const char* what;
         String      text;
         const char* complaint;
-    };
-    const Case cases[] = {
-        {"empty", "", ": there is no section [Type]"},
-        {"no id", "[Type]\nName = A\n", ":2: [Type] needs a value for \"Id\""},
-        {"bad id", "[Type]\nName = A\nId = 12\n", ":3: \"12\" is no identifier"},
-        {"no name", "[Type]\nId = 5c1f5f2e-6f0e-4c55-9d0a-0b3b8f5f7a01\nName =\n",
-         ":3: [Type] needs a value for \"Name\""},
-        {"a stray line", String(kHead) + "\nwhat is this\n", ":5: neither a section"},
-        {"no parameter name", String(kHead) + "[Parameter]\nDefault = a\n",
-         ": [Parameter] needs a name"},
-        {"an impossible default", String(kHead) + "[Parameter P]\nChoices = a;b\nDefault = c\n",
-         ":6: the default \"c\" is not among the choices"},
-        {"an unknown type", String(kHead) + "[Parameter P]\nType = real\n",
-         ":5: there is no type \"real\""},
-        {"no bound", String(kHead) + "[Parameter P]\nType = integer\nMinimum = one\n",
-         ":6: \"one\" is neither a number nor %Parameter%"},
-        {"a range of texts", String(kHead) + "[Parameter P]\nMaximum = 1\n",
-         ":5: only an integer or a number has a range"},
-        {"a default out of range",
-         String(kHead) + "[Parameter P]\nType = integer\nMaximum = 5\nDefault = 6\n",
-         ":7: the default \"6\" is not a whole number of at most 5"},
-        {"an unknown flag", String(kHead) + "[Command C]\n\nFlags = job;jbo\n",
-         ":6: there is no flag \"jbo\""},
-        {"no truth value", String(kHead) + "[Command C]\nSeparator = perhaps\n",
-         ":5: \"perhaps\" is neither yes nor no"}};
-    for (const Case& one : cases)
+    } cases[] = {{"", ": there is no section [Type]"},
+                 {"[Type]\nName = A\n", ":2: [Type] needs a value for \"Id\""},
+                 {"[Type]\nName = A\nId = 12\n", ":3: \"12\" is no identifier"},
+                 {"[Type]\nId = 5c1f5f2e-6f0e-4c55-9d0a-0b3b8f5f7a01\nName =\n",
+                  ":3: [Type] needs a value for \"Name\""},
+                 {String(kHead) + "\nwhat is this\n", ":5: neither a section"},
+                 {String(kHead) + "[Parameter]\nDefault = a\n", ": [Parameter] needs a name"},
+                 {parameter + "Choices = a;b\nDefault = c\n",
+                  ":6: the default \"c\" is not among the choices"},
+                 {parameter + "Type = real\n", ":5: there is no type \"real\""},
+                 {parameter + "Type = integer\nMinimum = one\n",
+                  ":6: \"one\" is neither a number nor %Parameter%"},
+                 {parameter + "Maximum = 1\n", ":5: only an integer or a number has a range"},
+                 {parameter + "Type = integer\nMaximum = 5\nDefault = 6\n",
+                  ":7: the default \"6\" is not a whole number of at most 5"},
+                 {command + "\nFlags = job;jbo\n", ":6: there is no flag \"jbo\""},
+                 {command + "Separator = perhaps\n", ":5: \"perhaps\" is neither yes nor no"}};
+    for (const auto& one : cases)
     {
         const String complaint = TextThrown([&] { Load(one.text); });
         EXPECT_TRUE(complaint.StartsWith(File().Text() + one.complaint))
-            << one.what << ": " << complaint;
+            << one.complaint << " is not " << complaint;
     }
     EXPECT_TRUE(Load(kHead)) << "Id and Name are enough";
 }

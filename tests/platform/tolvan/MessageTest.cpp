@@ -14,19 +14,14 @@ int DecodeCode(const String& bytes)
     return CodeThrown([&] { Message::Decode(bytes); });
 }
 
-String AllBytes()
+Message Sample()
 {
     String bytes;
     for (int i = 0; i < 256; ++i)
     {
         bytes.push_back(static_cast<char>(i));
     }
-    return bytes;
-}
-
-Message Sample()
-{
-    return Message("Output").Set("ID", "7").Set("Line", AllBytes()).Set("Empty", String());
+    return Message("Output").Set("ID", "7").Set("Line", bytes).Set("Empty", String());
 }
 
 TEST(Message, RefusesWhatIsNoMessage)
@@ -59,10 +54,7 @@ TEST(Message, RefusesWhatIsNoMessage)
                            "A\xa6"
                            "fields\x80\xa1x\xa1y"},
         {"fields as a list", inner + "\x90"},
-        {"fields as a text", inner + "\xa1x"},
         {"a number as a field", inner + "\x81\xa1x\x05"},
-        {"nothing as a field", inner + "\x81\xa1x\xc0"},
-        {"a map as a field", inner + "\x81\xa1x\x80"},
         {"one field twice", inner + "\x82\xa1x\xa1y\xa1x\xa1z"},
         {"a map that promises 4294967295 fields", inner + "\xdf\xff\xff\xff\xff\xa1x"},
         {"a text that promises 4294967295 bytes", inner + "\x81\xa1x\xdb\xff\xff\xff\xffx"},

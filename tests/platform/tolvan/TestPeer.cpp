@@ -4,17 +4,18 @@
 #include "tolvan/SocketFolder.h"
 #include "wire/Framing.h"
 
+#include <cerrno>
 #include <cstring>
 
-#include <poll.h>
 #include <sys/socket.h>
+#include <sys/time.h>
 #include <sys/un.h>
 #include <unistd.h>
 
 namespace
 {
 
-constexpr int kPatience = 10000; // ms
+constexpr timeval kPatience = {10, 0};
 
 sockaddr_un AddressOf(const Path& path)
 {
@@ -24,10 +25,10 @@ sockaddr_un AddressOf(const Path& path)
     return address;
 }
 
-bool IsReadable(int descriptor)
+Descriptor Patient(Descriptor socket)
 {
-    pollfd entry = {descriptor, POLLIN, 0};
-    return poll(&entry, 1, kPatience) == 1;
+    setsockopt(socket.Get(), SOL_SOCKET, SO_RCVTIMEO, &kPatience, sizeof kPatience);
+    return socket;
 }
 
 } // namespace
@@ -41,7 +42,11 @@ Descriptor ListenAt(const Path& path, int backlog)
     {
         Exception::ThrowErrno("TestPeer", "ListenAt", "no socket at " + path.Text());
     }
-    return listener;
+    return Patient(std::move(listener));
+}
+
+TestPeer::TestPeer(Descriptor socket) : m_Socket(Patient(std::move(socket)))
+{
 }
 
 TestPeer TestPeer::ConnectTo(const Path& path)
@@ -68,18 +73,9 @@ bool TestPeer::Send(const Message& message)
 
 std::optional<String> TestPeer::Read(size_t count)
 {
-    String bytes(count, '\0');
-    size_t done = 0;
-    while (done < count && IsReadable(m_Socket.Get()))
-    {
-        const ssize_t got = recv(m_Socket.Get(), &bytes[done], count - done, 0);
-        if (got <= 0)
-        {
-            return std::nullopt;
-        }
-        done += static_cast<size_t>(got);
-    }
-    return done == count ? std::optional<String>(bytes) : std::nullopt;
+    String        bytes(count, '\0');
+    const ssize_t got = recv(m_Socket.Get(), &bytes[0], count, MSG_WAITALL);
+    return got == static_cast<ssize_t>(count) ? std::optional<String>(bytes) : std::nullopt;
 }
 
 boost::shared_ptr<Message> TestPeer::Receive()
@@ -102,15 +98,13 @@ boost::shared_ptr<Message> TestPeer::Receive()
 
 bool TestPeer::SeesEnd()
 {
-    char bytes[4096];
-    while (IsReadable(m_Socket.Get()))
+    char    bytes[4096];
+    ssize_t got = 0;
+    do
     {
-        if (recv(m_Socket.Get(), bytes, sizeof bytes, 0) <= 0)
-        {
-            return true;
-        }
-    }
-    return false;
+        got = recv(m_Socket.Get(), bytes, sizeof bytes, 0);
+    } while (got > 0);
+    return got == 0 || errno == ECONNRESET;
 }
 
 TestMaster::TestMaster() : m_Path(SocketFolder::ForMaster())
@@ -126,7 +120,5 @@ TestMaster::~TestMaster()
 
 TestPeer TestMaster::Accept()
 {
-    return IsReadable(m_Socket.Get())
-               ? TestPeer(Descriptor(accept4(m_Socket.Get(), nullptr, nullptr, SOCK_CLOEXEC)))
-               : TestPeer();
+    return TestPeer(Descriptor(accept4(m_Socket.Get(), nullptr, nullptr, SOCK_CLOEXEC)));
 }

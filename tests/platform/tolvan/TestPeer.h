@@ -9,7 +9,6 @@
 #include <boost/shared_ptr.hpp>
 
 #include <optional>
-#include <utility>
 
 /// A socket that listens there; nobody accepts unless the test does.
 Descriptor ListenAt(const Path& path, int backlog = 8);
@@ -19,7 +18,7 @@ Descriptor ListenAt(const Path& path, int backlog = 8);
 class TestPeer
 {
 public:
-    explicit TestPeer(Descriptor socket = Descriptor()) : m_Socket(std::move(socket)) {}
+    explicit TestPeer(Descriptor socket = Descriptor());
 
     static TestPeer ConnectTo(const Path& path);
 
