@@ -86,23 +86,16 @@ TEST_F(MasterClients, BadPeersAreClosedAndLoggedAndDisturbNobody)
     TestPeer       half = NewPeer();
     const String hello = wire::Framing::Wrap(Message(msg_Hello).Set("component", "Half").Encode());
     half.Send(hello.substr(0, hello.size() / 2));
-    const struct
-    {
-        String      bytes;
-        const char* reason;
-    } cases[] = {
-        {String(64, 'g'), "67676767"},
-        {String("TLV1\x7f\xff\xff\xff", 8), "over the limit"},
-        {wire::Framing::Wrap("no message"), "no message"},
-        {wire::Framing::Wrap(Message(msg_Submit).Set(p_Type, kScriptType).Encode()), "who it is"},
-    };
-    for (const auto& one : cases)
+    const Message submit = Message(msg_Submit).Set(p_Type, kScriptType);
+    for (const String& bytes : {String(64, 'g'), wire::Framing::Wrap(submit.Encode())})
     {
         TestPeer peer = NewPeer();
-        peer.Send(one.bytes);
-        EXPECT_TRUE(peer.SeesEnd()) << one.reason;
-        EXPECT_TRUE(WaitFor([&] { return LogText().find(one.reason) != String::npos; }))
-            << one.reason;
+        peer.Send(bytes);
+        EXPECT_TRUE(peer.SeesEnd());
+    }
+    for (const char* const reason : {"67676767", "who it is"})
+    {
+        EXPECT_TRUE(WaitFor([&] { return LogText().find(reason) != String::npos; })) << reason;
     }
     const String job = client.Submit("echo fine");
     EXPECT_TRUE(client.WaitForState(job, state_Done));
@@ -127,7 +120,7 @@ TEST_F(MasterClients, ClientThatAsksAndNeverReadsIsClosed)
         ++sent;
     }
     EXPECT_LT(sent, 2000);
-    EXPECT_EQ(client.Ask(Message("Dance"))->Type(), msg_Failed);
+    EXPECT_NE(client.Submit("true"), "");
     EXPECT_NE(LogText().find("does not read"), String::npos);
 }
 

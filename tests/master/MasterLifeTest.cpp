@@ -34,19 +34,17 @@ TEST_F(MasterLife, EndsWhenTheLastClientHasGoneAndNoJobRuns)
     EXPECT_FALSE(HasSocket());
 }
 
-TEST_F(MasterLife, EndsWhenNoClientEverComes)
+TEST_F(MasterLife, EndsWithoutClientsAndIsNotKeptByWhoeverAsksWhetherItRuns)
 {
-    Launch({"--grace", "0", "--first-client", "1"});
-    EXPECT_EQ(WaitForEnd(), 0);
-    EXPECT_FALSE(HasSocket());
-}
-
-TEST_F(MasterLife, IsNotKeptByWhoeverAsksWhetherItRuns)
-{
-    Start({"--grace", "1"});
-    client.peer.Close();
-    EXPECT_TRUE(WaitFor([] { return !Components::DidStart(component_Master); }));
-    EXPECT_EQ(WaitForEnd(), 0);
+    for (const bool hadOne : {false, true})
+    {
+        Launch({"--grace", "1", "--first-client", hadOne ? "1000" : "1"});
+        EXPECT_TRUE(!hadOne || client.Connect());
+        client.peer.Close();
+        EXPECT_TRUE(WaitFor([] { return !Components::DidStart(component_Master); }));
+        EXPECT_EQ(WaitForEnd(), 0);
+        EXPECT_FALSE(HasSocket());
+    }
 }
 
 TEST_F(MasterLife, SecondOneSaysSoAndEnds)

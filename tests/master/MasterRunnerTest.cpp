@@ -1,12 +1,11 @@
 #include "master/jobs/JobRunner.h"
+#include "tests/support/SmallDisk.h"
 #include "tests/support/UserFolderTest.h"
 
 #include <boost/asio/signal_set.hpp>
 
 #include <csignal>
 #include <optional>
-
-#include <sys/resource.h>
 
 namespace
 {
@@ -74,24 +73,13 @@ TEST_F(JobRunner, FullDiskHoldsTheJobAndIsReported)
     EXPECT_EQ(exit->code, SIGTERM);
 }
 
-/// The largest file that this process may write.
-void LimitFiles(rlim_t bytes)
-{
-    rlimit limit = {};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    limit.rlim_cur = bytes;
-    setrlimit(RLIMIT_FSIZE, &limit);
-}
-
 TEST_F(JobRunner, GoesOnWhereItStoodWhenThereIsRoomAgain)
 {
-    std::signal(SIGXFSZ, SIG_IGN);
-    LimitFiles(7);
+    std::optional<SmallDisk> disk(7);
     ASSERT_EQ(Start("printf 'line\\nmore\\nlast'", TempFile("log")), "");
     boost::asio::steady_timer timer(context, std::chrono::milliseconds(800));
-    timer.async_wait([](const boost::system::error_code&) { LimitFiles(RLIM_INFINITY); });
+    timer.async_wait([&disk](const boost::system::error_code&) { disk.reset(); });
     Run();
-    LimitFiles(RLIM_INFINITY);
     EXPECT_EQ(troubles, (std::vector<String>{"File too large", ""}));
     EXPECT_EQ(text, "line\nmore\nlast\n");
     EXPECT_EQ(lost, 0u);
