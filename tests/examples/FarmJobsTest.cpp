@@ -3,6 +3,7 @@
 #include "monitor/JobForm.h"
 #include "monitor/JobOffers.h"
 #include "monitor/JobSelection.h"
+#include "monitor/JobTable.h"
 #include "monitor/PanelMemory.h"
 
 #include "tests/support/UserFolderTest.h"
@@ -130,6 +131,44 @@ TEST_F(FarmJobsTest, TenThousandJobsAreFast)
     EXPECT_EQ("9999", shown[0]->id); // of the others the latest, and all that run
     EXPECT_EQ("0", shown[149]->id);
     EXPECT_EQ(1, std::count(shown.begin(), shown.end(), m_Jobs.Find("4711")));
+}
+
+TEST_F(FarmJobsTest, TheTableSortsAndTurnsRound)
+{
+    Apply({JobMessage("a", state_Done, 100).Set(p_Name, "zebra"),
+           JobMessage("b", state_Running, 40).Set(p_Name, "Apple"),
+           JobMessage("c", state_Failed, 40).Set(p_Name, "apple")});
+    JobTable   table;
+    const auto order = [&]
+    {
+        table.SetJobs(m_Jobs.InOrder(), Time());
+        String ids;
+        for (int row = 0; row < table.RowCount(); ++row)
+        {
+            EXPECT_EQ(row, table.RowOf(table.IdAt(row)));
+            ids += table.IdAt(row);
+        }
+        return ids;
+    };
+    EXPECT_EQ("cba", order()) << "the latest first";
+    const struct
+    {
+        int         column;
+        const char* order;
+    } clicks[] = {{column_Name, "cba"}, // without regard to case, the latest first among equals
+                  {column_Name, "acb"},
+                  {column_State, "cba"}, // what needs the user first
+                  {column_Progress, "cba"}};
+    for (const auto& click : clicks)
+    {
+        table.SortBy(click.column);
+        EXPECT_EQ(click.order, order()) << click.column;
+    }
+    Apply({JobMessage("b", state_Running, 41)});
+    EXPECT_EQ("cba", order());
+    table.SortBy(99, true);
+    EXPECT_EQ(-1, table.SortColumn()) << "a column that there is not, from the options file";
+    EXPECT_EQ(-1, table.RowOf("x"));
 }
 
 TEST(JobText, IsOneLineHoweverOddTheJobIs)

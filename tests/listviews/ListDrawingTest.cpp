@@ -42,19 +42,15 @@ protected:
         EXPECT_TRUE(WaitFor([&] { return Ground(row, x) == colour; }))
             << "row " << row << Kept(PictureOf(m_List->GetBody()), "list");
     }
+    wxImage Part(const wxRect& area) const
+    {
+        return PictureOf(m_List->GetBody()).GetSubImage(area);
+    }
     int Ink(const wxRect& area) const
     {
-        const wxImage image = PictureOf(m_List->GetBody()).GetSubImage(area);
-        const auto    ground = PixelAt(image, 0, 0);
-        int           count = 0;
-        for (int y = 0; y < area.height; ++y)
-        {
-            for (int x = 0; x < area.width; ++x)
-            {
-                count += !Near(PixelAt(image, x, y), ground, 30);
-            }
-        }
-        return count;
+        const wxImage  image = Part(area);
+        const wxColour ground = PixelAt(image, 0, 0);
+        return CountPixels(image, [&](const wxColour& pixel) { return !Near(pixel, ground, 30); });
     }
     void Select(int row)
     {
@@ -109,15 +105,8 @@ TEST_F(ListDrawingTest, TextsKeepWithinTheirCells)
     EXPECT_GT(Ink(wxRect(33, 2 * height + 1, 94, height - 2)), 20);
     EXPECT_EQ(0, Ink(wxRect(33, 3 * height + 1, 94, height - 2)));
     EXPECT_GT(Ink(wxRect(33, 4 * height + 1, 94, height - 2)), 20);
-    const wxImage row =
-        PictureOf(m_List->GetBody()).GetSubImage(wxRect(31, 6 * height, 60, height));
-    bool red = false;
-    for (int i = 0; i < 60 * height; ++i)
-    {
-        const wxColour pixel = PixelAt(row, i % 60, i / 60);
-        red = red || (pixel.Red() > 180 && pixel.Green() < 60);
-    }
-    EXPECT_TRUE(red);
+    EXPECT_LT(0, CountPixels(Part(wxRect(31, 6 * height, 60, height)), [](const wxColour& pixel)
+                             { return pixel.Red() > 180 && pixel.Green() < 60; }));
 }
 
 TEST_F(ListDrawingTest, HeldAndSortedTitlesShow)

@@ -106,6 +106,8 @@ TEST_F(ListKeysTest, KeysGoToRowsAndSelect)
                       {50, 'A', control, "0-99 (100) 50 50"},
                       {50, WXK_SPACE, control, "-1--1 (0) 50 50"},
                       {50, WXK_UP, shift, "49-50 (2) 49 49"},
+                      {50, WXK_DOWN, 0, "51-51 (1) 51 51"},
+                      {99, WXK_DOWN, 0, "99-99 (1) 99 99"},
                       {50, WXK_END, both, "50-99 (50) 50 99"}};
     for (const auto& row : rows)
     {

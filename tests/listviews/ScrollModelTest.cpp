@@ -12,6 +12,8 @@ TEST(ScrollModel, SizesKeepWithinTheirBounds)
     EXPECT_EQ(internal::VisibleUnits(100, 0), 102) << "a unit of nothing counts as a pixel";
     EXPECT_EQ(internal::PageSize(wxVERTICAL, {10, 7, 2, 2}), 10) << "at least a unit";
     EXPECT_EQ(internal::PageSize(wxHORIZONTAL, {10, 7, 2, 2}), 7);
+    EXPECT_EQ(internal::PageSize(wxVERTICAL, {10, 7, 22, 32}), 200) << "whole lines";
+    EXPECT_EQ(internal::PageSize(wxHORIZONTAL, {10, 7, 22, 32}), 189) << "three columns stay";
 }
 
 TEST(ScrollModel, Targets)

@@ -55,6 +55,16 @@ bool Near(const wxColour& a, const wxColour& b, int tolerance)
            std::abs(a.Blue() - b.Blue()) <= tolerance;
 }
 
+int CountPixels(const wxImage& image, const std::function<bool(const wxColour&)>& isLike)
+{
+    int count = 0;
+    for (int i = 0; i < image.GetWidth() * image.GetHeight(); ++i)
+    {
+        count += isLike(PixelAt(image, i % image.GetWidth(), i / image.GetWidth()));
+    }
+    return count;
+}
+
 wxString Kept(const wxImage& image, const wxString& name)
 {
     const wxString folder = TOLVAN_PICTURE_FOLDER;

@@ -21,5 +21,8 @@ wxColour PixelAt(const wxImage& image, int x, int y);
 /// Whether every channel differs by at most `tolerance`.
 bool Near(const wxColour& a, const wxColour& b, int tolerance);
 
+/// How many pixels are like that.
+int CountPixels(const wxImage& image, const std::function<bool(const wxColour&)>& isLike);
+
 /// Keeps a picture of a failed test; the text says where, to be streamed into the message.
 wxString Kept(const wxImage& image, const wxString& name);
