@@ -32,7 +32,10 @@ wxDEFINE_EVENT(wxtEVT_LIST_COLUMNS, wxListEvent);
 
 void wxDBListCtrl::TellColumns(int column)
 {
-    m_Header->SendListEvent(wxtEVT_LIST_COLUMNS, wxPoint(0, 0), column, 0);
+    wxListEvent event(wxtEVT_LIST_COLUMNS, GetId());
+    event.SetEventObject(this);
+    event.SetColumn(column);
+    GetEventHandler()->ProcessEvent(event);
 }
 
 void wxDBListCtrl::AllowColumnMoves(bool allow)

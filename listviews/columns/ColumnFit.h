@@ -7,8 +7,8 @@
 namespace listviews
 {
 constexpr int  k_MostSampledRows = 10000;
-constexpr auto k_FitTime = std::chrono::milliseconds(20);     // for one column
-constexpr auto k_FitAllTime = std::chrono::milliseconds(100); // for all of them
+constexpr auto k_FitTime = std::chrono::milliseconds(16);    // for one column, and its title
+constexpr auto k_FitAllTime = std::chrono::milliseconds(80); // for all of them
 
 /// The most that `measure` gives for the rows from `seen.first` up to, without, `seen.second`, and
 /// for a sample of the `count` rows, as far as the time goes. Wherever that ends, the rows looked

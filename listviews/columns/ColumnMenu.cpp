@@ -46,6 +46,6 @@ void ColumnMenu::OnCommand(wxCommandEvent& event)
     m_Choice = event.GetId() == id_FitAll  ? Choice::FitAll
                : event.GetId() == id_Reset ? Choice::Reset
                                            : Choice::Column;
-    m_Column = event.GetId() - id_FirstColumn;
+    m_Column = m_Choice == Choice::Column ? event.GetId() - id_FirstColumn : -1;
 }
 } // namespace listviews

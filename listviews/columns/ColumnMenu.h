@@ -24,7 +24,7 @@ public:
     explicit ColumnMenu(const std::vector<wxDBListColumn>& columns);
 
     Choice Chosen() const { return m_Choice; }
-    int    Column() const { return m_Column; } ///< By its index then.
+    int    Column() const { return m_Column; } ///< Its index then; otherwise -1.
 
 private:
     void OnCommand(wxCommandEvent& event);

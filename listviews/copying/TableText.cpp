@@ -1,14 +1,20 @@
 #include "listviews/copying/TableText.h"
 
+#include <algorithm>
+
 namespace listviews
 {
 namespace
 {
-const char* const kQuoted = "\t\r\n\"";
 const char* const kHead =
     "<html><head><meta http-equiv=\"content-type\" content=\"text/html; charset=utf-8\"></head>"
     "<body><table>\n";
 const char* const kEnd = "</table></body></html>\n";
+
+bool IsQuoted(char byte)
+{
+    return byte == '\t' || byte == '\r' || byte == '\n' || byte == '"';
+}
 
 // The next cell of the text, and whether it is the last one of its row. `at` must lie in the text.
 String TakeCell(const String& table, size_t& at, bool& isLast)
@@ -74,7 +80,7 @@ void TableText::Add(const String& cell)
         m_Text += '\t';
     }
     m_IsRowOpen = true;
-    if (cell.find_first_of(kQuoted) == String::npos)
+    if (std::none_of(cell.begin(), cell.end(), IsQuoted))
     {
         m_Text += cell;
         return;

@@ -1,3 +1,4 @@
+#include "internal/port/PopUps.h"
 #include "listviews/columns/ColumnFit.h"
 #include "listviews/columns/ColumnLayout.h"
 #include "listviews/copying/TableText.h"
@@ -39,7 +40,7 @@ protected:
             Frame()->Bind(type,
                           [this, name = String(name)](wxListEvent& event)
                           {
-                              event.Skip(name != "right");
+                              event.Skip(name != "right" || !m_TakesRight);
                               m_Told += name + String::FromInt(event.GetColumn()) + " ";
                           });
         }
@@ -95,6 +96,7 @@ protected:
     wxUIActionSimulator    m_Input;
     wxWeakRef<wxtListCtrl> m_List;
     String                 m_Told;
+    bool                   m_TakesRight = true;
 };
 } // namespace
 
@@ -200,6 +202,53 @@ TEST_F(ListColumnsTest, KeysDoWhatHandsDo)
     {
         EXPECT_EQ(key.told, Press(key.key, key.modifiers)) << key.key;
     }
+}
+
+// By real keys; the last time the list goes while its menu is open.
+TEST_F(ListColumnsTest, AMenuOfTheColumnsOpensWhenNobodyHasAnother)
+{
+    m_TakesRight = false;
+    const struct
+    {
+        int         downs;
+        const char* told;
+    } picks[] = {
+        {2, "right0 columns1 ACD"}, {3, "right0 columns2 AD"}, {6, "right0 columns-1 ABCD"}};
+    int     downs = 0;
+    wxTimer keys;
+    keys.Bind(wxEVT_TIMER,
+              [&](wxTimerEvent&)
+              {
+                  if (!internal::IsShutOut(*Frame()))
+                  {
+                      return;
+                  }
+                  keys.Stop();
+                  for (int i = 0; i < downs; ++i)
+                  {
+                      m_Input.Char(WXK_DOWN);
+                  }
+                  if (downs == 0)
+                  {
+                      delete m_List.get();
+                  }
+                  m_Input.Char(downs == 0 ? WXK_ESCAPE : WXK_RETURN);
+              });
+    const auto open = [&]
+    {
+        keys.Start(20);
+        m_Input.Char(WXK_F10, wxMOD_CONTROL | wxMOD_SHIFT);
+        EXPECT_TRUE(WaitFor([&] { return !keys.IsRunning() && !internal::IsShutOut(*Frame()); }));
+    };
+    for (const auto& pick : picks)
+    {
+        downs = pick.downs;
+        open();
+        EXPECT_EQ(pick.told, Told());
+    }
+    downs = 0;
+    open();
+    EXPECT_FALSE(m_List);
 }
 
 TEST_F(ListColumnsTest, AnArrangementIsRemembered)

@@ -195,6 +195,30 @@ TEST_F(ListKeysTest, TypedTextLeadsToARow)
     EXPECT_TRUE(typed.IsStartOf("x")) << "the earlier ones are forgotten";
 }
 
+// Asked for its cells, a list of millions of rows keeps nobody waiting.
+TEST_F(ListKeysTest, ALongSearchGoesOnBesideEverythingElse)
+{
+    class HugeList : public KeyedList
+    {
+    public:
+        using KeyedList::KeyedList;
+        String GetDisplayText(int row, int) override { return row == 2999999 ? "z" : "x"; }
+    };
+    auto* const list = new HugeList(Frame(), wxID_ANY);
+    m_List->Hide();
+    Frame()->GetSizer()->Add(m_List = list, 1, wxEXPAND);
+    Frame()->Layout();
+    list->AddColumn(0, "Title", 100);
+    list->Insert(0, 3000000, true);
+    list->SetFocus();
+    EXPECT_TRUE(WaitFor([&] { return Body()->HasFocus(); }));
+    Press('q');
+    Press(WXK_ESCAPE); // drops the search for that
+    Press('z');
+    EXPECT_TRUE(WaitFor([&] { return list->GetFocusRow() == 2999999; }, 20000));
+    EXPECT_EQ(std::vector{2999999}, list->GetSelection());
+}
+
 TEST_F(ListKeysTest, ARefreshKeepsWhatTheUserHasMadeOfTheList)
 {
     const auto refill = [this](int first, int count)
