@@ -22,6 +22,7 @@ const struct
     {"Text fields", AddFields}, {"Choice, combo box and check list", AddChoices},
     {"Panels", AddPanels},      {"Charts", AddCharts},
     {"List", AddList},          {"Text lines", AddText},
+    {"Tree", AddTree},
 };
 } // namespace
 

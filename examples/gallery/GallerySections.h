@@ -14,4 +14,5 @@ void AddChoices(wxWindow* parent, wxSizer* sizer);
 void AddPanels(wxWindow* parent, wxSizer* sizer);
 void AddCharts(wxWindow* parent, wxSizer* sizer);
 void AddList(wxWindow* parent, wxSizer* sizer);
+void AddTree(wxWindow* parent, wxSizer* sizer);
 void AddText(wxWindow* parent, wxSizer* sizer);

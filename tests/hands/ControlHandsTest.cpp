@@ -4,6 +4,7 @@
 #include "appearance/wxtCheckBox.h"
 #include "appearance/wxtCheckListBox.h"
 #include "appearance/wxtComboBox.h"
+#include "listviews/wxDBTreeListCtrl.h"
 #include "listviews/wxtListCtrl.h"
 
 #include <algorithm>
@@ -44,6 +45,13 @@ wxString LookOf(wxWindow* control)
         if (const int width = list->GetColumn(1).width; width != kColumnWidth)
         {
             look << "w" << width;
+        }
+    }
+    else if (auto* const tree = dynamic_cast<wxDBTreeListCtrl*>(control))
+    {
+        for (const int row : tree->GetSelection())
+        {
+            look << row << ",";
         }
     }
     else if (const auto* const box = dynamic_cast<wxtCheckBox*>(control))
@@ -207,6 +215,21 @@ const Row kLists[] = {
     {"list", "edge press disable freed wider release enable", "begin1", "1,"},
     {"list", "edge press hide freed wider release show", "begin1", "1,"},
     {"list", "edge press refill wider release", "begin1 end1", "w150"},
+
+    // Its fourth row is selected, a job of the second node; the box is the first one's expander.
+    {"tree", "box press release", "expanding0 expanded0", "15,"},
+    {"tree", "box double", "expanding0 expanded0", "3,"},
+    {"tree", "box press leave release", "expanding0 expanded0", "15,"},
+    {"tree", "box press disable release enable press release", "expanding0 expanded0", "3,"},
+    {"tree", "box press hide leave release show", "expanding0 expanded0", "15,"},
+    {"tree", "box press theme release", "expanding0 expanded0", "15,"},
+    {"tree", "enter press release", "deselect3 select2", "2,"},
+    {"tree", "enter double", "deselect3 select2 expanding2 expanded2", "2,"},
+    {"tree", "click Right Right Left",
+     "deselect3 select2 expanding2 expanded2 deselect2 select3 deselect3 select2", "2,"},
+    {"tree", "click Left Left Left", "deselect3 select2 deselect2 select1", "1,"},
+    {"tree", "click KP_Add KP_Subtract KP_Multiply BackSpace",
+     "deselect3 select2 expanding2 expanded2 expanding2 expanded2 deselect2 select1", "1,"},
 };
 
 // What causes an event, and what causes another one afterwards.
@@ -242,13 +265,15 @@ const Handled kHandled[] = {
     {"list", "title", "right press release", "titleright1", "title press release"},
     {"list", "edge", "press leave release", "begin1", "title press release"},
     {"list", "edge press wider", "release", "end1", "title press release"},
+    {"tree", "box", "press release", "expanding0", "enter double"},
+    {"tree", "enter", "double", "deselect3", "enter double"},
 };
 
 // The controls that take keys, by label or name.
 const std::vector<wxString> kStops = {
-    "Default", "Normal", "Highlighted", "Check box", "Checked",  "Chosen",    "text",
-    "text",    "choice", "text",        "listBox",   "expander", "button",    "panel",
-    "lines",   "button", "text",        "Previous",  "Next",     "Match Case"};
+    "Default", "Normal", "Highlighted", "Check box", "Checked",  "Chosen",     "text",
+    "text",    "choice", "text",        "listBox",   "expander", "button",     "panel",
+    "lines",   "button", "text",        "Previous",  "Next",     "Match Case", "panel"};
 
 class ControlHandsTest : public HandsTest
 {

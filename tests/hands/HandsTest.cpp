@@ -5,6 +5,7 @@
 #include "appearance/wxtCheckListBox.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListHeader.h"
+#include "listviews/wxDBTreeListCtrl.h"
 #include "listviews/wxtListCtrl.h"
 #include "tests/support/EventCounter.h"
 #include "tests/support/TestApp.h"
@@ -77,6 +78,8 @@ const struct
     {wxEVT_LIST_ITEM_DESELECTED, "deselect", kItem},
     {wxEVT_LIST_ITEM_ACTIVATED, "open", kItem},
     {wxEVT_LIST_ITEM_RIGHT_CLICK, "right", kItem},
+    {wxEVT_TREELIST_ITEM_EXPANDING, "expanding", kItem},
+    {wxEVT_TREELIST_ITEM_EXPANDED, "expanded", kItem},
     {wxEVT_LIST_COL_CLICK, "title", kColumn},
     {wxEVT_LIST_COL_RIGHT_CLICK, "titleright", kColumn},
     {wxEVT_LIST_COL_BEGIN_DRAG, "begin", kColumn},
@@ -160,6 +163,7 @@ void HandsTest::Open()
     m_Frame = new GalleryFrame;
     Listen(*m_Frame, false);
     First<wxtListCtrl>()->SetName("list");
+    First<wxDBTreeListCtrl>()->SetName("tree");
     First<wxTextLineCtrl>()->SetName("lines");
     m_Frame->FindWindow(wxExpandablePanel::id_Expand)->SetName("expander");
     m_Frame->Show();
@@ -364,6 +368,12 @@ wxPoint HandsTest::PlaceOf(wxWindow* control, const std::string& word) const
     if (word == "below")
     {
         return control->GetScreenRect().GetBottomLeft() + wxPoint(kBeside + m_Aside, kBelow);
+    }
+    if (const auto* const tree = dynamic_cast<wxDBTreeListCtrl*>(control))
+    {
+        const wxRect cell = tree->GetBody()->GetCellRect(word == "box" ? 0 : 2, 0);
+        return tree->GetBody()->ClientToScreen(word == "box" ? cell.GetTopLeft() + wxPoint(9, 9)
+                                                             : middle(cell));
     }
     if (word == "box")
     {

@@ -1,0 +1,319 @@
+#include "internal/windows/UpperFloors.h"
+#include "listviews/tree/ChildrenOf.h"
+#include "listviews/tree/TreeCarry.h"
+#include "listviews/tree/TreeState.h"
+#include "listviews/wxDBListBody.h"
+#include "listviews/wxDBTreeListCtrl.h"
+#include "vesta/CallEntry.h"
+
+#include <wx/weakref.h>
+
+#include <algorithm>
+#include <chrono>
+#include <climits>
+#include <utility>
+
+using listviews::OpenNode;
+using listviews::OpenTree;
+using listviews::TreeMark;
+using listviews::TreePlace;
+using listviews::TreeState;
+
+/// What has to stay in sight while the rows are replaced.
+struct wxDBTreeListCtrl::_Sight
+{
+    std::vector<TreeMark> marks;
+    int                   offset = 0; ///< Of the reference from the view's top, pixels.
+    bool                  isFocusSeen = false;
+};
+
+namespace
+{
+constexpr int kSlice = 8; // milliseconds in which the window does nothing else
+
+// The marks of what is in sight.
+enum
+{
+    kAnchor,
+    kFocus,
+    kReference // the row that stays where it is on the screen
+};
+
+std::optional<uint64_t> KnownIdentity(const TreeState& tree, const TreePlace& place)
+{
+    const auto selected = place.parent->selected.find(place.place);
+    if (selected != place.parent->selected.end())
+    {
+        return selected->second;
+    }
+    if (const OpenNode* const node = place.Opened())
+    {
+        return node->identity;
+    }
+    const auto seen = std::find_if(tree.seen.begin(), tree.seen.end(),
+                                   [&place](const auto& row) { return row.place == place; });
+    if (seen != tree.seen.end())
+    {
+        return seen->identity;
+    }
+    return tree.isStale ? std::nullopt
+                        : std::optional(listviews::IdentityOf(
+                              *tree.model, listviews::ChildAt(*tree.model, place)));
+}
+
+bool HasNode(const OpenTree& tree, wxDBTreeNode node)
+{
+    bool found = false;
+    ForOpened(tree.Root(), [&](const OpenNode& opened) { found |= opened.node == node; });
+    return found;
+}
+} // namespace
+
+void wxDBTreeListCtrl::ModelChanged()
+{
+    CALL_ENTRY("wxDBTreeListCtrl::ModelChanged");
+    m_Tree->isStale = true;
+    m_Tree->row = {};
+    if (m_Tree->job || m_Tree->asking > 0)
+    {
+        // A model that changes all the time would never be shown if each change began anew.
+        m_Tree->isAgain = true;
+        wxWakeUpIdle();
+    }
+    else
+    {
+        StartArranging();
+    }
+}
+
+void wxDBTreeListCtrl::ChildrenChanged(wxDBTreeNode node)
+{
+    CALL_ENTRY("wxDBTreeListCtrl::ChildrenChanged");
+    if (m_Tree->wish.filter || m_Tree->aside || HasNode(*m_Tree->shown, node))
+    {
+        ModelChanged();
+    }
+    else
+    {
+        GetBody()->Redraw(); // its expander
+    }
+}
+
+void wxDBTreeListCtrl::SortChildren(const std::vector<wxDBTreeSort>& by)
+{
+    CALL_ENTRY("wxDBTreeListCtrl::SortChildren");
+    m_Tree->wish.by = by;
+    StartArranging();
+}
+
+void wxDBTreeListCtrl::SetFilter(const std::function<bool(wxDBTreeNode)>& matches)
+{
+    CALL_ENTRY("wxDBTreeListCtrl::SetFilter");
+    m_Tree->wish.filter = matches;
+    StartArranging();
+}
+
+bool wxDBTreeListCtrl::IsFiltered() const
+{
+    return m_Tree->aside != nullptr;
+}
+
+long long wxDBTreeListCtrl::GetMatchCount() const
+{
+    return m_Tree->matches;
+}
+
+bool wxDBTreeListCtrl::IsArranging() const
+{
+    return m_Tree->job || m_Tree->isDue || m_Tree->isAgain;
+}
+
+// Has the tree made that is wished for, at once if that is done in a moment.
+void wxDBTreeListCtrl::StartArranging()
+{
+    TreeState& tree = *m_Tree;
+    if (tree.asking > 0)
+    {
+        tree.isDue = true;
+        wxWakeUpIdle();
+        return;
+    }
+    tree.job.reset();
+    tree.isDue = tree.isAgain = false;
+    if (tree.model && Ask("Arranging a tree",
+                          [&] {
+                              tree.job = std::make_unique<listviews::ArrangeJob>(
+                                  *tree.model, tree.wish, tree.Unfiltered());
+                          }))
+    {
+        ArrangeOn();
+    }
+}
+
+void wxDBTreeListCtrl::ArrangeOn()
+{
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(kSlice);
+    bool       isMore = true;
+    const bool worked = Ask("Arranging a tree",
+                            [&]
+                            {
+                                while (isMore && std::chrono::steady_clock::now() < end)
+                                {
+                                    isMore = m_Tree->job->Step();
+                                }
+                            });
+    if (!worked)
+    {
+        m_Tree->job.reset(); // the old rows stay
+    }
+    else if (isMore)
+    {
+        wxWakeUpIdle();
+    }
+    else if (MayReplaceRows())
+    {
+        TakeArranged();
+    }
+}
+
+// Not under a hand that is about to do something to one of them. Whatever it does is an event, and
+// idle time comes after each.
+bool wxDBTreeListCtrl::MayReplaceRows() const
+{
+    return !GetBody()->HasCapture() && !internal::g_UpperFloors.isMenuOpen();
+}
+
+void wxDBTreeListCtrl::OnIdle(wxIdleEvent& event)
+{
+    event.Skip();
+    if (m_Tree->asking > 0 || !MayReplaceRows())
+    {
+        return;
+    }
+    const wxWeakRef<wxDBTreeListCtrl> self(this);
+    if (m_Tree->isDue || (m_Tree->isAgain && !m_Tree->job))
+    {
+        StartArranging();
+    }
+    else if (m_Tree->job)
+    {
+        ArrangeOn();
+    }
+    if (self && IsArranging() && MayReplaceRows())
+    {
+        event.RequestMore();
+    }
+}
+
+// The tree is made: it takes the place of the one that is shown.
+void wxDBTreeListCtrl::TakeArranged()
+{
+    const std::unique_ptr<listviews::ArrangeJob> job = std::move(m_Tree->job);
+    std::unique_ptr<OpenTree>                    made = job->Take();
+    _Sight                                       sight;
+    std::vector<int64_t>                         lost;
+    if (!Carry(*made, sight, lost))
+    {
+        return;
+    }
+    if (!lost.empty())
+    {
+        const wxWeakRef<wxDBTreeListCtrl> self(this);
+        const bool                        isAsBefore = DeselectRows(lost);
+        if (!self || IsBeingDeleted() || m_Tree->job || !m_Tree->model)
+        {
+            return;
+        }
+        if (!isAsBefore)
+        {
+            m_Tree->isDue = true; // a handler has changed the rows
+            wxWakeUpIdle();
+            return;
+        }
+        made->DeselectIn(made->Root());
+        if (!Carry(*made, sight, lost))
+        {
+            return;
+        }
+    }
+    Show(std::move(made), job->IsFiltered(), sight);
+    m_Tree->matches = job->Matches();
+    wxCommandEvent arranged(wxEVT_DBTREELIST_ARRANGED, GetId());
+    arranged.SetEventObject(this);
+    ProcessWindowEvent(arranged);
+}
+
+wxDBTreeListCtrl::_Sight wxDBTreeListCtrl::SightOf() const
+{
+    const int  height = GetRowHeight();
+    const int  scroll = GetScrollPos(wxVERTICAL);
+    const int  focus = GetFocusRow();
+    const auto topOf = [&](int row) { return static_cast<int64_t>(row) * height - scroll; };
+    _Sight     sight;
+    sight.isFocusSeen =
+        focus >= 0 && topOf(focus) > -height && topOf(focus) < GetScrollThumb(wxVERTICAL);
+    const int reference = sight.isFocusSeen ? focus : scroll / height;
+    sight.offset = static_cast<int>(topOf(reference));
+    sight.marks.resize(3);
+    sight.marks[kAnchor].place = m_Tree->shown->At(GetLastSelect());
+    sight.marks[kFocus].place = m_Tree->shown->At(focus);
+    sight.marks[kReference].place = m_Tree->shown->At(reference);
+    for (TreeMark& mark : sight.marks)
+    {
+        if (mark.place)
+        {
+            mark.identity = KnownIdentity(*m_Tree, mark.place);
+        }
+    }
+    return sight;
+}
+
+// Brings to the tree that is to be shown what has to stay, and fills `lost` with the rows that are
+// selected and can't. False when the model has thrown.
+bool wxDBTreeListCtrl::Carry(OpenTree& made, _Sight& sight, std::vector<int64_t>& lost)
+{
+    TreeState& tree = *m_Tree;
+    return Ask("Arranging a tree",
+               [&]
+               {
+                   sight = SightOf();
+                   const auto open = [&](const TreePlace& place)
+                   { return OpenChild(made, place, *tree.model, tree.wish.by, tree.isDue); };
+                   lost = CarrySelection(*tree.shown, made, *tree.model, open, sight.marks);
+               });
+}
+
+void wxDBTreeListCtrl::Show(std::unique_ptr<OpenTree> made, bool isFiltered, const _Sight& sight)
+{
+    TreeState& tree = *m_Tree;
+    const bool isStale = std::exchange(tree.isStale, tree.isAgain);
+    const bool isAtTop = GetScrollPos(wxVERTICAL) == 0;
+    ChangeRows(
+        [&]
+        {
+            if (isFiltered && !tree.aside)
+            {
+                tree.aside = std::move(tree.shown);
+                tree.aside->DeselectIn(tree.aside->Root());
+            }
+            else if (!isFiltered)
+            {
+                tree.aside.reset();
+            }
+            tree.shown = std::move(made);
+        });
+    // Where the row has gone, its neighbour is as good in a tree that shows the same as before.
+    const auto placeOf = [&](int mark)
+    {
+        const bool isGone = !sight.marks[mark].isSame && (isFiltered || !isStale);
+        return isGone ? TreePlace() : sight.marks[mark].place;
+    };
+    GoOnFrom(placeOf(kAnchor), placeOf(kFocus));
+    const int reference = RowAbove(sight.marks[kReference].place);
+    // Rows that are in another order only stay where the user looks at one of them.
+    if (reference >= 0 && (sight.isFocusSeen ? sight.marks[kFocus].isSame : isStale && !isAtTop))
+    {
+        const long long top = static_cast<long long>(reference) * GetRowHeight() - sight.offset;
+        SetScrollPos(wxVERTICAL, static_cast<int>(std::clamp<long long>(top, 0, INT_MAX)));
+    }
+}

@@ -1,0 +1,159 @@
+#include "listviews/tree/TreeCell.h"
+
+#include "internal/drawing/ColorMix.h"
+
+#include <wx/dc.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace listviews
+{
+namespace
+{
+constexpr double kLineShare = 0.3; // of the text's colour; the rest is the ground's
+constexpr double kArrowShare = 0.8;
+constexpr double kHaloShare = 0.3;
+constexpr int    kArrowLength = 5; // pixels from its base to its point
+
+/// Fills rectangles; a colour is set only when it is another one.
+class _Brush
+{
+public:
+    explicit _Brush(wxDC& dc) : m_Dc(dc), m_Pen(dc, *wxTRANSPARENT_PEN), m_Before(dc.GetBrush()) {}
+    ~_Brush() { m_Dc.SetBrush(m_Before); }
+    _Brush(const _Brush&) = delete;
+    _Brush& operator=(const _Brush&) = delete;
+
+    void Fill(const wxRect& rect, const wxColour& colour)
+    {
+        if (!colour.IsOk() || rect.IsEmpty())
+        {
+            return;
+        }
+        if (colour != m_Colour)
+        {
+            m_Colour = colour;
+            m_Dc.SetBrush(wxBrush(colour));
+        }
+        m_Dc.DrawRectangle(rect);
+    }
+    wxDC& Dc() const { return m_Dc; }
+
+private:
+    wxDC&          m_Dc;
+    wxDCPenChanger m_Pen;
+    wxBrush        m_Before;
+    wxColour       m_Colour;
+};
+
+// The lines that lead to the node and past it, as far as they are seen. They leave room for the
+// expander.
+void DrawLines(_Brush& brush, const TreeCellGeometry& geometry, const TreeCellState& state,
+               const wxColour& colour)
+{
+    const wxRect& cell = geometry.cell;
+    const int     levels = std::min(geometry.level + 1, static_cast<int>(state.hasSibling.size()));
+    for (int up = 1; up < levels; ++up)
+    {
+        if (state.hasSibling[static_cast<size_t>(up)])
+        {
+            brush.Fill(wxRect(geometry.MiddleOf(geometry.level - up), cell.y, 1, cell.height),
+                       colour);
+        }
+    }
+    const wxRect box = geometry.Expander();
+    const int    x = geometry.MiddleOf(geometry.level);
+    const int    middle = box.y + box.height / 2;
+    const int    above = state.hasExpander ? box.y : middle + 1;
+    if (!state.isFirst)
+    {
+        brush.Fill(wxRect(x, cell.y, 1, above - cell.y), colour);
+    }
+    if (!state.hasSibling.empty() && state.hasSibling[0])
+    {
+        const int below = state.hasExpander ? box.GetBottom() + 1 : middle;
+        brush.Fill(wxRect(x, below, 1, cell.GetBottom() + 1 - below), colour);
+    }
+    if (!state.hasExpander)
+    {
+        brush.Fill(wxRect(x, middle, geometry.Text().x - x, 1), colour);
+    }
+}
+
+// Line by line: the edges of a polygon would be smoothed on one port and not on the other.
+void DrawArrow(_Brush& brush, const wxRect& box, bool down, const wxColour& colour, double scale)
+{
+    const int pixels = std::max(1, static_cast<int>(std::lround(scale)));
+    wxDC&     dc = brush.Dc();
+    double    before[2];
+    dc.GetUserScale(&before[0], &before[1]);
+    dc.SetUserScale(before[0] / pixels, before[1] / pixels);
+    const int length = kArrowLength * pixels;
+    const int x = (box.x + box.width / 2) * pixels + pixels / 2;
+    const int y = (box.y + box.height / 2) * pixels + pixels / 2;
+    for (int i = 0; i < length; ++i)
+    {
+        const int half = length - 1 - i;
+        const int at = i - length / 2;
+        brush.Fill(down ? wxRect(x - half, y + at, 2 * half + 1, 1)
+                        : wxRect(x + at, y - half, 1, 2 * half + 1),
+                   colour);
+    }
+    dc.SetUserScale(before[0], before[1]);
+}
+} // namespace
+
+TreeCellGeometry::TreeCellGeometry(const wxRect& cellRect, int ofLevel) : cell(cellRect)
+{
+    const int most = (cell.width - k_LeastText) / k_Indent - 1;
+    level = std::clamp(ofLevel, 0, std::max(most, 0));
+}
+
+int TreeCellGeometry::MiddleOf(int ofLevel) const
+{
+    return cell.x + ofLevel * k_Indent + k_Indent / 2 + 1;
+}
+
+wxRect TreeCellGeometry::Expander() const
+{
+    return wxRect(MiddleOf(level) - k_Side / 2, cell.y + (cell.height - k_Side) / 2, k_Side,
+                  k_Side);
+}
+
+wxRect TreeCellGeometry::Press() const
+{
+    return wxRect(cell.x + level * k_Indent, cell.y, k_Indent + 1, cell.height).Intersect(cell);
+}
+
+wxRect TreeCellGeometry::Text() const
+{
+    const int indent = std::min((level + 1) * k_Indent, cell.width);
+    return wxRect(cell.x + indent, cell.y, cell.width - indent, cell.height);
+}
+
+TreeCellLook LookOf(const TreeCellState& state, const wxColour& text, const wxColour& ground)
+{
+    TreeCellLook look;
+    look.line = internal::MixColours(text, ground, kLineShare);
+    look.arrow = state.isHovered ? text : internal::MixColours(text, ground, kArrowShare);
+    if (state.isHovered)
+    {
+        look.halo = internal::MixColours(text, ground, kHaloShare);
+    }
+    return look;
+}
+
+void DrawTreeCell(wxDC& dc, const TreeCellGeometry& geometry, const TreeCellState& state,
+                  const TreeCellLook& look, double scale)
+{
+    const wxDCClipper clip(dc, geometry.cell);
+    _Brush            brush(dc);
+    DrawLines(brush, geometry, state, look.line);
+    if (state.hasExpander)
+    {
+        brush.Fill(geometry.Expander(), look.halo);
+        DrawArrow(brush, geometry.Expander(), state.isOpen, look.arrow, scale);
+    }
+}
+} // namespace listviews

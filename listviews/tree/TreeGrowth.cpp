@@ -1,0 +1,156 @@
+#include "listviews/tree/TreeGrowth.h"
+
+#include <algorithm>
+
+namespace listviews
+{
+CopiedGrowth::CopiedGrowth(wxDBTreeModel& model, const OpenTree& from) : TreeGrowth(model)
+{
+    m_Next.emplace_back(&from.Root(), &m_Tree->Root());
+}
+
+bool CopiedGrowth::Step()
+{
+    if (m_Added < m_Found.size())
+    {
+        AddFound();
+    }
+    else if (!m_Next.empty())
+    {
+        const auto [was, now] = m_Next.back();
+        m_Next.pop_back();
+        Look(*was, *now);
+    }
+    return m_Added < m_Found.size() || !m_Next.empty();
+}
+
+// Where the children are now that were open.
+void CopiedGrowth::Look(const OpenNode& was, OpenNode& now)
+{
+    std::vector<WantedChild> wanted;
+    for (const auto& child : was.opened)
+    {
+        wanted.push_back({child->identity, was.IndexAt(child->place)});
+    }
+    const int count = ChildCount(m_Model, now.node);
+    FindChildren(m_Model, now.node, count, wanted);
+    m_Tree->SetChildren(now, count, {}, count);
+    m_Now = &now;
+    m_Added = 0;
+    m_Found.clear();
+    for (size_t i = 0; i < wanted.size(); ++i)
+    {
+        if (wanted[i].found >= 0)
+        {
+            m_Found.emplace_back(wanted[i].found, was.opened[i].get());
+        }
+    }
+    std::sort(m_Found.begin(), m_Found.end());
+}
+
+void CopiedGrowth::AddFound()
+{
+    const auto [index, was] = m_Found[m_Added++];
+    const TreePlace place{m_Now, index};
+    if (place.Opened())
+    {
+        return; // two that had the same key
+    }
+    const wxDBTreeNode node = ChildAt(m_Model, place);
+    if (MayOpen(m_Model, node, m_Now->level))
+    {
+        OpenNode& made = m_Tree->Add(place, node, was->identity);
+        m_Tree->SetOpen(made, was->isOpen);
+        m_Next.emplace_back(was, &made);
+    }
+}
+
+FilteredGrowth::FilteredGrowth(wxDBTreeModel& model, TreeFilter filter)
+    : TreeGrowth(model), m_Filter(std::move(filter))
+{
+    Level root;
+    root.node = &m_Tree->Root();
+    root.count = ChildCount(model, root.node->node);
+    m_Levels.push_back(std::move(root));
+}
+
+bool FilteredGrowth::Step()
+{
+    if (m_Levels.empty())
+    {
+        return false;
+    }
+    if (m_Levels.back().next >= m_Levels.back().count || IsCutOff())
+    {
+        Leave();
+        return !m_Levels.empty();
+    }
+    const int          index = m_Levels.back().next++;
+    const wxDBTreeNode child = m_Model._Child(m_Levels.back().node->node, index);
+    if (child == wxDBTreeModel::k_Root)
+    {
+        return true; // it has gone
+    }
+    ++m_Looked;
+    const bool isMatch = m_Filter(child);
+    m_Matches += isMatch;
+    if (MayOpen(m_Model, child, m_Levels.back().node->level))
+    {
+        Enter(child, index, isMatch);
+    }
+    else if (isMatch)
+    {
+        Show(m_Levels.back(), index);
+    }
+    return true;
+}
+
+void FilteredGrowth::Show(Level& level, int index)
+{
+    level.hasInside = true;
+    if (!level.isWhole)
+    {
+        level.shown.push_back(static_cast<uint32_t>(index));
+    }
+}
+
+void FilteredGrowth::Enter(wxDBTreeNode child, int index, bool isMatch)
+{
+    const Level& outer = m_Levels.back();
+    const int    place = outer.isWhole ? index : static_cast<int>(outer.shown.size());
+    Level        level;
+    level.count = ChildCount(m_Model, child);
+    level.node = &m_Tree->Add({outer.node, place}, child, 0);
+    level.isMatch = isMatch;
+    level.isWhole = isMatch || outer.isWhole;
+    m_Levels.push_back(std::move(level));
+}
+
+// A node without a match inside stays closed, or is not there at all.
+void FilteredGrowth::Leave()
+{
+    Level level = std::move(m_Levels.back());
+    m_Levels.pop_back();
+    const int count = level.isWhole ? level.count : static_cast<int>(level.shown.size());
+    if (m_Levels.empty())
+    {
+        m_Tree->SetChildren(*level.node, level.count, std::move(level.shown), count);
+        return;
+    }
+    Level&    outer = m_Levels.back();
+    const int index = outer.next - 1;
+    if (level.hasInside)
+    {
+        level.node->identity = IdentityOf(m_Model, level.node->node);
+        m_Tree->SetChildren(*level.node, level.count, std::move(level.shown), count);
+        m_Tree->SetOpen(*level.node, true);
+        Show(outer, index);
+        return;
+    }
+    m_Tree->Forget({outer.node, level.node->place});
+    if (level.isMatch)
+    {
+        Show(outer, index);
+    }
+}
+} // namespace listviews
