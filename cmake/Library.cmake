@@ -19,7 +19,7 @@ target_include_directories(wxTolvan_objects PUBLIC ${CMAKE_SOURCE_DIR})
 target_link_libraries(wxTolvan_objects
     PUBLIC tolvan::vesta tolvan::platform tolvan::wx PkgConfig::PANGOCAIRO ${GTK_LINK_LIBRARIES}
     PRIVATE tolvan_warnings tolvan_sanitizers)
-target_precompile_headers(wxTolvan_objects PRIVATE <wx/wx.h>)
+target_precompile_headers(wxTolvan_objects PRIVATE <wx/wx.h> ${TOLVAN_STANDARD_HEADERS})
 # Programs reuse the library's precompiled header; the compiler takes it only for the same kind of
 # position-independent code.
 set(CMAKE_CXX_COMPILE_OPTIONS_PIE -fPIC)
