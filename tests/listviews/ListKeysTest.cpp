@@ -131,6 +131,10 @@ TEST_F(ListKeysTest, KeysGoToRowsAndSelect)
         Press(step.key, step.modifiers);
         EXPECT_EQ(step.after, State()) << step.key << ' ' << step.modifiers;
     }
+    m_List->EnsureVisible(0);
+    Begin(page);
+    Press(WXK_DOWN);
+    EXPECT_EQ(m_List->GetRowHeight(), m_List->GetScrollPos(wxVERTICAL)) << "the view goes along";
     Begin(-1);
     m_List->EnsureVisible(0);
     Press(WXK_DOWN);
