@@ -217,6 +217,18 @@ void wxDBListCtrl::Clear()
     m_Body->Redraw();
 }
 
+void wxDBListCtrl::SetItemCount(int count)
+{
+    CALL_ENTRY("wxDBListCtrl::SetItemCount");
+    if (count > GetItemCount())
+    {
+        Insert(GetItemCount(), static_cast<unsigned long>(count - GetItemCount()), false);
+    }
+    m_Model->rowCount = std::clamp(count, 0, GetItemCount());
+    m_Body->RowsChanged();
+    m_Body->Redraw();
+}
+
 const wxCursor& wxDBListCtrl::GetCurrentCursor() const
 {
     return m_Body->GetCursor();

@@ -142,6 +142,8 @@ public:
     void Remove(int row);
     void Remove(int row, unsigned long count);
     void Clear();
+    /// Has that many rows, which are others than before: nothing is told of those that have gone.
+    void SetItemCount(int count);
     int  GetItemCount() const;
     int  GetRowHeight() const;
     /// @}

@@ -22,11 +22,11 @@ void UseInputColors(wxtColorManaged& control)
     control.RefreshColors();
 }
 
-void ColourField(wxWindow& field)
+void ColourField(wxWindow& field, bool framed)
 {
     const wxColour ink = wxtGetColor(color_Text);
     const wxColour ground = wxtGetColor(color_WindowBGLighter);
-    const wxColour focus = wxtGetColor(color_Selected);
+    const wxColour focus = framed ? wxtGetColor(color_Selected) : wxColour();
     const wxColour hint = wxtGetColor(color_TextGrey);
     const ItemLook selected = ItemLook::Of(ground, ink, true);
     internal::StyleField(field, {ink, ground, hint, selected.ink, selected.ground, focus});

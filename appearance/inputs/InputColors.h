@@ -10,6 +10,7 @@ namespace appearance
 /// Gives a managed control the colours of a field, whatever its parent's are, and shows them.
 void UseInputColors(wxtColorManaged& control);
 /// Shows the colours of the scheme where a text field has more than those of its text and ground:
-/// its hint, what is selected, the frame of the focus, the list of completions.
-void ColourField(wxWindow& field);
+/// its hint, what is selected, the frame of the focus, the list of completions. `framed`: not by
+/// what it lies in.
+void ColourField(wxWindow& field, bool framed = true);
 } // namespace appearance

@@ -1,0 +1,169 @@
+#include "listviews/arranging/FilterQuery.h"
+
+#include "internal/text/Folding.h"
+
+#include <algorithm>
+
+namespace listviews
+{
+namespace
+{
+constexpr size_t kNoQuote = std::string::npos;
+
+bool IsBlank(char c)
+{
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
+}
+
+bool Has(const std::string& text, const std::string& part)
+{
+    return text.find(part) != std::string::npos;
+}
+
+std::string Lower(std::string_view text)
+{
+    std::string folded;
+    internal::AppendFolded(folded, text);
+    return folded;
+}
+} // namespace
+
+// A quote may stand anywhere in a word, and one that is not closed yet reaches to the end: the user
+// is still typing.
+FilterQuery::FilterQuery(const String& text, const std::vector<Column>& columns)
+    : m_Columns(columns), m_Folded(columns.size())
+{
+    std::string word;
+    size_t      quoted = kNoQuote;
+    bool        inQuotes = false;
+    for (const char c : text)
+    {
+        if (c == '"')
+        {
+            inQuotes = !inQuotes;
+            quoted = std::min(quoted, word.size());
+        }
+        else if (IsBlank(c) && !inQuotes)
+        {
+            AddTerm(word, quoted);
+            word.clear();
+            quoted = kNoQuote;
+        }
+        else
+        {
+            word += c;
+        }
+    }
+    AddTerm(word, quoted);
+}
+
+// `quoted`: where quotes begin; a minus or a colon within them is text.
+void FilterQuery::AddTerm(std::string_view word, size_t quoted)
+{
+    Term term;
+    if (!word.empty() && word[0] == '-' && quoted > 0)
+    {
+        term.negated = true;
+        word.remove_prefix(1);
+        quoted -= quoted == kNoQuote ? 0 : 1;
+    }
+    const size_t colon = word.find(':');
+    if (colon != std::string_view::npos && colon < quoted)
+    {
+        term.column = Named(word.substr(0, colon));
+        word.remove_prefix(term.IsAnywhere() ? 0 : colon + 1);
+    }
+    term.needle = Lower(word);
+    if (!term.needle.empty())
+    {
+        // Those that look at one column only come first: they say no at less cost.
+        m_Terms.insert(term.IsAnywhere() ? m_Terms.end() : m_Terms.begin(), std::move(term));
+    }
+}
+
+// The whole title or key, or else the beginning of one title only.
+size_t FilterQuery::Named(std::string_view name) const
+{
+    const std::string wanted = Lower(name);
+    size_t            found = k_Anywhere;
+    int               count = 0;
+    for (size_t i = 0; i < m_Columns.size() && !wanted.empty(); ++i)
+    {
+        const std::string title = Lower(m_Columns[i].title);
+        if (title == wanted || Lower(m_Columns[i].key) == wanted)
+        {
+            return i;
+        }
+        if (title.compare(0, wanted.size(), wanted) == 0)
+        {
+            found = i;
+            ++count;
+        }
+    }
+    return count == 1 ? found : k_Anywhere;
+}
+
+// The text of a column is asked for once, however many terms look there.
+const std::string& FilterQuery::FoldedOf(size_t column, ArrangedItems& items, int item) const
+{
+    Folded& folded = m_Folded[column];
+    if (folded.round != m_Round)
+    {
+        folded.round = m_Round;
+        folded.text.clear();
+        internal::AppendFolded(folded.text, items.TextOf(item, m_Columns[column].type));
+    }
+    return folded.text;
+}
+
+bool FilterQuery::Holds(const Term& term, ArrangedItems& items, int item) const
+{
+    if (!term.IsAnywhere())
+    {
+        return Has(FoldedOf(term.column, items, item), term.needle);
+    }
+    for (size_t column = 0; column < m_Columns.size(); ++column)
+    {
+        if (m_Columns[column].isShown && Has(FoldedOf(column, items, item), term.needle))
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool FilterQuery::Matches(ArrangedItems& items, int item) const
+{
+    ++m_Round;
+    return std::all_of(m_Terms.begin(), m_Terms.end(),
+                       [&](const Term& term) { return Holds(term, items, item) != term.negated; });
+}
+
+// Whether one of the query's own terms says at least what this one does.
+bool FilterQuery::Implies(const Term& term) const
+{
+    return std::any_of(m_Terms.begin(), m_Terms.end(),
+                       [&](const Term& own)
+                       {
+                           if (own.negated != term.negated || own.column != term.column)
+                           {
+                               return false;
+                           }
+                           // A longer text occurs more rarely.
+                           const std::string& rarer = own.negated ? term.needle : own.needle;
+                           const std::string& oftener = own.negated ? own.needle : term.needle;
+                           return Has(rarer, oftener);
+                       });
+}
+
+bool FilterQuery::IsWithin(const FilterQuery& other) const
+{
+    const bool isOfSameColumns = std::equal(
+        m_Columns.begin(), m_Columns.end(), other.m_Columns.begin(), other.m_Columns.end(),
+        [](const Column& left, const Column& right)
+        { return left.type == right.type && left.isShown == right.isShown; });
+    return other.IsEmpty() ||
+           (isOfSameColumns && std::all_of(other.m_Terms.begin(), other.m_Terms.end(),
+                                           [this](const Term& term) { return Implies(term); }));
+}
+} // namespace listviews

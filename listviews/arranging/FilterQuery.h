@@ -1,0 +1,65 @@
+#pragma once
+
+#include "listviews/arranging/ArrangedItems.h"
+#include "vesta/String.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace listviews
+{
+/// What a user types to see only some of a list's rows: words that all have to occur, in any case
+/// and anywhere in the shown columns. "-word" must not occur, "column:word" only counts there, and
+/// quotes keep blanks together: `beauty -failed state:"on hold"`. Main thread.
+class FilterQuery
+{
+public:
+    /// A column that can be named, by its title, the beginning of it or its key.
+    struct Column
+    {
+        int    type = 0;
+        String title;
+        String key;
+        bool   isShown = true; ///< Words without a column are looked for in it.
+    };
+
+    FilterQuery() = default;
+    FilterQuery(const String& text, const std::vector<Column>& columns);
+
+    bool IsEmpty() const { return m_Terms.empty(); } ///< Every item matches.
+    bool Matches(ArrangedItems& items, int item) const;
+    /// Whether every item that matches this one matches `other` too: what does not match `other`
+    /// need not be looked at again.
+    bool IsWithin(const FilterQuery& other) const;
+
+private:
+    static constexpr size_t k_Anywhere = std::string::npos;
+
+    struct Term
+    {
+        std::string needle;              ///< In lower case.
+        size_t      column = k_Anywhere; ///< Its index.
+        bool        negated = false;
+
+        bool IsAnywhere() const { return column == k_Anywhere; }
+    };
+    /// A column's text of the item that is looked at.
+    struct Folded
+    {
+        std::string text;
+        size_t      round = 0; ///< In which it was asked for.
+    };
+
+    void               AddTerm(std::string_view word, size_t quoted);
+    size_t             Named(std::string_view name) const;
+    bool               Holds(const Term& term, ArrangedItems& items, int item) const;
+    bool               Implies(const Term& term) const;
+    const std::string& FoldedOf(size_t column, ArrangedItems& items, int item) const;
+
+    std::vector<Column>         m_Columns;
+    std::vector<Term>           m_Terms;
+    mutable std::vector<Folded> m_Folded; ///< By column.
+    mutable size_t              m_Round = 0;
+};
+} // namespace listviews

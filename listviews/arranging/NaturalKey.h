@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace listviews
+{
+/// Appends a key of the text: keys compare byte by byte as people sort names, numbers in them by
+/// their value and letters without regard to case ("shot 9" before "Shot 10"). Texts that differ in
+/// case or in leading zeros only have the same key. Any thread.
+void AppendNaturalKey(std::string& key, std::string_view text);
+
+/// Appends a key of the number: keys compare byte by byte as the numbers do. All NaN are one,
+/// behind every number.
+void AppendNumberKey(std::string& key, double number);
+} // namespace listviews

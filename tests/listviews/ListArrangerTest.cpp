@@ -1,0 +1,220 @@
+#include "appearance/wxtSearchField.h"
+#include "listviews/wxDBListBody.h"
+#include "listviews/wxDBListCtrl.h"
+#include "listviews/wxListArranger.h"
+#include "tests/support/FrameTest.h"
+#include "tests/support/LogCapture.h"
+#include "vesta/Exception.h"
+
+#include <wx/listbase.h>
+#include <wx/sizer.h>
+#include <wx/textctrl.h>
+#include <wx/uiaction.h>
+
+#include <algorithm>
+#include <set>
+
+namespace
+{
+// Its items are numbers from 0 on, whose texts run the other way, and that are even or odd.
+class ArrangedList : public wxDBListCtrl
+{
+public:
+    ArrangedList(wxWindow* parent, int count)
+        : wxDBListCtrl(parent, wxID_ANY, false), m_Count(count)
+    {
+        AddColumn(5, "Name", 150);
+        AddColumn(7, "Kind", 100);
+        Bind(wxEVT_LIST_ITEM_SELECTED,
+             [this](wxListEvent& event) { m_Selected.insert(ItemOf(event)); });
+        Bind(wxEVT_LIST_ITEM_DESELECTED,
+             [this](wxListEvent& event)
+             {
+                 m_Selected.erase(ItemOf(event));
+                 m_Gone.push_back(ItemOf(event));
+                 event.Skip();
+             });
+        m_Arranger = std::make_unique<wxListArranger>(
+            *this, wxListArranger::Items{[this] { return m_Count; },
+                                         [this](int item, int type) { return TextOf(item, type); },
+                                         nullptr});
+    }
+
+    bool IsRowSelected(int row) override { return m_Selected.count(m_Arranger->ItemAt(row)) > 0; }
+    std::vector<int> GetSelection() override
+    {
+        std::vector<int> rows;
+        for (int row = 0; row < GetItemCount(); ++row)
+        {
+            if (IsRowSelected(row))
+            {
+                rows.push_back(row);
+            }
+        }
+        return rows;
+    }
+    String GetDisplayText(int row, int column) override
+    {
+        const int item = m_Arranger ? m_Arranger->ItemAt(row) : -1;
+        return item < 0 ? String() : TextOf(item, GetColumn(column).type);
+    }
+    String TextOf(int item, int type)
+    {
+        if (m_OnText)
+        {
+            m_OnText(item);
+        }
+        return type == 5 ? "n" + String::FromInt(m_First - item) : item % 2 ? "odd" : "even";
+    }
+    int ItemOf(const wxListEvent& event) const
+    {
+        return m_Arranger->ItemAt(static_cast<int>(event.GetIndex()));
+    }
+
+    int                             m_First = 1000;
+    int                             m_Count;
+    std::set<int>                   m_Selected;
+    std::vector<int>                m_Gone;
+    std::function<void(int)>        m_OnText;
+    std::unique_ptr<wxListArranger> m_Arranger;
+};
+
+class ListArrangerTest : public FrameTest
+{
+protected:
+    ListArrangerTest()
+        : m_Field(new wxtSearchField(Frame())), m_List(new ArrangedList(Frame(), 100))
+    {
+        auto* const sizer = new wxBoxSizer(wxVERTICAL);
+        sizer->Add(m_Field, 0, wxEXPAND);
+        sizer->Add(m_List, 1, wxEXPAND);
+        Frame()->SetSizer(sizer);
+        Frame()->Layout();
+        EXPECT_TRUE(WaitFor([this] { return m_List->GetScrollRange(wxVERTICAL) > 500; }));
+    }
+    wxListArranger& Arranger() const { return *m_List->m_Arranger; }
+    void            Send(const wxEventTypeTag<wxListEvent>& type, int row) const
+    {
+        m_List->GetBody()->SendListEvent(type, wxPoint(0, 0), 0, row);
+    }
+    // The items of the first rows.
+    std::vector<int> Top() const
+    {
+        std::vector<int> items;
+        for (int row = 0; row < 4; ++row)
+        {
+            items.push_back(Arranger().ItemAt(row));
+        }
+        return items;
+    }
+    bool Arranged() const
+    {
+        return WaitFor([this] { return !m_List || !Arranger().IsArranging(); }, 20000);
+    }
+    using Items = std::vector<int>;
+
+    wxtSearchField*         m_Field;
+    wxWeakRef<ArrangedList> m_List;
+};
+} // namespace
+
+TEST_F(ListArrangerTest, TitlesSortAndTheRestStaysWithItsItems)
+{
+    Send(wxEVT_LIST_ITEM_SELECTED, 40);
+    m_List->SetLastSelect(40);
+    m_List->SetScrollPos(wxVERTICAL, 37 * m_List->GetRowHeight());
+    wxUIActionSimulator input;
+    const auto          click = [&](int x)
+    {
+        input.MouseMove(m_List->ClientToScreen(wxPoint(x, 8)));
+        input.MouseClick();
+        PumpEvents();
+        EXPECT_TRUE(WaitFor([] { return !wxGetMouseState().LeftIsDown(); }));
+        EXPECT_TRUE(Arranged());
+    };
+    click(75);
+    EXPECT_TRUE(WaitFor([this] { return Arranger().ItemAt(0) == 99; })) << "n901 before n1000";
+    EXPECT_EQ(59, m_List->GetLastSelect());
+    EXPECT_EQ(Items{59}, m_List->GetSelection());
+    EXPECT_EQ(3 * m_List->GetRowHeight(), m_List->GetBody()->GetItemRect(m_List->GetFocusRow()).y)
+        << "its place on the screen";
+    EXPECT_EQ(wxDBListCtrl::image_Ascending, m_List->GetColumn(0).image);
+    click(75);
+    EXPECT_TRUE(WaitFor([this] { return Arranger().ItemAt(0) == 0; }));
+    EXPECT_EQ(wxDBListCtrl::image_Descending, m_List->GetColumn(0).image);
+    input.KeyDown(WXK_SHIFT);
+    click(200);
+    input.KeyUp(WXK_SHIFT);
+    click(200);
+    EXPECT_TRUE(WaitFor([this] { return Top() == Items{0, 2, 4, 6}; }));
+    Arranger().ClickTitle(5, true);
+    EXPECT_EQ((Items{98, 96, 94, 92}), Top());
+    EXPECT_EQ(1, m_List->GetColumn(1).rank);
+    EXPECT_EQ(2, m_List->GetColumn(0).rank);
+    Arranger().SaveSorting("Lists", "Sorting");
+    Arranger().StopSorting();
+    EXPECT_EQ((Items{0, 1, 2, 3}), Top());
+    EXPECT_EQ(wxDBListCtrl::image_None, m_List->GetColumn(0).image);
+    Arranger().RestoreSorting("Lists", "Sorting");
+    EXPECT_EQ((Items{98, 96, 94, 92}), Top());
+}
+
+TEST_F(ListArrangerTest, AFieldFiltersAsItIsTypedInto)
+{
+    Arranger().Follow(*m_Field);
+    Send(wxEVT_LIST_ITEM_SELECTED, 3);
+    Send(wxEVT_LIST_ITEM_SELECTED, 10);
+    wxUIActionSimulator input;
+    m_Field->SetFocus();
+    PumpEvents();
+    input.Text("n9 -odd");
+    EXPECT_TRUE(WaitFor([this] { return Arranger().GetFilter() == "n9 -odd"; }));
+    EXPECT_TRUE(WaitFor([this] { return m_List->GetItemCount() == 49; }));
+    EXPECT_EQ("49 of 100 shown", m_Field->GetNote());
+    EXPECT_EQ((Items{2, 4, 6, 8}), Top());
+    EXPECT_EQ(Items{3}, m_List->m_Gone);
+    EXPECT_EQ(Items{4}, m_List->GetSelection()) << "item 10";
+    m_List->m_Count = 1000000;
+    m_List->m_First = 2000000;
+    Arranger().ItemsChanged();
+    Arranger().ItemsChanged();
+    Arranger().SortBy(5, true);
+    EXPECT_TRUE(Arranged());
+    EXPECT_EQ("0 of 1,000,000 shown", m_Field->GetNote());
+    input.Char(WXK_ESCAPE);
+    EXPECT_TRUE(WaitFor([this] { return Arranger().GetFilter().empty(); }));
+    EXPECT_TRUE(Arranged());
+    EXPECT_EQ(999999, Arranger().ItemAt(0));
+    EXPECT_EQ(1000000, m_List->GetItemCount());
+    EXPECT_EQ("", m_Field->GetNote());
+    input.Char(WXK_DOWN);
+    EXPECT_TRUE(WaitFor([this] { return m_List->GetBody()->HasFocus(); }));
+}
+
+TEST_F(ListArrangerTest, SurvivesItsHost)
+{
+    LogCapture log;
+    m_List->m_OnText = [](int item)
+    {
+        if (item == 50)
+        {
+            throw new Exception("Host", "TextOf", 7, "no such item");
+        }
+    };
+    Arranger().SortBy(5, true);
+    EXPECT_TRUE(Arranged());
+    EXPECT_EQ((Items{0, 1, 2, 3}), Top()) << "as it was";
+    EXPECT_EQ(1, log.Count("no such item"));
+    m_List->m_OnText = [this](int) { Arranger().ItemsChanged(); };
+    m_List->m_Count = 5;
+    Arranger().SortBy(5, false);
+    m_List->m_OnText = nullptr;
+    EXPECT_TRUE(WaitFor([this] { return m_List->GetItemCount() == 5; }));
+    m_List->m_Count = 2;
+    EXPECT_EQ((Items{0, 1, -1, -1}), Top()) << "those that have gone meanwhile";
+    m_List->m_Count = 5;
+    Send(wxEVT_LIST_ITEM_SELECTED, 1);
+    m_List->Bind(wxEVT_LIST_ITEM_DESELECTED, [this](wxListEvent&) { m_List->Destroy(); });
+    Arranger().SetFilter("even");
+    EXPECT_TRUE(WaitFor([this] { return !m_List; }));
+}
