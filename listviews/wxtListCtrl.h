@@ -16,7 +16,8 @@ class wxListEvent;
 
 /// A list that keeps its rows as texts, and what of them is selected. Its operations have the names
 /// of a stock report-mode list's. Operations on rows or columns that it does not have do nothing.
-/// Main thread.
+/// Rows stay in the order in which they were put: a list that sorts or filters derives from
+/// `wxDBListCtrl` and has a `wxListArranger`. Main thread.
 class TOLVAN_API wxtListCtrl : public wxDBListCtrl
 {
 public:

@@ -18,10 +18,15 @@ const struct
     const char*    title;
     GallerySection add;
 } kSections[] = {
-    {"Buttons", AddButtons},    {"Check boxes and radio buttons", AddBoxes},
-    {"Text fields", AddFields}, {"Choice, combo box and check list", AddChoices},
-    {"Panels", AddPanels},      {"Charts", AddCharts},
-    {"List", AddList},          {"Text lines", AddText},
+    {"Buttons", AddButtons},
+    {"Check boxes and radio buttons", AddBoxes},
+    {"Text fields", AddFields},
+    {"Choice, combo box and check list", AddChoices},
+    {"Panels", AddPanels},
+    {"Charts", AddCharts},
+    {"List", AddList},
+    {"Text lines", AddText},
+    {"A list of a million rows", AddArrangedList},
     {"Tree", AddTree},
 };
 } // namespace

@@ -15,4 +15,5 @@ void AddPanels(wxWindow* parent, wxSizer* sizer);
 void AddCharts(wxWindow* parent, wxSizer* sizer);
 void AddList(wxWindow* parent, wxSizer* sizer);
 void AddTree(wxWindow* parent, wxSizer* sizer);
+void AddArrangedList(wxWindow* parent, wxSizer* sizer);
 void AddText(wxWindow* parent, wxSizer* sizer);
