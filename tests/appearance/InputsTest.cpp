@@ -4,6 +4,7 @@
 #include "appearance/wxtTextCtrl.h"
 #include "internal/port/Completions.h"
 #include "tests/appearance/PanelTest.h"
+#include "tests/support/EventCounter.h"
 #include "tests/support/Pictures.h"
 #include "tests/support/TestApp.h"
 #include "tolvan/ClientOptions.h"
