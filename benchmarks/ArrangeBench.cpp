@@ -98,7 +98,8 @@ void Measure(benchmark::State& state, const std::function<void(wxListArranger&)>
         const double first = SecondsSince(start);
         const double longest = std::max(first, finish());
         state.SetIterationTime(SecondsSince(start));
-        state.counters["longest_ms"] = std::max<double>(state.counters["longest_ms"], longest * 1e3);
+        state.counters["longest_ms"] =
+            std::max<double>(state.counters["longest_ms"], longest * 1e3);
         state.counters["rows"] = arranger.GetShownCount();
     }
     CloseFrame(frame);
