@@ -1,63 +1,15 @@
 #include "listviews/tree/LevelSort.h"
 
+#include "listviews/arranging/NaturalKey.h"
 #include "vesta/Log.h"
 
 #include <algorithm>
-#include <cctype>
-#include <cmath>
-#include <cstring>
 
 namespace listviews
 {
 namespace
 {
 constexpr int kFew = 512; // children that are asked for, and sorted, at once
-
-constexpr size_t kMostDigits = 255; // of a number in a text
-
-bool IsDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
-// Compares byte by byte as people sort names: numbers by their value, before letters in any case.
-void AppendNaturalKey(std::string& key, const String& text)
-{
-    for (size_t at = 0; at < text.size();)
-    {
-        if (!IsDigit(text[at]))
-        {
-            key += static_cast<char>(std::tolower(static_cast<unsigned char>(text[at++])));
-            continue;
-        }
-        const size_t begin = std::min(text.find_first_not_of('0', at), text.size());
-        size_t       end = begin;
-        while (end < text.size() && IsDigit(text[end]) && end - begin < kMostDigits)
-        {
-            ++end;
-        }
-        key += '0';
-        key += static_cast<char>(end - begin);
-        key.append(text, begin, end - begin);
-        at = end;
-    }
-}
-
-// All that are none are one, behind every number.
-void AppendNumberKey(std::string& key, double number)
-{
-    uint64_t bits = UINT64_MAX;
-    if (!std::isnan(number))
-    {
-        const double plain = number == 0 ? 0.0 : number; // there is one zero
-        std::memcpy(&bits, &plain, sizeof(bits));
-        bits = bits >> 63 ? ~bits : bits | (uint64_t{1} << 63);
-    }
-    for (int shift = 56; shift >= 0; shift -= 8)
-    {
-        key += static_cast<char>(bits >> shift);
-    }
-}
 
 // Keys of several columns stand behind one another: each text has an end that is less than any
 // character.
@@ -92,13 +44,21 @@ LevelSort::LevelSort(wxDBTreeModel& model, const TreeSort& by, OpenNode& node)
     {
         m_Next = -1;
     }
+    else if (node.count > kFew)
+    {
+        m_Many = std::make_unique<KeySort>(static_cast<size_t>(node.count));
+    }
 }
 
 bool LevelSort::Step()
 {
-    if (m_Next < 0 || m_Next == m_Node.count)
+    if (m_Next < 0)
     {
         return false;
+    }
+    if (m_Next == m_Node.count)
+    {
+        return m_Many && m_Many->Step();
     }
     for (const int end = std::min(m_Node.count - m_Next, kFew) + m_Next; m_Next < end; ++m_Next)
     {
@@ -116,7 +76,14 @@ void LevelSort::AddKey(int place)
     {
         AppendKey(m_Key, m_Model, child, by);
     }
-    m_Keys.emplace_back(m_Key, index);
+    if (m_Many)
+    {
+        m_Many->Add(index, m_Key);
+    }
+    else
+    {
+        m_Few.emplace_back(m_Key, index);
+    }
 }
 
 void LevelSort::Apply()
@@ -125,11 +92,15 @@ void LevelSort::Apply()
     {
         return;
     }
-    std::stable_sort(m_Keys.begin(), m_Keys.end(),
-                     [](const auto& left, const auto& right) { return left.first < right.first; });
     std::vector<uint32_t> order;
-    order.reserve(m_Keys.size());
-    for (const auto& [key, index] : m_Keys)
+    if (m_Many)
+    {
+        const std::vector<int> sorted = m_Many->Items();
+        order.assign(sorted.begin(), sorted.end());
+    }
+    std::stable_sort(m_Few.begin(), m_Few.end(),
+                     [](const auto& left, const auto& right) { return left.first < right.first; });
+    for (const auto& [key, index] : m_Few)
     {
         order.push_back(static_cast<uint32_t>(index));
     }

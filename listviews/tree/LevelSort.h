@@ -1,8 +1,10 @@
 #pragma once
 
+#include "listviews/arranging/KeySort.h"
 #include "listviews/tree/OpenTree.h"
 #include "listviews/wxDBTreeModel.h"
 
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,7 +18,7 @@ class LevelSort
 {
 public:
     /// More children than that stay as they are.
-    static constexpr int k_MostChildren = 1000000;
+    static constexpr int k_MostChildren = 5000000;
 
     LevelSort(wxDBTreeModel& model, const TreeSort& by, OpenNode& node);
 
@@ -31,6 +33,7 @@ private:
     OpenNode&                                m_Node;
     int                                      m_Next = 0; ///< The place whose key is asked for next.
     std::string                              m_Key;      ///< Of the child that is asked.
-    std::vector<std::pair<std::string, int>> m_Keys;     ///< With the children's indexes.
+    std::vector<std::pair<std::string, int>> m_Few;      ///< Keys and indexes, when there are few.
+    std::unique_ptr<KeySort>                 m_Many;     ///< Else.
 };
 } // namespace listviews
