@@ -84,6 +84,7 @@ const struct
     {wxEVT_LIST_COL_RIGHT_CLICK, "titleright", kColumn},
     {wxEVT_LIST_COL_BEGIN_DRAG, "begin", kColumn},
     {wxEVT_LIST_COL_END_DRAG, "end", kColumn},
+    {wxtEVT_LIST_COLUMNS, "columns", kColumn},
 };
 
 void RunDialog(wxTopLevelWindow& parent)
@@ -217,7 +218,9 @@ void HandsTest::OnHeard(wxEvent& event, const std::string& what)
 {
     m_Heard += what + " ";
     const auto then = std::exchange(m_Then, nullptr);
-    event.Skip(!then); // the toolkit would go on with a control that has gone
+    // The toolkit would go on with a control that has gone, and a list with a menu, which waits for
+    // the hand that waits here.
+    event.Skip(!then && event.GetEventType() != wxEVT_LIST_COL_RIGHT_CLICK);
     if (then)
     {
         then();
