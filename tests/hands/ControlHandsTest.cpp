@@ -281,9 +281,9 @@ const Handled kHandled[] = {
 
 // The controls that take keys, by label or name.
 const std::vector<wxString> kStops = {
-    "Default", "Normal", "Highlighted", "Check box", "Checked",  "Chosen",     "text",
-    "text",    "choice", "text",        "listBox",   "expander", "button",     "panel",
-    "lines",   "button", "text",        "Previous",  "Next",     "Match Case", "panel"};
+    "Default", "Normal",   "Highlighted", "Check box",  "Checked", "Chosen", "text",  "text",
+    "choice",  "text",     "listBox",     "expander",   "button",  "panel",  "lines", "button",
+    "text",    "Previous", "Next",        "Match Case", "text",    "panel",  "panel"};
 
 class ControlHandsTest : public HandsTest
 {
