@@ -264,7 +264,7 @@ const Handled kHandled[] = {
     {"choice", "focus F4 opened", "Down Return", "close", "focus Up"},
     {"comboBox", "focus F4 opened", "Down Return", "text", "focus Down"},
     {"comboBox", "focus", "a", "text", "focus F4"},
-    {"text", "focus", "ctrl+a o", "text", ""},
+    {"text", "focus", "ctrl+a 9", "text", ""},
     {"listBox", "focus", "End", "row2", "focus Home"},
     {"listBox", "box", "press release", "tick2", "focus Home"},
     {"list", "", "click", "deselect1", "enter double"},

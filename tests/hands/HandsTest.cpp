@@ -48,6 +48,14 @@ void Await(GdkEventType kind, const std::string& what, const std::function<int()
     PumpEvents();
 }
 
+// Whether the port has put the control where the toolkit has: it may do so a frame later.
+bool IsInPlace(const wxWindow* control)
+{
+    GtkAllocation place;
+    gtk_widget_get_allocation(control->GetHandle(), &place);
+    return !control->IsShown() || control->GetPosition() == wxPoint(place.x, place.y);
+}
+
 enum Number
 {
     kNone,
@@ -392,6 +400,8 @@ void HandsTest::Aim(wxWindow* control, const std::string& word)
     if (m_Moves)
     {
         Settle();
+        const wxWeakRef<wxWindow> aimed(control);
+        EXPECT_TRUE(WaitFor([&] { return !aimed || IsInPlace(aimed); }));
     }
     MoveTo(PlaceOf(control, word));
 }
