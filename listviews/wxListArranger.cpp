@@ -52,7 +52,7 @@ bool HasModalDialog(wxWindow* top)
     return std::any_of(wxTopLevelWindows.begin(), wxTopLevelWindows.end(),
                        [top](wxWindow* window)
                        {
-                           const auto* const dialog = wxDynamicCast(window, wxDialog);
+                           const auto* const dialog = dynamic_cast<const wxDialog*>(window);
                            return dialog && dialog != top && dialog->IsModal() &&
                                   dialog->GetParent() &&
                                   wxGetTopLevelParent(dialog->GetParent()) == top;
