@@ -142,7 +142,7 @@ void wxDBTreeListCtrl::OnChar(wxKeyEvent& event)
 {
     CALL_ENTRY("wxDBTreeListCtrl::OnChar");
     const int  row = GetFocusRow();
-    const int  key = event.GetUnicodeKey();
+    const auto key = static_cast<int>(static_cast<unsigned>(event.GetUnicodeKey()));
     const bool isSign = key == '+' || key == '-' || key == '*';
     // A sign among typed letters belongs to the name that they are the beginning of.
     const auto now = std::chrono::steady_clock::now();
