@@ -29,6 +29,7 @@ using Clock = std::chrono::steady_clock;
 std::vector<wxDBListColumn> ColumnsOf(const wxDBListCtrl& list)
 {
     std::vector<wxDBListColumn> columns;
+    columns.reserve(static_cast<size_t>(list.GetColumnCount()));
     for (int i = 0; i < list.GetColumnCount(); ++i)
     {
         columns.push_back(list.GetColumn(i));

@@ -43,7 +43,7 @@ bool Place(wxWindow* window, const String& text, const String& frameExtents, int
     }
     wxRect place = *geometry;
     place.Offset(offset, offset);
-    auto* const top = dynamic_cast<wxTopLevelWindow*>(window);
+    auto* const top = window->IsTopLevel() ? dynamic_cast<wxTopLevelWindow*>(window) : nullptr;
     if (!top || top->IsShown() || !shell::PlaceWithFrame(*top, place, frameExtents))
     {
         window->SetSize(place, wxSIZE_AUTO);
