@@ -1,4 +1,6 @@
+#include "appearance/wxTolvanString.h"
 #include "internal/windows/UpperFloors.h"
+#include "listviews/arranging/FilterColumns.h"
 #include "listviews/tree/ChildrenOf.h"
 #include "listviews/tree/TreeCarry.h"
 #include "listviews/tree/TreeState.h"
@@ -89,7 +91,7 @@ void wxDBTreeListCtrl::ModelChanged()
 void wxDBTreeListCtrl::ChildrenChanged(wxDBTreeNode node)
 {
     CALL_ENTRY("wxDBTreeListCtrl::ChildrenChanged");
-    if (m_Tree->wish.filter || m_Tree->aside || HasNode(*m_Tree->shown, node))
+    if (!m_Tree->wish.filter.IsEmpty() || m_Tree->aside || HasNode(*m_Tree->shown, node))
     {
         ModelChanged();
     }
@@ -109,8 +111,43 @@ void wxDBTreeListCtrl::SortChildren(const std::vector<wxDBTreeSort>& by)
 void wxDBTreeListCtrl::SetFilter(const std::function<bool(wxDBTreeNode)>& matches)
 {
     CALL_ENTRY("wxDBTreeListCtrl::SetFilter");
-    m_Tree->wish.filter = matches;
+    m_Tree->wish.filter = {matches, {}};
+    m_Tree->words.clear();
     StartArranging();
+}
+
+void wxDBTreeListCtrl::SetFilterText(const String& text)
+{
+    CALL_ENTRY("wxDBTreeListCtrl::SetFilterText");
+    if (text != m_Tree->words || m_Tree->wish.filter.matches)
+    {
+        m_Tree->words = text;
+        m_Tree->wish.filter = {nullptr, {text, listviews::FilterColumnsOf(*this)}};
+        StartArranging();
+    }
+}
+
+const String& wxDBTreeListCtrl::GetFilterText() const
+{
+    return m_Tree->words;
+}
+
+void wxDBTreeListCtrl::Follow(wxtSearchField& field)
+{
+    CALL_ENTRY("wxDBTreeListCtrl::Follow");
+    m_Tree->field = &field;
+    field.SetNext(this);
+    field.Bind(wxEVT_TEXT, &wxDBTreeListCtrl::OnField, this);
+    SetFilterText(wxtFromWx(field.GetValue()));
+}
+
+void wxDBTreeListCtrl::OnField(wxCommandEvent& event)
+{
+    event.Skip();
+    if (m_Tree->field)
+    {
+        SetFilterText(wxtFromWx(m_Tree->field->GetValue()));
+    }
 }
 
 bool wxDBTreeListCtrl::IsFiltered() const
@@ -238,6 +275,11 @@ void wxDBTreeListCtrl::TakeArranged()
     }
     Show(std::move(made), job->IsFiltered(), sight);
     m_Tree->matches = job->Matches();
+    if (m_Tree->field)
+    {
+        const int64_t total = job->IsFiltered() ? job->Total() : -1;
+        m_Tree->field->SetShown(static_cast<int>(job->Matches()), static_cast<int>(total));
+    }
     wxCommandEvent arranged(wxEVT_DBTREELIST_ARRANGED, GetId());
     arranged.SetEventObject(this);
     ProcessWindowEvent(arranged);

@@ -11,6 +11,7 @@
 #include <memory>
 #include <vector>
 
+class wxtSearchField;
 namespace listviews
 {
 class OpenTree;
@@ -119,7 +120,15 @@ public:
     /// Shows the nodes that match, all that is in them, and what they are in. Without a function
     /// everything is shown again and open as it was; what is selected stays in sight. At most
     /// 10,000,000 nodes are looked at.
-    void      SetFilter(const std::function<bool(wxDBTreeNode)>& matches);
+    void SetFilter(const std::function<bool(wxDBTreeNode)>& matches);
+    /// Filters by words, as `wxListArranger` does; each counts for a node and all that is in it. A
+    /// node that matches is closed unless there is one in it that has a word of its own. An empty
+    /// text: everything.
+    void          SetFilterText(const String& text);
+    const String& GetFilterText() const;
+    /// The field's text is the filter from now on, and the field says how many nodes match. Its
+    /// Down key leads to the list.
+    void      Follow(wxtSearchField& field);
     bool      IsFiltered() const;    ///< What is shown.
     long long GetMatchCount() const; ///< Nodes that match; 0 when nothing is filtered.
     bool      IsArranging() const;   ///< The rows are going to be others.
@@ -157,6 +166,7 @@ private:
     void StartArranging();
     void ArrangeOn();
     void TakeArranged();
+    void OnField(wxCommandEvent& event);
     bool MayReplaceRows() const;
     void OnIdle(wxIdleEvent& event);
     struct _Sight;

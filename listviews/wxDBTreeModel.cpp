@@ -17,6 +17,16 @@ std::optional<double> wxDBTreeModel::_SortNumber(wxDBTreeNode, int)
     return std::nullopt;
 }
 
+bool wxDBTreeModel::_IsHeading(wxDBTreeNode)
+{
+    return false;
+}
+
+bool wxDBTreeModel::_IsFirst(wxDBTreeNode)
+{
+    return false;
+}
+
 wxColour wxDBTreeModel::_RowColor(wxDBTreeNode)
 {
     return wxColour();

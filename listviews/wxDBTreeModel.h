@@ -58,6 +58,12 @@ public:
     /// numbers count by their value.
     virtual std::optional<double> _SortNumber(wxDBTreeNode node, int column);
 
+    /// A heading is there for what is in it: words of a filter that stand in it count for that, and
+    /// it is neither shown for itself nor counted. By default there is none.
+    virtual bool _IsHeading(wxDBTreeNode node);
+    /// Stands before the other children, whatever they are sorted by; by default none does.
+    virtual bool _IsFirst(wxDBTreeNode node);
+
     virtual wxColour _RowColor(wxDBTreeNode node);   ///< Of its text; invalid: the scheme's.
     virtual wxColour _RowBGColor(wxDBTreeNode node); ///< Invalid: the list's stripes.
     /// Draws a cell in the context's font and text colour and returns true; by default false: the

@@ -4,6 +4,7 @@
 #include "appearance/wxtSearchField.h"
 #include "internal/windows/UpperFloors.h"
 #include "listviews/arranging/Arrangement.h"
+#include "listviews/arranging/FilterColumns.h"
 #include "listviews/arranging/ListOrder.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListCtrl.h"
@@ -25,27 +26,6 @@ constexpr int  kPause = 1;  // milliseconds between slices, for events and repai
 constexpr int  kRetry = 50; // milliseconds until it is looked again whether the order may be shown
 
 using Clock = std::chrono::steady_clock;
-
-std::vector<wxDBListColumn> ColumnsOf(const wxDBListCtrl& list)
-{
-    std::vector<wxDBListColumn> columns;
-    columns.reserve(static_cast<size_t>(list.GetColumnCount()));
-    for (int i = 0; i < list.GetColumnCount(); ++i)
-    {
-        columns.push_back(list.GetColumn(i));
-    }
-    return columns;
-}
-
-std::vector<listviews::FilterQuery::Column> FilterColumnsOf(const wxDBListCtrl& list)
-{
-    std::vector<listviews::FilterQuery::Column> columns;
-    for (const wxDBListColumn& column : ColumnsOf(list))
-    {
-        columns.push_back({column.type, column.label, column.key, column.visible});
-    }
-    return columns;
-}
 
 // A dialog that the window runs; the list may itself lie in one.
 bool HasModalDialog(wxWindow* top)
@@ -165,7 +145,7 @@ void wxListArranger::Begin()
     m_Wanted->items.clear();
     m_Wanted->isCurrent = true;
     m_Wanted->rules = m_Rules;
-    m_Wanted->query = listviews::FilterQuery(m_Filter, FilterColumnsOf(*m_List));
+    m_Wanted->query = listviews::FilterQuery(m_Filter, listviews::FilterColumnsOf(*m_List));
     if (m_Wanted->IsPlain())
     {
         m_IsFound = true;
@@ -453,7 +433,8 @@ void wxListArranger::SaveSorting(const String& section, const String& key) const
         OptionsFile&    options = Application::the_Application->Options();
         const WriteLock lock(options.Lock());
         options.InsertSection(section);
-        options.SetValue(section, key, listviews::RulesText(m_Rules, ColumnsOf(*m_List)));
+        options.SetValue(section, key,
+                         listviews::RulesText(m_Rules, listviews::ColumnsOf(*m_List)));
     }
 }
 
@@ -463,7 +444,7 @@ void wxListArranger::RestoreSorting(const String& section, const String& key)
     const String value = Application::the_Application->Options().GetValue(section, key);
     if (m_List && !value.empty())
     {
-        Sort(listviews::RulesFrom(value, ColumnsOf(*m_List)));
+        Sort(listviews::RulesFrom(value, listviews::ColumnsOf(*m_List)));
     }
 }
 

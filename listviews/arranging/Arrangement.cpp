@@ -74,7 +74,8 @@ bool Arrangement::Step()
     for (const size_t end = std::min(m_Next + kStepItems, m_End); m_Next < end; ++m_Next)
     {
         const int item = m_Among ? (*m_Among)[m_Next] : static_cast<int>(m_Next);
-        if (item >= count || !m_Query.Matches(m_Items, item))
+        if (item >= count ||
+            !m_Query.Matches([this, item](int type) { return m_Items.TextOf(item, type); }))
         {
             continue;
         }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "listviews/arranging/ArrangedItems.h"
 #include "listviews/arranging/FilterQuery.h"
 #include "listviews/arranging/KeySort.h"
 #include "listviews/arranging/SortRules.h"

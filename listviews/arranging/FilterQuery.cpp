@@ -104,27 +104,27 @@ size_t FilterQuery::Named(std::string_view name) const
 }
 
 // The text of a column is asked for once, however many terms look there.
-const std::string& FilterQuery::FoldedOf(size_t column, ArrangedItems& items, int item) const
+const std::string& FilterQuery::FoldedOf(size_t column, const TextOf& text) const
 {
     Folded& folded = m_Folded[column];
     if (folded.round != m_Round)
     {
         folded.round = m_Round;
         folded.text.clear();
-        internal::AppendFolded(folded.text, items.TextOf(item, m_Columns[column].type));
+        internal::AppendFolded(folded.text, text(m_Columns[column].type));
     }
     return folded.text;
 }
 
-bool FilterQuery::Holds(const Term& term, ArrangedItems& items, int item) const
+bool FilterQuery::Holds(const Term& term, const TextOf& text) const
 {
     if (!term.IsAnywhere())
     {
-        return Has(FoldedOf(term.column, items, item), term.needle);
+        return Has(FoldedOf(term.column, text), term.needle);
     }
     for (size_t column = 0; column < m_Columns.size(); ++column)
     {
-        if (m_Columns[column].isShown && Has(FoldedOf(column, items, item), term.needle))
+        if (m_Columns[column].isShown && Has(FoldedOf(column, text), term.needle))
         {
             return true;
         }
@@ -132,11 +132,42 @@ bool FilterQuery::Holds(const Term& term, ArrangedItems& items, int item) const
     return false;
 }
 
-bool FilterQuery::Matches(ArrangedItems& items, int item) const
+bool FilterQuery::Matches(const TextOf& text, const Hits& above) const
 {
     ++m_Round;
-    return std::all_of(m_Terms.begin(), m_Terms.end(),
-                       [&](const Term& term) { return Holds(term, items, item) != term.negated; });
+    for (size_t i = 0; i < m_Terms.size(); ++i)
+    {
+        const bool occurs = (i < above.size() && above[i]) || Holds(m_Terms[i], text);
+        if (occurs == m_Terms[i].negated)
+        {
+            return false;
+        }
+    }
+    return true;
+}
+
+FilterQuery::Hits FilterQuery::HitsOf(const TextOf& text, const Hits& above) const
+{
+    ++m_Round;
+    Hits hits = above;
+    hits.resize(m_Terms.size());
+    for (size_t i = 0; i < m_Terms.size(); ++i)
+    {
+        hits[i] = hits[i] || Holds(m_Terms[i], text);
+    }
+    return hits;
+}
+
+bool FilterQuery::HasWanted(const Hits& hits) const
+{
+    for (size_t i = 0; i < hits.size(); ++i)
+    {
+        if (hits[i] && !m_Terms[i].negated)
+        {
+            return true;
+        }
+    }
+    return false;
 }
 
 // Whether one of the query's own terms says at least what this one does.

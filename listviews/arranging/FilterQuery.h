@@ -1,8 +1,8 @@
 #pragma once
 
-#include "listviews/arranging/ArrangedItems.h"
 #include "vesta/String.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,11 +24,19 @@ public:
         bool   isShown = true; ///< Words without a column are looked for in it.
     };
 
+    using TextOf = std::function<String(int type)>; ///< The text of a column's cell.
+    /// Which of the words have occurred.
+    using Hits = std::vector<bool>;
+
     FilterQuery() = default;
     FilterQuery(const String& text, const std::vector<Column>& columns);
 
     bool IsEmpty() const { return m_Terms.empty(); } ///< Every item matches.
-    bool Matches(ArrangedItems& items, int item) const;
+    /// `above`: what has occurred in that which it belongs to, and counts for it too.
+    bool Matches(const TextOf& text, const Hits& above = {}) const;
+    Hits HitsOf(const TextOf& text, const Hits& above = {}) const;
+    /// Whether a word that has to occur is among them.
+    bool HasWanted(const Hits& hits) const;
     /// Whether every item that matches this one matches `other` too: what does not match `other`
     /// need not be looked at again.
     bool IsWithin(const FilterQuery& other) const;
@@ -44,7 +52,7 @@ private:
 
         bool IsAnywhere() const { return column == k_Anywhere; }
     };
-    /// A column's text of the item that is looked at.
+    /// A column's text of what is looked at.
     struct Folded
     {
         std::string text;
@@ -53,9 +61,9 @@ private:
 
     void               AddTerm(std::string_view word, size_t quoted);
     size_t             Named(std::string_view name) const;
-    bool               Holds(const Term& term, ArrangedItems& items, int item) const;
+    bool               Holds(const Term& term, const TextOf& text) const;
     bool               Implies(const Term& term) const;
-    const std::string& FoldedOf(size_t column, ArrangedItems& items, int item) const;
+    const std::string& FoldedOf(size_t column, const TextOf& text) const;
 
     std::vector<Column>         m_Columns;
     std::vector<Term>           m_Terms;

@@ -18,7 +18,7 @@ constexpr int  kFewChildren = 1000; // that are sorted at once
 ArrangeJob::ArrangeJob(wxDBTreeModel& model, TreeWish wish, const OpenTree& from)
     : m_Model(model), m_Wish(std::move(wish))
 {
-    if (m_Wish.filter)
+    if (!m_Wish.filter.IsEmpty())
     {
         auto filtered = std::make_unique<FilteredGrowth>(model, m_Wish.filter);
         m_Filtered = filtered.get();

@@ -26,6 +26,7 @@ public:
     std::unique_ptr<OpenTree> Take() { return std::move(m_Tree); }
     bool                      IsFiltered() const { return m_Filtered != nullptr; }
     int64_t                   Matches() const { return m_Filtered ? m_Filtered->Matches() : 0; }
+    int64_t                   Total() const { return m_Filtered ? m_Filtered->Total() : 0; }
 
 private:
     void TakeGrown();

@@ -9,7 +9,9 @@ namespace listviews
 {
 namespace
 {
-constexpr int kFew = 512; // children that are asked for, and sorted, at once
+constexpr int  kFew = 512; // children that are asked for, and sorted, at once
+constexpr char kFirst = 1;
+constexpr char kOther = 2;
 
 // Keys of several columns stand behind one another: each text has an end that is less than any
 // character.
@@ -71,7 +73,7 @@ void LevelSort::AddKey(int place)
 {
     const int          index = m_Node.IndexAt(place);
     const wxDBTreeNode child = m_Model._Child(m_Node.node, index);
-    m_Key.clear();
+    m_Key = m_Model._IsFirst(child) ? kFirst : kOther;
     for (const wxDBTreeSort& by : m_By)
     {
         AppendKey(m_Key, m_Model, child, by);

@@ -92,41 +92,67 @@ bool FilteredGrowth::Step()
         return true; // it has gone
     }
     ++m_Looked;
-    const bool isMatch = m_Filter(child);
-    m_Matches += isMatch;
+    const Match match = Judge(child);
+    m_Matches += match.isOwn;
     if (MayOpen(m_Model, child, m_Levels.back().node->level))
     {
-        Enter(child, index, isMatch);
+        Enter(child, index, match);
     }
-    else if (isMatch)
+    else if (match.isMatch)
     {
-        Show(m_Levels.back(), index);
+        Show(m_Levels.back(), index, match.isOwn);
     }
     return true;
 }
 
-void FilteredGrowth::Show(Level& level, int index)
+// In a node that matches, all that is not left out does so too: only what has a word itself opens
+// it.
+FilteredGrowth::Match FilteredGrowth::Judge(wxDBTreeNode child)
 {
-    level.hasInside = true;
+    if (m_Filter.matches)
+    {
+        const bool isMatch = m_Filter.matches(child);
+        return {isMatch, isMatch};
+    }
+    if (m_Model._IsHeading(child))
+    {
+        ++m_Headings;
+        return {};
+    }
+    const Level& outer = m_Levels.back();
+    const auto   text = [&](int column) { return m_Model._Text(child, column); };
+    const bool   isMatch = m_Filter.query.Matches(text, outer.hits);
+    const bool   isOwn =
+        isMatch && (!outer.isMatch || m_Filter.query.HasWanted(m_Filter.query.HitsOf(text)));
+    return {isMatch, isOwn};
+}
+
+void FilteredGrowth::Show(Level& level, int index, bool isOwn)
+{
+    level.hasInside |= isOwn;
     if (!level.isWhole)
     {
         level.shown.push_back(static_cast<uint32_t>(index));
     }
 }
 
-void FilteredGrowth::Enter(wxDBTreeNode child, int index, bool isMatch)
+void FilteredGrowth::Enter(wxDBTreeNode child, int index, const Match& match)
 {
     const Level& outer = m_Levels.back();
     const int    place = outer.isWhole ? index : static_cast<int>(outer.shown.size());
     Level        level;
     level.count = ChildCount(m_Model, child);
     level.node = &m_Tree->Add({outer.node, place}, child, 0);
-    level.isMatch = isMatch;
-    level.isWhole = isMatch || outer.isWhole;
+    level.isMatch = match.isMatch;
+    level.isOwn = match.isOwn;
+    level.isWhole = (match.isMatch && m_Filter.matches) || outer.isWhole;
+    level.hits =
+        m_Filter.query.HitsOf([&](int column) { return m_Model._Text(child, column); }, outer.hits);
     m_Levels.push_back(std::move(level));
 }
 
-// A node without a match inside stays closed, or is not there at all.
+// A node without a match inside stays closed, or is not there at all. Where not all of its children
+// are to be seen it keeps in mind which ones.
 void FilteredGrowth::Leave()
 {
     Level level = std::move(m_Levels.back());
@@ -139,18 +165,18 @@ void FilteredGrowth::Leave()
     }
     Level&    outer = m_Levels.back();
     const int index = outer.next - 1;
-    if (level.hasInside)
+    if (level.hasInside || (level.isMatch && count < level.count))
     {
         level.node->identity = IdentityOf(m_Model, level.node->node);
         m_Tree->SetChildren(*level.node, level.count, std::move(level.shown), count);
-        m_Tree->SetOpen(*level.node, true);
-        Show(outer, index);
+        m_Tree->SetOpen(*level.node, level.hasInside);
+        Show(outer, index, level.hasInside || level.isOwn);
         return;
     }
     m_Tree->Forget({outer.node, level.node->place});
     if (level.isMatch)
     {
-        Show(outer, index);
+        Show(outer, index, level.isOwn);
     }
 }
 } // namespace listviews

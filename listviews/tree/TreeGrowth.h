@@ -1,5 +1,6 @@
 #pragma once
 
+#include "listviews/arranging/FilterQuery.h"
 #include "listviews/tree/ChildrenOf.h"
 #include "listviews/tree/OpenTree.h"
 
@@ -9,7 +10,16 @@
 
 namespace listviews
 {
-using TreeFilter = std::function<bool(wxDBTreeNode)>;
+/// Which nodes of a tree are looked for: those that the host's function says, with all that is in
+/// them, or else those with the words of the query, in their own texts and in those of the nodes
+/// that they are in.
+struct TreeFilter
+{
+    std::function<bool(wxDBTreeNode)> matches;
+    FilterQuery                       query;
+
+    bool IsEmpty() const { return !matches && query.IsEmpty(); }
+};
 
 /// A tree that is made beside the one that is shown, in steps that are too short to be noticed.
 /// What the model throws ends it.
@@ -46,15 +56,17 @@ private:
     size_t m_Added = 0; ///< Of those.
 };
 
-/// Shows the nodes that match with what they are in, which is open, and with all that is in them.
+/// Shows the nodes that match with what they are in, which is open.
 class FilteredGrowth final : public TreeGrowth
 {
 public:
     static constexpr int64_t k_MostNodes = 10000000; ///< That are looked at.
 
     FilteredGrowth(wxDBTreeModel& model, TreeFilter filter);
-    bool    Step() override;
+    bool Step() override;
+    /// Of the nodes that are no headings; of words, those that do so of their own.
     int64_t Matches() const { return m_Matches; }
+    int64_t Total() const { return m_Looked - m_Headings; }
     bool    IsCutOff() const { return m_Looked >= k_MostNodes; } ///< The model has more.
 
 private:
@@ -64,18 +76,27 @@ private:
         int                   count = 0;         ///< Of its children.
         int                   next = 0;          ///< The child that is looked at next.
         bool                  isMatch = false;   ///< The node itself.
+        bool                  isOwn = false;     ///< And not for what it is in alone.
         bool                  isWhole = false;   ///< All its children are shown.
-        bool                  hasInside = false; ///< A match.
+        bool                  hasInside = false; ///< A match of its own.
+        FilterQuery::Hits     hits;              ///< Here and in what the node is in.
         std::vector<uint32_t> shown;             ///< Indexes, unless it is whole.
     };
 
-    void Enter(wxDBTreeNode child, int index, bool isMatch);
-    void Leave();
-    void Show(Level& level, int index);
+    struct Match
+    {
+        bool isMatch = false;
+        bool isOwn = false;
+    };
+    Match Judge(wxDBTreeNode child);
+    void  Enter(wxDBTreeNode child, int index, const Match& match);
+    void  Leave();
+    void  Show(Level& level, int index, bool isOwn);
 
     TreeFilter         m_Filter;
     std::vector<Level> m_Levels; ///< From the root down.
     int64_t            m_Looked = 0;
+    int64_t            m_Headings = 0;
     int64_t            m_Matches = 0;
 };
 } // namespace listviews

@@ -3,7 +3,10 @@
 #include "listviews/tree/ArrangeJob.h"
 #include "listviews/tree/OpenTree.h"
 
+#include "appearance/wxtSearchField.h"
+
 #include <wx/gdicmn.h>
+#include <wx/weakref.h>
 
 #include <chrono>
 #include <memory>
@@ -32,6 +35,8 @@ struct TreeState
     std::unique_ptr<OpenTree> aside; ///< What was open before anything was filtered; else null.
     bool                      isStale = false; ///< The model has changed since `shown` was made.
     int64_t                   matches = 0;
+    String                    words; ///< Of the filter, if it is one of words.
+    wxWeakRef<wxtSearchField> field; ///< Where they come from.
 
     TreeWish                    wish;
     std::unique_ptr<ArrangeJob> job;             ///< Null when nothing is being arranged.

@@ -213,6 +213,8 @@ TEST(ArrangeJob, SortsEachLevelAndKeepsWhatIsOpen)
     EXPECT_EQ((Nodes{1, 2, 6, 4, 5, 3}), rows({{}, {{0, true}}}));
     model.numbers = {{1, 5}, {2, -1}, {3, 5}};
     EXPECT_EQ((Nodes{1, 3, 2, 6, 4, 5}), rows({{}, {{1, true}, {0, true}}}));
+    model.first = 2;
+    EXPECT_EQ((Nodes{2, 6, 4, 5, 1, 3}), rows({{}, {{1, true}, {0, true}}}));
     EXPECT_EQ((Nodes{1, 2, 4, 5, 6, 3}), rows({{}, {}}));
 }
 
@@ -259,8 +261,55 @@ TEST(ArrangeJob, ShowsMatchesWithWhatTheyAreIn)
             }
         };
         append(wxDBTreeModel::k_Root, false, append);
-        std::unique_ptr<OpenTree> tree = Made(model, {matches, {}}, OpenTree());
+        std::unique_ptr<OpenTree> tree = Made(model, {{matches, {}}, {}}, OpenTree());
         ASSERT_EQ(shown, RowsOf(model, *tree)) << round;
+    }
+}
+
+// Two headings with jobs, one of which has frames. A "+" stands behind what is open.
+TEST(ArrangeJob, WordsCountForAllThatIsInANode)
+{
+    TreeSample model;
+    for (const auto& [parent, node, text] : {std::tuple(0, 1, "anna"),
+                                             {1, 2, "orbit done"},
+                                             {1, 3, "bounce"},
+                                             {2, 4, "frame 1"},
+                                             {2, 5, "frame 2 failed"},
+                                             {0, 6, "bert"},
+                                             {6, 7, "orbit"}})
+    {
+        model.Add(parent, node);
+        model.texts[node] = text;
+    }
+    model.headings = {1, 6};
+    const struct
+    {
+        const char* words;
+        const char* rows;
+        int         count; // of matches
+    } cases[] = {{"anna", "1+ 2 3 ", 2},      {"orbit", "1+ 2 6+ 7 ", 2},
+                 {"anna orbit", "1+ 2 ", 1},  {"orbit frame", "1+ 2+ 4 5 ", 2},
+                 {"-orbit", "1+ 3 ", 1},      {"-failed", "1+ 2 3 6+ 7 ", 3},
+                 {"failed", "1+ 2+ 5 ", 1},   {"orbit 2", "1+ 2+ 5 ", 1},
+                 {"name:bounce", "1+ 3 ", 1}, {"bert -orbit", "", 0}};
+    for (const auto& c : cases)
+    {
+        listviews::TreeFilter filter;
+        filter.query = {c.words, {{0, "Name", "", true}}};
+        ArrangeJob job(model, {filter, {}}, OpenTree());
+        while (job.Step())
+        {
+        }
+        const std::unique_ptr<OpenTree> tree = job.Take();
+        String                          rows;
+        for (int64_t row = 0; row < tree->RowCount(); ++row)
+        {
+            rows += String::FromInt(listviews::ChildAt(model, tree->At(row))) +
+                    (tree->At(row).IsOpen() ? "+ " : " ");
+        }
+        EXPECT_EQ(c.rows, rows) << c.words;
+        EXPECT_EQ(c.count, job.Matches()) << c.words;
+        EXPECT_EQ(5, job.Total());
     }
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <map>
 #include <random>
+#include <set>
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -84,11 +85,16 @@ public:
                                                       : std::nullopt;
     }
 
+    bool _IsHeading(wxDBTreeNode node) override { return headings.count(node) > 0; }
+    bool _IsFirst(wxDBTreeNode node) override { return node == first; }
+
     std::map<wxDBTreeNode, std::vector<wxDBTreeNode>> children;
     std::map<wxDBTreeNode, long long>                 claimed; ///< Other numbers of children.
     std::map<wxDBTreeNode, String>                    texts;
     std::map<wxDBTreeNode, String>                    keys;
     std::map<wxDBTreeNode, double>                    numbers; ///< In column 1.
+    std::set<wxDBTreeNode>                            headings;
+    wxDBTreeNode                                      first = -1;
     bool                                              throws = false;
 
 private:

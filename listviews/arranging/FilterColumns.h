@@ -1,0 +1,14 @@
+#pragma once
+
+#include "listviews/arranging/FilterQuery.h"
+#include "listviews/wxDBListColumn.h"
+
+#include <vector>
+
+class wxDBListCtrl;
+
+namespace listviews
+{
+std::vector<wxDBListColumn>      ColumnsOf(const wxDBListCtrl& list);
+std::vector<FilterQuery::Column> FilterColumnsOf(const wxDBListCtrl& list);
+} // namespace listviews
