@@ -3,6 +3,7 @@
 #include "appearance/wxTolvanString.h"
 #include "appearance/wxtRenderer.h"
 #include "shell/OpenWindows.h"
+#include "shell/app/LayoutWatch.h"
 #include "shell/app/ProgramWords.h"
 #include "shell/app/TopWindow.h"
 #include "shell/app/wxTolvanLog.h"
@@ -117,6 +118,7 @@ bool wxTolvanApp::OnInit()
     wxLog::SetActiveTarget(new shell::wxTolvanLog);
     wxLogStatus("Set wxLog to use VestaLib Log");
     m_TopWindowWatch = std::make_unique<shell::TopWindowWatch>();
+    m_LayoutWatch = std::make_unique<shell::LayoutWatch>();
     ConnectSignals();
     wxSystemOptions::SetOption("msw.notebook.themed-background", 0);
 
@@ -238,6 +240,7 @@ int wxTolvanApp::OnExit()
     }
     Options().WriteOut();
     HasSlots::DisconnectAll();
+    m_LayoutWatch.reset();
     m_TopWindowWatch.reset();
     ExitedSignal.Emit();
     return result;

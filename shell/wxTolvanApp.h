@@ -13,8 +13,9 @@
 
 namespace shell
 {
+class LayoutWatch;
 class TopWindowWatch;
-}
+} // namespace shell
 class wxTolvanApp;
 
 /// @name Events of the bridge
@@ -108,6 +109,7 @@ private:
     void TakeLeftMessage(bool hasTopWindow);
 
     std::unique_ptr<shell::TopWindowWatch> m_TopWindowWatch;
+    std::unique_ptr<shell::LayoutWatch>    m_LayoutWatch;
 
     wxDECLARE_EVENT_TABLE();
 };

@@ -355,8 +355,7 @@ TEST_F(ControlHandsTest, HandlersMayDoAnything)
                          row.deed);
             Open();
             const wxWeakRef<wxWindow> control(Named(row.control));
-            // It stays where it is, whatever goes.
-            const wxWeakRef<wxWindow> other(Named("Default"));
+            const wxWeakRef<wxWindow> other(Named("Highlighted"));
             Do(control, row.before);
             Heard();
             Do(control, "then " + effect + " " + row.deed + " freed");
