@@ -113,6 +113,7 @@ void wxDBListCtrl::ResetColumns()
 
 void wxDBListCtrl::Arrange(const listviews::ColumnPlan& plan)
 {
+    FinishCopying();
     for (const listviews::ColumnPlan::Place& place : plan.places)
     {
         if (place.width >= 0)

@@ -63,6 +63,7 @@ void wxDBListCtrl::PutColumn(int index, const ColumnHeader& column)
 {
     if (index == GetColumnCount() || m_Model->HasColumn(index))
     {
+        FinishCopying();
         m_Model->InsertColumn(index, column);
         TellColumnMoved(-1, index);
         ColumnsChanged();
@@ -74,6 +75,7 @@ void wxDBListCtrl::RemoveColumn(int index)
     CALL_ENTRY("wxDBListCtrl::RemoveColumn");
     if (m_Model->HasColumn(index))
     {
+        FinishCopying();
         m_Model->RemoveColumn(index);
         TellColumnMoved(index, -1);
         ColumnsChanged();
@@ -83,6 +85,7 @@ void wxDBListCtrl::RemoveColumn(int index)
 void wxDBListCtrl::RemoveAllColumns()
 {
     CALL_ENTRY("wxDBListCtrl::RemoveAllColumns");
+    FinishCopying();
     while (GetColumnCount() > 0)
     {
         m_Model->RemoveColumn(GetColumnCount() - 1);
@@ -104,6 +107,7 @@ void wxDBListCtrl::MoveColumn(int index, int delta)
     CALL_ENTRY("wxDBListCtrl::MoveColumn");
     if (delta != 0 && m_Model->HasColumn(index))
     {
+        FinishCopying();
         const int target = m_Model->MoveColumn(index, delta);
         TellColumnMoved(index, target);
         m_Header->ForgetColumns();

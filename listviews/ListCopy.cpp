@@ -1,5 +1,4 @@
-#include "listviews/copying/TableDataObject.h"
-#include "listviews/copying/TableText.h"
+#include "listviews/copying/TableCopy.h"
 #include "listviews/wxDBListCtrl.h"
 #include "vesta/CallEntry.h"
 
@@ -17,31 +16,42 @@ void wxDBListCtrl::CopySelection()
     {
         return;
     }
-    std::sort(rows.begin(), rows.end());
+    if (!std::is_sorted(rows.begin(), rows.end()))
+    {
+        std::sort(rows.begin(), rows.end());
+    }
     listviews::TableText table;
-    const auto           addRow = [&](const auto& textOf)
+    std::vector<int>     columns;
+    for (int column = 0; column < GetColumnCount(); ++column)
     {
-        for (int column = 0; column < GetColumnCount(); ++column)
+        if (IsColumnShown(column))
         {
-            if (IsColumnShown(column))
-            {
-                table.Add(textOf(column));
-            }
-        }
-        table.EndRow();
-    };
-    addRow([this](int column) { return GetColumnName(column); });
-    for (const int row : rows)
-    {
-        if (row >= 0 && row < GetItemCount())
-        {
-            addRow([this, row](int column) { return GetDisplayText(row, column); });
+            columns.push_back(column);
+            table.Add(GetColumnName(column));
         }
     }
-    if (wxTheClipboard->Open())
-    {
-        wxTheClipboard->SetData(new listviews::TableDataObject(table.Take()));
-        wxTheClipboard->Flush();
-        wxTheClipboard->Close();
-    }
+    table.EndRow();
+    m_Copier->Begin(std::move(rows), std::move(table),
+                    [this, columns](int row, listviews::TableText& text)
+                    {
+                        if (row < 0 || row >= GetItemCount())
+                        {
+                            return;
+                        }
+                        for (const int column : columns)
+                        {
+                            text.Add(GetDisplayText(row, column));
+                        }
+                        text.EndRow();
+                    });
+}
+
+bool wxDBListCtrl::IsCopying() const
+{
+    return m_Copier->IsBusy();
+}
+
+void wxDBListCtrl::FinishCopying()
+{
+    m_Copier->Finish();
 }

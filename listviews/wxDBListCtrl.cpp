@@ -5,6 +5,7 @@
 #include "internal/text/OneLine.h"
 #include "listviews/cells/TextFit.h"
 #include "listviews/columns/ColumnActions.h"
+#include "listviews/copying/TableCopy.h"
 #include "listviews/keys/ListKeys.h"
 #include "listviews/model/ListModel.h"
 #include "listviews/model/TableSettings.h"
@@ -27,7 +28,8 @@ constexpr size_t kLongestMeasured = 4000; // bytes of a text: no view is as wide
 wxDBListCtrl::wxDBListCtrl(wxWindow* parent, int id, bool singleSelection)
     : wxtPanel(parent, id),
       m_Model(std::make_unique<listviews::ListModel>()),
-      m_Actions(MakeActions())
+      m_Actions(MakeActions()),
+      m_Copier(std::make_unique<listviews::Copier>())
 {
     CALL_ENTRY("wxDBListCtrl::wxDBListCtrl");
     listviews::_TableSettings::Init();
@@ -173,6 +175,7 @@ void wxDBListCtrl::Insert(int row, unsigned long count, bool redraw)
         LogError(SFormat("A list of %lld rows is higher than can be scrolled: %d are shown",
                          static_cast<long long>(before) + added, GetItemCount()));
     }
+    m_Copier->RowsInserted(row, GetItemCount() - before);
     m_Body->RowsChanged();
     if (redraw)
     {
@@ -195,6 +198,7 @@ void wxDBListCtrl::Remove(int row, unsigned long count)
     const auto below = static_cast<unsigned long>(GetItemCount() - row);
     const int  last = row + static_cast<int>(std::min(count, below)) - 1;
     m_Model->RemoveRows(row, last);
+    m_Copier->RowsRemoved(row, last);
     m_Body->RowsChanged();
     for (int removed = last; removed >= row; --removed)
     {
@@ -210,6 +214,7 @@ void wxDBListCtrl::Remove(int row, unsigned long count)
 void wxDBListCtrl::Clear()
 {
     CALL_ENTRY("wxDBListCtrl::Clear");
+    FinishCopying();
     DoClear();
     m_Model->rowCount = 0;
     m_Model->caret = -1;

@@ -19,6 +19,7 @@ namespace listviews
 {
 struct ColumnActions;
 struct ColumnPlan;
+class Copier;
 class ListKeys;
 struct ListModel;
 } // namespace listviews
@@ -158,8 +159,12 @@ public:
 
     /// Copies the selected rows to the clipboard, as they are shown, with the titles: as text with
     /// tabs, and as a table in HTML. Nothing when none is selected, or when another part of the
-    /// program has the clipboard open.
+    /// program has the clipboard open. Of very many rows some are read later, beside the window's
+    /// life or when somebody asks for them: each as it is then. Those that are removed meanwhile
+    /// are left out; before the list is cleared or shows others in their places the rest is read at
+    /// once.
     void CopySelection();
+    bool IsCopying() const; ///< There are rows to be read.
 
     /// @name Redrawing
     /// Repaints soon; changes that are close to one another are painted at once.
@@ -190,6 +195,9 @@ public:
     wxDBListBody*   GetBody() const { return m_Body; }
 
 protected:
+    /// For a derived class that is about to have other rows in the places of those that it has.
+    void FinishCopying();
+
     /// Called when a column has come (`from` -1), gone (`to` -1) or moved: for a derived class that
     /// keeps its cells in the order shown.
     std::function<void(int from, int to)> m_OnColumnMoved;
@@ -210,4 +218,5 @@ private:
     wxDBListHeader*                           m_Header = nullptr;
     wxDBListBody*                             m_Body = nullptr;
     std::unique_ptr<listviews::ListKeys>      m_Keys;
+    std::unique_ptr<listviews::Copier>        m_Copier;
 };

@@ -153,6 +153,7 @@ void wxtListCtrl::DeleteItem(int row)
     {
         return;
     }
+    FinishCopying();
     m_Rows.erase(m_Rows.begin() + row);
     m_Selection->RowErased(row);
     if (GetLastSelect() == row)

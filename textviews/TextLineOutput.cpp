@@ -1,6 +1,6 @@
 #include "appearance/wxTolvanString.h"
+#include "internal/clipboard/TextDataObject.h"
 #include "textviews/lines/LineStore.h"
-#include "textviews/lines/LinesDataObject.h"
 #include "textviews/lines/TextSelection.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "vesta/CallEntry.h"
@@ -10,6 +10,7 @@
 #include <wx/filedlg.h>
 
 #include <algorithm>
+#include <utility>
 
 String wxTextLineCtrl::SelectedText() const
 {
@@ -39,7 +40,8 @@ void wxTextLineCtrl::CopySelectionToClipboard()
     {
         return;
     }
-    wxTheClipboard->SetData(new textviews::LinesDataObject(SelectedText()));
+    wxTheClipboard->SetData(new internal::TextDataObject([text = SelectedText()]() mutable
+                                                         { return std::move(text); }));
     wxTheClipboard->Flush();
     wxTheClipboard->Close();
 }
