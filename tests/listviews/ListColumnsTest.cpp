@@ -3,6 +3,7 @@
 #include "listviews/columns/ColumnLayout.h"
 #include "listviews/copying/TableText.h"
 #include "listviews/model/ListModel.h"
+#include "listviews/slices/RowsAtRest.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListHeader.h"
 #include "listviews/wxtListCtrl.h"
@@ -65,8 +66,10 @@ protected:
         }
         return text;
     }
-    String Told()
+    /// Waits for what is expected, however busy the machine is, and for what comes beside that.
+    String Told(const String& expected = String())
     {
+        WaitFor([&] { return expected.empty() || m_Told + Shown() == expected; });
         for (int i = 0; i < 10; ++i)
         {
             PumpEvents();
@@ -74,8 +77,8 @@ protected:
         }
         return std::exchange(m_Told, String()) + Shown();
     }
-    void   MoveTo(int x) { m_Input.MouseMove(Header()->ClientToScreen(wxPoint(x, 8))); }
-    String Drag(int from, int to)
+    void MoveTo(int x) { m_Input.MouseMove(Header()->ClientToScreen(wxPoint(x, 8))); }
+    void Drag(int from, int to, const String& expected)
     {
         MoveTo(from);
         m_Input.MouseDown();
@@ -85,12 +88,24 @@ protected:
         MoveTo(to);
         Told();
         m_Input.MouseUp();
-        return Told();
+        EXPECT_EQ(expected, Told(expected)) << from;
     }
-    String Press(int key, int modifiers)
+    /// Presses the first title and takes it some way.
+    void Hold()
     {
-        m_Input.Char(key, modifiers);
-        return Told();
+        MoveTo(50);
+        m_Input.MouseDown();
+        MoveTo(220);
+        EXPECT_TRUE(WaitFor([this] { return Header()->IsMovingTitle(); }));
+    }
+
+    /// What another program would get; the clipboard is open.
+    static String Held(const char* format)
+    {
+        wxCustomDataObject data{wxDataFormat(format)};
+        return wxTheClipboard->GetData(data)
+                   ? String(static_cast<const char*>(data.GetData()), data.GetSize())
+                   : String();
     }
 
     wxUIActionSimulator    m_Input;
@@ -113,37 +128,26 @@ TEST_F(ListColumnsTest, TitlesAreDraggedToTheirPlaces)
                  {150, 700, "columns3 DACB"}};
     for (const auto& drag : drags)
     {
-        EXPECT_EQ(drag.told, Drag(drag.from, drag.to)) << drag.from;
+        Drag(drag.from, drag.to, drag.told);
     }
     EXPECT_EQ("a0", m_List->GetDisplayText(0, 1)) << "the cells go with their columns";
     EXPECT_EQ("b0", m_List->GetDisplayText(0, 3));
 
     // Given up by Escape, taken away, not allowed.
-    MoveTo(50);
-    m_Input.MouseDown();
-    MoveTo(220);
-    Told();
-    EXPECT_TRUE(Header()->IsMovingTitle());
+    Hold();
     m_Input.Char(WXK_ESCAPE);
-    Told();
-    EXPECT_FALSE(Header()->IsMovingTitle());
+    EXPECT_TRUE(WaitFor([this] { return !Header()->IsMovingTitle(); }));
     m_Input.MouseUp();
     EXPECT_EQ("DACB", Told());
-    MoveTo(50);
-    m_Input.MouseDown();
-    MoveTo(220);
-    Told();
+    Hold();
     m_List->RemoveColumn(3);
     m_Input.MouseUp();
     EXPECT_EQ("DAC", Told());
     m_List->AllowColumnMoves(false);
-    EXPECT_EQ("click2 DAC", Drag(50, 250));
+    Drag(50, 250, "click2 DAC");
     m_List->AllowColumnMoves(true);
     Frame()->Bind(wxtEVT_LIST_COLUMNS, [this](wxListEvent&) { delete m_List.get(); });
-    MoveTo(50);
-    m_Input.MouseDown();
-    MoveTo(260);
-    PumpEvents();
+    Hold();
     m_Input.MouseUp();
     EXPECT_TRUE(WaitFor([this] { return !m_List; }));
 }
@@ -153,7 +157,7 @@ TEST_F(ListColumnsTest, ColumnsHideFitAndComeBack)
     m_List->ShowColumn(1, false);
     EXPECT_EQ("ACD", Shown());
     EXPECT_EQ(300, m_List->GetScrollRange(wxHORIZONTAL));
-    EXPECT_EQ("click2 ACD", Drag(150, 150));
+    Drag(150, 150, "click2 ACD");
     m_List->FitColumn(1);
     EXPECT_EQ(100, m_List->GetColumn(1).width) << "a hidden one keeps its width";
     m_List->SetItem(2, 2, "a text that is wider than a hundred pixels are");
@@ -200,7 +204,8 @@ TEST_F(ListColumnsTest, KeysDoWhatHandsDo)
                 {WXK_RETURN, control, "ADB"}};
     for (const auto& key : keys)
     {
-        EXPECT_EQ(key.told, Press(key.key, key.modifiers)) << key.key;
+        m_Input.Char(key.key, key.modifiers);
+        EXPECT_EQ(key.told, Told(key.told)) << key.key;
     }
 }
 
@@ -244,7 +249,7 @@ TEST_F(ListColumnsTest, AMenuOfTheColumnsOpensWhenNobodyHasAnother)
     {
         downs = pick.downs;
         open();
-        EXPECT_EQ(pick.told, Told());
+        EXPECT_EQ(pick.told, Told(pick.told));
     }
     downs = 0;
     open();
@@ -341,25 +346,54 @@ TEST_F(ListColumnsTest, SelectedRowsAreCopied)
     }
     m_List->ShowColumn(2, false);
     m_List->MoveColumn(0, 1);
-    Press('C', wxMOD_CONTROL);
+    m_Input.Char('C', wxMOD_CONTROL);
+    EXPECT_TRUE(WaitFor([] { return wxTheClipboard->IsSupported(wxDF_HTML); }));
     const String text = "B\tA\tD\nb0\ta0\t\n\"x\ty \"\"z\"\"\n<&>\"\ta2\t";
-    const auto   held = [](const char* format)
-    {
-        wxCustomDataObject data{wxDataFormat(format)};
-        return wxTheClipboard->GetData(data)
-                   ? String(static_cast<const char*>(data.GetData()), data.GetSize())
-                   : String();
-    };
     ASSERT_TRUE(wxTheClipboard->Open());
     m_List->CopySelection(); // somebody else has it open
     EXPECT_TRUE(wxTheClipboard->IsOpened());
-    EXPECT_EQ(text + "\xFF\xE9\n", held("application/octet-stream"));
-    EXPECT_EQ(text + "\xC3\xBF\xC3\xA9\n", held("text/plain;charset=utf-8"));
-    const String html = held("text/html");
+    EXPECT_EQ(text + "\xFF\xE9\n", Held("application/octet-stream"));
+    EXPECT_EQ(text + "\xC3\xBF\xC3\xA9\n", Held("text/plain;charset=utf-8"));
+    const String html = Held("text/html");
     EXPECT_NE(String::npos, html.find("<tr><th>B</th><th>A</th><th>D</th></tr>\n"
                                       "<tr><td>b0</td><td>a0</td><td></td></tr>\n"
                                       "<tr><td>x\ty \"z\"<br>&lt;&amp;&gt;</td><td>a2</td><td>"
                                       "\xC3\xBF\xC3\xA9</td></tr>\n</table>"))
         << html;
     wxTheClipboard->Close();
+}
+
+// Rows that come and go meanwhile are no others than those that were selected.
+TEST_F(ListColumnsTest, ManyRowsAreCopiedBesideTheWindowsLife)
+{
+    constexpr int many = 100000;
+    for (int row = 3; row < many; ++row)
+    {
+        m_List->InsertItem(row, "a" + String::FromInt(row));
+    }
+    m_Input.Char('A', wxMOD_CONTROL);
+    EXPECT_TRUE(WaitFor([this] { return m_List->GetSelection().size() == many; }));
+    m_List->CopySelection();
+    EXPECT_TRUE(m_List->IsCopying());
+    EXPECT_FALSE(listviews::MayReplaceRows(*m_List));
+    m_List->InsertItem(0, "new");
+    m_List->Remove(many, 1);
+    EXPECT_TRUE(m_List->IsCopying());
+    ASSERT_TRUE(wxTheClipboard->Open());
+    const String text = Held("text/plain;charset=utf-8");
+    EXPECT_EQ(many, std::count(text.begin(), text.end(), '\n')) << "the titles, and one has gone";
+    EXPECT_EQ(0U, text.find("A\tB\tC\tD\na0\tb0\t\t\n"));
+    EXPECT_EQ("\na99998\t\t\t\n", text.substr(text.size() - 11));
+    wxTheClipboard->Close();
+    for (const bool isShorter : {true, false})
+    {
+        EXPECT_TRUE(WaitFor([this] { return !m_List->IsCopying(); }));
+        m_List->CopySelection();
+        EXPECT_TRUE(m_List->IsCopying());
+        isShorter ? m_List->DeleteItem(7) : delete m_List.get();
+        ASSERT_TRUE(wxTheClipboard->Open());
+        EXPECT_EQ(isShorter, wxTheClipboard->IsSupported(wxDF_UNICODETEXT));
+        EXPECT_TRUE(!isShorter || Held("application/octet-stream").find("\na6\t") != String::npos);
+        wxTheClipboard->Close();
+    }
 }
