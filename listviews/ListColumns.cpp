@@ -1,3 +1,4 @@
+#include "listviews/columns/ColumnEvent.h"
 #include "listviews/model/ListModel.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListCtrl.h"
@@ -8,10 +9,17 @@
 
 #include <algorithm>
 
+namespace listviews
+{
+wxDEFINE_EVENT(EVT_COLUMNS_CHANGED, wxCommandEvent);
+}
+
 void wxDBListCtrl::ColumnsChanged()
 {
     m_Header->ForgetColumns();
     WidthsChanged();
+    wxCommandEvent changed(listviews::EVT_COLUMNS_CHANGED);
+    ProcessWindowEventLocally(changed);
 }
 
 void wxDBListCtrl::WidthsChanged()

@@ -2,50 +2,22 @@
 
 #include "appearance/wxTolvanString.h"
 #include "appearance/wxtSearchField.h"
-#include "internal/windows/UpperFloors.h"
 #include "listviews/arranging/Arrangement.h"
 #include "listviews/arranging/FilterColumns.h"
+#include "listviews/arranging/HiddenSelection.h"
 #include "listviews/arranging/ListOrder.h"
-#include "listviews/wxDBListBody.h"
+#include "listviews/columns/ColumnEvent.h"
+#include "listviews/refresh/RefreshEvent.h"
+#include "listviews/slices/Slices.h"
 #include "listviews/wxDBListCtrl.h"
 #include "vesta/Application.h"
 #include "vesta/CallEntry.h"
 #include "vesta/Guarded.h"
 
-#include <wx/dialog.h>
 #include <wx/listbase.h>
 #include <wx/utils.h>
 
 #include <algorithm>
-#include <chrono>
-
-namespace
-{
-constexpr auto kSlice = std::chrono::milliseconds(10);
-constexpr int  kPause = 1;  // milliseconds between slices, for events and repaints
-constexpr int  kRetry = 50; // milliseconds until it is looked again whether the order may be shown
-
-using Clock = std::chrono::steady_clock;
-
-// A dialog that the window runs; the list may itself lie in one.
-bool HasModalDialog(wxWindow* top)
-{
-    return std::any_of(wxTopLevelWindows.begin(), wxTopLevelWindows.end(),
-                       [top](wxWindow* window)
-                       {
-                           const auto* const dialog = dynamic_cast<const wxDialog*>(window);
-                           return dialog && dialog != top && dialog->IsModal() &&
-                                  dialog->GetParent() &&
-                                  wxGetTopLevelParent(dialog->GetParent()) == top;
-                       });
-}
-
-bool IsButtonHeld()
-{
-    const wxMouseState mouse = wxGetMouseState();
-    return mouse.LeftIsDown() || mouse.MiddleIsDown() || mouse.RightIsDown();
-}
-} // namespace
 
 class wxListArranger::_HostItems : public listviews::ArrangedItems
 {
@@ -74,19 +46,21 @@ wxListArranger::wxListArranger(wxDBListCtrl& list, Items items)
     : m_List(&list),
       m_Items(std::make_unique<_HostItems>(std::move(items))),
       m_Shown(std::make_unique<listviews::ListOrder>()),
-      m_Wanted(std::make_unique<listviews::ListOrder>())
+      m_Wanted(std::make_unique<listviews::ListOrder>()),
+      m_Hidden(std::make_unique<listviews::HiddenSelection>()),
+      m_Slices(std::make_unique<listviews::Slices>([this] { GoOn(); }))
 {
     CALL_ENTRY("wxListArranger::wxListArranger");
-    m_Timer.SetOwner(this);
-    Bind(wxEVT_TIMER, &wxListArranger::OnTimer, this);
     list.Bind(wxEVT_LIST_COL_CLICK, &wxListArranger::OnTitle, this);
+    list.Bind(wxEVT_LIST_ITEM_SELECTED, &wxListArranger::OnSelection, this);
+    list.Bind(wxEVT_LIST_ITEM_DESELECTED, &wxListArranger::OnSelection, this);
+    list.Bind(listviews::EVT_COLUMNS_CHANGED, &wxListArranger::OnColumns, this);
+    list.Bind(listviews::EVT_REFRESH_BEGINS, &wxListArranger::OnRefreshBegins, this);
+    list.Bind(listviews::EVT_REFRESH_ENDS, &wxListArranger::OnRefreshEnds, this);
     ItemsChanged();
 }
 
-wxListArranger::~wxListArranger()
-{
-    m_Timer.Stop();
-}
+wxListArranger::~wxListArranger() = default;
 
 int wxListArranger::ItemAt(int row) const
 {
@@ -110,7 +84,7 @@ int wxListArranger::GetTotalCount() const
 
 bool wxListArranger::IsArranging() const
 {
-    return m_Work || m_IsFound;
+    return m_List && (m_Work || m_IsFound || m_Again);
 }
 
 bool wxListArranger::IsSorted() const
@@ -124,6 +98,8 @@ void wxListArranger::ItemsChanged()
 {
     CALL_ENTRY("wxListArranger::ItemsChanged");
     m_Shown->isCurrent = false;
+    m_Hidden->ItemsChanged();
+    m_HiddenAnchor = -1;
     if (IsArranging() || m_InSlice)
     {
         m_Again = true;
@@ -173,9 +149,8 @@ void wxListArranger::Begin()
     Work();
 }
 
-void wxListArranger::OnTimer(wxTimerEvent&)
+void wxListArranger::GoOn()
 {
-    CALL_ENTRY("wxListArranger::OnTimer");
     if (!m_List)
     {
         m_Work.reset();
@@ -192,6 +167,10 @@ void wxListArranger::OnTimer(wxTimerEvent&)
     else if (m_Again)
     {
         Begin();
+    }
+    else
+    {
+        SelectReturned();
     }
 }
 
@@ -217,147 +196,23 @@ void wxListArranger::Work()
     {
         m_Work.reset(); // it has thrown
         m_Again = m_ByUser = false;
+        RestoreRefreshed();
     }
     else
     {
-        m_Timer.StartOnce(kPause);
+        m_Slices->GoOn();
     }
 }
 
 void wxListArranger::WorkSlice()
 {
-    const auto end = Clock::now() + kSlice;
-    while (m_Work->Step())
+    if (listviews::RunSlice([this] { return m_Work->Step(); }))
     {
-        if (Clock::now() >= end)
-        {
-            return;
-        }
+        return;
     }
     m_Wanted->items = m_Work->Rows();
     m_Work.reset();
     m_IsFound = true;
-}
-
-// Showing.
-
-bool wxListArranger::MayShow() const
-{
-    return !IsButtonHeld() && !internal::g_UpperFloors.isMenuOpen() &&
-           !HasModalDialog(wxGetTopLevelParent(m_List));
-}
-
-void wxListArranger::Show()
-{
-    if (!m_List || m_InSlice)
-    {
-        return;
-    }
-    if (!MayShow())
-    {
-        m_Timer.StartOnce(kRetry);
-        return;
-    }
-    const std::vector<bool>         shown = m_Wanted->Shown(m_Items->SafeCount());
-    const wxWeakRef<wxListArranger> self(this);
-    m_InSlice = true; // what handlers ask for waits
-    const bool isReady = DeselectHidden(shown);
-    if (!self)
-    {
-        return;
-    }
-    m_InSlice = false;
-    if (!m_List)
-    {
-        return;
-    }
-    if (!isReady)
-    {
-        m_Timer.StartOnce(kPause);
-        return;
-    }
-    SwapOrders(shown);
-    m_IsFound = m_ByUser = false;
-    m_HiddenLeft = 0;
-    ShowRules();
-    ShowNote();
-    if (m_Again)
-    {
-        m_Timer.StartOnce(kPause);
-    }
-    if (const std::function<void()> tell = m_OnArranged)
-    {
-        tell();
-    }
-}
-
-// As many as a slice allows, from the rows as they still are; false when there are more. A host
-// that keeps a row selected is asked once.
-bool wxListArranger::DeselectHidden(const std::vector<bool>& shown)
-{
-    const wxWeakRef<wxListArranger> self(this);
-    std::vector<int>                hidden;
-    for (const int row : m_List->GetSelection())
-    {
-        const int item = ItemAt(row);
-        if (item >= 0 && static_cast<size_t>(item) < shown.size() &&
-            !shown[static_cast<size_t>(item)])
-        {
-            hidden.push_back(row);
-        }
-    }
-    if (m_HiddenLeft > 0 && hidden.size() >= m_HiddenLeft)
-    {
-        return true;
-    }
-    m_HiddenLeft = hidden.size();
-    const auto end = Clock::now() + kSlice;
-    for (const int row : hidden)
-    {
-        if (Clock::now() >= end)
-        {
-            return false;
-        }
-        Guarded("Deselecting a row that goes from sight",
-                [&] {
-                    m_List->GetBody()->SendListEvent(wxEVT_LIST_ITEM_DESELECTED, wxPoint(0, 0), 0,
-                                                     row);
-                });
-        if (!self || !m_List)
-        {
-            return true;
-        }
-    }
-    return true;
-}
-
-// The row that the keys are on keeps its place on the screen if it is seen, else the topmost row
-// does.
-void wxListArranger::SwapOrders(const std::vector<bool>& shown)
-{
-    wxDBListCtrl& list = *m_List;
-    const int     count = static_cast<int>(shown.size());
-    const int     height = list.GetRowHeight();
-    const int     scroll = list.GetScrollPos(wxVERTICAL);
-    const int     focus = list.GetFocusRow();
-    const int     focusTop = focus * height - scroll;
-    const bool    isSeen =
-        focus >= 0 && focusTop > -height && focusTop < list.GetBody()->GetClientSize().y;
-    const int keptRow = isSeen ? focus : scroll / height;
-    const int keptTop = keptRow * height - scroll;
-    const int anchorItem = m_Shown->ItemAt(list.GetLastSelect(), count);
-    const int focusItem = listviews::NearestShown(*m_Shown, focus, shown);
-    const int keptItem = listviews::NearestShown(*m_Shown, keptRow, shown);
-
-    const bool isTop = scroll == 0 ? !isSeen : m_ByUser && focus < 0;
-    *m_Shown = *m_Wanted;
-    m_Shown->isCurrent = !m_Again;
-    list.SetItemCount(m_Shown->RowCount(count));
-    list.SetLastSelect(m_Shown->RowOf(anchorItem, count));
-    list.SetFocusRow(m_Shown->RowOf(focusItem, count));
-    const int kept = m_Shown->RowOf(keptItem, count);
-    list.SetScrollPos(wxVERTICAL, isTop || kept < 0 ? 0 : std::max(kept * height - keptTop, 0));
-    list.Redraw();
 }
 
 // Sorting.
@@ -476,6 +331,17 @@ void wxListArranger::OnField(wxCommandEvent& event)
     if (m_Field)
     {
         SetFilter(wxtFromWx(m_Field->GetValue()));
+    }
+}
+
+// Words without a column are looked for in those that are shown.
+void wxListArranger::OnColumns(wxCommandEvent& event)
+{
+    event.Skip();
+    if (!m_Wanted->query.IsEmpty() && !m_Wanted->query.IsOf(listviews::FilterColumnsOf(*m_List)))
+    {
+        m_Again = true;
+        m_Slices->GoOn();
     }
 }
 

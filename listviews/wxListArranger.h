@@ -4,7 +4,6 @@
 #include "vesta/String.h"
 
 #include <wx/event.h>
-#include <wx/timer.h>
 #include <wx/weakref.h>
 
 #include <functional>
@@ -16,7 +15,11 @@
 namespace listviews
 {
 class Arrangement;
+class HiddenSelection;
 struct ListOrder;
+class RefreshEvent;
+struct RowMarks;
+class Slices;
 struct SortRule;
 } // namespace listviews
 class wxDBListCtrl;
@@ -36,9 +39,11 @@ class wxtSearchField;
 /// Both are done beside the window's life, in slices of a few milliseconds: the list shows what it
 /// has shown until the new order is there, and not while a mouse button is held, a menu is open or
 /// the list's window asks a question. Rows that go from sight are deselected first
-/// (`wxEVT_LIST_ITEM_DESELECTED`); for those that stay, selection, anchor, focus and the place on
-/// the screen stay with their items. List and arranger may go in either order; what `Items` ask has
-/// to live as long as the arranger. Main thread.
+/// (`wxEVT_LIST_ITEM_DESELECTED`), and selected again when they are shown again, unless the
+/// selection has been changed meanwhile; where the host's items have changed, they are known by
+/// `wxDBListCtrl::GetRowKey`, or else by their number. For rows that stay, selection, anchor, focus
+/// and the place on the screen stay with their items. List and arranger may go in either order;
+/// what `Items` ask has to live as long as the arranger. Main thread.
 class TOLVAN_API wxListArranger : public wxEvtHandler
 {
 public:
@@ -92,33 +97,44 @@ private:
     class _HostItems;
 
     void Begin();
+    void GoOn();
     void Work();
     void WorkSlice();
-    void OnTimer(wxTimerEvent& event);
     void OnTitle(wxListEvent& event);
     void OnField(wxCommandEvent& event);
+    void OnColumns(wxCommandEvent& event);
     void Sort(std::vector<listviews::SortRule> rules);
     void ShowRules();
     void ShowNote();
 
-    bool MayShow() const;
     void Show();
     bool DeselectHidden(const std::vector<bool>& shown);
     void SwapOrders(const std::vector<bool>& shown);
+    bool SelectReturned();
+    bool SelectSome(int count);
+    bool RestoreRefreshed();
+    void OnSelection(wxListEvent& event);
+    void OnRefreshBegins(listviews::RefreshEvent& event);
+    void OnRefreshEnds(listviews::RefreshEvent& event);
 
-    wxWeakRef<wxDBListCtrl>                 m_List;
-    wxWeakRef<wxtSearchField>               m_Field;
-    std::unique_ptr<_HostItems>             m_Items;
-    std::unique_ptr<listviews::ListOrder>   m_Shown;
-    std::unique_ptr<listviews::ListOrder>   m_Wanted; ///< Its items: once they are found.
-    std::unique_ptr<listviews::Arrangement> m_Work;   ///< While they are being found.
-    std::vector<listviews::SortRule>        m_Rules;
-    wxTimer                                 m_Timer;
-    String                                  m_Filter;
-    std::set<int>                           m_Marked; ///< Types of columns that have an arrow.
-    bool   m_IsFound = false;                         ///< The wanted order waits to be shown.
-    bool   m_Again = false;                           ///< Items have changed since the work began.
-    bool   m_ByUser = false;                          ///< The user has asked for another order.
-    bool   m_InSlice = false;                         ///< The host's functions run.
-    size_t m_HiddenLeft = 0; ///< Rows to be deselected, when last looked; 0: not yet.
+    wxWeakRef<wxDBListCtrl>                     m_List;
+    wxWeakRef<wxtSearchField>                   m_Field;
+    std::unique_ptr<_HostItems>                 m_Items;
+    std::unique_ptr<listviews::ListOrder>       m_Shown;
+    std::unique_ptr<listviews::ListOrder>       m_Wanted; ///< Its items: once they are found.
+    std::unique_ptr<listviews::Arrangement>     m_Work;   ///< While they are being found.
+    std::unique_ptr<listviews::HiddenSelection> m_Hidden; ///< To be selected when it comes back.
+    std::unique_ptr<listviews::RowMarks>        m_Marks;  ///< Of a refresh, to be found again.
+    std::unique_ptr<listviews::Slices>          m_Slices;
+    std::vector<listviews::SortRule>            m_Rules;
+    String                                      m_Filter;
+    std::set<int>                               m_Marked; ///< Types of columns that have an arrow.
+    bool   m_IsFound = false;                             ///< The wanted order waits to be shown.
+    bool   m_Again = false;     ///< Items have changed since the work began.
+    bool   m_ByUser = false;    ///< The user has asked for another order.
+    bool   m_InSlice = false;   ///< The host's functions run.
+    size_t m_HiddenLeft = 0;    ///< Rows to be deselected, when last looked; 0: not yet.
+    int    m_HiddenAnchor = -1; ///< The item that ranges began at before it went from sight.
+    int    m_Returned = -1;     ///< The row to be looked at next for what has come back; -1: none.
+    int    m_Refreshing = 0;    ///< Refreshes of the list that are under way.
 };

@@ -24,7 +24,8 @@ class wxDBListCtrl;
 ///
 /// Rows are found again by `wxDBListCtrl::GetRowKey`, or by their index if they have no key. Rows
 /// that are to be selected or deselected are told by the list's events, those that are already are
-/// not. The list may be destroyed meanwhile. Takes time for each row once. Main thread.
+/// not. Where a `wxListArranger` sorts or filters the new rows first, that waits until they are
+/// shown. The list may be destroyed meanwhile. Takes time for each row once. Main thread.
 class TOLVAN_API wxListRefresh
 {
 public:
@@ -34,9 +35,6 @@ public:
     wxListRefresh& operator=(const wxListRefresh&) = delete;
 
 private:
-    void Restore();
-    void RestoreSelection(const listviews::RowMarks& found);
-
     wxWeakRef<wxDBListCtrl>              m_List;
     std::unique_ptr<listviews::RowMarks> m_Marks;
 };

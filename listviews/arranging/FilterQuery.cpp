@@ -187,14 +187,17 @@ bool FilterQuery::Implies(const Term& term) const
                        });
 }
 
+bool FilterQuery::IsOf(const std::vector<Column>& columns) const
+{
+    return std::equal(m_Columns.begin(), m_Columns.end(), columns.begin(), columns.end(),
+                      [](const Column& left, const Column& right)
+                      { return left.type == right.type && left.isShown == right.isShown; });
+}
+
 bool FilterQuery::IsWithin(const FilterQuery& other) const
 {
-    const bool isOfSameColumns = std::equal(
-        m_Columns.begin(), m_Columns.end(), other.m_Columns.begin(), other.m_Columns.end(),
-        [](const Column& left, const Column& right)
-        { return left.type == right.type && left.isShown == right.isShown; });
-    return other.IsEmpty() ||
-           (isOfSameColumns && std::all_of(other.m_Terms.begin(), other.m_Terms.end(),
+    return other.IsEmpty() || (IsOf(other.m_Columns) &&
+                               std::all_of(other.m_Terms.begin(), other.m_Terms.end(),
                                            [this](const Term& term) { return Implies(term); }));
 }
 } // namespace listviews

@@ -31,7 +31,8 @@ public:
     FilterQuery() = default;
     FilterQuery(const String& text, const std::vector<Column>& columns);
 
-    bool IsEmpty() const { return m_Terms.empty(); } ///< Every item matches.
+    bool IsEmpty() const { return m_Terms.empty(); }     ///< Every item matches.
+    bool IsOf(const std::vector<Column>& columns) const; ///< It was made for them.
     /// `above`: what has occurred in that which it belongs to, and counts for it too.
     bool Matches(const TextOf& text, const Hits& above = {}) const;
     Hits HitsOf(const TextOf& text, const Hits& above = {}) const;

@@ -2,6 +2,7 @@
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListCtrl.h"
 #include "listviews/wxListArranger.h"
+#include "listviews/wxListRefresh.h"
 #include "tests/support/FrameTest.h"
 #include "tests/support/LogCapture.h"
 #include "vesta/Exception.h"
@@ -66,7 +67,8 @@ public:
         }
         return type == 5 ? "n" + String::FromInt(m_First - item) : item % 2 ? "odd" : "even";
     }
-    int ItemOf(const wxListEvent& event) const
+    String GetRowKey(int row) override { return TextOf(m_Arranger->ItemAt(row), 5); }
+    int    ItemOf(const wxListEvent& event) const
     {
         return m_Arranger->ItemAt(static_cast<int>(event.GetIndex()));
     }
@@ -174,6 +176,37 @@ TEST_F(ListArrangerTest, AFieldFiltersAsItIsTypedInto)
     EXPECT_EQ((Items{2, 4, 6, 8}), Top());
     EXPECT_EQ(Items{3}, m_List->m_Gone);
     EXPECT_EQ(Items{4}, m_List->GetSelection()) << "item 10";
+    const auto has = [this](int rows)
+    { return WaitFor([&] { return m_List->GetItemCount() == rows; }); };
+    const auto erase = [&] // "odd"
+    {
+        for (int i = 0; i < 3; ++i)
+        {
+            input.Char(WXK_BACK);
+        }
+        EXPECT_TRUE(has(99));
+    };
+    erase();
+    EXPECT_EQ((Items{2, 9}), m_List->GetSelection()) << "what is shown again is selected again";
+    input.Text("odd");
+    EXPECT_TRUE(has(49));
+    m_List->ShowColumn(1, false);
+    EXPECT_TRUE(has(99)) << "nothing that is shown is odd";
+    m_List->ShowColumn(1, true);
+    EXPECT_TRUE(has(49));
+    // Another item comes before all others: those that were odd are even now.
+    m_List->m_Count = ++m_List->m_First - 900;
+    m_List->m_Selected = {11};
+    Arranger().ItemsChanged();
+    EXPECT_TRUE(has(50));
+    EXPECT_EQ(Items{1}, m_List->GetSelection()) << "item 4, once 3";
+    erase();
+    EXPECT_EQ((Items{2, 9}), m_List->GetSelection());
+    input.Text("odd");
+    EXPECT_TRUE(has(50));
+    Send(wxEVT_LIST_ITEM_SELECTED, 0);
+    erase();
+    EXPECT_EQ((Items{0, 2}), m_List->GetSelection()) << "the user has changed it meanwhile";
     m_List->m_Count = 1000000;
     m_List->m_First = 2000000;
     Arranger().ItemsChanged();
@@ -189,6 +222,32 @@ TEST_F(ListArrangerTest, AFieldFiltersAsItIsTypedInto)
     EXPECT_EQ("", m_Field->GetNote());
     input.Char(WXK_DOWN);
     EXPECT_TRUE(WaitFor([this] { return m_List->GetBody()->HasFocus(); }));
+}
+
+// While the new rows are being sorted the list shows others, or some of them not at all.
+TEST_F(ListArrangerTest, ARefreshWaitsForItsRows)
+{
+    m_List->m_Count = m_List->m_First = 200000;
+    Arranger().ItemsChanged();
+    Arranger().SortBy(5, true);
+    EXPECT_TRUE(Arranged());
+    m_List->m_Selected = {5, 199999};
+    m_List->SetLastSelect(Arranger().RowOf(199999));
+    for (const int refreshes : {1, 2}) // the second one before the first one is done
+    {
+        for (int i = 0; i < refreshes; ++i)
+        {
+            const wxListRefresh keep(*m_List);
+            m_List->m_Selected.clear();
+            m_List->m_Count = ++m_List->m_First;
+            Arranger().ItemsChanged();
+        }
+        EXPECT_TRUE(Arranger().IsArranging());
+        EXPECT_TRUE(Arranged());
+        const int more = m_List->m_First - 200000;
+        EXPECT_EQ((std::set{5 + more, 199999 + more}), m_List->m_Selected);
+        EXPECT_TRUE(refreshes > 1 || Arranger().ItemAt(m_List->GetLastSelect()) == 200000);
+    }
 }
 
 TEST_F(ListArrangerTest, SurvivesItsHost)
