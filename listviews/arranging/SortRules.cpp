@@ -1,5 +1,7 @@
 #include "listviews/arranging/SortRules.h"
 
+#include "listviews/columns/ColumnLayout.h"
+
 #include <algorithm>
 #include <map>
 
@@ -13,21 +15,10 @@ constexpr char    kDescending = '-';
 
 constexpr size_t kMostRules = 16; // that are read; what is stored may be anything
 
-// What a column is known by in every version of a program.
-String Identity(const wxDBListColumn& column)
+// What a column went by in earlier versions.
+String OldNameOf(const wxDBListColumn& column)
 {
     return column.key.empty() ? String::FromInt(column.type) : column.key;
-}
-
-String Escaped(const String& text)
-{
-    String escaped;
-    for (const char c : text)
-    {
-        escaped += c == ',' || c == '"' || c == '\\' ? String("\\") : String();
-        escaped += c;
-    }
-    return escaped;
 }
 
 SortRules::iterator Find(SortRules& rules, int type)
@@ -67,7 +58,7 @@ String RulesText(const SortRules& rules, const std::vector<wxDBListColumn>& colu
                          [&rule](const wxDBListColumn& each) { return each.type == rule.type; });
         if (column != columns.end())
         {
-            text += (text.empty() ? "" : kSeparator) + Escaped(Identity(*column)) + " " +
+            text += (text.empty() ? "" : kSeparator) + NameOf(*column) + " " +
                     (rule.ascending ? kAscending : kDescending);
         }
     }
@@ -78,9 +69,12 @@ SortRules RulesFrom(const String& text, const std::vector<wxDBListColumn>& colum
 {
     SortRules             rules;
     std::map<String, int> types;
-    for (const wxDBListColumn& column : columns)
+    for (const auto& nameOf : {&NameOf, &OldNameOf})
     {
-        types.emplace(Identity(column), column.type);
+        for (const wxDBListColumn& column : columns)
+        {
+            types.emplace(nameOf(column), column.type);
+        }
     }
     for (StringTokenizer entries(text, ",", '"', '\\');
          entries.HasMore() && rules.size() < kMostRules;)

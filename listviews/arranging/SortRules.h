@@ -24,8 +24,9 @@ using SortRules = std::vector<SortRule>; ///< The first one that tells two rows 
 /// turns it round. `add`: as a further rule behind the others.
 SortRules Clicked(SortRules rules, int type, bool add);
 
-/// The rules as the options file has them, "name +, frames -", by the columns' identities; and
-/// back. What cannot be read, or is no column of the list, is left out.
+/// The rules as the options file has them, "name +, #3 -", by the columns' names; and back, also
+/// from "3 -" and from keys with backslashes before commas, as earlier versions wrote them. What
+/// cannot be read, or is no column of the list, is left out.
 /// @{
 String    RulesText(const SortRules& rules, const std::vector<wxDBListColumn>& columns);
 SortRules RulesFrom(const String& text, const std::vector<wxDBListColumn>& columns);

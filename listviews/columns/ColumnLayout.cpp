@@ -20,21 +20,6 @@ bool IsSpecial(char byte)
     return static_cast<unsigned char>(byte) < ' ' || std::strchr(kSpecial, byte) != nullptr;
 }
 
-String Identity(const wxDBListColumn& column)
-{
-    if (column.key.empty())
-    {
-        return "#" + String::FromInt(column.type);
-    }
-    String text;
-    for (const char byte : column.key)
-    {
-        text +=
-            IsSpecial(byte) ? SFormat("%%%02X", static_cast<unsigned char>(byte)) : String(1, byte);
-    }
-    return text;
-}
-
 // The columns by what they go by; several may go by the same.
 using ColumnsByName = std::unordered_map<std::string, std::deque<int>>;
 
@@ -43,7 +28,7 @@ ColumnsByName NamesOf(const std::vector<wxDBListColumn>& columns)
     ColumnsByName names;
     for (size_t index = 0; index < columns.size(); ++index)
     {
-        names[Identity(columns[index])].push_back(static_cast<int>(index));
+        names[NameOf(columns[index])].push_back(static_cast<int>(index));
     }
     return names;
 }
@@ -107,12 +92,27 @@ void ShowOne(ColumnPlan& plan, const std::vector<wxDBListColumn>& columns)
 }
 } // namespace
 
+String NameOf(const wxDBListColumn& column)
+{
+    if (column.key.empty())
+    {
+        return "#" + String::FromInt(column.type);
+    }
+    String text;
+    for (const char byte : column.key)
+    {
+        text +=
+            IsSpecial(byte) ? SFormat("%%%02X", static_cast<unsigned char>(byte)) : String(1, byte);
+    }
+    return text;
+}
+
 String LayoutText(const std::vector<wxDBListColumn>& columns)
 {
     String text;
     for (const wxDBListColumn& column : columns)
     {
-        text += (text.empty() ? "" : ", ") + Identity(column) + (column.visible ? "=" : "=-") +
+        text += (text.empty() ? "" : ", ") + NameOf(column) + (column.visible ? "=" : "=-") +
                 String::FromInt(column.width);
     }
     return text;

@@ -9,10 +9,13 @@ struct wxDBListColumn;
 
 namespace listviews
 {
-/// Order, width and visibility of columns as a line of text, in which each column goes by its key,
-/// or its type if it has none, so that it finds its place in a later version of a list:
-/// "name=120, #3=80, folder=-200". A hidden column has a minus. Commas and the like in keys are
-/// written as "%2C".
+/// What a column goes by in every version of a program: its key, with commas and the like written
+/// as "%2C", or "#" and its type if it has none.
+String NameOf(const wxDBListColumn& column);
+
+/// Order, width and visibility of columns as a line of text, so that each column finds its place in
+/// a later version of a list:
+/// "name=120, #3=80, folder=-200". A hidden column has a minus.
 String LayoutText(const std::vector<wxDBListColumn>& columns);
 
 /// What a layout makes of the columns of a list.

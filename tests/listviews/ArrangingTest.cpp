@@ -180,23 +180,27 @@ TEST(SortRules, FollowClicksAndComeBack)
         int         type;
         bool        add;
         const char* after;
-    } clicks[] = {{10, false, "10 +"},
-                  {10, false, "10 -"},
-                  {11, true, "10 -, a\\, \\\"key\\\\ +"},
-                  {12, true, "10 -, a\\, \\\"key\\\\ +, 12 +"},
-                  {11, true, "10 -, a\\, \\\"key\\\\ -, 12 +"},
-                  {12, false, "12 +"},
-                  {10, false, "10 +"}};
+    } clicks[] = {{10, false, "#10 +"},
+                  {10, false, "#10 -"},
+                  {11, true, "#10 -, a%2C %22key%5C +"},
+                  {12, true, "#10 -, a%2C %22key%5C +, #12 +"},
+                  {11, true, "#10 -, a%2C %22key%5C -, #12 +"},
+                  {12, false, "#12 +"},
+                  {10, false, "#10 +"}};
     for (const auto& click : clicks)
     {
         rules = listviews::Clicked(rules, click.type, click.add);
         EXPECT_EQ(click.after, listviews::RulesText(rules, columns));
         EXPECT_TRUE(rules == listviews::RulesFrom(click.after, columns));
     }
+    EXPECT_EQ(
+        "a%2C %22key%5C +, #10 -",
+        listviews::RulesText(listviews::RulesFrom("a\\, \\\"key\\\\ +, 10 -", columns), columns))
+        << "as it was written once";
     String much = "nonsense, 10, +, 10 *, ,99 +, 12 -";
     for (int i = 0; i < 100000; ++i)
     {
         much += ", 12 +, c" + String::FromInt(i) + " -";
     }
-    EXPECT_EQ("12 -", listviews::RulesText(listviews::RulesFrom(much, columns), columns));
+    EXPECT_EQ("#12 -", listviews::RulesText(listviews::RulesFrom(much, columns), columns));
 }
