@@ -4,6 +4,7 @@
 #include "appearance/inputs/InputColors.h"
 #include "appearance/wxtStockControls.h"
 #include "internal/input/PadKey.h"
+#include "internal/port/Enabling.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/dcclient.h>
@@ -78,8 +79,8 @@ private:
     }
     void Paint(wxPaintEvent&)
     {
-        wxPaintDC    dc(this);
-        const wxRect place = wxRect(0, 0, kCross, kCross).CentreIn(wxRect(GetClientSize()));
+        wxPaintDC      dc(this);
+        const wxRect   place = wxRect(0, 0, kCross, kCross).CentreIn(wxRect(GetClientSize()));
         dc.SetPen(wxPen(wxtGetColor(m_Lit ? color_Text : color_TextGrey)));
         for (int i = 0; i < kCross; ++i)
         {
@@ -119,6 +120,12 @@ wxtSearchField::wxtSearchField(wxWindow* parent, wxWindowID id, const wxString& 
          {
              event.Skip();
              LayOut();
+         });
+    Bind(internal::EVT_ENABLED,
+         [this](internal::EnabledEvent& event)
+         {
+             event.Skip();
+             LayOut(); // a disabled one is not cleared
          });
     const auto redraw = [this](wxFocusEvent& event)
     {
@@ -248,7 +255,7 @@ int wxtSearchField::FitNote(int room)
 void wxtSearchField::LayOut()
 {
     const wxRect inside = wxRect(GetClientSize()).Deflate(kFrame);
-    const bool   clears = !m_Field->IsEmpty();
+    const bool   clears = !m_Field->IsEmpty() && IsEnabled();
     int          right = inside.GetRight() + 1;
     if (clears)
     {
@@ -258,6 +265,7 @@ void wxtSearchField::LayOut()
     m_Clear->Show(clears);
     right -= FitNote(right - inside.x - kLeastField);
     const wxSize note = m_Note->GetBestSize();
-    m_Note->SetSize(right + kGap, inside.y + (inside.height - note.y) / 2, note.x, note.y);
+    const int    height = std::min(note.y, inside.height); // the frame is around it
+    m_Note->SetSize(right + kGap, inside.y + (inside.height - height) / 2, note.x, height);
     m_Field->SetSize(inside.x, inside.y, std::max(right - inside.x, 1), inside.height);
 }
