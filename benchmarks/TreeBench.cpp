@@ -13,6 +13,7 @@ constexpr int      kParents = 100000;
 constexpr int      kChildren = 9; // with their parents a million nodes
 constexpr int      kNodes = kParents * (1 + kChildren);
 constexpr unsigned kSeed = 7;
+constexpr double   kQuiet = 0.1; // seconds in which the old tree is freed
 
 /// Parents with children without any data of its own: a node is the number of its row when all are
 /// open, counted from 1.
@@ -37,8 +38,7 @@ private:
     static bool IsParent(wxDBTreeNode node) { return node % (kChildren + 1) == 1; }
 };
 
-/// A tree that counts the rows that it has drawn, and knows the longest time that it has worked
-/// beside the events.
+/// A tree that counts the rows that it has drawn.
 class Measured : public wxDBTreeListCtrl
 {
 public:
@@ -49,17 +49,8 @@ public:
         wxDBTreeListCtrl::PrepareToDraw(row);
         ++drawn;
     }
-    bool ProcessEvent(wxEvent& event) override
-    {
-        const auto start = Clock::now();
-        const bool processed = wxDBTreeListCtrl::ProcessEvent(event);
-        longest =
-            event.GetEventType() == wxEVT_IDLE ? std::max(longest, SecondsSince(start)) : longest;
-        return processed;
-    }
 
-    int    drawn = 0;
-    double longest = 0; ///< Seconds.
+    int drawn = 0;
 };
 
 /// A tree with the workload's columns in a frame of its own.
@@ -97,15 +88,23 @@ public:
         m_Tree->Update();
         PumpUntil([&] { return m_Tree->drawn > before; });
     }
-    /// Seconds until the rows are what was asked for, and the longest of them in which the window
-    /// did nothing else.
+    /// Seconds until the rows are what was asked for and the old ones are freed, and the longest of
+    /// them without a look at the events.
     std::pair<double, double> Arrange(const std::function<void()>& ask) const
     {
         const auto start = Clock::now();
         ask();
-        m_Tree->longest = SecondsSince(start);
-        PumpUntil([&] { return !m_Tree->IsArranging(); });
-        return {SecondsSince(start), m_Tree->longest};
+        double took = SecondsSince(start);
+        double longest = took;
+        for (double quiet = 0; m_Tree->IsArranging() || quiet < kQuiet;)
+        {
+            const auto begin = Clock::now();
+            PumpEvents();
+            longest = std::max(longest, SecondsSince(begin));
+            quiet = m_Tree->IsArranging() ? 0 : quiet + SecondsSince(begin);
+            took = quiet > 0 ? took : SecondsSince(start);
+        }
+        return {took, longest};
     }
 
 private:

@@ -1,6 +1,7 @@
 #include "appearance/wxTolvanString.h"
-#include "internal/windows/UpperFloors.h"
 #include "listviews/arranging/FilterColumns.h"
+#include "listviews/slices/RowsAtRest.h"
+#include "listviews/slices/Slices.h"
 #include "listviews/tree/ChildrenOf.h"
 #include "listviews/tree/TreeCarry.h"
 #include "listviews/tree/TreeState.h"
@@ -11,7 +12,6 @@
 #include <wx/weakref.h>
 
 #include <algorithm>
-#include <chrono>
 #include <climits>
 #include <utility>
 
@@ -31,8 +31,6 @@ struct wxDBTreeListCtrl::_Sight
 
 namespace
 {
-constexpr int kSlice = 8; // milliseconds in which the window does nothing else
-
 // The marks of what is in sight.
 enum
 {
@@ -80,7 +78,7 @@ void wxDBTreeListCtrl::ModelChanged()
     {
         // A model that changes all the time would never be shown if each change began anew.
         m_Tree->isAgain = true;
-        wxWakeUpIdle();
+        m_Tree->slices->GoOn();
     }
     else
     {
@@ -172,10 +170,10 @@ void wxDBTreeListCtrl::StartArranging()
     if (tree.asking > 0)
     {
         tree.isDue = true;
-        wxWakeUpIdle();
+        tree.slices->GoOn();
         return;
     }
-    tree.job.reset();
+    DropJob();
     tree.isDue = tree.isAgain = false;
     if (tree.model && Ask("Arranging a tree",
                           [&] {
@@ -187,48 +185,50 @@ void wxDBTreeListCtrl::StartArranging()
     }
 }
 
+// What it has made until then is freed later.
+void wxDBTreeListCtrl::DropJob()
+{
+    if (m_Tree->job)
+    {
+        m_Tree->remains.Add(m_Tree->job->Take());
+        m_Tree->job.reset();
+        m_Tree->slices->GoOn();
+    }
+}
+
 void wxDBTreeListCtrl::ArrangeOn()
 {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(kSlice);
     bool       isMore = true;
-    const bool worked = Ask("Arranging a tree",
-                            [&]
-                            {
-                                while (isMore && std::chrono::steady_clock::now() < end)
-                                {
-                                    isMore = m_Tree->job->Step();
-                                }
-                            });
+    const bool worked =
+        Ask("Arranging a tree",
+            [&] { isMore = listviews::RunSlice([this] { return m_Tree->job->Step(); }); });
     if (!worked)
     {
-        m_Tree->job.reset(); // the old rows stay
+        DropJob(); // the old rows stay
     }
     else if (isMore)
     {
-        wxWakeUpIdle();
+        m_Tree->slices->GoOn();
     }
-    else if (MayReplaceRows())
+    else if (m_Tree->shown->RowCount() == 0 || listviews::MayReplaceRows(*this))
     {
         TakeArranged();
     }
-}
-
-// Not under a hand that is about to do something to one of them. Whatever it does is an event, and
-// idle time comes after each.
-bool wxDBTreeListCtrl::MayReplaceRows() const
-{
-    return !GetBody()->HasCapture() && !internal::g_UpperFloors.isMenuOpen();
-}
-
-void wxDBTreeListCtrl::OnIdle(wxIdleEvent& event)
-{
-    event.Skip();
-    if (m_Tree->asking > 0 || !MayReplaceRows())
+    else
     {
-        return;
+        m_Tree->slices->LookAgain();
     }
+}
+
+// A slice of what is to be done.
+void wxDBTreeListCtrl::GoOnArranging()
+{
     const wxWeakRef<wxDBTreeListCtrl> self(this);
-    if (m_Tree->isDue || (m_Tree->isAgain && !m_Tree->job))
+    if (m_Tree->asking > 0)
+    {
+        m_Tree->slices->LookAgain();
+    }
+    else if (m_Tree->isDue || (m_Tree->isAgain && !m_Tree->job))
     {
         StartArranging();
     }
@@ -236,9 +236,13 @@ void wxDBTreeListCtrl::OnIdle(wxIdleEvent& event)
     {
         ArrangeOn();
     }
-    if (self && IsArranging() && MayReplaceRows())
+    else if (listviews::RunSlice([this] { return m_Tree->remains.Step(); }))
     {
-        event.RequestMore();
+        m_Tree->slices->GoOn();
+    }
+    if (self && !m_Tree->job && (IsArranging() || !m_Tree->remains.IsEmpty()))
+    {
+        m_Tree->slices->GoOn();
     }
 }
 
@@ -264,7 +268,7 @@ void wxDBTreeListCtrl::TakeArranged()
         if (!isAsBefore)
         {
             m_Tree->isDue = true; // a handler has changed the rows
-            wxWakeUpIdle();
+            m_Tree->slices->GoOn();
             return;
         }
         made->DeselectIn(made->Root());
@@ -340,10 +344,11 @@ void wxDBTreeListCtrl::Show(std::unique_ptr<OpenTree> made, bool isFiltered, con
             }
             else if (!isFiltered)
             {
-                tree.aside.reset();
+                tree.remains.Add(std::move(tree.aside));
             }
-            tree.shown = std::move(made);
+            tree.remains.Add(std::exchange(tree.shown, std::move(made)));
         });
+    tree.slices->GoOn();
     // Where the row has gone, its neighbour is as good in a tree that shows the same as before.
     const auto placeOf = [&](int mark)
     {

@@ -1,3 +1,4 @@
+#include "listviews/slices/Slices.h"
 #include "listviews/tree/OpenKeys.h"
 #include "listviews/tree/TreeState.h"
 #include "listviews/wxDBListBody.h"
@@ -82,7 +83,7 @@ void wxDBTreeListCtrl::OpenAt(const TreePlace& place)
         [&] { OpenChild(*m_Tree->shown, place, *m_Tree->model, m_Tree->wish.by, m_Tree->isDue); });
     if (m_Tree->isDue)
     {
-        wxWakeUpIdle();
+        m_Tree->slices->GoOn();
     }
 }
 

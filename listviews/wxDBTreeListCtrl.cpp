@@ -1,6 +1,7 @@
 #include "listviews/wxDBTreeListCtrl.h"
 
 #include "listviews/cells/ListGeometry.h"
+#include "listviews/slices/Slices.h"
 #include "listviews/tree/TreeState.h"
 #include "listviews/wxDBListBody.h"
 #include "vesta/CallEntry.h"
@@ -22,7 +23,6 @@ wxDEFINE_EVENT(wxEVT_DBTREELIST_ARRANGED, wxCommandEvent);
 wxBEGIN_EVENT_TABLE(wxDBTreeListCtrl, wxDBListCtrl)
     EVT_LIST_ITEM_SELECTED(wxID_ANY, wxDBTreeListCtrl::OnItemSelect)
     EVT_LIST_ITEM_DESELECTED(wxID_ANY, wxDBTreeListCtrl::OnItemDeselect)
-    EVT_IDLE(wxDBTreeListCtrl::OnIdle)
 wxEND_EVENT_TABLE()
 // clang-format on
 
@@ -39,6 +39,7 @@ wxDBTreeListCtrl::wxDBTreeListCtrl(wxWindow* parent, int id, bool singleSelectio
     : wxDBListCtrl(parent, id, singleSelection), m_Tree(std::make_unique<TreeState>())
 {
     CALL_ENTRY("wxDBTreeListCtrl::wxDBTreeListCtrl");
+    m_Tree->slices = std::make_unique<listviews::Slices>([this] { GoOnArranging(); });
     // Bound last, these are asked first.
     wxDBListBody& body = *GetBody();
     body.Bind(wxEVT_KEY_DOWN, &wxDBTreeListCtrl::OnKey, this);
@@ -96,11 +97,14 @@ wxDBTreeModel* wxDBTreeListCtrl::GetModel() const
 void wxDBTreeListCtrl::DoClear()
 {
     CALL_ENTRY("wxDBTreeListCtrl::DoClear");
-    m_Tree->job.reset();
-    m_Tree->aside.reset();
+    FinishCopying();
+    DropJob();
+    m_Tree->remains.Add(std::move(m_Tree->aside));
     m_Tree->matches = 0;
     m_Tree->model = nullptr;
-    ChangeRows([this] { m_Tree->shown = std::make_unique<OpenTree>(); });
+    ChangeRows(
+        [this]
+        { m_Tree->remains.Add(std::exchange(m_Tree->shown, std::make_unique<OpenTree>())); });
     SetLastSelect(-1);
 }
 
@@ -135,6 +139,7 @@ void wxDBTreeListCtrl::ShowRows()
 // staying on their nodes or on those that have closed around them.
 void wxDBTreeListCtrl::ChangeRows(const std::function<void()>& change)
 {
+    FinishCopying();
     TreeState&            tree = *m_Tree;
     const OpenTree* const before = tree.shown.get();
     const TreePlace       anchor = before->At(GetLastSelect());
@@ -142,9 +147,9 @@ void wxDBTreeListCtrl::ChangeRows(const std::function<void()>& change)
     // A job that copies what is open would copy a part of the old and a part of the new.
     if (tree.job && !tree.job->IsFiltered())
     {
-        tree.job.reset();
+        DropJob();
         tree.isDue = true;
-        wxWakeUpIdle();
+        tree.slices->GoOn();
     }
     change();
     ++tree.revision;

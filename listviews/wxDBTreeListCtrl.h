@@ -164,11 +164,11 @@ private:
     /// @name Order and filter
     /// @{
     void StartArranging();
+    void DropJob();
     void ArrangeOn();
+    void GoOnArranging();
     void TakeArranged();
     void OnField(wxCommandEvent& event);
-    bool MayReplaceRows() const;
-    void OnIdle(wxIdleEvent& event);
     struct _Sight;
     _Sight SightOf() const;
     bool   Carry(listviews::OpenTree& made, _Sight& sight, std::vector<int64_t>& lost);

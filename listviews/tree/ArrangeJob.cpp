@@ -54,6 +54,11 @@ bool ArrangeJob::Step()
     return true;
 }
 
+std::unique_ptr<OpenTree> ArrangeJob::Take()
+{
+    return m_Tree ? std::move(m_Tree) : m_Growth->Take();
+}
+
 void ArrangeJob::TakeGrown()
 {
     m_Tree = m_Growth->Take();

@@ -23,7 +23,7 @@ public:
     ArrangeJob(wxDBTreeModel& model, TreeWish wish, const OpenTree& from);
 
     bool                      Step(); ///< False when it is done.
-    std::unique_ptr<OpenTree> Take() { return std::move(m_Tree); }
+    std::unique_ptr<OpenTree> Take(); ///< What there is of it, if it is not done.
     bool                      IsFiltered() const { return m_Filtered != nullptr; }
     int64_t                   Matches() const { return m_Filtered ? m_Filtered->Matches() : 0; }
     int64_t                   Total() const { return m_Filtered ? m_Filtered->Total() : 0; }

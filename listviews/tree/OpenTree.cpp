@@ -223,10 +223,11 @@ void OpenTree::Forget(const TreePlace& place)
     }
 }
 
+// What is opened is sorted by numbers that lie together: to look into a hundred thousand nodes over
+// and over would be noticed.
 void OpenTree::Reorder(OpenNode& node, std::vector<uint32_t> order)
 {
-    std::map<int, uint64_t> selected;
-    std::vector<int>        indexes;
+    std::vector<int> indexes;
     for (const auto& child : node.opened)
     {
         indexes.push_back(node.IndexAt(child->place));
@@ -237,24 +238,33 @@ void OpenTree::Reorder(OpenNode& node, std::vector<uint32_t> order)
         chosen.emplace_back(node.IndexAt(place), identity);
     }
     node.order = std::move(order);
-    if (!indexes.empty() || !chosen.empty())
-    {
-        const std::vector<int> places = node.order.empty() ? std::vector<int>() : PlacesOf(node);
-        const auto             placeOf = [&places](int index)
-        { return places.empty() ? index : places[static_cast<size_t>(index)]; };
-        for (size_t i = 0; i < indexes.size(); ++i)
-        {
-            node.opened[i]->place = placeOf(indexes[i]);
-        }
-        for (const auto& [index, identity] : chosen)
-        {
-            selected.emplace(placeOf(index), identity);
-        }
-    }
-    std::sort(node.opened.begin(), node.opened.end(),
-              [](const auto& left, const auto& right) { return left->place < right->place; });
-    node.selected = std::move(selected);
     node.settled = 0;
+    if (indexes.empty() && chosen.empty())
+    {
+        return;
+    }
+    const std::vector<int> places = node.order.empty() ? std::vector<int>() : PlacesOf(node);
+    const auto             placeOf = [&places](int index)
+    { return places.empty() ? index : places[static_cast<size_t>(index)]; };
+    std::vector<std::pair<int, size_t>> byPlace;
+    for (size_t i = 0; i < indexes.size(); ++i)
+    {
+        node.opened[i]->place = placeOf(indexes[i]);
+        byPlace.emplace_back(node.opened[i]->place, i);
+    }
+    std::sort(byPlace.begin(), byPlace.end());
+    std::vector<std::unique_ptr<OpenNode>> opened;
+    opened.reserve(byPlace.size());
+    for (const auto& [place, i] : byPlace)
+    {
+        opened.push_back(std::move(node.opened[i]));
+    }
+    node.opened = std::move(opened);
+    node.selected.clear();
+    for (const auto& [index, identity] : chosen)
+    {
+        node.selected.emplace(placeOf(index), identity);
+    }
 }
 
 bool OpenTree::Select(const TreePlace& place, uint64_t identity)

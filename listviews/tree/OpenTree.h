@@ -60,6 +60,8 @@ public:
 
     OpenTree(); ///< A root without children.
 
+    std::unique_ptr<OpenNode> TakeRoot() { return std::move(m_Root); } ///< Nothing works then.
+
     OpenNode&       Root() { return *m_Root; }
     const OpenNode& Root() const { return *m_Root; }
     int64_t         RowCount() const { return m_Root->below; }

@@ -2,6 +2,7 @@
 
 #include "listviews/tree/ArrangeJob.h"
 #include "listviews/tree/OpenTree.h"
+#include "listviews/tree/TreeRemains.h"
 
 #include "appearance/wxtSearchField.h"
 
@@ -14,6 +15,8 @@
 
 namespace listviews
 {
+class Slices;
+
 /// What a tree list knows beside what any list does.
 struct TreeState
 {
@@ -42,6 +45,8 @@ struct TreeState
     std::unique_ptr<ArrangeJob> job;             ///< Null when nothing is being arranged.
     bool                        isDue = false;   ///< It is to begin.
     bool                        isAgain = false; ///< The model has changed since it began.
+    std::unique_ptr<Slices>     slices;
+    TreeRemains                 remains;
 
     int               asking = 0;   ///< Functions of the model that run, with what they call.
     unsigned          revision = 0; ///< Of the rows.
