@@ -246,7 +246,8 @@ IniDocument::Section* IniDocument::GetSection(const String& name)
     const auto place = m_Sections.emplace(name, Section());
     if (place.second)
     {
-        place.first->second.order = m_NextOrder++;
+        // The unnamed one stands before all others, also if it gets its first value last.
+        place.first->second.order = name.empty() ? 0 : m_NextOrder++;
     }
     return &place.first->second;
 }

@@ -82,6 +82,7 @@ TEST(IniDocument, ChangesOnlyTheLinesOfAKey)
         IniDocument document = Parsed(c.before);
         c.change(document);
         EXPECT_EQ(c.after, document.ToText());
+        EXPECT_EQ(Parsed(c.after).Sections(), document.Sections());
     }
 }
 
