@@ -34,7 +34,8 @@ class wxtSearchField;
 /// A click on a title sorts by that column, another one turns it round, and with Shift it becomes a
 /// further column to sort by; the titles show arrows, and their ranks when there are several. Texts
 /// are sorted as people do, numbers in them by value; beyond 512 bytes they count as the same. A
-/// filter has words that all have to occur: `beauty -failed state:running name:"sq 10"`.
+/// filter has words, 64 at most, that all have to occur: `beauty -failed state:running name:"sq
+/// 10"`.
 ///
 /// Both are done beside the window's life, in slices of a few milliseconds: the list shows what it
 /// has shown until the new order is there, and not while a mouse button is held, a menu is open or
@@ -110,6 +111,7 @@ private:
     void Show();
     bool DeselectHidden(const std::vector<bool>& shown);
     void SwapOrders(const std::vector<bool>& shown);
+    bool TakeBack();
     bool SelectReturned();
     bool SelectSome(int count);
     bool RestoreRefreshed();

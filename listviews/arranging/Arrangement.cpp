@@ -8,37 +8,7 @@ namespace listviews
 {
 namespace
 {
-constexpr size_t kStepItems = 4;  // their texts may be long, and the host may take long for them
-constexpr size_t kMostText = 512; // bytes of a text that count
-
-// Numbers stand before texts.
-constexpr char kNumber = 1;
-constexpr char kText = 2;
-
-// Keys of several columns stand behind one another: each text has an end that is less than any
-// character.
-void AppendKey(std::string& key, ArrangedItems& items, int item, const SortRule& rule)
-{
-    const size_t begin = key.size();
-    if (const std::optional<double> number = items.NumberOf(item, rule.type))
-    {
-        key += kNumber;
-        AppendNumberKey(key, *number);
-    }
-    else
-    {
-        key += kText;
-        const String text = items.TextOf(item, rule.type);
-        AppendNaturalKey(key, std::string_view(text).substr(0, kMostText));
-        key += '\0';
-    }
-    if (!rule.ascending)
-    {
-        std::transform(key.begin() + static_cast<std::ptrdiff_t>(begin), key.end(),
-                       key.begin() + static_cast<std::ptrdiff_t>(begin),
-                       [](char c) { return static_cast<char>(~c); });
-    }
-}
+constexpr size_t kStepItems = 4; // their texts may be long, and the host may take long for them
 } // namespace
 
 Arrangement::Arrangement(ArrangedItems& items, FilterQuery query, SortRules rules,
@@ -58,7 +28,9 @@ void Arrangement::AddKey(int item)
     m_Key.clear();
     for (const SortRule& rule : m_Rules)
     {
-        AppendKey(m_Key, m_Items, item, rule);
+        AppendCellKey(
+            m_Key, m_Items.NumberOf(item, rule.type),
+            [&] { return m_Items.TextOf(item, rule.type); }, rule.ascending);
     }
     m_Sort.Add(item, m_Key);
 }

@@ -24,6 +24,9 @@ public:
         bool   isShown = true; ///< Words without a column are looked for in it.
     };
 
+    /// What follows is left out: somebody has pasted a text that is none of words to look for.
+    static constexpr size_t k_MostTerms = 64;
+
     using TextOf = std::function<String(int type)>; ///< The text of a column's cell.
     /// Which of the words have occurred.
     using Hits = std::vector<bool>;

@@ -11,6 +11,12 @@ namespace listviews
 {
 namespace
 {
+constexpr size_t kMostText = 512; // bytes of a text that count
+
+// What a key of a cell begins with.
+constexpr char kNumber = 1;
+constexpr char kText = 2;
+
 constexpr size_t kMostDigits = 0xFF; // of a number; what is longer goes on as the next number
 
 bool IsDigit(char c)
@@ -68,6 +74,30 @@ void AppendNumberKey(std::string& key, double number)
     for (int shift = 56; shift >= 0; shift -= 8)
     {
         key += static_cast<char>(bits >> shift);
+    }
+}
+
+// A text has an end that is less than any character.
+void AppendCellKey(std::string& key, const std::optional<double>& number,
+                   const std::function<String()>& text, bool ascending)
+{
+    const size_t begin = key.size();
+    if (number)
+    {
+        key += kNumber;
+        AppendNumberKey(key, *number);
+    }
+    else
+    {
+        const String whole = text();
+        key += kText;
+        AppendNaturalKey(key, std::string_view(whole).substr(0, kMostText));
+        key += '\0';
+    }
+    if (!ascending)
+    {
+        const auto first = key.begin() + static_cast<std::ptrdiff_t>(begin);
+        std::transform(first, key.end(), first, [](char c) { return static_cast<char>(~c); });
     }
 }
 } // namespace listviews

@@ -1,5 +1,9 @@
 #pragma once
 
+#include "vesta/String.h"
+
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,4 +17,9 @@ void AppendNaturalKey(std::string& key, std::string_view text);
 /// Appends a key of the number: keys compare byte by byte as the numbers do. All NaN are one,
 /// behind every number.
 void AppendNumberKey(std::string& key, double number);
+
+/// Appends a key of a cell, of its number if it has one, else of its text, of which 512 bytes
+/// count. Numbers stand before texts. Keys of several cells may stand behind one another.
+void AppendCellKey(std::string& key, const std::optional<double>& number,
+                   const std::function<String()>& text, bool ascending);
 } // namespace listviews

@@ -12,7 +12,7 @@ namespace listviews
 {
 namespace
 {
-constexpr int kFewRows = 16; // between two looks at the clock
+constexpr int kFewRows = 4; // between two looks at the clock: their texts may be long
 } // namespace
 
 TableCopy::TableCopy(std::vector<int> rows, TableText table, AddRow addRow)

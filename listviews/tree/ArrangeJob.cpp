@@ -11,7 +11,7 @@ namespace
 using Clock = std::chrono::steady_clock;
 
 constexpr auto kStep = std::chrono::milliseconds(1);
-constexpr int  kFewNodes = 32;      // between two looks at the clock
+constexpr int  kFewNodes = 4;       // between two looks at the clock: their texts may be long
 constexpr int  kFewChildren = 1000; // that are sorted at once
 } // namespace
 

@@ -9,30 +9,10 @@ namespace listviews
 {
 namespace
 {
-constexpr int  kFew = 512; // children that are asked for, and sorted, at once
+constexpr int  kFew = 512;    // children that are sorted at once
+constexpr int  kFewAsked = 4; // for their keys: their texts may be long
 constexpr char kFirst = 1;
 constexpr char kOther = 2;
-
-// Keys of several columns stand behind one another: each text has an end that is less than any
-// character.
-void AppendKey(std::string& keys, wxDBTreeModel& model, wxDBTreeNode node, const wxDBTreeSort& by)
-{
-    const size_t begin = keys.size();
-    if (const std::optional<double> number = model._SortNumber(node, by.column))
-    {
-        AppendNumberKey(keys, *number);
-    }
-    else
-    {
-        AppendNaturalKey(keys, model._Text(node, by.column));
-        keys += '\0';
-    }
-    if (by.descending)
-    {
-        const auto first = keys.begin() + static_cast<std::ptrdiff_t>(begin);
-        std::transform(first, keys.end(), first, [](char c) { return static_cast<char>(~c); });
-    }
-}
 } // namespace
 
 LevelSort::LevelSort(wxDBTreeModel& model, const TreeSort& by, OpenNode& node)
@@ -62,7 +42,8 @@ bool LevelSort::Step()
     {
         return m_Many && m_Many->Step();
     }
-    for (const int end = std::min(m_Node.count - m_Next, kFew) + m_Next; m_Next < end; ++m_Next)
+    for (const int end = std::min(m_Node.count - m_Next, kFewAsked) + m_Next; m_Next < end;
+         ++m_Next)
     {
         AddKey(m_Next);
     }
@@ -76,7 +57,9 @@ void LevelSort::AddKey(int place)
     m_Key = m_Model._IsFirst(child) ? kFirst : kOther;
     for (const wxDBTreeSort& by : m_By)
     {
-        AppendKey(m_Key, m_Model, child, by);
+        AppendCellKey(
+            m_Key, m_Model._SortNumber(child, by.column),
+            [&] { return m_Model._Text(child, by.column); }, !by.descending);
     }
     if (m_Many)
     {
