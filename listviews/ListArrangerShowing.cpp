@@ -56,8 +56,7 @@ void wxListArranger::Show()
     m_HiddenLeft = 0;
     ShowRules();
     ShowNote();
-    m_Returned = 0;
-    if (!RestoreRefreshed() || !SelectReturned())
+    if (!TakeBack())
     {
         return;
     }
@@ -65,6 +64,13 @@ void wxListArranger::Show()
     {
         tell();
     }
+}
+
+// What the user had made of rows that are shown now. False when the arranger is gone.
+bool wxListArranger::TakeBack()
+{
+    m_Returned = 0;
+    return RestoreRefreshed() && SelectReturned();
 }
 
 // As many as a slice allows, from the rows as they still are; false when there are more. A host
@@ -146,6 +152,10 @@ void wxListArranger::SwapOrders(const std::vector<bool>& shown)
     list.SetFocusRow(isBack ? -1 : m_Shown->RowOf(focusItem, count));
     const int kept = m_Shown->RowOf(keptItem, count);
     list.SetScrollPos(wxVERTICAL, isTop || kept < 0 ? 0 : std::max(kept * height - keptTop, 0));
+    if (isBack && isSeen)
+    {
+        list.EnsureVisible(list.GetLastSelect());
+    }
     list.Redraw();
 }
 

@@ -227,8 +227,9 @@ void wxDBTreeListCtrl::GoOnArranging()
     if (m_Tree->asking > 0)
     {
         m_Tree->slices->LookAgain();
+        return;
     }
-    else if (m_Tree->isDue || (m_Tree->isAgain && !m_Tree->job))
+    if (m_Tree->isDue || (m_Tree->isAgain && !m_Tree->job))
     {
         StartArranging();
     }

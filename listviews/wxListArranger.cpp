@@ -131,6 +131,7 @@ void wxListArranger::Begin()
             m_IsFound = m_ByUser = false;
             m_List->SetItemCount(m_Items->SafeCount());
             ShowNote();
+            TakeBack();
             return;
         }
         Show();
@@ -196,7 +197,7 @@ void wxListArranger::Work()
     {
         m_Work.reset(); // it has thrown
         m_Again = m_ByUser = false;
-        RestoreRefreshed();
+        TakeBack();
     }
     else
     {

@@ -1,4 +1,5 @@
 #include "appearance/wxtSearchField.h"
+#include "internal/windows/UpperFloors.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListCtrl.h"
 #include "listviews/wxListArranger.h"
@@ -7,8 +8,10 @@
 #include "tests/support/LogCapture.h"
 #include "vesta/Exception.h"
 
+#include <wx/dialog.h>
 #include <wx/listbase.h>
 #include <wx/sizer.h>
+#include <wx/stopwatch.h>
 #include <wx/textctrl.h>
 #include <wx/uiaction.h>
 
@@ -35,6 +38,10 @@ public:
                  m_Gone.push_back(ItemOf(event));
                  event.Skip();
              });
+        MakeArranger();
+    }
+    void MakeArranger()
+    {
         m_Arranger = std::make_unique<wxListArranger>(
             *this, wxListArranger::Items{[this] { return m_Count; },
                                          [this](int item, int type) { return TextOf(item, type); },
@@ -250,6 +257,43 @@ TEST_F(ListArrangerTest, ARefreshWaitsForItsRows)
     }
 }
 
+// Not under a hand, nor while the window asks something.
+TEST_F(ListArrangerTest, RowsStayWhereSomebodyPointsAtOne)
+{
+    wxUIActionSimulator input;
+    input.MouseMove(m_List->GetBody()->ClientToScreen(wxPoint(400, 50)));
+    const auto dialog = std::make_unique<wxDialog>(Frame(), wxID_ANY, "Question");
+    const auto isMenuOpen = internal::g_UpperFloors.isMenuOpen;
+    bool       ascending = false;
+    const auto stays = [&](const char* what)
+    {
+        const Items before = Top();
+        Arranger().SortBy(5, ascending = !ascending);
+        const wxStopWatch watch;
+        EXPECT_TRUE(WaitFor([&] { return watch.Time() > 150; }));
+        EXPECT_EQ(before, Top()) << what;
+        EXPECT_TRUE(Arranger().IsArranging()) << what;
+    };
+    input.MouseDown();
+    EXPECT_TRUE(WaitFor([] { return wxGetMouseState().LeftIsDown(); }));
+    stays("pressed");
+    input.MouseUp();
+    EXPECT_TRUE(Arranged());
+    internal::g_UpperFloors.isMenuOpen = [] { return true; };
+    stays("menu");
+    internal::g_UpperFloors.isMenuOpen = isMenuOpen;
+    EXPECT_TRUE(Arranged());
+    dialog->CallAfter(
+        [&]
+        {
+            stays("dialog");
+            dialog->EndModal(wxID_OK);
+        });
+    dialog->ShowModal();
+    EXPECT_TRUE(Arranged());
+    EXPECT_EQ(99, Arranger().ItemAt(0)) << "n901";
+}
+
 TEST_F(ListArrangerTest, SurvivesItsHost)
 {
     LogCapture log;
@@ -273,7 +317,18 @@ TEST_F(ListArrangerTest, SurvivesItsHost)
     EXPECT_EQ((Items{0, 1, -1, -1}), Top()) << "those that have gone meanwhile";
     m_List->m_Count = 5;
     Send(wxEVT_LIST_ITEM_SELECTED, 1);
-    m_List->Bind(wxEVT_LIST_ITEM_DESELECTED, [this](wxListEvent&) { m_List->Destroy(); });
+    m_List->Bind(wxEVT_LIST_ITEM_DESELECTED, [this](wxListEvent&) { m_List->MakeArranger(); });
     Arranger().SetFilter("even");
+    EXPECT_TRUE(WaitFor([this] { return Arranger().GetFilter().empty(); }));
+    Arranger().m_OnArranged = [this] { m_List->MakeArranger(); };
+    Arranger().SortBy(5, false);
+    EXPECT_TRUE(WaitFor([this] { return !Arranger().IsSorted(); }));
+    m_List->Bind(wxEVT_LIST_ITEM_DESELECTED, [](wxListEvent& event) { event.Skip(false); });
+    Send(wxEVT_LIST_ITEM_SELECTED, 1);
+    Arranger().SetFilter("even");
+    EXPECT_TRUE(WaitFor([this] { return m_List->GetItemCount() == 3; }));
+    m_List->m_Selected.clear();
+    m_List->Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent&) { m_List->Destroy(); });
+    Arranger().SetFilter(String());
     EXPECT_TRUE(WaitFor([this] { return !m_List; }));
 }
