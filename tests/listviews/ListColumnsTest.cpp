@@ -7,20 +7,18 @@
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListHeader.h"
 #include "listviews/wxtListCtrl.h"
-#include "tests/support/FrameTest.h"
+#include "tests/listviews/ToldTest.h"
 #include "tests/support/TestApp.h"
 
 #include <wx/clipbrd.h>
 #include <wx/listbase.h>
-#include <wx/sizer.h>
-#include <wx/uiaction.h>
 
 #include <algorithm>
 
 namespace
 {
 // A list of four columns, 100 pixels wide each, that fills the frame.
-class ListColumnsTest : public FrameTest
+class ListColumnsTest : public ToldTest
 {
 protected:
     ListColumnsTest() : m_List(new wxtListCtrl(Frame(), 17))
@@ -45,17 +43,14 @@ protected:
                               m_Told += name + String::FromInt(event.GetColumn()) + " ";
                           });
         }
-        auto* const sizer = new wxBoxSizer(wxVERTICAL);
-        sizer->Add(m_List, 1, wxEXPAND);
-        Frame()->SetSizer(sizer);
-        Frame()->Layout();
+        Fill(m_List);
         m_List->SetFocus();
         EXPECT_TRUE(WaitFor([this] { return m_List->GetBody()->HasFocus(); }));
     }
 
     wxDBListHeader* Header() const { return m_List->GetHeader(); }
     /// The titles that are shown, with widths that are not 100.
-    String Shown() const
+    String After() const override
     {
         String text;
         for (int i = 0; i < m_List->GetColumnCount(); ++i)
@@ -65,17 +60,6 @@ protected:
             text += m_List->IsColumnShown(i) && width != 100 ? String::FromInt(width) : "";
         }
         return text;
-    }
-    /// Waits for what is expected, however busy the machine is, and for what comes beside that.
-    String Told(const String& expected = String())
-    {
-        WaitFor([&] { return expected.empty() || m_Told + Shown() == expected; });
-        for (int i = 0; i < 10; ++i)
-        {
-            PumpEvents();
-            wxMilliSleep(5);
-        }
-        return std::exchange(m_Told, String()) + Shown();
     }
     void MoveTo(int x) { m_Input.MouseMove(Header()->ClientToScreen(wxPoint(x, 8))); }
     void Drag(int from, int to, const String& expected)
@@ -108,9 +92,7 @@ protected:
                    : String();
     }
 
-    wxUIActionSimulator    m_Input;
     wxWeakRef<wxtListCtrl> m_List;
-    String                 m_Told;
     bool                   m_TakesRight = true;
 };
 } // namespace
@@ -155,7 +137,7 @@ TEST_F(ListColumnsTest, TitlesAreDraggedToTheirPlaces)
 TEST_F(ListColumnsTest, ColumnsHideFitAndComeBack)
 {
     m_List->ShowColumn(1, false);
-    EXPECT_EQ("ACD", Shown());
+    EXPECT_EQ("ACD", After());
     EXPECT_EQ(300, m_List->GetScrollRange(wxHORIZONTAL));
     Drag(150, 150, "click2 ACD");
     m_List->FitColumn(1);
@@ -177,10 +159,10 @@ TEST_F(ListColumnsTest, ColumnsHideFitAndComeBack)
     {
         m_List->ShowColumn(i, false);
     }
-    EXPECT_EQ("D20", Shown()) << "the last one stays";
+    EXPECT_EQ("D20", After()) << "the last one stays";
     m_List->MoveColumn(0, 2);
     m_List->ResetColumns();
-    EXPECT_EQ("ABCD", Shown());
+    EXPECT_EQ("ABCD", After());
 }
 
 TEST_F(ListColumnsTest, KeysDoWhatHandsDo)
@@ -266,13 +248,13 @@ TEST_F(ListColumnsTest, AnArrangementIsRemembered)
     m_List->SaveColumnLayout("Lists", "jobs");
     EXPECT_EQ("120, 100, 100, 100, 70", options.GetValue("Lists", "jobs")) << "for older versions";
     m_List->ResetColumns();
-    EXPECT_EQ("ABCDE70", Shown());
+    EXPECT_EQ("ABCDE70", After());
     m_List->RestoreColumnLayout("Lists", "jobs");
-    EXPECT_EQ("B120ADE70", Shown());
+    EXPECT_EQ("B120ADE70", After());
     m_List->RestoreColumnLayout("Lists", "nothing");
     options.SetValue("Lists", "old", "50, 60");
     m_List->RestoreColumnLayout("Lists", "old");
-    EXPECT_EQ("B50ADE70", Shown()) << "the second one is hidden";
+    EXPECT_EQ("B50ADE70", After()) << "the second one is hidden";
 }
 
 TEST(ColumnLayout, TakesWhatItCan)

@@ -2,21 +2,19 @@
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListHeader.h"
 #include "listviews/wxtListCtrl.h"
-#include "tests/support/FrameTest.h"
+#include "tests/listviews/ToldTest.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/Pictures.h"
 #include "tests/support/TestApp.h"
 
 #include <wx/listbase.h>
-#include <wx/sizer.h>
-#include <wx/uiaction.h>
 
 #include <climits>
 
 namespace
 {
 // A list of 100 rows and three columns of 100 pixels that fills the frame, and what it tells.
-class ListCtrlTest : public FrameTest
+class ListCtrlTest : public ToldTest
 {
 protected:
     ListCtrlTest() : m_List(new wxtListCtrl(Frame(), 17))
@@ -47,10 +45,7 @@ protected:
                               m_Told += name + String::FromInt(event.GetIndex()) + " ";
                           });
         }
-        auto* const sizer = new wxBoxSizer(wxVERTICAL);
-        sizer->Add(m_List, 1, wxEXPAND);
-        Frame()->SetSizer(sizer);
-        Frame()->Layout();
+        Fill(m_List);
         EXPECT_TRUE(WaitFor([this] { return m_List->GetScrollRange(wxVERTICAL) > 500; }));
     }
 
@@ -62,15 +57,6 @@ protected:
     }
     wxPoint OnTitle(int x) const { return m_List->GetHeader()->ClientToScreen(wxPoint(x, 8)); }
 
-    String Told()
-    {
-        for (int i = 0; i < 10; ++i)
-        {
-            PumpEvents();
-            wxMilliSleep(5);
-        }
-        return std::exchange(m_Told, String());
-    }
     String Click(int row, int modifiers = 0, int button = wxMOUSE_BTN_LEFT)
     {
         m_Input.MouseMove(OnRow(row));
@@ -108,9 +94,7 @@ protected:
     }
     using Rows = std::vector<int>;
 
-    wxUIActionSimulator    m_Input;
     wxWeakRef<wxtListCtrl> m_List;
-    String                 m_Told;
 };
 } // namespace
 
@@ -240,11 +224,26 @@ TEST_F(ListCtrlTest, WhatIsNotThereIsLeftAlone)
 
 TEST_F(ListCtrlTest, WidthsAreStoredAndRestored)
 {
+    OptionsFile& options = TestApp::Get().Options();
     m_List->SetColumnWidth(1, 80);
     m_List->SaveColumnSizes("Lists", "jobs");
-    EXPECT_EQ("100, 80, 100", TestApp::Get().Options().GetValue("Lists", "jobs"));
-    m_List->SetColumnWidth(0, 50);
-    m_List->RestoreColumnSizes("Lists", "jobs");
+    EXPECT_EQ("100, 80, 100", options.GetValue("Lists", "jobs"));
+    struct
+    {
+        const char* stored;
+        Rows        widths;
+    } const cases[] = {{"50, 5, abc", {50, 20, 20}},
+                       {"70", {70, 20, 20}},
+                       {"", {70, 20, 20}},
+                       {"1,,33x,9,9", {20, 20, 33}},
+                       {"-5, 99999999999", {20, 16777216, 33}},
+                       {"100, 80, 100", {100, 80, 100}}};
+    for (const auto& c : cases)
+    {
+        options.SetValue("Lists", "jobs", c.stored);
+        m_List->RestoreColumnSizes("Lists", "jobs");
+        EXPECT_EQ(c.widths, Widths()) << c.stored;
+    }
     EXPECT_EQ(280, m_List->GetScrollRange(wxHORIZONTAL));
     const auto isShown = [&]
     { return PixelAt(PictureOf(m_List->GetHeader()), 99, 8) == wxtGetColor(color_3DDark); };
@@ -271,11 +270,14 @@ TEST_F(ListCtrlTest, RowsComeAndGo)
     EXPECT_EQ("-9 ", Told());
     EXPECT_EQ(98, m_List->GetItemCount());
     EXPECT_EQ(7, m_List->GetLastSelect());
+    m_List->Remove(0, 3);
+    EXPECT_EQ(7, m_List->GetLastSelect()) << "the same place, not the same row";
 
     LogCapture log;
     m_List->Insert(0, 4000000000ul, true);
     EXPECT_EQ(INT_MAX / m_List->GetRowHeight(), m_List->GetItemCount());
-    EXPECT_TRUE(log.Has("higher than can be scrolled", log_Error));
+    m_List->Insert(0, true);
+    EXPECT_EQ(1, log.Count("higher than can be scrolled")) << "one row more is no news";
     m_List->EnsureVisible(m_List->GetItemCount() - 1);
     const wxRect last = Body()->GetItemRect(m_List->GetItemCount() - 1);
     EXPECT_EQ(Body()->GetClientSize().y, last.GetBottom() + 1) << "the last row can be reached";

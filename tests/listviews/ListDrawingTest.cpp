@@ -2,16 +2,14 @@
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListHeader.h"
 #include "listviews/wxtListCtrl.h"
-#include "tests/support/FrameTest.h"
+#include "tests/listviews/ToldTest.h"
 #include "tests/support/Pictures.h"
 
 #include <wx/listbase.h>
-#include <wx/sizer.h>
-#include <wx/uiaction.h>
 
 namespace
 {
-class ListDrawingTest : public FrameTest
+class ListDrawingTest : public ToldTest
 {
 protected:
     ListDrawingTest() : m_List(new wxtListCtrl(Frame(), 17))
@@ -22,10 +20,7 @@ protected:
         {
             m_List->InsertItem(i, "");
         }
-        auto* const sizer = new wxBoxSizer(wxVERTICAL);
-        sizer->Add(m_List, 1, wxEXPAND);
-        Frame()->SetSizer(sizer);
-        Frame()->Layout();
+        Fill(m_List);
         wxUIActionSimulator().MouseMove(wxPoint(1200, 1000));
     }
 

@@ -3,11 +3,9 @@
 #include "listviews/wxListMenu.h"
 #include "listviews/wxListRefresh.h"
 #include "listviews/wxtListCtrl.h"
-#include "tests/support/FrameTest.h"
 
+#include "tests/listviews/ToldTest.h"
 #include <wx/listbase.h>
-#include <wx/sizer.h>
-#include <wx/uiaction.h>
 
 #include <algorithm>
 #include <cctype>
@@ -35,17 +33,14 @@ public:
 };
 
 // A list of 100 rows that has the focus, and what real keys make of it.
-class ListKeysTest : public FrameTest
+class ListKeysTest : public ToldTest
 {
 protected:
     ListKeysTest() : m_List(new KeyedList(Frame(), wxID_ANY))
     {
         m_List->AddColumn(0, "Title", 2000);
         m_List->Fill(0, 100);
-        auto* const sizer = new wxBoxSizer(wxVERTICAL);
-        sizer->Add(m_List, 1, wxEXPAND);
-        Frame()->SetSizer(sizer);
-        Frame()->Layout();
+        Fill(m_List);
         m_List->SetFocus();
         EXPECT_TRUE(WaitFor([this] { return Body()->HasFocus(); }));
     }
@@ -83,8 +78,7 @@ protected:
         }
     }
 
-    wxUIActionSimulator m_Input;
-    KeyedList*          m_List;
+    KeyedList* m_List;
 };
 } // namespace
 

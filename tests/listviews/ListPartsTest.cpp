@@ -79,47 +79,6 @@ TEST(ListModel, AColumnThatMovesTakesTheHighlightAlong)
     }
 }
 
-TEST(ListModel, TakesTheWidthsThatItCan)
-{
-    struct
-    {
-        const char* stored;
-        const char* widths;
-    } const cases[] = {{"50, 5, abc", "50, 20, 20"},
-                       {"70", "70, 20, 20"},
-                       {"", "70, 20, 20"},
-                       {"1,,33x,9,9", "20, 20, 33"},
-                       {"-5, 99999999999", "20, 16777216, 33"}};
-    listviews::ListModel model;
-    model.columns.resize(3);
-    for (const auto& c : cases)
-    {
-        listviews::TakeWidths(model, c.stored);
-        EXPECT_EQ(c.widths, listviews::WidthsText(model)) << c.stored;
-    }
-}
-
-TEST(ListModel, RowsComeAndGoAroundTheAnchor)
-{
-    listviews::ListModel model;
-    model.rowHeight = 20;
-    model.anchor = 5;
-    EXPECT_TRUE(model.InsertRows(0, 10));
-    EXPECT_EQ(15, model.anchor);
-    EXPECT_TRUE(model.InsertRows(10, 10));
-    EXPECT_TRUE(model.InsertRows(20, 1));
-    EXPECT_EQ(26, model.anchor);
-    model.RemoveRows(0, 3);
-    EXPECT_EQ(26, model.anchor) << "it keeps its place, not its row";
-    model.anchor = 8;
-    model.RemoveRows(7, 9);
-    EXPECT_EQ(6, model.anchor);
-    EXPECT_EQ(14, model.rowCount);
-    EXPECT_FALSE(model.InsertRows(14, INT_MAX));
-    EXPECT_EQ(INT_MAX / 20, model.rowCount);
-    EXPECT_TRUE(model.InsertRows(14, 1)) << "which is no news";
-}
-
 // Against the plain way, with rows that come and go meanwhile.
 TEST(ListSelection, KeepsTheOrderOfSelection)
 {

@@ -1,13 +1,10 @@
 #include "listviews/tree/TreeCell.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBTreeListCtrl.h"
+#include "tests/listviews/ToldTest.h"
 #include "tests/listviews/TreeSample.h"
 #include "tests/support/EventCounter.h"
-#include "tests/support/FrameTest.h"
 #include "tests/support/LogCapture.h"
-
-#include <wx/sizer.h>
-#include <wx/uiaction.h>
 
 namespace
 {
@@ -15,7 +12,7 @@ constexpr int kParents = 20; // each with as many children, of which the first h
 constexpr int kChildren = 5;
 
 // A tree that fills the frame, and what it tells. A node is called by its number: 3, 301, 30101.
-class TreeListTest : public FrameTest
+class TreeListTest : public ToldTest
 {
 protected:
     TreeListTest() : m_Tree(new wxDBTreeListCtrl(Frame(), 17, false))
@@ -47,10 +44,7 @@ protected:
                               event.Skip();
                           });
         }
-        auto* const sizer = new wxBoxSizer(wxVERTICAL);
-        sizer->Add(m_Tree, 1, wxEXPAND);
-        Frame()->SetSizer(sizer);
-        Frame()->Layout();
+        Fill(m_Tree);
         EXPECT_TRUE(WaitFor([this] { return m_Tree->GetScrollThumb(wxVERTICAL) > 200; }));
     }
 
@@ -71,15 +65,6 @@ protected:
                           m_Told += name + String::FromInt(m_Tree->NodeAt(row)) + " ";
                           event.Skip();
                       });
-    }
-    String Told()
-    {
-        for (int i = 0; i < 10; ++i)
-        {
-            PumpEvents();
-            wxMilliSleep(5);
-        }
-        return std::exchange(m_Told, String());
     }
     String Press(int key, int modifiers = 0)
     {
@@ -109,10 +94,8 @@ protected:
     }
     wxDBTreeNode Anchor() const { return m_Tree->NodeAt(m_Tree->GetLastSelect()); }
 
-    wxUIActionSimulator         m_Input;
     TreeSample                  m_Model;
     wxWeakRef<wxDBTreeListCtrl> m_Tree;
-    String                      m_Told;
 };
 } // namespace
 
