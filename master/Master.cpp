@@ -64,7 +64,8 @@ Master::Master(const master::Options& options)
       m_Farm(m_Context, m_Types, {options.slots, options.runFolder, options.ownFolder},
              {[this](const master::JobRecord& job) { OnJobChanged(job); },
               [this](const master::JobRecord& job, std::string_view line, Time came)
-              { OnOutput(job, line, came); }}),
+              { OnOutput(job, line, came); },
+              [this](const String& id) { OnJobRemoved(id); }}),
       m_Listener(m_Context),
       m_Signals(m_Context, SIGCHLD, SIGTERM, SIGINT),
       m_AcceptTimer(m_Context),
@@ -280,6 +281,19 @@ void Master::OnJobChanged(const master::JobRecord& job)
     {
         EndWhenUnneeded();
         StopWhenOver();
+    }
+}
+
+void Master::OnJobRemoved(const String& id)
+{
+    const master::Frame frame = MakeFrame(Message(msg_JobGone).Set(p_Id, id));
+    const auto          sessions = m_Sessions; // one that does not read is ended
+    for (const auto& session : sessions)
+    {
+        if (session->HasIntroduced())
+        {
+            session->Send(frame);
+        }
     }
 }
 

@@ -32,6 +32,7 @@ private:
     void OnGone(master::ClientSession& session) override;
 
     void OnJobChanged(const master::JobRecord& job);
+    void OnJobRemoved(const String& id);
     void OnOutput(const master::JobRecord& job, std::string_view line, Time came);
 
     void              Listen();

@@ -7,6 +7,7 @@ const char* const command_Resume = "Resume";
 const char* const command_Kill = "Kill";
 const char* const command_Retry = "Retry";
 const char* const command_SetPriority = "Set Priority";
+const char* const command_Remove = "Remove";
 
 namespace
 {
@@ -60,6 +61,12 @@ Decision Retry(const JobRecord& job, const String&)
                                 : Refuse("Only a job that has ended can be run again.");
 }
 
+Decision Remove(const JobRecord& job, const String&)
+{
+    return IsEnded(job.State()) ? Accept(Action::kRemove)
+                                : Refuse("Only a job that has ended can be removed.");
+}
+
 Decision SetPriority(const JobRecord&, const String& item)
 {
     const String text = item.Trim();
@@ -79,11 +86,9 @@ struct Command
     Decision (*decide)(const JobRecord& job, const String& item);
 };
 
-const Command kCommands[] = {{command_Suspend, Suspend},
-                             {command_Resume, Resume},
-                             {command_Kill, Kill},
-                             {command_Retry, Retry},
-                             {command_SetPriority, SetPriority}};
+const Command kCommands[] = {
+    {command_Suspend, Suspend}, {command_Resume, Resume},           {command_Kill, Kill},
+    {command_Retry, Retry},     {command_SetPriority, SetPriority}, {command_Remove, Remove}};
 
 } // namespace
 

@@ -15,7 +15,8 @@ enum class Action
     kCancel,   ///< Ends a job that has no process.
     kKill,     ///< Ends the processes.
     kRetry,    ///< Runs an ended job from its start.
-    kSetPriority
+    kSetPriority,
+    kRemove ///< Forgets an ended job.
 };
 
 struct Decision
@@ -32,6 +33,7 @@ extern const char* const command_Resume;
 extern const char* const command_Kill;
 extern const char* const command_Retry;
 extern const char* const command_SetPriority;
+extern const char* const command_Remove;
 /// @}
 
 /// Decides what a command means for a job as it stands; changes nothing.

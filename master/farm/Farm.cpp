@@ -264,6 +264,9 @@ void Farm::Do(JobRecord& job, const Decision& decision)
     case Action::kSetPriority:
         job.SetPriority(decision.priority);
         break;
+    case Action::kRemove:
+        Remove(String(job.Id()));
+        return;
     }
     Announce(job);
 }
@@ -272,6 +275,14 @@ void Farm::Retry(JobRecord& job)
 {
     ResetRun(job);
     job.SetState(JobState::kWaiting);
+}
+
+// What it has written stays.
+void Farm::Remove(const String& id)
+{
+    m_Unannounced.erase(id);
+    m_Table.Remove(id);
+    m_Events.removed(id);
 }
 
 void Farm::OnOutput(JobRecord& job, std::string_view line)

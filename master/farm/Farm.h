@@ -33,6 +33,7 @@ public:
     {
         std::function<void(const JobRecord& job)>                                   changed;
         std::function<void(const JobRecord& job, std::string_view line, Time came)> output;
+        std::function<void(const String& id)>                                       removed;
     };
 
     /// `types` must outlive the farm.
@@ -67,6 +68,7 @@ private:
 
     void Do(JobRecord& job, const Decision& decision);
     void Retry(JobRecord& job);
+    void Remove(const String& id);
 
     void OnOutput(JobRecord& job, std::string_view line);
     void OnTrouble(JobRecord& job, const String& why);

@@ -60,9 +60,17 @@ void JobRecord::SetPriority(int priority)
 
 JobRecord& JobTable::Add(const String& id)
 {
-    m_Jobs.push_back(std::make_unique<JobRecord>(id, m_Jobs.size()));
+    m_Jobs.push_back(std::make_unique<JobRecord>(id, ++m_LastNumber));
     m_ById[id] = m_Jobs.back().get();
     return *m_Jobs.back();
+}
+
+void JobTable::Remove(const String& id)
+{
+    m_ById.erase(id);
+    m_Jobs.erase(std::remove_if(m_Jobs.begin(), m_Jobs.end(),
+                                [&id](const auto& job) { return job->Id() == id; }),
+                 m_Jobs.end());
 }
 
 JobRecord* JobTable::Find(const String& id) const

@@ -70,13 +70,14 @@ private:
     OutputTail               m_Tail;
 };
 
-/// All jobs since the master's start, in the order of their coming.
+/// All jobs since the master's start but those removed, in the order of their coming.
 class JobTable
 {
 public:
     static constexpr size_t k_MostJobs = 10000;
 
     JobRecord& Add(const String& id);        ///< `id` must be new.
+    void       Remove(const String& id);     ///< Nothing when there is none.
     JobRecord* Find(const String& id) const; ///< Null when there is none.
     bool       IsFull() const { return m_Jobs.size() >= k_MostJobs; }
     bool       HasUnended() const;
@@ -86,5 +87,6 @@ public:
 private:
     std::vector<std::unique_ptr<JobRecord>> m_Jobs;
     std::map<String, JobRecord*>            m_ById;
+    uint64_t                                m_LastNumber = 0;
 };
 } // namespace master

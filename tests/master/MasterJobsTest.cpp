@@ -158,6 +158,7 @@ TEST_F(MasterJobs, ImpossibleRequestsAreRefusedWithAReason)
     } refused[] = {{job, "Resume", "Only a suspended job"},
                    {job, "Retry", "Only a job that has ended"},
                    {job, "Explode", "Explode"},
+                   {job, "Remove", "Only a job that has ended"},
                    {ended, "Suspend", "has ended"},
                    {ended, "Kill", "has ended"}};
     for (const auto& one : refused)
@@ -180,6 +181,29 @@ TEST_F(MasterJobs, ImpossibleRequestsAreRefusedWithAReason)
         ExpectRefused(client.Outcome(client.Ask(question)), reason);
     }
     EXPECT_EQ(client.jobs.size(), 2u);
+}
+
+TEST_F(MasterJobs, ARemovedJobIsGoneForEveryClientAndLeavesItsFiles)
+{
+    Start();
+    const String kept = client.Submit("echo kept");
+    const String job = client.Submit("echo PROGRESS 50; echo out");
+    ASSERT_TRUE(client.WaitForState(job, state_Done));
+    ASSERT_TRUE(client.WaitForState(kept, state_Done));
+    MasterClient other;
+    ASSERT_TRUE(other.Connect());
+    EXPECT_EQ(client.Does(job, "Remove"), "");
+    const auto isTold = [&] { return other.others.back()->Type() == msg_JobGone; };
+    ASSERT_TRUE(other.ReadUntil(isTold));
+    EXPECT_EQ(other.others.back()->Get(p_Id), job);
+    EXPECT_EQ(ReadFile(client.Param(job, p_LogFile)), "PROGRESS 50\nout\n");
+    ExpectRefused(client.Does(job, "Remove"), "no job");
+    MasterClient late;
+    ASSERT_TRUE(late.Connect());
+    EXPECT_TRUE(late.ReadUntil([&] { return late.jobs.count(kept) > 0; }));
+    EXPECT_EQ(late.others.front()->GetInt("jobs"), 1);
+    const String next = client.Submit("true");
+    EXPECT_TRUE(client.WaitForState(next, state_Done));
 }
 
 TEST_F(MasterJobs, JobsStartByPriorityWhenThereIsASlot)
