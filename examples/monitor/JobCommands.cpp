@@ -1,14 +1,18 @@
 #include "monitor/JobCommands.h"
 
 #include "monitor/FarmJob.h"
+#include "monitor/JobForm.h"
 
 #include "appearance/wxTolvanString.h"
 #include "dialogs/wxQuestion.h"
+#include "dialogs/wxTextFromUserDlg.h"
 #include "vesta/Exception.h"
 #include "vesta/File.h"
 
 #include <wx/intl.h>
+#include <wx/textctrl.h>
 #include <wx/utils.h>
+#include <wx/validate.h>
 
 #include <algorithm>
 #include <iterator>
@@ -18,7 +22,10 @@ namespace
 {
 constexpr size_t  kMostName = 100; // characters
 const char* const kKill = "Kill";  // the command of the job types
+const char* const kRemove = "Remove";
+const char* const kSetPriority = "Set Priority";
 const char* const kQuestion = "KillJob";
+const char* const kRemoveQuestion = "RemoveJobs";
 
 wxQuestion KillQuestion(const JobPointers& jobs)
 {
@@ -43,6 +50,69 @@ bool HasEnded(const Job& job)
     const String state = job.GetParam(p_State);
     return state == state_Done || state == state_Failed || state == state_Killed;
 }
+
+// "9 done, 2 failed, 1 killed".
+wxString CountsOf(const JobPointers& jobs)
+{
+    wxString text;
+    for (const String& state : {state_Done, state_Failed, state_Killed})
+    {
+        const auto count =
+            std::count_if(jobs.begin(), jobs.end(),
+                          [&state](const auto& job) { return job->GetParam(p_State) == state; });
+        if (count > 0)
+        {
+            text += (text.empty() ? "" : ", ") + wxString::Format("%d ", static_cast<int>(count)) +
+                    wxGetTranslation(wxtToWx(state)).Lower();
+        }
+    }
+    return text;
+}
+
+wxQuestion RemoveQuestion(const JobPointers& jobs)
+{
+    const wxString name = wxtToWx(OneLine(jobs.front()->GetParam(p_Name), kMostName));
+    const wxString text =
+        jobs.size() == 1
+            ? wxString::Format(wxGetTranslation("Remove the job \"%s\" from the farm?"), name)
+            : wxString::Format(wxGetTranslation("Remove %zu finished jobs from the farm?"),
+                               jobs.size());
+    return {kRemoveQuestion,
+            wxGetTranslation("Remove Job", "Remove Jobs", static_cast<unsigned>(jobs.size())),
+            text + (jobs.size() > 1 ? "\n" + CountsOf(jobs) + "." : wxString()) + "\n" +
+                wxGetTranslation("The files that they have written stay."),
+            wxGetTranslation("Remove"),
+            wxGetTranslation("Keep"),
+            true};
+}
+
+JobPointers EndedOf(const JobPointers& jobs)
+{
+    JobPointers ended;
+    std::copy_if(jobs.begin(), jobs.end(), std::back_inserter(ended),
+                 [](const auto& job) { return HasEnded(*job); });
+    return ended;
+}
+
+// Says what is wrong with a text that is to be a priority, and leaves the dialog open.
+class _PriorityValidator : public wxValidator
+{
+public:
+    wxObject* Clone() const override { return new _PriorityValidator(*this); }
+    bool      Validate(wxWindow* parent) override
+    {
+        const auto* const field = dynamic_cast<const wxTextEntry*>(GetWindow());
+        const String      problem =
+            field ? JobForm::PriorityProblem(wxtFromWx(field->GetValue())) : String();
+        if (!problem.empty())
+        {
+            TellFailure(problem, parent);
+        }
+        return problem.empty();
+    }
+    bool TransferToWindow() override { return true; }
+    bool TransferFromWindow() override { return true; }
+};
 
 // Empty when the folder can be shown.
 String FolderProblem(const String& folder)
@@ -87,6 +157,32 @@ void KillJobs(const JobPointers& jobs, wxWindow* parent)
     std::copy_if(jobs.begin(), jobs.end(), std::back_inserter(left),
                  [](const auto& job) { return !HasEnded(*job); });
     SendCommand(left, kKill, String(), parent);
+}
+
+void RemoveJobs(const JobPointers& jobs, wxWindow* parent)
+{
+    const JobPointers ended = EndedOf(jobs);
+    if (!ended.empty() && wxAsk(parent, RemoveQuestion(ended)))
+    {
+        SendCommand(EndedOf(ended), kRemove, String(), parent); // one may run again
+    }
+}
+
+void AskPriority(const JobPointers& jobs, wxWindow* parent)
+{
+    const wxString message =
+        jobs.size() == 1
+            ? wxString(
+                  wxGetTranslation("Priority from 0 to 100. Jobs of a higher one start first."))
+            : wxString::Format(wxGetTranslation("Priority of %zu jobs, from 0 to 100.\nJobs of a "
+                                                "higher one start first."),
+                               jobs.size());
+    wxString text = wxtToWx(jobs.front()->GetParam(p_Priority));
+    if (wxTolvanTextFromUser(parent, message, wxGetTranslation("Set Priority"), text, "SetPriority",
+                             _PriorityValidator()))
+    {
+        SendCommand(jobs, kSetPriority, wxtFromWx(text).Trim(), parent);
+    }
 }
 
 void OpenOutputFolders(const JobPointers& jobs, wxWindow* parent)

@@ -23,6 +23,10 @@ void SendCommand(const JobPointers& jobs, const String& command, const String& i
                  wxWindow* parent);
 /// Asks whether the jobs shall be killed, and has the master do so.
 void KillJobs(const JobPointers& jobs, wxWindow* parent);
+/// Asks whether the master shall forget the jobs, of which it does so with those that have ended.
+void RemoveJobs(const JobPointers& jobs, wxWindow* parent);
+/// Asks for a number from 0 to 100, and has the master give it to each of the jobs.
+void AskPriority(const JobPointers& jobs, wxWindow* parent);
 /// Has the desktop show the folders that the jobs write to.
 void OpenOutputFolders(const JobPointers& jobs, wxWindow* parent);
 /// @}

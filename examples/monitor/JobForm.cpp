@@ -29,6 +29,25 @@ JobForm::JobForm(boost::shared_ptr<const JobTypeInfo> type)
     }
 }
 
+JobForm::JobForm(boost::shared_ptr<const JobTypeInfo> type, const Job& job)
+    : JobForm(std::move(type))
+{
+    const std::map<String, String> params = job.Params();
+    const std::vector<String>      common = Job::CommonParameterNames();
+    name = job.GetParam(p_Name);
+    priority = job.GetParam(p_Priority);
+    for (size_t i = 0; i < values.size(); ++i)
+    {
+        const String& param = m_Type->GetParam(static_cast<int>(i)).name;
+        const auto    found = params.find(param);
+        // One that is called as what every job has stands for that in a job.
+        if (found != params.end() && std::find(common.begin(), common.end(), param) == common.end())
+        {
+            values[i] = found->second;
+        }
+    }
+}
+
 String JobForm::FindProblem(int& field) const
 {
     field = kName;
@@ -37,7 +56,7 @@ String JobForm::FindProblem(int& field) const
         return problem;
     }
     field = kPriority;
-    if (String problem = PriorityProblem(); !problem.empty())
+    if (String problem = PriorityProblem(priority); !problem.empty())
     {
         return problem;
     }
@@ -68,9 +87,9 @@ String JobForm::NameProblem() const
                                      : SFormat("The name is longer than %zu bytes.", k_MostName);
 }
 
-String JobForm::PriorityProblem() const
+String JobForm::PriorityProblem(const String& entered)
 {
-    const String text = priority.Trim();
+    const String text = entered.Trim();
     const auto   number = text.ToInt(-1);
     const bool   isNumber = String::FromInt(number) == text;
     return isNumber && number >= 0 && number <= k_MostPriority

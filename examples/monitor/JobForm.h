@@ -6,6 +6,8 @@
 
 #include <vector>
 
+class Job;
+
 /// A job that the user is about to submit: its name, its priority and a value for each parameter of
 /// its type. Without a window.
 class JobForm
@@ -18,6 +20,8 @@ public:
 
     /// Begins with the type's defaults.
     explicit JobForm(boost::shared_ptr<const JobTypeInfo> type);
+    /// Begins with what that job was submitted with, as far as its type still has it.
+    JobForm(boost::shared_ptr<const JobTypeInfo> type, const Job& job);
 
     const JobTypeInfo& Type() const { return *m_Type; }
 
@@ -35,12 +39,14 @@ public:
     /// The first thing that is wrong; its text says so to the user, and is empty if nothing is.
     String FindProblem(int& field) const;
 
+    /// What is wrong with a text that is to be a priority; empty if nothing is.
+    static String PriorityProblem(const String& text);
+
     /// The request to the master.
     Message ToMessage(const String& request) const;
 
 private:
     String NameProblem() const;
-    String PriorityProblem() const;
     String ValueProblem(size_t index) const;
     String ValueOf(const String& param) const;
 

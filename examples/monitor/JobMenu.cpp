@@ -2,7 +2,6 @@
 
 #include "monitor/JobCommands.h"
 #include "monitor/JobOffers.h"
-#include "monitor/MonitorCommand.h"
 
 #include "appearance/wxTolvanString.h"
 #include "tolvan/JobFactory.h"
@@ -20,6 +19,9 @@ namespace
 constexpr size_t kMostName = 40; // characters
 constexpr int    kMask = cmd_Job | cmd_Output | cmd_Admin;
 
+const char* const kSetPriority = "Set Priority";
+const char* const kOther = "Other..."; // a priority that is no item of the command's
+
 boost::shared_ptr<const JobTypeInfo> TypeOf(const String& type)
 {
     return JobFactory::s_JobFactory->GetTypeInfo(UID(type), true);
@@ -29,6 +31,12 @@ wxString CountOf(size_t some, size_t all)
 {
     return some == all ? wxString::Format(wxGetTranslation("%zu Jobs"), all)
                        : wxString::Format(wxGetTranslation("%zu of %zu Jobs"), some, all);
+}
+
+wxString FinishedLabel(int count)
+{
+    return count > 0 ? wxString::Format(wxGetTranslation("Remove &Finished Jobs (%d)..."), count)
+                     : wxString(wxGetTranslation("Remove &Finished Jobs..."));
 }
 
 wxString OpenLabel(const std::vector<const FarmJob*>& jobs)
@@ -52,13 +60,25 @@ const struct OwnCommand
     const char* name;
     void (*run)(const JobPointers& jobs, wxWindow* parent);
     bool opensWindows;
-} kOwnCommands[] = {{"Kill", KillJobs, false}, {"Open Output Folder", OpenOutputFolders, true}};
+} kOwnCommands[] = {{"Kill", KillJobs, false},
+                    {"Remove", RemoveJobs, false},
+                    {"Open Output Folder", OpenOutputFolders, true}};
 
 const OwnCommand* FindOwn(const String& name)
 {
     const auto* const found = std::find_if(std::begin(kOwnCommands), std::end(kOwnCommands),
                                            [&](const OwnCommand& own) { return name == own.name; });
     return found == std::end(kOwnCommands) ? nullptr : found;
+}
+
+// As declared, with whatever number the user likes.
+CommandInfo WithOwnItems(CommandInfo command)
+{
+    if (command.name.EqualsNoCase(kSetPriority) && !command.items.empty())
+    {
+        command.items += String(";") + kOther;
+    }
+    return command;
 }
 
 // Everything that the menu shows of the jobs; short, however many they are.
@@ -78,11 +98,21 @@ String DescriptionOf(const std::vector<const FarmJob*>& jobs)
 }
 } // namespace
 
-JobMenu::JobMenu(FarmJobs& jobs, wxWindow& window) : m_Jobs(jobs), m_Window(window)
+JobMenu::JobMenu(FarmJobs& jobs, wxWindow& window, Own own)
+    : m_Jobs(jobs), m_Window(window), m_Own(std::move(own))
 {
-    Append(id_OpenJob, OpenLabel({}))->Enable(false);
-    Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent&) { OnOpen(true); });
-    Bind(wxEVT_MENU_CLOSE, [this](wxMenuEvent&) { OnOpen(false); });
+    m_OpenId = m_Own.open ? AddOwn(OpenLabel({})) : wxID_NONE;
+    m_CopyId = m_Own.copy ? AddOwn(wxGetTranslation("&Copy Rows\tCtrl+C")) : wxID_NONE;
+    m_ResubmitId = m_Own.resubmit ? AddOwn(wxGetTranslation("Su&bmit Again...")) : wxID_NONE;
+    m_RemoveId = m_Own.removesFinished ? AddOwn(FinishedLabel(0)) : wxID_NONE;
+    // The frame has to hear of it, too: while a menu is open no list changes its rows.
+    const auto onOpen = [this](wxMenuEvent& event, bool isOpen)
+    {
+        event.Skip();
+        OnOpen(isOpen);
+    };
+    Bind(wxEVT_MENU_OPEN, [onOpen](wxMenuEvent& event) { onOpen(event, true); });
+    Bind(wxEVT_MENU_CLOSE, [onOpen](wxMenuEvent& event) { onOpen(event, false); });
     m_Jobs.Changed.Connect(this,
                            [this](const FarmJobs::News& news)
                            {
@@ -118,7 +148,71 @@ std::vector<const FarmJob*> JobMenu::KnownJobs() const
     return jobs;
 }
 
-std::vector<String> JobMenu::JobsToOpen() const
+int JobMenu::AddOwn(const wxString& label)
+{
+    return Append(wxNewId(), label)->GetId();
+}
+
+int JobMenu::FinishedCount() const
+{
+    return m_Own.removesFinished ? m_Jobs.Summarize().done + m_Jobs.Summarize().failed : 0;
+}
+
+void JobMenu::RefreshOwn(const std::vector<const FarmJob*>& jobs)
+{
+    const auto show = [this](int id, const wxString& label, bool isPossible)
+    {
+        if (id != wxID_NONE)
+        {
+            SetLabel(id, label);
+            Enable(id, isPossible);
+        }
+    };
+    const int finished = FinishedCount();
+    show(m_OpenId, OpenLabel(jobs), !jobs.empty());
+    show(m_RemoveId, FinishedLabel(finished), finished > 0);
+    if (m_CopyId != wxID_NONE)
+    {
+        Enable(m_CopyId, !jobs.empty());
+    }
+    if (m_ResubmitId != wxID_NONE)
+    {
+        Enable(m_ResubmitId, jobs.size() == 1 && TypeOf(jobs.front()->type));
+    }
+}
+
+bool JobMenu::Run(int id)
+{
+    if (id == wxID_NONE)
+    {
+        return false;
+    }
+    const std::vector<const FarmJob*> jobs = KnownJobs();
+    if (id == m_OpenId)
+    {
+        OpenJobs();
+    }
+    else if (id == m_CopyId)
+    {
+        m_Own.copy();
+    }
+    else if (id == m_ResubmitId && jobs.size() == 1)
+    {
+        m_Own.resubmit(jobs.front()->id);
+    }
+    else if (id == m_RemoveId)
+    {
+        RemoveFinished();
+    }
+    else
+    {
+        return id == m_ResubmitId || TryCommand(id);
+    }
+    return true;
+}
+
+// Not more than is sensible.
+void JobMenu::OpenJobs()
 {
     std::vector<String> ids;
     for (const FarmJob* const job : KnownJobs())
@@ -126,7 +220,20 @@ std::vector<String> JobMenu::JobsToOpen() const
         ids.push_back(job->id);
     }
     ids.resize(std::min(ids.size(), k_MostWindowsAtOnce));
-    return ids;
+    m_Own.open(ids);
+}
+
+void JobMenu::RemoveFinished()
+{
+    JobPointers jobs;
+    for (const FarmJob* const job : m_Jobs.InOrder())
+    {
+        if (job->CurrentPhase() == FarmJob::kEnded)
+        {
+            jobs.push_back(job->job);
+        }
+    }
+    RemoveJobs(jobs, &m_Window);
 }
 
 void JobMenu::OnOpen(bool isOpen)
@@ -142,14 +249,14 @@ void JobMenu::OnOpen(bool isOpen)
 void JobMenu::Refresh()
 {
     const std::vector<const FarmJob*> jobs = KnownJobs();
-    const String                      due = DescriptionOf(jobs);
+    const int                         finished = FinishedCount();
+    const String due = DescriptionOf(jobs) + SFormat("\n%d finished", finished);
     if (m_IsOpen || due == m_Shown)
     {
         return;
     }
     m_Shown = due;
-    SetLabel(id_OpenJob, OpenLabel(jobs));
-    Enable(id_OpenJob, !jobs.empty());
+    RefreshOwn(jobs);
     // The commands are put in here, for all jobs together.
     Fill(nullptr, kMask);
     if (jobs.empty())
@@ -165,15 +272,16 @@ void JobMenu::Refresh()
 
 void JobMenu::AddOffer(const JobOffer& offer, const std::vector<const FarmJob*>& jobs)
 {
-    if (offer.takers > 0 || offer.command.flags < 0)
+    const CommandInfo command = WithOwnItems(offer.command);
+    if (offer.takers > 0 || command.flags < 0)
     {
-        InsertCommand(offer.command);
+        InsertCommand(command);
     }
     else
     {
         // As for a job in no state at all.
-        CommandInfo ruledOut = offer.command.ForJob(Job());
-        ruledOut.items = offer.command.Itemize(Job());
+        CommandInfo ruledOut = command.ForJob(Job());
+        ruledOut.items = command.Itemize(Job());
         InsertCommand(ruledOut);
     }
     if (jobs.size() > 1 && offer.takers > 0 && offer.command.flags >= 0)
@@ -203,6 +311,10 @@ void JobMenu::DoProcessCommand(const String& name, const String& item)
     {
         TellFailure("\"" + name + "\" is not possible any more: the job has gone on meanwhile.",
                     &m_Window);
+    }
+    else if (name.EqualsNoCase(kSetPriority) && (item.empty() || item == kOther))
+    {
+        AskPriority(jobs, &m_Window);
     }
     else if (own)
     {

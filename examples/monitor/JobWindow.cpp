@@ -2,6 +2,7 @@
 
 #include "monitor/JobCommands.h"
 #include "monitor/JobDetails.h"
+#include "monitor/JobMenu.h"
 
 #include "appearance/wxTolvanString.h"
 #include "appearance/wxtButton.h"
@@ -43,7 +44,7 @@ int CascadeOffset()
 }
 } // namespace
 
-JobWindow::JobWindow(FarmJobs& jobs, const FarmJob& job)
+JobWindow::JobWindow(FarmJobs& jobs, const FarmJob& job, const Resubmit& resubmit)
     : wxTolvanFrame(wxtToWx(OneLine(job.name, kMostTitle)), wxDefaultPosition, kFirstSize),
       m_Jobs(jobs),
       m_Id(job.id),
@@ -51,7 +52,7 @@ JobWindow::JobWindow(FarmJobs& jobs, const FarmJob& job)
       m_Shown(job.output.Begin())
 {
     m_Jobs.Watch(m_Id, true);
-    BuildMenus();
+    BuildMenus(resubmit);
     BuildViews();
     ShowDetails(job);
     ShowOutput(job);
@@ -70,7 +71,7 @@ JobWindow::~JobWindow()
     wxSaveWindowPos(this, kPositionName);
 }
 
-void JobWindow::BuildMenus()
+void JobWindow::BuildMenus(const Resubmit& resubmit)
 {
     auto* const file = new wxMenu;
     file->Append(wxTextLineCtrl::id_SaveAs, wxGetTranslation("Save Output &As..."));
@@ -85,10 +86,16 @@ void JobWindow::BuildMenus()
     view->Append(id_SashDown, wxGetTranslation("More Room for the &Details\tAlt+Down"));
     view->Append(id_SashUp, wxGetTranslation("More Room for the &Output\tAlt+Up"));
 
+    JobMenu::Own own;
+    own.resubmit = [this, resubmit](const String& id) { resubmit(id, this); };
+    m_Menu = new JobMenu(m_Jobs, *this, own);
+    m_Menu->ShowJobs({m_Id});
+
     auto* const bar = new wxMenuBar;
     bar->Append(file, wxGetTranslation("&File"));
     bar->Append(edit, wxGetTranslation("&Edit"));
     bar->Append(view, wxGetTranslation("&View"));
+    bar->Append(m_Menu, wxGetTranslation("&Job"));
     SetMenuBar(bar);
 
     const auto on = [this](int id, const std::function<void()>& act)
@@ -103,6 +110,7 @@ void JobWindow::BuildMenus()
     Bind(
         wxEVT_MENU, [this](wxCommandEvent& event) { m_Output->OnMenu(event); },
         wxTextLineCtrl::id_SelectAll, wxTextLineCtrl::id_Search);
+    Bind(wxEVT_MENU, &JobWindow::OnCommand, this);
 }
 
 void JobWindow::BuildViews()
@@ -200,6 +208,14 @@ void JobWindow::OnNews(const FarmJobs::News& news)
     }
     ShowOutput(*job);
     ShowDetails(*job);
+}
+
+void JobWindow::OnCommand(wxCommandEvent& event)
+{
+    if (!m_Menu->Run(event.GetId()))
+    {
+        event.Skip();
+    }
 }
 
 void JobWindow::OnKill()

@@ -5,23 +5,29 @@
 #include "shell/wxTimed.h"
 #include "shell/wxTolvanFrame.h"
 
+#include <functional>
+
 class JobDetails;
+class JobMenu;
 class FollowingText;
 class wxtSplitterWindow;
 class wxtScrolledPane;
 class wxtButton;
 
-/// A job in a window of its own: its details and parameters above, its output below. It stays when
-/// the job has gone, for what it shows.
+/// A job in a window of its own: its details and parameters above, its output below, its commands
+/// in a menu. It stays when the job has gone, for what it shows.
 class JobWindow : public wxTolvanFrame, private wxTimed, private HasSlots
 {
 public:
+    /// Asks for another job like that one, in a dialog over the window.
+    using Resubmit = std::function<void(const String& id, wxWindow* parent)>;
+
     /// `jobs` must outlive the window.
-    JobWindow(FarmJobs& jobs, const FarmJob& job);
+    JobWindow(FarmJobs& jobs, const FarmJob& job, const Resubmit& resubmit);
     ~JobWindow() override;
 
 private:
-    void BuildMenus();
+    void BuildMenus(const Resubmit& resubmit);
     void BuildViews();
     void BuildDetails(wxtScrolledPane& pane);
     void BuildOutput(wxtPanel& pane);
@@ -32,6 +38,7 @@ private:
     void OnTick() override;
     void OnNews(const FarmJobs::News& news);
     void OnKill();
+    void OnCommand(wxCommandEvent& event);
 
     FarmJobs&                            m_Jobs;
     String                               m_Id;
@@ -43,5 +50,6 @@ private:
     JobDetails*        m_Details = nullptr;
     JobDetails*        m_Parameters = nullptr;
     wxtButton*         m_Kill = nullptr;
+    JobMenu*           m_Menu = nullptr; ///< Of the menu bar.
     FollowingText*     m_Output = nullptr;
 };

@@ -1,11 +1,16 @@
 #include "monitor/JobWindows.h"
 
 #include "monitor/FarmJobs.h"
-#include "monitor/JobWindow.h"
 
 #include "shell/OpenWindows.h"
 
 #include <iterator>
+#include <utility>
+
+JobWindows::JobWindows(FarmJobs& jobs, JobWindow::Resubmit resubmit)
+    : m_Jobs(jobs), m_Resubmit(std::move(resubmit))
+{
+}
 
 void JobWindows::Open(const String& id)
 {
@@ -19,7 +24,7 @@ void JobWindows::Open(const String& id)
     }
     else if (job)
     {
-        auto* const window = new JobWindow(m_Jobs, *job);
+        auto* const window = new JobWindow(m_Jobs, *job, m_Resubmit);
         m_Windows.emplace(id, window);
         wxOpenUserWindow(window, job->product);
         window->Show();

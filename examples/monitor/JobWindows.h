@@ -1,5 +1,7 @@
 #pragma once
 
+#include "monitor/JobWindow.h"
+
 #include "vesta/String.h"
 
 #include <wx/weakref.h>
@@ -7,7 +9,6 @@
 #include <map>
 
 class FarmJobs;
-class JobWindow;
 
 /// The windows of single jobs, one a job. The menu of open windows is filled anew whenever one
 /// comes or goes: while it opens is too late, the toolkit has settled its size by then.
@@ -15,7 +16,7 @@ class JobWindows
 {
 public:
     /// `jobs` must outlive the windows.
-    explicit JobWindows(FarmJobs& jobs) : m_Jobs(jobs) {}
+    JobWindows(FarmJobs& jobs, JobWindow::Resubmit resubmit);
 
     /// Opens the job's window, or raises it. Nothing for a job that is gone.
     void Open(const String& id);
@@ -24,5 +25,6 @@ private:
     void DropClosed();
 
     FarmJobs&                              m_Jobs;
+    JobWindow::Resubmit                    m_Resubmit;
     std::map<String, wxWeakRef<JobWindow>> m_Windows; ///< Null: closed.
 };

@@ -72,3 +72,8 @@ void JobsPane::SetFocus()
 {
     m_List->SetFocus();
 }
+
+void JobsPane::CopyRows()
+{
+    m_List->CopySelection();
+}

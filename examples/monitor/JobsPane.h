@@ -32,6 +32,7 @@ public:
     /// Remembers the widths of the columns and the place of the sash.
     void SaveLayout();
     void SetFocus() override; ///< Gives it to the list of jobs.
+    void CopyRows();          ///< The selected ones of that list.
 
 private:
     void BuildLower(wxtSplitterWindow& splitter, FarmJobs& jobs);

@@ -8,6 +8,5 @@ enum MonitorCommand
     id_SwitchPane,
     id_MoreJobs,
     id_MoreLog,
-    id_FullScreen,
-    id_OpenJob
+    id_FullScreen
 };

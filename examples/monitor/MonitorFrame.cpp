@@ -3,7 +3,7 @@
 #include "monitor/ChartStrip.h"
 #include "monitor/FarmHeader.h"
 #include "monitor/HideProducts.h"
-#include "monitor/JobMenu.h"
+#include "monitor/JobCommands.h"
 #include "monitor/JobsPane.h"
 #include "monitor/MonitorMenus.h"
 #include "monitor/SubmitDlg.h"
@@ -15,7 +15,9 @@
 #include "common/PreferencesDlg.h"
 #include "dialogs/wxQuestion.h"
 #include "shell/wxTolvanApp.h"
+#include "tolvan/JobFactory.h"
 #include "vesta/Log.h"
+#include "vesta/UID.h"
 
 #include <wx/menu.h>
 #include <wx/sizer.h>
@@ -36,9 +38,9 @@ const wxSize kSmallestSize(560, 320); // pixels
 MonitorFrame::MonitorFrame(const Program& program)
     : wxTolvanFrame(wxGetTranslation("Tolvan Monitor"), wxDefaultPosition, kFirstSize),
       m_Program(program),
-      m_Windows(program.jobs),
-      m_JobMenu(new JobMenu(program.jobs, *this)),
-      m_PopUp(std::make_unique<JobMenu>(program.jobs, *this))
+      m_Windows(program.jobs, [this](const String& id, wxWindow* parent) { Resubmit(id, parent); }),
+      m_JobMenu(new JobMenu(program.jobs, *this, OwnCommands(false))),
+      m_PopUp(std::make_unique<JobMenu>(program.jobs, *this, OwnCommands(true)))
 {
     SetMinSize(kSmallestSize);
     BuildMonitorMenus(*this, m_JobMenu);
@@ -75,7 +77,28 @@ void MonitorFrame::BindCommands()
     Bind(
         wxEVT_MENU, [this](wxCommandEvent& event) { m_Log->OnMenu(event); },
         wxTextLineCtrl::id_SelectAll, wxTextLineCtrl::id_Search);
+    // Bound last, it is asked first: nobody else knows the ids of those menus.
     Bind(wxEVT_MENU, &MonitorFrame::OnJobCommand, this);
+}
+
+// What the menus of the window offer beside the jobs' commands.
+JobMenu::Own MonitorFrame::OwnCommands(bool isPopUp)
+{
+    JobMenu::Own own;
+    own.open = [this](const std::vector<String>& ids)
+    {
+        for (const String& id : ids)
+        {
+            m_Windows.Open(id);
+        }
+    };
+    if (isPopUp)
+    {
+        own.copy = [this] { m_Jobs->CopyRows(); };
+    }
+    own.resubmit = [this](const String& id) { Resubmit(id, this); };
+    own.removesFinished = true;
+    return own;
 }
 
 void MonitorFrame::BuildViews()
@@ -151,15 +174,7 @@ void MonitorFrame::ShowJobMenu(const std::vector<String>& ids, const wxPoint& wh
 
 void MonitorFrame::OnJobCommand(wxCommandEvent& event)
 {
-    if (event.GetId() == id_OpenJob)
-    {
-        const bool isOfBar = event.GetEventObject() == m_JobMenu;
-        for (const String& id : (isOfBar ? *m_JobMenu : *m_PopUp).JobsToOpen())
-        {
-            m_Windows.Open(id);
-        }
-    }
-    else if (!m_JobMenu->TryCommand(event.GetId()) && !m_PopUp->TryCommand(event.GetId()))
+    if (!m_JobMenu->Run(event.GetId()) && !m_PopUp->Run(event.GetId()))
     {
         event.Skip();
     }
@@ -168,6 +183,19 @@ void MonitorFrame::OnJobCommand(wxCommandEvent& event)
 void MonitorFrame::OnSubmit()
 {
     SubmitDlg dialog(this, m_Program.send);
+    dialog.ShowModal();
+}
+
+void MonitorFrame::Resubmit(const String& id, wxWindow* parent)
+{
+    const FarmJob* const job = m_Program.jobs.Find(id);
+    const auto type = job ? JobFactory::s_JobFactory->GetTypeInfo(UID(job->type), true) : nullptr;
+    if (!type)
+    {
+        TellFailure("The job, or its product, is not there any more.", parent);
+        return;
+    }
+    SubmitDlg dialog(parent, m_Program.send, JobForm(type, *job->job));
     dialog.ShowModal();
 }
 

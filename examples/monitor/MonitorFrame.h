@@ -2,6 +2,7 @@
 
 #include "monitor/FarmFeed.h"
 #include "monitor/FarmJobs.h"
+#include "monitor/JobMenu.h"
 #include "monitor/JobWindows.h"
 
 #include "shell/wxEndLater.h"
@@ -11,7 +12,6 @@
 #include <memory>
 
 class FarmHeader;
-class JobMenu;
 class JobsPane;
 class FollowingText;
 class wxtSplitterWindow;
@@ -45,9 +45,12 @@ private:
     wxWindow* BuildLog(wxWindow* parent);
     bool      MayQuit();
 
+    JobMenu::Own OwnCommands(bool isPopUp);
+
     void ShowJobMenu(const std::vector<String>& ids, const wxPoint& where);
     void OnJobCommand(wxCommandEvent& event);
     void OnSubmit();
+    void Resubmit(const String& id, wxWindow* parent);
     void OnPreferences();
     void OnAbout();
     void OnClose(wxCloseEvent& event);

@@ -44,9 +44,22 @@ wxtStaticText* AddHeadRow(wxTolvanDlg& dialog, wxFlexGridSizer& grid, const wxSt
 } // namespace
 
 SubmitDlg::SubmitDlg(wxWindow* parent, Job::Sender send)
-    : wxTolvanDlg(parent, wxGetTranslation("Submit Job"), kPositionName, true),
-      m_Send(std::move(send))
+    : SubmitDlg(parent, std::move(send), wxGetTranslation("Submit Job"), nullptr)
 {
+}
+
+SubmitDlg::SubmitDlg(wxWindow* parent, Job::Sender send, const JobForm& form)
+    : SubmitDlg(parent, std::move(send), wxGetTranslation("Submit Job Again"), &form)
+{
+}
+
+SubmitDlg::SubmitDlg(wxWindow* parent, Job::Sender send, const wxString& title, const JobForm* form)
+    : wxTolvanDlg(parent, title, kPositionName, true), m_Send(std::move(send))
+{
+    if (form)
+    {
+        m_Form = &m_Forms.emplace(form->Type().Id(), *form).first->second;
+    }
     auto* const content = new wxBoxSizer(wxVERTICAL);
     BuildHead(*content);
     content->Add(NewStaticLine(wxGetTranslation("Parameters ")), 0, wxEXPAND | wxTOP | wxBOTTOM,
@@ -59,7 +72,14 @@ SubmitDlg::SubmitDlg(wxWindow* parent, Job::Sender send)
     whole->Add(content, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, kBorder);
     AddButtons(whole, true);
     FindWindow(wxID_OK)->SetLabel(wxGetTranslation("Submit"));
-    m_Product->SetSelectedProduct(LastProduct());
+    if (form)
+    {
+        ShowForm();
+    }
+    else
+    {
+        m_Product->SetSelectedProduct(LastProduct());
+    }
     if (!m_Form)
     {
         ShowProduct();
@@ -74,8 +94,8 @@ SubmitDlg::SubmitDlg(wxWindow* parent, Job::Sender send)
 // So that every product fits, unless one has very many parameters.
 int SubmitDlg::FirstFieldsHeight() const
 {
-    size_t most = 1;
-    for (unsigned int i = 0; i < m_Product->GetCount(); ++i)
+    size_t most = m_Form ? m_Form->values.size() : 1;
+    for (unsigned int i = 0; m_Product && i < m_Product->GetCount(); ++i)
     {
         const UID product = m_Product->GetProduct(static_cast<int>(i));
         if (const auto type = JobFactory::s_JobFactory->GetTypeInfo(product, false))
@@ -92,14 +112,7 @@ void SubmitDlg::BuildHead(wxBoxSizer& sizer)
 {
     auto* const grid = new wxFlexGridSizer(2, JobFields::k_Gap, JobFields::k_Gap);
     grid->AddGrowableCol(1);
-    m_Product = new ProductChoice(this, wxID_ANY);
-    m_Product->Bind(wxEVT_COMBOBOX,
-                    [this](wxCommandEvent& event)
-                    {
-                        event.Skip();
-                        ShowProduct();
-                    });
-    m_Label = AddHeadRow(*this, *grid, wxGetTranslation("Product"), m_Product);
+    m_Label = AddHeadRow(*this, *grid, wxGetTranslation("Product"), NewProduct());
     grid->AddSpacer(0);
     m_Description = NewOneLine(color_TextGrey);
     grid->Add(m_Description, 0, wxEXPAND);
@@ -111,6 +124,25 @@ void SubmitDlg::BuildHead(wxBoxSizer& sizer)
         wxGetTranslation("From 0 to 100: jobs of a higher priority start first"));
     AddHeadRow(*this, *grid, wxGetTranslation("Priority"), m_Priority);
     sizer.Add(grid, 0, wxEXPAND | wxRIGHT, JobFields::k_RightEdge);
+}
+
+// A choice, or the name of the one that is given, which need not be among those to choose from.
+wxWindow* SubmitDlg::NewProduct()
+{
+    if (m_Form)
+    {
+        wxtStaticText* const name = NewOneLine(color_Text);
+        name->SetLabelText(wxtToWx(OneLine(m_Form->Type().Name(), kMostDescription)));
+        return name;
+    }
+    m_Product = new ProductChoice(this, wxID_ANY);
+    m_Product->Bind(wxEVT_COMBOBOX,
+                    [this](wxCommandEvent& event)
+                    {
+                        event.Skip();
+                        ShowProduct();
+                    });
+    return m_Product;
 }
 
 // The labels of the whole dialog are in one column.

@@ -312,6 +312,19 @@ TEST_F(JobFormTest, SendsWhatWasEnteredOrSaysWhatIsWrongAndWhere)
             EXPECT_EQ(one.frame.Trim(), message.Get("Frame"));
         }
     }
+
+    Job job;
+    job.Update(Message(msg_Job)
+                   .Set(p_Name, "Sky")
+                   .Set(p_Priority, "70")
+                   .Set("Kind", "gone")
+                   .Set("Text", String("a\nb\xff")));
+    const JobForm again(JobTypeInfo::Load(TempFile("t.module")), job);
+    EXPECT_EQ("Sky", again.name);
+    EXPECT_EQ("70", again.priority);
+    EXPECT_EQ((std::vector<String>{"a\nb\xff", "gone", "p", "7"}), again.values);
+    EXPECT_NE("", again.FindProblem(field));
+    EXPECT_EQ(1, field) << "what the type no longer offers has to be chosen anew";
 }
 
 TEST(PanelMemory, StaysSmallWhateverTheJobsAreCalled)
