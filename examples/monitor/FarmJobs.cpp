@@ -121,6 +121,7 @@ void FarmJobs::DropGone(const FarmChanges& changes, News& news)
             Count(*found->second, -1);
             m_Jobs.erase(found);
             news.isListChanged = true;
+            news.isAnyGone = true;
         }
         news.changed.erase(id);
     }

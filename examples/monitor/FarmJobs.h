@@ -31,8 +31,9 @@ public:
     struct News
     {
         /// Jobs have come or gone, or the state or the name of some is another.
-        bool             isListChanged = false;
-        std::set<String> changed; ///< Identifiers; with new output too, without those gone.
+        bool                isListChanged = false;
+        bool                isAnyGone = false;
+        std::set<String>    changed; ///< Identifiers; with new output too, without those gone.
     };
 
     /// The name of the job type with that identifier.

@@ -7,6 +7,21 @@ namespace
 constexpr size_t kMostPath = 300; // characters
 } // namespace
 
+const String& FrameState(const FarmJob& job, int number)
+{
+    if (number <= job.framesDone)
+    {
+        return state_Done;
+    }
+    const bool           isNext = number == job.framesDone + 1;
+    const FarmJob::Phase phase = job.CurrentPhase();
+    if (phase == FarmJob::kEnded || (isNext && phase != FarmJob::kWaits))
+    {
+        return job.state;
+    }
+    return state_Waiting;
+}
+
 Path PictureOf(const FarmJob& job, int number)
 {
     const JobFrames::Frame* const frame = job.frames.Find(number);

@@ -2,7 +2,10 @@
 
 #include "monitor/FarmJob.h"
 
-/// Where the pictures of a job's frames are. Without a window.
+/// How a job's frames stand, and where their pictures are. Without a window.
+
+/// The state of the frame with that number: a job that runs works on the one behind the last done.
+const String& FrameState(const FarmJob& job, int number);
 
 /// The file of the frame with that number (from 1); empty when nothing is known of one.
 Path PictureOf(const FarmJob& job, int number);

@@ -1,34 +1,9 @@
 #include "monitor/JobColumns.h"
 
-#include <strings.h>
-
 #include <iterator>
 
 namespace
 {
-template <class Value> int Compare(const Value& a, const Value& b)
-{
-    return a < b ? -1 : b < a ? 1 : 0;
-}
-
-int CompareTexts(const String& a, const String& b)
-{
-    return strcasecmp(a.c_str(), b.c_str());
-}
-
-// From what a user must look at to what is over.
-int RankOf(const FarmJob& job)
-{
-    const String* const order[] = {&state_Failed,  &state_Running, &state_Suspended,
-                                   &state_Waiting, &state_Killed,  &state_Done};
-    int                 rank = 0;
-    while (rank < static_cast<int>(std::size(order)) && *order[rank] != job.state)
-    {
-        ++rank;
-    }
-    return rank;
-}
-
 String FramesText(const FarmJob& job, Time)
 {
     return job.frameCount > 0 ? SFormat("%d / %d", job.framesDone, job.frameCount) : String();
@@ -40,23 +15,19 @@ String ElapsedTextOf(const FarmJob& job, Time now)
 }
 
 const JobColumnInfo kColumns[] = {
-    {"Name", 200, [](const FarmJob& job, Time) { return job.name; },
-     [](const FarmJob& a, const FarmJob& b, Time) { return CompareTexts(a.name, b.name); }},
-    {"Product", 120, [](const FarmJob& job, Time) { return job.product; },
-     [](const FarmJob& a, const FarmJob& b, Time) { return CompareTexts(a.product, b.product); }},
-    {"User", 90, [](const FarmJob& job, Time) { return job.user; },
-     [](const FarmJob& a, const FarmJob& b, Time) { return CompareTexts(a.user, b.user); }},
+    {"Name", 200, [](const FarmJob& job, Time) { return job.name; }, nullptr},
+    {"Product", 120, [](const FarmJob& job, Time) { return job.product; }, nullptr},
+    {"User", 90, [](const FarmJob& job, Time) { return job.user; }, nullptr},
     {"State", 90, [](const FarmJob& job, Time) { return job.state; },
-     [](const FarmJob& a, const FarmJob& b, Time) { return Compare(RankOf(a), RankOf(b)); }},
+     [](const FarmJob& job, Time) -> double { return StateRank(job.state); }},
     {"Progress", 130, [](const FarmJob& job, Time) { return SFormat("%d %%", job.progress); },
-     [](const FarmJob& a, const FarmJob& b, Time) { return Compare(a.progress, b.progress); }},
+     [](const FarmJob& job, Time) -> double { return job.progress; }},
     {"Frames Done", 100, FramesText,
-     [](const FarmJob& a, const FarmJob& b, Time) { return Compare(a.framesDone, b.framesDone); }},
+     [](const FarmJob& job, Time) -> double { return job.framesDone; }},
     {"Elapsed", 90, ElapsedTextOf,
-     [](const FarmJob& a, const FarmJob& b, Time now)
-     { return Compare(a.Elapsed(now).ToMicroseconds(), b.Elapsed(now).ToMicroseconds()); }},
-    {"Host", 120, [](const FarmJob& job, Time) { return job.host; },
-     [](const FarmJob& a, const FarmJob& b, Time) { return CompareTexts(a.host, b.host); }},
+     [](const FarmJob& job, Time now)
+     { return static_cast<double>(job.Elapsed(now).ToMicroseconds()); }},
+    {"Host", 120, [](const FarmJob& job, Time) { return job.host; }, nullptr},
 };
 static_assert(std::size(kColumns) == k_JobColumns);
 } // namespace
@@ -64,4 +35,16 @@ static_assert(std::size(kColumns) == k_JobColumns);
 const JobColumnInfo& InfoOf(int column)
 {
     return kColumns[column];
+}
+
+int StateRank(const String& state)
+{
+    const String* const order[] = {&state_Failed,  &state_Running, &state_Suspended,
+                                   &state_Waiting, &state_Killed,  &state_Done};
+    int                 rank = 0;
+    while (rank < static_cast<int>(std::size(order)) && *order[rank] != state)
+    {
+        ++rank;
+    }
+    return rank;
 }

@@ -2,8 +2,6 @@
 
 #include "monitor/FarmJob.h"
 
-#include <functional>
-
 /// The columns of the list of jobs. Without a window.
 enum JobColumn
 {
@@ -24,8 +22,11 @@ struct JobColumnInfo
     int         width; ///< Pixels, before the user has chosen.
     /// What a cell shows at that time.
     String (*text)(const FarmJob& job, Time now);
-    /// Less than 0, 0 or more than 0, as the first comes before, with or after the second.
-    int (*compare)(const FarmJob& a, const FarmJob& b, Time now);
+    /// What it is sorted by where that is a number; null: what it shows.
+    double (*number)(const FarmJob& job, Time now);
 };
 
 const JobColumnInfo& InfoOf(int column);
+
+/// From what a user must look at, 0, to what is over.
+int StateRank(const String& state);

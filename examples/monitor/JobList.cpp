@@ -1,6 +1,7 @@
 #include "monitor/JobList.h"
 
-#include "listviews/wxListMenu.h"
+#include "monitor/FramePictures.h"
+#include "monitor/GroupMemory.h"
 #include "monitor/JobColors.h"
 #include "monitor/JobCommands.h"
 
@@ -8,6 +9,7 @@
 #include "appearance/wxTolvanString.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListHeader.h"
+#include "listviews/wxListMenu.h"
 #include "vesta/Application.h"
 
 #include <wx/dc.h>
@@ -22,8 +24,10 @@ namespace
 constexpr int     kBarMargin = 2; // pixels around a progress bar in its cell
 const char* const kSection = "JobList";
 const char* const kWidths = "Columns";
-const char* const kSortColumn = "SortColumn";
-const char* const kDescending = "SortDescending";
+const char* const kOrder = "Order";
+const char* const kGrouping = "Grouping";
+const char* const kFrames = "Frames";
+const char* const kClosed = "ClosedGroups";
 
 // Half of each, so that the figure on it can be read in every scheme.
 wxColour Half(const wxColour& a, const wxColour& b)
@@ -31,77 +35,131 @@ wxColour Half(const wxColour& a, const wxColour& b)
     const auto half = [](int x, int y) { return static_cast<unsigned char>((x + y) / 2); };
     return wxColour(half(a.Red(), b.Red()), half(a.Green(), b.Green()), half(a.Blue(), b.Blue()));
 }
+
+bool ChangesByItself(const JobOrder& order)
+{
+    return std::any_of(order.begin(), order.end(),
+                       [](const JobSort& by) { return by.column == column_Elapsed; });
+}
 } // namespace
 
 JobList::JobList(wxWindow* parent, FarmJobs& jobs, Actions actions)
-    : wxDBListCtrl(parent, wxID_ANY, false), m_Jobs(jobs), m_Actions(std::move(actions))
-{
-    AddColumns();
-    wxAddListMenu(*this,
-                  [this](const wxPoint& where) { m_Actions.showMenu(SelectedJobs(), where); });
-    Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent& event) { OnSelect(event, true); });
-    Bind(wxEVT_LIST_ITEM_DESELECTED, [this](wxListEvent& event) { OnSelect(event, false); });
-    Bind(wxEVT_LIST_ITEM_ACTIVATED, &JobList::OnActivate, this);
-    Bind(wxEVT_LIST_COL_CLICK, &JobList::OnTitle, this);
-    GetHeader()->Bind(wxEVT_LEFT_UP, &JobList::OnTitleRelease, this);
-    m_Jobs.Changed.Connect(this,
-                           [this](const FarmJobs::News& news)
-                           {
-                               m_IsStale |= !news.changed.empty();
-                               m_IsListStale |= news.isListChanged;
-                               if (news.isListChanged)
-                               {
-                                   Refill(); // the jobs that have gone are gone now
-                               }
-                           });
-}
-
-JobList::~JobList()
-{
-    DisconnectAll();
-}
-
-void JobList::AddColumns()
+    : wxDBTreeListCtrl(parent, wxID_ANY, false), m_Jobs(jobs), m_Actions(std::move(actions))
 {
     for (int column = 0; column < k_JobColumns; ++column)
     {
         AddColumn(column, wxtFromWx(wxGetTranslation(InfoOf(column).title)), InfoOf(column).width);
     }
+    SetTreeColumn(column_Name);
+    RestoreLayout();
+    wxAddListMenu(*this, [this](const wxPoint& where) { ShowMenu(where); });
+    const auto onSelection = [this](wxListEvent& event)
+    {
+        event.Skip();
+        m_Actions.selectionChanged();
+    };
+    Bind(wxEVT_LIST_ITEM_SELECTED, onSelection);
+    Bind(wxEVT_LIST_ITEM_DESELECTED, onSelection);
+    Bind(wxEVT_LIST_ITEM_ACTIVATED, &JobList::OnActivate, this);
+    Bind(wxEVT_LIST_COL_CLICK, &JobList::OnTitle, this);
+    Bind(wxEVT_DBTREELIST_ARRANGED,
+         [this](wxCommandEvent& event)
+         {
+             event.Skip();
+             OpenNew();
+             BringBack();
+             m_Actions.selectionChanged(); // whatever was asked for meanwhile
+             if (const auto where = std::exchange(m_MenuDue, std::nullopt))
+             {
+                 ShowMenu(*where);
+             }
+         });
+    GetHeader()->Bind(wxEVT_LEFT_UP, &JobList::OnTitleRelease, this);
+    SetModel(&m_Model);
+    Arrange();
+    m_Jobs.Changed.Connect(this,
+                           [this](const FarmJobs::News& news)
+                           {
+                               m_IsStale |= !news.changed.empty();
+                               m_IsListStale |= news.isListChanged;
+                               // Those that have gone are gone now, and the first are awaited.
+                               if (news.isAnyGone || (m_IsListStale && GetItemCount() == 0))
+                               {
+                                   Arrange();
+                               }
+                           });
+}
+
+// The views first: they ask for cells as long as they are there.
+JobList::~JobList()
+{
+    DisconnectAll();
+    SetModel(nullptr);
+}
+
+void JobList::RestoreLayout()
+{
     const OptionsFile& options = Application::the_Application->Options();
     RestoreColumnLayout(kSection, kWidths);
-    m_Table.SortBy(static_cast<int>(options.GetValue(kSection, kSortColumn).ToInt(-1)),
-                   options.GetBool(kSection, kDescending, false));
-    ShowSort();
+    m_Grouping = GroupingFrom(options.GetValue(kSection, kGrouping));
+    m_ShowsFrames = options.GetBool(kSection, kFrames, false);
+    m_Closed = ClosedGroupsFrom(options.GetValue(kSection, kClosed));
+    SortBy(OrderFrom(options.GetValue(kSection, kOrder), k_JobColumns));
 }
 
 void JobList::SaveLayout()
 {
+    NoteClosed();
     OptionsFile&                      options = Application::the_Application->Options();
     const OptionsFile::PauseAutoWrite pause(options);
     SaveColumnLayout(kSection, kWidths);
     const WriteLock lock(options.Lock());
-    options.SetValue(kSection, kSortColumn, String::FromInt(m_Table.SortColumn()));
-    options.SetValue(kSection, kDescending, m_Table.IsDescending() ? "1" : "0");
+    options.SetValue(kSection, kOrder, TextOf(m_Order));
+    options.SetValue(kSection, kGrouping, NameOf(m_Grouping));
+    options.SetValue(kSection, kFrames, m_ShowsFrames ? "1" : "0");
+    options.SetValue(kSection, kClosed, TextOfClosed(m_Closed));
 }
 
-void JobList::ShowSort()
+void JobList::SortBy(JobOrder order)
 {
-    for (int column = 0; column < GetColumnCount(); ++column)
+    m_Order = std::move(order);
+    for (int i = 0; i < GetColumnCount(); ++i)
     {
-        const bool isSorted = GetColumn(column).type == m_Table.SortColumn();
-        SetColumnImage(column, !isSorted                ? image_None
-                               : m_Table.IsDescending() ? image_Descending
-                                                        : image_Ascending);
+        const auto by = std::find_if(m_Order.begin(), m_Order.end(),
+                                     [type = GetColumn(i).type](const JobSort& each)
+                                     { return each.column == type; });
+        const bool isSorted = by != m_Order.end();
+        SetColumnImage(i, !isSorted        ? image_None
+                          : by->descending ? image_Descending
+                                           : image_Ascending);
+        SetColumnRank(i, isSorted && m_Order.size() > 1 ? static_cast<int>(by - m_Order.begin()) + 1
+                                                        : 0);
     }
-    SetHighlightColumn(m_Table.SortColumn() < 0 ? -1 : FindColumnByType(m_Table.SortColumn()));
+    SetHighlightColumn(m_Order.empty() ? -1 : FindColumnByType(m_Order.front().column));
+    std::vector<wxDBTreeSort> sorts;
+    for (const JobSort& each : m_Order)
+    {
+        sorts.push_back({each.column, each.descending});
+    }
+    SortChildren(sorts);
 }
 
 void JobList::OnTick()
 {
-    m_Now = Time::CurrentTime();
-    if (std::exchange(m_IsStale, false) || m_Table.IsSortedByWhatChanges())
+    m_Model.now = Time::CurrentTime();
+    const bool isStale = std::exchange(m_IsStale, false);
+    const bool dependsOnValues = !m_Order.empty() || IsFiltered();
+    if (m_IsListStale || (isStale && m_ShowsFrames))
     {
-        Refill();
+        Arrange();
+    }
+    else if ((isStale && dependsOnValues) || ChangesByItself(m_Order))
+    {
+        ModelChanged();
+    }
+    else if (isStale)
+    {
+        GetBody()->Redraw();
     }
     else if (m_Jobs.Summarize().running + m_Jobs.Summarize().suspended > 0)
     {
@@ -110,107 +168,88 @@ void JobList::OnTick()
     }
 }
 
-void JobList::Refill()
+void JobList::Arrange()
 {
-    m_Now = Time::CurrentTime();
-    const auto idAt = [this](int row)
-    { return m_Table.HasRow(row) ? m_Table.IdAt(row) : String(); };
-    const String anchor = idAt(GetLastSelect());
-    const String focus = idAt(GetFocusRow());
-    const size_t selected = m_Selected.size();
-    m_Table.SetJobs(m_Jobs.InOrder(), m_Now);
-    if (std::exchange(m_IsListStale, false))
+    m_IsListStale = false;
+    m_Model.now = Time::CurrentTime();
+    NoteClosed();
+    if (m_Grouping == JobGrouping::kState)
     {
-        for (auto id = m_Selected.begin(); id != m_Selected.end();)
-        {
-            id = m_Table.RowOf(*id) < 0 ? m_Selected.erase(id) : std::next(id);
-        }
+        Keep(); // what has another state moves to another group
     }
-    const int more = m_Table.RowCount() - GetItemCount();
-    if (more > 0)
-    {
-        Insert(GetItemCount(), static_cast<unsigned long>(more), false);
-    }
-    else if (more < 0)
-    {
-        Remove(m_Table.RowCount(), static_cast<unsigned long>(-more));
-    }
-    SetLastSelect(anchor.empty() ? -1 : m_Table.RowOf(anchor));
-    SetFocusRow(focus == anchor ? -1 : m_Table.RowOf(focus));
-    GetBody()->Redraw();
-    if (m_Selected.size() != selected)
-    {
-        m_Actions.selectionChanged();
-    }
+    m_Model.rows.Arrange(m_Jobs.InOrder(), m_Grouping, m_ShowsFrames);
+    ModelChanged();
 }
 
-std::vector<String> JobList::SelectedJobs() const
+void JobList::LoadAnew()
 {
-    std::vector<std::pair<int, String>> rows;
-    for (const String& id : m_Selected)
-    {
-        rows.emplace_back(m_Table.RowOf(id), id);
-    }
-    std::sort(rows.begin(), rows.end());
-    std::vector<String> jobs;
-    jobs.reserve(rows.size());
-    for (const auto& row : rows)
-    {
-        jobs.push_back(row.second);
-    }
-    return jobs;
+    Arrange();
+    Redraw();
 }
 
-bool JobList::IsRowSelected(int row)
+void JobList::SetGrouping(JobGrouping grouping)
 {
-    return m_Table.HasRow(row) && m_Selected.count(m_Table.JobAt(row).id) > 0;
+    ArrangeAs(grouping, m_ShowsFrames);
 }
 
-std::vector<int> JobList::GetSelection()
+void JobList::ShowFrames(bool show)
 {
-    std::vector<int> rows;
-    for (const String& id : m_Selected)
-    {
-        rows.push_back(m_Table.RowOf(id));
-    }
-    std::sort(rows.begin(), rows.end());
-    return rows;
+    ArrangeAs(m_Grouping, show);
 }
 
-String JobList::GetDisplayText(int row, int column)
+void JobList::ArrangeAs(JobGrouping grouping, bool showsFrames)
 {
-    return m_Table.HasRow(row) ? InfoOf(GetColumn(column).type).text(m_Table.JobAt(row), m_Now)
-                               : String();
+    m_IsListStale = false;
+    NoteClosed();
+    Keep();
+    m_Known.clear();
+    m_Grouping = grouping;
+    m_ShowsFrames = showsFrames;
+    m_Model.rows.Arrange(m_Jobs.InOrder(), m_Grouping, m_ShowsFrames);
+    ModelChanged();
 }
 
 void JobList::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected)
 {
-    if (!m_Table.HasRow(row))
+    const wxDBTreeNode   node = NodeAt(row);
+    const JobRows::Frame frame = m_Model.rows.FrameAt(node);
+    const int            type = GetColumn(column).type;
+    if (type == column_Progress && frame.number == 0)
     {
-        return;
+        DrawProgress(dc, node, wxRect(rect).Deflate(kBarMargin));
     }
-    const FarmJob& job = m_Table.JobAt(row);
-    const int      type = GetColumn(column).type;
-    if (type == column_Progress)
+    wxColour ink;
+    if (frame.job && (type == column_State || frame.number > 0))
     {
-        DrawProgress(dc, job, wxRect(rect).Deflate(kBarMargin));
+        ink = wxtGetColor(ColorOfState(frame.number > 0 ? FrameState(*frame.job, frame.number)
+                                                        : frame.job->state));
     }
-    if (type != column_State)
+    const wxDCTextColourChanger colour(dc, ink.IsOk() ? ink : dc.GetTextForeground());
+    if (m_Model.rows.IsTree())
+    {
+        wxDBTreeListCtrl::DrawCell(dc, row, column, rect, selected);
+    }
+    else
     {
         wxDBListCtrl::DrawCell(dc, row, column, rect, selected);
-        return;
     }
-    const wxColour              ink = wxtGetColor(ColorOfState(job.state));
-    const wxDCTextColourChanger colour(dc, ink.IsOk() ? ink : dc.GetTextForeground());
-    wxDBListCtrl::DrawCell(dc, row, column, rect, selected);
+}
+
+int JobList::GetCellWidth(wxDC& dc, int row, int column)
+{
+    return m_Model.rows.IsTree() ? wxDBTreeListCtrl::GetCellWidth(dc, row, column)
+                                 : wxDBListCtrl::GetCellWidth(dc, row, column);
 }
 
 // In the colour of the job's state, behind the figure.
-void JobList::DrawProgress(wxDC& dc, const FarmJob& job, const wxRect& rect)
+void JobList::DrawProgress(wxDC& dc, wxDBTreeNode node, const wxRect& rect)
 {
-    const wxColour full = wxtGetColor(ColorOfBar(job.state));
-    const wxColour frame = wxtGetColor(color_WindowBGLighter);
-    if (!full.IsOk() || !frame.IsOk() || rect.width < 1)
+    const FarmJob* const        job = m_Model.rows.FrameAt(node).job;
+    const JobRows::Group* const group = m_Model.rows.FindGroup(node);
+    const String                state = job ? job->state : group ? group->name : String();
+    const wxColour              full = wxtGetColor(ColorOfBar(state));
+    const wxColour              frame = wxtGetColor(color_WindowBGLighter);
+    if (node == wxDBTreeModel::k_Root || !full.IsOk() || !frame.IsOk() || rect.width < 1)
     {
         return;
     }
@@ -218,38 +257,52 @@ void JobList::DrawProgress(wxDC& dc, const FarmJob& job, const wxRect& rect)
     const wxDCBrushChanger brush(dc, wxBrush(frame));
     dc.DrawRectangle(rect);
     dc.SetBrush(wxBrush(Half(full, frame)));
-    dc.DrawRectangle(rect.x, rect.y, rect.width * job.progress / 100, rect.height);
-}
-
-void JobList::OnSelect(wxListEvent& event, bool selected)
-{
-    event.Skip();
-    const int row = static_cast<int>(event.GetIndex());
-    if (!m_Table.HasRow(row))
-    {
-        return;
-    }
-    const String& id = m_Table.JobAt(row).id;
-    const bool    isOther = selected ? m_Selected.insert(id).second : m_Selected.erase(id) > 0;
-    if (isOther)
-    {
-        RedrawItem(row);
-        m_Actions.selectionChanged();
-    }
+    dc.DrawRectangle(rect.x, rect.y, rect.width * m_Model.rows.Progress(node) / 100, rect.height);
 }
 
 void JobList::OnActivate(wxListEvent& event)
 {
-    const int row = static_cast<int>(event.GetIndex());
-    if (!m_Table.HasRow(row))
+    const int            row = static_cast<int>(event.GetIndex());
+    const wxDBTreeNode   node = NodeAt(row);
+    const JobRows::Frame frame = m_Model.rows.FrameAt(node);
+    if (frame.job && frame.number > 0)
     {
+        const FrameId id{frame.job->id, frame.number};
+        OpenPictures(m_Jobs, IsRowSelected(row) ? SelectedFrames() : std::vector{id},
+                     wxGetTopLevelParent(this));
+    }
+    else if (frame.job)
+    {
+        std::vector<String> jobs = IsRowSelected(row) ? SelectedJobs() : std::vector{frame.job->id};
+        jobs.resize(std::min(jobs.size(), k_MostWindowsAtOnce));
+        for (const String& id : jobs)
+        {
+            m_Actions.open(id);
+        }
+    }
+    else if (!Close(row))
+    {
+        Open(row);
+    }
+}
+
+// Of frames alone it is their own menu. While the rows are being arranged they may stand for others
+// than those that were clicked: it waits.
+void JobList::ShowMenu(const wxPoint& where)
+{
+    if (IsArranging())
+    {
+        m_MenuDue = where;
         return;
     }
-    std::vector<String> jobs = IsRowSelected(row) ? SelectedJobs() : std::vector{m_Table.IdAt(row)};
-    jobs.resize(std::min(jobs.size(), k_MostWindowsAtOnce));
-    for (const String& id : jobs)
+    const std::vector<FrameId> frames = SelectedFrames();
+    if (!frames.empty() && frames.size() == GetSelection().size())
     {
-        m_Actions.open(id);
+        ShowFrameMenu(*this, m_Jobs, frames, where);
+    }
+    else
+    {
+        m_Actions.showMenu(SelectedJobs(), where);
     }
 }
 
@@ -264,8 +317,6 @@ void JobList::OnTitle(wxListEvent& event)
 {
     if (event.GetColumn() >= 0 && !std::exchange(m_IsReleasedOutside, false))
     {
-        m_Table.SortBy(GetColumn(event.GetColumn()).type);
-        ShowSort();
-        Refill();
+        SortBy(Clicked(m_Order, GetColumn(event.GetColumn()).type, wxGetKeyState(WXK_SHIFT)));
     }
 }

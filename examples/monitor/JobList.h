@@ -1,20 +1,24 @@
 #pragma once
 
 #include "monitor/FarmJobs.h"
-#include "monitor/JobTable.h"
+#include "monitor/FrameMenu.h"
+#include "monitor/JobOrder.h"
+#include "monitor/JobTreeModel.h"
 
-#include "listviews/wxDBListCtrl.h"
+#include "listviews/wxDBTreeListCtrl.h"
 #include "shell/wxTimed.h"
 
 #include <functional>
+#include <optional>
 #include <set>
 
 class wxListEvent;
 
 /// The farm's jobs as a list, live: order, selection, anchor and scroll position stay with the jobs
-/// however fast the news come. A click on a title sorts. It remembers how its columns are
-/// arranged and what it is sorted by.
-class JobList : public wxDBListCtrl, private wxTimed, private HasSlots
+/// however fast the news come, also when a job moves to another group. A click on a title sorts,
+/// with Shift by one more column. It remembers how its columns are arranged, what it is sorted and
+/// grouped by, and which groups are closed.
+class JobList : public wxDBTreeListCtrl, private wxTimed, private HasSlots
 {
 public:
     /// What the user does with jobs.
@@ -30,33 +34,68 @@ public:
     JobList(wxWindow* parent, FarmJobs& jobs, Actions actions);
     ~JobList() override;
 
-    /// Identifiers of the selected jobs, as the list shows them.
-    std::vector<String> SelectedJobs() const;
-    void                SaveLayout();
+    /// Not to be relied on while the rows are being arranged (`IsArranging`); `selectionChanged`
+    /// comes afterwards in any case.
+    /// @{
+    /// Identifiers of the selected jobs, as the list shows them; a group stands for those that it
+    /// shows, a frame for its job.
+    std::vector<String>  SelectedJobs();
+    std::vector<FrameId> SelectedFrames();
+    /// @}
+    void SaveLayout();
+    void LoadAnew(); ///< Everything is asked for and drawn anew.
 
-    bool             IsRowSelected(int row) override;
-    std::vector<int> GetSelection() override;
-    String           GetDisplayText(int row, int column) override;
-    void             DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected) override;
+    JobGrouping GetGrouping() const { return m_Grouping; }
+    void        SetGrouping(JobGrouping grouping);
+    bool        ShowsFrames() const { return m_ShowsFrames; }
+    void        ShowFrames(bool show);
+
+    void DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected) override;
+    int  GetCellWidth(wxDC& dc, int row, int column) override;
 
 private:
-    void AddColumns();
-    void OnTick() override;
-    void Refill();
-    void ShowSort();
-    void DrawProgress(wxDC& dc, const FarmJob& job, const wxRect& rect);
+    /// What has to come back when the rows are arranged in another way.
+    struct Kept
+    {
+        std::vector<wxDBTreeNode> path;
+        bool                      isSelected = false;
+        bool                      isOpen = false;
+        bool                      isAnchor = false;
+        bool                      isFocus = false;
+    };
 
-    void OnSelect(wxListEvent& event, bool selected);
+    void RestoreLayout();
+    void OnTick() override;
+    void Arrange();
+    void ArrangeAs(JobGrouping grouping, bool showsFrames);
+    void DrawProgress(wxDC& dc, wxDBTreeNode node, const wxRect& rect);
+
+    /// @name Groups and what moves between them
+    /// @{
+    void                      Keep();
+    void                      BringBack();
+    void                      NoteClosed();
+    void                      OpenNew();
+    std::vector<wxDBTreeNode> ShownIn(int groupRow);
+    /// @}
+
+    void SortBy(JobOrder order);
     void OnActivate(wxListEvent& event);
     void OnTitleRelease(wxMouseEvent& event);
     void OnTitle(wxListEvent& event);
+    void ShowMenu(const wxPoint& where);
 
-    FarmJobs&        m_Jobs;
-    Actions          m_Actions;
-    JobTable         m_Table;
-    std::set<String> m_Selected;                  ///< Identifiers.
-    Time             m_Now;                       ///< At the last refill or painting.
-    bool             m_IsReleasedOutside = false; ///< A title, with the mouse.
-    bool             m_IsStale = true;
-    bool             m_IsListStale = true;
+    FarmJobs&              m_Jobs;
+    Actions                m_Actions;
+    JobTreeModel           m_Model;
+    JobOrder               m_Order;
+    JobGrouping            m_Grouping = JobGrouping::kNone;
+    std::vector<Kept>      m_Kept;
+    std::set<String>       m_Known;  ///< Keys of the groups that are there.
+    std::set<String>       m_Closed; ///< Keys of groups that the user has closed.
+    bool                   m_ShowsFrames = false;
+    bool                   m_IsReleasedOutside = false; ///< A title, with the mouse.
+    bool                   m_IsStale = true;
+    bool                   m_IsListStale = true;
+    std::optional<wxPoint> m_MenuDue; ///< Where the menu is to be shown once rows are arranged.
 };

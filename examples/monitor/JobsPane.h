@@ -1,18 +1,21 @@
 #pragma once
 
 #include "monitor/FarmJobs.h"
+#include "monitor/JobRows.h"
 
 #include "appearance/wxTolvanColors.h"
 
 #include <functional>
 
+class FilterBar;
 class FrameList;
 class JobList;
 class JobsView;
+class wxDBListCtrl;
 class wxtSplitterWindow;
 
-/// The upper part of the main window: the list of jobs, and below it the frames and the details of
-/// those that are selected.
+/// The upper part of the main window: the list of jobs, and below it the frames of the one that is
+/// selected and the details of all that are.
 class JobsPane : public wxtPanel
 {
 public:
@@ -29,20 +32,46 @@ public:
     /// `jobs` must outlive the pane.
     JobsPane(wxWindow* parent, FarmJobs& jobs, Actions actions);
 
-    /// Remembers the widths of the columns and the place of the sash.
+    /// Remembers how columns, sash and grouping stand.
     void SaveLayout();
     void SetFocus() override; ///< Gives it to the list of jobs.
-    void CopyRows();          ///< The selected ones of that list.
+    void LoadAnew();          ///< Everything is asked for and drawn anew.
+
+    JobGrouping GetGrouping() const;
+    void        SetGrouping(JobGrouping grouping);
+    bool        ShowsFramesInTree() const;
+    void        ShowFramesInTree(bool show);
+
+    /// @name What a menu does with the list that has the focus, or the jobs
+    /// @{
+    bool HasListFocus() const;
+    void CopyRows();
+    void SelectAllRows();
+    void OpenFilter();
+    /// @}
 
 private:
-    void BuildLower(wxtSplitterWindow& splitter, FarmJobs& jobs);
-    void ShowSelected();
+    struct Filtered
+    {
+        wxWindow*     whole = nullptr; ///< With the bar above the list.
+        wxDBListCtrl* list = nullptr;
+        FilterBar*    bar = nullptr;
+    };
 
-    Actions            m_Actions;
-    wxtSplitterWindow* m_Splitter;
-    JobList*           m_List;
-    wxtPanel*          m_Lower = nullptr;
-    FrameList*         m_Frames = nullptr;
-    JobsView*          m_Details = nullptr;
-    bool               m_IsDue = false; ///< The selection has changed and is still to be shown.
+    const Filtered* FindFocused() const;
+    void            BuildList(FarmJobs& jobs);
+    void            BuildLower(FarmJobs& jobs);
+    void            SelectionChanged();
+    void            ShowSelected();
+
+    Actions             m_Actions;
+    wxtSplitterWindow*  m_Splitter;
+    JobList*            m_List = nullptr;
+    wxtPanel*           m_Lower = nullptr;
+    FrameList*          m_Frames = nullptr;
+    JobsView*           m_Details = nullptr;
+    Filtered            m_JobsPart;
+    Filtered            m_FramesPart;
+    std::vector<String> m_Selected;      ///< As told last.
+    bool                m_IsDue = false; ///< The selection has changed and is still to be shown.
 };

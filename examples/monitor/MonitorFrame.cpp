@@ -33,6 +33,7 @@ const char* const kQuitQuestion = "QuitWhileJobsRun";
 
 const wxSize kFirstSize(1100, 800);   // pixels, before the user has chosen
 const wxSize kSmallestSize(560, 320); // pixels
+
 } // namespace
 
 MonitorFrame::MonitorFrame(const Program& program)
@@ -59,6 +60,7 @@ void MonitorFrame::BindCommands()
     { Bind(wxEVT_MENU, act, id); };
     on(id_Submit, [this](wxCommandEvent&) { OnSubmit(); });
     on(wxID_EXIT, [this](wxCommandEvent&) { Close(); });
+    on(id_Refresh, [this](wxCommandEvent&) { m_Jobs->LoadAnew(); });
     on(wxID_PREFERENCES, [this](wxCommandEvent&) { OnPreferences(); });
     // By what the view does, not by the tick: the user may have scrolled away from the end.
     on(id_Follow, [this](wxCommandEvent&) { m_Log->SetFollowing(!m_Log->IsFollowing()); });
@@ -74,11 +76,35 @@ void MonitorFrame::BindCommands()
         wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Check(IsFullScreen()); },
         id_FullScreen);
     on(wxID_ABOUT, [this](wxCommandEvent&) { OnAbout(); });
-    Bind(
-        wxEVT_MENU, [this](wxCommandEvent& event) { m_Log->OnMenu(event); },
-        wxTextLineCtrl::id_SelectAll, wxTextLineCtrl::id_Search);
+    BindListCommands();
+    Bind(wxEVT_MENU, &MonitorFrame::OnTextCommand, this, wxTextLineCtrl::id_SelectAll,
+         wxTextLineCtrl::id_Search);
     // Bound last, it is asked first: nobody else knows the ids of those menus.
     Bind(wxEVT_MENU, &MonitorFrame::OnJobCommand, this);
+}
+
+void MonitorFrame::BindListCommands()
+{
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { m_Jobs->OpenFilter(); }, id_FilterJobs);
+    Bind(
+        wxEVT_MENU,
+        [this](wxCommandEvent& event)
+        { m_Jobs->SetGrouping(static_cast<JobGrouping>(event.GetId() - id_GroupFirst)); },
+        id_GroupFirst, id_GroupLast);
+    Bind(
+        wxEVT_UPDATE_UI,
+        [this](wxUpdateUIEvent& event)
+        { event.Check(static_cast<int>(m_Jobs->GetGrouping()) == event.GetId() - id_GroupFirst); },
+        id_GroupFirst, id_GroupLast);
+    Bind(
+        wxEVT_MENU,
+        [this](wxCommandEvent&) { m_Jobs->ShowFramesInTree(!m_Jobs->ShowsFramesInTree()); },
+        id_FramesInTree);
+    Bind(
+        wxEVT_UPDATE_UI,
+        [this](wxUpdateUIEvent& event) { event.Check(m_Jobs->ShowsFramesInTree()); },
+        id_FramesInTree);
 }
 
 // What the menus of the window offer beside the jobs' commands.
@@ -170,6 +196,31 @@ void MonitorFrame::ShowJobMenu(const std::vector<String>& ids, const wxPoint& wh
 {
     m_PopUp->ShowJobs(ids);
     PopupMenu(m_PopUp.get(), ScreenToClient(where));
+}
+
+// They are about the view that has the focus.
+void MonitorFrame::OnTextCommand(wxCommandEvent& event)
+{
+    if (!m_Jobs->HasListFocus())
+    {
+        m_Log->OnMenu(event);
+    }
+    else if (event.GetId() == wxTextLineCtrl::id_Copy)
+    {
+        m_Jobs->CopyRows();
+    }
+    else if (event.GetId() == wxTextLineCtrl::id_SelectAll)
+    {
+        m_Jobs->SelectAllRows();
+    }
+    else if (event.GetId() == wxTextLineCtrl::id_Search)
+    {
+        m_Jobs->OpenFilter();
+    }
+    else
+    {
+        m_Log->OnMenu(event);
+    }
 }
 
 void MonitorFrame::OnJobCommand(wxCommandEvent& event)

@@ -41,6 +41,7 @@ public:
 
 private:
     void      BindCommands();
+    void      BindListCommands();
     void      BuildViews();
     wxWindow* BuildLog(wxWindow* parent);
     bool      MayQuit();
@@ -48,6 +49,7 @@ private:
     JobMenu::Own OwnCommands(bool isPopUp);
 
     void ShowJobMenu(const std::vector<String>& ids, const wxPoint& where);
+    void OnTextCommand(wxCommandEvent& event);
     void OnJobCommand(wxCommandEvent& event);
     void OnSubmit();
     void Resubmit(const String& id, wxWindow* parent);
@@ -64,7 +66,7 @@ private:
     JobsPane*                m_Jobs = nullptr;
     FollowingText*           m_Log = nullptr;
     bool                     m_Connected = false;
-    bool                     m_OutputSeen = false; ///< A job's output has been shown.
+    bool                     m_OutputSeen = false;   ///< A job's output has been shown.
     wxEndLater               m_End{*this};
     bool                     m_Asking = false; ///< The user is being asked whether to quit.
 };

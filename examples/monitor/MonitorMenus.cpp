@@ -26,15 +26,32 @@ wxMenu* EditMenu()
 {
     auto* const menu = new wxMenu;
     AppendTextCommands(*menu);
+    menu->Append(id_FilterJobs, wxGetTranslation("&Filter the List..."));
     menu->AppendSeparator();
     menu->Append(wxID_PREFERENCES, wxGetTranslation("&Preferences...\tCtrl+,"));
+    return menu;
+}
+
+wxMenu* GroupMenu()
+{
+    auto* const menu = new wxMenu;
+    int         id = id_GroupFirst;
+    for (const wxString& label : {wxGetTranslation("&Nothing"), wxGetTranslation("&User"),
+                                  wxGetTranslation("&Product"), wxGetTranslation("&State")})
+    {
+        menu->AppendRadioItem(id++, label);
+    }
     return menu;
 }
 
 wxMenu* ViewMenu()
 {
     auto* const menu = new wxMenu;
-    menu->AppendCheckItem(id_Follow, wxGetTranslation("&Follow the Log\tF5"))->Check();
+    menu->Append(id_Refresh, wxGetTranslation("&Refresh\tF5"));
+    menu->AppendCheckItem(id_Follow, wxGetTranslation("&Follow the Log\tCtrl+L"))->Check();
+    menu->AppendSeparator();
+    menu->AppendSubMenu(GroupMenu(), wxGetTranslation("&Group Jobs by"));
+    menu->AppendCheckItem(id_FramesInTree, wxGetTranslation("Show Frames in the &Tree"));
     menu->AppendSeparator();
     menu->Append(id_SwitchPane, wxGetTranslation("Switch &Pane\tF6"));
     menu->Append(id_MoreJobs, wxGetTranslation("More Room for the &Jobs\tAlt+Down"));

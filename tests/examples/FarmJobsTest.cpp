@@ -1,9 +1,11 @@
 #include "monitor/FarmJobs.h"
 #include "monitor/FramePictures.h"
+#include "monitor/GroupMemory.h"
 #include "monitor/JobForm.h"
 #include "monitor/JobOffers.h"
+#include "monitor/JobOrder.h"
+#include "monitor/JobRows.h"
 #include "monitor/JobSelection.h"
-#include "monitor/JobTable.h"
 #include "monitor/PanelMemory.h"
 
 #include "tests/support/UserFolderTest.h"
@@ -133,42 +135,98 @@ TEST_F(FarmJobsTest, TenThousandJobsAreFast)
     EXPECT_EQ(1, std::count(shown.begin(), shown.end(), m_Jobs.Find("4711")));
 }
 
-TEST_F(FarmJobsTest, TheTableSortsAndTurnsRound)
+TEST_F(FarmJobsTest, RowsAreGroupsAndJobsAndFramesThatKeepTheirNumbers)
 {
-    Apply({JobMessage("a", state_Done, 100).Set(p_Name, "zebra"),
-           JobMessage("b", state_Running, 40).Set(p_Name, "Apple"),
-           JobMessage("c", state_Failed, 40).Set(p_Name, "apple")});
-    JobTable   table;
-    const auto order = [&]
+    Apply({JobMessage("a", state_Running, 40).Set(p_User, "Mei"), JobMessage("b", state_Failed, 10),
+           JobMessage("c", state_Done, 100).Set(p_User, "mei").Set(p_FrameCount, 2)});
+    JobRows                                        rows;
+    const std::function<String(JobRows::Row, int)> shown = [&](JobRows::Row row, int column)
     {
-        table.SetJobs(m_Jobs.InOrder(), Time());
-        String ids;
-        for (int row = 0; row < table.RowCount(); ++row)
+        String text = rows.Text(row, column, Time());
+        for (long long i = 0; i < rows.ChildCount(row); ++i)
         {
-            EXPECT_EQ(row, table.RowOf(table.IdAt(row)));
-            ids += table.IdAt(row);
+            const JobRows::Row child = rows.Child(row, i);
+            EXPECT_EQ(i + 1 < rows.ChildCount(row), rows.Child(row, i + 1) != 0);
+            text += "<" + shown(child, column) + ">";
         }
-        return ids;
+        return text;
     };
-    EXPECT_EQ("cba", order()) << "the latest first";
     const struct
     {
+        JobGrouping grouping;
+        bool        frames;
+        const char* names;
+    } cases[] = {{JobGrouping::kNone, false, "<Job c><Job b><Job a>"},
+                 {JobGrouping::kNone, true, "<Job c<Frame 1><Frame 2>><Job b><Job a>"},
+                 {JobGrouping::kUser, false, "<(none) (1)<Job b>><Mei (1)<Job a>><mei (1)<Job c>>"},
+                 {JobGrouping::kProduct, false, "<Product T (3)<Job c><Job b><Job a>>"},
+                 {JobGrouping::kState, true,
+                  "<Failed (1)<Job b>><Running (1)<Job a>><Done (1)<Job c<Frame 1><Frame 2>>>"}};
+    for (const auto& one : cases)
+    {
+        rows.Arrange(m_Jobs.InOrder(), one.grouping, one.frames);
+        EXPECT_EQ(one.names, shown(0, column_Name));
+        EXPECT_EQ(rows.PathTo(JobRows::RowOf(*m_Jobs.Find("a"))).size(),
+                  one.grouping == JobGrouping::kNone ? 1u : 2u);
+    }
+    EXPECT_EQ("<10 %<10 %>><40 %<40 %>><100 %<100 %<><>>>", shown(0, column_Progress));
+
+    const JobRows::Row running = rows.Child(0, 1);
+    const JobRows::Row frame = JobRows::RowOf(*m_Jobs.Find("c"), 2);
+    EXPECT_EQ("2", rows.KeyOf(frame));
+    EXPECT_EQ("c", rows.KeyOf(JobRows::RowOf(*m_Jobs.Find("c"))));
+    EXPECT_LT(*rows.SortNumber(rows.Child(running, 0), column_State, Time()),
+              *rows.SortNumber(JobRows::RowOf(*m_Jobs.Find("c")), column_State, Time()));
+    EXPECT_FALSE(rows.SortNumber(running, column_Name, Time()));
+    Apply({JobMessage("d", state_Waiting), JobMessage("b", state_Running),
+           Message(msg_JobGone).Set(p_Id, "c")});
+    EXPECT_TRUE(m_News.isAnyGone);
+    EXPECT_EQ(3u, rows.PathTo(frame).size()) << "as it was when the rows were arranged";
+    EXPECT_NE(running, rows.PathTo(JobRows::RowOf(*m_Jobs.Find("b")))[0]);
+    rows.Arrange(m_Jobs.InOrder(), JobGrouping::kState, true);
+    EXPECT_EQ("<Running (2)<Job b><Job a>><Waiting (1)<Job d>>", shown(0, column_Name));
+    EXPECT_EQ(running, rows.Child(0, 0));
+    EXPECT_EQ("", rows.Text(frame, column_Name, Time())) << "it has gone";
+    EXPECT_EQ(0, rows.ChildCount(frame));
+    EXPECT_TRUE(rows.PathTo(frame).empty());
+}
+
+TEST(JobOrder, FollowsTheClicksAndComesBack)
+{
+    const struct
+    {
+        const char* before;
         int         column;
-        const char* order;
-    } clicks[] = {{column_Name, "cba"}, // without regard to case, the latest first among equals
-                  {column_Name, "acb"},
-                  {column_State, "cba"}, // what needs the user first
-                  {column_Progress, "cba"}};
+        bool        add;
+        const char* after;
+    } clicks[] = {{"", 3, false, "3+"},        {"3+", 3, false, "3-"},
+                  {"3-", 3, false, "3+"},      {"3+", 0, true, "3+ 0+"},
+                  {"3+ 0+", 0, true, "3+ 0-"}, {"3+ 0+", 3, true, "3- 0+"},
+                  {"3+ 0+", 0, false, "0+"},   {"3- 0-", 5, false, "5+"}};
     for (const auto& click : clicks)
     {
-        table.SortBy(click.column);
-        EXPECT_EQ(click.order, order()) << click.column;
+        EXPECT_EQ(click.after, TextOf(Clicked(OrderFrom(click.before, 8), click.column, click.add)))
+            << click.before;
     }
-    Apply({JobMessage("b", state_Running, 41)});
-    EXPECT_EQ("cba", order());
-    table.SortBy(99, true);
-    EXPECT_EQ(-1, table.SortColumn()) << "a column that there is not, from the options file";
-    EXPECT_EQ(-1, table.RowOf("x"));
+    EXPECT_EQ("7-", TextOf(OrderFrom("8+ -1+ 7- 7+ x+ 3 + 99999999999+", 8)));
+}
+
+TEST(GroupMemory, KeepsGroupingsAndClosedGroupsWhateverTheyAreCalled)
+{
+    for (const JobGrouping grouping : {JobGrouping::kNone, JobGrouping::kState})
+    {
+        EXPECT_EQ(grouping, GroupingFrom(NameOf(grouping)));
+    }
+    EXPECT_EQ(JobGrouping::kNone, GroupingFrom("nonsense"));
+    std::set<String> keys = {GroupKey(JobGrouping::kUser, ""),
+                             GroupKey(JobGrouping::kUser, "a;\"b\\\nc"),
+                             GroupKey(JobGrouping::kProduct, String(10240, 'x'))};
+    EXPECT_EQ(keys, ClosedGroupsFrom(TextOfClosed(keys)));
+    for (int i = 0; i < 1000; ++i)
+    {
+        keys.insert(GroupKey(JobGrouping::kUser, String::FromInt(i)));
+    }
+    EXPECT_LT(TextOfClosed(keys).size(), 30000u);
 }
 
 TEST(JobText, IsOneLineHoweverOddTheJobIs)

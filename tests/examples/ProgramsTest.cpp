@@ -241,3 +241,45 @@ TEST_F(ProgramsTest, MonitorSubmitsAJobAndAsksBeforeItQuits)
     master.Signal(SIGTERM);
     EXPECT_EQ(0, ExitCodeOf(master));
 }
+
+// What the keys of the list and its filter lead to, as the master hears of it.
+TEST_F(ProgramsTest, MonitorActsOnWhatIsShownAndRemembersHow)
+{
+    File::MakeFolder(TempFile("modules"));
+    File::MakeFolder(TempFile("jobs"));
+    WriteFile(TempFile("modules/test.module"),
+              "[Type]\nId = 11111111-2222-3333-4444-555555555555\nName = Test\n"
+              "Execute = /bin/sh -c %Text%\n[Parameter Text]\nDefault = echo; exec sleep 1000\n"
+              "[Command Suspend]\nStates = Running\n[Command Set Priority]\nItems = 10\n");
+    WriteFile(TempFile("jobs/1.job"), "[Job]\nType = Test\nName = Sky\n");
+    WriteFile(TempFile("jobs/2.job"), "[Job]\nType = Test\nName = Sea\n");
+    WriteFile(TempFile("jobs/3.job"),
+              "[Job]\nType = Test\nName = Over\n[Parameters]\nText = true\n");
+    setenv("TOLVAN_MODULES", TempFile("modules").Text().c_str(), 1);
+    Program master({MASTER_PROGRAM, "--jobs", TempFile("jobs").Text(), "--run-folder",
+                    TempFile("runs").Text(), "--slots", "3", "--stay"});
+    ASSERT_TRUE(WaitForLog(component_Master, "Job Over: Done"));
+    Program monitor({MONITOR_PROGRAM, "--no-start"});
+    unsetenv("TOLVAN_MODULES");
+    ASSERT_TRUE(WaitFor([&] { return LatestMonitorShowsJobs(); }, kProgramDeadlineMs));
+
+    // View, Group by, State; Job, Remove Finished Jobs.
+    ASSERT_TRUE(PressKeys("Tolvan Monitor", "key alt+v g s F6 alt+j f"));
+    ASSERT_TRUE(PressKeys("Remove Job", "key Tab Return"));
+    EXPECT_TRUE(WaitForLog(component_Master, "Command 'Remove' for the job Over"));
+    ASSERT_TRUE(PressKeys("Tolvan Monitor", "key ctrl+f type 'state:run sky'"));
+    ASSERT_TRUE(PressKeys("Tolvan Monitor", "key Down Home"));
+    ASSERT_TRUE(OpenJobMenu()); // of the group, which stands for what it shows
+    ASSERT_EQ(0, std::system("xdotool key Up Right Up Return"));
+    ASSERT_TRUE(PressKeys("Set Priority", "type 77"));
+    ASSERT_TRUE(PressKeys("Set Priority", "key Return"));
+    EXPECT_TRUE(WaitForLog(component_Master, "Command 'Set Priority' for the job Sky"));
+    EXPECT_EQ(String::npos, LogOf(component_Master).find("for the job Sea"));
+    ASSERT_TRUE(PressKeys("Tolvan Monitor", "key Escape F5"));
+    EXPECT_TRUE(EndsOnRequest(master, monitor));
+    IniFile options(UserFile("TolvanMonitor.ini"));
+    EXPECT_TRUE(options.Load(false, false));
+    EXPECT_EQ("State", options.GetValue("JobList", "Grouping"));
+    master.Signal(SIGTERM);
+    EXPECT_EQ(0, ExitCodeOf(master));
+}
