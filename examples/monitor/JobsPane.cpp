@@ -2,6 +2,7 @@
 
 #include "monitor/FilterBar.h"
 #include "monitor/FrameList.h"
+#include "monitor/FrameThumbnail.h"
 #include "monitor/JobList.h"
 #include "monitor/JobsView.h"
 
@@ -18,7 +19,7 @@
 namespace
 {
 constexpr int     kListHeight = 200; // pixels, before anything is known
-constexpr int     kGap = 4;          // pixels between frames and details
+constexpr int     kGap = 4;          // pixels between frames, picture and details
 const char* const kName = "JobsPane";
 } // namespace
 
@@ -64,10 +65,12 @@ void JobsPane::BuildLower(FarmJobs& jobs)
     frames->Add(bar, 0, wxEXPAND);
     frames->Add(m_Frames, 1, wxEXPAND);
     whole->SetSizer(frames);
+    m_Picture = new FrameThumbnail(m_Lower, jobs);
     m_Details = new JobsView(m_Lower, jobs, m_Actions.open);
     auto* const sizer = new wxBoxSizer(wxHORIZONTAL);
-    sizer->Add(whole, 1, wxEXPAND | wxRIGHT, kGap);
-    sizer->Add(m_Details, 1, wxEXPAND);
+    sizer->Add(whole, 2, wxEXPAND | wxRIGHT, kGap);
+    sizer->Add(m_Picture, 1, wxEXPAND | wxRIGHT, kGap);
+    sizer->Add(m_Details, 2, wxEXPAND);
     m_Lower->SetSizer(sizer);
 }
 
@@ -95,6 +98,14 @@ void JobsPane::ShowSelected()
         m_Frames->ShowJob(m_Selected.empty() ? String() : m_Selected.front());
         m_Details->ShowOnly(m_Selected);
     }
+    ShowPicture();
+}
+
+void JobsPane::ShowPicture()
+{
+    const std::vector<FrameId> frames = m_List->SelectedFrames();
+    m_Picture->ShowFrame(frames.empty() ? FrameId{m_Frames->GetJob(), m_Frames->SelectedFrame()}
+                                        : frames.front());
 }
 
 void JobsPane::SaveLayout()
@@ -114,6 +125,7 @@ void JobsPane::LoadAnew()
 {
     m_List->LoadAnew();
     m_Frames->LoadAnew();
+    m_Picture->LoadAnew();
 }
 
 JobGrouping JobsPane::GetGrouping() const

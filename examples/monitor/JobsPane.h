@@ -9,13 +9,14 @@
 
 class FilterBar;
 class FrameList;
+class FrameThumbnail;
 class JobList;
 class JobsView;
 class wxDBListCtrl;
 class wxtSplitterWindow;
 
 /// The upper part of the main window: the list of jobs, and below it the frames of the one that is
-/// selected and the details of all that are.
+/// selected, a picture, and the details of all that are.
 class JobsPane : public wxtPanel
 {
 public:
@@ -63,12 +64,14 @@ private:
     void            BuildLower(FarmJobs& jobs);
     void            SelectionChanged();
     void            ShowSelected();
+    void            ShowPicture();
 
     Actions             m_Actions;
     wxtSplitterWindow*  m_Splitter;
     JobList*            m_List = nullptr;
     wxtPanel*           m_Lower = nullptr;
     FrameList*          m_Frames = nullptr;
+    FrameThumbnail*     m_Picture = nullptr;
     JobsView*           m_Details = nullptr;
     Filtered            m_JobsPart;
     Filtered            m_FramesPart;
