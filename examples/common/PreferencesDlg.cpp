@@ -98,7 +98,7 @@ void PreferencesDlg::AddQuestions(wxBoxSizer& sizer)
 void PreferencesDlg::AddSection(wxBoxSizer& sizer, const Section& section)
 {
     sizer.Add(NewStaticLine(section.title + " "), 0, wxEXPAND);
-    sizer.Add(section.make(this), 1, wxEXPAND | wxTOP, kGap);
+    sizer.Add(section.make(this), section.isGrowing ? 1 : 0, wxEXPAND | wxTOP, kGap);
     sizer.AddSpacer(kBorder);
 }
 

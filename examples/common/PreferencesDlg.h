@@ -19,6 +19,7 @@ public:
     {
         wxString                                   title;
         std::function<wxWindow*(wxWindow* parent)> make;
+        bool isGrowing = true; ///< Takes the room that nobody needs.
     };
 
     explicit PreferencesDlg(wxWindow* parent, const std::vector<Section>& sections = {});

@@ -63,8 +63,13 @@ void FarmJobs::ApplyJob(const Message& message, News& news)
     {
         Count(*job, -1);
     }
+    const bool hadEnded = isNew || job->CurrentPhase() == FarmJob::kEnded;
     const bool isOther = job->Update(message);
     Count(*job, 1);
+    if (!hadEnded && job->CurrentPhase() == FarmJob::kEnded)
+    {
+        news.ended.push_back(id);
+    }
     if (isNew || isOther)
     {
         job->change = ++m_LastChange;

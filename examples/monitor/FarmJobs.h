@@ -34,6 +34,7 @@ public:
         bool                isListChanged = false;
         bool                isAnyGone = false;
         std::set<String>    changed; ///< Identifiers; with new output too, without those gone.
+        std::vector<String> ended;   ///< Jobs that had not ended before; identifiers.
     };
 
     /// The name of the job type with that identifier.

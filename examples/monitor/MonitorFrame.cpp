@@ -22,6 +22,8 @@
 #include <wx/menu.h>
 #include <wx/sizer.h>
 
+#include <algorithm>
+
 namespace
 {
 constexpr size_t  kLinesAtOnce = 20000; // between two looks at the user's events
@@ -34,12 +36,23 @@ const char* const kQuitQuestion = "QuitWhileJobsRun";
 const wxSize kFirstSize(1100, 800);   // pixels, before the user has chosen
 const wxSize kSmallestSize(560, 320); // pixels
 
+// The user looks at one of the program's windows.
+bool IsAnyActive()
+{
+    return std::any_of(wxTopLevelWindows.begin(), wxTopLevelWindows.end(),
+                       [](wxWindow* window)
+                       {
+                           auto* const top = dynamic_cast<wxTopLevelWindow*>(window);
+                           return top && top->IsActive();
+                       });
+}
 } // namespace
 
 MonitorFrame::MonitorFrame(const Program& program)
     : wxTolvanFrame(wxGetTranslation("Tolvan Monitor"), wxDefaultPosition, kFirstSize),
       m_Program(program),
       m_Windows(program.jobs, [this](const String& id, wxWindow* parent) { Resubmit(id, parent); }),
+      m_Notices(program.jobs, [] { return IsAnyActive(); }),
       m_JobMenu(new JobMenu(program.jobs, *this, OwnCommands(false))),
       m_PopUp(std::make_unique<JobMenu>(program.jobs, *this, OwnCommands(true)))
 {
@@ -253,7 +266,9 @@ void MonitorFrame::Resubmit(const String& id, wxWindow* parent)
 void MonitorFrame::OnPreferences()
 {
     const auto     makeHidden = [](wxWindow* parent) { return new HideProducts(parent); };
-    PreferencesDlg dialog(this, {{wxGetTranslation("Hide Products"), makeHidden}});
+    const auto     makeChoice = [](wxWindow* parent) { return new NoticeChoice(parent); };
+    PreferencesDlg dialog(this, {{wxGetTranslation("Notices of the desktop"), makeChoice, false},
+                                 {wxGetTranslation("Hide Products"), makeHidden}});
     dialog.ShowModal();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "monitor/EndNotices.h"
 #include "monitor/FarmFeed.h"
 #include "monitor/FarmJobs.h"
 #include "monitor/JobMenu.h"
@@ -59,6 +60,7 @@ private:
 
     Program                  m_Program;
     JobWindows               m_Windows;
+    EndNotices               m_Notices;
     JobMenu*                 m_JobMenu; ///< Of the menu bar; for the selected jobs.
     std::unique_ptr<JobMenu> m_PopUp;   ///< For the jobs that were clicked.
     FarmHeader*              m_Header = nullptr;

@@ -2,6 +2,7 @@
 #include "monitor/FramePictures.h"
 #include "monitor/GroupMemory.h"
 #include "monitor/JobForm.h"
+#include "monitor/JobNotice.h"
 #include "monitor/JobOffers.h"
 #include "monitor/JobOrder.h"
 #include "monitor/JobRows.h"
@@ -189,6 +190,40 @@ TEST_F(FarmJobsTest, RowsAreGroupsAndJobsAndFramesThatKeepTheirNumbers)
     EXPECT_EQ("", rows.Text(frame, column_Name, Time())) << "it has gone";
     EXPECT_EQ(0, rows.ChildCount(frame));
     EXPECT_TRUE(rows.PathTo(frame).empty());
+}
+
+TEST_F(FarmJobsTest, TellsOfOwnJobsThatHaveEnded)
+{
+    const auto said = [this](const std::vector<Message>& messages)
+    {
+        Apply(messages);
+        std::vector<const FarmJob*> ended;
+        for (const String& id : m_News.ended)
+        {
+            ended.push_back(m_Jobs.Find(id));
+        }
+        const auto notice = NoticeOf(ended, "Mei");
+        return notice ? notice->title + "|" + notice->text + (notice->isFailure ? "!" : "")
+                      : String();
+    };
+    const auto job = [](const String& id, const String& state)
+    { return JobMessage(id, state, 0, 1).Set(p_User, "Mei").Set(p_Ended, 5000001); };
+    std::vector<Message> waiting, done;
+    for (int i = 0; i < 8; ++i)
+    {
+        waiting.push_back(job(String::FromInt(i), state_Waiting));
+        done.push_back(job(String::FromInt(i), i == 6 ? state_Failed : state_Done));
+    }
+    EXPECT_EQ("", said({job("a", state_Done)})) << "it had ended before it was told of";
+    EXPECT_EQ("", said({job("a", state_Waiting), job("b", state_Running)}));
+    EXPECT_EQ("Job a is done|After 5s", said({job("a", state_Done)}));
+    EXPECT_EQ("", said({job("a", state_Done)})) << "once";
+    EXPECT_EQ("Job b has failed|no disk!", said({job("b", state_Failed).Set(p_Error, "no\ndisk")}));
+    EXPECT_EQ("", said({job("c", state_Running).Set(p_User, "Jo"), job("d", state_Running)}));
+    EXPECT_EQ("", said({job("c", state_Done).Set(p_User, "Jo"), job("d", state_Killed)}));
+    EXPECT_EQ("", said(waiting));
+    EXPECT_EQ("7 jobs are done, 1 failed|Job 6, Job 0, Job 1, Job 2, Job 3 and 3 more!",
+              said(done));
 }
 
 TEST(JobOrder, FollowsTheClicksAndComesBack)
