@@ -54,6 +54,11 @@ void wxtSplitterWindow::Split(wxWindow* upper, wxWindow* lower, int firstHeight)
     SplitHorizontally(upper, lower, std::max(height, kSmallestPane));
 }
 
+bool wxtSplitterWindow::IsRemembered() const
+{
+    return !m_Name.empty() && Application::the_Application->Options().HasValue(m_Name, kSashKey);
+}
+
 void wxtSplitterWindow::SaveSash() const
 {
     CALL_ENTRY("wxtSplitterWindow::SaveSash");

@@ -19,6 +19,8 @@ public:
     /// Shows two children of the splitter. `firstHeight`: of the upper one in pixels, until the
     /// user has chosen another; at least 90, as for both.
     void Split(wxWindow* upper, wxWindow* lower, int firstHeight);
+    /// Whether the place of the sash was kept by an earlier window.
+    bool IsRemembered() const;
     /// Keeps the place of the sash. For the end of the window that the splitter lies in.
     void SaveSash() const;
     /// Moves the sash down by that many pixels, or up, as far as there is room.

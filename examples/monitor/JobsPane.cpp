@@ -9,11 +9,13 @@
 #include "appearance/wxtSearchField.h"
 #include "appearance/wxtSplitterWindow.h"
 #include "listviews/wxDBListBody.h"
+#include "listviews/wxDBListHeader.h"
 #include "vesta/Application.h"
 
 #include <wx/listbase.h>
 #include <wx/sizer.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace
@@ -198,4 +200,20 @@ void JobsPane::OpenFilter()
 {
     const Filtered* const part = FindFocused();
     (part ? part : &m_JobsPart)->bar->Open();
+}
+
+int JobsPane::ListHeight(int jobs) const
+{
+    const int rows = std::max(m_List->GetItemCount(), jobs) + 1; // one more says that it is all
+    return m_List->GetHeader()->GetSize().y + rows * m_List->GetRowHeight();
+}
+
+bool JobsPane::IsSashRemembered() const
+{
+    return m_Splitter->IsRemembered();
+}
+
+void JobsPane::SetListHeight(int height)
+{
+    m_Splitter->SetSashPosition(height);
 }

@@ -51,6 +51,11 @@ public:
     void OpenFilter();
     /// @}
 
+    /// Pixels in which the list would show all that is in it, and that many jobs.
+    int  ListHeight(int jobs) const;
+    bool IsSashRemembered() const;
+    void SetListHeight(int height);
+
 private:
     struct Filtered
     {

@@ -2,6 +2,7 @@
 
 #include "monitor/ChartStrip.h"
 #include "monitor/FarmHeader.h"
+#include "monitor/HeightShare.h"
 #include "monitor/HideProducts.h"
 #include "monitor/JobCommands.h"
 #include "monitor/JobsPane.h"
@@ -32,6 +33,11 @@ constexpr int     kJobsHeight = 400;    // pixels, before the user has chosen
 constexpr int     kSashStep = 40;       // pixels
 const char* const kViewName = "MainView";
 const char* const kQuitQuestion = "QuitWhileJobsRun";
+
+constexpr int kLeastList = 120;   // pixels
+constexpr int kLowerHeight = 220; // pixels: frames, picture and details
+constexpr int kLeastLog = 140;    // pixels
+constexpr int kGoodLog = 240;     // pixels
 
 const wxSize kFirstSize(1100, 800);   // pixels, before the user has chosen
 const wxSize kSmallestSize(560, 320); // pixels
@@ -184,6 +190,11 @@ void MonitorFrame::TakeNews()
         m_Log->Add(line);
     }
     m_Header->ShowSummary(m_Program.jobs.Summarize());
+    if (m_SharesHeights && m_Program.jobs.Summarize().jobs > 0)
+    {
+        m_SharesHeights = false;
+        CallAfter(&MonitorFrame::ShareHeights);
+    }
     if (!m_OutputSeen && m_Program.jobs.Summarize().outputLines > 0)
     {
         m_OutputSeen = true;
@@ -193,6 +204,23 @@ void MonitorFrame::TakeNews()
     {
         CallAfter(&MonitorFrame::TakeNews);
     }
+}
+
+// By what is in the lists, until the user has chosen.
+void MonitorFrame::ShareHeights()
+{
+    if (m_Splitter->IsRemembered() || m_Jobs->IsSashRemembered())
+    {
+        return;
+    }
+    const int              sash = m_Splitter->GetSashSize();
+    const int              total = m_Splitter->GetClientSize().y - 2 * sash;
+    const std::vector<int> heights =
+        ShareHeight(total, {{m_Jobs->ListHeight(m_Program.jobs.Summarize().jobs), kLeastList},
+                            {kLowerHeight, kLowerHeight},
+                            {kGoodLog, kLeastLog}});
+    m_Splitter->SetSashPosition(heights[0] + sash + heights[1]);
+    m_Jobs->SetListHeight(heights[0]);
 }
 
 void MonitorFrame::OnConnection(bool connected)

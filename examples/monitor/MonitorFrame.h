@@ -49,6 +49,7 @@ private:
 
     JobMenu::Own OwnCommands(bool isPopUp);
 
+    void ShareHeights();
     void ShowJobMenu(const std::vector<String>& ids, const wxPoint& where);
     void OnTextCommand(wxCommandEvent& event);
     void OnJobCommand(wxCommandEvent& event);
@@ -68,6 +69,7 @@ private:
     JobsPane*                m_Jobs = nullptr;
     FollowingText*           m_Log = nullptr;
     bool                     m_Connected = false;
+    bool                     m_SharesHeights = true; ///< Until there are jobs to share them by.
     bool                     m_OutputSeen = false;   ///< A job's output has been shown.
     wxEndLater               m_End{*this};
     bool                     m_Asking = false; ///< The user is being asked whether to quit.

@@ -1,6 +1,7 @@
 #include "monitor/FarmJobs.h"
 #include "monitor/FramePictures.h"
 #include "monitor/GroupMemory.h"
+#include "monitor/HeightShare.h"
 #include "monitor/JobForm.h"
 #include "monitor/JobNotice.h"
 #include "monitor/JobOffers.h"
@@ -262,6 +263,23 @@ TEST(GroupMemory, KeepsGroupingsAndClosedGroupsWhateverTheyAreCalled)
         keys.insert(GroupKey(JobGrouping::kUser, String::FromInt(i)));
     }
     EXPECT_LT(TextOfClosed(keys).size(), 30000u);
+}
+
+TEST(HeightShare, GivesWhatIsWantedAsFarAsThereIs)
+{
+    const std::vector<HeightWish> wishes = {{150, 100}, {200, 200}, {240, 140}};
+    const struct
+    {
+        int              total;
+        std::vector<int> heights;
+    } cases[] = {{1000, {150, 200, 650}},
+                 {590, {150, 200, 240}},
+                 {480, {120, 200, 160}},
+                 {0, {100, 200, 140}}};
+    for (const auto& one : cases)
+    {
+        EXPECT_EQ(one.heights, ShareHeight(one.total, wishes)) << one.total;
+    }
 }
 
 TEST(JobText, IsOneLineHoweverOddTheJobIs)
