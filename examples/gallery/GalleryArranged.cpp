@@ -13,7 +13,7 @@ namespace
 {
 constexpr int kItems = 1000000;
 constexpr int kGap = 6; // pixels
-const wxSize  kViewSize(600, 150);
+const wxSize  kViewSize(600, 130);
 
 enum Column
 {

@@ -28,6 +28,8 @@ const struct
     {"Text lines", AddText},
     {"A list of a million rows", AddArrangedList},
     {"Tree", AddTree},
+    {"Jobs to pick", AddJobs},
+    {"The same in a dialog", AddJobDialog},
 };
 } // namespace
 

@@ -20,7 +20,7 @@
 namespace
 {
 constexpr int kGap = 6; // pixels
-const wxSize  kViewSize(600, 150);
+const wxSize  kViewSize(600, 130);
 const wxSize  kChartSize(200, 50);
 const wxSize  kFieldSize(160, -1);
 const wxSize  kListSize(170, 70);

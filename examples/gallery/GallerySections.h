@@ -16,4 +16,6 @@ void AddCharts(wxWindow* parent, wxSizer* sizer);
 void AddList(wxWindow* parent, wxSizer* sizer);
 void AddTree(wxWindow* parent, wxSizer* sizer);
 void AddArrangedList(wxWindow* parent, wxSizer* sizer);
+void AddJobs(wxWindow* parent, wxSizer* sizer);
+void AddJobDialog(wxWindow* parent, wxSizer* sizer);
 void AddText(wxWindow* parent, wxSizer* sizer);

@@ -9,7 +9,7 @@
 
 namespace
 {
-const wxSize  kViewSize(600, 190);
+const wxSize  kViewSize(600, 160);
 constexpr int kJobs = 12;    // of a user
 constexpr int kFrames = 240; // of a job
 

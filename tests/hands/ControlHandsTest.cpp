@@ -1,9 +1,11 @@
 #include "tests/hands/HandsTest.h"
 
 #include "appearance/wxExpandablePanel.h"
+#include "appearance/wxTolvanString.h"
 #include "appearance/wxtCheckBox.h"
 #include "appearance/wxtCheckListBox.h"
 #include "appearance/wxtComboBox.h"
+#include "dialogs/wxTolvanDlg.h"
 #include "listviews/wxDBTreeListCtrl.h"
 #include "listviews/wxtListCtrl.h"
 
@@ -47,11 +49,12 @@ wxString LookOf(wxWindow* control)
             look << "w" << width;
         }
     }
-    else if (auto* const tree = dynamic_cast<wxDBTreeListCtrl*>(control))
+    else if (auto* const tree = TreeOf(control))
     {
+        const bool isOfJobs = tree != control;
         for (const int row : tree->GetSelection())
         {
-            look << row << ",";
+            look << (isOfJobs ? wxtToWx(tree->GetDisplayText(row, 0)) : wxString() << row) << ",";
         }
     }
     else if (const auto* const box = dynamic_cast<wxtCheckBox*>(control))
@@ -242,6 +245,26 @@ const Row kLists[] = {
      "deselect3 select2 expanding2 expanded2 expanding2 expanded2 deselect2 select1", "1,"},
 };
 
+// Three users with three jobs each, all open; the hand is on the second job of the first one. Keys
+// go to the field at first; the box is the first user's expander.
+const Row kJobs[] = {
+    {"jobs", "enter press release", "jobs", "bounce_sh020,"},
+    {"jobs", "enter double", "jobs picked", "bounce_sh020,"},
+    {"jobs", "click Down KP_Enter", "jobs jobs picked", "orbit_sh010,"},
+    {"jobs", "click Up Up Return Up Down", "jobs jobs jobs", "jonas (3),"},
+    {"jobs", "box press release click", "jobs", "checksum_sh060,"},
+    {"jobs", "focus Down Down", "jobs jobs", "bounce_sh020,"},
+    {"jobs", "focus m e i Return", "jobs", "checksum_sh090,"},
+    {"jobs", "focus m e i Down Down Return", "jobs jobs picked", "bounce_sh080,"},
+    {"jobs", "focus m e i Return shift+Tab shift+Tab Escape", "jobs", "checksum_sh090,"},
+    {"jobs", "click focus m e i Escape", "jobs jobs", ""},
+    {"jobs", "click focus Tab Down Tab Down", "jobs jobs", "orbit_sh010,"},
+    {"jobs", "enter press hide leave release show click", "jobs", "bounce_sh020,"},
+    {"jobs", "enter press disable leave release enable click", "jobs", "bounce_sh020,"},
+    {"jobs", "click theme Down", "jobs jobs", "orbit_sh010,"},
+    {"jobs", "enter press destroy leave release", "jobs", "gone"},
+};
+
 // What causes an event, and what causes another one afterwards.
 struct Handled
 {
@@ -277,13 +300,16 @@ const Handled kHandled[] = {
     {"list", "edge press wider", "release", "end1", "title press release"},
     {"tree", "box", "press release", "expanding0", "enter double"},
     {"tree", "enter", "double", "deselect3", "enter double"},
+    {"jobs", "", "click", "jobs", "focus Down Down"},
+    {"jobs", "click leave enter", "double", "picked", "focus Return"},
 };
 
 // The controls that take keys, by label or name.
 const std::vector<wxString> kStops = {
-    "Default", "Normal",   "Highlighted", "Check box",  "Checked", "Chosen", "text",  "text",
-    "choice",  "text",     "listBox",     "expander",   "button",  "panel",  "lines", "button",
-    "text",    "Previous", "Next",        "Match Case", "text",    "panel",  "panel"};
+    "Default", "Normal", "Highlighted", "Check box", "Checked",  "Chosen",       "text",
+    "text",    "choice", "text",        "listBox",   "expander", "button",       "panel",
+    "lines",   "button", "text",        "Previous",  "Next",     "Match Case",   "text",
+    "panel",   "panel",  "text",        "choice",    "panel",    "Pick Jobs...", "Go On"};
 
 class ControlHandsTest : public HandsTest
 {
@@ -342,6 +368,64 @@ TEST_F(ControlHandsTest, FieldsAndTheirListsAreLeftByEveryWay)
 TEST_F(ControlHandsTest, RowsAreChosenByPointerAndKeys)
 {
     TryAll(kLists);
+}
+
+TEST_F(ControlHandsTest, JobsArePickedByPointerAndKeys)
+{
+    TryAll(kJobs);
+}
+
+// The job that the hand is on is the first one that is done.
+TEST_F(ControlHandsTest, AJobThatGoesIsNotSelected)
+{
+    wxWindow* const jobs = Named("jobs");
+    Do(jobs, "click Down");
+    EXPECT_EQ("jobs jobs", Heard());
+    for (int i = 0; i < 6; ++i)
+    {
+        Do(Named("Go On"), "click");
+    }
+    EXPECT_TRUE(WaitFor([&] { return LookOf(jobs).empty(); }));
+    Do(jobs, "click Return");
+    EXPECT_EQ("jobs jobs picked", Heard());
+}
+
+// The dialog that the button asks for jobs with.
+TEST_F(ControlHandsTest, ADialogReturnsWhatWasPicked)
+{
+    const struct
+    {
+        const char* deeds;
+        const char* picked;
+    } rows[] = {{"Return Return", "checksum_sh030"}, // the first one, which it goes to
+                {"Down shift+Down Return", "checksum_sh030, bounce_sh020"},
+                {"s u s p Return Down Return", "bounce_sh080"},
+                {"Return Escape", ""},
+                {"Escape", ""}};
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.deeds);
+        Open();
+        wxWindow* const ask = Named("Pick Jobs...");
+        wxWindow* const answer = ask->GetParent()->GetChildren().back();
+        HasSlots        slots;
+        wxTolvanDlg::s_ModalStarted.Connect(
+            &slots,
+            [&]
+            {
+                wxTolvanDlg* const dialog = *wxTolvanDlg::s_Dialogs.begin();
+                dialog->CallAfter(
+                    [this, dialog, &row]
+                    {
+                        EXPECT_TRUE(WaitFor([dialog] { return dialog->IsActive(); }));
+                        Do(dialog, row.deeds);
+                    });
+            });
+        Do(ask, "click");
+        EXPECT_TRUE(
+            WaitFor([this] { return wxTolvanDlg::s_Dialogs.empty() && m_Frame->IsActive(); }));
+        EXPECT_EQ(row.picked, answer->GetLabel());
+    }
 }
 
 // Neither an exception nor anything else takes the keys or the pointer from the program.

@@ -3,6 +3,7 @@
 #include "appearance/wxExpandablePanel.h"
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxtCheckListBox.h"
+#include "jobwidgets/JobSelector.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListHeader.h"
 #include "listviews/wxDBTreeListCtrl.h"
@@ -10,6 +11,7 @@
 #include "tests/support/EventCounter.h"
 #include "tests/support/TestApp.h"
 #include "textviews/wxTextLineCtrl.h"
+#include "vesta/Application.h"
 
 #include <wx/combo.h>
 #include <wx/control.h>
@@ -93,6 +95,8 @@ const struct
     {wxEVT_LIST_COL_BEGIN_DRAG, "begin", kColumn},
     {wxEVT_LIST_COL_END_DRAG, "end", kColumn},
     {wxtEVT_LIST_COLUMNS, "columns", kColumn},
+    {wxtEVT_JOB_SELECTION, "jobs"},
+    {wxtEVT_JOBS_PICKED, "picked"},
 };
 
 void RunDialog(wxTopLevelWindow& parent)
@@ -169,11 +173,13 @@ void HandsTest::Open()
         m_Frame->Destroy();
         ASSERT_TRUE(WaitFor([this] { return !m_Frame; }));
     }
+    Application::the_Application->Options().ClearSection(JobSelector::k_Section);
     m_Frame = new GalleryFrame;
     Listen(*m_Frame, false);
     First<wxtListCtrl>()->SetName("list");
     First<wxDBTreeListCtrl>()->SetName("tree");
     First<wxTextLineCtrl>()->SetName("lines");
+    First<JobSelector>()->SetName("jobs");
     m_Frame->FindWindow(wxExpandablePanel::id_Expand)->SetName("expander");
     m_Frame->Show();
     ASSERT_TRUE(WaitFor([this] { return m_Frame->IsShownOnScreen() && m_Frame->IsActive(); }));
@@ -233,6 +239,16 @@ void HandsTest::OnHeard(wxEvent& event, const std::string& what)
     {
         then();
     }
+}
+
+wxDBTreeListCtrl* TreeOf(wxWindow* control)
+{
+    if (!dynamic_cast<JobSelector*>(control))
+    {
+        return dynamic_cast<wxDBTreeListCtrl*>(control);
+    }
+    const wxWindowList& parts = control->GetChildren();
+    return parts.size() < 3 ? nullptr : dynamic_cast<wxDBTreeListCtrl*>(parts[2]);
 }
 
 wxWindow* HandsTest::FirstOf(const std::function<bool(wxWindow*)>& is) const
@@ -380,7 +396,7 @@ wxPoint HandsTest::PlaceOf(wxWindow* control, const std::string& word) const
     {
         return control->GetScreenRect().GetBottomLeft() + wxPoint(kBeside + m_Aside, kBelow);
     }
-    if (const auto* const tree = dynamic_cast<wxDBTreeListCtrl*>(control))
+    if (const auto* const tree = TreeOf(control))
     {
         const wxRect cell = tree->GetBody()->GetCellRect(word == "box" ? 0 : 2, 0);
         return tree->GetBody()->ClientToScreen(word == "box" ? cell.GetTopLeft() + wxPoint(9, 9)

@@ -6,6 +6,11 @@
 
 #include <wx/weakref.h>
 
+class wxDBTreeListCtrl;
+
+/// The control if it is a tree, or the tree in a selector of jobs; else null.
+wxDBTreeListCtrl* TreeOf(wxWindow* control);
+
 /// The gallery under a real pointer and real keys. Nothing is given to a control by a test but what
 /// comes from the X server; every deed is over, its handlers too, when it returns.
 class HandsTest : public UserFolderTest

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "jobwidgets/JobSet.h"
+
+#include <wx/string.h>
+
+#include <vector>
+
+namespace jobwidgets
+{
+constexpr int k_JobGroupings = 4;
+
+/// The word by which the options file knows it.
+const char* NameOf(JobGrouping grouping);
+/// The same for the user.
+wxString LabelOf(JobGrouping grouping);
+/// The one of that name; otherwise by user.
+JobGrouping GroupingNamed(const String& name);
+
+/// Where a state stands among the others: what goes on comes first. Those that are not known have
+/// the last place.
+int RankOf(const String& state);
+
+/// Jobs that have something in common.
+struct JobGroup
+{
+    String                       title; ///< What they have in common; may be empty.
+    std::vector<const JobFacts*> jobs;  ///< The latest first.
+};
+
+/// Which jobs belong together: states in their order, users and products by their names. Of no
+/// grouping there is one group, even without jobs.
+std::vector<JobGroup> GroupJobs(const std::vector<JobSet::Facts>& jobs, JobGrouping grouping);
+} // namespace jobwidgets

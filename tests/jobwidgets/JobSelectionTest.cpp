@@ -1,0 +1,125 @@
+#include "jobwidgets/selection/JobTreeModel.h"
+#include "jobwidgets/selection/RecentJobs.h"
+#include "tests/jobwidgets/JobSample.h"
+#include "tests/jobwidgets/JobWidgetsTest.h"
+#include "tests/support/LogCapture.h"
+
+using jobwidgets::JobTreeModel;
+
+namespace
+{
+using JobSetTest = JobWidgetsTest;
+
+// "Recently Picked: b | ann: c a | d": groups with their jobs, and jobs in none.
+String ShapeOf(JobTreeModel& model)
+{
+    String shape;
+    for (long long i = 0; i < model._ChildCount(JobTreeModel::k_Root); ++i)
+    {
+        const wxDBTreeNode node = model._Child(JobTreeModel::k_Root, i);
+        shape += (i ? " | " : "") + model._Text(node, jobwidgets::column_Name);
+        shape += model._MayHaveChildren(node) ? ":" : "";
+        for (long long k = 0; k < model._ChildCount(node); ++k)
+        {
+            shape += " " + model._Text(model._Child(node, k), jobwidgets::column_Name);
+        }
+    }
+    return shape;
+}
+} // namespace
+
+TEST_F(JobSetTest, TellsWhatIsOther)
+{
+    JobSample sample;
+    HasSlots  slots;
+    String    told;
+    sample.jobs.Changed.Connect(&slots, [&](JobSet::Change change)
+                                { told += "ptj"[static_cast<int>(change)]; });
+    const UID                    type = AddType("a", "Product A");
+    const boost::shared_ptr<Job> job(new Job);
+    const LogCapture             log;
+    sample.jobs.Put(nullptr);
+    sample.jobs.Put(job);
+    EXPECT_TRUE(log.Has("without an identifier", log_Warning));
+    job->SetParam(p_Id, JobSample::IdOf("x").ToString());
+    job->SetParam(p_Name, "two\nlines " + String(1000000, 'x'));
+    job->SetParam(p_Type, type.ToString());
+    job->SetParam(p_Progress, "900");
+    sample.jobs.Put(job);
+    const JobSet::Facts facts = sample.jobs.Find(JobSample::IdOf("x"));
+    EXPECT_EQ(0u, facts->name.find("two lines xxx"));
+    EXPECT_GT(400u, facts->name.size());
+    EXPECT_EQ("Product A", facts->product);
+    EXPECT_EQ(100, facts->progress);
+    sample.jobs.Put(job);
+    job->SetParam(p_Progress, "-5");
+    sample.jobs.Put(job);
+    job->SetParam(p_State, state_Done);
+    sample.jobs.Put(job);
+    sample.jobs.Remove(UID::Null);
+    EXPECT_EQ("jpt", told);
+
+    for (int i = 0; i < 5000; ++i) // nothing is kept of those that have gone
+    {
+        sample.Put("y", "ann", state_Done);
+        sample.jobs.Remove(JobSample::IdOf("y"));
+    }
+    sample.Put("y", "ann", state_Done);
+    ASSERT_EQ(2u, sample.jobs.InOrder().size());
+    EXPECT_EQ("y", sample.jobs.InOrder().back()->name);
+    told.clear();
+    sample.jobs.Clear();
+    sample.jobs.Clear();
+    EXPECT_EQ("j", told);
+    EXPECT_TRUE(sample.jobs.InOrder().empty());
+}
+
+TEST(JobTreeModel, GroupsTheLatestFirst)
+{
+    JobSample sample;
+    sample.Put("a", "ann", state_Done);
+    sample.Put("b", "Bob", state_Running);
+    sample.Put("c", "ann", state_Running);
+    sample.Put("d", "", "Odd");
+    const std::vector<UID> recent = {JobSample::IdOf("b"), UID::Create()};
+    JobTreeModel           model;
+    const struct
+    {
+        JobGrouping grouping;
+        bool        hasRecent;
+        const char* shape;
+    } cases[] = {{JobGrouping::kUser, true, "Recently Picked: b | Unknown: d | ann: c a | Bob: b"},
+                 {JobGrouping::kState, false, "Running: c b | Done: a | Odd: d"},
+                 {JobGrouping::kProduct, false, "Tracer: d c b a"},
+                 {JobGrouping::kNone, true, "Recently Picked: b | d | c | b | a"}};
+    for (const auto& c : cases)
+    {
+        model.Show(sample.jobs, c.grouping, c.hasRecent ? recent : std::vector<UID>());
+        EXPECT_EQ(c.shape, ShapeOf(model));
+    }
+    // What is not taken yet: a job that has gone stays, one that goes on is shown so.
+    const wxDBTreeNode last = model._Child(JobTreeModel::k_Root, 4);
+    sample.Put("a", "ann", state_Failed, 7);
+    sample.jobs.Remove(JobSample::IdOf("b"));
+    EXPECT_EQ("Recently Picked: b | d | c | b | a", ShapeOf(model));
+    EXPECT_EQ("7 %", model._Text(last, jobwidgets::column_Progress));
+    model.Show(JobSet(), JobGrouping::kUser, recent);
+    EXPECT_EQ("", ShapeOf(model));
+    EXPECT_EQ("", model._Text(last, jobwidgets::column_Name)) << "it has gone";
+    EXPECT_EQ(JobTreeModel::k_Root, model._Child(1, 0));
+}
+
+TEST(RecentJobs, TheLatestAreOnTop)
+{
+    std::vector<UID> ids(12);
+    std::generate(ids.begin(), ids.end(), &UID::Create);
+    jobwidgets::RecentJobs recent(" " + ids[0].ToString() + " ,nonsense,," + ids[1].ToString() +
+                                  "," + ids[0].ToString());
+    EXPECT_EQ((std::vector{ids[0], ids[1]}), recent.InOrder());
+    recent.Add({ids[1], ids[2]});
+    EXPECT_EQ((std::vector{ids[1], ids[2], ids[0]}), recent.InOrder());
+    EXPECT_EQ(recent.InOrder(), jobwidgets::RecentJobs(recent.ToText()).InOrder());
+    recent.Add(ids);
+    ids.resize(jobwidgets::RecentJobs::k_Most);
+    EXPECT_EQ(ids, recent.InOrder());
+}
