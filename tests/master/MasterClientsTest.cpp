@@ -83,9 +83,15 @@ TEST_F(MasterClients, BadPeersAreClosedAndLoggedAndDisturbNobody)
 {
     Start();
     const TestPeer silent = NewPeer();
-    TestPeer       half = NewPeer();
     const String hello = wire::Framing::Wrap(Message(msg_Hello).Set("component", "Half").Encode());
-    half.Send(hello.substr(0, hello.size() / 2));
+    const size_t cuts[] = {1, wire::Framing::k_HeaderSize - 1, wire::Framing::k_HeaderSize,
+                           hello.size() / 2};
+    std::vector<TestPeer> halves;
+    for (const size_t cut : cuts)
+    {
+        halves.push_back(NewPeer());
+        halves.back().Send(hello.substr(0, cut));
+    }
     const Message submit = Message(msg_Submit).Set(p_Type, kScriptType);
     for (const String& bytes : {String(64, 'g'), wire::Framing::Wrap(submit.Encode())})
     {
@@ -100,11 +106,14 @@ TEST_F(MasterClients, BadPeersAreClosedAndLoggedAndDisturbNobody)
     const String job = client.Submit("echo fine");
     EXPECT_TRUE(client.WaitForState(job, state_Done));
     EXPECT_EQ(client.jobs.size(), 1u);
-    // The half frame is still a beginning: its rest makes it a client.
-    half.Send(hello.substr(hello.size() / 2));
-    const auto welcome = half.Receive();
-    ASSERT_TRUE(welcome);
-    EXPECT_STREQ(welcome->Type().c_str(), msg_Welcome);
+    // Half a frame is still a beginning, wherever it was cut: its rest makes a client.
+    for (size_t i = 0; i < halves.size(); ++i)
+    {
+        halves[i].Send(hello.substr(cuts[i]));
+        const auto welcome = halves[i].Receive();
+        ASSERT_TRUE(welcome) << cuts[i];
+        EXPECT_EQ(welcome->Type(), msg_Welcome);
+    }
 }
 
 TEST_F(MasterClients, ClientThatAsksAndNeverReadsIsClosed)

@@ -3,6 +3,8 @@
 
 #include <csignal>
 
+#include <sys/resource.h>
+
 namespace
 {
 
@@ -141,6 +143,39 @@ TEST_F(MasterJobs, ProgramThatCannotBeStartedFailsAloneAndSaysWhy)
     }
     EXPECT_TRUE(client.WaitForState(well, state_Done));
     EXPECT_EQ(client.Text(well), "well\n");
+}
+
+TEST_F(MasterJobs, AFullDiskHoldsAJobUntilThereIsRoomOrItIsKilled)
+{
+    Start();
+    const auto limitFiles = [this](rlim_t bytes)
+    {
+        const rlimit limit = {bytes, RLIM_INFINITY};
+        EXPECT_EQ(prlimit(master->id, RLIMIT_FSIZE, &limit, nullptr), 0);
+    };
+    for (const bool getsRoom : {true, false})
+    {
+        limitFiles(20'000);
+        const String job = client.Submit("seq 1 10000");
+        const auto   error = [&] { return client.Param(job, p_Error); };
+        ASSERT_TRUE(client.ReadUntil([&] { return !error().empty(); }));
+        EXPECT_EQ(error(), "Waits until its output can be written: File too large");
+        const String held = ReadFile(client.Param(job, p_LogFile));
+        EXPECT_EQ(held.size(), 20'000u);
+        EXPECT_EQ(held.find(client.Text(job)), 0u) << "nobody is told more than is logged";
+        if (getsRoom)
+        {
+            limitFiles(RLIM_INFINITY);
+            ASSERT_TRUE(client.WaitForState(job, state_Done));
+            EXPECT_EQ(client.lines[job].size(), 10'000u);
+            EXPECT_EQ(client.Text(job), ReadFile(client.Param(job, p_LogFile)));
+            EXPECT_EQ(error(), "");
+            continue;
+        }
+        EXPECT_EQ(client.Does(job, "Kill"), "");
+        ASSERT_TRUE(client.WaitForState(job, state_Killed));
+        ExpectRefused(error(), "bytes or more) could not be written to ");
+    }
 }
 
 TEST_F(MasterJobs, ImpossibleRequestsAreRefusedWithAReason)

@@ -3,7 +3,6 @@
 #include "tests/support/LogCapture.h"
 #include "tests/support/UserFolderTest.h"
 #include "tolvan/Components.h"
-#include "tolvan/SocketFolder.h"
 #include "vesta/LibStatic.h"
 #include "vesta/ThreadPool.h"
 
@@ -22,13 +21,10 @@ public:
     void   OnUnhandledMessage(const boost::shared_ptr<Message>& message) override
     {
         TolvanClientApp::OnUnhandledMessage(message);
-        Note("unhandled " + message->Type());
+        notes.push_back("unhandled " + message->Type());
     }
-    void                       Note(const String& text) { m_Notes.push_back(text); }
-    const std::vector<String>& Notes() const { return m_Notes; }
 
-private:
-    std::vector<String> m_Notes;
+    std::vector<String> notes;
 };
 
 /// Counts its end.
@@ -103,7 +99,7 @@ TEST_F(TolvanClientAppTest, DispatchesOneMessageAtATime)
         m_App.AddMessageHandler(type,
                                 [=](const boost::shared_ptr<Message>& message)
                                 {
-                                    m_App.Note(text + " " + message->Type());
+                                    m_App.notes.push_back(text + " " + message->Type());
                                     return isTaken;
                                 });
     };
@@ -119,10 +115,10 @@ TEST_F(TolvanClientAppTest, DispatchesOneMessageAtATime)
     Queue(Message("B"));
     std::vector<String> expected = {"first A", "any A", "second A"};
     m_App.DispatchMessage();
-    EXPECT_EQ(m_App.Notes(), expected);
+    EXPECT_EQ(m_App.notes, expected);
     expected.insert(expected.end(), {"any B", "unhandled B"});
     m_App.DispatchMessage();
-    EXPECT_EQ(m_App.Notes(), expected);
+    EXPECT_EQ(m_App.notes, expected);
     EXPECT_EQ(m_Log.Count("broken handler", log_Error), 1) << m_Log.All();
 }
 

@@ -51,68 +51,59 @@ struct ThrowsInDestructor
     }
 };
 
-TEST(CallEntry, PrintsTheWholeTraceOnce)
-{
-    for (const bool platform : {true, false})
-    {
-        const LogCapture log;
-        Dropping(
-            [platform]
-            {
-                CALL_ENTRY("Outer");
-                Inner(platform);
-            });
-        EXPECT_EQ(1, log.Count(kHeading, log_Warning)) << log.All();
-        EXPECT_TRUE(log.Has("\nInner (")) << log.All();
-        EXPECT_TRUE(log.Has("\nOuter (")) << log.All();
-        EXPECT_TRUE(log.Has("/vesta/CallEntryTest.cpp:")) << log.All();
-        EXPECT_EQ("", _CallEntry::Trace());
-    }
-}
-
-/// Each of them throws two exceptions.
 const struct
 {
     const char*           name;
+    int                   traces; ///< One for each exception that it throws.
     std::function<void()> action;
-} kPairs[] = {
-    {"one after the other",
+} kCases[] = {
+    {"of the platform", 1, [] { Inner(true); }},
+    {"of the standard library", 1, [] { Inner(false); }},
+    {"one after the other", 2,
      []
      {
          Dropping([] { Inner(false); });
          Inner(false);
      }},
-    {"the second passes the entry of the function that caught the first",
+    {"the second passes the entry of the function that caught the first", 2,
      []
      {
-         CALL_ENTRY("Translates");
          Dropping([] { Inner(false); });
          Harmless();
          Exception::Throw("Test", "Translates", 6, "second");
      }},
-    {"one inside the other",
+    {"one inside the other", 2,
      []
      {
-         CALL_ENTRY("Outer");
          const ThrowsInDestructor local;
          Inner(false);
      }},
-    {"the nested one before any entry has seen the outer one",
+    {"the nested one before any entry has seen the outer one", 2,
      []
      {
-         CALL_ENTRY("Outer");
          const ThrowsInDestructor local;
          throw std::runtime_error("outer");
      }},
 };
 
-TEST(CallEntry, TellsExceptionsApart)
+TEST(CallEntry, PrintsTheWholeTraceOfEachExceptionOnce)
 {
-    for (const auto& pair : kPairs)
+    for (const auto& one : kCases)
     {
+        SCOPED_TRACE(one.name);
         const LogCapture log;
-        Dropping(pair.action);
-        EXPECT_EQ(2, log.Count(kHeading)) << pair.name << "\n" << log.All();
+        Dropping(
+            [&one]
+            {
+                CALL_ENTRY("Outer");
+                one.action();
+            });
+        EXPECT_EQ(one.traces, log.Count(kHeading, log_Warning)) << log.All();
+        for (const char* const part : {"\nInner (", "\nOuter (", "/vesta/CallEntryTest.cpp:"})
+        {
+            EXPECT_TRUE(log.Has(part)) << log.All();
+        }
+        EXPECT_EQ("", _CallEntry::Trace());
     }
 }
 

@@ -5,12 +5,10 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <future>
 #include <stdexcept>
-#include <vector>
 
 namespace
 {
@@ -20,26 +18,6 @@ class ThreadPoolTest : public testing::Test
 protected:
     ~ThreadPoolTest() override { ThreadPool::Stop(); }
 };
-
-TEST_F(ThreadPoolTest, KeepsTheOrderOfEachKey)
-{
-    constexpr int    kTasks = 500;
-    std::vector<int> seen[8]; // One task of a key at a time: no lock is needed.
-    ThreadPool::Start(4);
-    for (int i = 0; i < kTasks; ++i)
-    {
-        for (auto& key : seen)
-        {
-            ThreadPool::PostInOrder(&key, [&key, i] { key.push_back(i); });
-        }
-    }
-    ThreadPool::Stop();
-    for (const auto& key : seen)
-    {
-        ASSERT_EQ(static_cast<size_t>(kTasks), key.size());
-        EXPECT_TRUE(std::is_sorted(key.begin(), key.end()));
-    }
-}
 
 TEST_F(ThreadPoolTest, KeysDoNotWaitForOneAnother)
 {
