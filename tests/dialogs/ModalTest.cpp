@@ -15,13 +15,10 @@ struct Notices : HasSlots
 {
     Notices()
     {
-        wxTolvanDlg::s_ModalStarted.Connect(this, &Notices::Started);
-        wxTolvanDlg::s_ModalFinished.Connect(this, &Notices::Finished);
-        wxTolvanDlg::s_DlgClosed.Connect(this, &Notices::Closed);
+        wxTolvanDlg::s_ModalStarted.Connect(this, [this] { heard += "s"; });
+        wxTolvanDlg::s_ModalFinished.Connect(this, [this] { heard += "f"; });
+        wxTolvanDlg::s_DlgClosed.Connect(this, [this] { heard += "c"; });
     }
-    void Started() { heard += "s"; }
-    void Finished() { heard += "f"; }
-    void Closed() { heard += "c"; }
 
     std::string heard;
 };

@@ -42,13 +42,6 @@ protected:
     int m_Cleanups = 0;
 };
 
-struct Slots : public HasSlots
-{
-    int  started = 0;
-    int  exited = 0;
-    void OnStarted() { ++started; }
-    void OnExited() { ++exited; }
-};
 } // namespace
 
 TEST_F(AppStartTest, AnyFailureIsExplainedOnceAndCleanedUpOnce)
@@ -79,9 +72,11 @@ TEST_F(AppStartTest, AnyFailureIsExplainedOnceAndCleanedUpOnce)
         wxtToWx(Log::s_GlobalLog->FileName());
     for (const auto& start : starts)
     {
-        Slots slots;
-        App().StartedSignal.Connect(&slots, &Slots::OnStarted);
-        App().ExitedSignal.Connect(&slots, &Slots::OnExited);
+        HasSlots slots;
+        int      started = 0;
+        int      exited = 0;
+        App().StartedSignal.Connect(&slots, [&started] { ++started; });
+        App().ExitedSignal.Connect(&slots, [&exited] { ++exited; });
         const LogCapture    log;
         const DialogCatcher catcher;
         App().m_Startup = start;
@@ -91,8 +86,8 @@ TEST_F(AppStartTest, AnyFailureIsExplainedOnceAndCleanedUpOnce)
         EXPECT_EQ("Startup Error", catcher.caption);
         EXPECT_EQ(expected, catcher.text);
         EXPECT_EQ(1, m_Cleanups);
-        EXPECT_EQ(0, slots.started);
-        EXPECT_EQ(1, slots.exited);
+        EXPECT_EQ(0, started);
+        EXPECT_EQ(1, exited);
         EXPECT_TRUE(&start == starts || log.Has("on purpose", log_Error) ||
                     log.Has("unknown type", log_Error))
             << log.All();

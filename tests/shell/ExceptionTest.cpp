@@ -6,7 +6,6 @@
 #include "vesta/Exception.h"
 
 #include <wx/dcclient.h>
-#include <wx/menu.h>
 #include <wx/timer.h>
 
 #include <memory>

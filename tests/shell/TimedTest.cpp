@@ -20,14 +20,6 @@ private:
     std::function<void()> m_Work;
 };
 
-struct Slots : public HasSlots
-{
-    int  fast = 0;
-    int  slow = 0;
-    void OnFast() { ++fast; }
-    void OnSlow() { ++slow; }
-};
-
 // Made before the application object.
 Counter s_Early;
 
@@ -69,18 +61,19 @@ TEST_F(TimedTest, RunsOnlyWhileSomebodyNeedsIt)
 
 TEST_F(TimedTest, FirstTickFiresEverythingAndThePeriodsHold)
 {
-    Counter counter;
-    Slots   slots;
-    wxTimed::s_Timer0100.Connect(&slots, &Slots::OnFast);
-    wxTimed::s_Timer0250.Connect(&slots, &Slots::OnSlow);
-    Tick(1);
-    EXPECT_EQ(1, slots.fast);
-    EXPECT_EQ(1, slots.slow);
-    EXPECT_EQ(1, counter.ticks);
-    Tick(9);
-    EXPECT_EQ(5, slots.fast);
-    EXPECT_EQ(2, slots.slow);
-    EXPECT_EQ(2, counter.ticks);
+    const Counter counter;
+    HasSlots      slots;
+    int           fast = 0;
+    int           slow = 0;
+    wxTimed::s_Timer0100.Connect(&slots, [&fast] { ++fast; });
+    wxTimed::s_Timer0250.Connect(&slots, [&slow] { ++slow; });
+    const auto expectAfter = [&](int ticks, const std::vector<int>& fired)
+    {
+        Tick(ticks);
+        EXPECT_EQ(fired, (std::vector<int>{fast, slow, counter.ticks}));
+    };
+    expectAfter(1, {1, 1, 1});
+    expectAfter(9, {5, 2, 2});
 }
 
 TEST_F(TimedTest, ObjectsMayGoAndComeInsideATick)

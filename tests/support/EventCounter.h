@@ -4,7 +4,6 @@
 #include <wx/weakref.h>
 
 #include <memory>
-#include <vector>
 
 /// Counts the events of one type that a handler gets, and lets them pass. It goes away by itself.
 class EventCounter : public wxEvtHandler

@@ -1,6 +1,5 @@
 #include "tests/support/Pictures.h"
 
-#include <wx/dcclient.h>
 #include <wx/dcmemory.h>
 #include <wx/filefn.h>
 #include <wx/filename.h>
