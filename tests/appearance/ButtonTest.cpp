@@ -46,9 +46,7 @@ protected:
 
 TEST_F(ButtonTest, TheDefaultLookGoesWithTheFocusAndComesBack)
 {
-    for (wxWindow* const focused :
-         {static_cast<wxWindow*>(m_Field), static_cast<wxWindow*>(m_Cancel),
-          static_cast<wxWindow*>(m_OK), static_cast<wxWindow*>(m_Field)})
+    for (wxWindow* const focused : std::vector<wxWindow*>{m_Field, m_Cancel, m_OK, m_Field})
     {
         Focus(focused);
         ExpectDefault(m_Cancel, focused == m_Cancel);
@@ -90,7 +88,7 @@ TEST_F(ButtonTest, TheRoleComesBackAlsoFromOneThatIsDestroyed)
     EXPECT_EQ(nullptr, Frame()->GetDefaultItem());
 }
 
-TEST_F(ButtonTest, ItsHandlerRunsOnceAndMayDisableOrDestroyIt)
+TEST_F(ButtonTest, ItsHandlerRunsOnceAndMayDisableIt)
 {
     int clicks = 0;
     m_OK->Bind(wxEVT_BUTTON,
@@ -108,9 +106,6 @@ TEST_F(ButtonTest, ItsHandlerRunsOnceAndMayDisableOrDestroyIt)
     EXPECT_EQ(wxtGetColor(color_WindowBGDarker), m_OK->GetBackgroundColour());
     m_OK->Enable();
     ExpectDefault(m_OK);
-    m_Cancel->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { delete m_Panel; });
-    m_Cancel->EmulateClick();
-    EXPECT_FALSE(m_OK);
 }
 
 TEST_F(ButtonTest, TheKeysGoOnWhenTheirButtonCannotHaveThem)

@@ -25,13 +25,9 @@ class InputsTest : public PanelTest
 protected:
     static wxArrayString Items()
     {
-        wxArrayString items;
-        items.Add("Alpha");
-        items.Add("beta");
-        items.Add("bravo");
-        items.Add("two\nlines\tand & more");
-        items.Add(wxString('W', 10000));
-        return items;
+        const wxString items[] = {"Alpha", "beta", "bravo", "two\nlines\tand & more",
+                                  wxString('W', 10000)};
+        return wxArrayString(WXSIZEOF(items), items);
     }
     wxtChoice* AddChoice()
     {

@@ -1,8 +1,6 @@
 #include "appearance/wxtSplitterWindow.h"
 #include "tests/support/FrameTest.h"
 
-#include <wx/sizer.h>
-
 TEST_F(FrameTest, ASashComesBackAndLeavesBothPanesRoom)
 {
     const auto split = [this](const String& name)
