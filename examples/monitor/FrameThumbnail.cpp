@@ -29,6 +29,21 @@ wxImage ImageOf(const Picture& picture)
     std::memcpy(image.GetData(), picture.pixels.data(), picture.pixels.size());
     return image;
 }
+
+String WhyNone(const FarmJob* job, int frame)
+{
+    if (!job)
+    {
+        return "No frame is selected";
+    }
+    if (job->frameCount == 0)
+    {
+        return "The job has no frames";
+    }
+    return frame < 1                 ? String("No frame is done yet")
+           : frame > job->framesDone ? PictureProblem(*job, frame)
+                                     : String("No picture is known of the frame");
+}
 } // namespace
 
 // The picture as large as there is room for, but no larger than it is.
@@ -170,10 +185,7 @@ void FrameThumbnail::ShowWhatIsDue()
         return;
     }
     DropPicture();
-    ShowNote(!job                             ? String("No frame is selected")
-             : frame.number < 1               ? String("No frame is done yet")
-             : frame.number > job->framesDone ? PictureProblem(*job, frame.number)
-                                              : String("No picture is known of the frame"));
+    ShowNote(WhyNone(job, frame.number));
 }
 
 void FrameThumbnail::OnLoaded()
