@@ -229,17 +229,18 @@ void wxDBTreeListCtrl::GoOnArranging()
         m_Tree->slices->LookAgain();
         return;
     }
-    if (m_Tree->isDue || (m_Tree->isAgain && !m_Tree->job))
-    {
-        StartArranging();
-    }
-    else if (m_Tree->job)
+    if (m_Tree->job && !m_Tree->isDue)
     {
         ArrangeOn();
     }
+    // First: the trees of a model that changes all the time would pile up.
     else if (listviews::RunSlice([this] { return m_Tree->remains.Step(); }))
     {
         m_Tree->slices->GoOn();
+    }
+    else if (m_Tree->isDue || m_Tree->isAgain)
+    {
+        StartArranging();
     }
     if (self && !m_Tree->job && (IsArranging() || !m_Tree->remains.IsEmpty()))
     {
