@@ -1,10 +1,10 @@
 #include "monitor/FrameList.h"
 
 #include "monitor/FramePictures.h"
-#include "monitor/JobColors.h"
 
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
+#include "jobwidgets/JobColors.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxListMenu.h"
 #include "vesta/Application.h"
@@ -197,7 +197,7 @@ String FrameList::GetDisplayText(int row, int column)
 wxColour FrameList::GetRowColor(int row)
 {
     const FarmJob* const job = m_Jobs.Find(m_Id);
-    return job ? wxtGetColor(ColorOfState(FrameState(*job, FrameAt(row))))
+    return job ? wxtGetColor(wxtJobStateColor(FrameState(*job, FrameAt(row))))
                : wxDBListCtrl::GetRowColor(row);
 }
 

@@ -2,11 +2,11 @@
 
 #include "monitor/FramePictures.h"
 #include "monitor/GroupMemory.h"
-#include "monitor/JobColors.h"
 #include "monitor/JobCommands.h"
 
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
+#include "jobwidgets/JobColors.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListHeader.h"
 #include "listviews/wxListMenu.h"
@@ -28,13 +28,6 @@ const char* const kOrder = "Order";
 const char* const kGrouping = "Grouping";
 const char* const kFrames = "Frames";
 const char* const kClosed = "ClosedGroups";
-
-// Half of each, so that the figure on it can be read in every scheme.
-wxColour Half(const wxColour& a, const wxColour& b)
-{
-    const auto half = [](int x, int y) { return static_cast<unsigned char>((x + y) / 2); };
-    return wxColour(half(a.Red(), b.Red()), half(a.Green(), b.Green()), half(a.Blue(), b.Blue()));
-}
 
 bool ChangesByItself(const JobOrder& order)
 {
@@ -221,8 +214,8 @@ void JobList::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected
     wxColour ink;
     if (frame.job && (type == column_State || frame.number > 0))
     {
-        ink = wxtGetColor(ColorOfState(frame.number > 0 ? FrameState(*frame.job, frame.number)
-                                                        : frame.job->state));
+        ink = wxtGetColor(wxtJobStateColor(frame.number > 0 ? FrameState(*frame.job, frame.number)
+                                                            : frame.job->state));
     }
     const wxDCTextColourChanger colour(dc, ink.IsOk() ? ink : dc.GetTextForeground());
     if (m_Model.rows.IsTree())
@@ -247,17 +240,10 @@ void JobList::DrawProgress(wxDC& dc, wxDBTreeNode node, const wxRect& rect)
     const FarmJob* const        job = m_Model.rows.FrameAt(node).job;
     const JobRows::Group* const group = m_Model.rows.FindGroup(node);
     const String                state = job ? job->state : group ? group->name : String();
-    const wxColour              full = wxtGetColor(ColorOfBar(state));
-    const wxColour              frame = wxtGetColor(color_WindowBGLighter);
-    if (node == wxDBTreeModel::k_Root || !full.IsOk() || !frame.IsOk() || rect.width < 1)
+    if (node != wxDBTreeModel::k_Root)
     {
-        return;
+        wxtDrawJobProgress(dc, rect, state, m_Model.rows.Progress(node));
     }
-    const wxDCPenChanger   pen(dc, *wxTRANSPARENT_PEN);
-    const wxDCBrushChanger brush(dc, wxBrush(frame));
-    dc.DrawRectangle(rect);
-    dc.SetBrush(wxBrush(Half(full, frame)));
-    dc.DrawRectangle(rect.x, rect.y, rect.width * m_Model.rows.Progress(node) / 100, rect.height);
 }
 
 void JobList::OnActivate(wxListEvent& event)

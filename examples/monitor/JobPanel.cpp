@@ -1,7 +1,6 @@
 #include "monitor/JobPanel.h"
 
 #include "monitor/FarmJobs.h"
-#include "monitor/JobColors.h"
 #include "monitor/JobCommands.h"
 #include "monitor/JobDetails.h"
 #include "monitor/PanelMemory.h"
@@ -10,6 +9,7 @@
 #include "appearance/wxTolvanString.h"
 #include "appearance/wxtButton.h"
 #include "appearance/wxtScrolledPane.h"
+#include "jobwidgets/JobColors.h"
 #include "vesta/Application.h"
 
 #include <wx/app.h>
@@ -57,7 +57,7 @@ void JobPanel::ShowCaption(const FarmJob& job)
     wxWindow* const caption = FindWindow(id_Caption);
     if (auto* const colors = dynamic_cast<wxtColorManaged*>(caption))
     {
-        colors->m_ForegroundName = ColorOfState(job.state);
+        colors->m_ForegroundName = wxtJobStateColor(job.state);
         colors->RefreshColors();
     }
     if (caption)

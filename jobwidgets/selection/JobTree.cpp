@@ -2,6 +2,7 @@
 
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
+#include "internal/drawing/ColorMix.h"
 #include "jobwidgets/JobColors.h"
 #include "jobwidgets/selection/JobTreeModel.h"
 #include "vesta/Application.h"
@@ -13,7 +14,8 @@ namespace jobwidgets
 {
 namespace
 {
-constexpr int     kBarMargin = 2; // pixels around a progress bar in its cell
+constexpr double  kSelectedShare = 0.5; // of the state's colour; the rest is the text's
+constexpr int     kBarMargin = 2;       // pixels around a progress bar in its cell
 const char* const kColumns = "Columns";
 const char* const kSortColumn = "SortColumn";
 const char* const kDescending = "SortDescending";
@@ -112,8 +114,13 @@ void JobTree::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected
     {
         wxtDrawJobProgress(dc, wxRect(rect).Deflate(kBarMargin), job->state, job->progress);
     }
-    const wxColour ink =
-        job && type == column_State ? wxtGetColor(wxtJobStateColor(job->state)) : wxColour();
+    wxColour ink = dc.GetTextForeground();
+    if (job && type == column_State)
+    {
+        // The ground of what is selected has a colour of its own.
+        ink = internal::MixColours(wxtGetColor(wxtJobStateColor(job->state)), ink,
+                                   selected ? kSelectedShare : 1.0);
+    }
     const wxDCTextColourChanger colour(dc, ink.IsOk() ? ink : dc.GetTextForeground());
     wxDBTreeListCtrl::DrawCell(dc, row, column, rect, selected);
 }
