@@ -7,6 +7,7 @@
 #include "appearance/wxtStockControls.h"
 #include "internal/input/PadKey.h"
 #include "internal/windows/UpperFloors.h"
+#include "jobwidgets/selection/ClosedGroups.h"
 #include "jobwidgets/selection/JobTree.h"
 #include "jobwidgets/selection/JobTreeModel.h"
 #include "jobwidgets/selection/RecentJobs.h"
@@ -41,7 +42,7 @@ constexpr int     kFarthestFirst = 1000; // rows among which the first job is lo
 const wxSize      kTreeSize(400, 200);
 const char* const kGrouping = "Grouping";
 const char* const kRecent = "Recent";
-const char* const kRecentClosed = "RecentClosed";
+const char* const kClosed = "Closed";
 
 OptionsFile& Options()
 {
@@ -61,12 +62,6 @@ std::vector<UID> Sorted(std::vector<UID> jobs)
     jobs.erase(std::unique(jobs.begin(), jobs.end()), jobs.end());
     return jobs;
 }
-
-// Of each grouping: users have other names than states.
-String OpenKey(JobGrouping grouping)
-{
-    return String("Open.") + jobwidgets::NameOf(grouping);
-}
 } // namespace
 
 JobSelector::JobSelector(wxWindow* parent, int id, JobSet& jobs, bool singleSelection)
@@ -75,6 +70,7 @@ JobSelector::JobSelector(wxWindow* parent, int id, JobSet& jobs, bool singleSele
       m_IsSingle(singleSelection),
       m_Model(std::make_unique<jobwidgets::JobTreeModel>()),
       m_Recent(std::make_unique<jobwidgets::RecentJobs>(Options().GetValue(k_Section, kRecent))),
+      m_Closed(std::make_unique<jobwidgets::ClosedGroups>(Options().GetValue(k_Section, kClosed))),
       m_Grouping(jobwidgets::GroupingNamed(Options().GetValue(k_Section, kGrouping))),
       m_Gather(kGather),
       m_Timer(this)
@@ -91,7 +87,7 @@ JobSelector::~JobSelector()
 {
     DisconnectAll();
     const OptionsFile::PauseAutoWrite pause(Options());
-    SaveOpenGroups();
+    KeepClosedGroups();
     m_Tree->SaveLayout(k_Section);
     DestroyChildren(); // the tree asks its model as long as it is there
 }
@@ -103,7 +99,7 @@ void JobSelector::BuildControls(bool singleSelection)
     m_Choice = new wxtChoice(this);
     for (int i = 0; i < jobwidgets::k_JobGroupings; ++i)
     {
-        m_Choice->Append(jobwidgets::LabelOf(static_cast<JobGrouping>(i)));
+        m_Choice->Append(jobwidgets::LabelOf(static_cast<Grouping>(i)));
     }
     m_Choice->SetToolTip(wxGetTranslation("How the jobs are grouped"));
     m_Tree = new jobwidgets::JobTree(this, *m_Model, singleSelection);
@@ -133,7 +129,7 @@ void JobSelector::BindControls()
     Bind(wxEVT_TREELIST_ITEM_EXPANDING, [](wxTreeListEvent&) {});
     Bind(wxEVT_TREELIST_ITEM_EXPANDED, [](wxTreeListEvent&) {});
     Bind(wxEVT_CHOICE,
-         [this](wxCommandEvent& event) { SetGrouping(static_cast<JobGrouping>(event.GetInt())); });
+         [this](wxCommandEvent& event) { SetGrouping(static_cast<Grouping>(event.GetInt())); });
     Bind(wxEVT_LIST_ITEM_SELECTED, &JobSelector::OnSelect, this);
     Bind(wxEVT_LIST_ITEM_DESELECTED, &JobSelector::OnSelect, this);
     Bind(wxEVT_LIST_ITEM_ACTIVATED,
@@ -195,15 +191,15 @@ void JobSelector::TakeJobs()
     m_Gather = std::max(kGather, kLeastShare * static_cast<int>(took.count()));
 }
 
-void JobSelector::SetGrouping(JobGrouping grouping)
+void JobSelector::SetGrouping(Grouping grouping)
 {
     CALL_ENTRY("JobSelector::SetGrouping");
     if (grouping == m_Grouping)
     {
         return;
     }
+    KeepClosedGroups();
     m_Wanted = GetSelection();
-    SaveOpenGroups();
     m_Grouping = grouping;
     Keep(kGrouping, jobwidgets::NameOf(grouping));
     ShowGrouping();
@@ -214,7 +210,7 @@ void JobSelector::ShowGrouping()
 {
     m_Choice->SetSelection(static_cast<int>(m_Grouping));
     m_IsFresh = true;
-    m_HadRecent = false;
+    m_Seen.clear();
     m_IsOld = false;
     m_Model->Show(m_Jobs, m_Grouping, m_Recent->InOrder());
     m_Tree->SetModel(nullptr);
@@ -222,55 +218,49 @@ void JobSelector::ShowGrouping()
     m_Tree->SetModel(m_Model.get());
 }
 
-void JobSelector::SaveOpenGroups()
+// As they are without the filter.
+void JobSelector::KeepClosedGroups()
 {
-    if (m_IsFresh)
+    m_Tree->SetFilterText(String());
+    if (m_Tree->IsFiltered())
     {
-        return;
+        return; // it takes its time
     }
-    m_Tree->SaveOpenNodes(k_Section, OpenKey(m_Grouping));
-    if (m_Model->IsRecentGroup(m_Tree->NodeAt(0)) && !m_Tree->IsFiltered())
+    for (const wxDBTreeNode group : m_Seen)
     {
-        Keep(kRecentClosed, String::FromBool(!m_Tree->IsOpen(0)));
+        const int row = m_Tree->RowOf({group});
+        if (row >= 0)
+        {
+            m_Closed->Put(m_Model->_Key(group), !m_Tree->IsOpen(row));
+        }
     }
+    Keep(kClosed, m_Closed->ToText());
 }
 
-// The same in every grouping; it may be there for the first time.
-void JobSelector::OpenRecent()
+void JobSelector::OpenNewGroups()
 {
-    const bool hasRecent = m_Model->IsRecentGroup(m_Tree->NodeAt(0));
-    if (hasRecent && !std::exchange(m_HadRecent, true))
+    std::set<int64_t> seen;
+    for (const wxDBTreeNode group : m_Model->Groups())
     {
-        Options().GetBool(k_Section, kRecentClosed, false) ? m_Tree->Close(0) : m_Tree->Open(0);
+        if (m_Seen.count(group) == 0 && !m_Closed->Has(m_Model->_Key(group)))
+        {
+            m_Tree->Open(m_Tree->RowOf({group}));
+        }
+        seen.insert(group);
     }
-    m_HadRecent = hasRecent;
-}
-
-// All, if the user has never seen them.
-void JobSelector::OpenGroups()
-{
-    if (Options().HasValue(k_Section, OpenKey(m_Grouping)))
-    {
-        m_Tree->RestoreOpenNodes(k_Section, OpenKey(m_Grouping));
-        return;
-    }
-    for (int row = static_cast<int>(m_Model->GroupCount()) - 1; row >= 0; --row)
-    {
-        m_Tree->Open(row);
-    }
+    m_Seen = std::move(seen);
 }
 
 void JobSelector::OnArranged(wxCommandEvent&)
 {
     CALL_ENTRY("JobSelector::OnArranged");
-    if (std::exchange(m_IsFresh, false))
-    {
-        OpenGroups();
-        m_Tree->SetFilterText(wxtFromWx(m_Field->GetValue()));
-    }
     if (!m_Tree->IsFiltered())
     {
-        OpenRecent();
+        OpenNewGroups();
+    }
+    if (std::exchange(m_IsFresh, false))
+    {
+        m_Tree->SetFilterText(wxtFromWx(m_Field->GetValue()));
     }
     if (m_Wanted && !m_Tree->IsArranging())
     {

@@ -10,10 +10,12 @@
 
 #include <memory>
 #include <optional>
+#include <set>
 #include <vector>
 
 namespace jobwidgets
 {
+class ClosedGroups;
 class JobTree;
 class JobTreeModel;
 class RecentJobs;
@@ -41,6 +43,8 @@ wxDECLARE_EXPORTED_EVENT(TOLVAN_API, wxtEVT_JOBS_PICKED, wxCommandEvent);
 class TOLVAN_API JobSelector : public wxtPanel, public HasSlots
 {
 public:
+    using Grouping = jobwidgets::JobGrouping;
+
     /// Section of the options file with what is remembered.
     static const String k_Section;
 
@@ -55,8 +59,8 @@ public:
     /// with a single selection, the first one counts.
     void SetSelection(const std::vector<UID>& jobs);
 
-    JobGrouping GetGrouping() const { return m_Grouping; }
-    void        SetGrouping(JobGrouping grouping); ///< What is selected stays selected.
+    Grouping GetGrouping() const { return m_Grouping; }
+    void     SetGrouping(Grouping grouping); ///< What is selected stays selected.
     /// Puts what is selected on top of the jobs that were picked last, as Enter does: for a host
     /// with a button.
     void RememberPicked();
@@ -75,9 +79,8 @@ private:
     void OnTimer(wxTimerEvent& event);
     void TakeJobs();
     void ShowGrouping();
-    void SaveOpenGroups();
-    void OpenGroups();
-    void OpenRecent();
+    void KeepClosedGroups();
+    void OpenNewGroups();
     void OnArranged(wxCommandEvent& event);
     /// @}
 
@@ -105,7 +108,9 @@ private:
     const bool                                m_IsSingle;
     std::unique_ptr<jobwidgets::JobTreeModel> m_Model;
     std::unique_ptr<jobwidgets::RecentJobs>   m_Recent;
-    JobGrouping                               m_Grouping = JobGrouping::kUser;
+    std::unique_ptr<jobwidgets::ClosedGroups> m_Closed;
+    std::set<int64_t>                         m_Seen; ///< Groups, as nodes.
+    Grouping                                  m_Grouping = Grouping::kUser;
     wxtSearchField*                           m_Field = nullptr;
     wxtChoice*                                m_Choice = nullptr;
     jobwidgets::JobTree*                      m_Tree = nullptr;
@@ -114,7 +119,6 @@ private:
     wxTimer          m_Timer;                 ///< Until changes are shown.
     bool             m_IsOld = false;         ///< Jobs have come, gone or moved.
     bool             m_IsFresh = false;       ///< Another grouping, whose groups are to be opened.
-    bool             m_HadRecent = false;     ///< The tree has shown jobs that were picked lately.
     bool             m_IsToBeShown = false;   ///< What is wanted, even where a filter hides it.
     bool             m_IsSelecting = false;   ///< By the control itself.
     bool             m_IsToBeTold = false;    ///< That another selection is there.

@@ -29,6 +29,8 @@ struct JobFacts
     bool                   isGone = false; ///< From the set.
 };
 
+namespace jobwidgets
+{
 /// What jobs that are shown together have in common.
 enum class JobGrouping
 {
@@ -37,6 +39,7 @@ enum class JobGrouping
     kProduct,
     kState
 };
+} // namespace jobwidgets
 
 /// The jobs that a program knows, for the controls that show them. The program puts in each job
 /// that comes, puts it in again when its parameters have changed, and removes it when it is gone.

@@ -20,7 +20,7 @@ enum Kind
 constexpr int kKindBits = 2;
 constexpr int kKindMask = 3;
 const String  kRecentKey = "recent";
-const String  kGroupKey = "="; // and the title: no group is taken for another one
+const String  kGroupKey = "="; // between grouping and title: no group is taken for another one
 
 wxDBTreeNode NodeOf(int64_t number, Kind kind)
 {
@@ -58,7 +58,7 @@ void JobTreeModel::Show(const JobSet& jobs, JobGrouping grouping, const std::vec
             m_Ungrouped = std::move(group);
             continue;
         }
-        const String key = kGroupKey + group.title;
+        const String key = NameOf(grouping) + kGroupKey + group.title;
         if (group.title.empty())
         {
             group.title = wxtFromWx(wxGetTranslation("Unknown"));
@@ -99,6 +99,16 @@ size_t JobTreeModel::CountIn(wxDBTreeNode node) const
 {
     const Group* const group = GroupOf(node);
     return group ? group->content.jobs.size() : 0;
+}
+
+std::vector<wxDBTreeNode> JobTreeModel::Groups() const
+{
+    std::vector<wxDBTreeNode> nodes;
+    for (const Group& group : m_Groups)
+    {
+        nodes.push_back(group.node);
+    }
+    return nodes;
 }
 
 bool JobTreeModel::IsRecentGroup(wxDBTreeNode node) const

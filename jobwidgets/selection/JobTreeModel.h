@@ -25,14 +25,12 @@ public:
     /// and in which group, only with the next call.
     void Show(const JobSet& jobs, JobGrouping grouping, const std::vector<UID>& recent);
 
-    const JobFacts* JobOf(wxDBTreeNode node) const;   ///< Null for a group, and for none.
-    size_t          CountIn(wxDBTreeNode node) const; ///< Jobs, of a group.
-    size_t          GroupCount() const { return m_Groups.size(); }
+    const JobFacts*           JobOf(wxDBTreeNode node) const;   ///< Null for a group, and for none.
+    size_t                    CountIn(wxDBTreeNode node) const; ///< Jobs, of a group.
+    std::vector<wxDBTreeNode> Groups() const;
     /// The groups in which these jobs are, which stand in ascending order.
     std::vector<wxDBTreeNode> GroupsWith(const std::vector<UID>& jobs) const;
     static bool               IsRecent(wxDBTreeNode node); ///< A job as one of those picked lately.
-
-    bool IsRecentGroup(wxDBTreeNode node) const;
 
     long long             _ChildCount(wxDBTreeNode node) override;
     wxDBTreeNode          _Child(wxDBTreeNode node, long long index) override;
@@ -51,6 +49,7 @@ private:
         JobGroup     content;
     };
 
+    bool         IsRecentGroup(wxDBTreeNode node) const;
     void         Add(const String& key, JobGroup content);
     const Group* GroupOf(wxDBTreeNode node) const;
 

@@ -1,9 +1,11 @@
+#include "jobwidgets/selection/ClosedGroups.h"
 #include "jobwidgets/selection/JobTreeModel.h"
 #include "jobwidgets/selection/RecentJobs.h"
 #include "tests/jobwidgets/JobSample.h"
 #include "tests/jobwidgets/JobWidgetsTest.h"
 #include "tests/support/LogCapture.h"
 
+using jobwidgets::JobGrouping;
 using jobwidgets::JobTreeModel;
 
 namespace
@@ -107,6 +109,17 @@ TEST(JobTreeModel, GroupsTheLatestFirst)
     EXPECT_EQ("", ShapeOf(model));
     EXPECT_EQ("", model._Text(last, jobwidgets::column_Name)) << "it has gone";
     EXPECT_EQ(JobTreeModel::k_Root, model._Child(1, 0));
+}
+
+TEST(ClosedGroups, AreKeptWhateverTheyAreCalled)
+{
+    jobwidgets::ClosedGroups closed("User=ann,recent");
+    const String             odd = "User=a,\"b\\";
+    closed.Put(odd, true);
+    closed.Put("recent", false);
+    const jobwidgets::ClosedGroups again(closed.ToText());
+    EXPECT_TRUE(again.Has(odd) && again.Has("User=ann"));
+    EXPECT_FALSE(again.Has("recent") || again.Has("b"));
 }
 
 TEST(RecentJobs, TheLatestAreOnTop)
