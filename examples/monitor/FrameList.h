@@ -8,6 +8,7 @@
 #include "shell/wxTimed.h"
 
 #include <functional>
+#include <memory>
 #include <set>
 
 class wxListEvent;

@@ -13,6 +13,7 @@
 #include <wx/weakref.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace
 {

@@ -1,7 +1,6 @@
 #include "monitor/GroupMemory.h"
 
 #include <algorithm>
-#include <cctype>
 #include <iterator>
 
 namespace

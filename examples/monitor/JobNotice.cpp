@@ -1,6 +1,7 @@
 #include "monitor/JobNotice.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace
 {

@@ -26,7 +26,7 @@ String FrameText(const JobRows::Frame& frame, int column)
     case column_Elapsed:
         return known ? known->took : String();
     default:
-        return String();
+        return {};
     }
 }
 
@@ -49,7 +49,7 @@ String GroupText(const JobRows::Group& group, int column)
     case column_Progress:
         return SFormat("%d %%", MeanProgress(group));
     default:
-        return String();
+        return {};
     }
 }
 } // namespace

@@ -2,6 +2,9 @@
 
 #include "monitor/JobColumns.h"
 
+#include <cstdint>
+#include <map>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 

@@ -70,5 +70,5 @@ String ReadPicture(const Path& file, String& bytes, FileStamp& stamp,
             break; // it has become shorter meanwhile
         }
     }
-    return String();
+    return {};
 }

@@ -28,4 +28,4 @@ struct PnmHeader
     uint32_t    most = 0;     ///< Of a value.
     size_t      begin = 0;    ///< Of the pixels.
 };
-PnmHeader ReadPnmHeader(const String& bytes);
+PnmHeader ReadPnmHeader(const String& text);

@@ -104,5 +104,5 @@ String PictureLoader::LoadInto(Result& result, int most)
         return "The picture is damaged, or still being written.";
     }
     result.picture = Shrunk(picture, most);
-    return String();
+    return {};
 }
