@@ -6,6 +6,7 @@
 #include "vesta/LibStatic.h"
 #include "vesta/ThreadPool.h"
 
+#include <atomic>
 #include <stdexcept>
 
 namespace
@@ -128,13 +129,18 @@ TEST_F(TolvanClientAppTest, CallsHandlersInOrderOnThePool)
     std::vector<long long> expected;
     const auto             here = std::this_thread::get_id();
     bool                   isElsewhere = true;
-    m_App.AddMessageHandler("M",
-                            [&](const boost::shared_ptr<Message>& message)
-                            {
-                                isElsewhere = isElsewhere && std::this_thread::get_id() != here;
-                                numbers.push_back(message->GetInt("N"));
-                                return true;
-                            });
+    std::atomic<int>       begun{0};
+    m_App.AddMessageHandler(
+        "M",
+        [&](const boost::shared_ptr<Message>& message)
+        {
+            isElsewhere = isElsewhere && std::this_thread::get_id() != here;
+            // The first stays until another could have come before it.
+            EXPECT_FALSE(++begun == 1 &&
+                         WaitFor([&begun] { return begun > 1; }, std::chrono::milliseconds(50)));
+            numbers.push_back(message->GetInt("N"));
+            return true;
+        });
     m_App.CallMessageHandlers(nullptr);
     ASSERT_TRUE(Start());
     for (int i = 0; i < 1000; ++i)
