@@ -79,8 +79,8 @@ private:
     }
     void Paint(wxPaintEvent&)
     {
-        wxPaintDC      dc(this);
-        const wxRect   place = wxRect(0, 0, kCross, kCross).CentreIn(wxRect(GetClientSize()));
+        wxPaintDC    dc(this);
+        const wxRect place = wxRect(0, 0, kCross, kCross).CentreIn(wxRect(GetClientSize()));
         dc.SetPen(wxPen(wxtGetColor(m_Lit ? color_Text : color_TextGrey)));
         for (int i = 0; i < kCross; ++i)
         {

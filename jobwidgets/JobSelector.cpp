@@ -382,6 +382,7 @@ void JobSelector::OnSelect(wxListEvent& event)
     if (event.GetEventType() == wxEVT_LIST_ITEM_SELECTED)
     {
         m_Wanted.reset();
+        m_IsToBeShown = false;
     }
     SelectionChanged();
 }

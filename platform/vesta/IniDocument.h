@@ -96,5 +96,5 @@ private:
     SectionMap m_Sections;
     String     m_LineEnd = "\n";  ///< That of the first line; new lines get it.
     bool       m_HasMark = false; ///< The text began with a UTF-8 byte order mark.
-    size_t     m_NextOrder = 1; ///< 0 is the unnamed section's.
+    size_t     m_NextOrder = 1;   ///< 0 is the unnamed section's.
 };
