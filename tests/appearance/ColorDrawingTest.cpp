@@ -87,3 +87,17 @@ TEST(GradedRectangle, RunsFromTheOuterColourAtTheEdgesToTheInner)
     EXPECT_EQ(all(kOuter, 2), Column(Graded(2, 1, true, true)));
     EXPECT_EQ(all(kOuter, 0), Column(Graded(1, 1, true, true)));
 }
+
+TEST(Circle, FillsTheEllipseInTheRectangle)
+{
+    const wxImage image = Drawn(wxSize(21, 21), kBackground,
+                                [](wxDC& dc)
+                                {
+                                    dc.SetPen(*wxTRANSPARENT_PEN);
+                                    dc.SetBrush(wxBrush(kInner));
+                                    DrawCircle(dc, wxRect(0, 0, 20, 20), 0, 180);
+                                });
+    EXPECT_EQ(kInner, PixelAt(image, 10, 5)) << Kept(image, "upper-half");
+    EXPECT_EQ(kBackground, PixelAt(image, 10, 15)) << Kept(image, "upper-half");
+    EXPECT_EQ(kBackground, PixelAt(image, 0, 0)) << Kept(image, "upper-half");
+}
