@@ -1,0 +1,280 @@
+#include "jobwidgets/JobSelector.h"
+
+#include "appearance/wxtSearchField.h"
+#include "appearance/wxtStockControls.h"
+#include "internal/input/PadKey.h"
+#include "jobwidgets/selection/JobTree.h"
+#include "jobwidgets/selection/JobTreeModel.h"
+#include "jobwidgets/selection/RecentJobs.h"
+#include "listviews/wxDBListBody.h"
+#include "vesta/CallEntry.h"
+
+#include <wx/intl.h>
+#include <wx/listbase.h>
+#include <wx/textctrl.h>
+#include <wx/weakref.h>
+
+#include <algorithm>
+#include <iterator>
+#include <set>
+#include <utility>
+
+// What is selected and picked.
+
+namespace
+{
+constexpr int kFarthestFirst = 1000; // rows among which the first job is looked for
+
+std::vector<UID> Sorted(std::vector<UID> jobs)
+{
+    std::sort(jobs.begin(), jobs.end());
+    jobs.erase(std::unique(jobs.begin(), jobs.end()), jobs.end());
+    return jobs;
+}
+} // namespace
+
+std::vector<UID> JobSelector::GetSelection() const
+{
+    CALL_ENTRY("JobSelector::GetSelection");
+    std::vector<UID> selected;
+    if (m_Wanted)
+    {
+        std::copy_if(m_Wanted->begin(), m_Wanted->end(), std::back_inserter(selected),
+                     [this](const UID& job) { return m_Jobs.Find(job) != nullptr; });
+        return selected;
+    }
+    std::set<UID> recent; // few: these may be there twice
+    for (const wxDBTreeNode node : m_Tree->GetSelectedNodes())
+    {
+        const JobFacts* const job = m_Model->JobOf(node);
+        const bool            isRecent = jobwidgets::JobTreeModel::IsRecent(node);
+        if (job && !job->isGone &&
+            (isRecent ? recent.insert(job->id).second : recent.count(job->id) == 0))
+        {
+            selected.push_back(job->id);
+        }
+    }
+    return selected;
+}
+
+void JobSelector::SetSelection(const std::vector<UID>& jobs)
+{
+    CALL_ENTRY("JobSelector::SetSelection");
+    std::vector<UID> wanted;
+    std::copy_if(jobs.begin(), jobs.end(), std::back_inserter(wanted),
+                 [this](const UID& job) { return m_Jobs.Find(job) != nullptr; });
+    if (m_IsSingle && !wanted.empty())
+    {
+        wanted.resize(1);
+    }
+    m_IsSelecting = true;
+    m_Tree->GetBody()->DeselectAll(true);
+    m_IsSelecting = false;
+    m_Wanted = std::move(wanted);
+    m_IsToBeShown = true;
+    if (std::exchange(m_IsOld, false))
+    {
+        TakeJobs(); // some of them may have come just now
+    }
+    else if (!m_Tree->IsArranging())
+    {
+        SelectWanted();
+    }
+    SelectionChanged();
+}
+
+// What the tree has not kept selected by itself, because it is in another place now.
+void JobSelector::SelectWanted()
+{
+    const std::vector<UID> wanted = Sorted(*m_Wanted);
+    m_Wanted.reset();
+    const std::vector<UID> kept = Sorted(GetSelection());
+    std::vector<UID>       missing;
+    std::set_difference(wanted.begin(), wanted.end(), kept.begin(), kept.end(),
+                        std::back_inserter(missing));
+    const int first = missing.empty() ? -1 : SelectRowsOf(missing);
+    if (std::exchange(m_IsToBeShown, false) && !missing.empty())
+    {
+        m_Tree->EnsureVisible(first);
+        if (!m_Field->GetValue().empty() && Sorted(GetSelection()) != wanted)
+        {
+            m_Wanted = wanted;
+            m_Field->ChangeValue(wxString());
+            m_Tree->SetFilterText(String());
+        }
+    }
+}
+
+// The first row of theirs, or -1. `jobs`: in ascending order.
+int JobSelector::SelectRowsOf(const std::vector<UID>& jobs)
+{
+    for (const wxDBTreeNode group : m_Model->GroupsWith(jobs))
+    {
+        m_Tree->Open(m_Tree->RowOf({group}));
+    }
+    int first = -1;
+    m_IsSelecting = true;
+    for (int row = 0; row < m_Tree->GetItemCount(); ++row)
+    {
+        const wxDBTreeNode    node = m_Tree->NodeAt(row);
+        const JobFacts* const job = m_Model->JobOf(node);
+        if (job && !jobwidgets::JobTreeModel::IsRecent(node) &&
+            std::binary_search(jobs.begin(), jobs.end(), job->id))
+        {
+            m_Tree->GetBody()->SendListEvent(wxEVT_LIST_ITEM_SELECTED, wxPoint(0, 0), 0, row);
+            first = first < 0 ? row : first;
+        }
+    }
+    m_IsSelecting = false;
+    if (first >= 0)
+    {
+        m_Tree->SetLastSelect(first);
+    }
+    return first;
+}
+
+// While jobs are on their way to other places, what the tree loses is not what the user has
+// deselected; what is selected by hand then is all that counts.
+void JobSelector::OnSelect(wxListEvent& event)
+{
+    if (m_IsSelecting)
+    {
+        return;
+    }
+    if (event.GetEventType() == wxEVT_LIST_ITEM_SELECTED)
+    {
+        m_Wanted.reset();
+        m_IsToBeShown = false;
+    }
+    SelectionChanged();
+}
+
+void JobSelector::SelectionChanged()
+{
+    if (!std::exchange(m_IsToBeTold, true))
+    {
+        CallAfter(&JobSelector::TellSelection);
+    }
+}
+
+void JobSelector::TellSelection()
+{
+    m_IsToBeTold = false;
+    std::vector<UID> selected = Sorted(GetSelection());
+    ShowNote(selected.size());
+    if (selected != m_Told)
+    {
+        m_Told = std::move(selected);
+        Tell(wxtEVT_JOB_SELECTION);
+    }
+}
+
+// Last in whatever calls it: a handler may destroy the control.
+void JobSelector::Tell(wxEventType type)
+{
+    wxCommandEvent event(type, GetId());
+    event.SetEventObject(this);
+    ProcessWindowEvent(event);
+}
+
+void JobSelector::ShowNote(size_t selected)
+{
+    const size_t   count = m_Jobs.GetCount();
+    const wxString note =
+        count == 0 ? wxString(wxGetTranslation("No jobs"))
+        : selected == 0
+            ? wxString::Format(wxGetTranslation("Jobs: %zu"), count)
+            : wxString::Format(wxGetTranslation("Selected: %zu of %zu"), selected, count);
+    if (note != m_Note->GetLabel())
+    {
+        m_Note->SetLabel(note);
+    }
+}
+
+void JobSelector::SelectRow(int row)
+{
+    wxDBListBody& body = *m_Tree->GetBody();
+    if (body.DeselectAll(false) &&
+        body.SendListEvent(wxEVT_LIST_ITEM_SELECTED, wxPoint(0, 0), 0, row))
+    {
+        m_Tree->SetLastSelect(row);
+        m_Tree->EnsureVisible(row);
+    }
+}
+
+void JobSelector::Activate(int row)
+{
+    if (row < 0 || row >= m_Tree->GetItemCount())
+    {
+        return;
+    }
+    if (!m_Model->JobOf(m_Tree->NodeAt(row)))
+    {
+        m_Tree->IsOpen(row) ? m_Tree->Close(row) : m_Tree->Open(row);
+        return;
+    }
+    if (!m_Tree->IsRowSelected(row))
+    {
+        SelectRow(row); // the keys have gone there without selecting
+    }
+    Pick();
+}
+
+// Before a dialog takes Enter for its default button; the toolkit keeps from the tree what it does
+// not.
+void JobSelector::OnKey(wxKeyEvent& event)
+{
+    CALL_ENTRY("JobSelector::OnKey");
+    const int  key = event.HasAnyModifiers() ? 0 : internal::OffThePad(event.GetKeyCode());
+    const bool isEnter = key == WXK_RETURN || key == WXK_NUMPAD_ENTER;
+    const wxWindow* const focus = FindFocus();
+    if (isEnter && focus == m_Tree->GetBody())
+    {
+        Activate(m_Tree->GetFocusRow());
+    }
+    else if (focus != m_Field->GetField() || (!isEnter && key != WXK_DOWN))
+    {
+        event.Skip();
+    }
+    else if (isEnter && !GetSelection().empty())
+    {
+        Pick();
+    }
+    else
+    {
+        EnterTree();
+    }
+}
+
+void JobSelector::EnterTree()
+{
+    const wxWeakRef<JobSelector> self(this);
+    m_Tree->SetFocus();
+    if (!self || IsBeingDeleted() || !GetSelection().empty())
+    {
+        return;
+    }
+    for (int row = 0; row < std::min(m_Tree->GetItemCount(), kFarthestFirst); ++row)
+    {
+        if (m_Model->JobOf(m_Tree->NodeAt(row)))
+        {
+            SelectRow(row);
+            return;
+        }
+    }
+}
+
+void JobSelector::Pick()
+{
+    const wxWeakRef<JobSelector> self(this);
+    if (GetSelection().empty())
+    {
+        return;
+    }
+    RememberPicked();
+    TellSelection();
+    if (self && !IsBeingDeleted())
+    {
+        Tell(wxtEVT_JOBS_PICKED);
+    }
+}
