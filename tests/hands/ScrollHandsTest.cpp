@@ -181,7 +181,7 @@ protected:
     }
     void DragThumb(int axis)
     {
-        const int slack = End(axis) / 10;
+        const int slack = End(axis) / 6; // the thumb of a low view is larger than its share
         Take(axis);
         DragTo(axis, 0.5);
         ExpectAt(axis, End(axis) / 2 - slack, End(axis) / 2 + slack);
