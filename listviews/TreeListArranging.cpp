@@ -262,7 +262,7 @@ void wxDBTreeListCtrl::TakeArranged()
     if (!lost.empty())
     {
         const wxWeakRef<wxDBTreeListCtrl> self(this);
-        const bool                        isAsBefore = DeselectRows(lost);
+        const bool isAsBefore = job->IsFiltered() ? HideRows(lost) : DeselectRows(lost);
         if (!self || IsBeingDeleted() || m_Tree->job || !m_Tree->model)
         {
             return;
@@ -286,9 +286,65 @@ void wxDBTreeListCtrl::TakeArranged()
         const int64_t total = job->IsFiltered() ? job->Total() : -1;
         m_Tree->field->SetShown(static_cast<int>(job->Matches()), static_cast<int>(total));
     }
+    if (!ReturnHidden())
+    {
+        return;
+    }
     wxCommandEvent arranged(wxEVT_DBTREELIST_ARRANGED, GetId());
     arranged.SetEventObject(this);
     ProcessWindowEvent(arranged);
+}
+
+// Deselects what the filter hides, and keeps in mind what it was. False as `DeselectRows`.
+bool wxDBTreeListCtrl::HideRows(const std::vector<int64_t>& rows)
+{
+    TreeState& tree = *m_Tree;
+    for (const int64_t row : rows)
+    {
+        const TreePlace place = tree.shown->At(row);
+        if (tree.shown->IsSelected(place))
+        {
+            tree.hidden.Add(place, place.parent->selected.at(place.place));
+        }
+    }
+    const wxWeakRef<wxDBTreeListCtrl> self(this);
+    tree.isFiltering = true;
+    const bool isAsBefore = DeselectRows(rows);
+    if (self)
+    {
+        tree.isFiltering = false;
+    }
+    return isAsBefore;
+}
+
+// Selects again what is shown again. False when the list is to be left alone: a handler has
+// destroyed it or has begun to arrange it anew.
+bool wxDBTreeListCtrl::ReturnHidden()
+{
+    TreeState& tree = *m_Tree;
+    if (tree.hidden.IsEmpty())
+    {
+        return true;
+    }
+    std::vector<int64_t> rows;
+    Ask("Selecting again what was hidden",
+        [&] { rows = tree.hidden.FindIn(*tree.shown, *tree.model); });
+    if (!IsFiltered())
+    {
+        tree.hidden.Clear();
+    }
+    const wxWeakRef<wxDBTreeListCtrl> self(this);
+    const unsigned                    revision = tree.revision;
+    tree.isFiltering = true;
+    const bool isAsBefore =
+        std::all_of(rows.begin(), rows.end(),
+                    [&](int64_t row) { return TellRow(wxEVT_LIST_ITEM_SELECTED, row, revision); });
+    if (!self)
+    {
+        return false;
+    }
+    tree.isFiltering = false;
+    return isAsBefore && !IsBeingDeleted();
 }
 
 wxDBTreeListCtrl::_Sight wxDBTreeListCtrl::SightOf() const

@@ -101,6 +101,7 @@ void wxDBTreeListCtrl::DoClear()
     DropJob();
     m_Tree->remains.Add(std::move(m_Tree->aside));
     m_Tree->matches = 0;
+    m_Tree->hidden.Clear();
     m_Tree->model = nullptr;
     ChangeRows(
         [this]
@@ -298,6 +299,7 @@ void wxDBTreeListCtrl::OnItemSelect(wxListEvent& event)
         return;
     }
     event.Skip();
+    ForgetHidden();
     Ask("A node's key",
         [&]
         {
@@ -313,7 +315,17 @@ void wxDBTreeListCtrl::OnItemDeselect(wxListEvent& event)
     if (place && m_Tree->shown->Deselect(place))
     {
         event.Skip();
+        ForgetHidden();
         GetBody()->Redraw();
+    }
+}
+
+// What a filter has hidden comes back to the selection that it was part of, and to no other.
+void wxDBTreeListCtrl::ForgetHidden()
+{
+    if (!m_Tree->isFiltering && !m_Tree->hidden.IsEmpty())
+    {
+        m_Tree->hidden.Clear();
     }
 }
 
@@ -322,15 +334,14 @@ void wxDBTreeListCtrl::OnItemDeselect(wxListEvent& event)
 bool wxDBTreeListCtrl::DeselectRows(const std::vector<int64_t>& rows)
 {
     const unsigned revision = m_Tree->revision;
-    for (auto row = rows.rbegin(); row != rows.rend(); ++row)
-    {
-        if (*row < GetItemCount() &&
-            (!GetBody()->SendListEvent(wxEVT_LIST_ITEM_DESELECTED, wxPoint(0, 0), 0,
-                                       static_cast<int>(*row)) ||
-             revision != m_Tree->revision))
-        {
-            return false;
-        }
-    }
-    return true;
+    return std::all_of(rows.rbegin(), rows.rend(),
+                       [&](int64_t row)
+                       { return TellRow(wxEVT_LIST_ITEM_DESELECTED, row, revision); });
+}
+
+bool wxDBTreeListCtrl::TellRow(wxEventType type, int64_t row, unsigned revision)
+{
+    return row >= GetItemCount() ||
+           (GetBody()->SendListEvent(type, wxPoint(0, 0), 0, static_cast<int>(row)) &&
+            revision == m_Tree->revision);
 }

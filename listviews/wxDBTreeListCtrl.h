@@ -147,6 +147,7 @@ public:
 private:
     void OnItemSelect(wxListEvent& event);
     void OnItemDeselect(wxListEvent& event);
+    void ForgetHidden();
 
     /// @name Open and closed nodes
     /// @{
@@ -155,6 +156,9 @@ private:
     void ChangeRows(const std::function<void()>& change);
     void ShowRows();
     bool DeselectRows(const std::vector<int64_t>& rows);
+    bool TellRow(wxEventType type, int64_t row, unsigned revision);
+    bool HideRows(const std::vector<int64_t>& rows);
+    bool ReturnHidden();
     void OpenAt(const listviews::TreePlace& place);
     void OpenWithin(const listviews::TreePlace& place);
     void GoOnFrom(const listviews::TreePlace& anchor, const listviews::TreePlace& focus);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "listviews/tree/ArrangeJob.h"
+#include "listviews/tree/HiddenNodes.h"
 #include "listviews/tree/OpenTree.h"
 #include "listviews/tree/TreeRemains.h"
 
@@ -38,8 +39,10 @@ struct TreeState
     std::unique_ptr<OpenTree> aside; ///< What was open before anything was filtered; else null.
     bool                      isStale = false; ///< The model has changed since `shown` was made.
     int64_t                   matches = 0;
-    String                    words; ///< Of the filter, if it is one of words.
-    wxWeakRef<wxtSearchField> field; ///< Where they come from.
+    HiddenNodes               hidden; ///< What the filter has deselected.
+    bool   isFiltering = false;       ///< The filter deselects, or selects again, just now.
+    String words;                     ///< Of the filter, if it is one of words.
+    wxWeakRef<wxtSearchField> field;  ///< Where they come from.
 
     TreeWish                    wish;
     std::unique_ptr<ArrangeJob> job;             ///< Null when nothing is being arranged.

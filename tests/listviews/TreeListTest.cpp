@@ -214,7 +214,10 @@ TEST_F(TreeListTest, SortsAndFiltersInIdleTime)
     m_Tree->Close(0);
     m_Tree->Open(0);
     EXPECT_EQ(6, m_Tree->GetItemCount()) << "those only, still";
-    m_Tree->GetBody()->SendListEvent(wxEVT_LIST_ITEM_SELECTED, wxPoint(0, 0), 0, 5);
+    for (const int again : {m_Tree->RowOf({1, 1005000}), 5})
+    {
+        m_Tree->GetBody()->SendListEvent(wxEVT_LIST_ITEM_SELECTED, wxPoint(0, 0), 0, again);
+    }
     m_Told.clear();
     m_Tree->SetFilter([](wxDBTreeNode node) { return node == 1005000 || node == 502; });
     ASSERT_TRUE(WaitFor(isDone));
@@ -222,10 +225,22 @@ TEST_F(TreeListTest, SortsAndFiltersInIdleTime)
     m_Tree->SetFilter([](wxDBTreeNode node) { return node == 502; });
     ASSERT_TRUE(WaitFor(isDone));
     EXPECT_EQ("502 ", Selected());
+    m_Told.clear();
     m_Tree->SetFilter({});
     ASSERT_TRUE(WaitFor(isDone));
     EXPECT_EQ(all + kChildren, m_Tree->GetItemCount()) << "as it was; 5 is open for its selection";
-    EXPECT_EQ("502 ", Selected());
+    EXPECT_EQ("+1005000 ", Told());
+    EXPECT_EQ("1005000 502 ", Selected());
+
+    m_Tree->SetFilter([](wxDBTreeNode node) { return node == 502; });
+    ASSERT_TRUE(WaitFor(isDone));
+    for (const auto& type : {wxEVT_LIST_ITEM_DESELECTED, wxEVT_LIST_ITEM_SELECTED})
+    {
+        m_Tree->GetBody()->SendListEvent(type, wxPoint(0, 0), 0, 1);
+    }
+    m_Tree->SetFilter({});
+    ASSERT_TRUE(WaitFor(isDone));
+    EXPECT_EQ("502 ", Selected()) << "another selection than the one that was hidden";
 
     m_Model.children[5].pop_back();
     m_Model.children[5].insert(m_Model.children[5].begin(), 599);
