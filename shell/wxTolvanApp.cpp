@@ -2,6 +2,7 @@
 
 #include "appearance/wxTolvanString.h"
 #include "appearance/wxtRenderer.h"
+#include "internal/port/MenuReports.h"
 #include "shell/OpenWindows.h"
 #include "shell/app/LayoutWatch.h"
 #include "shell/app/ProgramWords.h"
@@ -119,6 +120,7 @@ bool wxTolvanApp::OnInit()
     wxLogStatus("Set wxLog to use VestaLib Log");
     m_TopWindowWatch = std::make_unique<shell::TopWindowWatch>();
     m_LayoutWatch = std::make_unique<shell::LayoutWatch>();
+    internal::EndOldMenuReports();
     ConnectSignals();
     wxSystemOptions::SetOption("msw.notebook.themed-background", 0);
 
