@@ -4,14 +4,16 @@
 #include "monitor/PictureFile.h"
 #include "monitor/PictureHeader.h"
 
-#include <condition_variable>
 #include <functional>
-#include <mutex>
+#include <memory>
 #include <optional>
 #include <thread>
 
 /// Loads pictures on a thread of its own, one at a time: the one that was asked for last. Without a
 /// window; its functions are for one thread.
+///
+/// A disk that does not answer holds up that thread and nobody else: the thread is left behind with
+/// what it uses, and does nothing more when the disk answers after all.
 class PictureLoader
 {
 public:
@@ -26,10 +28,14 @@ public:
     };
     /// Decodes what is no PNM picture; false when that is not possible.
     using Decode = std::function<bool(const String& bytes, Picture& picture)>;
+    /// As `ReadPicture`, which may take any time.
+    using Read = std::function<String(const Path& file, String& bytes, FileStamp& stamp,
+                                      const std::function<bool()>& isOver)>;
 
     /// `wake` is called on the loader's thread when there is a result.
-    PictureLoader(Decode decode, std::function<void()> wake);
-    ~PictureLoader(); ///< Waits for what is being decoded.
+    PictureLoader(Decode decode, std::function<void()> wake, Read read = &ReadPicture);
+    /// Waits for what is being decoded, but only a moment for what is being read.
+    ~PictureLoader();
 
     /// Loads the picture, no larger than `most` pixels in either direction, unless the file's stamp
     /// is the known one. What was asked for before is forgotten.
@@ -37,24 +43,8 @@ public:
     std::optional<Result> Take();
 
 private:
-    struct Wish
-    {
-        Path      file;
-        FileStamp known;
-        int       most = 0;
-    };
+    class _Work;
 
-    void   Run();
-    Result Load(const Wish& wish);
-    String LoadInto(Result& result, int most);
-    bool   IsOver();
-
-    Decode                  m_Decode;
-    std::function<void()>   m_Wake;
-    std::mutex              m_Mutex;
-    std::condition_variable m_Condition;
-    std::optional<Wish>     m_Wish;
-    std::optional<Result>   m_Result;
-    bool                    m_IsEnding = false;
-    std::thread             m_Thread; ///< Last: it uses the others.
+    std::shared_ptr<_Work> m_Work; ///< The thread's too.
+    std::thread            m_Thread;
 };

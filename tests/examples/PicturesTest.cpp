@@ -4,6 +4,8 @@
 #include "tests/support/WaitFor.h"
 
 #include <atomic>
+#include <future>
+#include <memory>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -153,4 +155,30 @@ TEST_F(PicturesTest, AFileIsLoadedOnceUntilItIsWrittenAnewAndTheLastWishCounts)
     EXPECT_EQ(TempFile("b.ppm").Text(), m_Result.file.Text()) << "the other one is as it was";
     WriteFile(TempFile("a.ppm"), "P6 2 1 255\nabcdef");
     EXPECT_EQ("2x1 of 2x1", Load("a.ppm", known));
+}
+
+TEST_F(PicturesTest, ADiskThatDoesNotAnswerHoldsUpNobody)
+{
+    WriteFile(TempFile("a.png"), kPng);
+    std::promise<void> answer;
+    auto               used = std::make_shared<std::shared_future<void>>(answer.get_future());
+    const std::weak_ptr<void> left = used;
+    std::atomic<bool>         isAsked{false};
+    std::atomic<int>          calls{0};
+    {
+        PictureLoader loader(
+            [&calls](const String&, Picture&) { return ++calls > 0; }, [&calls] { ++calls; },
+            [&isAsked, disk = std::move(used)](const Path&, String& bytes, FileStamp&, const auto&)
+            {
+                isAsked = true;
+                disk->wait();
+                bytes = kPng;
+                return String();
+            });
+        loader.Ask(TempFile("a.png"), {}, 2);
+        ASSERT_TRUE(WaitFor([&isAsked] { return isAsked.load(); }));
+    }
+    answer.set_value();
+    EXPECT_TRUE(WaitFor([&left] { return left.expired(); }));
+    EXPECT_EQ(0, calls);
 }
