@@ -6,7 +6,7 @@
 #include "appearance/wxtSearchField.h"
 #include "appearance/wxtStockControls.h"
 #include "internal/windows/UpperFloors.h"
-#include "jobwidgets/selection/ClosedGroups.h"
+#include "jobwidgets/ClosedGroups.h"
 #include "jobwidgets/selection/JobTree.h"
 #include "jobwidgets/selection/JobTreeModel.h"
 #include "jobwidgets/selection/RecentJobs.h"
@@ -22,7 +22,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <set>
 #include <utility>
 
 wxDEFINE_EVENT(wxtEVT_JOB_SELECTION, wxCommandEvent);
@@ -61,8 +60,9 @@ JobSelector::JobSelector(wxWindow* parent, int id, JobSet& jobs, bool singleSele
       m_IsSingle(singleSelection),
       m_Model(std::make_unique<jobwidgets::JobTreeModel>()),
       m_Recent(std::make_unique<jobwidgets::RecentJobs>(Options().GetValue(k_Section, kRecent))),
-      m_Closed(std::make_unique<jobwidgets::ClosedGroups>(Options().GetValue(k_Section, kClosed))),
-      m_Grouping(jobwidgets::GroupingNamed(Options().GetValue(k_Section, kGrouping))),
+      m_Closed(std::make_unique<jobwidgets::ClosedGroups>()),
+      m_Grouping(
+          jobwidgets::GroupingNamed(Options().GetValue(k_Section, kGrouping), Grouping::kUser)),
       m_Gather(kGather),
       m_Timer(this)
 {
@@ -70,6 +70,7 @@ JobSelector::JobSelector(wxWindow* parent, int id, JobSet& jobs, bool singleSele
     BuildControls(singleSelection);
     BindControls();
     m_Tree->RestoreLayout(k_Section);
+    m_Closed->Read(Options().GetValue(k_Section, kClosed));
     ShowGrouping();
     m_Jobs.Changed.Connect(this, &JobSelector::OnJobs);
 }
@@ -173,6 +174,7 @@ void JobSelector::TakeJobs()
     {
         m_Wanted = GetSelection();
     }
+    m_Closed->Note(*m_Tree);
     m_Model->Show(m_Jobs, m_Grouping, m_Recent->InOrder());
     m_Tree->ModelChanged();
     SelectionChanged();
@@ -199,7 +201,7 @@ void JobSelector::ShowGrouping()
 {
     m_Choice->SetSelection(static_cast<int>(m_Grouping));
     m_IsFresh = true;
-    m_Seen.clear();
+    m_Closed->StartAnew();
     m_IsOld = false;
     m_Model->Show(m_Jobs, m_Grouping, m_Recent->InOrder());
     m_Tree->SetModel(nullptr);
@@ -207,46 +209,16 @@ void JobSelector::ShowGrouping()
     m_Tree->SetModel(m_Model.get());
 }
 
-// As they are without the filter.
 void JobSelector::KeepClosedGroups()
 {
-    m_Tree->SetFilterText(String());
-    if (m_Tree->IsFiltered())
-    {
-        return; // it takes its time
-    }
-    for (const wxDBTreeNode group : m_Seen)
-    {
-        const int row = m_Tree->RowOf({group});
-        if (row >= 0)
-        {
-            m_Closed->Put(m_Model->_Key(group), !m_Tree->IsOpen(row));
-        }
-    }
+    m_Closed->Note(*m_Tree);
     Keep(kClosed, m_Closed->ToText());
-}
-
-void JobSelector::OpenNewGroups()
-{
-    std::set<int64_t> seen;
-    for (const wxDBTreeNode group : m_Model->Groups())
-    {
-        if (m_Seen.count(group) == 0 && !m_Closed->Has(m_Model->_Key(group)))
-        {
-            m_Tree->Open(m_Tree->RowOf({group}));
-        }
-        seen.insert(group);
-    }
-    m_Seen = std::move(seen);
 }
 
 void JobSelector::OnArranged(wxCommandEvent&)
 {
     CALL_ENTRY("JobSelector::OnArranged");
-    if (!m_Tree->IsFiltered())
-    {
-        OpenNewGroups();
-    }
+    m_Closed->OpenNew(*m_Tree);
     if (std::exchange(m_IsFresh, false))
     {
         m_Tree->SetFilterText(wxtFromWx(m_Field->GetValue()));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "appearance/wxtColorManaged.h"
+#include "jobwidgets/JobGrouping.h"
 #include "jobwidgets/JobSet.h"
 #include "vesta/Export.h"
 #include "vesta/UID.h"
@@ -10,7 +11,6 @@
 
 #include <memory>
 #include <optional>
-#include <set>
 #include <vector>
 
 namespace jobwidgets
@@ -80,7 +80,6 @@ private:
     void TakeJobs();
     void ShowGrouping();
     void KeepClosedGroups();
-    void OpenNewGroups();
     void OnArranged(wxCommandEvent& event);
     /// @}
 
@@ -109,7 +108,6 @@ private:
     std::unique_ptr<jobwidgets::JobTreeModel> m_Model;
     std::unique_ptr<jobwidgets::RecentJobs>   m_Recent;
     std::unique_ptr<jobwidgets::ClosedGroups> m_Closed;
-    std::set<int64_t>                         m_Seen; ///< Groups, as nodes.
     Grouping                                  m_Grouping = Grouping::kUser;
     wxtSearchField*                           m_Field = nullptr;
     wxtChoice*                                m_Choice = nullptr;

@@ -29,18 +29,6 @@ struct JobFacts
     bool                   isGone = false; ///< From the set.
 };
 
-namespace jobwidgets
-{
-/// What jobs that are shown together have in common.
-enum class JobGrouping
-{
-    kNone, ///< Nothing: there are no groups.
-    kUser,
-    kProduct,
-    kState
-};
-} // namespace jobwidgets
-
 /// The jobs that a program knows, for the controls that show them. The program puts in each job
 /// that comes, puts it in again when its parameters have changed, and removes it when it is gone.
 /// Main thread.

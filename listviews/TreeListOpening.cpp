@@ -57,6 +57,20 @@ bool wxDBTreeListCtrl::IsOpen(int row) const
     return place && place.IsOpen();
 }
 
+std::vector<wxDBTreeNode> wxDBTreeListCtrl::GetOpenInRoot() const
+{
+    CALL_ENTRY("wxDBTreeListCtrl::GetOpenInRoot");
+    std::vector<wxDBTreeNode> nodes;
+    for (const auto& child : m_Tree->Unfiltered().Root().opened)
+    {
+        if (child->isOpen)
+        {
+            nodes.push_back(child->node);
+        }
+    }
+    return nodes;
+}
+
 bool wxDBTreeListCtrl::MayOpen(int row) const
 {
     const TreePlace place = m_Tree->shown->At(row);

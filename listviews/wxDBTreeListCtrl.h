@@ -88,6 +88,9 @@ public:
     void CloseAll(); ///< Also what a closed node has in mind.
     bool IsOpen(int row) const;
     bool MayOpen(int row) const;
+    /// The root's children that are open, by their numbers; without a filter, also where one shows
+    /// others.
+    std::vector<wxDBTreeNode> GetOpenInRoot() const;
     /// Opens every node on the way to the last one, by their numbers from the root's child down,
     /// and scrolls there. Its row; -1 when there is no such way.
     int Reveal(const std::vector<wxDBTreeNode>& path);

@@ -1,7 +1,6 @@
 #include "monitor/JobList.h"
 
 #include "monitor/FramePictures.h"
-#include "monitor/GroupMemory.h"
 #include "monitor/JobCommands.h"
 
 #include "appearance/wxTolvanColors.h"
@@ -59,7 +58,7 @@ JobList::JobList(wxWindow* parent, FarmJobs& jobs, Actions actions)
          [this](wxCommandEvent& event)
          {
              event.Skip();
-             OpenNew();
+             m_Closed.OpenNew(*this);
              BringBack();
              m_Actions.selectionChanged(); // whatever was asked for meanwhile
              if (const auto where = std::exchange(m_MenuDue, std::nullopt))
@@ -94,23 +93,24 @@ void JobList::RestoreLayout()
 {
     const OptionsFile& options = Application::the_Application->Options();
     RestoreColumnLayout(kSection, kWidths);
-    m_Grouping = GroupingFrom(options.GetValue(kSection, kGrouping));
+    m_Grouping =
+        jobwidgets::GroupingNamed(options.GetValue(kSection, kGrouping), JobGrouping::kNone);
     m_ShowsFrames = options.GetBool(kSection, kFrames, false);
-    m_Closed = ClosedGroupsFrom(options.GetValue(kSection, kClosed));
+    m_Closed.Read(options.GetValue(kSection, kClosed));
     SortBy(OrderFrom(options.GetValue(kSection, kOrder), k_JobColumns));
 }
 
 void JobList::SaveLayout()
 {
-    NoteClosed();
+    m_Closed.Note(*this);
     OptionsFile&                      options = Application::the_Application->Options();
     const OptionsFile::PauseAutoWrite pause(options);
     SaveColumnLayout(kSection, kWidths);
     const WriteLock lock(options.Lock());
     options.SetValue(kSection, kOrder, TextOf(m_Order));
-    options.SetValue(kSection, kGrouping, NameOf(m_Grouping));
+    options.SetValue(kSection, kGrouping, jobwidgets::NameOf(m_Grouping));
     options.SetValue(kSection, kFrames, m_ShowsFrames ? "1" : "0");
-    options.SetValue(kSection, kClosed, TextOfClosed(m_Closed));
+    options.SetValue(kSection, kClosed, m_Closed.ToText());
 }
 
 void JobList::SortBy(JobOrder order)
@@ -165,7 +165,7 @@ void JobList::Arrange()
 {
     m_IsListStale = false;
     m_Model.now = Time::CurrentTime();
-    NoteClosed();
+    m_Closed.Note(*this);
     if (m_Grouping == JobGrouping::kState)
     {
         Keep(); // what has another state moves to another group
@@ -193,9 +193,9 @@ void JobList::ShowFrames(bool show)
 void JobList::ArrangeAs(JobGrouping grouping, bool showsFrames)
 {
     m_IsListStale = false;
-    NoteClosed();
+    m_Closed.Note(*this);
     Keep();
-    m_Known.clear();
+    m_Closed.StartAnew();
     m_Grouping = grouping;
     m_ShowsFrames = showsFrames;
     m_Model.rows.Arrange(m_Jobs.InOrder(), m_Grouping, m_ShowsFrames);

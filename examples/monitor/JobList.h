@@ -5,12 +5,12 @@
 #include "monitor/JobOrder.h"
 #include "monitor/JobTreeModel.h"
 
+#include "jobwidgets/ClosedGroups.h"
 #include "listviews/wxDBTreeListCtrl.h"
 #include "shell/wxTimed.h"
 
 #include <functional>
 #include <optional>
-#include <set>
 
 class wxListEvent;
 
@@ -74,8 +74,6 @@ private:
     /// @{
     void                      Keep();
     void                      BringBack();
-    void                      NoteClosed();
-    void                      OpenNew();
     std::vector<wxDBTreeNode> ShownIn(int groupRow);
     /// @}
 
@@ -85,17 +83,16 @@ private:
     void OnTitle(wxListEvent& event);
     void ShowMenu(const wxPoint& where);
 
-    FarmJobs&              m_Jobs;
-    Actions                m_Actions;
-    JobTreeModel           m_Model;
-    JobOrder               m_Order;
-    JobGrouping            m_Grouping = JobGrouping::kNone;
-    std::vector<Kept>      m_Kept;
-    std::set<String>       m_Known;  ///< Keys of the groups that are there.
-    std::set<String>       m_Closed; ///< Keys of groups that the user has closed.
-    bool                   m_ShowsFrames = false;
-    bool                   m_IsReleasedOutside = false; ///< A title, with the mouse.
-    bool                   m_IsStale = true;
-    bool                   m_IsListStale = true;
-    std::optional<wxPoint> m_MenuDue; ///< Where the menu is to be shown once rows are arranged.
+    FarmJobs&                m_Jobs;
+    Actions                  m_Actions;
+    JobTreeModel             m_Model;
+    JobOrder                 m_Order;
+    JobGrouping              m_Grouping = JobGrouping::kNone;
+    std::vector<Kept>        m_Kept;
+    jobwidgets::ClosedGroups m_Closed;
+    bool                     m_ShowsFrames = false;
+    bool                     m_IsReleasedOutside = false; ///< A title, with the mouse.
+    bool                     m_IsStale = true;
+    bool                     m_IsListStale = true;
+    std::optional<wxPoint>   m_MenuDue; ///< Where the menu is to be shown once rows are arranged.
 };

@@ -1,4 +1,3 @@
-#include "monitor/GroupMemory.h"
 #include "monitor/JobList.h"
 
 #include "listviews/wxDBListBody.h"
@@ -6,6 +5,7 @@
 #include <wx/listbase.h>
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 // The nodes of the rows below the group's.
@@ -124,50 +124,4 @@ void JobList::BringBack()
             SetFocusRow(row);
         }
     }
-}
-
-// What is filtered shows groups open that are not.
-void JobList::NoteClosed()
-{
-    if (IsFiltered() || IsArranging())
-    {
-        return;
-    }
-    for (const JobRows::Group& group : m_Model.rows.Groups())
-    {
-        const String key = GroupKey(m_Grouping, group.name);
-        const int    row = m_Known.count(key) > 0 ? RowOf({group.row}) : -1;
-        if (row >= 0 && IsOpen(row))
-        {
-            m_Closed.erase(key);
-        }
-        else if (row >= 0)
-        {
-            m_Closed.insert(key);
-        }
-    }
-}
-
-// A group is open until the user closes it.
-void JobList::OpenNew()
-{
-    if (IsFiltered())
-    {
-        return;
-    }
-    std::set<String> known;
-    for (const JobRows::Group& group : m_Model.rows.Groups())
-    {
-        const String key = GroupKey(m_Grouping, group.name);
-        const int    row = RowOf({group.row});
-        if (row >= 0)
-        {
-            known.insert(key);
-            if (m_Known.count(key) == 0 && m_Closed.count(key) == 0)
-            {
-                Open(row);
-            }
-        }
-    }
-    m_Known = std::move(known);
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <numeric>
 #include <strings.h>
+#include <utility>
 
 namespace
 {
@@ -18,11 +19,10 @@ String FrameText(const JobRows::Frame& frame, int column)
     switch (column)
     {
     case column_Name:
-        return SFormat("Frame %d", frame.number);
+        return SFormat("Frame %d", frame.number) +
+               (known && !known->file.empty() ? "   " + Path(known->file).Leaf() : String());
     case column_State:
         return FrameState(*frame.job, frame.number);
-    case column_Frames:
-        return known ? known->file : String();
     case column_Elapsed:
         return known ? known->took : String();
     default:
@@ -57,9 +57,10 @@ String GroupText(const JobRows::Group& group, int column)
 void JobRows::Arrange(const std::vector<const FarmJob*>& jobs, JobGrouping grouping,
                       bool showsFrames)
 {
+    std::map<String, Row> before = std::exchange(m_GroupRows, {});
     if (grouping != m_Grouping)
     {
-        m_GroupRows.clear();
+        before.clear();
     }
     m_Grouping = grouping;
     m_Frames = showsFrames;
@@ -82,7 +83,10 @@ void JobRows::Arrange(const std::vector<const FarmJob*>& jobs, JobGrouping group
         const auto [found, isNew] = places.emplace(name, m_Groups.size());
         if (isNew)
         {
-            m_Groups.push_back({GroupRow(name), name, {}, {}});
+            const auto known = before.find(name);
+            m_Groups.push_back(
+                {known == before.end() ? --m_LastGroup : known->second, name, {}, {}});
+            m_GroupRows.emplace(name, m_Groups.back().row);
         }
         Group& group = m_Groups[found->second];
         group.jobs.push_back(*job);
@@ -97,11 +101,6 @@ String JobRows::NameOfGroup(const FarmJob& job) const
     return m_Grouping == JobGrouping::kUser      ? job.user
            : m_Grouping == JobGrouping::kProduct ? job.product
                                                  : job.state;
-}
-
-JobRows::Row JobRows::GroupRow(const String& name)
-{
-    return m_GroupRows.emplace(name, -static_cast<Row>(m_GroupRows.size()) - 1).first->second;
 }
 
 // States as a user must look at them, all else by name.
@@ -148,10 +147,6 @@ JobRows::Row JobRows::RowOf(const FarmJob& job, int frame)
 
 String JobRows::KeyOf(Row row) const
 {
-    if (const Group* const group = FindGroup(row))
-    {
-        return group->name + "\n"; // a key, even without a name
-    }
     const Frame frame = FrameAt(row);
     return !frame.job ? String() : frame.number > 0 ? String::FromInt(frame.number) : frame.job->id;
 }

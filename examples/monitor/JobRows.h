@@ -2,20 +2,15 @@
 
 #include "monitor/JobColumns.h"
 
+#include "jobwidgets/JobGrouping.h"
+
 #include <cstdint>
 #include <map>
 #include <optional>
 #include <unordered_map>
 #include <vector>
 
-/// By what the list of jobs is grouped.
-enum class JobGrouping
-{
-    kNone,
-    kUser,
-    kProduct,
-    kState
-};
+using jobwidgets::JobGrouping;
 
 /// The rows of the list of jobs: groups of jobs if there are groups, the jobs, and the frames of
 /// each if they are wanted, the latest job first. Every row has a number that stays its own.
@@ -44,12 +39,13 @@ public:
     /// must not be asked for by what it shows or is known by; how the rows stand may be.
     void Arrange(const std::vector<const FarmJob*>& jobs, JobGrouping grouping, bool showsFrames);
 
-    bool IsTree() const { return m_Grouping != JobGrouping::kNone || m_Frames; }
+    JobGrouping Grouping() const { return m_Grouping; }
+    bool        IsTree() const { return m_Grouping != JobGrouping::kNone || m_Frames; }
     const std::vector<Group>& Groups() const { return m_Groups; } ///< None when there is one level.
     const Group*              FindGroup(Row row) const;           ///< Null for other rows.
     Frame                     FrameAt(Row row) const;
 
-    /// What the row is known by among its neighbours, also the next time.
+    /// What the row of a job or a frame is known by among its neighbours, also the next time.
     String    KeyOf(Row row) const;
     long long ChildCount(Row row) const;
     Row       Child(Row row, long long index) const; ///< 0 when there is none.
@@ -72,7 +68,6 @@ private:
     };
 
     String       NameOfGroup(const FarmJob& job) const;
-    Row          GroupRow(const String& name);
     void         SortGroups();
     const Place* FindPlace(Row row) const; ///< Of a job or its frame; null for other rows.
 
@@ -82,5 +77,6 @@ private:
     std::vector<Group>                  m_Groups;
     std::unordered_map<Row, size_t>     m_GroupAt;   ///< Index by row.
     std::unordered_map<uint64_t, Place> m_Places;    ///< By the job's number.
-    std::map<String, Row>               m_GroupRows; ///< All that there ever were, by name.
+    std::map<String, Row>               m_GroupRows; ///< By name.
+    Row                                 m_LastGroup = 0;
 };

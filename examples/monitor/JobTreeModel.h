@@ -17,8 +17,12 @@ public:
         return rows.Child(node, index);
     }
     String _Text(wxDBTreeNode node, int column) override { return rows.Text(node, column, now); }
-    String _Key(wxDBTreeNode node) override { return rows.KeyOf(node); }
-    bool   _IsHeading(wxDBTreeNode node) override { return rows.FindGroup(node) != nullptr; }
+    String _Key(wxDBTreeNode node) override
+    {
+        const JobRows::Group* const group = rows.FindGroup(node);
+        return group ? jobwidgets::GroupKey(rows.Grouping(), group->name) : rows.KeyOf(node);
+    }
+    bool _IsHeading(wxDBTreeNode node) override { return rows.FindGroup(node) != nullptr; }
     std::optional<double> _SortNumber(wxDBTreeNode node, int column) override
     {
         return rows.SortNumber(node, column, now);

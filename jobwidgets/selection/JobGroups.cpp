@@ -12,8 +12,6 @@ namespace jobwidgets
 {
 namespace
 {
-const char* const kNames[k_JobGroupings] = {"None", "User", "Product", "State"};
-
 const String& TitleOf(const JobFacts& job, JobGrouping grouping)
 {
     static const String s_None;
@@ -38,11 +36,6 @@ bool IsBefore(const String& left, const String& right)
 }
 } // namespace
 
-const char* NameOf(JobGrouping grouping)
-{
-    return kNames[static_cast<int>(grouping)];
-}
-
 wxString LabelOf(JobGrouping grouping)
 {
     switch (grouping)
@@ -56,13 +49,6 @@ wxString LabelOf(JobGrouping grouping)
     default:
         return wxGetTranslation("No Groups");
     }
-}
-
-JobGrouping GroupingNamed(const String& name)
-{
-    const auto* const found = std::find(std::begin(kNames), std::end(kNames), name);
-    return found == std::end(kNames) ? JobGrouping::kUser
-                                     : static_cast<JobGrouping>(found - std::begin(kNames));
 }
 
 int RankOf(const String& state)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "jobwidgets/JobGrouping.h"
 #include "jobwidgets/JobSet.h"
 
 #include <wx/string.h>
@@ -8,14 +9,8 @@
 
 namespace jobwidgets
 {
-constexpr int k_JobGroupings = 4;
-
-/// The word by which the options file knows it.
-const char* NameOf(JobGrouping grouping);
-/// The same for the user.
+/// What it is called for the user.
 wxString LabelOf(JobGrouping grouping);
-/// The one of that name; otherwise by user.
-JobGrouping GroupingNamed(const String& name);
 
 /// Where a state stands among the others: what goes on comes first. Those that are not known have
 /// the last place.

@@ -5,6 +5,7 @@
 #include <wx/intl.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace jobwidgets
 {
@@ -20,7 +21,6 @@ enum Kind
 constexpr int kKindBits = 2;
 constexpr int kKindMask = 3;
 const String  kRecentKey = "recent";
-const String  kGroupKey = "="; // between grouping and title: no group is taken for another one
 
 wxDBTreeNode NodeOf(int64_t number, Kind kind)
 {
@@ -38,7 +38,8 @@ void JobTreeModel::Show(const JobSet& jobs, JobGrouping grouping, const std::vec
     m_Jobs = jobs.InOrder();
     m_Groups.clear();
     m_Ungrouped = {};
-    JobGroup picked;
+    const Nodes before = std::exchange(m_Nodes, {});
+    JobGroup    picked;
     for (const UID& id : recent)
     {
         if (const JobSet::Facts job = jobs.Find(id))
@@ -49,7 +50,7 @@ void JobTreeModel::Show(const JobSet& jobs, JobGrouping grouping, const std::vec
     if (!picked.jobs.empty())
     {
         picked.title = wxtFromWx(wxGetTranslation("Recently Picked"));
-        Add(kRecentKey, std::move(picked));
+        Add(kRecentKey, std::move(picked), before);
     }
     for (JobGroup& group : GroupJobs(m_Jobs, grouping))
     {
@@ -58,20 +59,21 @@ void JobTreeModel::Show(const JobSet& jobs, JobGrouping grouping, const std::vec
             m_Ungrouped = std::move(group);
             continue;
         }
-        const String key = NameOf(grouping) + kGroupKey + group.title;
+        const String key = GroupKey(grouping, group.title);
         if (group.title.empty())
         {
             group.title = wxtFromWx(wxGetTranslation("Unknown"));
         }
-        Add(key, std::move(group));
+        Add(key, std::move(group), before);
     }
 }
 
-// A group keeps its node: what is open in the tree stays open.
-void JobTreeModel::Add(const String& key, JobGroup content)
+// A group keeps its node as long as it is there.
+void JobTreeModel::Add(const String& key, JobGroup content, const Nodes& before)
 {
-    const auto number = static_cast<int64_t>(m_Nodes.size());
-    const auto node = m_Nodes.emplace(key, NodeOf(number, kGroup)).first->second;
+    const auto         known = before.find(key);
+    const wxDBTreeNode node = known == before.end() ? NodeOf(++m_LastGroup, kGroup) : known->second;
+    m_Nodes.emplace(key, node);
     m_Groups.push_back({node, key, std::move(content)});
 }
 
@@ -99,16 +101,6 @@ size_t JobTreeModel::CountIn(wxDBTreeNode node) const
 {
     const Group* const group = GroupOf(node);
     return group ? group->content.jobs.size() : 0;
-}
-
-std::vector<wxDBTreeNode> JobTreeModel::Groups() const
-{
-    std::vector<wxDBTreeNode> nodes;
-    for (const Group& group : m_Groups)
-    {
-        nodes.push_back(group.node);
-    }
-    return nodes;
 }
 
 bool JobTreeModel::IsRecentGroup(wxDBTreeNode node) const

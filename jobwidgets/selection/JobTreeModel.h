@@ -25,9 +25,8 @@ public:
     /// and in which group, only with the next call.
     void Show(const JobSet& jobs, JobGrouping grouping, const std::vector<UID>& recent);
 
-    const JobFacts*           JobOf(wxDBTreeNode node) const;   ///< Null for a group, and for none.
-    size_t                    CountIn(wxDBTreeNode node) const; ///< Jobs, of a group.
-    std::vector<wxDBTreeNode> Groups() const;
+    const JobFacts* JobOf(wxDBTreeNode node) const;   ///< Null for a group, and for none.
+    size_t          CountIn(wxDBTreeNode node) const; ///< Jobs, of a group.
     /// The groups in which these jobs are, which stand in ascending order.
     std::vector<wxDBTreeNode> GroupsWith(const std::vector<UID>& jobs) const;
     static bool               IsRecent(wxDBTreeNode node); ///< A job as one of those picked lately.
@@ -49,13 +48,16 @@ private:
         JobGroup     content;
     };
 
+    using Nodes = std::map<String, wxDBTreeNode>;
+
     bool         IsRecentGroup(wxDBTreeNode node) const;
-    void         Add(const String& key, JobGroup content);
+    void         Add(const String& key, JobGroup content, const Nodes& before);
     const Group* GroupOf(wxDBTreeNode node) const;
 
-    std::vector<JobSet::Facts>     m_Jobs; ///< In the order of their numbers.
-    std::vector<Group>             m_Groups;
-    JobGroup                       m_Ungrouped; ///< Those that are in no group.
-    std::map<String, wxDBTreeNode> m_Nodes;     ///< Of the groups that ever were, by their keys.
+    std::vector<JobSet::Facts> m_Jobs; ///< In the order of their numbers.
+    std::vector<Group>         m_Groups;
+    JobGroup                   m_Ungrouped; ///< Those that are in no group.
+    Nodes                      m_Nodes;     ///< Of the groups, by their keys.
+    int64_t                    m_LastGroup = 0;
 };
 } // namespace jobwidgets

@@ -1,6 +1,5 @@
 #include "monitor/FarmJobs.h"
 #include "monitor/FramePictures.h"
-#include "monitor/GroupMemory.h"
 #include "monitor/HeightShare.h"
 #include "monitor/JobForm.h"
 #include "monitor/JobNotice.h"
@@ -176,6 +175,8 @@ TEST_F(FarmJobsTest, RowsAreGroupsAndJobsAndFramesThatKeepTheirNumbers)
     const JobRows::Row running = rows.Child(0, 1);
     const JobRows::Row frame = JobRows::RowOf(*m_Jobs.Find("c"), 2);
     EXPECT_EQ("2", rows.KeyOf(frame));
+    Apply({Line("c", "FRAME 2/2 /pictures/two.png took 1 s")});
+    EXPECT_EQ("Frame 2   two.png", rows.Text(frame, column_Name, Time()));
     EXPECT_EQ("c", rows.KeyOf(JobRows::RowOf(*m_Jobs.Find("c"))));
     EXPECT_LT(*rows.SortNumber(rows.Child(running, 0), column_State, Time()),
               *rows.SortNumber(JobRows::RowOf(*m_Jobs.Find("c")), column_State, Time()));
@@ -245,24 +246,6 @@ TEST(JobOrder, FollowsTheClicksAndComesBack)
             << click.before;
     }
     EXPECT_EQ("7-", TextOf(OrderFrom("8+ -1+ 7- 7+ x+ 3 + 99999999999+", 8)));
-}
-
-TEST(GroupMemory, KeepsGroupingsAndClosedGroupsWhateverTheyAreCalled)
-{
-    for (const JobGrouping grouping : {JobGrouping::kNone, JobGrouping::kState})
-    {
-        EXPECT_EQ(grouping, GroupingFrom(NameOf(grouping)));
-    }
-    EXPECT_EQ(JobGrouping::kNone, GroupingFrom("nonsense"));
-    std::set<String> keys = {GroupKey(JobGrouping::kUser, ""),
-                             GroupKey(JobGrouping::kUser, "a;\"b\\\nc"),
-                             GroupKey(JobGrouping::kProduct, String(10240, 'x'))};
-    EXPECT_EQ(keys, ClosedGroupsFrom(TextOfClosed(keys)));
-    for (int i = 0; i < 1000; ++i)
-    {
-        keys.insert(GroupKey(JobGrouping::kUser, String::FromInt(i)));
-    }
-    EXPECT_LT(TextOfClosed(keys).size(), 30000u);
 }
 
 TEST(HeightShare, GivesWhatIsWantedAsFarAsThereIs)

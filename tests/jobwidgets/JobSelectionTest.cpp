@@ -1,4 +1,4 @@
-#include "jobwidgets/selection/ClosedGroups.h"
+#include "jobwidgets/ClosedGroups.h"
 #include "jobwidgets/selection/JobTreeModel.h"
 #include "jobwidgets/selection/RecentJobs.h"
 #include "tests/jobwidgets/JobSample.h"
@@ -111,15 +111,32 @@ TEST(JobTreeModel, GroupsTheLatestFirst)
     EXPECT_EQ(JobTreeModel::k_Root, model._Child(1, 0));
 }
 
-TEST(ClosedGroups, AreKeptWhateverTheyAreCalled)
+TEST(ClosedGroups, TheLastOnesAreKeptWhateverTheyAreCalled)
 {
-    jobwidgets::ClosedGroups closed("User=ann,recent");
-    const String             odd = "User=a,\"b\\";
+    using jobwidgets::GroupKey;
+    jobwidgets::ClosedGroups closed;
+    const auto key = [](int i) { return GroupKey(JobGrouping::kUser, String::FromInt(i)); };
+    for (int i = 1000; i > 0; --i)
+    {
+        closed.Put(key(i), true);
+    }
+    const String odd = GroupKey(JobGrouping::kState, "a,\"b\\\nc" + String(10240, 'x'));
     closed.Put(odd, true);
-    closed.Put("recent", false);
-    const jobwidgets::ClosedGroups again(closed.ToText());
-    EXPECT_TRUE(again.Has(odd) && again.Has("User=ann"));
-    EXPECT_FALSE(again.Has("recent") || again.Has("b"));
+    closed.Put(key(7), false);
+    jobwidgets::ClosedGroups again;
+    again.Read(closed.ToText());
+    EXPECT_TRUE(again.Has(odd) && again.Has(key(1)) && again.Has(key(299)));
+    EXPECT_FALSE(again.Has(key(7)) || again.Has(key(300)) || again.Has("b"));
+    EXPECT_EQ(closed.ToText(), again.ToText());
+}
+
+TEST(JobGrouping, IsKnownByItsName)
+{
+    for (const JobGrouping grouping : {JobGrouping::kNone, JobGrouping::kState})
+    {
+        EXPECT_EQ(grouping, jobwidgets::GroupingNamed(NameOf(grouping), JobGrouping::kUser));
+    }
+    EXPECT_EQ(JobGrouping::kUser, jobwidgets::GroupingNamed("nonsense", JobGrouping::kUser));
 }
 
 TEST(RecentJobs, TheLatestAreOnTop)

@@ -178,6 +178,27 @@ TEST_F(JobSelectorTest, FollowsTheJobs)
     EXPECT_EQ(5002, m_Tree->GetItemCount());
 }
 
+TEST_F(JobSelectorTest, AGroupThatComesBackIsClosedAsItWas)
+{
+    Open();
+    for (const String filter : {"", "user:ann"})
+    {
+        ASSERT_TRUE(Becomes("ann(2) c a bob(1) b"));
+        m_Tree->Close(3);
+        m_Selector->GetField()->SetValue(wxtToWx(filter));
+        m_Farm.jobs.Remove(JobSample::IdOf("b"));
+        ASSERT_TRUE(Becomes("ann(2) c a"));
+        m_Selector->GetField()->SetValue(wxString());
+        m_Farm.Put("b", "bob", state_Running);
+        ASSERT_TRUE(Becomes("ann(2) c a bob(1)"));
+        m_Tree->Open(3);
+    }
+    m_Farm.jobs.Remove(JobSample::IdOf("b"));
+    ASSERT_TRUE(Becomes("ann(2) c a"));
+    m_Farm.Put("b", "bob", state_Running);
+    EXPECT_TRUE(Becomes("ann(2) c a bob(1) b")) << "it was open last";
+}
+
 TEST_F(JobSelectorTest, RemembersHowItWasUsed)
 {
     Open();
