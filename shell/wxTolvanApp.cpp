@@ -3,6 +3,7 @@
 #include "appearance/wxTolvanString.h"
 #include "appearance/wxtRenderer.h"
 #include "internal/port/MenuReports.h"
+#include "internal/port/PressedWindow.h"
 #include "shell/OpenWindows.h"
 #include "shell/app/LayoutWatch.h"
 #include "shell/app/ProgramWords.h"
@@ -121,6 +122,7 @@ bool wxTolvanApp::OnInit()
     m_TopWindowWatch = std::make_unique<shell::TopWindowWatch>();
     m_LayoutWatch = std::make_unique<shell::LayoutWatch>();
     internal::EndOldMenuReports();
+    internal::KeepPressedWindow();
     ConnectSignals();
     wxSystemOptions::SetOption("msw.notebook.themed-background", 0);
 

@@ -6,6 +6,7 @@
 #include "appearance/wxtCheckListBox.h"
 #include "appearance/wxtComboBox.h"
 #include "dialogs/wxTolvanDlg.h"
+#include "listviews/wxDBListBody.h"
 #include "listviews/wxDBTreeListCtrl.h"
 #include "listviews/wxtListCtrl.h"
 
@@ -360,6 +361,23 @@ TEST_F(ControlHandsTest, AReleaseClicksNothingThatWasNotPressed)
             }
         }
     }
+}
+
+// The port tells windows apart by their addresses when it looks for double clicks.
+TEST_F(ControlHandsTest, AClickIsNoneOnAWindowThatHasGone)
+{
+    const auto click = [this]
+    {
+        auto* const list = First<wxtListCtrl>();
+        Do(list, "click");
+        return G_OBJECT(list->GetBody()->GTKGetDrawingWindow());
+    };
+    GObject* pressed = click();
+    g_object_add_weak_pointer(pressed, reinterpret_cast<void**>(&pressed));
+    Open();
+    EXPECT_TRUE(pressed);
+    click();
+    EXPECT_FALSE(pressed);
 }
 
 TEST_F(ControlHandsTest, FieldsAndTheirListsAreLeftByEveryWay)
