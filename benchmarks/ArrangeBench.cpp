@@ -3,8 +3,6 @@
 #include "listviews/wxDBListCtrl.h"
 #include "listviews/wxListArranger.h"
 
-#include <algorithm>
-
 namespace
 {
 constexpr int kMillion = 1000000;
@@ -75,31 +73,14 @@ void Measure(benchmark::State& state, const std::function<void(wxListArranger&)>
     wxFrame* const frame = OpenFrame([&](wxFrame* parent) { return list = new List(parent); });
     PumpEvents();
     wxListArranger& arranger = list->Arranger();
-    const auto      finish = [&]
-    {
-        double longest = 0;
-        while (arranger.IsArranging())
-        {
-            const auto start = Clock::now();
-            PumpEvents();
-            longest = std::max(longest, SecondsSince(start));
-        }
-        return longest;
-    };
+    const auto      isBusy = [&] { return arranger.IsArranging(); };
     for (auto _ : state)
     {
         arranger.StopSorting();
         arranger.SetFilter(String());
-        prepare(arranger);
-        finish();
+        MeasureSlices([&] { prepare(arranger); }, isBusy);
         PumpEvents();
-        const auto start = Clock::now();
-        ask(arranger);
-        const double first = SecondsSince(start);
-        const double longest = std::max(first, finish());
-        state.SetIterationTime(SecondsSince(start));
-        state.counters["longest_ms"] =
-            std::max<double>(state.counters["longest_ms"], longest * 1e3);
+        Report(state, MeasureSlices([&] { ask(arranger); }, isBusy));
         state.counters["rows"] = arranger.GetShownCount();
     }
     CloseFrame(frame);

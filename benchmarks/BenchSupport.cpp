@@ -106,6 +106,29 @@ void PumpUntil(const std::function<bool()>& condition)
     }
 }
 
+SlicedWork MeasureSlices(const std::function<void()>& ask, const std::function<bool()>& isBusy)
+{
+    SlicedWork work;
+    const auto start = Clock::now();
+    ask();
+    work.longest = SecondsSince(start);
+    while (isBusy())
+    {
+        const auto begin = Clock::now();
+        PumpEvents();
+        work.longest = std::max(work.longest, SecondsSince(begin));
+    }
+    work.took = SecondsSince(start);
+    return work;
+}
+
+void Report(benchmark::State& state, const SlicedWork& work)
+{
+    state.SetIterationTime(work.took);
+    state.counters["longest_ms"] =
+        std::max<double>(state.counters["longest_ms"], work.longest * 1e3);
+}
+
 size_t ResidentBytes()
 {
     std::ifstream statm("/proc/self/statm");

@@ -55,6 +55,17 @@ private:
     std::unique_ptr<Control> m_Control;
 };
 
+/// Work that a window does beside its life.
+struct SlicedWork
+{
+    double took = 0;    ///< Seconds from the wish to the end.
+    double longest = 0; ///< Seconds without a look at the events.
+};
+/// Asks for it, and pumps until it is done.
+SlicedWork MeasureSlices(const std::function<void()>& ask, const std::function<bool()>& isBusy);
+/// What is reported of several times; "longest_ms" is the longest of all.
+void Report(benchmark::State& state, const SlicedWork& work);
+
 /// Resident memory of the process, in bytes.
 size_t ResidentBytes();
 

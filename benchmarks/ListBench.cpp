@@ -336,12 +336,12 @@ void ListKeysSelect(benchmark::State& state)
     for (auto _ : state)
     {
         stage->Press(WXK_HOME, false, false);
-        const auto select = Clock::now();
-        stage->Press(WXK_END, false, true);
-        const double selecting = SecondsSince(select);
-        const auto   deselect = Clock::now();
-        stage->Press(WXK_HOME, false, false);
-        state.SetIterationTime(state.range(0) == 0 ? selecting : SecondsSince(deselect));
+        const auto       isBusy = [&] { return stage->IsSelecting(); };
+        const SlicedWork select =
+            MeasureSlices([&] { stage->Press(WXK_END, false, true); }, isBusy);
+        const SlicedWork deselect =
+            MeasureSlices([&] { stage->Press(WXK_HOME, false, false); }, isBusy);
+        Report(state, state.range(0) == 0 ? select : deselect);
     }
 }
 BENCHMARK(ListKeysSelect)

@@ -88,23 +88,15 @@ public:
         m_Tree->Update();
         PumpUntil([&] { return m_Tree->drawn > before; });
     }
-    /// Seconds until the rows are what was asked for and the old ones are freed, and the longest of
-    /// them without a look at the events.
-    std::pair<double, double> Arrange(const std::function<void()>& ask) const
+    /// Until the rows are what was asked for. The longest time counts until the old ones are freed.
+    SlicedWork Arrange(const std::function<void()>& ask) const
     {
-        const auto start = Clock::now();
-        ask();
-        double took = SecondsSince(start);
-        double longest = took;
-        for (double quiet = 0; m_Tree->IsArranging() || quiet < kQuiet;)
-        {
-            const auto begin = Clock::now();
-            PumpEvents();
-            longest = std::max(longest, SecondsSince(begin));
-            quiet = m_Tree->IsArranging() ? 0 : quiet + SecondsSince(begin);
-            took = quiet > 0 ? took : SecondsSince(start);
-        }
-        return {took, longest};
+        SlicedWork       work = MeasureSlices(ask, [this] { return m_Tree->IsArranging(); });
+        const auto       done = Clock::now();
+        const SlicedWork freeing =
+            MeasureSlices([] {}, [&] { return SecondsSince(done) < kQuiet; });
+        work.longest = std::max(work.longest, freeing.longest);
+        return work;
     }
 
 private:
@@ -209,14 +201,10 @@ void Arrange(benchmark::State& state, const std::function<void(const Stage&)>& a
 {
     const Stage stage;
     stage->OpenAll();
-    double longest = 0;
     for (auto _ : state)
     {
-        const std::pair<double, double> took = stage.Arrange([&] { ask(stage); });
-        state.SetIterationTime(took.first);
-        longest = std::max(longest, took.second);
+        Report(state, stage.Arrange([&] { ask(stage); }));
     }
-    state.counters["longest_ms"] = longest * 1e3;
 }
 
 void TreeSort(benchmark::State& state)

@@ -43,6 +43,10 @@ std::vector<UID> JobSelector::GetSelection() const
                      [this](const UID& job) { return m_Jobs.Find(job) != nullptr; });
         return selected;
     }
+    if (!m_Tree->FinishSelecting())
+    {
+        return selected;
+    }
     std::set<UID> recent; // few: these may be there twice
     for (const wxDBTreeNode node : m_Tree->GetSelectedNodes())
     {
@@ -160,6 +164,10 @@ void JobSelector::SelectionChanged()
 void JobSelector::TellSelection()
 {
     m_IsToBeTold = false;
+    if (m_Tree->IsSelecting())
+    {
+        return; // there is more to come
+    }
     std::vector<UID> selected = Sorted(GetSelection());
     ShowNote(selected.size());
     if (selected != m_Told)
@@ -193,9 +201,7 @@ void JobSelector::ShowNote(size_t selected)
 
 void JobSelector::SelectRow(int row)
 {
-    wxDBListBody& body = *m_Tree->GetBody();
-    if (body.DeselectAll(false) &&
-        body.SendListEvent(wxEVT_LIST_ITEM_SELECTED, wxPoint(0, 0), 0, row))
+    if (m_Tree->GetBody()->SelectOnly(row, wxPoint(0, 0)))
     {
         m_Tree->SetLastSelect(row);
         m_Tree->EnsureVisible(row);

@@ -1,5 +1,6 @@
 #include "internal/input/PadKey.h"
 #include "listviews/model/ListModel.h"
+#include "listviews/selecting/SelectionWork.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListSource.h"
 #include "vesta/CallEntry.h"
@@ -12,6 +13,7 @@
 bool wxDBListBody::DeselectAll(bool resetAnchor)
 {
     CALL_ENTRY("wxDBListBody::DeselectAll");
+    m_Selecting->Drop();
     for (const int row : m_Source.GetSelection())
     {
         if (!SendListEvent(wxEVT_LIST_ITEM_DESELECTED, wxPoint(0, 0), row))
@@ -26,56 +28,68 @@ bool wxDBListBody::DeselectAll(bool resetAnchor)
     return true;
 }
 
-bool wxDBListBody::SelectRange(int first, int last, const wxPoint& point)
+// False when the list is gone. `then`: once every row is told of.
+bool wxDBListBody::SelectByClick(const wxMouseEvent& event, std::function<void()> then)
 {
-    const int column = Geometry().ColumnAt(point.x);
-    for (int row = first; row <= std::min(last, m_Model.rowCount - 1); ++row)
+    const int row = Geometry().RowAt(event.GetY());
+    if (!EndSelecting(IsAdding(event.ControlDown()) || event.ShiftDown()))
     {
-        if (!SendListEvent(wxEVT_LIST_ITEM_SELECTED, point, column, row))
-        {
-            return false;
-        }
+        return false;
+    }
+    m_Model.caret = -1; // the keys go on from where the hand has clicked
+    const bool isRange = event.ShiftDown() && !m_SingleSelection && m_Model.anchor >= 0;
+    if (!ProcessSelection(event, row, isRange, std::move(then)))
+    {
+        return false;
+    }
+    // A range that is changed with Shift keeps the row that it began with.
+    if (!isRange || event.ControlDown())
+    {
+        m_Model.anchor = isRange || m_Model.HasRow(row) ? row : -1;
     }
     return true;
 }
 
-int wxDBListBody::ProcessSelection(const wxMouseEvent& event, bool& alive)
+bool wxDBListBody::ProcessSelection(const wxMouseEvent& event, int row, bool isRange,
+                                    std::function<void()> then)
 {
     CALL_ENTRY("wxDBListBody::ProcessSelection");
-    return SelectRow(event, Geometry().RowAt(event.GetY()), alive);
+    const bool            adding = IsAdding(event.ControlDown());
+    listviews::RowsToTell rows;
+    rows.point = event.GetPosition();
+    rows.off = adding ? std::vector<int>() : m_Source.GetSelection();
+    if (isRange)
+    {
+        rows.first = std::min(m_Model.anchor, row);
+        rows.last = std::max(m_Model.anchor, row);
+    }
+    else if (adding && m_Model.HasRow(row) && m_Source.IsRowSelected(row))
+    {
+        return SendListEvent(wxEVT_LIST_ITEM_DESELECTED, rows.point, row);
+    }
+    else
+    {
+        rows.first = rows.last = row;
+    }
+    return m_Selecting->Begin(std::move(rows), std::move(then));
 }
 
-int wxDBListBody::SelectRow(const wxMouseEvent& event, int row, bool& alive)
+// What has not been told yet is told now, or is out of date. False when the list is gone.
+bool wxDBListBody::EndSelecting(bool adding)
 {
-    if (event.ShiftDown() && m_Model.anchor >= 0)
+    if (adding)
     {
-        alive = SelectRange(std::min(m_Model.anchor, row), std::max(m_Model.anchor, row),
-                            event.GetPosition());
-        return row;
+        return m_Selecting->Finish();
     }
-    if (!m_Model.HasRow(row))
-    {
-        return -1;
-    }
-    const bool off = event.ControlDown() && m_Source.IsRowSelected(row);
-    alive = SendListEvent(off ? wxEVT_LIST_ITEM_DESELECTED : wxEVT_LIST_ITEM_SELECTED,
-                          event.GetPosition(), row);
-    return row;
+    m_Selecting->Drop();
+    return true;
 }
 
-// False when the list is gone.
-bool wxDBListBody::SelectByClick(const wxMouseEvent& event)
+bool wxDBListBody::SelectOnly(int row, const wxPoint& point)
 {
-    const bool adding = IsAdding(event.ControlDown());
-    m_Model.caret = -1; // the keys go on from where the hand has clicked
-    bool      alive = adding || DeselectAll(m_SingleSelection || !event.ShiftDown());
-    const int row = alive ? ProcessSelection(event, alive) : -1;
-    // A range that is changed with Shift keeps the row that it began with.
-    if (alive && (m_SingleSelection || event.ControlDown() || m_Model.anchor < 0))
-    {
-        m_Model.anchor = row;
-    }
-    return alive;
+    CALL_ENTRY("wxDBListBody::SelectOnly");
+    m_Selecting->Drop();
+    return m_Selecting->Begin({m_Source.GetSelection(), row, row, point});
 }
 
 void wxDBListBody::OnLDown(wxMouseEvent& event)
@@ -84,7 +98,7 @@ void wxDBListBody::OnLDown(wxMouseEvent& event)
     if (TakeFocus())
     {
         HoldMouse();
-        SelectByClick(event);
+        SelectByClick(event, nullptr);
     }
 }
 
@@ -97,7 +111,10 @@ void wxDBListBody::OnLUp(wxMouseEvent&)
 void wxDBListBody::OnDoubleClick(wxMouseEvent& event)
 {
     CALL_ENTRY("wxDBListBody::OnDoubleClick");
-    SendListEvent(wxEVT_LIST_ITEM_ACTIVATED, event.GetPosition(), -1);
+    if (m_Selecting->Finish())
+    {
+        SendListEvent(wxEVT_LIST_ITEM_ACTIVATED, event.GetPosition(), -1);
+    }
 }
 
 void wxDBListBody::OnRDown(wxMouseEvent& event)
@@ -107,10 +124,16 @@ void wxDBListBody::OnRDown(wxMouseEvent& event)
     {
         return;
     }
-    const int row = Geometry().RowAt(event.GetY());
-    if ((m_Model.HasRow(row) && m_Source.IsRowSelected(row)) || SelectByClick(event))
+    const wxPoint point = event.GetPosition();
+    const int     row = Geometry().RowAt(point.y);
+    const auto    tell = [=] { SendListEvent(wxEVT_LIST_ITEM_RIGHT_CLICK, point, row); };
+    if (!m_Model.HasRow(row) || !m_Source.IsRowSelected(row))
     {
-        SendListEvent(wxEVT_LIST_ITEM_RIGHT_CLICK, event.GetPosition(), row);
+        SelectByClick(event, tell);
+    }
+    else if (m_Selecting->Finish())
+    {
+        tell();
     }
 }
 
@@ -135,22 +158,18 @@ void wxDBListBody::OnKey(wxKeyEvent& event)
 void wxDBListBody::MoveAnchor(int step, const wxKeyEvent& event)
 {
     const bool adding = IsAdding(event.ShiftDown() || event.ControlDown());
-    if (!adding && !DeselectAll(false))
+    if (!EndSelecting(adding))
     {
         return;
     }
-    m_Model.SetAnchor(std::clamp(m_Model.anchor + step, -1, m_Model.rowCount - 1));
-    if (m_Model.anchor < 0)
-    {
-        return; // the rows have gone meanwhile
-    }
-    wxMouseEvent click;
-    click.SetPosition(GetItemRect(m_Model.anchor).GetPosition());
-    bool alive = true;
-    // The row may be too far out of sight to be found from its place again.
-    SelectRow(click, m_Model.anchor, alive);
+    const int     row = m_Model.anchor + step;
+    const wxPoint point = GetItemRect(row).GetPosition();
+    m_Model.SetAnchor(row);
+    const bool alive =
+        adding ? SendListEvent(wxEVT_LIST_ITEM_SELECTED, point, row) : SelectOnly(row, point);
     if (alive)
     {
+        m_Model.SetAnchor(std::min(m_Model.anchor, m_Model.rowCount - 1)); // rows may have gone
         ShowAnchor();
     }
 }

@@ -9,6 +9,10 @@
 void wxDBListCtrl::CopySelection()
 {
     CALL_ENTRY("wxDBListCtrl::CopySelection");
+    if (!FinishSelecting())
+    {
+        return;
+    }
     std::vector<int> rows = GetSelection();
     // Another part of the program may have it open: to open it again is an error, and to close it
     // would take it from that part.

@@ -57,6 +57,10 @@ void wxDBTreeListCtrl::OpenByHand(int row, bool whole)
 
 void wxDBTreeListCtrl::ToggleByHand(int row)
 {
+    if (!FinishSelecting())
+    {
+        return;
+    }
     if (IsOpen(row))
     {
         Close(row);
@@ -71,8 +75,7 @@ void wxDBTreeListCtrl::ToggleByHand(int row)
 void wxDBTreeListCtrl::GoToRow(int row)
 {
     wxDBListBody& body = *GetBody();
-    if (body.DeselectAll(false) &&
-        body.SendListEvent(wxEVT_LIST_ITEM_SELECTED, wxPoint(0, 0), 0, row))
+    if (body.SelectOnly(row, wxPoint(0, 0)))
     {
         SetLastSelect(row < GetItemCount() ? row : -1);
         EnsureVisible(row);
@@ -83,6 +86,10 @@ void wxDBTreeListCtrl::GoToRow(int row)
 // Whether the key has a meaning for the row.
 bool wxDBTreeListCtrl::PressKey(int row, int key)
 {
+    if (!FinishSelecting())
+    {
+        return true;
+    }
     const int parent = ParentRow(row);
     switch (key)
     {

@@ -5,6 +5,7 @@
 #include "internal/port/PopUps.h"
 #include "listviews/model/ListModel.h"
 #include "listviews/model/TableSettings.h"
+#include "listviews/selecting/SelectionWork.h"
 #include "listviews/tips/TypingWatch.h"
 #include "listviews/wxDBListSource.h"
 #include "vesta/CallEntry.h"
@@ -39,7 +40,8 @@ wxDBListBody::wxDBListBody(wxWindow& list, listviews::ListModel& model, wxDBList
     : wxDBListBase(list, model, wxBORDER_NONE),
       m_Source(source),
       m_SingleSelection(singleSelection),
-      m_Typing(std::make_unique<listviews::TypingWatch>())
+      m_Typing(std::make_unique<listviews::TypingWatch>()),
+      m_Selecting(std::make_unique<listviews::SelectionWork>(*this, source, model))
 {
     CALL_ENTRY("wxDBListBody::wxDBListBody");
     const listviews::_TableSettings& settings = listviews::_TableSettings::Get();

@@ -6,10 +6,12 @@
 #include <wx/timer.h>
 
 #include <chrono>
+#include <functional>
 
 namespace listviews
 {
 class CellText;
+class SelectionWork;
 class TypingWatch;
 } // namespace listviews
 class wxDBListSource;
@@ -54,6 +56,10 @@ public:
 
     /// Tells that every selected row is deselected. False when the list is gone.
     bool DeselectAll(bool resetAnchor);
+    /// The same, and then that this row is selected; of very many rows in idle time.
+    bool SelectOnly(int row, const wxPoint& point);
+    /// What is told so.
+    listviews::SelectionWork& Selecting() { return *m_Selecting; }
 
     /// Draws a text within the room of a cell; false when it does not paint on that context now.
     bool DrawCellText(wxDC& dc, const wxString& text, const wxRect& room);
@@ -77,12 +83,10 @@ private:
     void ShowCursor(const wxPoint& pointer);
 
     bool IsAdding(bool modifier) const { return modifier && !m_SingleSelection; }
-    bool SelectByClick(const wxMouseEvent& event);
-    /// What a click or a key on the row at the event's place selects; -1 when there is no row. Sets
-    /// `alive` to false when the list has gone.
-    int  ProcessSelection(const wxMouseEvent& event, bool& alive);
-    int  SelectRow(const wxMouseEvent& event, int row, bool& alive);
-    bool SelectRange(int first, int last, const wxPoint& point);
+    bool SelectByClick(const wxMouseEvent& event, std::function<void()> then);
+    bool ProcessSelection(const wxMouseEvent& event, int row, bool isRange,
+                          std::function<void()> then);
+    bool EndSelecting(bool adding);
     void MoveAnchor(int step, const wxKeyEvent& event);
     void ShowAnchor();
 
@@ -91,7 +95,8 @@ private:
     wxPoint         m_Pointer{-1, -1}; ///< Where it was seen last.
     wxTimer         m_HoverTimer;
 
-    std::unique_ptr<listviews::TypingWatch> m_Typing;
+    std::unique_ptr<listviews::TypingWatch>   m_Typing;
+    std::unique_ptr<listviews::SelectionWork> m_Selecting;
 
     listviews::CellText* m_CellText = nullptr; ///< While it paints.
 

@@ -9,6 +9,7 @@
 #include "listviews/keys/ListKeys.h"
 #include "listviews/model/ListModel.h"
 #include "listviews/model/TableSettings.h"
+#include "listviews/selecting/SelectionWork.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListHeader.h"
 #include "vesta/CallEntry.h"
@@ -176,6 +177,7 @@ void wxDBListCtrl::Insert(int row, unsigned long count, bool redraw)
                          static_cast<long long>(before) + added, GetItemCount()));
     }
     m_Copier->RowsInserted(row, GetItemCount() - before);
+    m_Body->Selecting().RowsInserted(row, GetItemCount() - before);
     m_Body->RowsChanged();
     if (redraw)
     {
@@ -199,6 +201,7 @@ void wxDBListCtrl::Remove(int row, unsigned long count)
     const int  last = row + static_cast<int>(std::min(count, below)) - 1;
     m_Model->RemoveRows(row, last);
     m_Copier->RowsRemoved(row, last);
+    m_Body->Selecting().RowsRemoved(row, last);
     m_Body->RowsChanged();
     for (int removed = last; removed >= row; --removed)
     {
@@ -215,6 +218,7 @@ void wxDBListCtrl::Clear()
 {
     CALL_ENTRY("wxDBListCtrl::Clear");
     FinishCopying();
+    DropSelecting();
     DoClear();
     m_Model->rowCount = 0;
     m_Model->caret = -1;
@@ -232,6 +236,22 @@ void wxDBListCtrl::SetItemCount(int count)
     m_Model->rowCount = std::clamp(count, 0, GetItemCount());
     m_Body->RowsChanged();
     m_Body->Redraw();
+}
+
+bool wxDBListCtrl::IsSelecting() const
+{
+    return m_Body->Selecting().IsBusy();
+}
+
+bool wxDBListCtrl::FinishSelecting()
+{
+    CALL_ENTRY("wxDBListCtrl::FinishSelecting");
+    return m_Body->Selecting().Finish();
+}
+
+void wxDBListCtrl::DropSelecting()
+{
+    m_Body->Selecting().Drop();
 }
 
 const wxCursor& wxDBListCtrl::GetCurrentCursor() const

@@ -40,6 +40,14 @@ wxDECLARE_EXPORTED_EVENT(TOLVAN_API, wxtEVT_LIST_COLUMNS, wxListEvent);
 /// `wxEVT_LIST_COL_RIGHT_CLICK`, and `wxtEVT_LIST_COLUMNS`. A derived class keeps the selection by
 /// handling the first two.
 ///
+/// Each row that the user selects or deselects is told by an event of its own, in the order that
+/// the user's hand or key stands for. Of more than 100,000 rows at a time (all rows of a large
+/// list) they are told beside the window's life, some at a time, in the same order: a host that
+/// needs the whole selection looks at it once `IsSelecting` is false, which it is after the last
+/// event, or asks for the rest (`FinishSelecting`). The list does so before the next click or key
+/// that depends on it, before it tells of an activation or a right click, and before a refresh or a
+/// copy. When the list is cleared, or a handler throws, nothing more is told.
+///
 /// Users hide, show, fit and move columns, in a menu of the titles, by hand and by keys: Ctrl+Left
 /// and Ctrl+Right go from title to title, with Shift they take the column along; Ctrl+Enter clicks
 /// the title, Ctrl+Shift+F10 opens the menu, and Ctrl with the plus of the numeric pad fits all. A
@@ -149,6 +157,12 @@ public:
     int  GetRowHeight() const;
     /// @}
 
+    /// @name Selecting
+    /// @{
+    bool IsSelecting() const; ///< There are rows to be told of that the user has (de)selected.
+    bool FinishSelecting();   ///< Tells of them now. False when a handler has destroyed the list.
+    /// @}
+
     const wxCursor& GetCurrentCursor() const;
     int             GetLastSelect() const;  ///< The row that a range is selected from, or -1.
     void            SetLastSelect(int row); ///< The keys are there, too.
@@ -197,6 +211,9 @@ public:
 protected:
     /// For a derived class that is about to have other rows in the places of those that it has.
     void FinishCopying();
+    /// For one whose rows are going to be others: the rest of those that the user has selected
+    /// is none any more.
+    void DropSelecting();
 
     /// Called when a column has come (`from` -1), gone (`to` -1) or moved: for a derived class that
     /// keeps its cells in the order shown.

@@ -141,6 +141,7 @@ void wxDBTreeListCtrl::ShowRows()
 void wxDBTreeListCtrl::ChangeRows(const std::function<void()>& change)
 {
     FinishCopying();
+    DropSelecting();
     TreeState&            tree = *m_Tree;
     const OpenTree* const before = tree.shown.get();
     const TreePlace       anchor = before->At(GetLastSelect());

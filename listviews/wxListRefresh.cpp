@@ -8,6 +8,10 @@
 wxListRefresh::wxListRefresh(wxDBListCtrl& list) : m_List(&list)
 {
     CALL_ENTRY("wxListRefresh::wxListRefresh");
+    if (!list.FinishSelecting())
+    {
+        return;
+    }
     listviews::RefreshEvent begins(listviews::EVT_REFRESH_BEGINS, m_Marks);
     list.ProcessWindowEventLocally(begins);
     if (!m_Marks)

@@ -154,6 +154,10 @@ void wxtListCtrl::DeleteItem(int row)
         return;
     }
     FinishCopying();
+    if (!FinishSelecting() || !HasData(row))
+    {
+        return;
+    }
     m_Rows.erase(m_Rows.begin() + row);
     m_Selection->RowErased(row);
     if (GetLastSelect() == row)

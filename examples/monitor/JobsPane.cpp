@@ -88,7 +88,7 @@ void JobsPane::SelectionChanged()
 void JobsPane::ShowSelected()
 {
     m_IsDue = false;
-    if (m_List->IsArranging())
+    if (m_List->IsArranging() || m_List->IsSelecting())
     {
         return; // it tells once more afterwards
     }

@@ -1,6 +1,7 @@
 #include "listviews/keys/ListKeys.h"
 
 #include "listviews/model/ListModel.h"
+#include "listviews/selecting/SelectionWork.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListHeader.h"
 #include "listviews/wxDBListSource.h"
@@ -125,7 +126,7 @@ bool ListKeys::Do(KeyAction action, KeyModifiers modifiers)
     case KeyAction::SelectAll:
         if (!m_Parts.singleSelection)
         {
-            m_Rows.Range(0, model.rowCount - 1, true);
+            m_Rows.All();
         }
         return true;
     case KeyAction::Activate:
@@ -133,7 +134,10 @@ bool ListKeys::Do(KeyAction action, KeyModifiers modifiers)
         {
             return false;
         }
-        Activate(model.FocusRow());
+        if (m_Parts.body.Selecting().Finish())
+        {
+            Activate(model.FocusRow());
+        }
         return true;
     case KeyAction::ScrollLeft:
         return ScrollBy(wxEVT_SCROLLWIN_LINEUP);
@@ -249,16 +253,23 @@ void ListKeys::OnContextMenu(wxContextMenuEvent& event)
     }
     const int row = m_Parts.model.FocusRow();
     m_Parts.body.ShowRow(row);
+    const auto tell = [this, row]
+    {
+        if (m_Parts.model.HasRow(row))
+        {
+            m_Parts.body.SendListEvent(wxEVT_LIST_ITEM_RIGHT_CLICK,
+                                       m_Parts.body.GetItemRect(row).GetBottomLeft(), 0, row);
+        }
+    };
     if (!m_Parts.source.IsRowSelected(row))
     {
         m_Parts.model.SetAnchor(row);
-        if (!m_Rows.Alone(row) || !m_Parts.model.HasRow(row))
-        {
-            return;
-        }
+        m_Rows.Alone(row, tell);
     }
-    m_Parts.body.SendListEvent(wxEVT_LIST_ITEM_RIGHT_CLICK,
-                               m_Parts.body.GetItemRect(row).GetBottomLeft(), 0, row);
+    else if (m_Parts.body.Selecting().Finish())
+    {
+        tell();
+    }
 }
 
 void ListKeys::OnCharacter(wxKeyEvent& event)

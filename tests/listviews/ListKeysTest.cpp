@@ -1,4 +1,5 @@
 #include "listviews/keys/TypedText.h"
+#include "listviews/selecting/SelectionWork.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxListMenu.h"
 #include "listviews/wxListRefresh.h"
@@ -9,6 +10,8 @@
 
 #include <algorithm>
 #include <cctype>
+#include <functional>
+#include <stdexcept>
 
 namespace
 {
@@ -215,6 +218,72 @@ TEST_F(ListKeysTest, ALongSearchGoesOnBesideEverythingElse)
     Press('z');
     EXPECT_TRUE(WaitFor([&] { return list->GetFocusRow() == 2999999; }, 20000));
     EXPECT_EQ(std::vector{2999999}, list->GetSelection());
+}
+
+// Told in order and once each, whatever comes meanwhile.
+TEST_F(ListKeysTest, VeryManyRowsAreSelectedBesideEverythingElse)
+{
+    constexpr int many = 250000;
+    const auto    selectAll = [this](int rows)
+    {
+        m_List->Clear();
+        m_List->Insert(0, static_cast<unsigned long>(rows), true);
+        wxKeyEvent key(wxEVT_KEY_DOWN);
+        key.m_keyCode = 'A';
+        key.SetControlDown(true);
+        Body()->ProcessWindowEvent(key);
+        return m_List->IsSelecting();
+    };
+    std::vector<int>      told;
+    std::function<void()> then;
+    Frame()->Bind(wxEVT_LIST_ITEM_SELECTED,
+                  [&](wxListEvent& event)
+                  {
+                      told.push_back(static_cast<int>(event.GetIndex()));
+                      if (told.size() == many / 2 && then)
+                      {
+                          then();
+                      }
+                  });
+    EXPECT_FALSE(selectAll(listviews::SelectionWork::k_MostAtOnce));
+    EXPECT_EQ(listviews::SelectionWork::k_MostAtOnce, told.size());
+    told.clear();
+    ASSERT_TRUE(selectAll(many));
+    EXPECT_GT(many, static_cast<int>(told.size()));
+    m_List->Insert(0, 10, true);
+    EXPECT_TRUE(WaitFor([this] { return !m_List->IsSelecting(); }));
+    EXPECT_EQ(many, static_cast<int>(told.size()));
+    EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
+    EXPECT_EQ(many + 9, told.back()) << "the rows of the wish, wherever they are by now";
+
+    // What a hand does then is about the whole of it.
+    Begin(-1);
+    ASSERT_TRUE(selectAll(many));
+    wxMouseEvent press(wxEVT_LEFT_DOWN);
+    press.SetY(2 * m_List->GetRowHeight());
+    press.SetControlDown(true);
+    Body()->ProcessWindowEvent(press);
+    EXPECT_EQ(many - 1, static_cast<int>(m_List->GetSelection().size()));
+    press.SetControlDown(false);
+    Body()->ProcessWindowEvent(press);
+    EXPECT_TRUE(m_List->IsSelecting());
+    EXPECT_EQ(2, m_List->GetLastSelect());
+    Body()->ProcessWindowEvent(*std::make_unique<wxMouseEvent>(wxEVT_LEFT_UP));
+    EXPECT_TRUE(m_List->FinishSelecting());
+    EXPECT_EQ(std::vector{2}, m_List->GetSelection());
+
+    ASSERT_TRUE(selectAll(many));
+    m_List->Clear();
+    EXPECT_FALSE(m_List->IsSelecting());
+    told.clear();
+    then = [] { throw std::runtime_error("enough"); };
+    ASSERT_TRUE(selectAll(many));
+    EXPECT_THROW(m_List->FinishSelecting(), std::runtime_error);
+    EXPECT_FALSE(m_List->IsSelecting());
+    told.clear();
+    then = [this] { m_List->Destroy(); };
+    ASSERT_TRUE(selectAll(many));
+    EXPECT_FALSE(m_List->FinishSelecting());
 }
 
 TEST_F(ListKeysTest, ARefreshKeepsWhatTheUserHasMadeOfTheList)
