@@ -2,7 +2,7 @@
 
 #include "listviews/cells/ListGeometry.h"
 #include "listviews/model/ListModel.h"
-#include "listviews/wxDBListBody.h"
+#include "listviews/wxDBListBase.h"
 #include "listviews/wxDBListSource.h"
 
 #include <wx/listbase.h>
@@ -33,8 +33,8 @@ struct SelectionWork::Job
     }
 };
 
-SelectionWork::SelectionWork(wxDBListBody& body, wxDBListSource& source, const ListModel& model)
-    : m_Body(body),
+SelectionWork::SelectionWork(wxDBListBase& view, wxDBListSource& source, const ListModel& model)
+    : m_View(view),
       m_Source(source),
       m_Model(model),
       m_Slices(
@@ -52,7 +52,7 @@ SelectionWork::~SelectionWork() = default;
 
 bool SelectionWork::Begin(RowsToTell rows, std::function<void()> then)
 {
-    const ListGeometry geometry = m_Body.Geometry();
+    const ListGeometry geometry = m_View.Geometry();
     m_Job = std::make_shared<Job>();
     m_Job->offColumn = geometry.ColumnAt(0);
     m_Job->column = geometry.ColumnAt(rows.point.x);
@@ -114,15 +114,15 @@ bool SelectionWork::TellNext(Job& job)
     if (job.told < rows.off.size())
     {
         const int row = rows.off[job.told++];
-        return m_Body.SendListEvent(wxEVT_LIST_ITEM_DESELECTED, wxPoint(0, 0), job.offColumn, row);
+        return m_View.SendListEvent(wxEVT_LIST_ITEM_DESELECTED, wxPoint(0, 0), job.offColumn, row);
     }
-    return m_Body.SendListEvent(wxEVT_LIST_ITEM_SELECTED, rows.point, job.column, rows.first++);
+    return m_View.SendListEvent(wxEVT_LIST_ITEM_SELECTED, rows.point, job.column, rows.first++);
 }
 
 bool SelectionWork::Run(bool toTheEnd)
 {
     const std::shared_ptr<Job>    job = m_Job;
-    const wxWeakRef<wxDBListBody> body(&m_Body);
+    const wxWeakRef<wxDBListBase> view(&m_View);
     const auto                    end = EndOfSlice();
     job->isTelling = true;
     try
@@ -149,7 +149,7 @@ bool SelectionWork::Run(bool toTheEnd)
     }
     catch (...)
     {
-        if (body && m_Job == job)
+        if (view && m_Job == job)
         {
             m_Job.reset();
         }
@@ -160,7 +160,7 @@ bool SelectionWork::Run(bool toTheEnd)
     {
         job->then();
     }
-    return body && !body->IsBeingDeleted();
+    return view && !view->IsBeingDeleted();
 }
 
 void SelectionWork::RowsInserted(int row, int count)

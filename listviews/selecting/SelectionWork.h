@@ -8,7 +8,7 @@
 #include <memory>
 #include <vector>
 
-class wxDBListBody;
+class wxDBListBase;
 class wxDBListSource;
 
 namespace listviews
@@ -34,7 +34,7 @@ public:
     /// More rows are not told of at once.
     static constexpr size_t k_MostAtOnce = 100000;
 
-    SelectionWork(wxDBListBody& body, wxDBListSource& source, const ListModel& model);
+    SelectionWork(wxDBListBase& view, wxDBListSource& source, const ListModel& model);
     ~SelectionWork();
 
     /// In place of what has not been told yet. `then` follows the last row.
@@ -57,7 +57,7 @@ private:
     bool TellNext(Job& job);
     bool Run(bool toTheEnd);
 
-    wxDBListBody&        m_Body;
+    wxDBListBase&        m_View;
     wxDBListSource&      m_Source;
     const ListModel&     m_Model;
     std::shared_ptr<Job> m_Job; ///< Null when everything is told.
