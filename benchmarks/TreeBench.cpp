@@ -172,6 +172,57 @@ void TreeToggle(benchmark::State& state)
 }
 BENCHMARK(TreeToggle)->Unit(benchmark::kMicrosecond);
 
+/// A node with that many children, whose texts take a host that many microseconds.
+class WideModel : public wxDBTreeModel
+{
+public:
+    WideModel(int children, std::chrono::microseconds each) : m_Children(children), m_Each(each) {}
+
+    long long _ChildCount(wxDBTreeNode node) override
+    {
+        return node == k_Root ? 1 : node == 1 ? m_Children : 0;
+    }
+    wxDBTreeNode _Child(wxDBTreeNode node, long long index) override { return node + 1 + index; }
+    bool         _MayHaveChildren(wxDBTreeNode node) override { return node == 1; }
+    String       _Text(wxDBTreeNode node, int column) override
+    {
+        const auto end = Clock::now() + m_Each;
+        String     text = WorkloadCell(static_cast<int>(node * 7919 % m_Children), column);
+        while (Clock::now() < end)
+        {
+        }
+        return text;
+    }
+
+private:
+    int                       m_Children;
+    std::chrono::microseconds m_Each;
+};
+
+// The block when a sorted node opens.
+void TreeOpenSorted(benchmark::State& state)
+{
+    WideModel   model(static_cast<int>(state.range(0)), std::chrono::microseconds(state.range(1)));
+    const Stage stage;
+    stage->SetModel(&model);
+    stage->SortChildren({{0, false}, {1, false}});
+    const auto isBusy = [&] { return stage->IsArranging(); };
+    for (auto _ : state)
+    {
+        stage->ModelChanged();
+        stage->CloseAll();
+        MeasureSlices([] {}, isBusy);
+        Report(state, MeasureSlices([&] { stage->Open(0); }, isBusy));
+    }
+}
+BENCHMARK(TreeOpenSorted)
+    ->Args({1000, 0})
+    ->Args({1000, 20})
+    ->Args({100000, 0})
+    ->Iterations(3)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
 void Select(benchmark::State& state)
 {
     const Stage stage;

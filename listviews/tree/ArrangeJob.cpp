@@ -12,7 +12,8 @@ using Clock = std::chrono::steady_clock;
 
 constexpr auto kStep = std::chrono::milliseconds(1);
 constexpr int  kFewNodes = 4;       // between two looks at the clock: their texts may be long
-constexpr int  kFewChildren = 1000; // that are sorted at once
+constexpr int  kFewChildren = 1000; // that are sorted at once,
+constexpr auto kSortAtOnce = std::chrono::milliseconds(10); // if they can be by then
 } // namespace
 
 ArrangeJob::ArrangeJob(wxDBTreeModel& model, TreeWish wish, const OpenTree& from)
@@ -92,6 +93,25 @@ bool ArrangeJob::SortNext()
     return true;
 }
 
+namespace
+{
+// False when that takes longer than anybody should wait.
+bool SortAtOnce(wxDBTreeModel& model, const TreeSort& by, OpenNode& node)
+{
+    const auto end = Clock::now() + kSortAtOnce;
+    LevelSort  sort(model, by, node);
+    while (sort.Step())
+    {
+        if (Clock::now() >= end)
+        {
+            return false;
+        }
+    }
+    sort.Apply();
+    return true;
+}
+} // namespace
+
 OpenNode* OpenChild(OpenTree& tree, const TreePlace& place, wxDBTreeModel& model,
                     const TreeSort& by, bool& isUnsorted)
 {
@@ -115,15 +135,7 @@ OpenNode* OpenChild(OpenTree& tree, const TreePlace& place, wxDBTreeModel& model
     tree.SetChildren(made, count, {}, count);
     if (!by.empty() && count > 1)
     {
-        if (count <= kFewChildren)
-        {
-            LevelSort sort(model, by, made);
-            while (sort.Step())
-            {
-            }
-            sort.Apply();
-        }
-        isUnsorted |= count > kFewChildren;
+        isUnsorted |= count > kFewChildren || !SortAtOnce(model, by, made);
     }
     tree.SetOpen(made, true);
     return &made;
