@@ -120,6 +120,7 @@ void wxDBTreeListCtrl::SetFilterText(const String& text)
     if (text != m_Tree->words || m_Tree->wish.filter.matches)
     {
         m_Tree->words = text;
+        listviews::WarnOfWordsLeftOut(text);
         m_Tree->wish.filter = {nullptr, {text, listviews::FilterColumnsOf(*this)}};
         StartArranging();
     }

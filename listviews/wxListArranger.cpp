@@ -312,6 +312,7 @@ void wxListArranger::SetFilter(const String& text)
     if (text != m_Filter)
     {
         m_Filter = text;
+        listviews::WarnOfWordsLeftOut(text);
         m_ByUser = true;
         Begin();
     }

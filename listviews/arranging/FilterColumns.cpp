@@ -1,6 +1,7 @@
 #include "listviews/arranging/FilterColumns.h"
 
 #include "listviews/wxDBListCtrl.h"
+#include "vesta/Log.h"
 
 namespace listviews
 {
@@ -23,5 +24,14 @@ std::vector<FilterQuery::Column> FilterColumnsOf(const wxDBListCtrl& list)
         columns.push_back({column.type, column.label, column.key, column.visible});
     }
     return columns;
+}
+
+void WarnOfWordsLeftOut(const String& filter)
+{
+    if (FilterQuery(filter, {}).IsCutOff())
+    {
+        LogWarning(SFormat("Of the words of a filter only the first %zu are looked for",
+                           FilterQuery::k_MostTerms));
+    }
 }
 } // namespace listviews

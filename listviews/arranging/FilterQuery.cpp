@@ -74,7 +74,11 @@ void FilterQuery::AddTerm(std::string_view word, size_t quoted)
         word.remove_prefix(term.IsAnywhere() ? 0 : colon + 1);
     }
     term.needle = Lower(word);
-    if (!term.needle.empty() && m_Terms.size() < k_MostTerms)
+    if (m_Terms.size() == k_MostTerms)
+    {
+        m_IsCutOff |= !term.needle.empty();
+    }
+    else if (!term.needle.empty())
     {
         // Those that look at one column only come first: they say no at less cost.
         m_Terms.insert(term.IsAnywhere() ? m_Terms.end() : m_Terms.begin(), std::move(term));

@@ -35,6 +35,7 @@ public:
     FilterQuery(const String& text, const std::vector<Column>& columns);
 
     bool IsEmpty() const { return m_Terms.empty(); }     ///< Every item matches.
+    bool IsCutOff() const { return m_IsCutOff; }         ///< Words are left out.
     bool IsOf(const std::vector<Column>& columns) const; ///< It was made for them.
     /// `above`: what has occurred in that which it belongs to, and counts for it too.
     bool Matches(const TextOf& text, const Hits& above = {}) const;
@@ -71,6 +72,7 @@ private:
 
     std::vector<Column>         m_Columns;
     std::vector<Term>           m_Terms;
+    bool                        m_IsCutOff = false;
     mutable std::vector<Folded> m_Folded; ///< By column.
     mutable size_t              m_Round = 0;
 };

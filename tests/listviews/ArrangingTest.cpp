@@ -134,6 +134,13 @@ TEST(FilterQuery, KnowsWhatNeedNotBeLookedAtAgain)
     }
     EXPECT_TRUE(Query(many + "x").IsWithin(Query(many))) << "and does not take for ever";
     EXPECT_FALSE(Query("beauty").IsWithin(listviews::FilterQuery("beau", {kColumns[0]})));
+    String words;
+    for (size_t i = 0; i <= listviews::FilterQuery::k_MostTerms; ++i)
+    {
+        EXPECT_FALSE(Query(words).IsCutOff()) << i;
+        words += "a ";
+    }
+    EXPECT_TRUE(Query(words).IsCutOff());
 }
 
 TEST(KeySort, SortsAsTheLibraryDoesAndKeepsWhatIsEqualInOrder)
