@@ -107,7 +107,7 @@ void wxDoubleBufferedWindow::PaintBuffer()
 }
 
 // False while the client area is empty. Size events tell of a new size only when the window is laid
-// out: the buffer is compared. has the window's scale, or everything drawn through it
+// out: the buffer is compared. It has the scale of the window, or everything drawn through it
 // would be blurred on a high-resolution screen.
 bool wxDoubleBufferedWindow::EnsureBuffer()
 {

@@ -8,6 +8,8 @@
 
 namespace
 {
+constexpr int kTryMs = 2000; // milliseconds; a sanitized program on a busy machine
+
 // Says no to an empty text, and counts.
 class NotEmpty : public wxTextValidator
 {
@@ -47,9 +49,9 @@ TEST_F(DialogTest, TextIsAskedForUntilTheValidatorAgrees)
             EXPECT_TRUE(WaitFor(internal::CompletionsAreOpen));
             Press(WXK_DOWN);
             Press(WXK_RETURN);
-            return WaitFor([&] { return dialog.GetValue() == "Off"; }, 500);
+            return WaitFor([&] { return dialog.GetValue() == "Off"; }, kTryMs);
         };
-        EXPECT_TRUE(WaitFor(taken)) << dialog.GetValue();
+        EXPECT_TRUE(WaitFor(taken, 5 * kTryMs)) << dialog.GetValue();
         EXPECT_TRUE(dialog.IsModal());
         Press(WXK_RETURN);
     };
