@@ -363,6 +363,23 @@ TEST_F(ControlHandsTest, AReleaseClicksNothingThatWasNotPressed)
     }
 }
 
+// A release that waits while a handler works comes to whatever has the keys by then.
+TEST_F(ControlHandsTest, AKeyClicksNothingThatItWasNotPressedOn)
+{
+    for (const auto& [name, clicked] : {std::pair("Normal", "button"), {"Check box", "check1"}})
+    {
+        SCOPED_TRACE(name);
+        Open();
+        wxWindow* const next = Named(name);
+        Named("listBox")->Bind(wxEVT_CHECKLISTBOX, [=](wxCommandEvent&) { next->SetFocus(); });
+        Do(Named("listBox"), "focus End space");
+        EXPECT_EQ("row2", Heard());
+        EXPECT_TRUE(HasTheKeys(next));
+        Press("space");
+        EXPECT_EQ(clicked, Heard());
+    }
+}
+
 // The port tells windows apart by their addresses when it looks for double clicks.
 TEST_F(ControlHandsTest, AClickIsNoneOnAWindowThatHasGone)
 {
