@@ -239,7 +239,8 @@ void wxListArranger::OnRefreshEnds(listviews::RefreshEvent& event)
     }
 }
 
-// False when the arranger is gone. What was selected and does not match may come back.
+// False when the arranger is gone. What was selected and does not match, or is not found yet, may
+// come back.
 bool wxListArranger::RestoreRefreshed()
 {
     const std::unique_ptr<listviews::RowMarks> marks = std::move(m_Marks);
@@ -252,10 +253,14 @@ bool wxListArranger::RestoreRefreshed()
     Guarded("The refresh of a list",
             [&]
             {
-                const listviews::RowMarks found = listviews::RestoreMarks(*m_List, *marks);
+                const auto                end = listviews::EndOfSlice();
+                bool                      isCutOff = false;
+                const listviews::RowMarks found = listviews::RestoreMarks(
+                    *m_List, *marks,
+                    [&] { return isCutOff = std::chrono::steady_clock::now() >= end; });
                 for (const listviews::RowMark& mark : found.selected)
                 {
-                    const bool mayCome = self && (m_Again || !m_Shown->query.IsEmpty());
+                    const bool mayCome = self && (isCutOff || m_Again || !m_Shown->query.IsEmpty());
                     if (mayCome && mark.row < 0 && !mark.key.empty())
                     {
                         m_Hidden->AddKey(mark.key);

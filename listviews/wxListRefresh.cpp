@@ -34,7 +34,7 @@ wxListRefresh::~wxListRefresh()
                 m_List->ProcessWindowEventLocally(ends);
                 if (m_Marks)
                 {
-                    listviews::RestoreMarks(*m_List, *m_Marks);
+                    listviews::RestoreMarks(*m_List, *m_Marks, [] { return false; });
                 }
             });
 }

@@ -25,7 +25,9 @@ class wxDBListCtrl;
 /// Rows are found again by `wxDBListCtrl::GetRowKey`, or by their index if they have no key. Rows
 /// that are to be selected or deselected are told by the list's events, those that are already are
 /// not. Where a `wxListArranger` sorts or filters the new rows first, that waits until they are
-/// shown. The list may be destroyed meanwhile. Takes time for each row once. Main thread.
+/// shown, and rows that have moved far are selected again beside the window's life. The list may be
+/// destroyed meanwhile. Takes time for each row once at most, and little when the rows are about
+/// where they were. Main thread.
 class TOLVAN_API wxListRefresh
 {
 public:

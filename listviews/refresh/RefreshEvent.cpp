@@ -87,11 +87,13 @@ RowMarks MarksOf(wxDBListCtrl& list)
     return marks;
 }
 
-RowMarks RestoreMarks(wxDBListCtrl& list, const RowMarks& marks)
+RowMarks RestoreMarks(wxDBListCtrl& list, const RowMarks& marks,
+                      const std::function<bool()>& isOver)
 {
     const int count = list.GetItemCount();
     RowMarks  found = marks;
-    FindAgain(found, count, [&list](int row) { return list.GetRowKey(row); });
+    FindAgain(
+        found, count, [&list](int row) { return list.GetRowKey(row); }, isOver);
     // Without an anchor the arrow keys would be dead: one whose row has gone stays near its place.
     const int nearest = std::min(marks.anchor.row, count - 1);
     list.SetLastSelect(found.anchor.row >= 0 ? found.anchor.row : nearest);

@@ -34,7 +34,8 @@ private:
 };
 
 RowMarks MarksOf(wxDBListCtrl& list);
-/// Has the list be as it was marked, as far as the rows are there. What was found; the list may be
-/// gone.
-RowMarks RestoreMarks(wxDBListCtrl& list, const RowMarks& marks);
+/// Has the list be as it was marked, as far as the rows are there and found before `isOver` says
+/// yes. What was found; the list may be gone.
+RowMarks RestoreMarks(wxDBListCtrl& list, const RowMarks& marks,
+                      const std::function<bool()>& isOver);
 } // namespace listviews

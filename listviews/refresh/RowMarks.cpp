@@ -1,11 +1,16 @@
 #include "listviews/refresh/RowMarks.h"
 
+#include <algorithm>
 #include <unordered_map>
 
 namespace listviews
 {
 namespace
 {
+constexpr int    kReach = 32;        // rows on either side of a place
+constexpr size_t kFewPlaces = 10000; // around which is looked so
+constexpr int    kFewRows = 64;      // between two questions whether it is over
+
 // The marks of one key that wait for rows, in the order in which they take them. A selected row
 // is one of its own; anchor, caret and the rows seen may be the same.
 struct Waiting
@@ -74,15 +79,59 @@ private:
     int          m_Count;
     WaitingByKey m_Waiting;
 };
+
+// Where the rows were, what is seen first.
+std::vector<int> PlacesOf(const RowMarks& marks)
+{
+    std::vector<int> places;
+    for (const RowMark& mark : marks.seen)
+    {
+        places.push_back(mark.row);
+    }
+    places.push_back(marks.anchor.row);
+    places.push_back(marks.caret.row);
+    for (const RowMark& mark : marks.selected)
+    {
+        places.push_back(mark.row);
+    }
+    return places;
+}
 } // namespace
 
-void FindAgain(RowMarks& marks, int count, const std::function<String(int row)>& keyOf)
+bool FindAgain(RowMarks& marks, int count, const std::function<String(int row)>& keyOf,
+               const std::function<bool()>& isOver)
 {
-    Finder finder(marks, count);
+    const std::vector<int> places = PlacesOf(marks);
+    const int              reach = places.size() > kFewPlaces ? 0 : kReach;
+    Finder                 finder(marks, count);
+    std::vector<bool>      isKnown(static_cast<size_t>(count));
+    int                    asked = 0;
+    const auto             goOn = [&](int row)
+    {
+        if (row >= 0 && row < count && !isKnown[static_cast<size_t>(row)])
+        {
+            isKnown[static_cast<size_t>(row)] = true;
+            finder.Take(keyOf(row), row);
+            return ++asked % kFewRows != 0 || !isOver();
+        }
+        return true;
+    };
+    for (int step = 0; step <= reach && !finder.IsDone(); ++step)
+    {
+        const auto askBeside = [&](int place) { return goOn(place - step) && goOn(place + step); };
+        if (!std::all_of(places.begin(), places.end(), askBeside))
+        {
+            return false;
+        }
+    }
     for (int row = 0; row < count && !finder.IsDone(); ++row)
     {
-        finder.Take(keyOf(row), row);
+        if (!goOn(row))
+        {
+            return false;
+        }
     }
+    return true;
 }
 
 long long ScrollAfter(const RowMarks& before, const RowMarks& found, int rowHeight)

@@ -25,9 +25,11 @@ struct RowMarks
 };
 
 /// Has the marks stand for the rows as they are now: `keyOf` is asked for each of the `count` rows
-/// once at most. Marks of rows that have gone have row -1. Of rows with the same key the first ones
-/// are taken.
-void FindAgain(RowMarks& marks, int count, const std::function<String(int row)>& keyOf);
+/// once at most, first around the places where marked rows were. Marks of rows that are not found
+/// have row -1. Of rows with the same key any are taken. `isOver` is asked now and then, and ends
+/// the search: false then.
+bool FindAgain(RowMarks& marks, int count, const std::function<String(int row)>& keyOf,
+               const std::function<bool()>& isOver);
 
 /// Where the view has to be scrolled to (pixels), so that the topmost of the rows seen that is
 /// still there is where it was.
