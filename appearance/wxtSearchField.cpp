@@ -2,6 +2,7 @@
 
 #include "appearance/ColorScheme.h"
 #include "appearance/inputs/InputColors.h"
+#include "appearance/inputs/ItemDrawing.h"
 #include "appearance/wxtStockControls.h"
 #include "internal/input/PadKey.h"
 #include "internal/port/Enabling.h"
@@ -79,14 +80,14 @@ private:
     }
     void Paint(wxPaintEvent&)
     {
-        wxPaintDC    dc(this);
-        const wxRect place = wxRect(0, 0, kCross, kCross).CentreIn(wxRect(GetClientSize()));
-        dc.SetPen(wxPen(wxtGetColor(m_Lit ? color_Text : color_TextGrey)));
+        wxPaintDC      dc(this);
+        const wxRect   place = wxRect(0, 0, kCross, kCross).CentreIn(wxRect(GetClientSize()));
+        const wxColour ink = wxtGetColor(m_Lit ? color_Text : color_TextGrey);
         for (int i = 0; i < kCross; ++i)
         {
             for (const int x : {i, kCross - 1 - i})
             {
-                dc.DrawLine(place.x + x, place.y + i, place.x + x + 2, place.y + i);
+                appearance::FillGround(dc, wxRect(place.x + x, place.y + i, 2, 1), ink);
             }
         }
     }
@@ -103,8 +104,8 @@ wxtSearchField::wxtSearchField(wxWindow* parent, wxWindowID id, const wxString& 
     m_Field = new _Field(this);
     m_Field->SetHint(hint);
     auto* const note = new wxtStaticText(this, wxID_ANY, wxEmptyString);
-    note->m_ForegroundName = color_TextGrey;
-    note->m_ForegroundOffset = 0;
+    note->m_ForegroundName = note->m_DisabledForegroundName = color_TextGrey;
+    note->m_ForegroundOffset = note->m_DisabledForegroundOffset = 0;
     note->RefreshColors();
     m_Note = note;
     m_Clear = new _ClearButton(this);
@@ -225,9 +226,8 @@ void wxtSearchField::Clear()
 void wxtSearchField::OnPaint(wxPaintEvent&)
 {
     wxPaintDC dc(this);
-    dc.SetPen(wxPen(wxtGetColor(m_Field->HasFocus() ? color_Selected : color_3DDark)));
-    dc.SetBrush(*wxTRANSPARENT_BRUSH);
-    dc.DrawRectangle(wxRect(GetClientSize()));
+    appearance::DrawFrame(dc, wxRect(GetClientSize()),
+                          wxtGetColor(m_Field->HasFocus() ? color_Selected : color_3DDark));
 }
 
 wxSize wxtSearchField::DoGetBestSize() const
