@@ -6,6 +6,7 @@
 #include "appearance/wxtStockControls.h"
 #include "internal/input/PadKey.h"
 #include "internal/port/Enabling.h"
+#include "internal/port/FieldStyle.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/dcclient.h>
@@ -52,6 +53,10 @@ public:
                  event.Skip();
                  appearance::ColourField(*this, false);
              });
+    }
+    bool SetHint(const wxString& hint) override
+    {
+        return internal::ShowHint(*this, hint) || wxTextCtrl::SetHint(hint);
     }
 };
 

@@ -5,6 +5,7 @@
 #include "appearance/wxtAutoCompleter.h"
 #include "internal/input/PadKey.h"
 #include "internal/port/Completions.h"
+#include "internal/port/FieldStyle.h"
 #include "internal/port/Scrollbars.h"
 #include "internal/windows/UpperFloors.h"
 #include "vesta/CallEntry.h"
@@ -75,6 +76,13 @@ wxtTextCtrl::wxtTextCtrl(wxWindow* parent, wxWindowID id, const wxString& value,
 wxtTextCtrl::~wxtTextCtrl()
 {
     AutoComplete(nullptr);
+}
+
+bool wxtTextCtrl::SetHint(const wxString& hint)
+{
+    CALL_ENTRY("wxtTextCtrl::SetHint");
+    m_Hint = hint;
+    return internal::ShowHint(*this, hint) || wxTextCtrl::SetHint(hint);
 }
 
 void wxtTextCtrl::DoMoveWindow(int x, int y, int width, int height)

@@ -21,6 +21,9 @@ public:
                 const wxString& name = wxASCII_STR(wxTextCtrlNameStr));
     ~wxtTextCtrl() override;
 
+    bool     SetHint(const wxString& hint) override;
+    wxString GetHint() const override { return m_Hint; }
+
 protected:
     void DoEnable(bool enabled) override;
     void DoMoveWindow(int x, int y, int width, int height) override;
@@ -31,5 +34,6 @@ private:
     void KeyForCompletions(wxKeyEvent& event);
     void LeaveCompletions(bool forward);
 
-    bool m_Choosing = false; ///< The user has moved into the list of completions.
+    wxString m_Hint;
+    bool     m_Choosing = false; ///< The user has moved into the list of completions.
 };

@@ -84,19 +84,33 @@ void StyleField(wxWindow& field, const FieldColours& colours)
         g_signal_connect(widget, "notify::completion", G_CALLBACK(StyleCompletions), nullptr);
     }
 }
+
+bool ShowHint(wxWindow&, const wxString&)
+{
+    return false;
+}
 #else
 namespace
 {
-// Under which a field keeps the colours of its list of completions.
+// Under which a field keeps the colours of its hint and of its list of completions.
 const char* const kColours = "tolvan-field-colours";
 
-struct ListColours
+// Under which it keeps its hint, as UTF-8.
+const char* const kHint = "tolvan-field-hint";
+
+struct KeptColours
 {
     wxColour ink;
     wxColour ground;
+    wxColour hint;
     wxColour selectedInk;
     wxColour selectedGround;
 };
+
+const KeptColours& ColoursOf(GtkWidget* field)
+{
+    return *static_cast<const KeptColours*>(g_object_get_data(G_OBJECT(field), kColours));
+}
 
 // Null for the theme's own.
 const GdkColor* ColourOf(const wxColour& colour)
@@ -112,8 +126,7 @@ void StyleCompletions(GtkWidget* field)
     {
         return;
     }
-    const auto& colours =
-        *static_cast<const ListColours*>(g_object_get_data(G_OBJECT(field), kColours));
+    const KeptColours& colours = ColoursOf(field);
     for (const GtkStateType state : {GTK_STATE_NORMAL, GTK_STATE_SELECTED, GTK_STATE_ACTIVE})
     {
         const bool isNormal = state == GTK_STATE_NORMAL;
@@ -121,6 +134,33 @@ void StyleCompletions(GtkWidget* field)
         gtk_widget_modify_base(list, state,
                                ColourOf(isNormal ? colours.ground : colours.selectedGround));
     }
+}
+
+// What is being composed counts as text.
+bool HoldsText(GtkEntry* entry)
+{
+    return *pango_layout_get_text(gtk_entry_get_layout(entry)) != '\0';
+}
+
+// After the port has drawn the field: where its text would begin.
+gboolean DrawHint(GtkWidget* field, const GdkEventExpose* event, void*)
+{
+    auto* const entry = GTK_ENTRY(field);
+    GdkWindow*  area = gtk_entry_get_text_window(entry);
+    if (event->window != area || HoldsText(entry))
+    {
+        return FALSE;
+    }
+    wxPoint inField, ofArea;
+    gtk_entry_get_layout_offsets(entry, &inField.x, &inField.y);
+    gdk_window_get_position(area, &ofArea.x, &ofArea.y);
+    const wxPoint      place = inField - ofArea;
+    const auto*        hint = static_cast<const char*>(g_object_get_data(G_OBJECT(field), kHint));
+    PangoLayout* const layout = gtk_widget_create_pango_layout(field, hint);
+    gdk_draw_layout_with_colors(area, gtk_widget_get_style(field)->text_gc[GTK_STATE_NORMAL],
+                                place.x, place.y, layout, ColourOf(ColoursOf(field).hint), nullptr);
+    g_object_unref(layout);
+    return FALSE; // whoever else draws may go on
 }
 } // namespace
 
@@ -133,15 +173,32 @@ void StyleField(wxWindow& field, const FieldColours& colours)
         return;
     }
     const bool isNew = !g_object_get_data(G_OBJECT(widget), kColours);
-    g_object_set_data_full(
-        G_OBJECT(widget), kColours,
-        new ListColours{colours.ink, colours.ground, colours.selectedInk, colours.selectedGround},
-        [](void* kept) { delete static_cast<ListColours*>(kept); });
+    g_object_set_data_full(G_OBJECT(widget), kColours,
+                           new KeptColours{colours.ink, colours.ground, colours.hint,
+                                           colours.selectedInk, colours.selectedGround},
+                           [](void* kept) { delete static_cast<KeptColours*>(kept); });
+    gtk_widget_queue_draw(widget); // the hint
     StyleCompletions(widget);
     if (isNew)
     {
         g_signal_connect(widget, "notify::completion", G_CALLBACK(StyleCompletions), nullptr);
     }
+}
+
+bool ShowHint(wxWindow& field, const wxString& hint)
+{
+    GtkWidget* const widget = field.GetHandle();
+    if (!GTK_IS_ENTRY(widget))
+    {
+        return false;
+    }
+    if (!g_object_get_data(G_OBJECT(widget), kHint))
+    {
+        g_signal_connect_after(widget, "expose-event", G_CALLBACK(DrawHint), nullptr);
+    }
+    g_object_set_data_full(G_OBJECT(widget), kHint, g_strdup(hint.utf8_str()), g_free);
+    gtk_widget_queue_draw(widget);
+    return true;
 }
 #endif
 } // namespace internal

@@ -1,6 +1,7 @@
 #pragma once
 
 class wxColour;
+class wxString;
 class wxWindow;
 
 namespace internal
@@ -21,4 +22,9 @@ struct FieldColours
 /// colours in every state. The GTK 2 port has no style sheets: there the field keeps the looks that
 /// the toolkit gives it, and the list gets the colours.
 void StyleField(wxWindow& field, const FieldColours& colours);
+
+/// Shows the hint in the field, which has been styled, as long as nothing is in it. False where the
+/// toolkit has to do that: for GTK 2 it would make the hint the field's text, in a colour of its
+/// own that the scheme does not know.
+bool ShowHint(wxWindow& field, const wxString& hint);
 } // namespace internal

@@ -1,6 +1,7 @@
 #include "appearance/wxtCheckListBox.h"
 #include "appearance/wxtChoice.h"
 #include "appearance/wxtGenericValidator.h"
+#include "appearance/wxtSearchField.h"
 #include "appearance/wxtTextCtrl.h"
 #include "internal/port/Completions.h"
 #include "tests/appearance/PanelTest.h"
@@ -106,6 +107,10 @@ TEST_F(InputsTest, EveryStateHasTheColoursOfTheScheme)
         new wxtTextCtrl(m_Panel, wxID_ANY, "", wxPoint(10, 180), size),
     };
     controls.back()->Disable();
+    const wxString block(L"\u2588\u2588"); // its colour is the ink's, whatever the font
+    auto* const    search = new wxtSearchField(m_Panel, wxID_ANY, block, wxPoint(10, 210), size);
+    auto* const    field = new wxtTextCtrl(m_Panel, wxID_ANY, "", wxPoint(10, 240), size);
+    field->SetHint(block);
     Focus(choice);
     for (const int scheme : {scheme_Dark, scheme_Lighter})
     {
@@ -120,6 +125,13 @@ TEST_F(InputsTest, EveryStateHasTheColoursOfTheScheme)
         const wxImage picture = PictureOf(choice);
         EXPECT_EQ(wxtGetColor(color_ButtonFace), PixelAt(picture, 198, 2)) << scheme;
         EXPECT_EQ(wxtGetColor(color_Selected), PixelAt(picture, 0, 12)) << "the focus's frame";
+        for (wxTextCtrl* const hinted : {search->GetField(), static_cast<wxTextCtrl*>(field)})
+        {
+            const wxColour ink = wxtGetColor(color_TextGrey);
+            EXPECT_TRUE(WaitFor([&] { return PixelAt(PictureOf(hinted), 9, 11) == ink; }))
+                << scheme << Kept(PictureOf(hinted), "hint");
+            EXPECT_TRUE(hinted->IsEmpty()) << "the hint is no text";
+        }
     }
 }
 

@@ -86,7 +86,7 @@ TEST_F(TextFitTest, FewMeasurementsAndThePainterGiveTheSameAsOneForEachStep)
             const listviews::Fitted fitted = listviews::FitMeasured(text, room, counted);
             ASSERT_EQ(expected.text, fitted.text);
             ASSERT_EQ(expected.width, fitted.width);
-            EXPECT_LE(asked, 20);
+            EXPECT_LE(asked, 25);
             int          width = room;
             const String bytes(wxString(text).utf8_str().data());
             EXPECT_EQ(wxString(expected.text),
