@@ -10,7 +10,8 @@
 
 namespace
 {
-constexpr int kBorder = 10; // pixels
+constexpr int kBorder = 10;    // pixels
+constexpr int kUnderTitle = 3; // pixels; all sections fit a screen of 1024
 constexpr int kColumns = 2;
 
 const struct
@@ -46,6 +47,7 @@ GalleryFrame::GalleryFrame() : wxTolvanFrame("Tolvan Gallery")
     auto* const whole = new wxBoxSizer(wxVERTICAL);
     whole->Add(panel, 1, wxEXPAND);
     SetSizerAndFit(whole);
+    whole->SetSizeHints(this); // the search bar takes a second row at that width
     m_Built = true;
 }
 
@@ -63,7 +65,7 @@ wxSizer* GalleryFrame::BuildSections(wxWindow* parent)
         title->SetFont(title->GetFont().Bold());
         title->m_ForegroundName = color_TextGrey;
         title->RefreshColors();
-        sizer->Add(title, 0, wxBOTTOM, kBorder);
+        sizer->Add(title, 0, wxBOTTOM, kUnderTitle);
         section.add(parent, sizer);
         grid->Add(sizer, 1, wxEXPAND);
     }

@@ -437,7 +437,13 @@ bool HandsTest::DoWord(wxWindow* control, const std::string& word)
         return true;
     }
     const std::map<std::string, std::function<void()>> deeds = {
-        {"leave", [&] { MoveTo(m_Frame->GetScreenPosition() + wxPoint(4, 60)); }},
+        // A motion out of a window may be no more than a crossing; a hand's is not the last one.
+        {"leave",
+         [&]
+         {
+             MoveTo(m_Frame->GetScreenPosition() + wxPoint(4, 61));
+             MoveTo(m_Frame->GetScreenPosition() + wxPoint(4, 60));
+         }},
         {"right", [&] { m_MouseButton = 3; }},
         {"press", [&] { Button(m_MouseButton, true); }},
         {"release",
