@@ -92,7 +92,8 @@ bool ShowHint(wxWindow&, const wxString&)
 #else
 namespace
 {
-// Under which a field keeps the colours of its hint and of its list of completions.
+// Under which a field keeps the colours of its hint and of its list of completions, and the list
+// that it has them.
 const char* const kColours = "tolvan-field-colours";
 
 // Under which it keeps its hint, as UTF-8.
@@ -118,7 +119,6 @@ const GdkColor* ColourOf(const wxColour& colour)
     return colour.IsOk() ? colour.GetColor() : nullptr;
 }
 
-// Called when the colours change, and when the field gets completions, or others than before.
 void StyleCompletions(GtkWidget* field)
 {
     GtkWidget* const list = CompletionsOf(field);
@@ -126,6 +126,7 @@ void StyleCompletions(GtkWidget* field)
     {
         return;
     }
+    g_object_set_data(G_OBJECT(list), kColours, list);
     const KeptColours& colours = ColoursOf(field);
     for (const GtkStateType state : {GTK_STATE_NORMAL, GTK_STATE_SELECTED, GTK_STATE_ACTIVE})
     {
@@ -133,6 +134,16 @@ void StyleCompletions(GtkWidget* field)
         gtk_widget_modify_text(list, state, ColourOf(isNormal ? colours.ink : colours.selectedInk));
         gtk_widget_modify_base(list, state,
                                ColourOf(isNormal ? colours.ground : colours.selectedGround));
+    }
+}
+
+// Called when something is typed: nobody tells that a field has got completions, or others.
+void StyleNewCompletions(GtkWidget* field)
+{
+    GtkWidget* const list = CompletionsOf(field);
+    if (list && !g_object_get_data(G_OBJECT(list), kColours))
+    {
+        StyleCompletions(field);
     }
 }
 
@@ -181,7 +192,7 @@ void StyleField(wxWindow& field, const FieldColours& colours)
     StyleCompletions(widget);
     if (isNew)
     {
-        g_signal_connect(widget, "notify::completion", G_CALLBACK(StyleCompletions), nullptr);
+        g_signal_connect(widget, "changed", G_CALLBACK(StyleNewCompletions), nullptr);
     }
 }
 

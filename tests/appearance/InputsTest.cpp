@@ -54,9 +54,12 @@ TEST_F(InputsTest, OpenListsFollowTheScheme)
     {
         // In the second item.
         const wxPoint at = control->ClientToScreen(wxPoint(150, control->GetSize().y * 5 / 2));
-        for (const int scheme : {scheme_Dark, scheme_Light})
+        for (const int scheme : {g_Scheme, int(scheme_Dark), int(scheme_Light)})
         {
-            UseColors(scheme, Frame());
+            if (scheme != g_Scheme)
+            {
+                UseColors(scheme, Frame());
+            }
             const wxColour ground = wxtGetColor(color_WindowBGLighter);
             EXPECT_TRUE(WaitFor([&] { return PixelAt(PictureOfScreen(), at.x, at.y) == ground; }))
                 << control->GetName() << scheme << Kept(PictureOfScreen(), "list");
