@@ -49,8 +49,7 @@ protected:
 
 TEST_F(InputsTest, OpenListsFollowTheScheme)
 {
-    auto* const field = new wxtTextCtrl(m_Panel, wxID_ANY, "", wxPoint(10, 60), wxSize(200, -1));
-    const auto  expectGround = [&](const wxWindow* control)
+    const auto expectGround = [&](const wxWindow* control)
     {
         // In the second item.
         const wxPoint at = control->ClientToScreen(wxPoint(150, control->GetSize().y * 5 / 2));
@@ -72,6 +71,7 @@ TEST_F(InputsTest, OpenListsFollowTheScheme)
     expectGround(choice);
     Press(WXK_ESCAPE);
     EXPECT_TRUE(WaitFor([=] { return !choice->IsPopupShown(); }));
+    auto* const field = new wxtTextCtrl(m_Panel, wxID_ANY, "", wxPoint(10, 60), wxSize(200, -1));
     Focus(field);
     ASSERT_TRUE(Completes());
     expectGround(field);
