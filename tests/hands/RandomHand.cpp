@@ -220,6 +220,10 @@ std::string RandomHand::Play(int seconds)
         if (fault.empty() && m_Patient.HasEnded()) // its menus lead there too
         {
             fault = m_Patient.Fault();
+            if (!fault.empty())
+            {
+                break; // with what it said
+            }
             Note("start");
             m_Patient.Start();
         }
