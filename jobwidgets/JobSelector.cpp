@@ -172,7 +172,7 @@ void JobSelector::TakeJobs()
     const auto start = Clock::now();
     if (!m_Wanted)
     {
-        m_Wanted = GetSelection();
+        m_Wanted = SelectedJobs();
     }
     m_Closed->Note(*m_Tree);
     m_Model->Show(m_Jobs, m_Grouping, m_Recent->InOrder());
@@ -190,7 +190,7 @@ void JobSelector::SetGrouping(Grouping grouping)
         return;
     }
     KeepClosedGroups();
-    m_Wanted = GetSelection();
+    m_Wanted = SelectedJobs();
     m_Grouping = grouping;
     Keep(kGrouping, jobwidgets::NameOf(grouping));
     ShowGrouping();

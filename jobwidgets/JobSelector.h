@@ -9,8 +9,11 @@
 #include <wx/event.h>
 #include <wx/timer.h>
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace jobwidgets
@@ -85,8 +88,13 @@ private:
 
     /// @name Selection
     /// @{
+    using Jobs = std::vector<JobSet::Facts>;
+
+    void VisitSelected(const std::function<void(const JobSet::Facts&)>& visit) const;
+    void VisitInTree(const std::function<void(const JobSet::Facts&)>& visit) const;
+    Jobs SelectedJobs() const;
     void SelectWanted();
-    int  SelectRowsOf(const std::vector<UID>& jobs);
+    int  SelectRowsOf(const std::vector<int64_t>& jobs);
     void OnSelect(wxListEvent& event);
     void SelectionChanged();
     void TellSelection();
@@ -113,13 +121,13 @@ private:
     wxtChoice*                                m_Choice = nullptr;
     jobwidgets::JobTree*                      m_Tree = nullptr;
     wxtStaticText*                            m_Note = nullptr;
-    int              m_Gather;                ///< Milliseconds in which changes are gathered.
-    wxTimer          m_Timer;                 ///< Until changes are shown.
-    bool             m_IsOld = false;         ///< Jobs have come, gone or moved.
-    bool             m_IsFresh = false;       ///< Another grouping, whose groups are to be opened.
-    bool             m_IsToBeShown = false;   ///< What is wanted, even where a filter hides it.
-    bool             m_IsSelecting = false;   ///< By the control itself.
-    bool             m_IsToBeTold = false;    ///< That another selection is there.
-    std::vector<UID> m_Told;                  ///< Selected when it was told last, in any order.
-    std::optional<std::vector<UID>> m_Wanted; ///< To be selected when the tree is made.
+    int     m_Gather;              ///< Milliseconds in which changes are gathered.
+    wxTimer m_Timer;               ///< Until changes are shown.
+    bool    m_IsOld = false;       ///< Jobs have come, gone or moved.
+    bool    m_IsFresh = false;     ///< Another grouping, whose groups are to be opened.
+    bool    m_IsToBeShown = false; ///< What is wanted, even where a filter hides it.
+    bool    m_IsSelecting = false; ///< By the control itself.
+    bool    m_IsToBeTold = false;  ///< That another selection is there.
+    std::vector<std::pair<int64_t, UID>> m_Told;   ///< Selected when it was told last; sorted.
+    std::optional<Jobs>                  m_Wanted; ///< To be selected when the tree is made.
 };

@@ -25,11 +25,34 @@ namespace
 {
 constexpr int kFarthestFirst = 1000; // rows among which the first job is looked for
 
-std::vector<UID> Sorted(std::vector<UID> jobs)
+using Known = std::pair<int64_t, UID>; // a job's number and identifier
+
+// By their numbers: to compare identifiers takes longer.
+template <class Visit> std::vector<Known> Sorted(const Visit& visitJobs)
 {
-    std::sort(jobs.begin(), jobs.end());
-    jobs.erase(std::unique(jobs.begin(), jobs.end()), jobs.end());
-    return jobs;
+    std::vector<Known> known;
+    visitJobs([&known](const JobSet::Facts& job) { known.emplace_back(job->number, job->id); });
+    std::sort(known.begin(), known.end());
+    known.erase(std::unique(known.begin(), known.end()), known.end());
+    return known;
+}
+
+// A job that has gone and is there again has another number.
+bool AreSame(const std::vector<Known>& left, const std::vector<Known>& right)
+{
+    if (left == right || left.size() != right.size())
+    {
+        return left.size() == right.size();
+    }
+    const auto sortedIds = [](const std::vector<Known>& jobs)
+    {
+        std::vector<UID> ids;
+        std::transform(jobs.begin(), jobs.end(), std::back_inserter(ids),
+                       [](const Known& job) { return job.second; });
+        std::sort(ids.begin(), ids.end());
+        return ids;
+    };
+    return sortedIds(left) == sortedIds(right);
 }
 } // namespace
 
@@ -37,36 +60,58 @@ std::vector<UID> JobSelector::GetSelection() const
 {
     CALL_ENTRY("JobSelector::GetSelection");
     std::vector<UID> selected;
-    if (m_Wanted)
+    VisitSelected([&selected](const JobSet::Facts& job) { selected.push_back(job->id); });
+    return selected;
+}
+
+JobSelector::Jobs JobSelector::SelectedJobs() const
+{
+    Jobs selected;
+    VisitSelected([&selected](const JobSet::Facts& job) { selected.push_back(job); });
+    return selected;
+}
+
+// Those that the tree shows as selected, or is going to.
+void JobSelector::VisitSelected(const std::function<void(const JobSet::Facts&)>& visit) const
+{
+    if (!m_Wanted)
     {
-        std::copy_if(m_Wanted->begin(), m_Wanted->end(), std::back_inserter(selected),
-                     [this](const UID& job) { return m_Jobs.Find(job) != nullptr; });
-        return selected;
+        VisitInTree(visit);
+        return;
     }
-    if (!m_Tree->FinishSelecting())
+    for (const JobSet::Facts& job : *m_Wanted)
     {
-        return selected;
-    }
-    std::set<UID> recent; // few: these may be there twice
-    for (const wxDBTreeNode node : m_Tree->GetSelectedNodes())
-    {
-        const JobFacts* const job = m_Model->JobOf(node);
-        const bool            isRecent = jobwidgets::JobTreeModel::IsRecent(node);
-        if (job && !job->isGone &&
-            (isRecent ? recent.insert(job->id).second : recent.count(job->id) == 0))
+        const JobSet::Facts again = job->isGone ? m_Jobs.Find(job->id) : nullptr;
+        if (again || !job->isGone)
         {
-            selected.push_back(job->id);
+            visit(again ? again : job);
         }
     }
-    return selected;
+}
+
+void JobSelector::VisitInTree(const std::function<void(const JobSet::Facts&)>& visit) const
+{
+    if (!m_Tree->FinishSelecting())
+    {
+        return;
+    }
+    std::set<int64_t> recent; // few: these may be there twice
+    for (const wxDBTreeNode node : m_Tree->GetSelectedNodes())
+    {
+        const JobSet::Facts* const job = m_Model->FactsOf(node);
+        const bool                 isRecent = jobwidgets::JobTreeModel::IsRecent(node);
+        if (job && !(*job)->isGone &&
+            (isRecent ? recent.insert((*job)->number).second : recent.count((*job)->number) == 0))
+        {
+            visit(*job);
+        }
+    }
 }
 
 void JobSelector::SetSelection(const std::vector<UID>& jobs)
 {
     CALL_ENTRY("JobSelector::SetSelection");
-    std::vector<UID> wanted;
-    std::copy_if(jobs.begin(), jobs.end(), std::back_inserter(wanted),
-                 [this](const UID& job) { return m_Jobs.Find(job) != nullptr; });
+    Jobs wanted = m_Jobs.Find(jobs);
     if (m_IsSingle && !wanted.empty())
     {
         wanted.resize(1);
@@ -90,27 +135,33 @@ void JobSelector::SetSelection(const std::vector<UID>& jobs)
 // What the tree has not kept selected by itself, because it is in another place now.
 void JobSelector::SelectWanted()
 {
-    const std::vector<UID> wanted = Sorted(*m_Wanted);
+    const auto inTree = [this](const auto& visit) { VisitInTree(visit); };
+    Jobs       jobs = SelectedJobs();
     m_Wanted.reset();
-    const std::vector<UID> kept = Sorted(GetSelection());
-    std::vector<UID>       missing;
+    const std::vector<Known> wanted =
+        Sorted([&jobs](const auto& visit) { std::for_each(jobs.begin(), jobs.end(), visit); });
+    const std::vector<Known> kept = Sorted(inTree);
+    std::vector<Known>       missing;
     std::set_difference(wanted.begin(), wanted.end(), kept.begin(), kept.end(),
                         std::back_inserter(missing));
-    const int first = missing.empty() ? -1 : SelectRowsOf(missing);
+    std::vector<int64_t> numbers;
+    std::transform(missing.begin(), missing.end(), std::back_inserter(numbers),
+                   [](const Known& job) { return job.first; });
+    const int first = missing.empty() ? -1 : SelectRowsOf(numbers);
     if (std::exchange(m_IsToBeShown, false) && !missing.empty())
     {
         m_Tree->EnsureVisible(first);
-        if (!m_Field->GetValue().empty() && Sorted(GetSelection()) != wanted)
+        if (!m_Field->GetValue().empty() && Sorted(inTree) != wanted)
         {
-            m_Wanted = wanted;
+            m_Wanted = std::move(jobs);
             m_Field->ChangeValue(wxString());
             m_Tree->SetFilterText(String());
         }
     }
 }
 
-// The first row of theirs, or -1. `jobs`: in ascending order.
-int JobSelector::SelectRowsOf(const std::vector<UID>& jobs)
+// The first row of theirs, or -1. `jobs`: their numbers, in ascending order.
+int JobSelector::SelectRowsOf(const std::vector<int64_t>& jobs)
 {
     for (const wxDBTreeNode group : m_Model->GroupsWith(jobs))
     {
@@ -120,10 +171,8 @@ int JobSelector::SelectRowsOf(const std::vector<UID>& jobs)
     m_IsSelecting = true;
     for (int row = 0; row < m_Tree->GetItemCount(); ++row)
     {
-        const wxDBTreeNode    node = m_Tree->NodeAt(row);
-        const JobFacts* const job = m_Model->JobOf(node);
-        if (job && !jobwidgets::JobTreeModel::IsRecent(node) &&
-            std::binary_search(jobs.begin(), jobs.end(), job->id))
+        const int64_t number = jobwidgets::JobTreeModel::NumberOf(m_Tree->NodeAt(row));
+        if (number > 0 && std::binary_search(jobs.begin(), jobs.end(), number))
         {
             m_Tree->GetBody()->SendListEvent(wxEVT_LIST_ITEM_SELECTED, wxPoint(0, 0), 0, row);
             first = first < 0 ? row : first;
@@ -168,11 +217,12 @@ void JobSelector::TellSelection()
     {
         return; // there is more to come
     }
-    std::vector<UID> selected = Sorted(GetSelection());
+    std::vector<Known> selected = Sorted([this](const auto& visit) { VisitSelected(visit); });
     ShowNote(selected.size());
-    if (selected != m_Told)
+    const bool isOther = !AreSame(selected, m_Told);
+    m_Told = std::move(selected);
+    if (isOther)
     {
-        m_Told = std::move(selected);
         Tell(wxtEVT_JOB_SELECTION);
     }
 }

@@ -8,6 +8,7 @@
 #include "vesta/Log.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -109,6 +110,36 @@ JobSet::Facts JobSet::Find(const UID& id) const
 {
     const auto found = m_Jobs.find(id);
     return found == m_Jobs.end() ? nullptr : found->second;
+}
+
+// Many are looked for in the order in which they came, or the other way round: to look up each
+// would take its time.
+std::vector<JobSet::Facts> JobSet::Find(const std::vector<UID>& ids) const
+{
+    CALL_ENTRY("JobSet::Find");
+    const std::vector<Facts>& order = InOrder();
+    std::vector<Facts>        found;
+    found.reserve(ids.size());
+    size_t     at = 0;
+    const auto is = [&](size_t place, const UID& id)
+    { return place < order.size() && order[place]->id == id; };
+    for (const UID& id : ids)
+    {
+        if (is(at + 1, id) || is(at - 1, id))
+        {
+            at = is(at + 1, id) ? at + 1 : at - 1;
+            found.push_back(order[at]);
+        }
+        else if (Facts facts = Find(id))
+        {
+            const auto place = std::lower_bound(order.begin(), order.end(), facts->number,
+                                                [](const Facts& job, int64_t number)
+                                                { return job->number < number; });
+            at = static_cast<size_t>(place - order.begin());
+            found.push_back(std::move(facts));
+        }
+    }
+    return found;
 }
 
 // Those that have gone are left out all at once: one by one, many would take their time.

@@ -50,8 +50,10 @@ public:
     void Remove(const UID& id); ///< Nothing happens when it is not there.
     void Clear();
 
-    Facts  Find(const UID& id) const; ///< Null when there is none.
-    size_t GetCount() const { return m_Jobs.size(); }
+    Facts Find(const UID& id) const; ///< Null when there is none.
+    /// Those of the jobs that are there, in the order of the identifiers.
+    std::vector<Facts> Find(const std::vector<UID>& ids) const;
+    size_t             GetCount() const { return m_Jobs.size(); }
     /// As they came. Valid until one is removed.
     const std::vector<Facts>& InOrder() const;
 

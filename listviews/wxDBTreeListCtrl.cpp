@@ -283,9 +283,12 @@ std::vector<wxDBTreeNode> wxDBTreeListCtrl::GetSelectedNodes()
 {
     CALL_ENTRY("wxDBTreeListCtrl::GetSelectedNodes");
     std::vector<wxDBTreeNode> nodes;
-    for (const int row : GetSelection())
+    if (m_Tree->model)
     {
-        nodes.push_back(NodeAt(row));
+        for (const TreePlace& place : m_Tree->shown->SelectedPlaces())
+        {
+            nodes.push_back(listviews::ChildAt(*m_Tree->model, place));
+        }
     }
     return nodes;
 }

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <tuple>
 #include <unordered_map>
 
 namespace jobwidgets
@@ -69,15 +70,20 @@ std::vector<JobGroup> GroupJobs(const std::vector<JobSet::Facts>& jobs, JobGroup
         groups.emplace_back().jobs.reserve(jobs.size());
         places.emplace(String(), 0);
     }
+    auto last = places.begin(); // neighbours are often of one kind
     for (auto job = jobs.rbegin(); job != jobs.rend(); ++job)
     {
         const String& title = TitleOf(**job, grouping);
-        const auto [place, isNew] = places.try_emplace(title, groups.size());
-        if (isNew)
+        if (last == places.end() || last->first != title)
         {
-            groups.push_back({title, {}});
+            bool isNew = false;
+            std::tie(last, isNew) = places.try_emplace(title, groups.size());
+            if (isNew)
+            {
+                groups.push_back({title, {}});
+            }
         }
-        groups[place->second].jobs.push_back(job->get());
+        groups[last->second].jobs.push_back(job->get());
     }
     const auto rank = [grouping](const JobGroup& group)
     { return grouping == JobGrouping::kState ? RankOf(group.title) : 0; };

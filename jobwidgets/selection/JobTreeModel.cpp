@@ -36,6 +36,12 @@ Kind KindOf(wxDBTreeNode node)
 void JobTreeModel::Show(const JobSet& jobs, JobGrouping grouping, const std::vector<UID>& recent)
 {
     m_Jobs = jobs.InOrder();
+    m_Numbers.clear();
+    m_Numbers.reserve(m_Jobs.size());
+    for (const JobSet::Facts& job : m_Jobs)
+    {
+        m_Numbers.push_back(job->number);
+    }
     m_Groups.clear();
     m_Ungrouped = {};
     const Nodes before = std::exchange(m_Nodes, {});
@@ -84,17 +90,32 @@ const JobTreeModel::Group* JobTreeModel::GroupOf(wxDBTreeNode node) const
     return found == m_Groups.end() ? nullptr : &*found;
 }
 
+// Of a job; behind the last one for a group, and for a job that has gone.
+size_t JobTreeModel::PlaceOf(wxDBTreeNode node) const
+{
+    const int64_t number = node >> kKindBits;
+    if (node == k_Root || KindOf(node) == kGroup || m_Numbers.empty() || number < m_Numbers.front())
+    {
+        return m_Jobs.size();
+    }
+    // Numbers are missing where jobs have gone: it can't be farther than that.
+    const auto   count = static_cast<int64_t>(m_Numbers.size());
+    const auto   last = m_Numbers.begin() + std::min(number - m_Numbers.front(), count - 1);
+    const auto   found = *last == number ? last : std::lower_bound(m_Numbers.begin(), last, number);
+    const size_t place = static_cast<size_t>(found - m_Numbers.begin());
+    return *found == number ? place : m_Jobs.size();
+}
+
 const JobFacts* JobTreeModel::JobOf(wxDBTreeNode node) const
 {
-    if (node == k_Root || KindOf(node) == kGroup)
-    {
-        return nullptr;
-    }
-    const int64_t number = node >> kKindBits;
-    const auto    found = std::lower_bound(m_Jobs.begin(), m_Jobs.end(), number,
-                                           [](const JobSet::Facts& job, int64_t wanted)
-                                           { return job->number < wanted; });
-    return found != m_Jobs.end() && (*found)->number == number ? found->get() : nullptr;
+    const size_t place = PlaceOf(node);
+    return place < m_Jobs.size() ? m_Jobs[place].get() : nullptr;
+}
+
+const JobSet::Facts* JobTreeModel::FactsOf(wxDBTreeNode node) const
+{
+    const size_t place = PlaceOf(node);
+    return place < m_Jobs.size() ? &m_Jobs[place] : nullptr;
 }
 
 size_t JobTreeModel::CountIn(wxDBTreeNode node) const
@@ -108,7 +129,7 @@ bool JobTreeModel::IsRecentGroup(wxDBTreeNode node) const
     return !m_Groups.empty() && node == m_Groups.front().node && m_Groups.front().key == kRecentKey;
 }
 
-std::vector<wxDBTreeNode> JobTreeModel::GroupsWith(const std::vector<UID>& jobs) const
+std::vector<wxDBTreeNode> JobTreeModel::GroupsWith(const std::vector<int64_t>& jobs) const
 {
     std::vector<wxDBTreeNode> nodes;
     for (const Group& group : m_Groups)
@@ -117,12 +138,17 @@ std::vector<wxDBTreeNode> JobTreeModel::GroupsWith(const std::vector<UID>& jobs)
         if (group.key != kRecentKey &&
             std::any_of(content.begin(), content.end(),
                         [&jobs](const JobFacts* job)
-                        { return std::binary_search(jobs.begin(), jobs.end(), job->id); }))
+                        { return std::binary_search(jobs.begin(), jobs.end(), job->number); }))
         {
             nodes.push_back(group.node);
         }
     }
     return nodes;
+}
+
+int64_t JobTreeModel::NumberOf(wxDBTreeNode node)
+{
+    return KindOf(node) == kJob ? node >> kKindBits : 0;
 }
 
 bool JobTreeModel::IsRecent(wxDBTreeNode node)
@@ -182,13 +208,10 @@ String JobTreeModel::_Text(wxDBTreeNode node, int column)
     }
 }
 
+// Jobs are known by their numbers: a hundred thousand texts would take their time.
 String JobTreeModel::_Key(wxDBTreeNode node)
 {
-    if (const JobFacts* const job = JobOf(node))
-    {
-        return job->id.ToString();
-    }
-    const Group* const group = GroupOf(node);
+    const Group* const group = KindOf(node) == kGroup ? GroupOf(node) : nullptr;
     return group ? group->key : String();
 }
 

@@ -25,11 +25,15 @@ public:
     /// and in which group, only with the next call.
     void Show(const JobSet& jobs, JobGrouping grouping, const std::vector<UID>& recent);
 
-    const JobFacts* JobOf(wxDBTreeNode node) const;   ///< Null for a group, and for none.
-    size_t          CountIn(wxDBTreeNode node) const; ///< Jobs, of a group.
-    /// The groups in which these jobs are, which stand in ascending order.
-    std::vector<wxDBTreeNode> GroupsWith(const std::vector<UID>& jobs) const;
-    static bool               IsRecent(wxDBTreeNode node); ///< A job as one of those picked lately.
+    const JobFacts* JobOf(wxDBTreeNode node) const; ///< Null for a group, and for none.
+    /// The same, to be kept; until the next `Show`.
+    const JobSet::Facts* FactsOf(wxDBTreeNode node) const;
+    size_t               CountIn(wxDBTreeNode node) const; ///< Jobs, of a group.
+    /// The groups in which these jobs are: their numbers, in ascending order.
+    std::vector<wxDBTreeNode> GroupsWith(const std::vector<int64_t>& jobs) const;
+    /// The number of a job; of a group, and of one of those picked lately, 0.
+    static int64_t NumberOf(wxDBTreeNode node);
+    static bool    IsRecent(wxDBTreeNode node); ///< A job as one of those picked lately.
 
     long long             _ChildCount(wxDBTreeNode node) override;
     wxDBTreeNode          _Child(wxDBTreeNode node, long long index) override;
@@ -51,10 +55,12 @@ private:
     using Nodes = std::map<String, wxDBTreeNode>;
 
     bool         IsRecentGroup(wxDBTreeNode node) const;
+    size_t       PlaceOf(wxDBTreeNode node) const;
     void         Add(const String& key, JobGroup content, const Nodes& before);
     const Group* GroupOf(wxDBTreeNode node) const;
 
     std::vector<JobSet::Facts> m_Jobs; ///< In the order of their numbers.
+    std::vector<int64_t>       m_Numbers;
     std::vector<Group>         m_Groups;
     JobGroup                   m_Ungrouped; ///< Those that are in no group.
     Nodes                      m_Nodes;     ///< Of the groups, by their keys.

@@ -10,6 +10,8 @@ namespace listviews
 namespace
 {
 constexpr int kFarthest = 100000;      // children on either side that are asked for their keys
+constexpr int kNear = 100;             // places to either side that one is looked for at first
+constexpr int kMostTries = 8;          // of that
 constexpr int kMostLookedAt = 1000000; // children
 
 class _Search
@@ -40,6 +42,57 @@ private:
     wxDBTreeNode                                    m_Parent;
     int                                             m_Count;
     std::unordered_multimap<uint64_t, WantedChild*> m_Wanted;
+};
+// A child that has come or gone moves all those behind it by one place: where one is found, the
+// next is not far.
+class _Neighbours
+{
+public:
+    _Neighbours(wxDBTreeModel& model, wxDBTreeNode parent, int count)
+        : m_Model(model), m_Parent(parent), m_Count(count)
+    {
+    }
+
+    bool Find(WantedChild& child)
+    {
+        for (const int shift : {m_Shift, m_Shift + 1, m_Shift - 1})
+        {
+            if (Is(child, shift))
+            {
+                return true;
+            }
+        }
+        bool isFound = false;
+        if (m_Tries > 0)
+        {
+            --m_Tries;
+            for (int step = 2; step <= kNear && !isFound; ++step)
+            {
+                isFound = Is(child, m_Shift + step) || Is(child, m_Shift - step);
+            }
+        }
+        return isFound;
+    }
+
+private:
+    bool Is(WantedChild& child, int shift)
+    {
+        const long long index = static_cast<long long>(child.index) + shift;
+        if (index < 0 || index >= m_Count ||
+            IdentityOf(m_Model, m_Model._Child(m_Parent, index)) != child.identity)
+        {
+            return false;
+        }
+        child.found = static_cast<int>(index);
+        m_Shift = shift;
+        return true;
+    }
+
+    wxDBTreeModel& m_Model;
+    wxDBTreeNode   m_Parent;
+    int            m_Count;
+    int            m_Shift = 0; ///< Of the one that was found last.
+    int            m_Tries = kMostTries;
 };
 } // namespace
 
@@ -87,16 +140,15 @@ void FindChildren(wxDBTreeModel& model, wxDBTreeNode parent, int count,
                   std::vector<WantedChild>& wanted)
 {
     _Search          search(model, parent, count);
+    _Neighbours      neighbours(model, parent, count);
     std::vector<int> missing;
     for (WantedChild& child : wanted)
     {
-        const bool exists = child.index < count;
-        if (exists && (!child.known ||
-                       IdentityOf(model, model._Child(parent, child.index)) == child.identity))
+        if (!child.known)
         {
-            child.found = child.index;
+            child.found = child.index < count ? child.index : -1;
         }
-        else if (child.known)
+        else if (!neighbours.Find(child))
         {
             search.Want(child);
             missing.push_back(child.index);

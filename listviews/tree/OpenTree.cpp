@@ -57,8 +57,9 @@ std::vector<int> PlacesOf(const OpenNode& node)
     return places;
 }
 
+// Calls `visit` with the place of each selected child, and its row, in the order of the rows.
 // `firstRow`: of the node's children.
-void CollectSelected(const OpenNode& node, int64_t firstRow, std::vector<int64_t>& rows)
+template <class Visit> void ForSelected(OpenNode& node, int64_t firstRow, const Visit& visit)
 {
     auto       selected = node.selected.begin();
     int64_t    added = 0;
@@ -66,7 +67,7 @@ void CollectSelected(const OpenNode& node, int64_t firstRow, std::vector<int64_t
     {
         for (; selected != node.selected.end() && selected->first <= place; ++selected)
         {
-            rows.push_back(firstRow + selected->first + added);
+            visit(TreePlace{&node, selected->first}, firstRow + selected->first + added);
         }
     };
     for (const auto& child : node.opened)
@@ -74,7 +75,7 @@ void CollectSelected(const OpenNode& node, int64_t firstRow, std::vector<int64_t
         takeUpTo(child->place);
         if (child->isOpen)
         {
-            CollectSelected(*child, firstRow + child->place + added + 1, rows);
+            ForSelected(*child, firstRow + child->place + added + 1, visit);
         }
         added += child->Added();
     }
@@ -269,7 +270,10 @@ void OpenTree::Reorder(OpenNode& node, std::vector<uint32_t> order)
 
 bool OpenTree::Select(const TreePlace& place, uint64_t identity)
 {
-    const bool added = place.parent->selected.emplace(place.place, identity).second;
+    auto&        selected = place.parent->selected;
+    const size_t before = selected.size();
+    selected.emplace_hint(selected.end(), place.place, identity); // many come in their order
+    const bool added = selected.size() > before;
     m_Selected += added;
     return added;
 }
@@ -305,17 +309,30 @@ std::vector<int64_t> OpenTree::SelectedRows() const
     if (m_Selected > 0)
     {
         rows.reserve(m_Selected);
-        CollectSelected(*m_Root, 0, rows);
+        ForSelected(*m_Root, 0, [&rows](const TreePlace&, int64_t row) { rows.push_back(row); });
     }
     return rows;
 }
 
-std::vector<int64_t> OpenTree::SelectedRowsIn(const OpenNode& node) const
+std::vector<TreePlace> OpenTree::SelectedPlaces() const
+{
+    std::vector<TreePlace> places;
+    if (m_Selected > 0)
+    {
+        places.reserve(m_Selected);
+        ForSelected(*m_Root, 0,
+                    [&places](const TreePlace& place, int64_t) { places.push_back(place); });
+    }
+    return places;
+}
+
+std::vector<int64_t> OpenTree::SelectedRowsIn(OpenNode& node) const
 {
     std::vector<int64_t> rows;
     if (m_Selected > 0)
     {
-        CollectSelected(node, RowOf({node.parent, node.place}) + 1, rows);
+        ForSelected(node, RowOf({node.parent, node.place}) + 1,
+                    [&rows](const TreePlace&, int64_t row) { rows.push_back(row); });
     }
     return rows;
 }

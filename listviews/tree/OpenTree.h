@@ -83,9 +83,10 @@ public:
     bool                 Deselect(const TreePlace& place); ///< False when it was not.
     bool                 IsSelected(const TreePlace& place) const;
     size_t               SelectedCount() const { return m_Selected; }
-    void                 DeselectIn(OpenNode& node); ///< Everything in the node.
-    std::vector<int64_t> SelectedRows() const;       ///< From the first to the last.
-    std::vector<int64_t> SelectedRowsIn(const OpenNode& node) const; ///< Which is shown and open.
+    void                 DeselectIn(OpenNode& node);             ///< Everything in the node.
+    std::vector<int64_t> SelectedRows() const;                   ///< From the first to the last.
+    std::vector<TreePlace> SelectedPlaces() const;               ///< Their places.
+    std::vector<int64_t>   SelectedRowsIn(OpenNode& node) const; ///< Which is shown and open.
     /// @}
 
 private:
