@@ -34,7 +34,7 @@ bool IsButtonHeld()
 
 bool MayReplaceRows(wxDBListCtrl& list)
 {
-    return !IsButtonHeld() && !list.IsCopying() && !list.IsSelecting() && !internal::g_UpperFloors.isMenuOpen() &&
-           !HasModalDialog(wxGetTopLevelParent(&list));
+    return !IsButtonHeld() && !list.IsCopying() && !list.IsSelecting() &&
+           !internal::g_UpperFloors.isMenuOpen() && !HasModalDialog(wxGetTopLevelParent(&list));
 }
 } // namespace listviews

@@ -42,8 +42,8 @@ private:
 };
 
 /// Opens a child in a tree, with its children in that order if they are few: `isUnsorted` becomes
-/// true when they are too many, or their texts take too long. Null when there is nothing to open. The model may throw; the tree
-/// is as it was then.
+/// true when they are too many, or their texts take too long. Null when there is nothing to open.
+/// The model may throw; the tree is as it was then.
 OpenNode* OpenChild(OpenTree& tree, const TreePlace& place, wxDBTreeModel& model,
                     const TreeSort& by, bool& isUnsorted);
 } // namespace listviews
