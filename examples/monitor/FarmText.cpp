@@ -63,7 +63,8 @@ String StateText(const Message& message)
     }
     if (state == state_Killed)
     {
-        return "was killed after " + Duration(message);
+        return message.GetInt(p_Started) == 0 ? String("was killed before it ran")
+                                              : "was killed after " + Duration(message);
     }
     const String error = message.Get(p_Error);
     return error.empty() ? "failed with exit code " + message.Get(p_ExitCode) : "failed: " + error;

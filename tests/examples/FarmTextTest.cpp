@@ -44,6 +44,8 @@ TEST(FarmText, TellsStartMilestonesOutputAndEnd)
     EXPECT_EQ(Lines{"[Sky] " + bytes},
               TextsFor(text, Message(msg_Output).Set(p_Id, "1").Set("Line", bytes)));
     EXPECT_EQ(Lines{"Job 'Sky' is done after 12s"}, TextsFor(text, JobMessage(state_Done, 100)));
+    EXPECT_EQ(Lines{"Job 'Sky' was killed before it ran"},
+              TextsFor(text, JobMessage(state_Killed, 0).Set(p_Started, 0LL)));
     EXPECT_EQ(Lines{"Job 'Sky' failed: No such program"},
               TextsFor(text, JobMessage(state_Failed, 0).Set(p_Error, "No such program")));
 }
