@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <optional>
+#include <unordered_map>
 
 class wxListEvent;
 
@@ -72,9 +73,11 @@ private:
 
     /// @name Groups and what moves between them
     /// @{
-    void                      Keep();
-    void                      BringBack();
-    std::vector<wxDBTreeNode> ShownIn(int groupRow);
+    void                                  Keep();
+    void                                  BringBack();
+    void                                  OpenAgain(const std::vector<Kept>& moved);
+    std::unordered_map<wxDBTreeNode, int> RowsByNode();
+    std::vector<wxDBTreeNode>             ShownIn(int groupRow);
     /// @}
 
     void SortBy(JobOrder order);

@@ -5,7 +5,9 @@
 #include <wx/listbase.h>
 
 #include <algorithm>
+#include <functional>
 #include <set>
+#include <unordered_set>
 #include <utility>
 
 // The nodes of the rows below the group's.
@@ -22,11 +24,11 @@ std::vector<wxDBTreeNode> JobList::ShownIn(int groupRow)
 
 std::vector<String> JobList::SelectedJobs()
 {
-    std::vector<String> ids;
-    std::set<String>    known;
-    const auto          add = [&](const FarmJob* job)
+    std::vector<String>                ids;
+    std::unordered_set<const FarmJob*> known;
+    const auto                         add = [&](const FarmJob* job)
     {
-        if (job && known.insert(job->id).second)
+        if (job && known.insert(job).second)
         {
             ids.push_back(job->id);
         }
@@ -97,23 +99,43 @@ void JobList::Keep()
     }
 }
 
+// The row of each node that is shown.
+std::unordered_map<wxDBTreeNode, int> JobList::RowsByNode()
+{
+    std::unordered_map<wxDBTreeNode, int> rows;
+    for (int row = 0; row < GetItemCount(); ++row)
+    {
+        rows.emplace(NodeAt(row), row);
+    }
+    return rows;
+}
+
 void JobList::BringBack()
 {
-    for (const Kept& kept : std::exchange(m_Kept, {}))
+    std::vector<Kept> moved = std::exchange(m_Kept, {});
+    const auto        isInPlace = [this](const Kept& kept)
     {
         const std::vector<wxDBTreeNode> path = m_Model.rows.PathTo(kept.path.back());
-        const int row = path.empty() || path == kept.path || IsArranging() ? -1 : RowOf(path);
-        if (row < 0)
+        return path.empty() || path == kept.path;
+    };
+    moved.erase(std::remove_if(moved.begin(), moved.end(), isInPlace), moved.end());
+    if (moved.empty() || IsArranging())
+    {
+        return;
+    }
+    OpenAgain(moved);
+    const std::unordered_map<wxDBTreeNode, int> rows = RowsByNode();
+    for (const Kept& kept : moved)
+    {
+        const auto found = rows.find(kept.path.back());
+        if (found == rows.end())
         {
-            continue; // it is where it was, or out of sight
+            continue; // out of sight
         }
+        const int row = found->second;
         if (kept.isSelected && !IsRowSelected(row))
         {
             GetBody()->SendListEvent(wxEVT_LIST_ITEM_SELECTED, wxPoint(0, 0), 0, row);
-        }
-        if (kept.isOpen)
-        {
-            Open(row);
         }
         if (kept.isAnchor)
         {
@@ -123,5 +145,24 @@ void JobList::BringBack()
         {
             SetFocusRow(row);
         }
+    }
+}
+
+// From below: the rows above stay where they are.
+void JobList::OpenAgain(const std::vector<Kept>& moved)
+{
+    const std::unordered_map<wxDBTreeNode, int> rows = RowsByNode();
+    std::set<int, std::greater<>>               due;
+    for (const Kept& kept : moved)
+    {
+        const auto found = kept.isOpen ? rows.find(kept.path.back()) : rows.end();
+        if (found != rows.end())
+        {
+            due.insert(found->second);
+        }
+    }
+    for (const int row : due)
+    {
+        Open(row);
     }
 }
