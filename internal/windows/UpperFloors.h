@@ -2,6 +2,7 @@
 
 #include "vesta/String.h"
 
+#include <wx/frame.h>
 #include <wx/string.h>
 
 #include <vector>
@@ -28,6 +29,13 @@ struct UpperFloors
     /// Tells the user something that they may ask not to be told again, under `key`.
     void (*tellUser)(const wxString& message, const String& key) = [](const wxString&,
                                                                       const String&) {};
+    /// A frame of the program, not shown yet, for a page that leaves `owner`.
+    wxFrame* (*makePageFrame)(wxWindow& owner, const wxString& title) =
+        [](wxWindow& owner, const wxString& title)
+    { return new wxFrame(wxGetTopLevelParent(&owner), wxID_ANY, title); };
+    /// Keeps the place of a window under that name, and brings a window to the place that is kept.
+    void (*keepPlace)(wxWindow& window, const String& name) = [](wxWindow&, const String&) {};
+    void (*bringToPlace)(wxWindow& window, const String& name) = [](wxWindow&, const String&) {};
 };
 inline UpperFloors g_UpperFloors;
 } // namespace internal

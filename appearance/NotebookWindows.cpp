@@ -1,0 +1,204 @@
+#include "appearance/tabs/NotebookParts.h"
+#include "appearance/wxTolvanString.h"
+#include "internal/input/MouseHold.h"
+#include "internal/windows/UpperFloors.h"
+#include "vesta/CallEntry.h"
+
+#include <wx/sizer.h>
+
+#include <algorithm>
+
+// Pages in windows of their own.
+
+void wxtNotebook::AllowWindows(bool allow)
+{
+    m_AllowsWindows = allow;
+}
+
+appearance::PageWindow* wxtNotebook::WindowOf(const wxWindow* page) const
+{
+    for (const auto& window : m_Parts->windows)
+    {
+        if (page && window->page == page)
+        {
+            return window.get();
+        }
+    }
+    return nullptr;
+}
+
+std::vector<wxWindow*> wxtNotebook::PagesInWindows() const
+{
+    std::vector<wxWindow*> pages;
+    for (const auto& window : m_Parts->windows)
+    {
+        if (window->page)
+        {
+            pages.push_back(window->page);
+        }
+    }
+    return pages;
+}
+
+// By the notebook's name and the page's key.
+String wxtNotebook::WindowName(const wxWindow* page) const
+{
+    return m_Name + " " + KeyOf(page);
+}
+
+void wxtNotebook::KeepWindowPlaces() const
+{
+    for (const auto& window : m_Parts->windows)
+    {
+        if (window->page && window->frame && !m_Name.empty())
+        {
+            internal::g_UpperFloors.keepPlace(*window->frame, WindowName(window->page));
+        }
+    }
+}
+
+wxFrame* wxtNotebook::OpenWindow(wxWindow* page)
+{
+    CALL_ENTRY("wxtNotebook::OpenWindow");
+    const int index = FindPage(page);
+    if (index == wxNOT_FOUND)
+    {
+        return nullptr;
+    }
+    return MoveToWindow(page, wxRect(wxDefaultPosition, page->GetSize()));
+}
+
+// A rectangle without a place: where the window of the page was last.
+wxFrame* wxtNotebook::MoveToWindow(wxWindow* page, const wxRect& screen)
+{
+    int                 place = wxNOT_FOUND;
+    wxAuiTabCtrl* const home = TabsOf(page, &place);
+    if (!home)
+    {
+        return nullptr;
+    }
+    auto window = std::make_unique<appearance::PageWindow>();
+    window->data = *DataOf(page);
+    window->page = page;
+    window->info = home->GetPage(static_cast<size_t>(place));
+    window->info.active = true;
+    window->place = static_cast<size_t>(place);
+    const wxString& caption = window->info.caption;
+    wxFrame* const  frame = internal::g_UpperFloors.makePageFrame(*this, caption);
+    window->frame = frame;
+    const auto index = static_cast<size_t>(FindPage(page));
+    const bool wasCurrent = m_curPage == FindPage(page);
+    m_Parts->windows.push_back(std::move(window));
+    const bool wasQuiet = std::exchange(m_IsQuiet, true);
+    RemovePage(index);
+    m_IsQuiet = wasQuiet;
+    // The home is gone if it was the last page there.
+    m_Parts->windows.back()->home = GetTabFrameFromTabCtrl(home) ? home : nullptr;
+
+    auto* const bar = new appearance::PageBar(*frame, *this, page);
+    page->Reparent(frame);
+    auto* const sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(bar, 0, wxEXPAND);
+    sizer->Add(page, 1, wxEXPAND);
+    frame->SetSizer(sizer);
+    page->Show();
+    frame->SetClientSize(screen.width, screen.height + bar->GetMinSize().y);
+    if (screen.GetPosition() != wxDefaultPosition)
+    {
+        frame->Move(screen.GetPosition());
+    }
+    else if (!m_Name.empty())
+    {
+        internal::g_UpperFloors.bringToPlace(*frame, WindowName(page));
+    }
+    frame->Bind(wxEVT_CLOSE_WINDOW, &wxtNotebook::OnWindowClose, this);
+    frame->Bind(wxEVT_IDLE,
+                [frame, weak = wxWeakRef<wxWindow>(page)](wxIdleEvent& event)
+                {
+                    event.Skip();
+                    if (!weak && !frame->IsBeingDeleted())
+                    {
+                        frame->Destroy(); // nothing is left to be shown
+                    }
+                });
+    frame->Show();
+    page->SetFocus();
+    const wxWeakRef<wxFrame> opened(frame);
+    if (wasCurrent && !m_IsQuiet && m_curPage >= 0)
+    {
+        Send(wxEVT_AUINOTEBOOK_PAGE_CHANGED, m_curPage, wxNOT_FOUND);
+    }
+    return opened;
+}
+
+void wxtNotebook::OnWindowClose(wxCloseEvent& event)
+{
+    CALL_ENTRY("wxtNotebook::OnWindowClose");
+    event.Skip();
+    for (wxWindow* const page : PagesInWindows())
+    {
+        if (WindowOf(page)->frame == event.GetEventObject())
+        {
+            CloseWindow(page);
+            TellOfMove(page);
+            return;
+        }
+    }
+}
+
+void wxtNotebook::CloseWindow(wxWindow* page)
+{
+    CALL_ENTRY("wxtNotebook::CloseWindow");
+    if (appearance::PageWindow* const window = WindowOf(page))
+    {
+        const bool isHomeThere = window->home && GetTabFrameFromTabCtrl(window->home);
+        Dock(page, isHomeThere ? window->home.get() : nullptr, window->place);
+    }
+}
+
+// Into the pane, or without one to where pages come.
+void wxtNotebook::Dock(wxWindow* page, wxAuiTabCtrl* tabs, size_t place)
+{
+    KeepWindowPlaces();
+    auto&      windows = m_Parts->windows;
+    const auto isIts = [page](const auto& window) { return window->page == page; };
+    const auto found = std::find_if(windows.begin(), windows.end(), isIts);
+    const std::unique_ptr<appearance::PageWindow> window = std::move(*found);
+    windows.erase(found);
+    if (window->frame)
+    {
+        internal::EndMouseHold(*window->frame);
+        window->frame->GetSizer()->Detach(page);
+        window->frame->Hide();
+    }
+    const bool wasQuiet = std::exchange(m_IsQuiet, true);
+    InsertPage(GetPageCount(), page, window->info.caption, false, window->info.bitmap);
+    const auto index = static_cast<size_t>(FindPage(page));
+    m_tabs.GetPage(index).tooltip = window->info.tooltip;
+    int                 nowPlace = wxNOT_FOUND;
+    wxAuiTabCtrl* const now = TabsOf(page, &nowPlace);
+    now->GetPage(static_cast<size_t>(nowPlace)).tooltip = window->info.tooltip;
+    *DataOf(page) = window->data;
+    wxAuiTabCtrl& target = tabs ? *tabs : *now;
+    MoveTo(page, target, std::min(place, target.GetPageCount()));
+    const int old = m_curPage;
+    ShowPage(page, false);
+    m_IsQuiet = wasQuiet;
+    // Later: whoever brings the page back goes on with the notebook.
+    auto* const changed = new wxAuiNotebookEvent(wxEVT_AUINOTEBOOK_PAGE_CHANGED, GetId());
+    changed->SetSelection(m_curPage);
+    changed->SetOldSelection(old);
+    changed->SetEventObject(this);
+    QueueEvent(changed);
+    if (window->frame)
+    {
+        window->frame->Destroy();
+    }
+}
+
+// Where it is now; in a window of its own it has no index.
+void wxtNotebook::TellOfMove(wxWindow* page)
+{
+    const int index = FindPage(page);
+    Send(wxEVT_AUINOTEBOOK_DRAG_DONE, index, index);
+}
