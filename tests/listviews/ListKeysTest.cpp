@@ -251,7 +251,7 @@ TEST_F(ListKeysTest, VeryManyRowsAreSelectedBesideEverythingElse)
     ASSERT_TRUE(selectAll(many));
     EXPECT_GT(many, static_cast<int>(told.size()));
     m_List->Insert(0, 10, true);
-    EXPECT_TRUE(WaitFor([this] { return !m_List->IsSelecting(); }));
+    EXPECT_TRUE(WaitFor([this] { return !m_List->IsSelecting(); }, 20000));
     EXPECT_EQ(many, static_cast<int>(told.size()));
     EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
     EXPECT_EQ(many + 9, told.back()) << "the rows of the wish, wherever they are by now";
