@@ -2,6 +2,7 @@
 
 #include "appearance/ColorDrawing.h"
 #include "appearance/ColorScheme.h"
+#include "appearance/scheme/ToolkitLook.h"
 #include "internal/port/Enabling.h"
 #include "internal/port/LostFocus.h"
 #include "vesta/CallEntry.h"
@@ -100,6 +101,7 @@ void wxtColorManaged::RefreshColors() const
     {
         return;
     }
+    appearance::FollowScheme(*m_Window);
     // Both colours in one repaint.
     const wxWindowUpdateLocker frozen(m_Window);
     const bool                 enabled = m_Window->IsEnabled();

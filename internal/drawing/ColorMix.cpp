@@ -1,9 +1,28 @@
 #include "internal/drawing/ColorMix.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace internal
 {
+namespace
+{
+constexpr double kReadable = 4.5;
+
+// Of one channel of a colour of a screen (sRGB), 0 to 1.
+double LightOf(unsigned char channel)
+{
+    const double value = channel / 255.0;
+    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+}
+
+double LightOf(const wxColour& colour)
+{
+    return 0.2126 * LightOf(colour.Red()) + 0.7152 * LightOf(colour.Green()) +
+           0.0722 * LightOf(colour.Blue());
+}
+} // namespace
+
 wxColour MixColours(const wxColour& a, const wxColour& b, double share)
 {
     if (!a.IsOk() || !b.IsOk())
@@ -26,5 +45,26 @@ wxColour InvertedColour(const wxColour& colour)
     }
     const auto invert = [](int channel) { return static_cast<unsigned char>(255 - channel); };
     return wxColour(invert(colour.Red()), invert(colour.Green()), invert(colour.Blue()));
+}
+
+double ContrastOf(const wxColour& a, const wxColour& b)
+{
+    constexpr double kGlare = 0.05; // of the screen itself
+    const auto [darker, lighter] = std::minmax({LightOf(a), LightOf(b)});
+    return (lighter + kGlare) / (darker + kGlare);
+}
+
+wxColour ReadableOn(const wxColour& ground, std::initializer_list<wxColour> wanted)
+{
+    for (const wxColour& colour : wanted)
+    {
+        if (colour.IsOk() && ContrastOf(colour, ground) >= kReadable)
+        {
+            return colour;
+        }
+    }
+    const wxColour black(0, 0, 0);
+    const wxColour white(255, 255, 255);
+    return ContrastOf(black, ground) > ContrastOf(white, ground) ? black : white;
 }
 } // namespace internal

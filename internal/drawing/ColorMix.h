@@ -2,6 +2,8 @@
 
 #include <wx/colour.h>
 
+#include <initializer_list>
+
 namespace internal
 {
 /// `share` (0 to 1) of `a` and the rest of `b`, each channel truncated, so that the same mix gives
@@ -9,4 +11,10 @@ namespace internal
 wxColour MixColours(const wxColour& a, const wxColour& b, double share);
 /// Each channel's complement; an invalid colour stays invalid.
 wxColour InvertedColour(const wxColour& colour);
+
+/// How well one is told from the other: 1 (not at all) to 21 (black from white).
+double ContrastOf(const wxColour& a, const wxColour& b);
+/// The first of the wanted colours that text on that ground can be read in (4.5 to 1); black or
+/// white when there is none. An invalid colour is passed over.
+wxColour ReadableOn(const wxColour& ground, std::initializer_list<wxColour> wanted);
 } // namespace internal

@@ -28,9 +28,9 @@ wxImage PictureOfScreen()
     const wxString file = wxFileName::CreateTempFileName("tolvan-screen");
     wxImage        image;
     // Its windows must not be disabled meanwhile: that would be the picture.
-    if (wxExecute("import -silent -window root png:" + file, wxEXEC_SYNC | wxEXEC_NODISABLE) == 0)
+    if (wxExecute("import -silent -window root bmp3:" + file, wxEXEC_SYNC | wxEXEC_NODISABLE) == 0)
     {
-        image.LoadFile(file, wxBITMAP_TYPE_PNG);
+        image.LoadFile(file, wxBITMAP_TYPE_BMP);
     }
     wxRemoveFile(file);
     return image;

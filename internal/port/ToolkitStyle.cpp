@@ -1,0 +1,169 @@
+#include "internal/port/ToolkitStyle.h"
+
+#include <wx/window.h>
+
+#include <gtk/gtk.h>
+
+#include <cstring>
+
+namespace internal
+{
+namespace
+{
+// Of what follows the style, and whatever is in it with it: a class, or a part of the name.
+const char* const kMark = "tolvan-scheme";
+
+// Under which a window of the port keeps that it is looked at.
+const char* const kWatched = "tolvan-style-watched";
+
+#if GTK_CHECK_VERSION(3, 0, 0)
+// Over that of the theme, and under that of the toolkit's own style sheets, which have the colours
+// that a window was given.
+constexpr unsigned kPriority = GTK_STYLE_PROVIDER_PRIORITY_APPLICATION - 50;
+
+bool HasMark(GtkWidget* widget)
+{
+    return gtk_style_context_has_class(gtk_widget_get_style_context(widget), kMark);
+}
+
+void SetMark(GtkWidget* widget, bool isMarked)
+{
+    GtkStyleContext* const style = gtk_widget_get_style_context(widget);
+    isMarked ? gtk_style_context_add_class(style, kMark)
+             : gtk_style_context_remove_class(style, kMark);
+}
+
+GtkCssProvider* NewSheet()
+{
+    GtkCssProvider* const sheet = gtk_css_provider_new();
+    gtk_style_context_add_provider_for_screen(gdk_screen_get_default(), GTK_STYLE_PROVIDER(sheet),
+                                              kPriority);
+    return sheet;
+}
+
+void SetSheet(const ToolkitColours& colours)
+{
+    static GtkCssProvider* const s_Sheet = NewSheet();
+    gtk_css_provider_load_from_data(s_Sheet, CssOf(colours).c_str(), -1, nullptr);
+}
+#else
+// What the styles count for; the last that fits wins.
+const char* const kRules = "widget \"*tolvan-scheme*\" style \"tolvan-window\"\n"
+                           "widget \"*tolvan-scheme*<GtkButton>*\" style \"tolvan-button\"\n"
+                           "widget \"*tolvan-scheme*<GtkMenuBar>*\" style \"tolvan-bar\"\n"
+                           "widget \"*tolvan-scheme*<GtkMenu>*\" style \"tolvan-menu\"\n"
+                           "widget \"*tolvan-scheme*<GtkScrollbar>\" style \"tolvan-scrollbar\"\n"
+                           "widget \"gtk-tooltip*tolvan-scheme*\" style \"tolvan-tooltip\"\n";
+
+bool HasMark(GtkWidget* widget)
+{
+    return g_str_has_suffix(gtk_widget_get_name(widget), kMark);
+}
+
+void SetMark(GtkWidget* widget, bool isMarked)
+{
+    if (HasMark(widget) != isMarked)
+    {
+        const std::string name = gtk_widget_get_name(widget);
+        gtk_widget_set_name(widget, isMarked ? (name + kMark).c_str()
+                                             : name.substr(0, name.size() - strlen(kMark)).c_str());
+        gtk_widget_reset_rc_styles(widget);
+    }
+}
+
+void SetSheet(const ToolkitColours& colours)
+{
+    gtk_rc_parse_string(RcOf(colours).c_str());
+    static const bool s_HasRules = (gtk_rc_parse_string(kRules), true);
+    static_cast<void>(s_HasRules);
+    gtk_rc_reset_styles(gtk_settings_get_default());
+}
+#endif
+
+bool Follows(GtkWidget* widget)
+{
+    for (; widget; widget = gtk_widget_get_parent(widget))
+    {
+        if (HasMark(widget))
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+GtkWidget* ActiveWindow()
+{
+    GList* const all = gtk_window_list_toplevels();
+    GtkWidget*   active = nullptr;
+    for (const GList* one = all; one && !active; one = one->next)
+    {
+        active = gtk_window_is_active(GTK_WINDOW(one->data)) ? GTK_WIDGET(one->data) : nullptr;
+    }
+    g_list_free(all);
+    return active;
+}
+
+// One that the toolkit opens at the pointer belongs, for the port, to nothing.
+GtkWidget* OwnerOfMenu(GtkMenu* menu)
+{
+    GtkWidget* const owner = gtk_menu_get_attach_widget(menu);
+    return owner ? owner : ActiveWindow();
+}
+
+// What a window was opened for; null for one that is on its own.
+GtkWidget* OwnerOf(GtkWindow* window)
+{
+    GtkWidget* const inside = gtk_bin_get_child(GTK_BIN(window));
+    if (GTK_IS_MENU(inside))
+    {
+        return OwnerOfMenu(GTK_MENU(inside));
+    }
+    GtkWindow* const owner = gtk_window_get_transient_for(window);
+    return owner ? GTK_WIDGET(owner) : nullptr;
+}
+
+// That of the tooltips serves one window after the other.
+void FollowOwner(GtkWindow* window)
+{
+    SetMark(GTK_WIDGET(window), Follows(OwnerOf(window)));
+}
+
+// Those that follow by themselves have another value there.
+gboolean OnShow(GSignalInvocationHint*, guint, const GValue* values, void*)
+{
+    GObject* const shown = G_OBJECT(g_value_get_object(values));
+    void* const    watched = g_object_get_data(shown, kWatched);
+    if (GTK_IS_WINDOW(shown) && (!watched || watched == shown))
+    {
+        FollowOwner(GTK_WINDOW(shown));
+        if (!watched)
+        {
+            g_object_set_data(shown, kWatched, shown);
+            g_signal_connect(shown, "notify::transient-for", G_CALLBACK(FollowOwner), nullptr);
+        }
+    }
+    return TRUE; // the next one too
+}
+
+void WatchWindows()
+{
+    static const gulong s_Hook = g_signal_add_emission_hook(
+        g_signal_lookup("show", GTK_TYPE_WIDGET), 0, OnShow, nullptr, nullptr);
+    static_cast<void>(s_Hook);
+}
+} // namespace
+
+void StyleToolkit(const ToolkitColours& colours)
+{
+    WatchWindows();
+    SetSheet(colours);
+}
+
+void FollowStyle(wxWindow& window)
+{
+    GtkWidget* const widget = window.GetHandle();
+    SetMark(widget, true);
+    g_object_set_data(G_OBJECT(widget), kWatched, const_cast<char*>(kMark));
+}
+} // namespace internal
