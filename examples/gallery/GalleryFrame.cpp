@@ -14,6 +14,15 @@ constexpr int kBorder = 10;    // pixels
 constexpr int kUnderTitle = 3; // pixels; all sections fit a screen of 1024
 constexpr int kColumns = 2;
 
+// Both are low.
+void AddJobDialogAndPages(wxWindow* parent, wxSizer* sizer)
+{
+    auto* const pages = new wxBoxSizer(wxVERTICAL);
+    AddNotebook(parent, pages);
+    AddJobDialog(parent, sizer);
+    sizer->Add(pages, 1, wxEXPAND);
+}
+
 const struct
 {
     const char*    title;
@@ -30,7 +39,7 @@ const struct
     {"A list of a million rows", AddArrangedList},
     {"Tree", AddTree},
     {"Jobs to pick", AddJobs},
-    {"The same in a dialog", AddJobDialog},
+    {"The same in a dialog; pages with tabs", AddJobDialogAndPages},
 };
 } // namespace
 

@@ -18,4 +18,5 @@ void AddTree(wxWindow* parent, wxSizer* sizer);
 void AddArrangedList(wxWindow* parent, wxSizer* sizer);
 void AddJobs(wxWindow* parent, wxSizer* sizer);
 void AddJobDialog(wxWindow* parent, wxSizer* sizer);
+void AddNotebook(wxWindow* parent, wxSizer* sizer);
 void AddText(wxWindow* parent, wxSizer* sizer);

@@ -309,10 +309,11 @@ const Handled kHandled[] = {
 
 // The controls that take keys, by label or name.
 const std::vector<wxString> kStops = {
-    "Default", "Normal", "Highlighted", "Check box", "Checked",  "Chosen",       "text",
-    "text",    "choice", "text",        "listBox",   "expander", "button",       "panel",
-    "lines",   "button", "text",        "Previous",  "Next",     "Match Case",   "text",
-    "panel",   "panel",  "text",        "choice",    "panel",    "Pick Jobs...", "Go On"};
+    "Default", "Normal",     "Highlighted",  "Check box", "Checked",      "Chosen",
+    "text",    "text",       "choice",       "text",      "listBox",      "expander",
+    "button",  "panel",      "lines",        "button",    "text",         "Previous",
+    "Next",    "Match Case", "text",         "panel",     "panel",        "text",
+    "choice",  "panel",      "wxAuiTabCtrl", "text",      "Pick Jobs...", "Go On"};
 
 class ControlHandsTest : public HandsTest
 {
