@@ -218,6 +218,10 @@ void wxtNotebook::ShowIn(wxAuiTabCtrl& tabs, wxWindow* page)
     const int       active = tabs.GetActivePage();
     wxWindow* const old = active < 0 ? nullptr : tabs.GetWindowFromIdx(static_cast<size_t>(active));
     tabs.SetActivePage(page);
+    if (page->GetPrevSibling() != &tabs)
+    {
+        page->MoveAfterInTabOrder(&tabs); // the keys go from the tabs into the page
+    }
     FitPage(tabs, page);
     page->Show();
     if (old && old != page)

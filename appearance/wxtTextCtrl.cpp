@@ -111,7 +111,7 @@ void wxtTextCtrl::KeyForCompletions(wxKeyEvent& event)
         m_Choosing = false;
         return;
     }
-    if (open && key == WXK_TAB)
+    if (open && key == WXK_TAB && !event.RawControlDown())
     {
         LeaveCompletions(!event.ShiftDown());
         return;

@@ -10,8 +10,7 @@ namespace appearance
 {
 namespace
 {
-constexpr int kWidth = 4; // pixels, of the frame
-constexpr int kLeast = 2 * kWidth + 1;
+constexpr int kWidth = 4; // pixels, of the frame; what is narrower is filled
 } // namespace
 
 void DropHint::Show(const wxRect& screen)
@@ -26,12 +25,15 @@ void DropHint::Show(const wxRect& screen)
         return;
     }
     m_Shown = screen;
-    const wxSize size(std::max(screen.width, kLeast), std::max(screen.height, kLeast));
+    const wxSize size = screen.GetSize();
     m_Window = new wxPopupWindow(m_Owner, wxFRAME_SHAPED | wxBORDER_NONE);
     m_Window->SetBackgroundColour(wxtGetColor(color_Selected));
     m_Window->SetSize(wxRect(screen.GetPosition(), size));
     wxRegion frame(wxRect{size});
-    frame.Subtract(wxRect(size).Deflate(kWidth));
+    if (std::min(size.x, size.y) > 2 * kWidth)
+    {
+        frame.Subtract(wxRect(size).Deflate(kWidth));
+    }
     m_Window->SetShape(frame);
     m_Window->Show();
 }

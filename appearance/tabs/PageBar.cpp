@@ -111,12 +111,13 @@ bool PageBar::IsDragStart(const wxPoint& point) const
 void PageBar::OnMotion(wxMouseEvent& event)
 {
     CALL_ENTRY("PageBar::OnMotion");
-    const bool isHeld = event.LeftIsDown();
+    const bool    isHeld = event.LeftIsDown();
+    const wxPoint screen = ClientToScreen(event.GetPosition());
     m_IsPressed = m_IsPressed && isHeld;
     m_IsSlotPressed = m_IsSlotPressed && isHeld;
     if (m_Book && m_Book->m_Parts->drag)
     {
-        m_Book->m_Parts->drag->Move(ClientToScreen(event.GetPosition()));
+        m_Book->m_Parts->drag->Follow(screen, isHeld);
         return;
     }
     const bool isOnSlot = IsOnSlot(event.GetPosition());
@@ -128,7 +129,7 @@ void PageBar::OnMotion(wxMouseEvent& event)
     if (Window() && IsDragStart(event.GetPosition()))
     {
         m_IsPressed = false;
-        TabDrag::Begin(*m_Book, m_Page, *this);
+        TabDrag::Begin(*m_Book, m_Page, *this, screen);
     }
 }
 

@@ -21,11 +21,13 @@ class TabStrip;
 class TabDrag
 {
 public:
-    /// Asks whether the page may be dragged, and begins. `source`: where the pointer was pressed.
-    static void Begin(wxtNotebook& book, wxWindow* page, wxWindow& source);
+    /// Asks whether the page may be dragged, and begins. `source`: where the pointer was pressed;
+    /// it is at `screen` by now.
+    static void Begin(wxtNotebook& book, wxWindow* page, wxWindow& source, const wxPoint& screen);
     ~TabDrag();
 
-    void Move(const wxPoint& screen);
+    /// `isDown`: whether the button is still held.
+    void Follow(const wxPoint& screen, bool isDown);
     /// Leaves the page there. The notebook tells of it: it may be gone afterwards.
     void Drop(const wxPoint& screen);
     void Cancel();

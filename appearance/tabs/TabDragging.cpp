@@ -10,20 +10,35 @@ namespace appearance
 namespace
 {
 const wxPoint kFromPointer(-40, -10); // pixels, of a new window
+constexpr int kMarker = 4;            // pixels, of the place between two tabs
 } // namespace
 
-void TabDrag::Begin(wxtNotebook& book, wxWindow* page, wxWindow& source)
+void TabDrag::Begin(wxtNotebook& book, wxWindow* page, wxWindow& source, const wxPoint& screen)
 {
+    // A quick hand has let go by now, and its release waits behind the motion.
+    const bool                   wasDown = wxGetMouseState().LeftIsDown();
     const wxWeakRef<wxtNotebook> aliveBook(&book);
     const wxWeakRef<wxWindow>    alivePage(page);
     const wxWeakRef<wxWindow>    aliveSource(&source);
-    const bool                   mayDrag =
+    // The handler may take its time, in which the release comes, or goes to a dialog.
+    bool              isOver = false;
+    const InputFilter ends(
+        [&](const wxEvent& event)
+        {
+            const wxEventType type = event.GetEventType();
+            isOver =
+                isOver || type == wxEVT_LEFT_UP ||
+                (type == wxEVT_ACTIVATE && !static_cast<const wxActivateEvent&>(event).GetActive());
+            return false;
+        });
+    const bool mayDrag =
         book.Send(wxEVT_AUINOTEBOOK_BEGIN_DRAG, book.FindPage(page), book.FindPage(page));
-    // The handler may have taken its time.
-    if (mayDrag && aliveBook && alivePage && aliveSource && aliveSource->IsShownOnScreen() &&
-        aliveSource->IsEnabled() && wxGetMouseState().LeftIsDown() && !wxWindow::GetCapture())
+    if (mayDrag && !isOver && aliveBook && alivePage && aliveSource &&
+        aliveSource->IsShownOnScreen() && aliveSource->IsEnabled() &&
+        (!wasDown || wxGetMouseState().LeftIsDown()) && !wxWindow::GetCapture())
     {
         book.m_Parts->drag.reset(new TabDrag(book, page, source));
+        book.m_Parts->drag->Follow(screen, true);
     }
 }
 
@@ -35,7 +50,9 @@ TabDrag::TabDrag(wxtNotebook& book, wxWindow* page, wxWindow& source)
       m_Keys(
           [this](wxEvent& event)
           {
-              const bool isEscape = event.GetEventType() == wxEVT_CHAR_HOOK &&
+              // The toolkit sends no hook while the mouse is held.
+              const wxEventType type = event.GetEventType();
+              const bool        isEscape = (type == wxEVT_CHAR_HOOK || type == wxEVT_KEY_DOWN) &&
                                     static_cast<wxKeyEvent&>(event).GetKeyCode() == WXK_ESCAPE;
               if (isEscape)
               {
@@ -91,6 +108,8 @@ TabDrag::Target TabDrag::InRow(TabStrip& strip, const wxPoint& screen)
     {
         target.index = row.PlaceAt(x);
         target.hint = strip.ScreenRect();
+        target.hint.x += row.EdgeOf(target.index) - kMarker / 2;
+        target.hint.width = kMarker;
     }
     return target;
 }
@@ -150,11 +169,11 @@ TabDrag::Target TabDrag::TargetAt(const wxPoint& screen)
             wxRect(screen + kFromPointer, m_Page->GetSize())};
 }
 
-void TabDrag::Move(const wxPoint& screen)
+void TabDrag::Follow(const wxPoint& screen, bool isDown)
 {
-    if (!m_Page || !m_Source)
+    if (!m_Page || !m_Source || !isDown)
     {
-        Cancel();
+        Cancel(); // released where nobody heard it
         return;
     }
     const Target target = TargetAt(screen);
@@ -187,9 +206,8 @@ void TabDrag::GoTo(const Target& target)
     const wxWeakRef<wxtNotebook> book(&m_Book);
     wxWindow* const              page = m_Page;
     const bool                   isHere = target.place == Place::row && target.tabs == m_Source;
-    int                          place = -1;
-    m_Book.TabsOf(page, &place);
-    if (target.place == Place::nowhere || (isHere && place == m_FirstPlace))
+    if (target.place == Place::nowhere ||
+        (isHere && target.index == static_cast<size_t>(m_FirstPlace)))
     {
         return;
     }
@@ -223,7 +241,12 @@ void TabDrag::Cancel()
     const std::unique_ptr<TabDrag> self = std::move(m_Book.m_Parts->drag);
     int                            place = -1;
     wxAuiTabCtrl* const            tabs = m_Page ? m_Book.TabsOf(m_Page, &place) : nullptr;
-    if (tabs && tabs == m_Source && place != m_FirstPlace)
+    if (!tabs || tabs != m_Source)
+    {
+        return;
+    }
+    m_Book.StripOf(*tabs).ForgetPress(); // the button is still held
+    if (place != m_FirstPlace)
     {
         m_Book.MoveTo(m_Page, *tabs, static_cast<size_t>(m_FirstPlace));
     }

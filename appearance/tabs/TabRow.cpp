@@ -124,6 +124,12 @@ size_t TabRow::PlaceAt(int x) const
     return place;
 }
 
+int TabRow::EdgeOf(size_t place) const
+{
+    const bool isSeen = place < tabs.size() && !tabs[place].IsEmpty();
+    return isSeen ? tabs[place].x : place > first ? tabs[place - 1].GetRight() + 1 : 0;
+}
+
 size_t TabRow::PlaceFor(size_t dragged, int x) const
 {
     if (dragged >= tabs.size())

@@ -44,6 +44,8 @@ struct TabRow
     int ButtonAt(const wxPoint& point) const; ///< -1: none.
     /// The place among the tabs for one that is dropped there.
     size_t PlaceAt(int x) const;
+    /// The left edge of that place.
+    int EdgeOf(size_t place) const;
     /// Where a tab that is dragged within its row goes: it passes a neighbour once it lies under
     /// the pointer in the neighbour's place too, so that it does not jump back and forth.
     size_t PlaceFor(size_t dragged, int x) const;

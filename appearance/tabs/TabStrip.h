@@ -31,8 +31,8 @@ public:
     void ShowTab(int index);
     /// Where the menu or the list of a tab opens.
     wxPoint BelowTab(int index) const;
-    /// The tab is dragged no more.
-    void EndDrag();
+    /// The press that there is begins no drag any more.
+    void ForgetPress() { m_Press = {}; }
 
 private:
     struct Spot
@@ -75,6 +75,7 @@ private:
     void OnLeave(wxMouseEvent& event);
     void OnMiddle(wxMouseEvent& event);
     void OnRight(wxMouseEvent& event);
+    void OnChar(wxKeyEvent& event);
     void OnWheel(wxMouseEvent& event);
     void OnContextMenu(wxContextMenuEvent& event);
     void OnEnabled(internal::EnabledEvent& event);

@@ -1,6 +1,7 @@
 #include "appearance/tabs/TabStrip.h"
 
 #include "appearance/tabs/NotebookParts.h"
+#include "internal/input/PadKey.h"
 #include "internal/port/Enabling.h"
 #include "vesta/CallEntry.h"
 
@@ -34,6 +35,7 @@ TabStrip::TabStrip(wxtNotebook& book, wxAuiTabCtrl& tabs) : m_Book(book), m_Tabs
     tabs.Bind(wxEVT_RIGHT_UP, &TabStrip::OnRight, this);
     tabs.Bind(wxEVT_MOUSEWHEEL, &TabStrip::OnWheel, this);
     tabs.Bind(wxEVT_CONTEXT_MENU, &TabStrip::OnContextMenu, this);
+    tabs.Bind(wxEVT_CHAR, &TabStrip::OnChar, this);
     tabs.Bind(wxEVT_MOUSE_CAPTURE_LOST, &TabStrip::OnCaptureLost, this);
     tabs.Bind(internal::EVT_ENABLED, &TabStrip::OnEnabled, this);
     internal::WatchEnabling(tabs);
@@ -217,6 +219,7 @@ bool TabStrip::Tell(wxEventType type, const wxWindow* page)
 void TabStrip::OnLeftDown(wxMouseEvent& event)
 {
     CALL_ENTRY("TabStrip::OnLeftDown");
+    m_Book.m_Parts->drag.reset(); // whose release went elsewhere
     m_Press = SpotAt(event.GetPosition());
     m_PressPoint = event.GetPosition();
     m_Hover = m_Press;
@@ -295,15 +298,17 @@ void TabStrip::OnMotion(wxMouseEvent& event)
     {
         m_Press = {}; // released where nobody heard it
     }
+    const wxPoint screen = m_Tabs->ClientToScreen(event.GetPosition());
     if (m_Book.m_Parts->drag)
     {
-        m_Book.m_Parts->drag->Move(m_Tabs->ClientToScreen(event.GetPosition()));
+        m_Book.m_Parts->drag->Follow(screen, event.LeftIsDown());
         return;
     }
     Hover(SpotAt(event.GetPosition()));
     if (IsDragStart(event.GetPosition()))
     {
-        TabDrag::Begin(m_Book, m_Press.page, *m_Tabs);
+        Hover({}); // no tip over what is dragged
+        TabDrag::Begin(m_Book, m_Press.page, *m_Tabs, screen);
     }
 }
 
@@ -367,6 +372,14 @@ void TabStrip::OnContextMenu(wxContextMenuEvent&)
     }
 }
 
+// The notebook has taken the keys that are the tabs'. One whose handler threw comes here, where the
+// toolkit would select once more.
+void TabStrip::OnChar(wxKeyEvent& event)
+{
+    const int key = internal::OffThePad(event.GetKeyCode());
+    event.Skip(key != WXK_LEFT && key != WXK_RIGHT && key != WXK_HOME && key != WXK_END);
+}
+
 void TabStrip::OnWheel(wxMouseEvent& event)
 {
     m_WheelTurn += event.GetWheelAxis() == wxMOUSE_WHEEL_HORIZONTAL ? -event.GetWheelRotation()
@@ -376,15 +389,6 @@ void TabStrip::OnWheel(wxMouseEvent& event)
     m_WheelTurn -= notches * notch;
     Scroll(-notches);
     Hover(SpotAt(event.GetPosition()));
-}
-
-void TabStrip::EndDrag()
-{
-    m_Press = {};
-    if (m_Tabs && m_Tabs->HasCapture())
-    {
-        m_Tabs->ReleaseMouse();
-    }
 }
 
 void TabStrip::OnEnabled(internal::EnabledEvent& event)

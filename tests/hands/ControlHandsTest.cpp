@@ -5,6 +5,7 @@
 #include "appearance/wxtCheckBox.h"
 #include "appearance/wxtCheckListBox.h"
 #include "appearance/wxtComboBox.h"
+#include "appearance/wxtNotebook.h"
 #include "dialogs/wxTolvanDlg.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBTreeListCtrl.h"
@@ -59,6 +60,15 @@ wxString LookOf(wxWindow* control)
         {
             look << (isOfJobs ? wxtToWx(tree->GetDisplayText(row, 0)) : wxString() << row) << ",";
         }
+    }
+    else if (auto* const book = dynamic_cast<wxtNotebook*>(control))
+    {
+        for (size_t i = 0; i < book->GetPageCount(); ++i)
+        {
+            look << book->GetPageText(i)[0]
+                 << (book->GetSelection() == static_cast<int>(i) ? "*" : "");
+        }
+        look << wxString('+', book->PagesInWindows().size());
     }
     else if (const auto* const box = dynamic_cast<wxtCheckBox*>(control))
     {
@@ -268,6 +278,41 @@ const Row kJobs[] = {
     {"jobs", "enter press destroy leave release", "jobs", "gone"},
 };
 
+// Five pages, of which the first is shown; the hand goes to their tabs.
+const Row kTabs[] = {
+    {"book", "enter press release", "", "S*sLFN"},
+    {"book", "title press release", "page1", "Ss*LFN"},
+    {"book", "title double", "page1", "Ss*LFN"},
+    {"book", "title press enter release", "page1 drag1 moved0", "s*SLFN"},
+    {"book", "title press wider release", "page1 drag1 moved2", "SLs*FN"},
+    {"book", "title press enter held Escape release", "page1 drag1", "Ss*LFN"},
+    {"book", "title press leave release freed", "page1 drag1 page1 moved-1", "SL*FN+"},
+    {"book", "title press leave held Escape release", "page1 drag1", "Ss*LFN"},
+    {"book", "title press leave held enter theme release", "page1 drag1 moved0", "s*SLFN"},
+    {"book", "title press leave held disable freed release enable", "page1 drag1", "Ss*LFN"},
+    {"book", "title press leave held hide freed release show", "page1 drag1", "Ss*LFN"},
+    {"book", "title press leave held destroy freed release", "page1 drag1", "gone"},
+    {"book", "title press leave held page-disable freed release page-enable", "page1 drag1",
+     "Ss*LFN"},
+    {"book", "title press leave held page-hide freed release page-show", "page1 drag1", "Ss*LFN"},
+    {"book", "title press hide leave release show", "page1", "Ss*LFN"},
+    {"book", "box press release", "closing1", "S*LFN"},
+    {"book", "box press leave release", "", "S*sLFN"},
+    {"book", "box press leave box release", "closing1", "S*LFN"},
+    {"book", "box press disable release enable", "", "S*sLFN"},
+    {"book", "box press theme release", "closing1", "S*LFN"},
+    {"book", "title middle press release", "closing1", "S*LFN"},
+    {"book", "title middle press leave release", "", "S*sLFN"},
+    {"book", "title right press release", "tabright1", "S*sLFN"},
+    {"book", "enter notch+ notch-", "", "S*sLFN"},
+    {"book", "click Right Right End Home", "page1 page2 page4 page0", "S*sLFN"},
+    {"book", "click Right Delete", "page1 closing1 page1", "SL*FN"},
+    {"book", "click ctrl+Next ctrl+Next ctrl+Prior", "page1 page2 page1", "Ss*LFN"},
+    {"book", "click ctrl+shift+Next", "moved1", "sS*LFN"},
+    {"book", "wider press release ctrl+Tab ctrl+Tab", "page2 page0 page2", "SsL*FN"},
+    {"book", "click Return ctrl+a x ctrl+Tab", "page1", "Ss*LFN"},
+};
+
 // What causes an event, and what causes another one afterwards.
 struct Handled
 {
@@ -305,6 +350,11 @@ const Handled kHandled[] = {
     {"tree", "enter", "double", "deselect3", "enter double"},
     {"jobs", "", "click", "jobs", "focus Down Down"},
     {"jobs", "click leave enter", "double", "picked", "focus Return"},
+    {"book", "title", "press release", "page1", "wider press release"},
+    {"book", "click", "Right", "page1", "wider press release"},
+    {"book", "box", "press release", "closing1", "wider press release"},
+    {"book", "title press", "enter release", "drag1", "wider press release"},
+    {"book", "title press enter held", "release", "moved0", "wider press release"},
 };
 
 // The controls that take keys, by label or name.
@@ -413,6 +463,11 @@ TEST_F(ControlHandsTest, JobsArePickedByPointerAndKeys)
     TryAll(kJobs);
 }
 
+TEST_F(ControlHandsTest, PagesAreChosenMovedAndClosed)
+{
+    TryAll(kTabs);
+}
+
 // The job that the hand is on is the first one that is done.
 TEST_F(ControlHandsTest, AJobThatGoesIsNotSelected)
 {
@@ -507,7 +562,8 @@ TEST_F(ControlHandsTest, WhatIsHeldMayGo)
                                       {"list", "title"},
                                       {"list", "edge"},
                                       {"lines", "enter"},
-                                      {"listBox", "box"}})
+                                      {"listBox", "box"},
+                                      {"book", "title"}})
     {
         for (const char* const end :
              {"destroy", "hide", "disable", "theme", "page-destroy", "page-hide", "page-disable"})

@@ -3,6 +3,7 @@
 #include "appearance/wxExpandablePanel.h"
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxtCheckListBox.h"
+#include "appearance/wxtNotebook.h"
 #include "jobwidgets/JobSelector.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListHeader.h"
@@ -97,6 +98,11 @@ const struct
     {wxtEVT_LIST_COLUMNS, "columns", kColumn},
     {wxtEVT_JOB_SELECTION, "jobs"},
     {wxtEVT_JOBS_PICKED, "picked"},
+    {wxEVT_AUINOTEBOOK_PAGE_CHANGED, "page", kItem},
+    {wxEVT_AUINOTEBOOK_PAGE_CLOSE, "closing", kItem},
+    {wxEVT_AUINOTEBOOK_BEGIN_DRAG, "drag", kItem},
+    {wxEVT_AUINOTEBOOK_DRAG_DONE, "moved", kItem},
+    {wxEVT_AUINOTEBOOK_TAB_RIGHT_DOWN, "tabright", kItem},
 };
 
 void RunDialog(wxTopLevelWindow& parent)
@@ -180,6 +186,7 @@ void HandsTest::Open()
     First<wxDBTreeListCtrl>()->SetName("tree");
     First<wxTextLineCtrl>()->SetName("lines");
     First<JobSelector>()->SetName("jobs");
+    First<wxtNotebook>()->SetName("book");
     m_Frame->FindWindow(wxExpandablePanel::id_Expand)->SetName("expander");
     m_Frame->Show();
     ASSERT_TRUE(WaitFor([this] { return m_Frame->IsShownOnScreen() && m_Frame->IsActive(); }));
@@ -211,8 +218,10 @@ void HandsTest::Listen(wxEvtHandler& at, bool onlyThen)
         const auto listen = [this, heard, onlyThen](wxCommandEvent& event)
         {
             const auto* const inList = dynamic_cast<wxListEvent*>(&event);
+            const auto* const ofPage = dynamic_cast<wxBookCtrlEvent*>(&event);
             const long        number = heard.number == kColumn ? inList->GetColumn()
                                        : inList                ? inList->GetIndex()
+                                       : ofPage                ? ofPage->GetSelection()
                                                                : event.GetInt();
             const bool        counts = heard.number == kItem || heard.number == kColumn;
             if (m_Then || !(onlyThen || heard.number == kOnlyThen))
@@ -232,9 +241,10 @@ void HandsTest::OnHeard(wxEvent& event, const std::string& what)
 {
     m_Heard += what + " ";
     const auto then = std::exchange(m_Then, nullptr);
-    // The toolkit would go on with a control that has gone, and a list with a menu, which waits for
-    // the hand that waits here.
-    event.Skip(!then && event.GetEventType() != wxEVT_LIST_COL_RIGHT_CLICK);
+    // The toolkit would go on with a control that has gone, and a list or a notebook with a menu,
+    // which waits for the hand that waits here.
+    event.Skip(!then && event.GetEventType() != wxEVT_LIST_COL_RIGHT_CLICK &&
+               event.GetEventType() != wxEVT_AUINOTEBOOK_TAB_RIGHT_DOWN);
     if (then)
     {
         then();
@@ -392,6 +402,16 @@ wxPoint HandsTest::PlaceOf(wxWindow* control, const std::string& word) const
                                                 : edge - kFar;
         return header.GetPosition() + wxPoint(across, header.height / 2);
     }
+    if (auto* const book = dynamic_cast<wxtNotebook*>(control); book && word != "below")
+    {
+        wxAuiTabCtrl* const      tabs = book->GetActiveTabCtrl();
+        const wxAuiNotebookPage& page = tabs->GetPage(word == "enter"   ? 0
+                                                      : word == "wider" ? 2
+                                                                        : 1);
+        const auto&              art = static_cast<wxtTabArt&>(*tabs->GetArtProvider());
+        return middle(
+            inClient(tabs, word == "box" ? art.SlotIn(*tabs, page, page.rect) : page.rect));
+    }
     if (word == "below")
     {
         return control->GetScreenRect().GetBottomLeft() + wxPoint(kBeside + m_Aside, kBelow);
@@ -444,6 +464,7 @@ bool HandsTest::DoWord(wxWindow* control, const std::string& word)
              MoveTo(m_Frame->GetScreenPosition() + wxPoint(4, 61));
              MoveTo(m_Frame->GetScreenPosition() + wxPoint(4, 60));
          }},
+        {"middle", [&] { m_MouseButton = 2; }},
         {"right", [&] { m_MouseButton = 3; }},
         {"press", [&] { Button(m_MouseButton, true); }},
         {"release",
@@ -478,6 +499,7 @@ bool HandsTest::DoWord(wxWindow* control, const std::string& word)
                  Do(control, "Escape closed");
              }
          }},
+        {"held", [] { EXPECT_TRUE(WaitFor([] { return wxWindow::GetCapture(); })); }},
         {"freed", [] { EXPECT_TRUE(WaitFor([] { return !wxWindow::GetCapture(); })); }},
         {"dialog", [&] { RunDialog(*m_Frame); }},
         {"refill", [&] { Refill(control); }},

@@ -32,17 +32,18 @@ protected:
     }
 
     /// Has the hand do what the words say, on that control or, with "leave" before it, beside it.
-    ///   enter leave             to the middle of the control (a list: of its third row); to a
-    ///   place
-    ///                           where there is nothing
+    ///   enter leave             to the middle of the control (a list: of its third row; a
+    ///                           notebook: of its first tab); to a place where there is nothing
     ///   title edge wider narrower
     ///                           of a list: to its second title, that one's right edge, off from
-    ///                           there
-    ///   box below               to the third box of a check list; to the first item of an open
-    ///   list press release click     of the left button; "right" before it: of the right one
+    ///                           there; of a notebook: to its second tab, to its third one
+    ///   box below               to the third box of a check list, the cross of a notebook's second
+    ///                           tab; to the first item of an open list
+    ///   press release click     of the left button; "right" or "middle" before it: of that one
     ///   double                  two clicks, as fast as can be
     ///   notch+ notch-           of the wheel, down and up
-    ///   opened closed freed     waits until its list is so; until nobody holds the pointer
+    ///   opened closed           waits until its list is so
+    ///   held freed              waits until a control holds the pointer, until none does
     ///   shut                    closes its list if it is open
     ///   focus disable enable hide show destroy theme dialog refill throw
     ///                           what the program does meanwhile; "page-" before it: to what the
