@@ -1,5 +1,6 @@
 #include "listviews/arranging/Arrangement.h"
 #include "listviews/arranging/HiddenSelection.h"
+#include "listviews/arranging/LeavingRows.h"
 #include "listviews/arranging/ListOrder.h"
 #include "listviews/refresh/RefreshEvent.h"
 #include "listviews/slices/RowsAtRest.h"
@@ -13,6 +14,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdint>
 
 // How an order that has been found takes the place of the one that is shown, and what becomes of
 // the selection.
@@ -33,10 +35,9 @@ void wxListArranger::Show()
         m_Slices->LookAgain();
         return;
     }
-    const std::vector<bool>         shown = m_Wanted->Shown(GetTotalCount());
     const wxWeakRef<wxListArranger> self(this);
     m_InSlice = true; // what handlers ask for waits
-    const bool isReady = DeselectHidden(shown);
+    const bool isReady = DeselectHidden();
     if (!self)
     {
         return;
@@ -51,9 +52,9 @@ void wxListArranger::Show()
         m_Slices->GoOn();
         return;
     }
-    SwapOrders(shown);
+    m_Leaving.reset();
+    SwapOrders(m_Wanted->Shown(GetTotalCount()));
     m_IsFound = m_ByUser = false;
-    m_HiddenLeft = 0;
     ShowRules();
     ShowNote();
     if (!TakeBack())
@@ -73,36 +74,26 @@ bool wxListArranger::TakeBack()
     return RestoreRefreshed() && SelectReturned();
 }
 
-// As many as a slice allows, from the rows as they still are; false when there are more. A host
-// that keeps a row selected is asked once.
-bool wxListArranger::DeselectHidden(const std::vector<bool>& shown)
+// As many as a slice allows, from the rows as they still are; false when there are more.
+bool wxListArranger::DeselectHidden()
 {
     const wxWeakRef<wxListArranger> self(this);
-    std::vector<int>                hidden;
-    for (const int row : m_List->GetSelection())
+    const auto                      end = listviews::EndOfSlice();
+    while ((m_Leaving && m_Leaving->told < m_Leaving->rows.size()) || FindLeaving())
     {
-        const int item = ItemAt(row);
-        if (item >= 0 && static_cast<size_t>(item) < shown.size() &&
-            !shown[static_cast<size_t>(item)])
-        {
-            hidden.push_back(row);
-        }
-    }
-    if (m_HiddenLeft > 0 && hidden.size() >= m_HiddenLeft)
-    {
-        return true;
-    }
-    m_HiddenLeft = hidden.size();
-    const auto end = listviews::EndOfSlice();
-    for (const int row : hidden)
-    {
+        const int row = m_Leaving->rows[m_Leaving->told];
         if (std::chrono::steady_clock::now() >= end)
         {
             return false;
         }
+        ++m_Leaving->told;
         Guarded("Deselecting a row that goes from sight",
                 [&]
                 {
+                    if (!Leaves(row) || !m_List->IsRowSelected(row))
+                    {
+                        return; // a handler has been there meanwhile
+                    }
                     if (!m_Marks) // else it is another item than it was
                     {
                         m_Hidden->Add(ItemAt(row), m_List->GetRowKey(row));
@@ -110,12 +101,40 @@ bool wxListArranger::DeselectHidden(const std::vector<bool>& shown)
                     m_List->GetBody()->SendListEvent(wxEVT_LIST_ITEM_DESELECTED, wxPoint(0, 0), 0,
                                                      row);
                 });
-        if (!self || !m_List)
+        if (!self || !m_List || !m_Leaving)
         {
             return true;
         }
     }
     return true;
+}
+
+// All at first, then what was selected meanwhile, but not again and again what the host keeps
+// selected: to ask for the selection is long work where it is large. False when there is nothing.
+bool wxListArranger::FindLeaving()
+{
+    const size_t before = m_Leaving ? m_Leaving->rows.size() : SIZE_MAX;
+    m_Leaving = std::make_unique<listviews::LeavingRows>();
+    m_Leaving->shown = m_Wanted->Shown(GetTotalCount());
+    Guarded("The selection of a list",
+            [this]
+            {
+                for (const int row : m_List->GetSelection())
+                {
+                    if (Leaves(row))
+                    {
+                        m_Leaving->rows.push_back(row);
+                    }
+                }
+            });
+    return !m_Leaving->rows.empty() && m_Leaving->rows.size() < before;
+}
+
+bool wxListArranger::Leaves(int row) const
+{
+    const int item = ItemAt(row);
+    return item >= 0 && static_cast<size_t>(item) < m_Leaving->shown.size() &&
+           !m_Leaving->shown[static_cast<size_t>(item)];
 }
 
 // The row that the keys are on keeps its place on the screen if it is seen, else the topmost row

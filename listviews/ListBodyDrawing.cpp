@@ -15,6 +15,7 @@
 
 namespace
 {
+constexpr int    kTipDelay = 1;       // milliseconds until a tooltip follows what is drawn
 constexpr double kGroundShare = 0.67; // of a selected row's colour; the rest is the selection's
 constexpr double kFocusShare = 0.5;   // of the text's colour in the frame of the focus
 
@@ -94,6 +95,10 @@ void wxDBListBody::DrawBitmap()
     }
     DrawGrid(geometry);
     DrawFocus(geometry);
+    if (!GetToolTipText().empty() && !m_HoverTimer.IsRunning())
+    {
+        m_HoverTimer.StartOnce(kTipDelay); // another row may have come under the pointer
+    }
 }
 
 wxColour wxDBListBody::GroundOf(int row, bool hovered) const

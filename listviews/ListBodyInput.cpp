@@ -97,6 +97,7 @@ void wxDBListBody::OnLDown(wxMouseEvent& event)
     CALL_ENTRY("wxDBListBody::OnLDown");
     if (TakeFocus())
     {
+        UnsetToolTip(); // which the press has closed: nothing is to open it again
         HoldMouse();
         SelectByClick(event, nullptr);
     }
@@ -124,6 +125,7 @@ void wxDBListBody::OnRDown(wxMouseEvent& event)
     {
         return;
     }
+    UnsetToolTip();
     const wxPoint point = event.GetPosition();
     const int     row = Geometry().RowAt(point.y);
     const auto    tell = [=] { SendListEvent(wxEVT_LIST_ITEM_RIGHT_CLICK, point, row); };

@@ -1,6 +1,7 @@
 #include "listviews/wxDBTreeListCtrl.h"
 
 #include "listviews/cells/ListGeometry.h"
+#include "listviews/selecting/SelectionWork.h"
 #include "listviews/slices/Slices.h"
 #include "listviews/tree/TreeState.h"
 #include "listviews/wxDBListBody.h"
@@ -141,11 +142,14 @@ void wxDBTreeListCtrl::ShowRows()
 void wxDBTreeListCtrl::ChangeRows(const std::function<void()>& change)
 {
     FinishCopying();
-    DropSelecting();
     TreeState&            tree = *m_Tree;
     const OpenTree* const before = tree.shown.get();
-    const TreePlace       anchor = before->At(GetLastSelect());
-    const TreePlace       focus = before->At(GetFocusRow());
+    // Of very many rows that are being selected.
+    const auto      waiting = GetBody()->Selecting().Waiting();
+    const TreePlace first = before->At(waiting ? waiting->first : -1);
+    const TreePlace last = before->At(waiting ? waiting->second : -1);
+    const TreePlace anchor = before->At(GetLastSelect());
+    const TreePlace focus = before->At(GetFocusRow());
     // A job that copies what is open would copy a part of the old and a part of the new.
     if (tree.job && !tree.job->IsFiltered())
     {
@@ -159,10 +163,27 @@ void wxDBTreeListCtrl::ChangeRows(const std::function<void()>& change)
     tree.hoverRow = -1;
     tree.seen.clear();
     ShowRows();
-    if (tree.shown.get() == before)
+    if (tree.shown.get() != before)
     {
+        DropSelecting();
+    }
+    else
+    {
+        if (waiting)
+        {
+            GoOnSelecting(first, last);
+        }
         GoOnFrom(anchor, focus);
     }
+}
+
+// With the rows from one place to the other, or none: of places in nodes that have been closed with
+// those that are left.
+void wxDBTreeListCtrl::GoOnSelecting(const TreePlace& first, const TreePlace& last)
+{
+    const int from = RowAbove(first);
+    const int hidden = first && m_Tree->shown->RowOf(first) < 0 ? 1 : 0;
+    GetBody()->Selecting().RowsMoved(first ? from + hidden : 0, last ? RowAbove(last) : -1);
 }
 
 // The row that a range begins at, and the one that the keys are on.

@@ -164,6 +164,7 @@ private:
     bool ReturnHidden();
     void OpenAt(const listviews::TreePlace& place);
     void OpenWithin(const listviews::TreePlace& place);
+    void GoOnSelecting(const listviews::TreePlace& first, const listviews::TreePlace& last);
     void GoOnFrom(const listviews::TreePlace& anchor, const listviews::TreePlace& focus);
     int  RowAbove(listviews::TreePlace place) const;
     /// @}

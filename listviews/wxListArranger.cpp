@@ -5,6 +5,7 @@
 #include "listviews/arranging/Arrangement.h"
 #include "listviews/arranging/FilterColumns.h"
 #include "listviews/arranging/HiddenSelection.h"
+#include "listviews/arranging/LeavingRows.h"
 #include "listviews/arranging/ListOrder.h"
 #include "listviews/columns/ColumnEvent.h"
 #include "listviews/refresh/RefreshEvent.h"
@@ -116,7 +117,7 @@ void wxListArranger::Begin()
         return;
     }
     m_Again = m_IsFound = false;
-    m_HiddenLeft = 0;
+    m_Leaving.reset();
     m_Work.reset();
     m_Wanted->items.clear();
     m_Wanted->isCurrent = true;

@@ -16,6 +16,7 @@ namespace listviews
 {
 class Arrangement;
 class HiddenSelection;
+struct LeavingRows;
 struct ListOrder;
 class RefreshEvent;
 struct RowMarks;
@@ -109,7 +110,9 @@ private:
     void ShowNote();
 
     void Show();
-    bool DeselectHidden(const std::vector<bool>& shown);
+    bool DeselectHidden();
+    bool FindLeaving();
+    bool Leaves(int row) const;
     void SwapOrders(const std::vector<bool>& shown);
     bool TakeBack();
     bool SelectReturned();
@@ -123,20 +126,20 @@ private:
     wxWeakRef<wxtSearchField>                   m_Field;
     std::unique_ptr<_HostItems>                 m_Items;
     std::unique_ptr<listviews::ListOrder>       m_Shown;
-    std::unique_ptr<listviews::ListOrder>       m_Wanted; ///< Its items: once they are found.
-    std::unique_ptr<listviews::Arrangement>     m_Work;   ///< While they are being found.
-    std::unique_ptr<listviews::HiddenSelection> m_Hidden; ///< To be selected when it comes back.
-    std::unique_ptr<listviews::RowMarks>        m_Marks;  ///< Of a refresh, to be found again.
+    std::unique_ptr<listviews::ListOrder>       m_Wanted;  ///< Its items: once they are found.
+    std::unique_ptr<listviews::Arrangement>     m_Work;    ///< While they are being found.
+    std::unique_ptr<listviews::HiddenSelection> m_Hidden;  ///< To be selected when it comes back.
+    std::unique_ptr<listviews::LeavingRows>     m_Leaving; ///< While it goes from sight.
+    std::unique_ptr<listviews::RowMarks>        m_Marks;   ///< Of a refresh, to be found again.
     std::unique_ptr<listviews::Slices>          m_Slices;
     std::vector<listviews::SortRule>            m_Rules;
     String                                      m_Filter;
     std::set<int>                               m_Marked; ///< Types of columns that have an arrow.
-    bool   m_IsFound = false;                             ///< The wanted order waits to be shown.
-    bool   m_Again = false;     ///< Items have changed since the work began.
-    bool   m_ByUser = false;    ///< The user has asked for another order.
-    bool   m_InSlice = false;   ///< The host's functions run.
-    size_t m_HiddenLeft = 0;    ///< Rows to be deselected, when last looked; 0: not yet.
-    int    m_HiddenAnchor = -1; ///< The item that ranges began at before it went from sight.
-    int    m_Returned = -1;     ///< The row to be looked at next for what has come back; -1: none.
-    int    m_Refreshing = 0;    ///< Refreshes of the list that are under way.
+    bool m_IsFound = false;                               ///< The wanted order waits to be shown.
+    bool m_Again = false;     ///< Items have changed since the work began.
+    bool m_ByUser = false;    ///< The user has asked for another order.
+    bool m_InSlice = false;   ///< The host's functions run.
+    int  m_HiddenAnchor = -1; ///< The item that ranges began at before it went from sight.
+    int  m_Returned = -1;     ///< The row to be looked at next for what has come back; -1: none.
+    int  m_Refreshing = 0;    ///< Refreshes of the list that are under way.
 };

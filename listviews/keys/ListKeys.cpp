@@ -110,6 +110,12 @@ bool ListKeys::Do(KeyAction action, KeyModifiers modifiers)
     switch (action)
     {
     case KeyAction::Arrow:
+        if (modifiers.shift && !m_Parts.singleSelection && HasFocusRow() &&
+            !model.HasRow(model.anchor))
+        {
+            model.anchor = model.caret; // the row with the frame is the first of the range
+            return !m_Rows.Range(model.caret, model.caret, true);
+        }
         if (model.FocusRow() >= 0 || model.rowCount == 0)
         {
             return false; // the body's

@@ -197,4 +197,35 @@ void SelectionWork::RowsRemoved(int first, int last)
     move(rows.first, first);
     move(rows.last, first - 1);
 }
+
+void SelectionWork::RowsMoved(int first, int last)
+{
+    if (!IsWaiting())
+    {
+        return;
+    }
+    RowsToTell& rows = m_Job->rows;
+    rows.first = first;
+    rows.last = last;
+    if (m_Job->told == rows.off.size())
+    {
+        return;
+    }
+    // They are told before the others: what is selected now was so before.
+    rows.off.clear();
+    m_Job->told = 0;
+    for (const int row : m_Source.GetSelection())
+    {
+        if (row < first || row > last)
+        {
+            rows.off.push_back(row);
+        }
+    }
+}
+
+std::optional<std::pair<int, int>> SelectionWork::Waiting() const
+{
+    return IsWaiting() ? std::optional(std::pair(m_Job->rows.first, m_Job->rows.last))
+                       : std::nullopt;
+}
 } // namespace listviews

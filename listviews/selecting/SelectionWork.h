@@ -6,6 +6,8 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
+#include <utility>
 #include <vector>
 
 class wxDBListBase;
@@ -47,7 +49,12 @@ public:
     /// @{
     void RowsInserted(int row, int count);
     void RowsRemoved(int first, int last);
+    /// Rows have come and gone in other ways: those that are yet to be selected stand there now.
+    void RowsMoved(int first, int last);
     /// @}
+    /// The rows that are yet to be selected, the first one behind the last one when there are none;
+    /// nothing when nothing waits.
+    std::optional<std::pair<int, int>> Waiting() const;
 
 private:
     struct Job;

@@ -136,6 +136,9 @@ TEST_F(ListKeysTest, KeysGoToRowsAndSelect)
     m_List->EnsureVisible(0);
     Press(WXK_DOWN);
     EXPECT_EQ("-1--1 (0) -1 0", State()) << "a row to begin from";
+    Press(WXK_DOWN, shift);
+    EXPECT_EQ("0-1 (2) 1 1", State()) << "with the row that has the frame";
+    Begin(-1);
     EXPECT_EQ(0, m_List->GetScrollPos(wxHORIZONTAL));
     Press(WXK_RIGHT);
     EXPECT_LT(0, m_List->GetScrollPos(wxHORIZONTAL));

@@ -1,3 +1,4 @@
+#include "listviews/selecting/SelectionWork.h"
 #include "listviews/tree/TreeCell.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBTreeListCtrl.h"
@@ -167,6 +168,30 @@ TEST_F(TreeListTest, ClosingAndOpeningKeepTheSelectionWithItsNodes)
     EXPECT_EQ(3, Anchor());
     m_Tree->Open(m_Tree->RowOf({3}));
     EXPECT_TRUE(m_Tree->IsOpen(m_Tree->RowOf({3, 301}))) << "as it was";
+
+    // Rows that are being selected are the same ones when nodes open and close above them.
+    m_Model.claimed[5] = 3 * listviews::SelectionWork::k_MostAtOnce;
+    m_Tree->Close(m_Tree->RowOf({5}));
+    m_Tree->ModelChanged();
+    EXPECT_TRUE(WaitFor([this] { return !m_Tree->IsArranging(); }, 20000));
+    m_Tree->Open(m_Tree->RowOf({5}));
+    wxKeyEvent key(wxEVT_KEY_DOWN);
+    key.m_keyCode = 'A';
+    key.SetControlDown(true);
+    m_Tree->GetBody()->ProcessWindowEvent(key);
+    ASSERT_TRUE(m_Tree->IsSelecting());
+    m_Tree->Close(m_Tree->RowOf({3}));
+    m_Tree->Open(m_Tree->RowOf({1}));
+    EXPECT_TRUE(m_Tree->IsSelecting());
+    EXPECT_TRUE(m_Tree->FinishSelecting());
+    EXPECT_EQ(m_Tree->GetItemCount() - 2 * kChildren, // which had been told of already
+              static_cast<int>(m_Tree->GetSelection().size()));
+    m_Model.claimed.clear();
+    m_Tree->GetBody()->DeselectAll(true);
+    m_Tree->ModelChanged();
+    EXPECT_TRUE(WaitFor([this] { return !m_Tree->IsArranging(); }, 20000));
+    m_Tree->Open(m_Tree->RowOf({3}));
+
     m_Tree->SaveOpenNodes("Tree", "Open"); // none has a key
     m_Model.keys = {{3, "three"}, {301, "first"}};
     m_Tree->SaveOpenNodes("Tree", "Open");
