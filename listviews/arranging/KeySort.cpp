@@ -8,14 +8,11 @@ namespace listviews
 namespace
 {
 constexpr size_t   kBlock = 4'096;         // entries that are sorted at once
+constexpr size_t   kTiny = 16;             // entries whose keys are compared whole
 constexpr size_t   kStore = 256 * 1'024;   // bytes of keys that are allocated at once
 constexpr size_t   kChunk = 7;             // bytes of a key that are compared at once
 constexpr uint64_t kMoreLeft = 1 + kChunk; // behind them: there are more
 
-bool ChunkIsLess(uint64_t left, uint64_t right, uint32_t leftOrdinal, uint32_t rightOrdinal)
-{
-    return left != right ? left < right : leftOrdinal < rightOrdinal;
-}
 } // namespace
 
 KeySort::KeySort(size_t mostItems)
@@ -49,14 +46,39 @@ void KeySort::Add(int item, std::string_view key)
 // it, whatever follows there.
 uint64_t KeySort::ChunkOf(const Entry& entry, size_t depth) const
 {
-    const Key&   key = m_Keys[entry.ordinal];
-    const size_t left = key.length - std::min(depth, key.length);
-    uint64_t     chunk = 0;
+    const Key&        key = m_Keys[entry.ordinal];
+    const size_t      left = key.length - std::min(depth, key.length);
+    const auto* const bytes =
+        reinterpret_cast<const unsigned char*>(key.bytes) + (key.length - left);
+    if (left > kChunk)
+    {
+        const auto at = [bytes](int place) { return uint64_t{bytes[place]} << (56 - 8 * place); };
+        return at(0) | at(1) | at(2) | at(3) | at(4) | at(5) | at(6) | kMoreLeft;
+    }
+    uint64_t chunk = 0;
     for (size_t i = 0; i < kChunk; ++i)
     {
-        chunk = chunk << 8 | (i < left ? static_cast<unsigned char>(key.bytes[depth + i]) : 0U);
+        chunk = chunk << 8 | (i < left ? bytes[i] : 0U);
     }
-    return chunk << 8 | std::min<uint64_t>(left, kMoreLeft);
+    return chunk << 8 | left;
+}
+
+// How many bytes behind the range's depth the first key has in common with those entries, if not
+// less than `most`.
+size_t KeySort::CommonWithFirst(const Range& range, size_t begin, size_t end, size_t most) const
+{
+    const char* const first = m_Keys[m_Entries[range.begin].ordinal].bytes + range.depth;
+    for (size_t at = begin; at < end && most > 0; ++at)
+    {
+        const Key&        key = m_Keys[m_Entries[at].ordinal];
+        const char* const bytes = key.bytes + range.depth;
+        most = std::min(most, key.length - range.depth);
+        if (std::memcmp(first, bytes, most) != 0)
+        {
+            most = static_cast<size_t>(std::mismatch(first, first + most, bytes).first - first);
+        }
+    }
+    return most;
 }
 
 bool KeySort::IsLess(const Entry& left, const Entry& right, size_t depth) const
@@ -74,20 +96,58 @@ bool KeySort::IsLess(const Entry& left, const Entry& right, size_t depth) const
             return order < 0;
         }
     }
-    return ChunkIsLess(left.chunk, right.chunk, left.ordinal, right.ordinal);
+    return IsChunkLess(left, right);
 }
 
-void KeySort::SortSmall(const Range& range)
+// Of many the bytes that all have in common are looked at once, and the rest a chunk at a time.
+void KeySort::SortSmall(Range range)
 {
     Entry* const begin = m_Entries.data() + range.begin;
     Entry* const end = m_Entries.data() + range.end;
+    const bool   isTiny = range.Size() <= kTiny;
+    if (!isTiny)
+    {
+        range.depth += CommonWithFirst(range, range.begin + 1, range.end,
+                                       m_Keys[begin->ordinal].length - range.depth);
+    }
     for (Entry* entry = begin; entry != end; ++entry)
     {
         entry->chunk = ChunkOf(*entry, range.depth);
     }
-    std::sort(begin, end,
-              [this, depth = range.depth](const Entry& left, const Entry& right)
-              { return IsLess(left, right, depth); });
+    if (isTiny)
+    {
+        std::sort(begin, end,
+                  [this, depth = range.depth](const Entry& left, const Entry& right)
+                  { return IsLess(left, right, depth); });
+        return;
+    }
+    std::sort(begin, end, ByChunk());
+    for (size_t at = range.begin; at < range.end;)
+    {
+        const Range same = SameFrom(at, range);
+        at = same.end;
+        if (same.Size() > 1)
+        {
+            m_Ranges.push_back(same);
+        }
+    }
+}
+
+// The entries from there on whose chunks are the same, if more of their keys is left; else they
+// stand as they should, and the range is of one.
+KeySort::Range KeySort::SameFrom(size_t at, const Range& range) const
+{
+    const uint64_t chunk = m_Entries[at].chunk;
+    if ((chunk & 0xFF) != kMoreLeft)
+    {
+        return {at, at + 1, range.depth};
+    }
+    size_t end = at + 1;
+    while (end < range.end && m_Entries[end].chunk == chunk)
+    {
+        ++end;
+    }
+    return {at, end, range.depth + kChunk};
 }
 
 bool KeySort::Step()
@@ -113,6 +173,8 @@ size_t KeySort::Advance()
 {
     switch (m_Phase)
     {
+    case Phase::Common:
+        return SkipCommon();
     case Phase::Load:
         return Load();
     case Phase::Blocks:
@@ -143,9 +205,23 @@ size_t KeySort::BeginRange()
         SortSmall(m_Range);
         return m_Range.Size();
     }
-    Enter(Phase::Load);
-    m_IsSorted = true;
+    Enter(Phase::Common);
+    m_Common = m_Keys[m_Entries[m_Range.begin].ordinal].length - m_Range.depth;
     return 0;
+}
+
+size_t KeySort::SkipCommon()
+{
+    const size_t from = m_At;
+    m_At = std::min(m_At + kBlock, m_Range.end);
+    m_Common = CommonWithFirst(m_Range, from, m_At, m_Common);
+    if (m_Common == 0 || m_At == m_Range.end)
+    {
+        m_Range.depth += m_Common;
+        m_IsSorted = true;
+        Enter(Phase::Load);
+    }
+    return kBlock;
 }
 
 size_t KeySort::Load()
@@ -169,9 +245,7 @@ size_t KeySort::SortBlock()
 {
     const size_t count = std::min(kBlock, m_Range.end - m_At);
     Entry* const begin = m_Entries.data() + m_At;
-    std::sort(begin, begin + count,
-              [](const Entry& left, const Entry& right)
-              { return ChunkIsLess(left.chunk, right.chunk, left.ordinal, right.ordinal); });
+    std::sort(begin, begin + count, ByChunk());
     m_At += count;
     if (m_At == m_Range.end)
     {
@@ -197,10 +271,8 @@ size_t KeySort::MergeSome()
     const size_t end = std::min(m_At + kBlock, m_RightEnd);
     while (m_At < end)
     {
-        const bool right =
-            m_Left == m_LeftEnd ||
-            (m_Right < m_RightEnd && ChunkIsLess(m_From[m_Right].chunk, m_From[m_Left].chunk,
-                                                 m_From[m_Right].ordinal, m_From[m_Left].ordinal));
+        const bool right = m_Left == m_LeftEnd ||
+                           (m_Right < m_RightEnd && IsChunkLess(m_From[m_Right], m_From[m_Left]));
         m_To[m_At++] = m_From[right ? m_Right++ : m_Left++];
     }
     const size_t count = m_At - from;
@@ -239,23 +311,15 @@ size_t KeySort::CopySome()
 // Entries whose chunks are the same stand in the order in which they were added.
 size_t KeySort::SplitSome()
 {
-    const size_t   from = m_At;
-    const uint64_t chunk = m_Entries[m_At].chunk;
-    while (m_At < m_Range.end && m_Entries[m_At].chunk == chunk)
+    const Range same = SameFrom(m_At, m_Range);
+    m_At = same.end;
+    if (same.Size() > kBlock)
     {
-        ++m_At;
+        m_Ranges.push_back(same);
     }
-    const Range same{from, m_At, m_Range.depth + kChunk};
-    if (same.Size() > 1 && (chunk & 0xFF) == kMoreLeft)
+    else if (same.Size() > 1)
     {
-        if (same.Size() <= kBlock)
-        {
-            SortSmall(same);
-        }
-        else
-        {
-            m_Ranges.push_back(same);
-        }
+        SortSmall(same);
     }
     if (m_At == m_Range.end)
     {

@@ -45,6 +45,7 @@ private:
     enum class Phase
     {
         Next,   ///< A range is to be begun,
+        Common, ///< what all its keys begin with is left out,
         Load,   ///< its chunks are taken from the keys,
         Blocks, ///< it is sorted in small blocks,
         Merge,  ///< the blocks are merged to longer and longer runs,
@@ -55,10 +56,24 @@ private:
     const char* Store(std::string_view key);
     uint64_t    ChunkOf(const Entry& entry, size_t depth) const;
     bool        IsLess(const Entry& left, const Entry& right, size_t depth) const;
-    void        SortSmall(const Range& range);
+    size_t      CommonWithFirst(const Range& range, size_t begin, size_t end, size_t most) const;
+    Range       SameFrom(size_t at, const Range& range) const;
+    void        SortSmall(Range range);
+    static bool IsChunkLess(const Entry& left, const Entry& right)
+    {
+        return left.chunk != right.chunk ? left.chunk < right.chunk : left.ordinal < right.ordinal;
+    }
+    struct ByChunk // a function would not be inlined
+    {
+        bool operator()(const Entry& left, const Entry& right) const
+        {
+            return IsChunkLess(left, right);
+        }
+    };
 
     size_t Advance(); ///< A little on in the phase; how many entries it has looked at.
     size_t BeginRange();
+    size_t SkipCommon();
     size_t Load();
     size_t SortBlock();
     size_t MergeSome();
@@ -78,6 +93,7 @@ private:
     Range              m_Range{0, 0, 0};
     Phase              m_Phase = Phase::Next;
     bool               m_Begun = false;
+    size_t             m_Common = 0;       ///< Bytes that all its keys begin with.
     size_t             m_At = 0;           ///< The entry that the phase has come to.
     bool               m_IsSorted = false; ///< The chunks of the range are, as they stand.
     size_t             m_Run = 0;          ///< Entries of a sorted run.
