@@ -14,6 +14,7 @@
 
 #include <wx/app.h>
 #include <wx/control.h>
+#include <wx/utils.h>
 
 #include <utility>
 
@@ -42,6 +43,25 @@ bool JobPanel::ShowJob(const FarmJob& job)
 {
     ShowCaption(job);
     return ShowDetails(job);
+}
+
+bool JobPanel::IsSpare() const
+{
+    return !m_Details && !IsExpanded() && !IsDescendant(FindFocus()) &&
+           !wxGetMouseState().LeftIsDown();
+}
+
+bool JobPanel::Become(const FarmJob& job)
+{
+    const String key = PanelKey(job.name);
+    if (Application::the_Application->Options().GetBool(k_PanelSection, key, false))
+    {
+        return false;
+    }
+    m_Id = job.id;
+    m_Key = key;
+    ShowJob(job);
+    return true;
 }
 
 void JobPanel::ShowCaption(const FarmJob& job)

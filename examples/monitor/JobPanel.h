@@ -23,6 +23,14 @@ public:
     /// Brings it up to date. Whether it may need another height now.
     bool ShowJob(const FarmJob& job);
 
+    const String& GetJob() const { return m_Id; } ///< Its identifier.
+    /// Whether it may show another job in place of its own, which costs far less than another
+    /// panel: nothing of it was ever opened, and nobody is about to do something to it.
+    bool IsSpare() const;
+    /// Shows that one from now on. False, and nothing is done, when the user has left that job's
+    /// panel open; only of a spare one.
+    bool Become(const FarmJob& job);
+
 private:
     void ShowCaption(const FarmJob& job);
     bool ShowDetails(const FarmJob& job);

@@ -6,6 +6,9 @@
 #include "appearance/wxTolvanColors.h"
 #include "shell/wxTimed.h"
 
+#include <wx/timer.h>
+
+#include <chrono>
 #include <map>
 #include <set>
 
@@ -30,21 +33,30 @@ public:
     void SetFocus() override;
 
 private:
-    void OnTick() override;
-    void OnNews(const FarmJobs::News& news);
-    void RefreshList();
-    void DropPanels(const std::vector<const FarmJob*>& shown);
-    void ArrangePanels(const std::vector<const FarmJob*>& shown);
-    void ShowNote(size_t shown, size_t all);
+    void                   OnTick() override;
+    void                   BringUpToDate();
+    void                   OnNews(const FarmJobs::News& news);
+    void                   RefreshList();
+    std::vector<JobPanel*> TakeLeaving(const std::vector<const FarmJob*>& shown);
+    bool      AddMissing(const std::vector<const FarmJob*>& shown, std::vector<JobPanel*>& leaving);
+    JobPanel* TakeSpare(const FarmJob& job, std::vector<JobPanel*>& leaving);
+    void      DropPanels(const std::vector<JobPanel*>& leaving);
+    void      ArrangePanels();
+    void      KeepSpare(std::vector<JobPanel*>& leaving);
+    void      ShowNote(size_t shown, size_t all);
 
-    std::vector<const FarmJob*> Candidates() const;
+    const std::vector<const FarmJob*>& Candidates();
 
-    FarmJobs&                   m_Jobs;
-    JobPanel::OpenJob           m_Open;
-    wxtStaticText*              m_Note = nullptr;
-    wxtScrolledPane*            m_Pane = nullptr;
-    std::map<String, JobPanel*> m_Panels; ///< By the job's identifier.
-    std::vector<String>         m_Only;   ///< Identifiers; empty: all jobs.
-    bool                        m_IsListStale = true;
-    std::set<String>            m_Stale; ///< Identifiers of jobs that have changed.
+    FarmJobs&                             m_Jobs;
+    JobPanel::OpenJob                     m_Open;
+    wxtStaticText*                        m_Note = nullptr;
+    wxtScrolledPane*                      m_Pane = nullptr;
+    std::map<String, JobPanel*>           m_Panels;             ///< By the job's identifier.
+    std::vector<String>                   m_Only;               ///< Identifiers; empty: all jobs.
+    std::vector<const FarmJob*>           m_OnlyJobs;           ///< Those of them that are there.
+    bool                                  m_IsOnlyKnown = true; ///< They are up to date.
+    bool                                  m_IsListStale = true;
+    std::set<String>                      m_Stale; ///< Identifiers of jobs that have changed.
+    wxTimer                               m_More;  ///< Until panels show what they do not show yet.
+    std::chrono::steady_clock::time_point m_End;   ///< Of the slice that they are made in.
 };
