@@ -2,6 +2,7 @@
 
 #include "appearance/wxTolvanString.h"
 #include "appearance/wxtRenderer.h"
+#include "internal/port/HiddenFrames.h"
 #include "internal/port/MenuReports.h"
 #include "internal/port/PressedWindow.h"
 #include "shell/OpenWindows.h"
@@ -123,6 +124,7 @@ bool wxTolvanApp::OnInit()
     m_LayoutWatch = std::make_unique<shell::LayoutWatch>();
     internal::EndOldMenuReports();
     internal::KeepPressedWindow();
+    internal::ForgetHiddenFrames();
     ConnectSignals();
     wxSystemOptions::SetOption("msw.notebook.themed-background", 0);
 
