@@ -15,6 +15,12 @@ constexpr int kUnderTitle = 3; // pixels; all sections fit a screen of 1024
 constexpr int kColumns = 2;
 
 // Both are low.
+void AddButtonsAndDialogs(wxWindow* parent, wxSizer* sizer)
+{
+    AddButtons(parent, sizer);
+    AddDialogs(parent, sizer);
+}
+
 void AddJobDialogAndPages(wxWindow* parent, wxSizer* sizer)
 {
     auto* const pages = new wxBoxSizer(wxVERTICAL);
@@ -28,7 +34,7 @@ const struct
     const char*    title;
     GallerySection add;
 } kSections[] = {
-    {"Buttons", AddButtons},
+    {"Buttons; dialogs", AddButtonsAndDialogs},
     {"Check boxes and radio buttons", AddBoxes},
     {"Text fields", AddFields},
     {"Choice, combo box and check list", AddChoices},

@@ -19,4 +19,5 @@ void AddArrangedList(wxWindow* parent, wxSizer* sizer);
 void AddJobs(wxWindow* parent, wxSizer* sizer);
 void AddJobDialog(wxWindow* parent, wxSizer* sizer);
 void AddNotebook(wxWindow* parent, wxSizer* sizer);
+void AddDialogs(wxWindow* parent, wxSizer* sizer);
 void AddText(wxWindow* parent, wxSizer* sizer);

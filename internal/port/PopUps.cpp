@@ -41,6 +41,11 @@ bool IsShutOut(const wxWindow& window)
     return holder && gtk_widget_get_toplevel(holder) != gtk_widget_get_toplevel(window.GetHandle());
 }
 
+void ShutOutOthers(wxWindow& window)
+{
+    gtk_window_set_modal(GTK_WINDOW(window.GetHandle()), TRUE);
+}
+
 bool ClosePopUps()
 {
     int closed = 0;

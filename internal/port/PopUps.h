@@ -10,4 +10,8 @@ bool ClosePopUps();
 
 /// Whether a menu is open, or a modal dialog that the window is no part of.
 bool IsShutOut(const wxWindow& window);
+
+/// Lets no other window of the program have input while that one, a top-level one that is still to
+/// be shown, is on the screen. Unlike those that are disabled, they look as before.
+void ShutOutOthers(wxWindow& window);
 } // namespace internal
