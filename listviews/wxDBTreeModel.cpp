@@ -22,6 +22,11 @@ bool wxDBTreeModel::_IsHeading(wxDBTreeNode)
     return false;
 }
 
+bool wxDBTreeModel::_IsCounted(wxDBTreeNode)
+{
+    return true;
+}
+
 bool wxDBTreeModel::_IsFirst(wxDBTreeNode)
 {
     return false;

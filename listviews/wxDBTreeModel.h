@@ -61,6 +61,9 @@ public:
     /// A heading is there for what is in it: words of a filter that stand in it count for that, and
     /// it is neither shown for itself nor counted. By default there is none.
     virtual bool _IsHeading(wxDBTreeNode node);
+    /// Whether it is one of those that a filter says it shows. By default all are but headings; not
+    /// what stands for something that is in the tree a second time.
+    virtual bool _IsCounted(wxDBTreeNode node);
     /// Stands before the other children, whatever they are sorted by; by default none does.
     virtual bool _IsFirst(wxDBTreeNode node);
 

@@ -228,6 +228,12 @@ bool JobTreeModel::_IsHeading(wxDBTreeNode node)
     return KindOf(node) == kGroup;
 }
 
+// Those that were picked last stand in their groups, too.
+bool JobTreeModel::_IsCounted(wxDBTreeNode node)
+{
+    return KindOf(node) != kRecentJob;
+}
+
 bool JobTreeModel::_IsFirst(wxDBTreeNode node)
 {
     return IsRecentGroup(node);

@@ -42,6 +42,7 @@ public:
     String                _Key(wxDBTreeNode node) override;
     std::optional<double> _SortNumber(wxDBTreeNode node, int column) override;
     bool                  _IsHeading(wxDBTreeNode node) override;
+    bool                  _IsCounted(wxDBTreeNode node) override;
     bool                  _IsFirst(wxDBTreeNode node) override;
 
 private:

@@ -93,7 +93,9 @@ bool FilteredGrowth::Step()
     }
     ++m_Looked;
     const Match match = Judge(child);
-    m_Matches += match.isOwn;
+    const bool  isCounted = m_Model._IsCounted(child);
+    m_Matches += match.isOwn && isCounted;
+    m_Uncounted += !isCounted;
     if (MayOpen(m_Model, child, m_Levels.back().node->level))
     {
         Enter(child, index, match);
@@ -116,7 +118,7 @@ FilteredGrowth::Match FilteredGrowth::Judge(wxDBTreeNode child)
     }
     if (m_Model._IsHeading(child))
     {
-        ++m_Headings;
+        m_Uncounted += m_Model._IsCounted(child);
         return {};
     }
     const Level& outer = m_Levels.back();

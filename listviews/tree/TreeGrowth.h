@@ -66,7 +66,7 @@ public:
     bool Step() override;
     /// Of the nodes that are no headings; of words, those that do so of their own.
     int64_t Matches() const { return m_Matches; }
-    int64_t Total() const { return m_Looked - m_Headings; }
+    int64_t Total() const { return m_Looked - m_Uncounted; }
     bool    IsCutOff() const { return m_Looked >= k_MostNodes; } ///< The model has more.
 
 private:
@@ -96,7 +96,7 @@ private:
     TreeFilter         m_Filter;
     std::vector<Level> m_Levels; ///< From the root down.
     int64_t            m_Looked = 0;
-    int64_t            m_Headings = 0;
+    int64_t            m_Uncounted = 0;
     int64_t            m_Matches = 0;
 };
 } // namespace listviews

@@ -208,6 +208,11 @@ TEST_F(JobSelectorTest, RemembersHowItWasUsed)
     ASSERT_TRUE(Becomes("RecentlyPicked(1) b ann(2) bob(1) b*"));
     Open();
     EXPECT_EQ("RecentlyPicked(1) b ann(2) bob(1) b", Rows());
+    m_Selector->GetField()->SetValue("bob");
+    EXPECT_TRUE(WaitFor([this] { return m_Tree->IsFiltered(); }));
+    EXPECT_EQ(1, m_Tree->GetMatchCount()) << "a job that stands there twice is one";
+    m_Selector->GetField()->SetValue("");
+    EXPECT_TRUE(WaitFor([this] { return !m_Tree->IsFiltered(); }));
     m_Tree->Close(0);
     m_Selector->SetGrouping(JobGrouping::kNone);
     m_Tree->SetColumnWidth(1, 123);
