@@ -23,7 +23,11 @@ wxColour Ink(const wxColour& wanted, const wxColour& ground)
 internal::ToolkitColours appearance::ToolkitLook()
 {
     internal::ToolkitColours look;
-    look.ground = Named(color_WindowBG, wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
+    look.ground = wxtGetColor(color_WindowBG);
+    if (!look.ground.IsOk())
+    {
+        look.ground = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE); // what windows have then
+    }
     look.raised = Named(color_WindowBGLighter, look.ground);
     look.sunk = Named(color_WindowBGDarker, look.ground);
     look.button = Named(color_ButtonFace, look.ground);

@@ -169,6 +169,9 @@ tooltip.tolvan-scheme * { color: @tolvan_ink; background-color: transparent; }
     color: @tolvan_selected_ink; background-color: @tolvan_selected; }
 .tolvan-scheme check:disabled, .tolvan-scheme radio:disabled { color: @tolvan_grey;
     background-color: @tolvan_ground; }
+.tolvan-scheme menu menuitem check:disabled, .tolvan-scheme menu menuitem radio:disabled {
+    background-color: transparent; }
+.tolvan-scheme menu menuitem radio:checked { color: inherit; background-color: transparent; }
 .tolvan-scheme checkbutton, .tolvan-scheme radiobutton { color: @tolvan_ink; }
 .tolvan-scheme checkbutton:disabled, .tolvan-scheme radiobutton:disabled { color: @tolvan_grey; }
 .tolvan-scheme switch, .tolvan-scheme trough { background-color: @tolvan_sunk;

@@ -133,8 +133,12 @@ void FollowOwner(GtkWindow* window)
 gboolean OnShow(GSignalInvocationHint*, guint, const GValue* values, void*)
 {
     GObject* const shown = G_OBJECT(g_value_get_object(values));
-    void* const    watched = g_object_get_data(shown, kWatched);
-    if (GTK_IS_WINDOW(shown) && (!watched || watched == shown))
+    if (!GTK_IS_WINDOW(shown))
+    {
+        return TRUE; // the next one too
+    }
+    void* const watched = g_object_get_data(shown, kWatched);
+    if (!watched || watched == shown)
     {
         FollowOwner(GTK_WINDOW(shown));
         if (!watched)
@@ -143,7 +147,7 @@ gboolean OnShow(GSignalInvocationHint*, guint, const GValue* values, void*)
             g_signal_connect(shown, "notify::transient-for", G_CALLBACK(FollowOwner), nullptr);
         }
     }
-    return TRUE; // the next one too
+    return TRUE;
 }
 
 void WatchWindows()
