@@ -33,6 +33,14 @@ PageBar::PageBar(wxFrame& frame, wxtNotebook& book, wxWindow* page)
     Bind(wxEVT_MOUSE_CAPTURE_LOST, &PageBar::OnCaptureLost, this);
 }
 
+PageBar::~PageBar()
+{
+    if (m_Book)
+    {
+        TabDrag::EndWith(*m_Book, *this);
+    }
+}
+
 PageWindow* PageBar::Window() const
 {
     return m_Book ? m_Book->WindowOf(m_Page) : nullptr;

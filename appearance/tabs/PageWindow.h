@@ -36,6 +36,7 @@ class PageBar : public wxWindow, public wxtColorManaged
 {
 public:
     PageBar(wxFrame& frame, wxtNotebook& book, wxWindow* page);
+    ~PageBar() override;
 
     const wxtNotebook* Book() const { return m_Book; } ///< Null once it is gone.
 

@@ -31,6 +31,8 @@ public:
     /// Leaves the page there. The notebook tells of it: it may be gone afterwards.
     void Drop(const wxPoint& screen);
     void Cancel();
+    /// Ends a drag out of a window that is being destroyed.
+    static void EndWith(wxtNotebook& book, const wxWindow& source);
 
 private:
     TabDrag(wxtNotebook& book, wxWindow* page, wxWindow& source);

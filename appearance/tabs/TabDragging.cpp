@@ -70,6 +70,15 @@ TabDrag::~TabDrag()
     ReleaseSource();
 }
 
+// The source is still what the toolkit knows it as.
+void TabDrag::EndWith(wxtNotebook& book, const wxWindow& source)
+{
+    if (book.m_Parts->drag && book.m_Parts->drag->m_Source == &source)
+    {
+        book.m_Parts->drag.reset();
+    }
+}
+
 void TabDrag::ReleaseSource()
 {
     if (m_Source && m_Source->HasCapture())
@@ -241,12 +250,7 @@ void TabDrag::Cancel()
     const std::unique_ptr<TabDrag> self = std::move(m_Book.m_Parts->drag);
     int                            place = -1;
     wxAuiTabCtrl* const            tabs = m_Page ? m_Book.TabsOf(m_Page, &place) : nullptr;
-    if (!tabs || tabs != m_Source)
-    {
-        return;
-    }
-    m_Book.StripOf(*tabs).ForgetPress(); // the button is still held
-    if (place != m_FirstPlace)
+    if (tabs && tabs == m_Source && place != m_FirstPlace)
     {
         m_Book.MoveTo(m_Page, *tabs, static_cast<size_t>(m_FirstPlace));
     }

@@ -31,8 +31,6 @@ public:
     void ShowTab(int index);
     /// Where the menu or the list of a tab opens.
     wxPoint BelowTab(int index) const;
-    /// The press that there is begins no drag any more.
-    void ForgetPress() { m_Press = {}; }
 
 private:
     struct Spot
@@ -80,6 +78,7 @@ private:
     void OnContextMenu(wxContextMenuEvent& event);
     void OnEnabled(internal::EnabledEvent& event);
     void OnCaptureLost(wxMouseCaptureLostEvent& event);
+    void OnDestroy(wxWindowDestroyEvent& event);
 
     wxtNotebook&            m_Book;
     wxWeakRef<wxAuiTabCtrl> m_Tabs;

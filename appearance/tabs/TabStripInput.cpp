@@ -37,6 +37,7 @@ TabStrip::TabStrip(wxtNotebook& book, wxAuiTabCtrl& tabs) : m_Book(book), m_Tabs
     tabs.Bind(wxEVT_CONTEXT_MENU, &TabStrip::OnContextMenu, this);
     tabs.Bind(wxEVT_CHAR, &TabStrip::OnChar, this);
     tabs.Bind(wxEVT_MOUSE_CAPTURE_LOST, &TabStrip::OnCaptureLost, this);
+    tabs.Bind(wxEVT_DESTROY, &TabStrip::OnDestroy, this);
     tabs.Bind(internal::EVT_ENABLED, &TabStrip::OnEnabled, this);
     internal::WatchEnabling(tabs);
 }
@@ -308,7 +309,9 @@ void TabStrip::OnMotion(wxMouseEvent& event)
     if (IsDragStart(event.GetPosition()))
     {
         Hover({}); // no tip over what is dragged
-        TabDrag::Begin(m_Book, m_Press.page, *m_Tabs, screen);
+        // A press begins one drag, also when that is refused or cancelled.
+        const wxWeakRef<wxWindow> page = std::exchange(m_Press, {}).page;
+        TabDrag::Begin(m_Book, page, *m_Tabs, screen);
     }
 }
 
@@ -401,6 +404,13 @@ void TabStrip::OnEnabled(internal::EnabledEvent& event)
         m_Book.m_Parts->drag->Cancel();
     }
     m_Tabs->Refresh();
+}
+
+// The toolkit removes a row with its last page, whoever takes that away.
+void TabStrip::OnDestroy(wxWindowDestroyEvent& event)
+{
+    event.Skip();
+    TabDrag::EndWith(m_Book, *m_Tabs);
 }
 
 void TabStrip::OnCaptureLost(wxMouseCaptureLostEvent&)

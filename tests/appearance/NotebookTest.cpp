@@ -9,6 +9,7 @@
 
 #include <wx/sizer.h>
 #include <wx/stopwatch.h>
+#include <wx/uiaction.h>
 
 namespace
 {
@@ -139,6 +140,63 @@ TEST_F(NotebookTest, HandlersMayDoAnything)
         EXPECT_EQ(row.look != nullptr, bool(m_Book));
         EXPECT_EQ(row.look ? row.look : "", m_Book ? Look() : "");
         PumpEvents();
+    }
+}
+
+// With a real pointer, which holds the row of tabs, or the bar of a page's own window.
+TEST_F(NotebookTest, ADragEndsInEveryWay)
+{
+    const struct
+    {
+        const char*           name;
+        std::function<void()> end;
+        const char*           look;
+    } rows[] = {
+        {"Escape", [] { Press(WXK_ESCAPE); }, "abc**"},
+        {"the row goes", [this] { m_Book->DeleteAllPages(); }, ""},
+        {"the notebook goes", [this] { m_Book->Destroy(); }, nullptr},
+        {"Escape in a window", [] { Press(WXK_ESCAPE); }, "ab**"},
+        {"the page goes from a window", [this] { m_Book->PagesInWindows()[0]->Destroy(); }, "ab**"},
+    };
+    wxUIActionSimulator input;
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.name);
+        Open();
+        Add({"a", "b", "c"});
+        m_Book->SetSelection(2);
+        wxWindow* held = m_Book->GetActiveTabCtrl();
+        if (wxString(row.name).Contains("window"))
+        {
+            wxFrame* const window = m_Book->OpenWindow(Page("c"));
+            window->SetSize(650 + 9 * static_cast<int>(&row - rows), 50, 300,
+                            200); // no double click
+            EXPECT_TRUE(WaitFor([&] { return window->IsActive(); }));
+            held = window->GetChildren().front();
+        }
+        const wxWeakRef<wxWindow> source(held);
+        const EventCounter        painted(source, wxEVT_PAINT);
+        source->Refresh();
+        EXPECT_TRUE(WaitFor([&] { return painted.Count() > 0; }));
+        auto* const   tabs = dynamic_cast<wxAuiTabCtrl*>(held);
+        const wxPoint tab =
+            source->GetScreenPosition() + wxPoint(10 + (tabs ? tabs->GetPage(2).rect.x : 0), 10);
+        input.MouseMove(tab);
+        input.MouseDown();
+        const auto drag = [&, x = 0]() mutable
+        {
+            input.MouseMove(tab - wxPoint(x = (x + 8) % 64, 0));
+            return source->HasCapture();
+        };
+        EXPECT_TRUE(WaitFor(drag));
+        row.end();
+        EXPECT_TRUE(WaitFor([] { return !wxWindow::GetCapture(); }));
+        input.MouseMove(tab - wxPoint(90, 0));
+        PumpEvents();
+        EXPECT_FALSE(wxWindow::GetCapture()) << "a press drags once";
+        input.MouseUp();
+        PumpEvents();
+        EXPECT_EQ(row.look ? row.look : "", m_Book ? Look() : "");
     }
 }
 
