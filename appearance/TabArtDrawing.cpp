@@ -39,13 +39,6 @@ wxString Caption(const wxString& text)
                              text.Right(kMostCharacters / 2));
 }
 
-appearance::TabSizes SizesFor(const wxWindow& window)
-{
-    const auto pixels = [&window](int size) { return window.FromDIP(size); };
-    return {pixels(kSizes.icon), pixels(kSizes.slot), pixels(kSizes.margin), pixels(kSizes.gap),
-            pixels(kSizes.most)};
-}
-
 // The notebook that the tab belongs to; null for a plain one.
 const wxtNotebook* BookOf(const wxWindow* tabs)
 {
@@ -264,10 +257,23 @@ wxRect wxtTabArt::GroundIn(const wxRect& tab) const
     return wxRect(tab.x, tab.y + top, tab.width, tab.height - kShelf);
 }
 
+appearance::TabSizes wxtTabArt::SizesFor(const wxWindow& wnd)
+{
+    const auto pixels = [&wnd](int size) { return wnd.FromDIP(size); };
+    return {pixels(kSizes.icon), pixels(kSizes.slot), pixels(kSizes.margin), pixels(kSizes.gap),
+            pixels(kSizes.most)};
+}
+
 int wxtTabArt::WidthOf(const wxWindow& wnd, const wxAuiNotebookPage& page, bool closable) const
 {
+    return WidthOf(wnd, page, closable, SizesFor(wnd));
+}
+
+int wxtTabArt::WidthOf(const wxWindow& wnd, const wxAuiNotebookPage& page, bool closable,
+                       const appearance::TabSizes& sizes) const
+{
     return appearance::TabWidth(m_Fonts->WidthOf(page.caption, wnd), page.bitmap.IsOk(),
-                                closable || IsModified(&wnd, page), SizesFor(wnd));
+                                closable || IsModified(&wnd, page), sizes);
 }
 
 wxRect wxtTabArt::SlotIn(const wxWindow& wnd, const wxAuiNotebookPage& page,

@@ -9,7 +9,8 @@
 namespace appearance
 {
 struct TabFonts;
-}
+struct TabSizes;
+} // namespace appearance
 
 /// The tabs of a notebook in the colours of the scheme: graded grounds, the icon, the text,
 /// shortened in its middle where there is no room, and the close button, in whose place a page of a
@@ -66,7 +67,11 @@ public:
     /// @name Geometry
     /// Of tabs in such a window, pixels. `closable`: they have a close button.
     /// @{
-    int    WidthOf(const wxWindow& wnd, const wxAuiNotebookPage& page, bool closable) const;
+    int WidthOf(const wxWindow& wnd, const wxAuiNotebookPage& page, bool closable) const;
+    /// For many tabs: with GTK 2 the sizes that they share take a question to the display each.
+    int WidthOf(const wxWindow& wnd, const wxAuiNotebookPage& page, bool closable,
+                const appearance::TabSizes& sizes) const;
+    static appearance::TabSizes SizesFor(const wxWindow& wnd);
     wxRect SlotIn(const wxWindow& wnd, const wxAuiNotebookPage& page, const wxRect& tab) const;
     /// Whether there is no room for the whole text.
     bool IsShortened(const wxWindow& wnd, const wxAuiNotebookPage& page, int width,

@@ -58,12 +58,13 @@ bool TabStrip::HasCloseButton(const wxAuiNotebookPage& page) const
 TabRow TabStrip::RowWith(int shown) const
 {
     const wxSize     room = m_Tabs->GetClientSize();
+    const TabSizes   sizes = wxtTabArt::SizesFor(*m_Tabs);
     std::vector<int> widths;
     widths.reserve(m_Tabs->GetPageCount());
     for (size_t i = 0; i < m_Tabs->GetPageCount(); ++i)
     {
         const wxAuiNotebookPage& page = m_Tabs->GetPage(i);
-        widths.push_back(Art().WidthOf(*m_Tabs, page, HasCloseButton(page)));
+        widths.push_back(Art().WidthOf(*m_Tabs, page, HasCloseButton(page), sizes));
     }
     return TabRow::Of(widths, m_Tabs->GetTabOffset(), shown,
                       {room, m_Tabs->FromDIP(kLeastTab), wxtTabArt::ButtonWidth(*m_Tabs)});
