@@ -57,7 +57,9 @@ enum ColorSchemeCode
     scheme_Lighter = 2,
     scheme_Dark = 3,
     scheme_Darker = 4,
-    scheme_Custom = 5 ///< Dark, with the colours of "Colors.ini" over it.
+    scheme_Custom = 5, ///< Dark, with the colours of "Colors.ini" over it.
+    /// Dark or light, as the desktop asks. Programs that do not know it yet are dark.
+    scheme_Desktop = 64
 };
 
 /// The colour of that name. An unknown name is entered, and given back, as an invalid colour.

@@ -1,6 +1,7 @@
 #include "appearance/scheme/ColorTable.h"
 #include "appearance/ColorScheme.h"
 
+#include "internal/port/DesktopScheme.h"
 #include "vesta/CallEntry.h"
 
 #include <cstddef>
@@ -165,6 +166,8 @@ void SetColors(int scheme)
         return Darker();
     case scheme_Custom:
         return CustomColors();
+    case scheme_Desktop:
+        return internal::IsDesktopDark() ? Dark() : Light();
     default:
         return Dark();
     }

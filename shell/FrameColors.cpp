@@ -1,4 +1,5 @@
 #include "shell/frames/FrameColors.h"
+#include "internal/port/DesktopScheme.h"
 #include "internal/windows/UpperFloors.h"
 #include "shell/wxTolvanFrame.h"
 #include "tolvan/Components.h"
@@ -54,6 +55,15 @@ void TellOtherPrograms()
 void shell::AnswerColorRequests()
 {
     Application::the_Application->RegisterRequestHandler(kColorRequest, _RemoteChangeHandler);
+    internal::OnDesktopChange(
+        []
+        {
+            if (g_Scheme == scheme_Desktop)
+            {
+                SetColors(g_Scheme);
+                wxTolvanFrame::ProcessColorChange();
+            }
+        });
 }
 
 int wxTolvanFrame::SetColorScheme(int scheme)

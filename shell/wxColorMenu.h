@@ -14,7 +14,7 @@ public:
     enum
     {
         id_FirstScheme = 21000,
-        id_LastScheme = 21005
+        id_LastScheme = 21006
     };
 
     wxColorMenu();
