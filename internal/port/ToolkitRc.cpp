@@ -60,7 +60,9 @@ std::string RcOf(const ToolkitColours& c)
                             {"bg[NORMAL]", c.button},
                             {"bg[PRELIGHT]", MixColours(c.buttonInk, c.button, kFaint)},
                             {"bg[ACTIVE]", c.selected}}) +
-           Style("bar", {{"bg[PRELIGHT]", c.selected}, {"fg[PRELIGHT]", c.selectedInk}}) +
+           Style("bar", {{"bg[NORMAL]", c.ground},
+                         {"bg[PRELIGHT]", c.selected},
+                         {"fg[PRELIGHT]", c.selectedInk}}) +
            Style("menu", {{"bg[NORMAL]", c.raised},
                           {"bg[INSENSITIVE]", c.raised},
                           {"bg[PRELIGHT]", c.selected},

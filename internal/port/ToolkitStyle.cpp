@@ -47,12 +47,12 @@ void SetSheet(const ToolkitColours& colours)
     gtk_css_provider_load_from_data(s_Sheet, CssOf(colours).c_str(), -1, nullptr);
 }
 #else
-// What the styles count for; the last that fits wins.
+// What the styles count for; the last that fits wins. Only names of classes are found there.
 const char* const kRules = "widget \"*tolvan-scheme*\" style \"tolvan-window\"\n"
-                           "widget \"*tolvan-scheme*<GtkButton>*\" style \"tolvan-button\"\n"
-                           "widget \"*tolvan-scheme*<GtkMenuBar>*\" style \"tolvan-bar\"\n"
-                           "widget \"*tolvan-scheme*<GtkMenu>*\" style \"tolvan-menu\"\n"
-                           "widget \"*tolvan-scheme*<GtkScrollbar>\" style \"tolvan-scrollbar\"\n"
+                           "widget \"*tolvan-scheme*.GtkButton*\" style \"tolvan-button\"\n"
+                           "widget \"*tolvan-scheme*.GtkMenu*\" style \"tolvan-menu\"\n"
+                           "widget \"*tolvan-scheme*.GtkMenuBar*\" style \"tolvan-bar\"\n"
+                           "widget \"*tolvan-scheme*.Gtk?Scrollbar\" style \"tolvan-scrollbar\"\n"
                            "widget \"gtk-tooltip*tolvan-scheme*\" style \"tolvan-tooltip\"\n";
 
 bool HasMark(GtkWidget* widget)
@@ -120,7 +120,9 @@ GtkWidget* OwnerOf(GtkWindow* window)
         return OwnerOfMenu(GTK_MENU(inside));
     }
     GtkWindow* const owner = gtk_window_get_transient_for(window);
-    return owner ? GTK_WIDGET(owner) : nullptr;
+    // Those of GTK 2 have no owner.
+    const bool isTooltip = gtk_window_get_type_hint(window) == GDK_WINDOW_TYPE_HINT_TOOLTIP;
+    return owner ? GTK_WIDGET(owner) : isTooltip ? ActiveWindow() : nullptr;
 }
 
 // That of the tooltips serves one window after the other.
