@@ -323,7 +323,7 @@ struct Handled
     const char* again;
 };
 
-const Handled kHandled[] = {
+const Handled kHandledControls[] = {
     {"Normal", "", "click", "button", "click"},
     {"expander", "", "click", "button", ""},
     {"Check box", "", "click", "check1", "click"},
@@ -336,6 +336,9 @@ const Handled kHandled[] = {
     {"comboBox", "focus F4 opened", "Down Return", "text", "focus Down"},
     {"comboBox", "focus", "a", "text", "focus F4"},
     {"text", "focus", "ctrl+a 9", "text", ""},
+};
+
+const Handled kHandledViews[] = {
     {"listBox", "focus", "End", "row2", "focus Home"},
     {"listBox", "box", "press release", "tick2", "focus Home"},
     {"list", "", "click", "deselect1", "enter double"},
@@ -359,11 +362,12 @@ const Handled kHandled[] = {
 
 // The controls that take keys, by label or name.
 const std::vector<wxString> kStops = {
-    "Default", "Normal",     "Highlighted",  "Check box", "Checked",      "Chosen",
-    "text",    "text",       "choice",       "text",      "listBox",      "expander",
-    "button",  "panel",      "lines",        "button",    "text",         "Previous",
-    "Next",    "Match Case", "text",         "panel",     "panel",        "text",
-    "choice",  "panel",      "wxAuiTabCtrl", "text",      "Pick Jobs...", "Go On"};
+    "Default", "Normal",     "Highlighted",  "Progress...", "Problem...",   "Message...",
+    "File...", "Colour...",  "Font...",      "Check box",   "Checked",      "Chosen",
+    "text",    "text",       "choice",       "text",        "listBox",      "expander",
+    "button",  "panel",      "lines",        "button",      "text",         "Previous",
+    "Next",    "Match Case", "text",         "panel",       "panel",        "text",
+    "choice",  "panel",      "wxAuiTabCtrl", "text",        "Pick Jobs...", "Go On"};
 
 class ControlHandsTest : public HandsTest
 {
@@ -379,6 +383,41 @@ protected:
             EXPECT_EQ(row.heard, Heard());
             EXPECT_TRUE(!row.look || row.look == (control ? LookOf(control) : "gone"))
                 << (control ? LookOf(control) : "gone");
+        }
+    }
+
+    template <class Rows> void TryHandlers(const Rows& rows)
+    {
+        for (const Handled& row : rows)
+        {
+            for (const std::string effect :
+                 {"throw", "disable", "dialog", "destroy", "page-destroy"})
+            {
+                SCOPED_TRACE(std::string(row.control) + ": " + row.before + " then " + effect +
+                             " " + row.deed);
+                Open();
+                const wxWeakRef<wxWindow> control(Named(row.control));
+                const wxWeakRef<wxWindow> other(Named("Highlighted"));
+                Do(control, row.before);
+                Heard();
+                Do(control, "then " + effect + " " + row.deed + " freed");
+                const std::string heard = Heard();
+                EXPECT_EQ(0u, heard.find(row.heard)) << heard;
+                EXPECT_EQ(effect.find("destroy") == std::string::npos, bool(control));
+                if (control)
+                {
+                    Do(control, std::string("enable show shut leave ") + row.again);
+                    EXPECT_TRUE(!*row.again || !Heard().empty());
+                    Do(control, "shut");
+                    Heard();
+                }
+                if (other)
+                {
+                    Do(other, "click");
+                    EXPECT_EQ("button", Heard());
+                    EXPECT_TRUE(HasTheKeys(other));
+                }
+            }
         }
     }
 };
@@ -522,38 +561,14 @@ TEST_F(ControlHandsTest, ADialogReturnsWhatWasPicked)
 }
 
 // Neither an exception nor anything else takes the keys or the pointer from the program.
-TEST_F(ControlHandsTest, HandlersMayDoAnything)
+TEST_F(ControlHandsTest, HandlersOfControlsMayDoAnything)
 {
-    for (const Handled& row : kHandled)
-    {
-        for (const std::string effect : {"throw", "disable", "dialog", "destroy", "page-destroy"})
-        {
-            SCOPED_TRACE(std::string(row.control) + ": " + row.before + " then " + effect + " " +
-                         row.deed);
-            Open();
-            const wxWeakRef<wxWindow> control(Named(row.control));
-            const wxWeakRef<wxWindow> other(Named("Highlighted"));
-            Do(control, row.before);
-            Heard();
-            Do(control, "then " + effect + " " + row.deed + " freed");
-            const std::string heard = Heard();
-            EXPECT_EQ(0u, heard.find(row.heard)) << heard;
-            EXPECT_EQ(effect.find("destroy") == std::string::npos, bool(control));
-            if (control)
-            {
-                Do(control, std::string("enable show shut leave ") + row.again);
-                EXPECT_TRUE(!*row.again || !Heard().empty());
-                Do(control, "shut");
-                Heard();
-            }
-            if (other)
-            {
-                Do(other, "click");
-                EXPECT_EQ("button", Heard());
-                EXPECT_TRUE(HasTheKeys(other));
-            }
-        }
-    }
+    TryHandlers(kHandledControls);
+}
+
+TEST_F(ControlHandsTest, HandlersOfViewsMayDoAnything)
+{
+    TryHandlers(kHandledViews);
 }
 
 TEST_F(ControlHandsTest, WhatIsHeldMayGo)
