@@ -246,7 +246,7 @@ void wxtNotebook::FillTabMenu(wxMenu&, wxWindow*)
 }
 
 void wxtNotebook::AppendToMenu(wxMenu& menu, const wxString& label, bool enabled,
-                               std::function<void()> action)
+                               const std::function<void()>& action)
 {
     wxMenuItem* const item = menu.Append(wxID_ANY, label);
     item->Enable(enabled);
@@ -273,6 +273,16 @@ void wxtNotebook::CloseOthers(wxWindow* page)
         {
             ClosePage(others[i]);
         }
+    }
+}
+
+void wxtNotebook::MoveOut(wxWindow* page)
+{
+    const wxWeakRef<wxtNotebook> book(this);
+    OpenWindow(page);
+    if (book)
+    {
+        TellOfMove(page);
     }
 }
 
@@ -319,16 +329,7 @@ void wxtNotebook::ShowTabMenu(wxWindow* page)
                [=] { move(static_cast<size_t>(place + 1)); });
         append("&Beside the Others", maySplit, [=] { split(wxRIGHT); });
         append("Belo&w the Others", maySplit, [=] { split(wxBOTTOM); });
-        append("In a &Window of Its Own", m_AllowsWindows,
-               [this, target]
-               {
-                   const wxWeakRef<wxtNotebook> book(this);
-                   OpenWindow(target);
-                   if (book)
-                   {
-                       TellOfMove(target);
-                   }
-               });
+        append("In a &Window of Its Own", m_AllowsWindows, [this, target] { MoveOut(target); });
     }
     else
     {

@@ -171,8 +171,9 @@ private:
     void OpenChooser(const wxPoint& screen, bool byUse, bool forward);
     void OnChosen(wxWindow* page);
     void AppendToMenu(wxMenu& menu, const wxString& label, bool enabled,
-                      std::function<void()> action);
+                      const std::function<void()>& action);
     void CloseOthers(wxWindow* page);
+    void MoveOut(wxWindow* page);
     /// @}
 
     /// @name Panes

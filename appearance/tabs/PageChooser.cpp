@@ -26,6 +26,7 @@ bool IsPress(wxEventType type)
 std::vector<PageList::Row> RowsOf(const std::vector<PageChooser::Page>& pages)
 {
     std::vector<PageList::Row> rows;
+    rows.reserve(pages.size());
     for (const PageChooser::Page& page : pages)
     {
         rows.push_back(page.row);

@@ -24,6 +24,7 @@ public:
         const auto rank = [this](const Thing* thing)
         { return std::find(m_Used.begin(), m_Used.end(), thing) - m_Used.begin(); };
         std::vector<std::pair<std::ptrdiff_t, Thing*>> ranked;
+        ranked.reserve(things.size());
         for (Thing* const thing : things)
         {
             ranked.emplace_back(rank(thing), thing);

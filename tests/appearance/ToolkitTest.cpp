@@ -19,6 +19,8 @@
 
 namespace
 {
+constexpr int kDeadline = 20000; // ms; a picture of the screen takes its time
+
 // Pixels of that colour in squares of it: without letters, icons and the frames of windows.
 int AreaOf(const wxImage& image, const wxColour& colour)
 {
@@ -74,7 +76,8 @@ protected:
             {
                 picture = PictureOfScreen();
                 return AreaOf(picture, colour) >= area;
-            }))
+            },
+            kDeadline))
             << what;
         EXPECT_EQ(isStock, StockArea(picture) > 0) << what << ": " << Kept(picture, what);
     }
