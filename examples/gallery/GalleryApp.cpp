@@ -9,7 +9,7 @@ const char* const kHelp =
     "tolvan-gallery: shows every control of the library once.\n"
     "\n"
     "  --set-scheme=CODE   in that colour scheme, from now on: 0 default, 1 light, 2 lighter,\n"
-    "                      3 dark, 4 darker, 5 custom\n"
+    "                      3 dark, 4 darker, 5 custom, 64 as the desktop has it\n"
     "  --help, --version   say so and end\n";
 
 class GalleryApp : public wxTolvanApp

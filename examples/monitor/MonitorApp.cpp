@@ -20,7 +20,7 @@ const char* const kHelp =
     "  --no-start          start no master where none runs\n"
     "  --no-master         connect to none either\n"
     "  --set-scheme=CODE   switch the colour scheme of all programs: 0 default, 1 light,\n"
-    "                      2 lighter, 3 dark, 4 darker, 5 custom\n"
+    "                      2 lighter, 3 dark, 4 darker, 5 custom, 64 the desktop's\n"
     "  --time-start        print the milliseconds until the window is shown, and end\n"
     "  --log-dir FOLDER    folder of the log file TolvanMonitor.log\n"
     "  --verbose           debug lines in the log and on the console\n"
