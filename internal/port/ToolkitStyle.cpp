@@ -92,16 +92,38 @@ bool Follows(GtkWidget* widget)
     return false;
 }
 
+// The window that got the keyboard last; null once it is gone.
+GtkWidget* s_Latest = nullptr;
+
+bool CanBeOwner(GtkWidget* window)
+{
+    return gtk_window_get_window_type(GTK_WINDOW(window)) == GTK_WINDOW_TOPLEVEL &&
+           gtk_widget_get_visible(window);
+}
+
+void Remember(GtkWidget* window)
+{
+    if (CanBeOwner(window))
+    {
+        g_set_weak_pointer(&s_Latest, window);
+    }
+}
+
+// While the keyboard is on its way from one window to the next, none is active: the latest is as
+// good, or any that can be seen.
 GtkWidget* ActiveWindow()
 {
     GList* const all = gtk_window_list_toplevels();
     GtkWidget*   active = nullptr;
+    GtkWidget*   shown = s_Latest && CanBeOwner(s_Latest) ? s_Latest : nullptr;
     for (const GList* one = all; one && !active; one = one->next)
     {
-        active = gtk_window_is_active(GTK_WINDOW(one->data)) ? GTK_WIDGET(one->data) : nullptr;
+        auto* const window = GTK_WIDGET(one->data);
+        active = gtk_window_is_active(GTK_WINDOW(window)) ? window : nullptr;
+        shown = shown || !CanBeOwner(window) ? shown : window;
     }
     g_list_free(all);
-    return active;
+    return active ? active : shown;
 }
 
 // One that the toolkit opens at the pointer belongs, for the port, to nothing.
@@ -152,11 +174,26 @@ gboolean OnShow(GSignalInvocationHint*, guint, const GValue* values, void*)
     return TRUE;
 }
 
+gboolean OnFocus(GSignalInvocationHint*, guint, const GValue* values, void*)
+{
+    void* const focused = g_value_get_object(values);
+    if (GTK_IS_WINDOW(focused))
+    {
+        Remember(GTK_WIDGET(focused));
+    }
+    return TRUE;
+}
+
+gulong Hook(const char* signal, GSignalEmissionHook hook)
+{
+    return g_signal_add_emission_hook(g_signal_lookup(signal, GTK_TYPE_WIDGET), 0, hook, nullptr,
+                                      nullptr);
+}
+
 void WatchWindows()
 {
-    static const gulong s_Hook = g_signal_add_emission_hook(
-        g_signal_lookup("show", GTK_TYPE_WIDGET), 0, OnShow, nullptr, nullptr);
-    static_cast<void>(s_Hook);
+    static const gulong s_Hooks[] = {Hook("show", OnShow), Hook("focus-in-event", OnFocus)};
+    static_cast<void>(s_Hooks);
 }
 } // namespace
 
