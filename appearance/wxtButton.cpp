@@ -7,6 +7,7 @@
 #include "appearance/controls/ForeignKey.h"
 #include "appearance/controls/ForeignPress.h"
 #include "appearance/controls/Mnemonic.h"
+#include "internal/drawing/Emphasis.h"
 #include "internal/port/Enabling.h"
 #include "internal/port/LostFocus.h"
 #include "vesta/CallEntry.h"
@@ -23,8 +24,6 @@ namespace
 {
 constexpr int kSmallerByPoints = 1;
 constexpr int kHilightOffset = 25; // per channel
-constexpr int kDefaultBackgroundOffset = 20;
-constexpr int kDefaultForegroundOffset = -20;
 
 // Shared by all buttons: made by the first one, from its own font.
 wxFont s_NormalFont;
@@ -159,9 +158,9 @@ void wxtButton::SetNormal()
 void wxtButton::TakeDefaultLook()
 {
     m_ForegroundName = color_3DDark;
-    m_ForegroundOffset = kDefaultForegroundOffset;
+    m_ForegroundOffset = internal::k_DefaultInkLift;
     m_BackgroundName = color_Selected;
-    m_BackgroundOffset = kDefaultBackgroundOffset;
+    m_BackgroundOffset = internal::k_DefaultGroundLift;
     SetFont(s_DefaultFont);
     HilightAgain();
     RefreshColors();

@@ -1,5 +1,6 @@
 #include "appearance/wxTolvanColors.h"
 #include "internal/drawing/ColorMix.h"
+#include "internal/drawing/Emphasis.h"
 #include "listviews/cells/CellText.h"
 #include "listviews/columns/ColumnFit.h"
 #include "listviews/model/ListModel.h"
@@ -15,9 +16,8 @@
 
 namespace
 {
-constexpr int    kTipDelay = 1;       // milliseconds until a tooltip follows what is drawn
-constexpr double kGroundShare = 0.67; // of a selected row's colour; the rest is the selection's
-constexpr double kFocusShare = 0.5;   // of the text's colour in the frame of the focus
+constexpr int    kTipDelay = 1;     // milliseconds until a tooltip follows what is drawn
+constexpr double kFocusShare = 0.5; // of the text's colour in the frame of the focus
 
 // Lets go of what is only there while the rows are painted, however that ends.
 class WhilePainting
@@ -113,7 +113,7 @@ wxColour wxDBListBody::GroundOf(int row, bool hovered) const
     else if (m_Source.IsRowSelected(row))
     {
         ground = internal::MixColours(wxtGetColor(color_WindowBGDarker),
-                                      wxtGetColor(color_Selected), kGroundShare);
+                                      wxtGetColor(color_Selected), internal::k_SelectedRowShare);
     }
     else
     {

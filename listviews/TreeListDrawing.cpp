@@ -1,5 +1,6 @@
 #include "appearance/wxTolvanColors.h"
 #include "internal/drawing/ColorMix.h"
+#include "internal/drawing/Emphasis.h"
 #include "listviews/tree/TreeCell.h"
 #include "listviews/tree/TreeState.h"
 #include "listviews/wxDBListBody.h"
@@ -14,8 +15,6 @@ using listviews::TreeState;
 
 namespace
 {
-constexpr double kGroundShare = 0.67; // of a selected row's colour; the rest is the selection's
-
 // From the row up to the root: whether another child comes behind.
 std::vector<bool> SiblingsOf(const TreePlace& place, int levels)
 {
@@ -104,10 +103,10 @@ wxRect wxDBTreeListCtrl::DrawTree(wxDC& dc, int row, const wxRect& rect, bool se
     const listviews::TreeCellGeometry geometry(rect, GetLevel(row));
     state.isHovered = geometry.Press().Contains(m_Tree->pointer);
     state.hasSibling = SiblingsOf(m_Tree->shown->At(row), geometry.level + 1);
-    const wxColour ground = selected
-                                ? internal::MixColours(wxtGetColor(color_WindowBGDarker),
-                                                       wxtGetColor(color_Selected), kGroundShare)
-                                : GetRowBGColor(row);
+    const wxColour ground =
+        selected ? internal::MixColours(wxtGetColor(color_WindowBGDarker),
+                                        wxtGetColor(color_Selected), internal::k_SelectedRowShare)
+                 : GetRowBGColor(row);
     DrawTreeCell(dc, geometry, state, LookOf(state, wxtGetColor(color_Text), ground),
                  dc.GetContentScaleFactor());
     return geometry.Text();

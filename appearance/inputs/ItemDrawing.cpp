@@ -2,6 +2,7 @@
 
 #include "appearance/ColorDrawing.h"
 #include "appearance/ColorScheme.h"
+#include "internal/drawing/Emphasis.h"
 #include "internal/text/OneLine.h"
 
 #include <wx/control.h>
@@ -18,10 +19,6 @@ namespace
 constexpr int kTextMargin = 3; // left and right of an item's text
 constexpr int kOverText = 4;   // of an item's height
 constexpr int kWidest = 400;   // that a text asks for
-
-// Added to each channel of the selected item's colours, as of a default button's.
-constexpr int kSelectedGroundLift = 20;
-constexpr int kSelectedInkLift = -20;
 } // namespace
 
 ItemLook ItemLook::Of(const wxColour& ground, const wxColour& ink, bool selected)
@@ -32,7 +29,8 @@ ItemLook ItemLook::Of(const wxColour& ground, const wxColour& ink, bool selected
     }
     const auto lifted = [](const String& name, int by)
     { return OffsetColor(wxtGetColor(name), by, by, by); };
-    return {lifted(color_Selected, kSelectedGroundLift), lifted(color_3DDark, kSelectedInkLift)};
+    return {lifted(color_Selected, internal::k_DefaultGroundLift),
+            lifted(color_3DDark, internal::k_DefaultInkLift)};
 }
 
 void FillGround(wxDC& dc, const wxRect& rect, const wxColour& colour)
