@@ -4,6 +4,7 @@
 #include "appearance/wxtButton.h"
 #include "appearance/wxtCheckBox.h"
 #include "appearance/wxtStockControls.h"
+#include "dialogs/wxColorSchemeDlg.h"
 #include "dialogs/wxConfirmDlg.h"
 #include "shell/wxTolvanFrame.h"
 
@@ -76,6 +77,14 @@ void PreferencesDlg::AddSchemes(wxBoxSizer& sizer)
         sizer.Add(button, 0, wxEXPAND | wxTOP, kGap);
         m_Schemes.push_back(button);
     }
+    auto* const edit = new wxtButton(this, wxID_ANY, wxGetTranslation("&Edit Colours..."));
+    edit->Bind(wxEVT_BUTTON,
+               [this](wxCommandEvent&)
+               {
+                   m_HasChosen |= wxColorSchemeDlg(this).ShowModal() == wxID_OK;
+                   ShowScheme();
+               });
+    sizer.Add(edit, 0, wxTOP, kGap);
     ShowScheme();
 }
 
