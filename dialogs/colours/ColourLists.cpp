@@ -11,6 +11,8 @@
 #include <wx/intl.h>
 #include <wx/listbase.h>
 
+#include <algorithm>
+
 namespace dialogs
 {
 namespace
@@ -57,6 +59,13 @@ void DrawWarning(wxDC& dc, const wxRect& room)
 const ColourPair& PairOf(int row)
 {
     return ColourPairs()[static_cast<size_t>(row)];
+}
+
+// Of a column of numbers, which have to be whole in any font.
+int WidthFor(const wxWindow& list, const char* widest, int usual)
+{
+    constexpr int kMargins = 10;
+    return std::max(usual, list.GetTextExtent(widest).x + kMargins);
 }
 
 wxString LabelOf(const String& key)
@@ -141,7 +150,8 @@ ColourList::ColourList(wxWindow* parent, const SchemeColours& colours)
     CALL_ENTRY("ColourList::ColourList");
     AddColumn(column_Sample, String(), kSampleWidth);
     AddColumn(column_Name, wxtFromWx(wxGetTranslation("Colour")), kNameWidth);
-    AddColumn(column_Value, wxtFromWx(wxGetTranslation("Value")), kValueWidth);
+    AddColumn(column_Value, wxtFromWx(wxGetTranslation("Value")),
+              WidthFor(*this, "#DDDDDD", kValueWidth));
     AddColumn(column_Key, wxtFromWx(wxGetTranslation("Key")), kKeyWidth);
     SetItemCount(static_cast<int>(k_ColourCount));
     Select(0);
@@ -179,7 +189,8 @@ PairList::PairList(wxWindow* parent, const SchemeColours& colours)
 {
     CALL_ENTRY("PairList::PairList");
     AddColumn(column_Sample, String(), kSampleWidth);
-    AddColumn(column_Ratio, wxtFromWx(wxGetTranslation("Contrast")), kRatioWidth);
+    AddColumn(column_Ratio, wxtFromWx(wxGetTranslation("Contrast")),
+              WidthFor(*this, "00.00 : 1", kRatioWidth - kMarkWidth) + kMarkWidth);
     AddColumn(column_Place, wxtFromWx(wxGetTranslation("Where")), kPlaceWidth);
     AddColumn(column_Pair, wxtFromWx(wxGetTranslation("Text on ground")), kPairWidth);
     SetItemCount(static_cast<int>(ColourPairs().size()));
