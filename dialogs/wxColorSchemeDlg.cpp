@@ -15,6 +15,8 @@
 #include <wx/listbase.h>
 #include <wx/sizer.h>
 
+#include <algorithm>
+
 using dialogs::k_ColourNames;
 
 namespace
@@ -162,7 +164,7 @@ size_t wxColorSchemeDlg::Row() const
 int wxColorSchemeDlg::ShowModal()
 {
     CALL_ENTRY("wxColorSchemeDlg::ShowModal");
-    const int former = g_Scheme;
+    const int former = std::max<int>(g_Scheme, scheme_Default);
     if (!Begin())
     {
         return 0;
@@ -184,11 +186,18 @@ bool wxColorSchemeDlg::Begin()
             m_Edit->file.emplace(dialogs::ColourFile::UserFile(), m_Edit->dark);
             m_Edit->shown = m_Edit->file->Colours();
             m_Edit->history = dialogs::ColourHistory(m_Edit->shown);
-            m_Edit->file->Write(m_Edit->shown);
+            if (m_Edit->file->IsAlone())
+            {
+                m_Edit->file->Write(m_Edit->shown);
+            }
         });
-    if (!failure.empty())
+    const bool isTaken = m_Edit->file && !m_Edit->file->IsAlone();
+    if (isTaken || !failure.empty())
     {
-        wxTellProblem(wxtToWx(failure), GetParent());
+        m_Edit->file.reset();
+        wxTellProblem(isTaken ? wxGetTranslation("Another program has the colours open to edit.")
+                              : wxtToWx(failure),
+                      GetParent());
         return false;
     }
     wxTolvanFrame::SetColorScheme(scheme_Custom);
@@ -198,7 +207,7 @@ bool wxColorSchemeDlg::Begin()
 }
 
 // The file first: whoever hears of the scheme reads it. A file that did not say which scheme it is
-// has got to know that by then, and forgets it again.
+// has to from now on, or the other programs would stay in the custom one.
 void wxColorSchemeDlg::TakeBack(int scheme)
 {
     const bool   isOurs = g_Scheme == scheme_Custom; // no other program has chosen since
@@ -206,7 +215,6 @@ void wxColorSchemeDlg::TakeBack(int scheme)
     if (isOurs)
     {
         wxTolvanFrame::SetColorScheme(scheme);
-        static_cast<void>(dialogs::FailureOf([this] { m_Edit->file->Restore(); }));
     }
     if (!failure.empty())
     {
@@ -279,7 +287,7 @@ bool wxColorSchemeDlg::Validate()
 bool wxColorSchemeDlg::TransferDataFromWindow()
 {
     CALL_ENTRY("wxColorSchemeDlg::TransferDataFromWindow");
-    if (!Apply())
+    if (m_Edit->file && !Apply())
     {
         wxTellProblem(m_Note->GetLabel(), this);
         return false;

@@ -21,16 +21,16 @@ struct SchemeEdit;
 /// Edits the colours of the custom scheme: each by its value or from a picker, all of them from a
 /// preset or a file, with undo, and with the contrast of each text that the library shows. While it
 /// is open the custom scheme is on in all programs, and they show every change. Confirmed it leaves
-/// that and "Colors.ini" so; else scheme and file are what they were, to the byte. A modal dialog;
-/// main thread.
+/// that and "Colors.ini" so; else scheme and colours are what they were. One program at a time has
+/// it. A modal dialog; main thread.
 class TOLVAN_API wxColorSchemeDlg : public wxTolvanDlg
 {
 public:
     explicit wxColorSchemeDlg(wxWindow* parent);
     ~wxColorSchemeDlg() override;
 
-    /// `wxID_OK`, or something else when scheme and file are what they were. A file that cannot be
-    /// read or written is told of, and nothing is edited.
+    /// `wxID_OK`, or something else when scheme and colours are what they were. A file that cannot
+    /// be read or written, or that another program edits, is told of, and nothing is edited.
     int ShowModal() override;
     /// Whether the field holds a colour; the dialog calls it on OK.
     bool Validate() override;

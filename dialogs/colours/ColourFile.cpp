@@ -5,15 +5,28 @@
 #include "vesta/FileLock.h"
 #include "vesta/IniFile.h"
 
+#include <fcntl.h>
+
 namespace dialogs
 {
 namespace
 {
-constexpr int kLockTime = 1000; // milliseconds
+constexpr int    kLockTime = 1000; // milliseconds
+constexpr mode_t kPrivateFile = 0600;
+
+// Open unless the folder is read-only, which the first write tells of.
+Descriptor LockFileOf(const Path& path)
+{
+    File::MakeFolder(path.Branch());
+    return Descriptor::Open(path.Text() + ".edit.lock", O_RDWR | O_CREAT | O_NOFOLLOW,
+                            kPrivateFile);
 }
+} // namespace
 
 ColourFile::ColourFile(const Path& path, const SchemeColours& dark)
     : m_Path(File::FollowLinks(path)),
+      m_Editing(LockFileOf(m_Path)),
+      m_IsAlone(!m_Editing.IsOpen() || m_Editing.LockUnlessTaken()),
       m_Dark(dark),
       m_Original(Read()),
       m_Base(m_Original),
@@ -35,14 +48,12 @@ ColourFile::Bytes ColourFile::Read() const
 // Into the base, not into what was written last: a line that went and comes back has its old place.
 void ColourFile::Write(const SchemeColours& colours)
 {
-    File::MakeFolder(m_Path.Branch());
     const FileLock lock(m_Path, kLockTime);
     const Bytes    present = Read();
     if (present != m_Written)
     {
         m_Base = present;
     }
-    m_IsRestored = false;
     const String text = WithColours(m_Base.value_or(""), m_Original.value_or(""), colours, m_Dark);
     if (present != text)
     {
@@ -56,20 +67,21 @@ void ColourFile::Restore()
     const FileLock lock(m_Path, kLockTime);
     const Bytes    present = Read();
     Bytes          wanted = m_Original;
-    if (!m_IsRestored && (present != m_Written || m_Base != m_Original))
+    if (present && (present != m_Written || m_Base != m_Original))
     {
-        wanted = WithColoursTakenBack(present.value_or(""), m_Original.value_or(""));
+        wanted = WithColoursTakenBack(*present, m_Written.value_or(""), m_Original.value_or(""));
     }
-    if (!wanted)
+    if (!present || wanted == present)
     {
-        File::Remove(m_Path);
+        return;
     }
-    else if (wanted != present)
+    if (wanted)
     {
         File::WriteAtomically(m_Path, *wanted);
     }
-    m_Base = m_Original;
-    m_Written = wanted;
-    m_IsRestored = wanted == m_Original;
+    else
+    {
+        File::Remove(m_Path);
+    }
 }
 } // namespace dialogs

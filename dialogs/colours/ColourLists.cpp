@@ -12,6 +12,7 @@
 #include <wx/listbase.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace dialogs
 {
@@ -59,6 +60,13 @@ void DrawWarning(wxDC& dc, const wxRect& room)
 const ColourPair& PairOf(int row)
 {
     return ColourPairs()[static_cast<size_t>(row)];
+}
+
+// Cut, not rounded: one that is too little must not read as if it was enough.
+String RatioText(double contrast)
+{
+    constexpr double kParts = 100;
+    return SFormat("%.2f : 1", std::floor(contrast * kParts) / kParts);
 }
 
 // Of a column of numbers, which have to be whole in any font.
@@ -202,7 +210,7 @@ String PairList::GetDisplayText(int row, int column)
     switch (GetColumn(column).type)
     {
     case column_Ratio:
-        return SFormat("%.2f : 1", pair.ContrastIn(m_Colours));
+        return RatioText(pair.ContrastIn(m_Colours));
     case column_Place:
         return wxtFromWx(wxGetTranslation(pair.place));
     case column_Pair:

@@ -51,11 +51,12 @@ const std::vector<ColourPair>& ColourPairs()
     constexpr auto                       kPlain = ColourPair::kPlain;
     constexpr auto                       kRow = ColourPair::kSelectedRow;
     static const std::vector<ColourPair> s_Pairs = {
-        {&color_Text, &color_WindowBG, kPlain, wxTRANSLATE("Windows, dialogs")},
+        {&color_Text, &color_WindowBG, kPlain, wxTRANSLATE("Windows, dialogs, tabs")},
         {&color_Text, &color_WindowBGLighter, kPlain, wxTRANSLATE("Fields, text views")},
         {&color_Text, &color_WindowBGDarker, kPlain, wxTRANSLATE("Lists, messages")},
         {&color_Text, &color_WindowBGDarker, kRow, wxTRANSLATE("Selected rows of lists")},
         {&color_Text, &color_Selected, kPlain, wxTRANSLATE("Selected lines of text views")},
+        {&color_3DDark, &color_Selected, kPlain, wxTRANSLATE("Titles of active panes")},
         {&color_3DDark, &color_Selected, ColourPair::kDefault,
          wxTRANSLATE("Default button, selected items")},
         {&color_ButtonText, &color_ButtonFace, kPlain, wxTRANSLATE("Buttons, titles of lists")},

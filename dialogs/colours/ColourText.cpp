@@ -117,9 +117,10 @@ String WithColours(const String& text, const String& original, const SchemeColou
     return document.ToText();
 }
 
-String WithColoursTakenBack(const String& text, const String& original)
+String WithColoursTakenBack(const String& text, const String& written, const String& original)
 {
     IniDocument       document = Parsed(text);
+    const IniDocument ours = Parsed(written);
     const IniDocument before = Parsed(original);
     if (SchemeOf(document) == scheme_Custom)
     {
@@ -127,7 +128,10 @@ String WithColoursTakenBack(const String& text, const String& original)
     }
     for (const ColourName& name : k_ColourNames)
     {
-        Put(document, *name.key, before.Get(kUnnamed, *name.key));
+        if (document.Get(kUnnamed, *name.key) == ours.Get(kUnnamed, *name.key))
+        {
+            Put(document, *name.key, before.Get(kUnnamed, *name.key));
+        }
     }
     return document.ToText();
 }

@@ -30,7 +30,7 @@ ReadScheme ReadColours(const String& text, const SchemeColours& dark);
 /// there.
 String WithColours(const String& text, const String& original, const SchemeColours& colours,
                    const SchemeColours& dark);
-/// The text with what `original` says of colours and scheme. If the text has chosen another scheme
-/// than the custom one since, that stays.
-String WithColoursTakenBack(const String& text, const String& original);
+/// The text with what `original` says of scheme and colours, where it still has what was `written`:
+/// the custom scheme, and those colours.
+String WithColoursTakenBack(const String& text, const String& written, const String& original);
 } // namespace dialogs

@@ -149,19 +149,20 @@ TEST_F(ColorSchemeDlgTest, TheFileComesBackToTheByte)
         ColourFile file(IniPath(), dark);
         file.Write(With(file.Colours(), color_Selected, kRed));
         EXPECT_EQ(kRed, ReadColours(Ini(), dark).colours[IndexOf(color_Selected)]);
+        EXPECT_TRUE(file.IsAlone());
+        EXPECT_FALSE(ColourFile(IniPath(), dark).IsAlone());
         file.Restore();
         EXPECT_EQ(before, Ini());
-        g_Scheme = scheme_Light;
-        SaveColorScheme();
-        file.Restore();
-        EXPECT_EQ(before, Ini()) << "whatever the way back has written";
     }
     // Somebody else has written meanwhile.
     ColourFile file(IniPath(), dark);
     file.Write(With(dark, color_Selected, kRed));
-    WriteFile(IniPath(), "scheme = 2\nSelected = #FF0000\n; theirs\n");
+    WriteFile(IniPath(), "scheme = 2\nSelected = #FF0000\nHeader = blue\n; theirs\n");
     file.Restore();
-    EXPECT_EQ("scheme = 2\nText = red\n; theirs\n", Ini());
+    EXPECT_EQ("scheme = 2\nHeader = blue\nText = red\n; theirs\n", Ini());
+    File::Remove(IniPath());
+    file.Restore();
+    EXPECT_EQ("none", Ini());
 }
 
 TEST_F(ColorSchemeDlgTest, WhatIsTypedIsShownAtOnceAndTakenBack)
@@ -184,10 +185,10 @@ TEST_F(ColorSchemeDlgTest, WhatIsTypedIsShownAtOnceAndTakenBack)
             ASSERT_TRUE(WaitFor([&] { return field->GetValue() == "#5C5C5C"; }));
             Focus(field);
             field->SelectAll();
-            for (const int letter : {'R', 'E', 'D', 'D'})
-            {
-                Press(letter);
-            }
+            Press('R');
+            Press('E');
+            Press('D');
+            Press('D');
             ASSERT_TRUE(WaitFor([&] { return field->GetValue() == "redd"; }));
             EXPECT_FALSE(dialog.Validate());
             ASSERT_TRUE(WaitFor([] { return wxtGetColor(color_WindowBGLighter) == kRed; }));
