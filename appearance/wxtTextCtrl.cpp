@@ -68,6 +68,7 @@ wxtTextCtrl::wxtTextCtrl(wxWindow* parent, wxWindowID id, const wxString& value,
     if (!(style & kStylesThatDoNotComplete) && internal::g_UpperFloors.mayComplete())
     {
         AutoComplete(new FieldCompleter);
+        internal::KeepMarkedCompletion(*this);
         Bind(wxEVT_CHAR_HOOK, &wxtTextCtrl::KeyForCompletions, this);
     }
 }

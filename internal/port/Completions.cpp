@@ -1,5 +1,7 @@
 #include "internal/port/Completions.h"
 
+#include <wx/window.h>
+
 #include <gtk/gtk.h>
 
 #include <memory>
@@ -51,6 +53,53 @@ bool Shows(GtkWidget* list, GtkEntryCompletion* completion)
     const void* const        cell = column ? FirstCell(GTK_CELL_LAYOUT(column)) : nullptr;
     return cell && cell == FirstCell(GTK_CELL_LAYOUT(completion));
 }
+
+// Under which a list keeps the row that is marked.
+const char* const kMarked = "tolvan-marked";
+
+void FreeRow(void* row)
+{
+    gtk_tree_row_reference_free(static_cast<GtkTreeRowReference*>(row));
+}
+
+bool IsTimer(const GSource* source)
+{
+    return source && source->source_funcs == &g_timeout_funcs;
+}
+
+// The row that was marked; null where it has gone, or the list shows other rows by now.
+GtkTreePath* MarkedBefore(GtkTreeView* list)
+{
+    auto* const row = static_cast<GtkTreeRowReference*>(g_object_get_data(G_OBJECT(list), kMarked));
+    return row && gtk_tree_row_reference_get_model(row) == gtk_tree_view_get_model(list)
+               ? gtk_tree_row_reference_get_path(row)
+               : nullptr;
+}
+
+// Called when another row is marked, or none. The port opens the list with the letter that asks for
+// it; a timer of the toolkit's, which would have opened it, still comes a moment later and takes
+// the mark off the row that the user may have gone to by then.
+void KeepMark(GtkTreeSelection* selection)
+{
+    GtkTreeView* const list = gtk_tree_selection_get_tree_view(selection);
+    GtkTreeModel*      model = nullptr;
+    GtkTreeIter        row;
+    const bool         marked = gtk_tree_selection_get_selected(selection, &model, &row);
+    const bool         open = gtk_widget_get_mapped(gtk_widget_get_toplevel(GTK_WIDGET(list)));
+    if (!marked && open && IsTimer(g_main_current_source()))
+    {
+        if (GtkTreePath* const before = MarkedBefore(list))
+        {
+            gtk_tree_selection_select_path(selection, before);
+            gtk_tree_path_free(before);
+        }
+        return;
+    }
+    GtkTreePath* const path = marked ? gtk_tree_model_get_path(model, &row) : nullptr;
+    g_object_set_data_full(G_OBJECT(list), kMarked,
+                           path ? gtk_tree_row_reference_new(model, path) : nullptr, FreeRow);
+    gtk_tree_path_free(path);
+}
 } // namespace
 
 bool CompletionsAreOpen()
@@ -92,5 +141,14 @@ GtkWidget* CompletionsOf(GtkWidget* entry)
         }
     }
     return nullptr;
+}
+
+void KeepMarkedCompletion(const wxWindow& field)
+{
+    if (GtkWidget* const list = CompletionsOf(field.GetHandle()))
+    {
+        g_signal_connect(gtk_tree_view_get_selection(GTK_TREE_VIEW(list)), "changed",
+                         G_CALLBACK(KeepMark), nullptr);
+    }
 }
 } // namespace internal

@@ -183,7 +183,9 @@ const Row kFields[] = {
     {"text", "focus ctrl+a o opened page-hide closed", "", "o"},
     {"text", "focus ctrl+a o opened page-disable closed", "", "o"},
     {"text", "focus ctrl+a o opened below notch+ notch- Escape closed", "", "o"},
-    {"text", "focus ctrl+a o opened Down Return closed", "", "Off"},
+    {"text", "focus ctrl+a o opened Down later Return closed", "", "Off"},
+    {"text", "focus ctrl+a o opened Down Up later Return", "", "o"},
+    {"text", "focus ctrl+a o opened below leave later Return", "", "o"},
 };
 
 const Row kLists[] = {

@@ -21,6 +21,7 @@
 #include <wx/eventfilter.h>
 #include <wx/listbase.h>
 #include <wx/textctrl.h>
+#include <wx/timer.h>
 
 #include <gtk/gtk.h>
 
@@ -444,6 +445,7 @@ void HandsTest::Aim(wxWindow* control, const std::string& word)
 
 bool HandsTest::DoWord(wxWindow* control, const std::string& word)
 {
+    constexpr int     kPause = 250; // ms, until no timer of the toolkit waits for the next key
     const std::string page = "page-";
     if (word.compare(0, page.size(), page) == 0)
     {
@@ -491,6 +493,13 @@ bool HandsTest::DoWord(wxWindow* control, const std::string& word)
         {"focus", [&] { control->SetFocus(); }},
         {"opened", [&] { EXPECT_TRUE(WaitFor([&] { return m_Hand.SeesPopUp(); })); }},
         {"closed", [&] { EXPECT_TRUE(WaitFor([&] { return !m_Hand.SeesPopUp(); })); }},
+        {"later",
+         []
+         {
+             wxTimer pause;
+             pause.StartOnce(kPause);
+             EXPECT_TRUE(WaitFor([&] { return !pause.IsRunning(); }));
+         }},
         {"shut",
          [&]
          {

@@ -44,6 +44,7 @@ protected:
     ///   notch+ notch-           of the wheel, down and up
     ///   opened closed           waits until its list is so
     ///   held freed              waits until a control holds the pointer, until none does
+    ///   later                   lets the toolkit's timers run
     ///   shut                    closes its list if it is open
     ///   focus disable enable hide show destroy theme dialog refill throw
     ///                           what the program does meanwhile; "page-" before it: to what the
