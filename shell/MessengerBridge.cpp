@@ -45,6 +45,10 @@ void wxTolvanApp::EnableMessageProcessing()
 {
     auto* const app = dynamic_cast<wxTolvanApp*>(Application::the_Application);
     the_App = app;
+    if (app)
+    {
+        app->CloseIfAsked();
+    }
     if (app && app->Queue().Size() > 0)
     {
         // Later: whoever enables it may want to dispatch some at once.
@@ -169,7 +173,14 @@ void wxTolvanApp::OnShutdownMsg(const boost::shared_ptr<ShutdownMsg>&)
 {
     CALL_ENTRY("wxTolvanApp::OnShutdownMsg");
     LogSystem("Received Shutdown request");
-    if (the_Exe)
+    m_IsToClose = true;
+    CloseIfAsked();
+}
+
+// Whoever asks the program to end does it once: the wish outlasts a while without processing.
+void wxTolvanApp::CloseIfAsked()
+{
+    if (the_Exe && IsMessageProcessingEnabled() && m_IsToClose.exchange(false))
     {
         the_Exe->Signal(0);
     }
@@ -179,5 +190,6 @@ void wxTolvanApp::_EndSession(wxCloseEvent&)
 {
     CALL_ENTRY("wxTolvanApp::_EndSession");
     LogSystem("Notified of user request to log out or shut down the system");
-    the_Exe->Signal(0);
+    m_IsToClose = true;
+    CloseIfAsked();
 }

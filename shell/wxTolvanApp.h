@@ -69,8 +69,8 @@ public:
 
     /// @name Message processing
     /// Message processing: while it is disabled nothing that the messenger receives is handled;
-    /// what came meanwhile is once the main loop gets to it after processing has been enabled
-    /// again. Enabled from construction on.
+    /// what came meanwhile, a request to end among it, is once the main loop gets to it after
+    /// processing has been enabled again. Enabled from construction on.
     /// @{
     void EnableMessageProcessing();
     void DisableMessageProcessing();
@@ -107,9 +107,11 @@ private:
     void ShowStartupError() const;
     void DispatchWaiting();
     void TakeLeftMessage(bool hasTopWindow);
+    void CloseIfAsked();
 
     std::unique_ptr<shell::TopWindowWatch> m_TopWindowWatch;
     std::unique_ptr<shell::LayoutWatch>    m_LayoutWatch;
+    std::atomic<bool>                      m_IsToClose{false}; ///< Asked, and not done yet.
 
     wxDECLARE_EVENT_TABLE();
 };

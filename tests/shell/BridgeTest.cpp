@@ -186,9 +186,15 @@ TEST_F(BridgeTest, ShutdownAsksTheTopWindowToClose)
     PumpEvents();
     EXPECT_EQ(0, closes.Count());
 
-    std::thread(
-        [] { ShutdownMsg::s_Signal.Emit(boost::shared_ptr<ShutdownMsg>(new ShutdownMsg("test"))); })
-        .join();
+    const auto shutDown = []
+    {
+        std::thread(
+            [] {
+                ShutdownMsg::s_Signal.Emit(boost::shared_ptr<ShutdownMsg>(new ShutdownMsg("test")));
+            })
+            .join();
+    };
+    shutDown();
     EXPECT_TRUE(WaitFor([&] { return closes.Count() == 1; }));
     EXPECT_TRUE(dynamic_cast<const wxCloseEvent&>(*closes.Last()).CanVeto());
     EXPECT_TRUE(log.Has("Received Shutdown request", log_System));
@@ -198,4 +204,16 @@ TEST_F(BridgeTest, ShutdownAsksTheTopWindowToClose)
     EXPECT_FALSE(session.GetVeto());
     EXPECT_TRUE(WaitFor([&] { return closes.Count() == 2; }));
     EXPECT_TRUE(log.Has("Notified of user request to log out or shut down the system", log_System));
+
+    // A request that comes while processing is disabled is not lost.
+    App().DisableMessageProcessing();
+    shutDown();
+    App()._EndSession(session);
+    PumpEvents();
+    EXPECT_EQ(2, closes.Count());
+    App().EnableMessageProcessing();
+    EXPECT_TRUE(WaitFor([&] { return closes.Count() == 3; }));
+    App().EnableMessageProcessing();
+    PumpEvents();
+    EXPECT_EQ(3, closes.Count());
 }
