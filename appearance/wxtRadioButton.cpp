@@ -140,7 +140,7 @@ void wxtRadioButton::SetValue(bool value)
     }
     if (!HasFocus() && CanHaveFocus(*this))
     {
-        SetFocus();
+        internal::FocusWithin(*this);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "internal/port/SignalData.h"
 
+#include <wx/toplevel.h>
 #include <wx/weakref.h>
 #include <wx/window.h>
 
@@ -38,6 +39,19 @@ gboolean OnArrowMove(GtkWidget*, GtkDirectionType direction, ArrowStop* kept)
     return kept->window && kept->window->HasFocus() && !isTab; // where it shall be
 }
 } // namespace
+
+void FocusWithin(wxWindow& window)
+{
+    auto* const top = dynamic_cast<wxTopLevelWindow*>(wxGetTopLevelParent(&window));
+    if (top && top->IsShown() && !top->IsActive())
+    {
+        gtk_widget_grab_focus(window.m_wxwindow ? window.m_wxwindow : window.GetHandle());
+    }
+    else
+    {
+        window.SetFocus();
+    }
+}
 
 void AskBeforeTab(wxWindow& window, bool (*isStop)(const wxWindow& window))
 {

@@ -4,7 +4,11 @@ class wxWindow;
 
 namespace internal
 {
-/// Where the port moves the focus by keys, of which the toolkit tells nobody.
+/// Where the port moves the focus by itself, of which the toolkit tells nobody.
+
+/// Gives the window the focus. Where the user is in another program or window it has it only when
+/// they come to this one: the port would bring that to the front, under their fingers.
+void FocusWithin(wxWindow& window);
 
 /// Has the Tab key pass the window by whenever the function says no. The program and the mouse can
 /// give it the focus all the same. Once for a window.

@@ -105,6 +105,24 @@ TEST_F(CheckBoxTest, CheckingARadioButtonClearsItsGroupOnly)
     }
 }
 
+TEST_F(CheckBoxTest, ARadioButtonThatIsCheckedElsewhereLeavesTheUserAlone)
+{
+    auto* const button = Add<wxtRadioButton>("button");
+    wxFrame     other(nullptr, wxID_ANY, "Other", wxPoint(50, 50), wxSize(200, 100));
+    auto* const field = new wxTextCtrl(&other, wxID_ANY);
+    other.Show();
+    Focus(field);
+    button->SetValue(true);
+    for (const char* const typed : {"a", "aa"})
+    {
+        Press('A');
+        EXPECT_TRUE(WaitFor([&] { return field->GetValue() == typed; }));
+    }
+    other.Hide();
+    Frame()->Raise();
+    EXPECT_TRUE(WaitFor([&] { return button->HasFocus(); })) << "once the user is there";
+}
+
 TEST_F(CheckBoxTest, TheKeysEnterAndLeaveAGroupAtItsChoice)
 {
     auto* const first = Add<wxtRadioButton>("One", wxRB_GROUP);
