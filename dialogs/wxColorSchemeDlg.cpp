@@ -25,6 +25,7 @@ namespace
 constexpr int kBorder = 12;
 constexpr int kGap = 6;
 constexpr int kValueWidth = 110;
+constexpr int kSmallestName = 80;
 const wxSize  kColoursSize(420, 320);
 const wxSize  kPairsSize(334, 320);
 const wxSize  kSmallestList(180, 100);
@@ -99,6 +100,7 @@ wxSizer* wxColorSchemeDlg::NewValueRow()
 {
     auto* const row = new wxBoxSizer(wxHORIZONTAL);
     m_Name = NewOneLine(color_Text);
+    m_Name->SetMinSize(wxSize(kSmallestName, m_Name->GetCharHeight()));
     m_Sample = new dialogs::ColourSample(this);
     m_Value =
         new wxtTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxSize(kValueWidth, -1));
@@ -176,6 +178,17 @@ int wxColorSchemeDlg::ShowModal()
         TakeBack(former);
     }
     return result;
+}
+
+bool wxColorSchemeDlg::Show(bool show)
+{
+    CALL_ENTRY("wxColorSchemeDlg::Show");
+    const bool isChanged = wxTolvanDlg::Show(show);
+    // It has its first size by now. The lists share what the user leaves them.
+    m_Colours->SetMinSize(kSmallestList);
+    m_Pairs->SetMinSize(kSmallestList);
+    Layout();
+    return isChanged;
 }
 
 bool wxColorSchemeDlg::Begin()

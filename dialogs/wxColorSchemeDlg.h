@@ -31,7 +31,8 @@ public:
 
     /// `wxID_OK`, or something else when scheme and colours are what they were. A file that cannot
     /// be read or written, or that another program edits, is told of, and nothing is edited.
-    int ShowModal() override;
+    int  ShowModal() override;
+    bool Show(bool show = true) override;
     /// Whether the field holds a colour; the dialog calls it on OK.
     bool Validate() override;
     /// Writes the colours. The dialog calls it on OK.
