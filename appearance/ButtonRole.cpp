@@ -56,6 +56,7 @@ void wxtButton::Focus(wxFocusEvent& event)
     {
         LoseFocus();
     }
+    Refresh(); // its bar, also where the colours stay
 }
 
 void wxtButton::GainFocus()

@@ -2,6 +2,7 @@
 
 #include "appearance/ColorDrawing.h"
 #include "appearance/ColorScheme.h"
+#include "appearance/Contrast.h"
 #include "appearance/inputs/ItemDrawing.h"
 #include "appearance/tabs/PageWindow.h"
 #include "appearance/tabs/TabLook.h"
@@ -201,7 +202,7 @@ void wxtTabArt::DrawTab(wxDC& dc, wxWindow* wnd, const wxAuiNotebookPage& pane,
     }
     if (pane.active && wnd->HasFocus())
     {
-        appearance::DrawFrame(dc, wxRect(tab).Deflate(kFocusInset), wxtGetColor(color_Selected));
+        wxtDrawFocus(dc, wxRect(tab).Deflate(kFocusInset), {look.inner, look.outer});
     }
 }
 

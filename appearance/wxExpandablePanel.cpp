@@ -16,8 +16,6 @@
 
 namespace
 {
-constexpr int kFocusOffset = 25; // per channel, on the background of the button with the focus
-
 // Kept to the process's end: the toolkit may be gone by the time that statics are destroyed.
 const wxBitmap& ExpandImage()
 {
@@ -144,20 +142,6 @@ void wxExpandablePanel::CreateButton(const wxString& tip)
     m_ExpandButton->m_BackgroundOffset = 0;
     m_ExpandButton->RefreshColors();
     m_ExpandButton->SetToolTip(tip);
-    m_ExpandButton->Bind(wxEVT_SET_FOCUS, &wxExpandablePanel::FocusButton, this);
-    m_ExpandButton->Bind(wxEVT_KILL_FOCUS, &wxExpandablePanel::FocusButton, this);
-}
-
-// The stock button without a border hardly shows that it has the focus.
-void wxExpandablePanel::FocusButton(wxFocusEvent& event)
-{
-    event.Skip();
-    if (!IsBeingDeleted())
-    {
-        const bool focused = event.GetEventType() == wxEVT_SET_FOCUS;
-        m_ExpandButton->m_BackgroundOffset = focused ? kFocusOffset : 0;
-        m_ExpandButton->RefreshColors();
-    }
 }
 
 const wxString& wxExpandablePanel::Caption() const

@@ -65,7 +65,6 @@ private:
     wxSizer*        CreateHeader(const wxString& tip, bool expandable);
     void            CreateButton(const wxString& tip);
     const wxString& Caption() const;
-    void            FocusButton(wxFocusEvent& event);
     void            TakeKeysFromContent();
 
     wxDECLARE_EVENT_TABLE();

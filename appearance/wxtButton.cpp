@@ -2,6 +2,7 @@
 
 #include "appearance/ColorDrawing.h"
 #include "appearance/ColorScheme.h"
+#include "appearance/Contrast.h"
 #include "appearance/controls/ButtonState.h"
 #include "appearance/controls/FlatStyle.h"
 #include "appearance/controls/ForeignKey.h"
@@ -241,7 +242,8 @@ void wxtButton::Size(wxSizeEvent& event)
     Refresh(false);
 }
 
-// No border and no mark of the focus: colours and font tell the state.
+// No border and no frame of the focus: colours and font tell the state, and a bar under the label
+// the focus, since the one that has it looks as the default one does without it.
 void wxtButton::Paint(wxPaintEvent&)
 {
     CALL_ENTRY("wxtButton::Paint");
@@ -256,4 +258,8 @@ void wxtButton::Paint(wxPaintEvent&)
     const wxSize                    text = dc.GetMultiLineTextExtent(label.text);
     label.Draw(dc, wxPoint(std::max((client.x - text.x) / 2, 0), (client.y - text.y) / 2),
                client.x);
+    if (HasFocus())
+    {
+        wxtDrawFocus(dc, wxRect(client), {GetBackgroundColour()}, wxtFocusForm::bar);
+    }
 }

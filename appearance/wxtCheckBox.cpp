@@ -1,6 +1,7 @@
 #include "appearance/wxtCheckBox.h"
 
 #include "appearance/ColorScheme.h"
+#include "appearance/Contrast.h"
 #include "appearance/controls/ForeignKey.h"
 #include "appearance/controls/ForeignPress.h"
 #include "appearance/controls/Mnemonic.h"
@@ -245,9 +246,11 @@ void wxtCheckBox::DrawLabel(wxDC& dc, const wxRect& box)
     appearance::MnemonicLabel(m_Label).Draw(dc, wxPoint(left, box.y), client.x - left);
 }
 
-// Round the label, as far as the control reaches: a label of one line fills its height.
+// Round the box, which no label need follow, and round the label as far as the control reaches: one
+// of one line fills its height.
 void wxtCheckBox::DrawFocus(wxDC& dc, const wxRect& box)
 {
+    wxtDrawFocus(dc, wxRect(box).Inflate(kBoxMargin), {GetBackgroundColour()});
     const wxColour colour = wxtGetColor(color_3DLight);
     if (!colour.IsOk())
     {

@@ -1,6 +1,7 @@
 #include "appearance/wxtCheckListBox.h"
 
 #include "appearance/ColorScheme.h"
+#include "appearance/Contrast.h"
 #include "appearance/controls/FlatStyle.h"
 #include "appearance/inputs/InputColors.h"
 #include "appearance/inputs/ItemDrawing.h"
@@ -9,6 +10,7 @@
 #include "vesta/CallEntry.h"
 
 #include <wx/dc.h>
+#include <wx/dcclient.h>
 #include <wx/renderer.h>
 #include <wx/settings.h>
 #include <wx/weakref.h>
@@ -64,6 +66,19 @@ wxtCheckListBox::wxtCheckListBox(wxWindow* parent, wxWindowID id, const wxPoint&
     }
     InvalidateBestSize();
     SetInitialSize(size);
+    Bind(wxEVT_PAINT,
+         [this](wxPaintEvent& event)
+         {
+             if (GetCount() > 0 || !HasFocus())
+             {
+                 event.Skip();
+                 return;
+             }
+             wxPaintDC    dc(this); // there is no item to have the mark
+             const wxRect whole(GetClientSize());
+             appearance::FillGround(dc, whole, GetBackgroundColour());
+             wxtDrawFocus(dc, whole, {GetBackgroundColour()});
+         });
 }
 
 wxtCheckListBox::wxtCheckListBox(wxWindow* parent, wxWindowID id, const wxPoint& position,
@@ -227,10 +242,13 @@ appearance::ItemLook wxtCheckListBox::LookOf(size_t item) const
 
 void wxtCheckListBox::OnDrawBackground(wxDC& dc, const wxRect& rect, size_t item) const
 {
-    appearance::FillGround(dc, rect, LookOf(item).ground);
-    if (IsCurrent(item) && HasFocus())
+    const wxColour ground = LookOf(item).ground;
+    appearance::FillGround(dc, rect, ground);
+    // Where no item is the current one it is the first that is seen.
+    const bool isNext = GetSelection() == wxNOT_FOUND && item == GetVisibleRowsBegin();
+    if ((IsCurrent(item) || isNext) && HasFocus())
     {
-        appearance::DrawFrame(dc, rect, wxtGetColor(color_Text));
+        wxtDrawFocus(dc, rect, {ground});
     }
 }
 

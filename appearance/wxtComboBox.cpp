@@ -1,6 +1,7 @@
 #include "appearance/wxtComboBox.h"
 
 #include "appearance/ColorScheme.h"
+#include "appearance/Contrast.h"
 #include "appearance/controls/FlatStyle.h"
 #include "appearance/inputs/ComboList.h"
 #include "appearance/inputs/InputColors.h"
@@ -376,7 +377,7 @@ void wxtComboBox::PrepareBackground(wxDC& dc, const wxRect& rect, int) const
     }
     if (ShouldDrawFocus())
     {
-        appearance::DrawFrame(dc, rect, wxtGetColor(color_Selected));
+        wxtDrawFocus(dc, rect, {GetBackgroundColour()});
     }
 }
 
@@ -390,7 +391,9 @@ void wxtComboBox::OnDrawItem(wxDC& dc, const wxRect& rect, int item, int flags) 
     }
     else if (ShouldUseHintText())
     {
-        appearance::DrawItemText(dc, rect, m_hintText, wxtGetColor(color_TextGrey));
+        appearance::DrawItemText(
+            dc, rect, m_hintText,
+            wxtReadableColor(wxtGetColor(color_TextGrey), GetBackgroundColour()));
     }
     else
     {

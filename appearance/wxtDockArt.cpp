@@ -2,6 +2,7 @@
 
 #include "appearance/ColorDrawing.h"
 #include "appearance/ColorScheme.h"
+#include "appearance/Contrast.h"
 #include "appearance/inputs/ItemDrawing.h"
 #include "appearance/tabs/DropHint.h"
 #include "appearance/tabs/TabLook.h"
@@ -36,7 +37,8 @@ bool IsActive(const wxAuiPaneInfo& pane)
 // Inks that can be read on the grounds: that of the selection is as light in every scheme.
 wxColour CaptionInk(bool active)
 {
-    return wxtGetColor(active ? color_3DDark : color_Text);
+    return active ? wxtReadableColor(wxtGetColor(color_3DDark), wxtGetColor(color_Selected))
+                  : wxtGetColor(color_Text);
 }
 
 int CaptionHeight(const wxFont& font, const wxWindow* window)

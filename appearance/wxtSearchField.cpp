@@ -1,6 +1,7 @@
 #include "appearance/wxtSearchField.h"
 
 #include "appearance/ColorScheme.h"
+#include "appearance/Contrast.h"
 #include "appearance/inputs/InputColors.h"
 #include "appearance/inputs/ItemDrawing.h"
 #include "appearance/wxtStockControls.h"
@@ -87,7 +88,8 @@ private:
     {
         wxPaintDC      dc(this);
         const wxRect   place = wxRect(0, 0, kCross, kCross).CentreIn(wxRect(GetClientSize()));
-        const wxColour ink = wxtGetColor(m_Lit ? color_Text : color_TextGrey);
+        const wxColour ink = wxtReadableColor(wxtGetColor(m_Lit ? color_Text : color_TextGrey),
+                                              GetBackgroundColour());
         for (int i = 0; i < kCross; ++i)
         {
             for (const int x : {i, kCross - 1 - i})
@@ -111,7 +113,7 @@ wxtSearchField::wxtSearchField(wxWindow* parent, wxWindowID id, const wxString& 
     auto* const note = new wxtStaticText(this, wxID_ANY, wxEmptyString);
     note->m_ForegroundName = note->m_DisabledForegroundName = color_TextGrey;
     note->m_ForegroundOffset = note->m_DisabledForegroundOffset = 0;
-    note->RefreshColors();
+    note->KeepReadable();
     m_Note = note;
     m_Clear = new _ClearButton(this);
     m_Clear->Hide();
@@ -230,9 +232,16 @@ void wxtSearchField::Clear()
 
 void wxtSearchField::OnPaint(wxPaintEvent&)
 {
-    wxPaintDC dc(this);
-    appearance::DrawFrame(dc, wxRect(GetClientSize()),
-                          wxtGetColor(m_Field->HasFocus() ? color_Selected : color_3DDark));
+    wxPaintDC    dc(this);
+    const wxRect whole(GetClientSize());
+    if (m_Field->HasFocus())
+    {
+        wxtDrawFocus(dc, whole, {GetBackgroundColour()});
+    }
+    else
+    {
+        appearance::DrawFrame(dc, whole, wxtGetColor(color_3DDark));
+    }
 }
 
 wxSize wxtSearchField::DoGetBestSize() const

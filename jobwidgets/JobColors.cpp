@@ -44,8 +44,9 @@ void wxtDrawJobProgress(wxDC& dc, const wxRect& rect, const String& state, int p
 {
     CALL_ENTRY("wxtDrawJobProgress");
     const wxColour frame = wxtGetColor(color_WindowBGLighter);
-    const wxColour full =
-        internal::MixColours(wxtGetColor(wxtJobBarColor(state)), frame, kBarShare);
+    const wxColour full = internal::MadeReadable(
+        internal::MixColours(wxtGetColor(wxtJobBarColor(state)), frame, kBarShare),
+        wxtGetColor(color_Text));
     if (!full.IsOk() || rect.width < 1 || rect.height < 1)
     {
         return;

@@ -99,7 +99,7 @@ void JobSelector::BuildControls(bool singleSelection)
     m_Note = new wxtStaticText(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
     m_Note->m_ForegroundName = color_TextGrey;
-    m_Note->RefreshColors();
+    m_Note->KeepReadable();
 
     auto* const head = new wxBoxSizer(wxHORIZONTAL);
     head->Add(m_Field, 1, wxALIGN_CENTRE_VERTICAL | wxRIGHT, kGap);

@@ -1,3 +1,4 @@
+#include "appearance/Contrast.h"
 #include "appearance/wxTolvanColors.h"
 #include "internal/drawing/ColorMix.h"
 #include "internal/drawing/Emphasis.h"
@@ -16,8 +17,7 @@
 
 namespace
 {
-constexpr int    kTipDelay = 1;     // milliseconds until a tooltip follows what is drawn
-constexpr double kFocusShare = 0.5; // of the text's colour in the frame of the focus
+constexpr int kTipDelay = 1; // milliseconds until a tooltip follows what is drawn
 
 // Lets go of what is only there while the rows are painted, however that ends.
 class WhilePainting
@@ -35,6 +35,12 @@ private:
     listviews::CellText*& m_Place;
     listviews::CellText*  m_Before; // a column may be fitted in the middle of it
 };
+
+wxColour SelectedGround()
+{
+    return internal::MixColours(wxtGetColor(color_WindowBGDarker), wxtGetColor(color_Selected),
+                                internal::k_SelectedRowShare);
+}
 } // namespace
 
 bool wxDBListBody::DrawCellText(wxDC& dc, const wxString& text, const wxRect& room)
@@ -89,12 +95,14 @@ void wxDBListBody::DrawBitmap()
     m_Model.hoverRow = HoverRow();
     const int first = geometry.scroll.y / m_LineHeight;
     const int end = first + m_VisibleLines;
+    wxColour  focusGround;
     for (int row = first; row < end; ++row)
     {
-        DrawRow(dc, geometry, row);
+        const wxColour ground = DrawRow(dc, geometry, row);
+        focusGround = row == m_Model.FocusRow() ? ground : focusGround;
     }
     DrawGrid(geometry);
-    DrawFocus(geometry);
+    DrawFocus(geometry, focusGround);
     if (!GetToolTipText().empty() && !m_HoverTimer.IsRunning())
     {
         m_HoverTimer.StartOnce(kTipDelay); // another row may have come under the pointer
@@ -112,8 +120,7 @@ wxColour wxDBListBody::GroundOf(int row, bool hovered) const
     }
     else if (m_Source.IsRowSelected(row))
     {
-        ground = internal::MixColours(wxtGetColor(color_WindowBGDarker),
-                                      wxtGetColor(color_Selected), internal::k_SelectedRowShare);
+        ground = SelectedGround();
     }
     else
     {
@@ -126,7 +133,7 @@ wxColour wxDBListBody::GroundOf(int row, bool hovered) const
     return hovered ? listviews::Shaded(ground, settings.hoverShade) : ground;
 }
 
-void wxDBListBody::DrawRow(wxDC& dc, const listviews::ListGeometry& geometry, int row)
+wxColour wxDBListBody::DrawRow(wxDC& dc, const listviews::ListGeometry& geometry, int row)
 {
     const bool exists = m_Model.HasRow(row);
     if (exists)
@@ -138,7 +145,7 @@ void wxDBListBody::DrawRow(wxDC& dc, const listviews::ListGeometry& geometry, in
     m_CellText->Fill(geometry.RowRect(row), ground);
     if (!exists || !m_Model.HasRow(row))
     {
-        return;
+        return ground;
     }
     const wxColour ink = m_Source.GetRowColor(row);
     const wxColour shaded =
@@ -149,6 +156,7 @@ void wxDBListBody::DrawRow(wxDC& dc, const listviews::ListGeometry& geometry, in
     }
     DrawCells(dc, geometry, row, ground);
     m_Source.CleanupAfterDraw(row);
+    return ground;
 }
 
 void wxDBListBody::DrawCells(wxDC& dc, const listviews::ListGeometry& geometry, int row,
@@ -190,20 +198,21 @@ void wxDBListBody::DrawGrid(const listviews::ListGeometry& geometry)
     }
 }
 
-// Around the row that the keys are on, in half the text's colour: it has to be seen on any ground,
-// the selection's too.
-void wxDBListBody::DrawFocus(const listviews::ListGeometry& geometry)
+// Around the row that the keys are on; around all of them while that one is out of sight, or there
+// is none.
+void wxDBListBody::DrawFocus(const listviews::ListGeometry& geometry, const wxColour& rowGround)
 {
-    const int row = m_Model.FocusRow();
-    if (!HasFocus() || !m_Model.HasRow(row))
+    if (!HasFocus())
     {
         return;
     }
-    const wxRect   rect = geometry.RowRect(row);
-    const wxColour line = internal::MixColours(wxtGetColor(color_Text),
-                                               wxtGetColor(color_WindowBGDarker), kFocusShare);
-    m_CellText->Fill(wxRect(rect.x, rect.y, rect.width, 1), line);
-    m_CellText->Fill(wxRect(rect.x, rect.GetBottom(), rect.width, 1), line);
-    m_CellText->Fill(wxRect(rect.x, rect.y, 1, rect.height), line);
-    m_CellText->Fill(wxRect(rect.GetRight(), rect.y, 1, rect.height), line);
+    const wxRect view(geometry.client);
+    const wxRect row = geometry.RowRect(m_Model.FocusRow());
+    const bool   isRow = m_Model.HasRow(m_Model.FocusRow()) && view.Intersects(row);
+    const auto   colour = isRow ? wxtFocusColor({rowGround})
+                                : wxtFocusColor({listviews::StripeColour(0), SelectedGround()});
+    for (const wxRect& part : wxtFocusShape(isRow ? row : view, wxtFocusForm::frame))
+    {
+        m_CellText->Fill(part, colour);
+    }
 }

@@ -1,3 +1,4 @@
+#include "appearance/Contrast.h"
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
 #include "internal/drawing/ColorMix.h"
@@ -13,10 +14,9 @@
 
 namespace
 {
-constexpr int    kArrowWidth = 9;    // pixels
-constexpr int    kArrowHeight = 5;   // pixels
-constexpr int    kMarkerWidth = 3;   // pixels
-constexpr double kCursorShare = 0.5; // of the text's colour
+constexpr int kArrowWidth = 9;  // pixels
+constexpr int kArrowHeight = 5; // pixels
+constexpr int kMarkerWidth = 3; // pixels
 } // namespace
 
 void wxDBListHeader::DrawBitmap()
@@ -60,7 +60,10 @@ wxColour wxDBListHeader::FaceOf(int column) const
     const bool lit =
         column == m_Model.highlightColumn ||
         (column == m_Model.hoverColumn && ParentIsActive(const_cast<wxDBListHeader*>(this)));
-    return lit ? listviews::Shaded(face, shade) : face;
+    // As far as its title can still be read.
+    return lit ? internal::MadeReadable(listviews::Shaded(face, shade),
+                                        wxtGetColor(color_ButtonText))
+               : face;
 }
 
 void wxDBListHeader::DrawTitle(wxDC& dc, listviews::CellText& cells, int column, const wxRect& rect)
@@ -187,13 +190,12 @@ int wxDBListHeader::TitleWidth(int column) const
 // Where the keys of the titles are, like the frame of the row that the others are on.
 void wxDBListHeader::DrawTitleCursor(listviews::CellText& cells, const wxRect& rect)
 {
-    const wxColour line = internal::MixColours(wxtGetColor(color_ButtonText),
-                                               wxtGetColor(color_ButtonFace), kCursorShare);
-    const wxRect   frame(rect.x, rect.y, rect.width - 1, rect.height - 1);
-    cells.Fill(wxRect(frame.x, frame.y, frame.width, 1), line);
-    cells.Fill(wxRect(frame.x, frame.GetBottom(), frame.width, 1), line);
-    cells.Fill(wxRect(frame.x, frame.y, 1, frame.height), line);
-    cells.Fill(wxRect(frame.GetRight(), frame.y, 1, frame.height), line);
+    const wxColour line = wxtFocusColor({wxtGetColor(color_ButtonFace)});
+    const wxRect   inside(rect.x, rect.y, rect.width - 1, rect.height - 1);
+    for (const wxRect& part : wxtFocusShape(inside, wxtFocusForm::frame))
+    {
+        cells.Fill(part, line);
+    }
 }
 
 // The title under the pointer, and a bar where it would go.

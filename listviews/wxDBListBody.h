@@ -71,11 +71,11 @@ public:
 
 private:
     void     DrawBitmap() override;
-    void     DrawRow(wxDC& dc, const listviews::ListGeometry& geometry, int row);
+    wxColour DrawRow(wxDC& dc, const listviews::ListGeometry& geometry, int row);
     void     DrawCells(wxDC& dc, const listviews::ListGeometry& geometry, int row,
                        const wxColour& ground);
     void     DrawGrid(const listviews::ListGeometry& geometry);
-    void     DrawFocus(const listviews::ListGeometry& geometry);
+    void     DrawFocus(const listviews::ListGeometry& geometry, const wxColour& rowGround);
     wxColour GroundOf(int row, bool hovered) const;
 
     int  HoverRow() const;

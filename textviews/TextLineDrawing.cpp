@@ -1,3 +1,4 @@
+#include "appearance/Contrast.h"
 #include "internal/drawing/ColorMix.h"
 #include "internal/scrolling/ScrollModel.h"
 #include "textviews/drawing/FontExtents.h"
@@ -48,6 +49,22 @@ void wxTextLineCtrl::DrawBitmap()
         }
     }
     painter.Fill(geometry.BelowLines(), palette.Band({}));
+    DrawFocus(palette, painter);
+}
+
+// Along the view's edges, which selected lines may reach too.
+void wxTextLineCtrl::DrawFocus(const textviews::TextPalette& palette,
+                               textviews::LinePainter&       painter) const
+{
+    if (!HasFocus())
+    {
+        return;
+    }
+    const wxColour colour = wxtFocusColor({palette.Band({}), palette.Band({true, false, false})});
+    for (const wxRect& part : wxtFocusShape(wxRect(GetClientSize()), wxtFocusForm::frame))
+    {
+        painter.Fill(part, colour);
+    }
 }
 
 int wxTextLineCtrl::EndOfDrawnLines(const textviews::TextGeometry& geometry) const

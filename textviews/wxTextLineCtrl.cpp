@@ -75,6 +75,13 @@ wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
     SetScrollbar(wxHORIZONTAL, 0, 0, 0);
     SetScrollbar(wxVERTICAL, 0, 0, 0);
     MakeSearchPanel();
+    const auto redraw = [this](wxFocusEvent& event)
+    {
+        event.Skip();
+        Redraw();
+    };
+    Bind(wxEVT_SET_FOCUS, redraw);
+    Bind(wxEVT_KILL_FOCUS, redraw);
 }
 
 wxTextLineCtrl::~wxTextLineCtrl()

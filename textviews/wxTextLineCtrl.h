@@ -144,6 +144,7 @@ private:
     int                     EndOfDrawnLines(const textviews::TextGeometry& geometry) const;
     void DrawHit(const textviews::TextGeometry& geometry, const textviews::TextPalette& palette,
                  textviews::LinePainter& painter) const;
+    void DrawFocus(const textviews::TextPalette& palette, textviews::LinePainter& painter) const;
 
     int  InsertSorted(const String& line);
     void Extend(const String& line);

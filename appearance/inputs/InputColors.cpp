@@ -1,6 +1,7 @@
 #include "appearance/inputs/InputColors.h"
 
 #include "appearance/ColorScheme.h"
+#include "appearance/Contrast.h"
 #include "appearance/inputs/ItemDrawing.h"
 #include "appearance/wxtColorManaged.h"
 #include "internal/port/FieldStyle.h"
@@ -26,8 +27,8 @@ void ColourField(wxWindow& field, bool framed)
 {
     const wxColour ink = wxtGetColor(color_Text);
     const wxColour ground = wxtGetColor(color_WindowBGLighter);
-    const wxColour focus = framed ? wxtGetColor(color_Selected) : wxColour();
-    const wxColour hint = wxtGetColor(color_TextGrey);
+    const wxColour focus = framed ? wxtFocusColor({ground}) : wxColour();
+    const wxColour hint = wxtReadableColor(wxtGetColor(color_TextGrey), ground);
     const ItemLook selected = ItemLook::Of(ground, ink, true);
     internal::StyleField(field, {ink, ground, hint, selected.ink, selected.ground, focus});
 }

@@ -23,9 +23,11 @@ AboutDlg::AboutDlg(wxWindow* parent, const wxString& program, const wxString& pu
     text->Add(NewStatic(wxString::Format(wxGetTranslation("Version %s"), TOLVAN_VERSION)), 0,
               wxBOTTOM, kGap);
     text->Add(NewStatic(purpose), 0, wxBOTTOM, kGap);
-    text->Add(NewStatic(wxString::Format(wxGetTranslation("Built with %s"),
-                                         wxGetLibraryVersionInfo().GetVersionString()),
-                        nullptr, color_TextGrey));
+    auto* const built = NewStatic(wxString::Format(wxGetTranslation("Built with %s"),
+                                                   wxGetLibraryVersionInfo().GetVersionString()),
+                                  nullptr, color_TextGrey);
+    built->KeepReadable();
+    text->Add(built);
 
     auto* const close = new wxtButton(this, wxID_OK, wxGetTranslation("Close"));
     close->SetDefault();

@@ -93,6 +93,7 @@ void PreferencesDlg::AddQuestions(wxBoxSizer& sizer)
     auto* const again = new wxtButton(this, wxID_ANY, wxGetTranslation("Ask every question again"));
     m_Asked = NewStatic(wxGetTranslation("Also those that you no longer wanted to be asked."),
                         nullptr, color_TextGrey);
+    m_Asked->KeepReadable();
     again->Bind(wxEVT_BUTTON,
                 [this](wxCommandEvent&)
                 {

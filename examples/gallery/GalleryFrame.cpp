@@ -79,7 +79,7 @@ wxSizer* GalleryFrame::BuildSections(wxWindow* parent)
         auto* const title = new wxtStaticText(parent, wxID_ANY, section.title);
         title->SetFont(title->GetFont().Bold());
         title->m_ForegroundName = color_TextGrey;
-        title->RefreshColors();
+        title->KeepReadable();
         sizer->Add(title, 0, wxBOTTOM, kUnderTitle);
         section.add(parent, sizer);
         grid->Add(sizer, 1, wxEXPAND);

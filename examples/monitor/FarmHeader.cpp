@@ -28,7 +28,7 @@ FarmHeader::FarmHeader(wxWindow* parent)
 void FarmHeader::ShowConnection(bool connected)
 {
     m_Connection->m_ForegroundName = connected ? color_TextGreen : color_TextRed;
-    m_Connection->RefreshColors();
+    m_Connection->KeepReadable();
     SetText(*m_Connection, connected ? wxGetTranslation("Connected to the master")
                                      : wxGetTranslation("No connection to the master"));
 }

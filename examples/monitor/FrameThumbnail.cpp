@@ -112,7 +112,7 @@ FrameThumbnail::FrameThumbnail(wxWindow* parent, const FarmJobs& jobs)
     PreparePictures();
     m_container.DisableSelfFocus();
     m_Note->m_ForegroundName = color_TextGrey;
-    m_Note->RefreshColors();
+    m_Note->KeepReadable();
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(m_Canvas, 1, wxEXPAND);
     sizer->Add(m_Note, 0, wxEXPAND | wxTOP, kGap);

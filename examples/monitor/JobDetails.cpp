@@ -88,7 +88,7 @@ void JobDetails::AddRow(wxSizer& grid, const DetailRow& row, int nameWidth)
     name->SetLabelText(NameOf(row));
     name->SetMinSize(wxSize(nameWidth, -1));
     name->m_ForegroundName = color_TextGrey;
-    name->RefreshColors();
+    name->KeepReadable();
     // Its size comes from the sizer: a changed text must not move anything.
     auto* const value =
         new wxtStaticText(this, wxID_ANY, wxString(), wxDefaultPosition, wxSize(1, -1),

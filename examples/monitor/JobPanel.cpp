@@ -75,10 +75,10 @@ void JobPanel::ShowCaption(const FarmJob& job)
     m_CollapsedCaption = wxControl::EscapeMnemonics(wxtToWx(text));
     m_ExpandedCaption = m_CollapsedCaption;
     wxWindow* const caption = FindWindow(id_Caption);
-    if (auto* const colors = dynamic_cast<wxtColorManaged*>(caption))
+    if (auto* const label = dynamic_cast<wxtStaticText*>(caption))
     {
-        colors->m_ForegroundName = wxtJobStateColor(job.state);
-        colors->RefreshColors();
+        label->m_ForegroundName = wxtJobStateColor(job.state);
+        label->KeepReadable();
     }
     if (caption)
     {

@@ -29,7 +29,7 @@ JobsView::JobsView(wxWindow* parent, FarmJobs& jobs, JobPanel::OpenJob open)
 {
     m_Note = new wxtStaticText(this, wxID_ANY, wxString());
     m_Note->m_ForegroundName = color_TextGrey;
-    m_Note->RefreshColors();
+    m_Note->KeepReadable();
     m_Pane = new wxtScrolledPane(this);
     m_Pane->SetSizer(new wxBoxSizer(wxVERTICAL));
     auto* const sizer = new wxBoxSizer(wxVERTICAL);

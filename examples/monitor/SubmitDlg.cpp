@@ -163,7 +163,7 @@ wxtStaticText* SubmitDlg::NewOneLine(const String& colourName)
     wxtStaticText* const text =
         NewStatic(wxString(), false, false, 0, wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
     text->m_ForegroundName = colourName;
-    text->RefreshColors();
+    text->KeepReadable();
     text->SetMinSize(wxSize(1, -1));
     return text;
 }

@@ -1,3 +1,4 @@
+#include "appearance/Contrast.h"
 #include "tests/appearance/PanelTest.h"
 #include "tests/support/EventCounter.h"
 #include "tests/support/Pictures.h"
@@ -61,7 +62,7 @@ TEST_F(CheckBoxTest, TheBoxStandsBesideTheLabelHoweverLong)
     const wxColour face = Hilight(wxtGetColor(color_ButtonFace));
     ASSERT_TRUE(WaitFor([&] { return PixelAt(PictureOf(box), 9, 9) == face; }));
     const wxImage image = PictureOf(box);
-    EXPECT_EQ(paper, PixelAt(image, 0, 10));
+    EXPECT_EQ(wxtFocusColor({paper}), PixelAt(image, 0, 10));
     EXPECT_EQ(Hilight(wxtGetColor(color_WindowBGDarker)), PixelAt(image, 18, 10));
     for (int y = 0; y < 20; ++y)
     {

@@ -1,3 +1,4 @@
+#include "appearance/Contrast.h"
 #include "appearance/wxtCheckListBox.h"
 #include "appearance/wxtChoice.h"
 #include "appearance/wxtGenericValidator.h"
@@ -127,10 +128,11 @@ TEST_F(InputsTest, EveryStateHasTheColoursOfTheScheme)
         }
         const wxImage picture = PictureOf(choice);
         EXPECT_EQ(wxtGetColor(color_ButtonFace), PixelAt(picture, 198, 2)) << scheme;
-        EXPECT_EQ(wxtGetColor(color_Selected), PixelAt(picture, 0, 12)) << "the focus's frame";
+        const wxColour ground = wxtGetColor(color_WindowBGLighter);
+        EXPECT_EQ(wxtFocusColor({ground}), PixelAt(picture, 0, 12)) << "the focus's frame";
         for (wxTextCtrl* const hinted : {search->GetField(), static_cast<wxTextCtrl*>(field)})
         {
-            const wxColour ink = wxtGetColor(color_TextGrey);
+            const wxColour ink = wxtReadableColor(wxtGetColor(color_TextGrey), ground);
             EXPECT_TRUE(WaitFor([&] { return PixelAt(PictureOf(hinted), 9, 11) == ink; }))
                 << scheme << Kept(PictureOf(hinted), "hint");
             EXPECT_TRUE(hinted->IsEmpty()) << "the hint is no text";

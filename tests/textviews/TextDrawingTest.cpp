@@ -1,3 +1,4 @@
+#include "appearance/Contrast.h"
 #include "internal/drawing/ColorMix.h"
 #include "tests/textviews/TextViewTest.h"
 
@@ -50,13 +51,15 @@ TEST_F(TextViewTest, BandsTellTheStateInEveryScheme)
         {
             const wxRect band(0, line * m_View->LineHeight(), picture.GetWidth(),
                               m_View->LineHeight());
-            for (const wxPoint& corner : {band.GetTopLeft(), band.GetBottomRight()})
+            const wxRect inside = wxRect(band).Deflate(2); // of the mark of the keyboard's focus
+            for (const wxPoint& corner : {inside.GetTopLeft(), inside.GetBottomRight()})
             {
                 EXPECT_EQ(PixelAt(picture, corner.x, corner.y), expected[line])
                     << "scheme " << scheme << " line " << line << " " << Kept(picture, "bands");
             }
         }
-        EXPECT_EQ(PixelAt(picture, 5, picture.GetHeight() - 1), plain);
+        EXPECT_EQ(PixelAt(picture, 5, picture.GetHeight() - 3), plain);
+        EXPECT_EQ(PixelAt(picture, 5, picture.GetHeight() - 1), wxtFocusColor({plain, selected}));
     }
 }
 
