@@ -7,7 +7,7 @@
 
 class wxDC;
 
-/// Name of the colour in which a job's state is written.
+/// Name of the colour of a job's state: of its mark, and of text that is kept readable.
 TOLVAN_API const String& wxtJobStateColor(const String& state);
 /// Name of the colour of a job's progress bar.
 TOLVAN_API const String& wxtJobBarColor(const String& state);

@@ -1,5 +1,7 @@
 #include "gallery/GallerySections.h"
 
+#include "gallery/MarkedList.h"
+
 #include "appearance/wxtSearchField.h"
 #include "listviews/wxDBListCtrl.h"
 #include "listviews/wxListArranger.h"
@@ -28,10 +30,10 @@ int FramesOf(int item)
 }
 
 // A million generated items, which nobody keeps: what is selected is all that there is of them.
-class LargeList : public wxDBListCtrl
+class LargeList : public MarkedList<wxDBListCtrl, column_State>
 {
 public:
-    explicit LargeList(wxWindow* parent) : wxDBListCtrl(parent, wxID_ANY, false)
+    explicit LargeList(wxWindow* parent) : MarkedList(parent, wxID_ANY, false)
     {
         AddColumn(column_Name, "Name", 200);
         AddColumn(column_State, "State", 110);
@@ -71,7 +73,7 @@ public:
 private:
     static String TextOf(int item, int type)
     {
-        static const char* const s_States[] = {"running", "waiting", "on hold", "done", "failed"};
+        static const char* const s_States[] = {"Running", "Waiting", "Suspended", "Done", "Failed"};
         switch (type)
         {
         case column_Name:

@@ -1,5 +1,7 @@
 #include "gallery/GallerySections.h"
 
+#include "gallery/MarkedList.h"
+
 #include "appearance/wxExpandablePanel.h"
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
@@ -139,7 +141,7 @@ void AddCharts(wxWindow* parent, wxSizer* sizer)
 
 void AddList(wxWindow* parent, wxSizer* sizer)
 {
-    auto* const list = new wxtListCtrl(parent, wxID_ANY);
+    auto* const list = new MarkedList<wxtListCtrl, 1>(parent, wxID_ANY);
     list->SetMinSize(kViewSize);
     for (const auto& [title, width] : {std::pair("Name", 150), {"State", 90}, {"Folder", 140}})
     {
@@ -155,8 +157,6 @@ void AddList(wxWindow* parent, wxSizer* sizer)
         list->SetItem(row, 1, rows[row][1]);
         list->SetItem(row, 2, "/farm/projects/orbit/sq010/sh010/render");
     }
-    list->SetItemTextColour(0, wxtGetColor(color_TextGreen));
-    list->SetItemTextColour(3, wxtGetColor(color_TextRed));
     list->SetColumnImage(0, wxDBListCtrl::image_Ascending);
     list->SetHighlightColumn(0);
     list->GetBody()->SendListEvent(wxEVT_LIST_ITEM_SELECTED, wxPoint(0, 0), 0, 1);

@@ -1,6 +1,7 @@
 #include "gallery/GallerySections.h"
 
-#include "appearance/wxTolvanColors.h"
+#include "gallery/MarkedList.h"
+
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBTreeListCtrl.h"
 
@@ -54,11 +55,6 @@ public:
     {
         return column == column_Time ? std::optional<double>(Seconds(node)) : std::nullopt;
     }
-    wxColour _RowColor(wxDBTreeNode node) override
-    {
-        return Job(node) && !Frame(node) && IsRunning(node) ? wxtGetColor(color_TextGreen)
-                                                            : wxColour();
-    }
 
 private:
     static long long Job(wxDBTreeNode node) { return node >> 8 & 0xff; }
@@ -90,7 +86,8 @@ void SortByTitle(wxDBTreeListCtrl& tree, int column)
 void AddTree(wxWindow* parent, wxSizer* sizer)
 {
     static FarmTree s_Farm;
-    auto* const     tree = new wxDBTreeListCtrl(parent, wxID_ANY, false);
+    auto* const     tree =
+        new MarkedList<wxDBTreeListCtrl, FarmTree::column_State>(parent, wxID_ANY, false);
     tree->SetMinSize(kViewSize);
     tree->AddColumn(FarmTree::column_Name, "Name", 250);
     tree->AddColumn(FarmTree::column_State, "State", 90);

@@ -4,7 +4,7 @@
 
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
-#include "jobwidgets/JobColors.h"
+#include "jobwidgets/JobMarks.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxListMenu.h"
 #include "vesta/Application.h"
@@ -194,11 +194,20 @@ String FrameList::GetDisplayText(int row, int column)
     return TextOf(FrameAt(row), GetColumn(column).type);
 }
 
-wxColour FrameList::GetRowColor(int row)
+void FrameList::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected)
 {
-    const FarmJob* const job = m_Jobs.Find(m_Id);
-    return job ? wxtGetColor(wxtJobStateColor(FrameState(*job, FrameAt(row))))
-               : wxDBListCtrl::GetRowColor(row);
+    if (GetColumn(column).type == column_State)
+    {
+        rect = wxtDrawJobMark(dc, rect, GetDisplayText(row, column));
+    }
+    wxDBListCtrl::DrawCell(dc, row, column, rect, selected);
+}
+
+int FrameList::GetCellWidth(wxDC& dc, int row, int column)
+{
+    const bool isMarked = GetColumn(column).type == column_State;
+    return wxDBListCtrl::GetCellWidth(dc, row, column) +
+           (isMarked ? wxtJobMarkWidth(GetRowHeight()) : 0);
 }
 
 void FrameList::OnActivate(wxListEvent& event)

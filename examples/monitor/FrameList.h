@@ -35,7 +35,8 @@ public:
     bool             IsRowSelected(int row) override;
     std::vector<int> GetSelection() override;
     String           GetDisplayText(int row, int column) override;
-    wxColour         GetRowColor(int row) override;
+    void             DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected) override;
+    int              GetCellWidth(wxDC& dc, int row, int column) override;
 
 private:
     void                 OnTick() override;

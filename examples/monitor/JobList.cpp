@@ -6,6 +6,7 @@
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
 #include "jobwidgets/JobColors.h"
+#include "jobwidgets/JobMarks.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListHeader.h"
 #include "listviews/wxListMenu.h"
@@ -211,13 +212,11 @@ void JobList::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected
     {
         DrawProgress(dc, node, wxRect(rect).Deflate(kBarMargin));
     }
-    wxColour ink;
-    if (frame.job && (type == column_State || frame.number > 0))
+    if (frame.job && type == column_State)
     {
-        ink = wxtGetColor(wxtJobStateColor(frame.number > 0 ? FrameState(*frame.job, frame.number)
-                                                            : frame.job->state));
+        rect = wxtDrawJobMark(
+            dc, rect, frame.number > 0 ? FrameState(*frame.job, frame.number) : frame.job->state);
     }
-    const wxDCTextColourChanger colour(dc, ink.IsOk() ? ink : dc.GetTextForeground());
     if (m_Model.rows.IsTree())
     {
         wxDBTreeListCtrl::DrawCell(dc, row, column, rect, selected);
@@ -230,8 +229,11 @@ void JobList::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected
 
 int JobList::GetCellWidth(wxDC& dc, int row, int column)
 {
-    return m_Model.rows.IsTree() ? wxDBTreeListCtrl::GetCellWidth(dc, row, column)
-                                 : wxDBListCtrl::GetCellWidth(dc, row, column);
+    const int mark = GetColumn(column).type == column_State && m_Model.rows.FrameAt(NodeAt(row)).job
+                         ? wxtJobMarkWidth(GetRowHeight())
+                         : 0;
+    return mark + (m_Model.rows.IsTree() ? wxDBTreeListCtrl::GetCellWidth(dc, row, column)
+                                         : wxDBListCtrl::GetCellWidth(dc, row, column));
 }
 
 // In the colour of the job's state, behind the figure.

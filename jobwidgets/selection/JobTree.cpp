@@ -2,8 +2,8 @@
 
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
-#include "internal/drawing/ColorMix.h"
 #include "jobwidgets/JobColors.h"
+#include "jobwidgets/JobMarks.h"
 #include "jobwidgets/selection/JobTreeModel.h"
 #include "vesta/Application.h"
 
@@ -14,8 +14,7 @@ namespace jobwidgets
 {
 namespace
 {
-constexpr double  kSelectedShare = 0.5; // of the state's colour; the rest is the text's
-constexpr int     kBarMargin = 2;       // pixels around a progress bar in its cell
+constexpr int     kBarMargin = 2; // pixels around a progress bar in its cell
 const char* const kColumns = "Columns";
 const char* const kSortColumn = "SortColumn";
 const char* const kDescending = "SortDescending";
@@ -114,14 +113,18 @@ void JobTree::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected
     {
         wxtDrawJobProgress(dc, wxRect(rect).Deflate(kBarMargin), job->state, job->progress);
     }
-    wxColour ink = dc.GetTextForeground();
-    if (job && type == column_State)
+    if (job && type == column_State && column != GetTreeColumn())
     {
-        // The ground of what is selected has a colour of its own.
-        ink = internal::MixColours(wxtGetColor(wxtJobStateColor(job->state)), ink,
-                                   selected ? kSelectedShare : 1.0);
+        rect = wxtDrawJobMark(dc, rect, job->state);
     }
-    const wxDCTextColourChanger colour(dc, ink.IsOk() ? ink : dc.GetTextForeground());
     wxDBTreeListCtrl::DrawCell(dc, row, column, rect, selected);
+}
+
+int JobTree::GetCellWidth(wxDC& dc, int row, int column)
+{
+    const bool isMarked = GetColumn(column).type == column_State && column != GetTreeColumn() &&
+                          m_Jobs.JobOf(NodeAt(row));
+    return wxDBTreeListCtrl::GetCellWidth(dc, row, column) +
+           (isMarked ? wxtJobMarkWidth(GetRowHeight()) : 0);
 }
 } // namespace jobwidgets

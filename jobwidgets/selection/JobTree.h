@@ -24,6 +24,7 @@ public:
 
     String GetDisplayText(int row, int column) override;
     void   DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected) override;
+    int    GetCellWidth(wxDC& dc, int row, int column) override;
 
 private:
     void OnTitle(wxListEvent& event);

@@ -1,9 +1,13 @@
 #include "jobwidgets/ClosedGroups.h"
+#include "jobwidgets/marks/MarkShape.h"
 #include "jobwidgets/selection/JobTreeModel.h"
 #include "jobwidgets/selection/RecentJobs.h"
 #include "tests/jobwidgets/JobSample.h"
 #include "tests/jobwidgets/JobWidgetsTest.h"
 #include "tests/support/LogCapture.h"
+
+#include <algorithm>
+#include <set>
 
 using jobwidgets::JobGrouping;
 using jobwidgets::JobTreeModel;
@@ -152,4 +156,46 @@ TEST(RecentJobs, TheLatestAreOnTop)
     recent.Add(ids);
     ids.resize(jobwidgets::RecentJobs::k_Most);
     EXPECT_EQ(ids, recent.InOrder());
+}
+
+// Each state is told by its form alone, at both scales, and no mark leaves its square.
+TEST(JobMarksTest, EveryStateHasAFormOfItsOwn)
+{
+    for (const int scale : {1, 2})
+    {
+        const int             side = 11 * scale;
+        std::set<std::string> forms;
+        for (const String& state : {state_Waiting, state_Running, state_Suspended, state_Done,
+                                    state_Failed, state_Killed, String("Other")})
+        {
+            const auto& mark = jobwidgets::PixelsOf(jobwidgets::ShapeOf(state), side, scale);
+            std::string form(static_cast<size_t>(side * side), '.');
+            for (const auto& [rects, sign] : {std::pair(&mark.whole, 'o'), {&mark.inside, 'x'}})
+            {
+                for (const wxRect& rect : *rects)
+                {
+                    ASSERT_TRUE(wxRect(0, 0, side, side).Contains(rect)) << state;
+                    for (int i = 0; i < rect.width * rect.height; ++i)
+                    {
+                        const int x = rect.x + i % rect.width;
+                        const int y = rect.y + i / rect.width;
+                        char&     pixel = form[static_cast<size_t>(y * side + x)];
+                        EXPECT_EQ(sign == 'o' ? '.' : 'o', pixel) << state << " filled twice";
+                        pixel = sign;
+                    }
+                }
+            }
+            EXPECT_GE(std::count(form.begin(), form.end(), 'x'), 5 * scale * scale) << state;
+            for (const std::string& other : forms)
+            {
+                int differing = 0;
+                for (size_t i = 0; i < form.size(); ++i)
+                {
+                    differing += (form[i] == '.') != (other[i] == '.');
+                }
+                EXPECT_GE(differing, side * side / 8) << state << form;
+            }
+            forms.insert(form);
+        }
+    }
 }
