@@ -30,7 +30,7 @@ struct ColourPair
     double ContrastIn(const SchemeColours& colours) const;
 };
 
-/// Those that the library shows.
+/// Those that the library shows as they are: other text is kept readable (`wxtReadableColor`).
 const std::vector<ColourPair>& ColourPairs();
 /// How many of them are hard to read, or not to be seen at all.
 size_t CountOfPoor(const SchemeColours& colours);
