@@ -84,6 +84,10 @@ void wxDBTreeListCtrl::ModelChanged()
     {
         StartArranging();
     }
+    if (IsArranging())
+    {
+        GetBody()->Redraw(); // the rows that stay meanwhile, by a question for long
+    }
 }
 
 void wxDBTreeListCtrl::ChildrenChanged(wxDBTreeNode node)

@@ -1,3 +1,4 @@
+#include "internal/windows/UpperFloors.h"
 #include "listviews/selecting/SelectionWork.h"
 #include "listviews/tree/TreeCell.h"
 #include "listviews/wxDBListBody.h"
@@ -278,6 +279,23 @@ TEST_F(TreeListTest, SortsAndFiltersInIdleTime)
     ASSERT_TRUE(WaitFor(isDone));
     EXPECT_EQ("", Selected());
     EXPECT_GE(arranged.Count(), 7);
+}
+
+// No row moves under an open menu or a question, but what a row shows may be what is decided by.
+TEST_F(TreeListTest, RowsThatStayShowWhatTheyAreNow)
+{
+    const auto isMenuOpen = internal::g_UpperFloors.isMenuOpen;
+    internal::g_UpperFloors.isMenuOpen = [] { return true; };
+    for (const char* const when : {"first", "while the first waits"})
+    {
+        SCOPED_TRACE(when);
+        ASSERT_TRUE(WaitFor([this] { return !m_Tree->GetBody()->IsWholeRedrawPending(); }));
+        m_Tree->ModelChanged();
+        EXPECT_TRUE(m_Tree->IsArranging());
+        EXPECT_TRUE(m_Tree->GetBody()->IsWholeRedrawPending());
+    }
+    internal::g_UpperFloors.isMenuOpen = isMenuOpen;
+    EXPECT_TRUE(WaitFor([this] { return !m_Tree->IsArranging(); }));
 }
 
 TEST_F(TreeListTest, BadModelsDoNoHarm)
