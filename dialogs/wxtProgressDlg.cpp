@@ -49,7 +49,7 @@ bool wxtProgressDlg::Update(int done, const wxString& message)
     {
         Open();
     }
-    m_Window->Show(done, m_Message, dialogs::TimeLeft(now, done, m_Total));
+    m_Window->ShowProgress(done, m_Message, dialogs::TimeLeft(now, done, m_Total));
     if (wxEventLoopBase* const loop = wxEventLoopBase::GetActive())
     {
         loop->YieldFor(wxEVT_CATEGORY_ALL);

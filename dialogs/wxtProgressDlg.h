@@ -50,7 +50,6 @@ private:
     wxString                           m_Message;
     int                                m_Total;
     bool                               m_CanCancel;
-    bool                               m_Cancelled = false;
     bool                               m_Opened = false;
     wxStopWatch                        m_Time;
     long                               m_ShownMs = 0; ///< When it was brought up to date last.

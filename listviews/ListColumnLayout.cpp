@@ -64,7 +64,7 @@ void wxDBListCtrl::FitColumn(int index)
     CALL_ENTRY("wxDBListCtrl::FitColumn");
     if (IsColumnShown(index))
     {
-        Fit(index, listviews::k_FitTime);
+        FitWithin(index, listviews::k_FitTime);
         WidthsChanged();
     }
 }
@@ -79,14 +79,14 @@ void wxDBListCtrl::FitAllColumns()
     {
         if (IsColumnShown(index))
         {
-            Fit(index, time);
+            FitWithin(index, time);
         }
     }
     WidthsChanged();
 }
 
 // No wider than the view, where both of its edges can be seen.
-void wxDBListCtrl::Fit(int index, std::chrono::steady_clock::duration time)
+void wxDBListCtrl::FitWithin(int index, std::chrono::steady_clock::duration time)
 {
     const int title = m_Header->TitleWidth(index);
     const int cells = m_Body->WidestCell(index, time);

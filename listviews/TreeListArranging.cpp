@@ -284,7 +284,7 @@ void wxDBTreeListCtrl::TakeArranged()
             return;
         }
     }
-    Show(std::move(made), job->IsFiltered(), sight);
+    ShowTree(std::move(made), job->IsFiltered(), sight);
     m_Tree->matches = job->Matches();
     if (m_Tree->field)
     {
@@ -392,7 +392,7 @@ bool wxDBTreeListCtrl::Carry(OpenTree& made, _Sight& sight, std::vector<int64_t>
                });
 }
 
-void wxDBTreeListCtrl::Show(std::unique_ptr<OpenTree> made, bool isFiltered, const _Sight& sight)
+void wxDBTreeListCtrl::ShowTree(std::unique_ptr<OpenTree> made, bool isFiltered, const _Sight& sight)
 {
     TreeState& tree = *m_Tree;
     const bool isStale = std::exchange(tree.isStale, tree.isAgain);

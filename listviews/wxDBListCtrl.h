@@ -224,7 +224,7 @@ private:
     void TellColumnMoved(int from, int to);
     void ColumnsChanged(); ///< There are others: what is held down in the titles is let go.
     void WidthsChanged();  ///< The content is as wide as the columns; everything is redrawn.
-    void Fit(int index, std::chrono::steady_clock::duration time);
+    void FitWithin(int index, std::chrono::steady_clock::duration time);
     void Arrange(const listviews::ColumnPlan& plan);
     void ShowColumnMenu(const wxPoint& where);
     void TellColumns(int column); ///< The list may be gone afterwards.

@@ -20,7 +20,7 @@
 
 #include <algorithm>
 
-class wxListArranger::_HostItems : public listviews::ArrangedItems
+class wxListArranger::_HostItems final : public listviews::ArrangedItems
 {
 public:
     explicit _HostItems(Items items) : m_Items(std::move(items)) {}

@@ -10,6 +10,7 @@ packages_build="build-essential cmake ninja-build ccache pkg-config libwxgtk3.2-
     libspdlog-dev nlohmann-json3-dev libpango1.0-dev libgtk-3-dev"
 packages_display="xvfb openbox xdotool imagemagick fonts-dejavu-core librsvg2-common"
 packages_test="libgtest-dev libxtst-dev xclip"
+packages_sanitizers="clang libclang-rt-dev llvm"
 packages_check="git clang clang-format clang-tidy doxygen"
 packages_bench="libbenchmark-dev jq"
 packages_wx_gtk2="build-essential dpkg-dev libgtk2.0-dev libsm-dev libxtst-dev libpng-dev

@@ -64,7 +64,7 @@ void ProgressWindow::Cancel()
     }
 }
 
-void ProgressWindow::Show(int done, const wxString& message, long leftMs)
+void ProgressWindow::ShowProgress(int done, const wxString& message, long leftMs)
 {
     if (!IsShown())
     {

@@ -14,7 +14,7 @@ public:
                    bool canCancel);
 
     /// Shows it, and paints what has changed.
-    void Show(int done, const wxString& message, long leftMs);
+    void ShowProgress(int done, const wxString& message, long leftMs);
     bool IsCancelled() const { return m_Cancelled; }
 
 private:
