@@ -42,8 +42,8 @@ TEST_F(MasterClients, LateClientIsToldOfAllJobsAndTheirLastLines)
 TEST_F(MasterClients, FloodNeitherBlocksNorGrowsTheMasterAndNoLineIsUnaccountedFor)
 {
     constexpr int kRounds = 10;
-#ifdef __SANITIZE_ADDRESS__
-    constexpr long long kMostGrowth = 1 << 20; // KB: freed memory is kept in quarantine
+#ifdef FREED_MEMORY_IS_KEPT
+    constexpr long long kMostGrowth = 1 << 20; // KB
 #else
     constexpr long long kMostGrowth = 64 << 10; // KB
 #endif
