@@ -47,7 +47,7 @@ void wxTolvanApp::EnableMessageProcessing()
     the_App = app;
     if (app)
     {
-        app->CloseIfAsked();
+        app->CloseIfStillAsked();
     }
     if (app && app->Queue().Size() > 0)
     {
@@ -173,14 +173,27 @@ void wxTolvanApp::OnShutdownMsg(const boost::shared_ptr<ShutdownMsg>&)
 {
     CALL_ENTRY("wxTolvanApp::OnShutdownMsg");
     LogSystem("Received Shutdown request");
-    m_IsToClose = true;
-    CloseIfAsked();
+    AskToClose();
 }
 
-// Whoever asks the program to end does it once: the wish outlasts a while without processing.
-void wxTolvanApp::CloseIfAsked()
+// Whoever asks the program to end does it once: the wish outlasts a while without processing, in
+// which the signal closes nothing.
+void wxTolvanApp::AskToClose()
 {
-    if (the_Exe && IsMessageProcessingEnabled() && m_IsToClose.exchange(false))
+    m_IsToClose = true; // before it is looked at: another thread may enable it just now
+    if (IsMessageProcessingEnabled())
+    {
+        m_IsToClose = false;
+    }
+    if (the_Exe)
+    {
+        the_Exe->Signal(0);
+    }
+}
+
+void wxTolvanApp::CloseIfStillAsked()
+{
+    if (the_Exe && m_IsToClose.exchange(false))
     {
         the_Exe->Signal(0);
     }
@@ -190,6 +203,5 @@ void wxTolvanApp::_EndSession(wxCloseEvent&)
 {
     CALL_ENTRY("wxTolvanApp::_EndSession");
     LogSystem("Notified of user request to log out or shut down the system");
-    m_IsToClose = true;
-    CloseIfAsked();
+    AskToClose();
 }

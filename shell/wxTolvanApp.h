@@ -107,7 +107,8 @@ private:
     void ShowStartupError() const;
     void DispatchWaiting();
     void TakeLeftMessage(bool hasTopWindow);
-    void CloseIfAsked();
+    void AskToClose();
+    void CloseIfStillAsked();
 
     std::unique_ptr<shell::TopWindowWatch> m_TopWindowWatch;
     std::unique_ptr<shell::LayoutWatch>    m_LayoutWatch;
