@@ -392,7 +392,8 @@ bool wxDBTreeListCtrl::Carry(OpenTree& made, _Sight& sight, std::vector<int64_t>
                });
 }
 
-void wxDBTreeListCtrl::ShowTree(std::unique_ptr<OpenTree> made, bool isFiltered, const _Sight& sight)
+void wxDBTreeListCtrl::ShowTree(std::unique_ptr<OpenTree> made, bool isFiltered,
+                                const _Sight& sight)
 {
     TreeState& tree = *m_Tree;
     const bool isStale = std::exchange(tree.isStale, tree.isAgain);

@@ -180,7 +180,7 @@ private:
     struct _Sight;
     _Sight SightOf() const;
     bool   Carry(listviews::OpenTree& made, _Sight& sight, std::vector<int64_t>& lost);
-    void   ShowTree(std::unique_ptr<listviews::OpenTree> made, bool isFiltered, const _Sight& sight);
+    void ShowTree(std::unique_ptr<listviews::OpenTree> made, bool isFiltered, const _Sight& sight);
     /// @}
 
     /// @name Input and drawing
