@@ -61,8 +61,10 @@ void wxtBitmapButton::OnScheme(wxSysColourChangedEvent& event)
 wxtStaticText::wxtStaticText(wxWindow* parent, wxWindowID id, const wxString& label,
                              const wxPoint& position, const wxSize& size, long style,
                              const wxString& name)
-    : wxStaticText(parent, id, label, position, size, style, name), wxtColorManaged(this)
+    : wxStaticText(parent, id, label, position, size, style, name)
 {
+    // Not in the list above: colouring asks `m_KeepsReadable`, which is made after the bases.
+    Manage(this);
 }
 
 void wxtStaticText::KeepReadable()
