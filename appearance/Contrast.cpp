@@ -14,9 +14,7 @@ namespace
 {
 // Pixels.
 constexpr int kThick = 2;
-constexpr int kView = 40; // a side from which on the frame is as thick as the bar
-constexpr int kBarInset = 4;
-constexpr int kUnderBar = 1;
+constexpr int kView = 40; // a side from which on the frame is thick
 
 using Grounds = std::initializer_list<wxColour>;
 
@@ -45,21 +43,6 @@ const String* FindName(Grounds grounds)
     }
     return nullptr;
 }
-
-std::vector<wxRect> Frame(const wxRect& rect)
-{
-    const int side = std::min(rect.width, rect.height);
-    const int thick = side >= kView ? kThick : 1;
-    if (side <= 2 * thick)
-    {
-        return {};
-    }
-    const int inner = rect.height - 2 * thick;
-    return {wxRect(rect.x, rect.y, rect.width, thick),
-            wxRect(rect.x, rect.GetBottom() + 1 - thick, rect.width, thick),
-            wxRect(rect.x, rect.y + thick, thick, inner),
-            wxRect(rect.GetRight() + 1 - thick, rect.y + thick, thick, inner)};
-}
 } // namespace
 
 wxColour wxtReadableColor(const wxColour& colour, const wxColour& ground)
@@ -83,22 +66,26 @@ const String& wxtFocusColorName(const wxColour& ground)
     return name ? *name : color_Text;
 }
 
-std::vector<wxRect> wxtFocusShape(const wxRect& rect, wxtFocusForm form)
+std::vector<wxRect> wxtFocusShape(const wxRect& rect)
 {
-    if (form == wxtFocusForm::frame)
+    const int side = std::min(rect.width, rect.height);
+    const int thick = side >= kView ? kThick : 1;
+    if (side <= 2 * thick)
     {
-        return Frame(rect);
+        return {};
     }
-    const wxRect bar(rect.x + kBarInset, rect.GetBottom() + 1 - kUnderBar - kThick,
-                     rect.width - 2 * kBarInset, kThick);
-    return bar.width > 0 && bar.y >= rect.y ? std::vector{bar} : std::vector<wxRect>();
+    const int inner = rect.height - 2 * thick;
+    return {wxRect(rect.x, rect.y, rect.width, thick),
+            wxRect(rect.x, rect.GetBottom() + 1 - thick, rect.width, thick),
+            wxRect(rect.x, rect.y + thick, thick, inner),
+            wxRect(rect.GetRight() + 1 - thick, rect.y + thick, thick, inner)};
 }
 
-void wxtDrawFocus(wxDC& dc, const wxRect& rect, Grounds grounds, wxtFocusForm form)
+void wxtDrawFocus(wxDC& dc, const wxRect& rect, Grounds grounds)
 {
     CALL_ENTRY("wxtDrawFocus");
     const wxColour colour = wxtFocusColor(grounds);
-    for (const wxRect& part : wxtFocusShape(rect, form))
+    for (const wxRect& part : wxtFocusShape(rect))
     {
         appearance::FillGround(dc, part, colour);
     }

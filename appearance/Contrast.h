@@ -18,20 +18,13 @@ class wxDC;
 /// as it is when either is invalid.
 TOLVAN_API wxColour wxtReadableColor(const wxColour& colour, const wxColour& ground);
 
-/// The form in which whatever has the keyboard shows it.
-enum class wxtFocusForm
-{
-    frame, ///< Along the edges of a row, a field or a view.
-    bar    ///< At the foot of a button, which has no frame.
-};
-
 /// A colour that is seen on each of these grounds (3 to 1): the selection's where that will do,
 /// else that of text, else another one of the scheme; black or white when there is none.
 TOLVAN_API wxColour wxtFocusColor(std::initializer_list<wxColour> grounds);
 /// Name of such a colour, for a control that is coloured by names; that of text when there is none.
 TOLVAN_API const String& wxtFocusColorName(const wxColour& ground);
-/// What is filled to draw the mark inside the rectangle; nothing where there is no room. Pixels.
-TOLVAN_API std::vector<wxRect> wxtFocusShape(const wxRect& rect, wxtFocusForm form);
+/// What is filled to draw the mark, a frame along the edges of a row, a field or a view; nothing
+/// where there is no room. Pixels.
+TOLVAN_API std::vector<wxRect> wxtFocusShape(const wxRect& rect);
 /// Draws the mark inside the rectangle, on these grounds.
-TOLVAN_API void wxtDrawFocus(wxDC& dc, const wxRect& rect, std::initializer_list<wxColour> grounds,
-                             wxtFocusForm form = wxtFocusForm::frame);
+TOLVAN_API void wxtDrawFocus(wxDC& dc, const wxRect& rect, std::initializer_list<wxColour> grounds);

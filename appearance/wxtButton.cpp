@@ -2,7 +2,6 @@
 
 #include "appearance/ColorDrawing.h"
 #include "appearance/ColorScheme.h"
-#include "appearance/Contrast.h"
 #include "appearance/controls/ButtonState.h"
 #include "appearance/controls/FlatStyle.h"
 #include "appearance/controls/ForeignKey.h"
@@ -242,8 +241,8 @@ void wxtButton::Size(wxSizeEvent& event)
     Refresh(false);
 }
 
-// No border and no frame of the focus: colours and font tell the state, and a bar under the label
-// the focus, since the one that has it looks as the default one does without it.
+// No border and no frame of the focus: colours and font tell the state. The label is underlined
+// with the focus, since the button that has it looks as the default one does without it.
 void wxtButton::Paint(wxPaintEvent&)
 {
     CALL_ENTRY("wxtButton::Paint");
@@ -252,14 +251,10 @@ void wxtButton::Paint(wxPaintEvent&)
     dc.SetPen(*wxTRANSPARENT_PEN);
     dc.SetBrush(wxBrush(GetBackgroundColour()));
     dc.DrawRectangle(wxPoint(0, 0), client);
-    dc.SetFont(GetFont());
+    dc.SetFont(HasFocus() ? GetFont().Underlined() : GetFont());
     dc.SetTextForeground(GetForegroundColour());
     const appearance::MnemonicLabel label(GetLabel());
     const wxSize                    text = dc.GetMultiLineTextExtent(label.text);
     label.Draw(dc, wxPoint(std::max((client.x - text.x) / 2, 0), (client.y - text.y) / 2),
                client.x);
-    if (HasFocus())
-    {
-        wxtDrawFocus(dc, wxRect(client), {GetBackgroundColour()}, wxtFocusForm::bar);
-    }
 }

@@ -211,7 +211,7 @@ void wxDBListBody::DrawFocus(const listviews::ListGeometry& geometry, const wxCo
     const bool   isRow = m_Model.HasRow(m_Model.FocusRow()) && view.Intersects(row);
     const auto   colour = isRow ? wxtFocusColor({rowGround})
                                 : wxtFocusColor({listviews::StripeColour(0), SelectedGround()});
-    for (const wxRect& part : wxtFocusShape(isRow ? row : view, wxtFocusForm::frame))
+    for (const wxRect& part : wxtFocusShape(isRow ? row : view))
     {
         m_CellText->Fill(part, colour);
     }

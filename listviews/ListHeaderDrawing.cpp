@@ -192,7 +192,7 @@ void wxDBListHeader::DrawTitleCursor(listviews::CellText& cells, const wxRect& r
 {
     const wxColour line = wxtFocusColor({wxtGetColor(color_ButtonFace)});
     const wxRect   inside(rect.x, rect.y, rect.width - 1, rect.height - 1);
-    for (const wxRect& part : wxtFocusShape(inside, wxtFocusForm::frame))
+    for (const wxRect& part : wxtFocusShape(inside))
     {
         cells.Fill(part, line);
     }

@@ -61,7 +61,7 @@ void wxTextLineCtrl::DrawFocus(const textviews::TextPalette& palette,
         return;
     }
     const wxColour colour = wxtFocusColor({palette.Band({}), palette.Band({true, false, false})});
-    for (const wxRect& part : wxtFocusShape(wxRect(GetClientSize()), wxtFocusForm::frame))
+    for (const wxRect& part : wxtFocusShape(wxRect(GetClientSize())))
     {
         painter.Fill(part, colour);
     }
