@@ -28,9 +28,14 @@ void Arrangement::AddKey(int item)
     m_Key.clear();
     for (const SortRule& rule : m_Rules)
     {
-        AppendCellKey(
-            m_Key, m_Items.NumberOf(item, rule.type),
-            [&] { return m_Items.TextOf(item, rule.type); }, rule.ascending);
+        if (const auto number = m_Items.NumberOf(item, rule.type))
+        {
+            AppendCellKey(m_Key, *number, rule.ascending);
+        }
+        else
+        {
+            AppendCellKey(m_Key, m_Items.TextOf(item, rule.type), rule.ascending);
+        }
     }
     m_Sort.Add(item, m_Key);
 }

@@ -1,9 +1,5 @@
 #pragma once
 
-#include "vesta/String.h"
-
-#include <functional>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,8 +14,10 @@ void AppendNaturalKey(std::string& key, std::string_view text);
 /// behind every number.
 void AppendNumberKey(std::string& key, double number);
 
-/// Appends a key of a cell, of its number if it has one, else of its text, of which 512 bytes
-/// count. Numbers stand before texts. Keys of several cells may stand behind one another.
-void AppendCellKey(std::string& key, const std::optional<double>& number,
-                   const std::function<String()>& text, bool ascending);
+/// Appends a key of a cell, of its number or its text, of which 512 bytes count. Numbers stand
+/// before texts. Keys of several cells may stand behind one another.
+/// @{
+void AppendCellKey(std::string& key, double number, bool ascending);
+void AppendCellKey(std::string& key, std::string_view text, bool ascending);
+/// @}
 } // namespace listviews

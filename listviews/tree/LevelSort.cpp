@@ -57,9 +57,14 @@ void LevelSort::AddKey(int place)
     m_Key = m_Model._IsFirst(child) ? kFirst : kOther;
     for (const wxDBTreeSort& by : m_By)
     {
-        AppendCellKey(
-            m_Key, m_Model._SortNumber(child, by.column),
-            [&] { return m_Model._Text(child, by.column); }, !by.descending);
+        if (const auto number = m_Model._SortNumber(child, by.column))
+        {
+            AppendCellKey(m_Key, *number, !by.descending);
+        }
+        else
+        {
+            AppendCellKey(m_Key, m_Model._Text(child, by.column), !by.descending);
+        }
     }
     if (m_Many)
     {
