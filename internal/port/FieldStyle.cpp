@@ -92,8 +92,8 @@ bool ShowHint(wxWindow&, const wxString&)
 #else
 namespace
 {
-// Under which a field keeps the colours of its hint and of its list of completions, and the list
-// that it has them.
+// Under which a field keeps the colours of its hint, its frame and its list of completions, and the
+// list that it has them.
 const char* const kColours = "tolvan-field-colours";
 
 // Under which it keeps its hint, as UTF-8.
@@ -106,7 +106,11 @@ struct KeptColours
     wxColour hint;
     wxColour selectedInk;
     wxColour selectedGround;
+    wxColour focus;
 };
+
+// Around the text: room for the frame.
+constexpr GtkBorder kMargins = {4, 4, 2, 2};
 
 const KeptColours& ColoursOf(GtkWidget* field)
 {
@@ -173,9 +177,27 @@ gboolean DrawHint(GtkWidget* field, const GdkEventExpose* event, void*)
     g_object_unref(layout);
     return FALSE; // whoever else draws may go on
 }
+
+// After the port has drawn the field, which has no frame of its own.
+gboolean DrawFocus(GtkWidget* field, const GdkEventExpose* event, void*)
+{
+    GdkWindow* const      area = gtk_entry_get_text_window(GTK_ENTRY(field));
+    const GdkColor* const colour = ColourOf(ColoursOf(field).focus);
+    if (event->window == area && colour && gtk_widget_has_focus(field))
+    {
+        cairo_t* const drawing = gdk_cairo_create(area);
+        gdk_cairo_set_source_color(drawing, colour);
+        cairo_set_line_width(drawing, 1);
+        cairo_rectangle(drawing, 0.5, 0.5, gdk_window_get_width(area) - 1,
+                        gdk_window_get_height(area) - 1);
+        cairo_stroke(drawing);
+        cairo_destroy(drawing);
+    }
+    return FALSE; // whoever else draws may go on
+}
 } // namespace
 
-// The port draws the field itself in the window's colours.
+// The port draws the text and its ground itself in the window's colours.
 void StyleField(wxWindow& field, const FieldColours& colours)
 {
     GtkWidget* const widget = field.GetHandle();
@@ -186,12 +208,15 @@ void StyleField(wxWindow& field, const FieldColours& colours)
     const bool isNew = !g_object_get_data(G_OBJECT(widget), kColours);
     g_object_set_data_full(G_OBJECT(widget), kColours,
                            new KeptColours{colours.ink, colours.ground, colours.hint,
-                                           colours.selectedInk, colours.selectedGround},
+                                           colours.selectedInk, colours.selectedGround,
+                                           colours.focus},
                            [](void* kept) { delete static_cast<KeptColours*>(kept); });
-    gtk_widget_queue_draw(widget); // the hint
+    gtk_widget_queue_draw(widget); // the hint and the frame
     StyleCompletions(widget);
     if (isNew)
     {
+        gtk_entry_set_inner_border(GTK_ENTRY(widget), &kMargins);
+        g_signal_connect_after(widget, "expose-event", G_CALLBACK(DrawFocus), nullptr);
         g_signal_connect(widget, "changed", G_CALLBACK(StyleNewCompletions), nullptr);
     }
 }

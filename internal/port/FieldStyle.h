@@ -19,8 +19,8 @@ struct FieldColours
 
 /// Draws a text field flat, with a little room around its text, and gives it, the toolkit's colours
 /// of its text and ground aside, and its list of completions, also one that it gets later, these
-/// colours in every state. The GTK 2 port has no style sheets: there the field keeps the looks that
-/// the toolkit gives it, and the list gets the colours.
+/// colours in every state. The GTK 2 port has no style sheets: there a field of several lines keeps
+/// the looks that the toolkit gives it.
 void StyleField(wxWindow& field, const FieldColours& colours);
 
 /// Shows the hint in the field, which has been styled, as long as nothing is in it. False where the

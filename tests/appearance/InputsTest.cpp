@@ -129,7 +129,13 @@ TEST_F(InputsTest, EveryStateHasTheColoursOfTheScheme)
         const wxImage picture = PictureOf(choice);
         EXPECT_EQ(wxtGetColor(color_ButtonFace), PixelAt(picture, 198, 2)) << scheme;
         const wxColour ground = wxtGetColor(color_WindowBGLighter);
-        EXPECT_EQ(wxtFocusColor({ground}), PixelAt(picture, 0, 12)) << "the focus's frame";
+        for (wxWindow* const focused : {static_cast<wxWindow*>(choice), controls[1]})
+        {
+            Focus(focused);
+            EXPECT_TRUE(WaitFor(
+                [=] { return PixelAt(PictureOf(focused), 0, 12) == wxtFocusColor({ground}); }))
+                << scheme << focused->GetName() << Kept(PictureOf(focused), "frame of the focus");
+        }
         for (wxTextCtrl* const hinted : {search->GetField(), static_cast<wxTextCtrl*>(field)})
         {
             const wxColour ink = wxtReadableColor(wxtGetColor(color_TextGrey), ground);
