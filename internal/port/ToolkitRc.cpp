@@ -14,12 +14,15 @@ constexpr double kFaint = 0.15;
 constexpr double kThumb = 0.5;
 constexpr double kHoveredThumb = 0.75;
 
+// Between a tooltip's text and its edges; the theme may have next to none.
+const char* const kTooltipMargins = "xthickness = 6\nythickness = 4\n";
+
 using Line = std::pair<const char*, wxColour>;
 
 // The plain drawing of the port: that of a theme may be pictures.
-std::string Style(const char* name, const std::vector<Line>& lines)
+std::string Style(const char* name, const std::vector<Line>& lines, const char* more = "")
 {
-    std::string text = "style \"tolvan-" + std::string(name) + "\"\n{\nengine \"\" {}\n";
+    std::string text = "style \"tolvan-" + std::string(name) + "\"\n{\nengine \"\" {}\n" + more;
     for (const auto& [key, colour] : lines)
     {
         text += std::string(key) + " = \"" + colour.GetAsString(wxC2S_HTML_SYNTAX).utf8_string() +
@@ -72,6 +75,6 @@ std::string RcOf(const ToolkitColours& c)
                                {"bg[PRELIGHT]", hovered},
                                {"bg[ACTIVE]", c.sunk},
                                {"bg[INSENSITIVE]", c.sunk}}) +
-           Style("tooltip", {{"fg[NORMAL]", c.ink}, {"bg[NORMAL]", c.sunk}});
+           Style("tooltip", {{"fg[NORMAL]", c.ink}, {"bg[NORMAL]", c.sunk}}, kTooltipMargins);
 }
 } // namespace internal

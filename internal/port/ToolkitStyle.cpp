@@ -5,6 +5,7 @@
 #include <gtk/gtk.h>
 
 #include <cstring>
+#include <utility>
 
 namespace internal
 {
@@ -71,10 +72,45 @@ void SetMark(GtkWidget* widget, bool isMarked)
     }
 }
 
+bool Follows(GtkWidget* widget);
+
+decltype(GtkStyleClass::draw_layout) s_DrawText = nullptr; // the port's
+
+// What is disabled gets its colour and no more: the white that the port puts below it would be the
+// brightest there is in a dark scheme.
+void DrawText(GtkStyle* style, GdkWindow* window, GtkStateType state, gboolean isTyped,
+              GdkRectangle* area, GtkWidget* widget, const char* detail, int x, int y,
+              PangoLayout* text)
+{
+    if (state != GTK_STATE_INSENSITIVE || !Follows(widget))
+    {
+        s_DrawText(style, window, state, isTyped, area, widget, detail, x, y, text);
+        return;
+    }
+    cairo_t* const drawing = gdk_cairo_create(window);
+    if (area)
+    {
+        gdk_cairo_rectangle(drawing, area);
+        cairo_clip(drawing);
+    }
+    gdk_cairo_set_source_color(drawing, &(isTyped ? style->text : style->fg)[state]);
+    cairo_move_to(drawing, x, y);
+    pango_cairo_show_layout(drawing, text);
+    cairo_destroy(drawing);
+}
+
+// That of the plain drawing, which is all that the styles use.
+void SetRules()
+{
+    gtk_rc_parse_string(kRules);
+    auto* const drawing = GTK_STYLE_CLASS(g_type_class_ref(GTK_TYPE_STYLE));
+    s_DrawText = std::exchange(drawing->draw_layout, DrawText);
+}
+
 void SetSheet(const ToolkitColours& colours)
 {
     gtk_rc_parse_string(RcOf(colours).c_str());
-    static const bool s_HasRules = (gtk_rc_parse_string(kRules), true);
+    static const bool s_HasRules = (SetRules(), true);
     static_cast<void>(s_HasRules);
     gtk_rc_reset_styles(gtk_settings_get_default());
 }

@@ -51,6 +51,11 @@ int StockArea(const wxImage& image)
            AreaOf(image, wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOX));
 }
 
+bool HasWhite(const wxImage& image)
+{
+    return CountPixels(image, [](const wxColour& colour) { return colour == *wxWHITE; }) > 0;
+}
+
 class ToolkitTest : public FrameTest
 {
 protected:
@@ -149,7 +154,7 @@ TEST_F(ToolkitTest, FollowsTheSchemeInWindowsThatDo)
     inside->SetBackgroundColour(*wxBLACK);
     wxFrame               other(nullptr, wxID_ANY, "");
     const wxtColorManaged otherFollows(&other); // the style is set
-    const wxColour        stock = wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOX);
+    const wxColour        stock = wxSystemSettings::GetColour(wxSYS_COLOUR_MENU);
     const auto            openMenu = [this] { OpenMenu(); };
     During(openMenu, [&] { ExpectShown(stock, 1000, "a window that does not follow", true); });
 
@@ -175,6 +180,8 @@ TEST_F(ToolkitTest, FollowsTheSchemeInWindowsThatDo)
                    for (int i = 0; i < 2; ++i) // with another scheme while it is open
                    {
                        ExpectShown(wxtGetColor(part.ground), part.area, part.what);
+                       EXPECT_FALSE(&part == kParts && HasWhite(PictureOf(Frame())))
+                           << "disabled items: " << Kept(PictureOf(Frame()), "disabled");
                        scheme = scheme == scheme_Dark ? scheme_Darker : scheme_Dark;
                        UseColors(scheme, Frame());
                    }
@@ -200,7 +207,7 @@ TEST_F(ToolkitTest, ScrollbarsAndTooltipsFollowTheScheme)
     view->Destroy();
     auto* const hovered = new wxPanel(Frame());
     hovered->SetBackgroundColour(*wxBLACK);
-    hovered->SetToolTip("A tooltip of\nmore lines\nthan one");
+    hovered->SetToolTip("A tooltip\n\n\nwith room between its lines"); // for squares
     Frame()->SendSizeEvent();
     wxUIActionSimulator().MouseMove(Frame()->ClientToScreen(wxPoint(100, 100)));
     PumpEvents();
