@@ -20,12 +20,16 @@ std::string Definition(const char* name, const wxColour& colour)
 }
 
 // Colours only: nothing may take more room, or less, than in the theme. Nothing fades from the old
-// scheme to the new one.
+// scheme to the new one. The first rules take the theme's colours from everything, so that what no
+// later rule names looks like what it lies in.
 const char* const kRules = R"(
 .tolvan-scheme.background { color: @tolvan_ink; background-color: @tolvan_ground;
-    background-image: none; }
+    background-image: none; border-color: @tolvan_line; box-shadow: none; }
 .tolvan-scheme.background.popup, .tolvan-scheme.background.csd.popup { background-color: transparent; }
 .tolvan-scheme, .tolvan-scheme * { text-shadow: none; -gtk-icon-shadow: none; transition: none; }
+.tolvan-scheme * { color: inherit; caret-color: currentColor; background-color: transparent;
+    background-image: none; border-color: @tolvan_line; outline-color: @tolvan_selected;
+    box-shadow: none; }
 
 .tolvan-scheme menubar, .tolvan-scheme toolbar, .tolvan-scheme statusbar,
 .tolvan-scheme actionbar > revealer > box, .tolvan-scheme searchbar > revealer > box,

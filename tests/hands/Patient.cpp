@@ -1,6 +1,9 @@
 #include "tests/hands/Patient.h"
 
+#include "tests/hands/StrangeTheme.h"
+
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -28,13 +31,16 @@ const char* const kOfFileDialogs[] = {"gtk_tree_view_", "gtk_tree_selection_"};
 
 const std::pair<const char*, const char*> kFolders[] = {{"home", "HOME"},
                                                         {"config", "XDG_CONFIG_HOME"},
-                                                        {"data", "XDG_DATA_HOME"},
                                                         {"state", "XDG_STATE_HOME"},
                                                         {"runtime", "XDG_RUNTIME_DIR"},
                                                         {"user", "TOLVAN_USER_DIR"},
                                                         {"modules", "TOLVAN_MODULES"},
                                                         {"jobs", "TOLVAN_JOBS"},
                                                         {"work", "PWD"}};
+
+// With the code of the scheme; the first and the ones from the sixth on leave colours to the theme.
+const char* const kSchemeFile = "/user/Colors.ini";
+constexpr int     kLastPreset = 4;
 
 bool IsComplaint(const std::string& line, const char* complaint)
 {
@@ -78,6 +84,8 @@ String MakeFolder()
         setenv(variable, each.c_str(), 1);
     }
     HideEmoji(folder + "/emoji");
+    StrangeTheme::Use(folder + "/data");
+    std::ofstream(folder + kSchemeFile) << "scheme = 1\n";
     fs::current_path(getenv("PWD"));
     return folder;
 }
@@ -155,6 +163,20 @@ std::string Patient::Said() const
         said.append(std::istreambuf_iterator<char>(file), {});
     }
     return said;
+}
+
+bool Patient::HasScheme() const
+{
+    std::ifstream file(m_Folder + kSchemeFile);
+    for (std::string line; std::getline(file, line);)
+    {
+        int code = 0;
+        if (std::sscanf(line.c_str(), " scheme = %d", &code) == 1)
+        {
+            return code >= 1 && code <= kLastPreset;
+        }
+    }
+    return false;
 }
 
 std::string Patient::Fault()

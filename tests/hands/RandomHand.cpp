@@ -1,9 +1,10 @@
 // A hand that does anything: random input of a seed to a program, and to nothing else on the
-// display. It fails when the program ends otherwise than asked, does not answer, or says what no
-// program should.
+// display. It fails when the program ends otherwise than asked, does not answer, says what no
+// program should, or shows colours that are not the scheme's.
 #include "tests/hands/Hand.h"
 #include "tests/hands/Patient.h"
 #include "tests/hands/ScreenView.h"
+#include "tests/hands/StrangeTheme.h"
 
 #include <cstdlib>
 #include <deque>
@@ -17,6 +18,9 @@ const char* const kUsage =
     "The program runs in a scratch folder, and with a master of its own when one is named.\n";
 
 constexpr int    kAnswerMs = 30000; // a sanitized program on a busy machine
+constexpr int    kColourMs = 5000;  // within which all windows have got the scheme
+constexpr int    kBetweenLooks = 8; // deeds
+constexpr int    kByChance = 10;    // pixels, in the dialogs for colours
 constexpr size_t kRemembered = 40;  // deeds, told of when something goes wrong
 
 const char* const kKeys[] = {
@@ -51,6 +55,8 @@ private:
     void PlayByKeys();
     void Drag(const ScreenView::Found& window);
     bool Answers();
+    bool HasItsColours();
+    std::string Look(int deeds);
 
     Patient&                m_Patient;
     std::mt19937            m_Random;
@@ -209,6 +215,25 @@ bool RandomHand::Answers()
                      });
 }
 
+// A window that has just come may not be drawn yet, and a scheme that has just been chosen neither.
+bool RandomHand::HasItsColours()
+{
+    return WaitUntil(
+        kColourMs,
+        [this] { return !m_Patient.HasScheme() || m_Screen.Count(StrangeTheme::Has) < kByChance; });
+}
+
+// What is wrong with the program; nothing when all is well.
+std::string RandomHand::Look(int deeds)
+{
+    if (!Answers())
+    {
+        return "it does not answer";
+    }
+    return deeds % kBetweenLooks == 0 && !HasItsColours() ? "it shows the theme's colours"
+                                                          : m_Patient.Fault();
+}
+
 std::string RandomHand::Play(int seconds)
 {
     const auto  end = Clock::now() + std::chrono::seconds(seconds);
@@ -216,7 +241,7 @@ std::string RandomHand::Play(int seconds)
     std::string fault;
     for (; fault.empty() && Clock::now() < end; ++deeds)
     {
-        fault = Answers() ? m_Patient.Fault() : "it does not answer";
+        fault = Look(deeds);
         if (fault.empty() && m_Patient.HasEnded()) // its menus lead there too
         {
             fault = m_Patient.Fault();

@@ -147,6 +147,26 @@ bool ScreenView::HasKeys() const
     return at > PointerRoot && at != m_Root;
 }
 
+int ScreenView::Count(const std::function<bool(unsigned long)>& is) const
+{
+    int count = 0;
+    for (const Found& each : Windows())
+    {
+        XImage* const image =
+            XGetImage(m_Display, m_Root, each.x, each.y, static_cast<unsigned>(each.width),
+                      static_cast<unsigned>(each.height), AllPlanes, ZPixmap);
+        for (int i = 0; image && i < each.width * each.height; ++i)
+        {
+            count += is(XGetPixel(image, i % each.width, i / each.width));
+        }
+        if (image)
+        {
+            XDestroyImage(image);
+        }
+    }
+    return count;
+}
+
 void ScreenView::Send(Id to, Id window, const char* type, long first, long second) const
 {
     XEvent event = {};

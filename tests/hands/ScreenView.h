@@ -24,6 +24,8 @@ public:
     bool               HasFileDialog() const;
     bool Takes(int x, int y) const; ///< A click there: nothing covers it, no frame is under it.
     bool HasKeys() const;           ///< Keys come to the program.
+    /// How many pixels of the program's windows, and of what lies over them, are so.
+    int  Count(const std::function<bool(unsigned long)>& is) const;
     void Activate(Id window) const;
     void Resize(Id window, int width, int height) const; ///< And brings it back to the screen.
     /// Asks whether the window's program is there; whether it says so in time.
