@@ -18,11 +18,11 @@ const JobColumnInfo kColumns[] = {
     {"Name", 200, [](const FarmJob& job, Time) { return job.name; }, nullptr},
     {"Product", 120, [](const FarmJob& job, Time) { return job.product; }, nullptr},
     {"User", 90, [](const FarmJob& job, Time) { return job.user; }, nullptr},
-    {"State", 90, [](const FarmJob& job, Time) { return job.state; },
+    {"State", 105, [](const FarmJob& job, Time) { return job.state; },
      [](const FarmJob& job, Time) -> double { return StateRank(job.state); }},
     {"Progress", 130, [](const FarmJob& job, Time) { return SFormat("%d %%", job.progress); },
      [](const FarmJob& job, Time) -> double { return job.progress; }},
-    {"Frames Done", 100, FramesText,
+    {"Frames Done", 110, FramesText,
      [](const FarmJob& job, Time) -> double { return job.framesDone; }},
     {"Elapsed", 90, ElapsedTextOf,
      [](const FarmJob& job, Time now)

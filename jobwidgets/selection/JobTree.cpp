@@ -25,8 +25,8 @@ const struct
     const char* title;
     const char* key;
     int         width; // pixels, before the user has chosen
-} kTitles[] = {{column_Name, "Name", "name", 220},
-               {column_State, "State", "state", 80},
+} kTitles[] = {{column_Name, "Name", "name", 195},
+               {column_State, "State", "state", 105},
                {column_Progress, "Progress", "progress", 80},
                {column_Product, "Product", "product", 110},
                {column_User, "User", "user", 90}};
