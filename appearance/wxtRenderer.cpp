@@ -7,6 +7,10 @@
 #include "vesta/CallEntry.h"
 
 #include <wx/dc.h>
+#include <wx/dcgraph.h>
+#include <wx/graphics.h>
+
+#include <memory>
 
 namespace
 {
@@ -60,6 +64,14 @@ void FillRing(wxDC& dc, const wxRect& rect, const appearance::ControlLook& look,
     FillArc(dc, rect, shade(look.light), kLitFrom, kLitTo);
     FillArc(dc, rect, mid, kLitFrom - kLitEnd, kLitFrom + kLitEnd);
     FillArc(dc, rect, mid, kLitTo - kLitEnd, kLitTo + kLitEnd);
+}
+
+// Draws arcs with smooth edges; null where the port does so by itself.
+std::unique_ptr<wxGCDC> Smooth(wxDC& dc)
+{
+    auto* const context =
+        dc.GetGraphicsContext() ? nullptr : wxGraphicsContext::CreateFromUnknownDC(dc);
+    return context ? std::make_unique<wxGCDC>(context) : nullptr;
 }
 } // namespace
 
@@ -137,16 +149,18 @@ void wxtRenderer::DrawChoice(wxWindow* window, wxDC& dc, const wxRect& rect, int
 void wxtRenderer::DrawRadioBitmap(wxWindow*, wxDC& dc, const wxRect& rect, int flags)
 {
     CALL_ENTRY("wxtRenderer::DrawRadioBitmap");
-    const wxDCBrushChanger        brush(dc, dc.GetBrush());
-    const wxDCPenChanger          pen(dc, *wxTRANSPARENT_PEN);
+    const std::unique_ptr<wxGCDC> smooth = Smooth(dc);
+    wxDC&                         rings = smooth ? *smooth : dc;
+    const wxDCBrushChanger        brush(rings, rings.GetBrush());
+    const wxDCPenChanger          pen(rings, *wxTRANSPARENT_PEN);
     const appearance::ControlLook look = appearance::ControlLook::OfRadioButton(flags);
     wxRect                        area = rect;
-    FillArc(dc, area, look.frame, 0, 360);
+    FillArc(rings, area, look.frame, 0, 360);
     for (const double faceShare : {0.0, 0.33, 0.67})
     {
-        FillRing(dc, area.Deflate(1), look, faceShare);
+        FillRing(rings, area.Deflate(1), look, faceShare);
     }
-    FillArc(dc, area.Deflate(1), look.face, 0, 360);
+    FillArc(rings, area.Deflate(1), look.face, 0, 360);
 }
 
 wxSplitterRenderParams wxtRenderer::GetSplitterParams(const wxWindow*)

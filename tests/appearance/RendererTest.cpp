@@ -100,13 +100,15 @@ TEST_F(RendererTest, RadioButtonIsRingsRoundAFace)
             Picture(&wxtRenderer::DrawRadioBitmap, wxRect(1, 1, kSide, kSide), look.flags);
         // Where the rings lie flat on the pixels: straight up and down of the centre. The edge of a
         // circle is smoothed, and not the same way on both ports.
-        const int kEdge = 60;
-        const int middle = 1 + kSide / 2;
+        const int           kEdge = 60;
+        const unsigned long kRingColours = 12; // with the paper
+        const int           middle = 1 + kSide / 2;
         EXPECT_EQ(look.face, PixelAt(image, middle, middle));
         EXPECT_TRUE(Near(look.frame, PixelAt(image, middle, 1), kEdge));
         EXPECT_TRUE(Near(look.light, PixelAt(image, middle, 2), kEdge));
         EXPECT_TRUE(Near(look.dark, PixelAt(image, middle, kSide - 1), kEdge));
         EXPECT_EQ(kPaper, PixelAt(image, 1, 1)) << "the corners stay free";
+        EXPECT_LT(kRingColours, image.CountColours()) << "smooth edges";
         EXPECT_FALSE(HasFailure()) << Kept(image, "radio-button");
     }
 }
