@@ -17,6 +17,7 @@ namespace
 constexpr int    kHoverTimerId = 200;
 constexpr int    kHoverDelay = 600;      // milliseconds that the pointer rests before its tooltip
 constexpr size_t kLongestTip = 2000;     // characters
+constexpr size_t kLongestCharacter = 4;  // bytes
 constexpr int    kFirstContentWidth = 2; // pixels
 } // namespace
 
@@ -188,7 +189,10 @@ void wxDBListBody::Notify(wxTimerEvent&)
         UnsetToolTip();
         return;
     }
-    const wxString text = wxtToWx(m_Source.GetDisplayText(row, column)).Left(kLongestTip);
+    const String whole = m_Source.GetDisplayText(row, column);
+    // What is cut away anyway is not even converted.
+    const size_t   bytes = std::min(whole.size(), kLongestTip * kLongestCharacter);
+    const wxString text = wxtToWx(whole.data(), bytes).Left(kLongestTip);
     if (text != GetToolTipText())
     {
         SetToolTip(text);

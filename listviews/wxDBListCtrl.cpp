@@ -112,12 +112,16 @@ void wxDBListCtrl::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool)
 {
     CALL_ENTRY("wxDBListCtrl::DrawCell");
     const wxRect room = rect.Deflate(listviews::_TableSettings::Get().cellMargin);
-    const String text = GetDisplayText(row, column);
-    if (text.empty() || room.width < 1)
+    if (room.width < 1)
     {
         return;
     }
+    const String   text = listviews::WithoutHidden(GetDisplayText(row, column), room.width);
     const wxString line = internal::OneLine(wxtToWx(text));
+    if (line.empty())
+    {
+        return;
+    }
     if (m_Body->DrawCellText(dc, line, room))
     {
         return;

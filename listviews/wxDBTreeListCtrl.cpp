@@ -126,7 +126,7 @@ void wxDBTreeListCtrl::ShowRows()
     }
     else if (count < before)
     {
-        Remove(count, static_cast<unsigned long>(before - count));
+        SetItemCount(count); // none of millions is asked whether it is selected
     }
     if (wanted > most && !m_Tree->isTooLong)
     {

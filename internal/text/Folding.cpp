@@ -4,6 +4,8 @@
 
 #include <glib.h>
 
+#include <algorithm>
+
 namespace internal
 {
 namespace
@@ -18,21 +20,17 @@ void AppendLower(std::string& folded, uint32_t character)
 }
 } // namespace
 
-// Most texts are ASCII to their end.
 void AppendFolded(std::string& folded, std::string_view text)
 {
     const char*       at = text.data();
     const char* const end = at + text.size();
     while (at < end)
     {
-        const size_t begin = folded.size();
-        folded.resize(begin + static_cast<size_t>(end - at));
-        char* to = folded.data() + begin;
-        for (; at < end && IsAscii(*at); ++at)
-        {
-            *to++ = LowerAscii(*at);
-        }
-        folded.resize(static_cast<size_t>(to - folded.data()));
+        const char* const plainEnd = std::find_if_not(at, end, IsAscii);
+        const size_t      begin = folded.size();
+        folded.resize(begin + static_cast<size_t>(plainEnd - at));
+        std::transform(at, plainEnd, folded.data() + begin, LowerAscii);
+        at = plainEnd;
         while (at < end && !IsAscii(*at))
         {
             const Utf8Char character = DecodeUtf8(at, end);

@@ -8,7 +8,8 @@ namespace listviews
 {
 namespace
 {
-constexpr size_t kStepItems = 4; // their texts may be long, and the host may take long for them
+constexpr size_t kStepItems = 4;         // the host may take long for their texts
+constexpr size_t kLongText = 64 * 1'024; // bytes: to look through it is a step by itself
 } // namespace
 
 Arrangement::Arrangement(ArrangedItems& items, FilterQuery query, SortRules rules,
@@ -23,6 +24,13 @@ Arrangement::Arrangement(ArrangedItems& items, FilterQuery query, SortRules rule
     m_Matching.reserve(m_Rules.empty() ? m_End : 0);
 }
 
+String Arrangement::TextOf(int item, int type)
+{
+    String text = m_Items.TextOf(item, type);
+    m_IsLong |= text.size() >= kLongText;
+    return text;
+}
+
 void Arrangement::AddKey(int item)
 {
     m_Key.clear();
@@ -34,7 +42,7 @@ void Arrangement::AddKey(int item)
         }
         else
         {
-            AppendCellKey(m_Key, m_Items.TextOf(item, rule.type), rule.ascending);
+            AppendCellKey(m_Key, TextOf(item, rule.type), rule.ascending);
         }
     }
     m_Sort.Add(item, m_Key);
@@ -47,12 +55,13 @@ bool Arrangement::Step()
         return !m_Rules.empty() && m_Sort.Step();
     }
     // Items may have gone since it began.
-    const int count = m_Items.Count();
-    for (const size_t end = std::min(m_Next + kStepItems, m_End); m_Next < end; ++m_Next)
+    const int    count = m_Items.Count();
+    const size_t end = std::min(m_Next + kStepItems, m_End);
+    for (m_IsLong = false; m_Next < end && !m_IsLong; ++m_Next)
     {
         const int item = m_Among ? (*m_Among)[m_Next] : static_cast<int>(m_Next);
         if (item >= count ||
-            !m_Query.Matches([this, item](int type) { return m_Items.TextOf(item, type); }))
+            !m_Query.Matches([this, item](int type) { return TextOf(item, type); }))
         {
             continue;
         }

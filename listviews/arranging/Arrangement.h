@@ -25,7 +25,8 @@ public:
     std::vector<int> Rows(); ///< Once, when it is done: the items in the order of the rows.
 
 private:
-    void AddKey(int item);
+    String TextOf(int item, int type);
+    void   AddKey(int item);
 
     ArrangedItems&                  m_Items;
     FilterQuery                     m_Query;
@@ -33,8 +34,9 @@ private:
     std::optional<std::vector<int>> m_Among;
     size_t                          m_Next = 0;
     size_t                          m_End;
-    std::vector<int>                m_Matching; ///< Without rules.
-    std::string                     m_Key;      ///< Of an item.
+    bool                            m_IsLong = false; ///< A text of this step.
+    std::vector<int>                m_Matching;       ///< Without rules.
+    std::string                     m_Key;            ///< Of an item.
     KeySort                         m_Sort;
 };
 } // namespace listviews

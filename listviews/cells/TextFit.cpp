@@ -11,9 +11,11 @@ namespace
 constexpr size_t  kFirstCut = 4; // characters
 constexpr size_t  kShortest = 5; // characters of a form that may be shortened further
 constexpr wchar_t kEllipsis[] = L"...";
-constexpr int     kMarksPerPixel = 8;   // characters that a pixel of any script can hold
-constexpr size_t  kLettersPerPixel = 4; // of those that stand side by side
-constexpr int     kKerningSlack = 16;   // pixels that kerning may make a form wider by
+constexpr int     kMarksPerPixel = 8;    // characters that a pixel of any script can hold
+constexpr size_t  kLettersPerPixel = 4;  // of those that stand side by side
+constexpr size_t  kLongestCharacter = 4; // bytes
+constexpr size_t  kMostBytesPerPixel = kMarksPerPixel * kLongestCharacter;
+constexpr int     kKerningSlack = 16; // pixels that kerning may make a form wider by
 
 // Characters before the ellipsis.
 size_t HeadLength(size_t length, size_t cut)
@@ -41,7 +43,29 @@ size_t FirstPossibleCut(const std::wstring& text, int available)
     const size_t spacing = text.size() > most ? SpacingCount(text) : 0;
     return std::clamp(spacing > most ? spacing - most : 0, kFirstCut, LastCut(text));
 }
+// A byte of a character that has begun before.
+bool GoesOn(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
 } // namespace
+
+std::string WithoutHidden(std::string text, int available)
+{
+    const size_t most = static_cast<size_t>(std::max(available, 0) + 1) * kMostBytesPerPixel;
+    if (text.size() / 2 <= most + kLongestCharacter)
+    {
+        return text;
+    }
+    size_t head = most;
+    size_t tail = text.size() - most;
+    for (size_t i = 1; i < kLongestCharacter; ++i)
+    {
+        head -= GoesOn(text[head]) ? 1 : 0;
+        tail += GoesOn(text[tail]) ? 1 : 0;
+    }
+    return text.erase(head, tail - head);
+}
 
 std::wstring WithoutMiddle(const std::wstring& text, size_t cut)
 {

@@ -17,6 +17,10 @@ struct Fitted
     int          width = 0; ///< Pixels; more than there was room for when even the last form is.
 };
 
+/// The text without the bytes in its middle that never show where there are so many pixels: what
+/// is fitted instead of a very long UTF-8 text.
+std::string WithoutHidden(std::string text, int available);
+
 /// The text without `cut` characters of its middle; 0 gives the text itself.
 std::wstring WithoutMiddle(const std::wstring& text, size_t cut);
 

@@ -11,8 +11,7 @@ namespace
 using Clock = std::chrono::steady_clock;
 
 constexpr auto kStep = std::chrono::milliseconds(1);
-constexpr int  kFewNodes = 4;       // between two looks at the clock: their texts may be long
-constexpr int  kFewChildren = 1000; // that are sorted at once,
+constexpr int  kFewChildren = 1000;                         // that are sorted at once,
 constexpr auto kSortAtOnce = std::chrono::milliseconds(10); // if they can be by then
 } // namespace
 
@@ -42,14 +41,10 @@ bool ArrangeJob::Step()
             {
                 return false;
             }
-            continue;
         }
-        for (int i = 0; i < kFewNodes && !m_Tree; ++i)
+        else if (!m_Growth->Step()) // a single node: its texts may be long
         {
-            if (!m_Growth->Step())
-            {
-                TakeGrown();
-            }
+            TakeGrown();
         }
     } while (Clock::now() < end);
     return true;

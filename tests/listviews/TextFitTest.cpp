@@ -1,10 +1,12 @@
 #include "listviews/cells/TextFit.h"
+#include "appearance/wxTolvanString.h"
 #include "internal/text/TextPainter.h"
 #include "listviews/wxDBListCtrl.h"
 #include "tests/support/FrameTest.h"
 
 #include <wx/dcmemory.h>
 
+#include <algorithm>
 #include <cmath>
 #include <random>
 
@@ -144,4 +146,16 @@ TEST_F(TextFitTest, EndsOfTheRule)
                                                           });
     EXPECT_EQ(16u, huge.text.size());
     EXPECT_LT(longest, 2000u);
+    // Nor looked at, and it shows the same.
+    for (const std::wstring& alphabet : kAlphabets)
+    {
+        std::wstring whole(100000, L' ');
+        std::generate(whole.begin(), whole.end(),
+                      [&] { return alphabet[m_Random() % alphabet.size()]; });
+        const std::string ends = listviews::WithoutHidden(wxtFromWx(wxString(whole)), 160);
+        EXPECT_LT(ends.size(), 11000u);
+        EXPECT_EQ(listviews::FitMeasured(whole, 160, ten).text,
+                  listviews::FitMeasured(wxtToWx(ends.data(), ends.size()).ToStdWstring(), 160, ten)
+                      .text);
+    }
 }
