@@ -33,8 +33,9 @@ namespace
 {
 using Clock = std::chrono::steady_clock;
 
-constexpr int     kGap = 6;         // pixels between the parts
-constexpr int     kGather = 100;    // milliseconds in which changes are gathered
+constexpr int     kGap = 6;      // pixels between the parts
+constexpr int     kGather = 100; // milliseconds in which changes are gathered
+constexpr size_t  kManyWanted = 1000;
 constexpr int     kLeastShare = 10; // of the time goes by before it is done again
 const wxSize      kTreeSize(400, 200);
 const char* const kGrouping = "Grouping";
@@ -223,6 +224,16 @@ void JobSelector::OnArranged(wxCommandEvent&)
     {
         m_Tree->SetFilterText(wxtFromWx(m_Field->GetValue()));
     }
+    if (m_Wanted && m_Wanted->size() > kManyWanted)
+    {
+        CallAfter(&JobSelector::GoOnSelecting); // what was arranged has taken its time
+        return;
+    }
+    GoOnSelecting();
+}
+
+void JobSelector::GoOnSelecting()
+{
     if (m_Wanted && !m_Tree->IsArranging())
     {
         SelectWanted();

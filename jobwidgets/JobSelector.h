@@ -93,6 +93,7 @@ private:
     void VisitSelected(const std::function<void(const JobSet::Facts&)>& visit) const;
     void VisitInTree(const std::function<void(const JobSet::Facts&)>& visit) const;
     Jobs SelectedJobs() const;
+    void GoOnSelecting();
     void SelectWanted();
     int  SelectRowsOf(const std::vector<int64_t>& jobs);
     void OnSelect(wxListEvent& event);

@@ -163,20 +163,31 @@ void JobSelector::SelectWanted()
 // The first row of theirs, or -1. `jobs`: their numbers, in ascending order.
 int JobSelector::SelectRowsOf(const std::vector<int64_t>& jobs)
 {
-    for (const wxDBTreeNode group : m_Model->GroupsWith(jobs))
-    {
-        m_Tree->Open(m_Tree->RowOf({group}));
-    }
     int first = -1;
     m_IsSelecting = true;
-    for (int row = 0; row < m_Tree->GetItemCount(); ++row)
+    const auto selectFrom = [&](int row, int level)
     {
-        const int64_t number = jobwidgets::JobTreeModel::NumberOf(m_Tree->NodeAt(row));
-        if (number > 0 && std::binary_search(jobs.begin(), jobs.end(), number))
+        for (; row < m_Tree->GetItemCount() && m_Tree->GetLevel(row) >= level; ++row)
         {
-            m_Tree->GetBody()->SendListEvent(wxEVT_LIST_ITEM_SELECTED, wxPoint(0, 0), 0, row);
-            first = first < 0 ? row : first;
+            const int64_t number = jobwidgets::JobTreeModel::NumberOf(m_Tree->NodeAt(row));
+            if (number > 0 && std::binary_search(jobs.begin(), jobs.end(), number))
+            {
+                m_Tree->GetBody()->SendListEvent(wxEVT_LIST_ITEM_SELECTED, wxPoint(0, 0), 0, row);
+                first = first < 0 || row < first ? row : first;
+            }
         }
+    };
+    for (const wxDBTreeNode group : m_Model->GroupsWith(jobs))
+    {
+        const int row = m_Tree->RowOf({group});
+        if (row >= 0 && m_Tree->Open(row))
+        {
+            selectFrom(row + 1, 1);
+        }
+    }
+    if (m_Grouping == Grouping::kNone)
+    {
+        selectFrom(0, 0);
     }
     m_IsSelecting = false;
     if (first >= 0)

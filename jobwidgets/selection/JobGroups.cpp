@@ -37,6 +37,12 @@ bool IsBefore(const String& left, const String& right)
 }
 } // namespace
 
+void JobGroup::Add(const JobFacts& job)
+{
+    jobs.push_back(&job);
+    numbers.push_back(job.number);
+}
+
 wxString LabelOf(JobGrouping grouping)
 {
     switch (grouping)
@@ -80,10 +86,10 @@ std::vector<JobGroup> GroupJobs(const std::vector<JobSet::Facts>& jobs, JobGroup
             std::tie(last, isNew) = places.try_emplace(title, groups.size());
             if (isNew)
             {
-                groups.push_back({title, {}});
+                groups.push_back({title, {}, {}});
             }
         }
-        groups[last->second].jobs.push_back(job->get());
+        groups[last->second].Add(**job);
     }
     const auto rank = [grouping](const JobGroup& group)
     { return grouping == JobGrouping::kState ? RankOf(group.title) : 0; };

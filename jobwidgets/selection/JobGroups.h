@@ -21,6 +21,9 @@ struct JobGroup
 {
     String                       title; ///< What they have in common; may be empty.
     std::vector<const JobFacts*> jobs;  ///< The latest first.
+    std::vector<int64_t> numbers; ///< Theirs: to look into each of very many would take its time.
+
+    void Add(const JobFacts& job);
 };
 
 /// Which jobs belong together: states in their order, users and products by their names. Of no

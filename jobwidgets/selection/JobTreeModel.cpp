@@ -50,7 +50,7 @@ void JobTreeModel::Show(const JobSet& jobs, JobGrouping grouping, const std::vec
     {
         if (const JobSet::Facts job = jobs.Find(id))
         {
-            picked.jobs.push_back(job.get());
+            picked.Add(*job);
         }
     }
     if (!picked.jobs.empty())
@@ -134,11 +134,11 @@ std::vector<wxDBTreeNode> JobTreeModel::GroupsWith(const std::vector<int64_t>& j
     std::vector<wxDBTreeNode> nodes;
     for (const Group& group : m_Groups)
     {
-        const auto& content = group.content.jobs;
+        const auto& content = group.content.numbers;
         if (group.key != kRecentKey &&
             std::any_of(content.begin(), content.end(),
-                        [&jobs](const JobFacts* job)
-                        { return std::binary_search(jobs.begin(), jobs.end(), job->number); }))
+                        [&jobs](int64_t number)
+                        { return std::binary_search(jobs.begin(), jobs.end(), number); }))
         {
             nodes.push_back(group.node);
         }
@@ -172,12 +172,12 @@ wxDBTreeNode JobTreeModel::_Child(wxDBTreeNode node, long long index)
     const Group* const    group = node == k_Root ? nullptr : GroupOf(node);
     const JobGroup* const content = group ? &group->content : &m_Ungrouped;
     at -= node == k_Root ? m_Groups.size() : 0;
-    if ((node != k_Root && !group) || at >= content->jobs.size())
+    if ((node != k_Root && !group) || at >= content->numbers.size())
     {
         return k_Root; // it has gone
     }
     const Kind kind = group && group->key == kRecentKey ? kRecentJob : kJob;
-    return NodeOf(content->jobs[at]->number, kind);
+    return NodeOf(content->numbers[at], kind);
 }
 
 bool JobTreeModel::_MayHaveChildren(wxDBTreeNode node)
