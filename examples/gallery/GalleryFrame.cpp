@@ -63,7 +63,16 @@ GalleryFrame::GalleryFrame() : wxTolvanFrame("Tolvan Gallery")
     whole->Add(panel, 1, wxEXPAND);
     SetSizerAndFit(whole);
     whole->SetSizeHints(this); // the search bar takes a second row at that width
+    Bind(wxEVT_CLOSE_WINDOW, &GalleryFrame::OnClose, this);
     m_Built = true;
+}
+
+void GalleryFrame::OnClose(wxCloseEvent& event)
+{
+    if (!m_End.Begin())
+    {
+        event.Skip();
+    }
 }
 
 wxSizer* GalleryFrame::BuildSections(wxWindow* parent)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "shell/wxEndLater.h"
 #include "shell/wxTolvanFrame.h"
 
 /// Every control of the library once, in the current colour scheme.
@@ -10,4 +11,7 @@ public:
 
 private:
     wxSizer* BuildSections(wxWindow* parent);
+    void     OnClose(wxCloseEvent& event);
+
+    wxEndLater m_End{*this};
 };

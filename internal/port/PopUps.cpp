@@ -22,10 +22,31 @@ bool CloseMenu()
     return isOpen;
 }
 
-// A message box or a file dialog; those of our own are none of the port's.
+bool IsPopUp(GtkWidget* widget)
+{
+    return GTK_IS_WINDOW(widget) &&
+           gtk_window_get_window_type(GTK_WINDOW(widget)) == GTK_WINDOW_POPUP;
+}
+
+// That has the keyboard, as a dialog keeps it while something has popped up in it.
+GtkWidget* ActiveWindow()
+{
+    GList* const all = gtk_window_list_toplevels();
+    GtkWidget*   active = nullptr;
+    for (const GList* one = all; one && !active; one = one->next)
+    {
+        active = gtk_window_is_active(GTK_WINDOW(one->data)) ? GTK_WIDGET(one->data) : nullptr;
+    }
+    g_list_free(all);
+    return active;
+}
+
+// A message box or a file dialog; those of our own are none of the port's. The search in a file
+// dialog's list takes the input of all other windows, and goes with its dialog.
 bool CloseStockDialog()
 {
-    GtkWidget* const box = gtk_grab_get_current();
+    GtkWidget* const holder = gtk_grab_get_current();
+    GtkWidget* const box = IsPopUp(holder) ? ActiveWindow() : holder;
     const bool       isOpen = GTK_IS_DIALOG(box);
     if (isOpen)
     {
