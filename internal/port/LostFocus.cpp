@@ -5,6 +5,9 @@
 #include <wx/toplevel.h>
 #include <wx/weakref.h>
 
+#include <algorithm>
+#include <vector>
+
 namespace internal
 {
 wxDEFINE_EVENT(EVT_FOCUS_LOST, FocusLostEvent);
@@ -29,16 +32,6 @@ wxWindow* WatchedWindow(GtkWidget* widget)
     return nullptr;
 }
 
-// Before the focus moves. Why it does shows later: it is hidden after that.
-void OnSetFocus(GtkWindow* top, GtkWidget* next, void*)
-{
-    wxWindow* const window = next ? nullptr : WatchedWindow(gtk_window_get_focus(top));
-    if (window && !window->IsBeingDeleted())
-    {
-        window->GetEventHandler()->QueueEvent(new FocusLostEvent(*window));
-    }
-}
-
 // Whether anybody has taken the focus. `fromHere`: who comes behind the widget only.
 bool MoveForward(GtkWidget* widget, bool fromHere)
 {
@@ -51,6 +44,60 @@ bool MoveForward(GtkWidget* widget, bool fromHere)
     gboolean hasMoved = FALSE;
     g_signal_emit_by_name(child, "focus", GTK_DIR_TAB_FORWARD, &hasMoved);
     return hasMoved;
+}
+
+bool NobodyHasIt(const wxWindow* top)
+{
+    return top && GTK_IS_WINDOW(top->GetHandle()) && top->IsShown() && !top->IsBeingDeleted() &&
+           !gtk_window_get_focus(GTK_WINDOW(top->GetHandle()));
+}
+
+// From where it was, which the port has forgotten together with the focus; then from the start.
+void MoveOn(GtkWidget* from)
+{
+    if (!MoveForward(from, true))
+    {
+        MoveForward(from, false);
+    }
+}
+
+// The window, and where the focus goes on when that is gone: what comes behind it, then what it
+// lies in; the same for that.
+std::vector<Watched> WaysOn(wxWindow* window)
+{
+    std::vector<Watched> ways{window};
+    for (; !window->IsTopLevel(); window = window->GetParent())
+    {
+        ways.emplace_back(window->GetNextSibling());
+        ways.emplace_back(window->GetParent());
+    }
+    return ways;
+}
+
+void GoOn(const std::vector<Watched>& ways, const wxWindow* top)
+{
+    if (wxWindow* const window = ways.front())
+    {
+        FocusLostEvent event(*window);
+        window->GetEventHandler()->ProcessEvent(event);
+        return;
+    }
+    const auto way = std::find_if(ways.begin(), ways.end(), [](auto& each) { return each.get(); });
+    if (way != ways.end() && NobodyHasIt(top))
+    {
+        MoveOn((*way)->GetHandle());
+    }
+}
+
+// Before the focus moves. Why it does shows later: it is hidden or destroyed after that.
+void OnSetFocus(GtkWindow* top, GtkWidget* next, void*)
+{
+    wxWindow* const window = next ? nullptr : WatchedWindow(gtk_window_get_focus(top));
+    wxWindow* const frame = wxGetTopLevelParent(window);
+    if (frame && !frame->IsBeingDeleted())
+    {
+        frame->CallAfter([ways = WaysOn(window), frame] { GoOn(ways, frame); });
+    }
 }
 
 void OnFocusLost(FocusLostEvent& event)
@@ -85,18 +132,10 @@ void WatchFocus(wxWindow& window)
 
 void PassFocusOn(wxWindow& window)
 {
-    const wxWindow* const top = wxGetTopLevelParent(&window);
-    GtkWidget* const      frame = top ? top->GetHandle() : nullptr;
-    const bool            canHaveIt = window.IsEnabled() && window.IsShownOnScreen();
-    if (canHaveIt || !GTK_IS_WINDOW(frame) || !top->IsShown() || top->IsBeingDeleted() ||
-        gtk_window_get_focus(GTK_WINDOW(frame)))
+    const bool canHaveIt = window.IsEnabled() && window.IsShownOnScreen();
+    if (!canHaveIt && NobodyHasIt(wxGetTopLevelParent(&window)))
     {
-        return;
-    }
-    // From where it was, which the port has forgotten together with the focus; then from the start.
-    if (!MoveForward(window.GetHandle(), true))
-    {
-        MoveForward(window.GetHandle(), false);
+        MoveOn(window.GetHandle());
     }
 }
 } // namespace internal

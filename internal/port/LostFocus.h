@@ -6,12 +6,12 @@ class wxWindow;
 
 namespace internal
 {
-/// A window with the focus that is disabled or hidden, by itself or with one that it lies in,
-/// leaves nobody with the keys: neither port moves the focus on.
+/// A window with the focus that is disabled, hidden or destroyed, by itself or with one that it
+/// lies in, leaves nobody with the keys: neither port moves the focus on.
 
-/// Such a window may have lost the focus; that of an inactive window counts, too. Sent, once the
-/// handlers that are at work have ended, to windows that `WatchFocus` was called for, and not
-/// passed on to their parents. Passes the focus on unless a handler keeps the event.
+/// Such a window, which lives on, may have lost the focus; that of an inactive window counts, too.
+/// Sent, once the handlers that are at work have ended, to windows that `WatchFocus` was called
+/// for, and not passed on to their parents. Passes the focus on unless a handler keeps the event.
 class FocusLostEvent : public wxEvent
 {
 public:

@@ -83,8 +83,9 @@ TEST_F(ButtonTest, TheRoleComesBackAlsoFromOneThatIsDestroyed)
     ExpectDefault(m_Cancel, false);
     Focus(m_Cancel);
     EXPECT_EQ(Named(color_ButtonFace, 25), m_Cancel->GetBackgroundColour()) << "only lit up";
-    m_Cancel->Destroy(); // with the focus
-    PumpEvents();
+    m_Cancel->Bind(wxEVT_BUTTON, [&](wxCommandEvent&) { m_Cancel->Destroy(); });
+    Press(WXK_SPACE);
+    EXPECT_TRUE(WaitFor([&] { return m_Field->HasFocus(); }));
     EXPECT_EQ(nullptr, Frame()->GetDefaultItem());
 }
 
@@ -159,14 +160,16 @@ TEST_F(ButtonTest, TheKeysGoOnFromEveryThemedControl)
             const wxWindow* const focused = wxWindow::FindFocus();
             return focused && (focused == control || focused->GetParent() == control);
         };
-        for (const bool hides : {false, true})
+        const std::function<void()> ends[] = {[=] { control->Disable(); }, [=] { control->Hide(); },
+                                              [=] { control->Destroy(); }};
+        for (const auto& end : ends)
         {
             control->Enable();
+            control->Show();
             control->SetFocus();
             ASSERT_TRUE(WaitFor(hasFocus)) << control->GetName();
-            hides ? control->Hide() : control->Disable();
-            EXPECT_TRUE(WaitFor([&] { return m_Field->HasFocus(); }))
-                << control->GetName() << hides;
+            end();
+            EXPECT_TRUE(WaitFor([&] { return m_Field->HasFocus(); })) << &end - ends;
         }
     }
 }
