@@ -15,8 +15,8 @@ class EnabledEvent;
 /// Mixed into a window class beside its window base: holds the names and offsets of the window's
 /// colours and sets them again whenever the scheme changes, and when the window is enabled or
 /// disabled, by itself or with one that it lies in. A window made inside a managed one starts with
-/// that one's settings. A managed window that is disabled or hidden while it has the focus passes
-/// it on as the Tab key would.
+/// that one's settings. A managed window that is disabled, hidden or destroyed while it has the
+/// focus passes it on as the Tab key would.
 class TOLVAN_API wxtColorManaged
 {
 public:

@@ -79,6 +79,10 @@ wxtComboBox::wxtComboBox(wxWindow* parent, wxWindowID id, const wxString& value,
 wxtComboBox::~wxtComboBox()
 {
     HidePopup(false);
+    if (wxTextCtrl* const text = GetTextCtrl())
+    {
+        text->AutoComplete(nullptr); // an open list of completions would tell the text of its end
+    }
 }
 
 void wxtComboBox::DoSetPopupControl(wxComboPopup* popup)

@@ -55,6 +55,9 @@ public:
                  appearance::ColourField(*this, false);
              });
     }
+    // The list of completions, if a host has asked for one, tells the field of its end.
+    ~_Field() override { AutoComplete(nullptr); }
+
     bool SetHint(const wxString& hint) override
     {
         return internal::ShowHint(*this, hint) || wxTextCtrl::SetHint(hint);

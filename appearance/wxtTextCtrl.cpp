@@ -117,8 +117,11 @@ void wxtTextCtrl::KeyForCompletions(wxKeyEvent& event)
         LeaveCompletions(!event.ShiftDown());
         return;
     }
-    m_Choosing =
-        open && (key == WXK_DOWN || key == WXK_UP || key == WXK_PAGEDOWN || key == WXK_PAGEUP);
+    if (key != WXK_SHIFT && key != WXK_CONTROL && key != WXK_ALT) // held for the next one
+    {
+        m_Choosing =
+            open && (key == WXK_DOWN || key == WXK_UP || key == WXK_PAGEDOWN || key == WXK_PAGEUP);
+    }
     event.Skip();
 }
 

@@ -1,4 +1,5 @@
 #include "appearance/Contrast.h"
+#include "appearance/wxtAutoCompleter.h"
 #include "appearance/wxtCheckListBox.h"
 #include "appearance/wxtChoice.h"
 #include "appearance/wxtGenericValidator.h"
@@ -76,6 +77,24 @@ TEST_F(InputsTest, OpenListsFollowTheScheme)
     Focus(field);
     ASSERT_TRUE(Completes());
     expectGround(field);
+    const wxString typed = field->GetValue();
+    Press(WXK_DOWN);
+    Press(WXK_TAB, wxMOD_SHIFT); // Shift goes down first
+    EXPECT_TRUE(WaitFor([&] { return field->GetValue() != typed; })) << "what was chosen";
+}
+
+TEST_F(InputsTest, EveryFieldMayGoWithItsListOfCompletions)
+{
+    auto* const search = new wxtSearchField(m_Panel, wxID_ANY, "", wxPoint(10, 10));
+    auto* const combo = new wxtComboBox(m_Panel, wxID_ANY, "", wxPoint(10, 60));
+    for (wxTextCtrl* const field : {search->GetField(), combo->GetTextCtrl()})
+    {
+        field->AutoComplete(new wxtAutoCompleter);
+        field->SetFocus();
+        ASSERT_TRUE(WaitFor([&] { return field->HasFocus(); }) && Completes());
+        field->GetParent()->Destroy();
+        EXPECT_TRUE(WaitFor([] { return !internal::CompletionsAreOpen(); }));
+    }
 }
 
 TEST_F(InputsTest, FieldCompletesNothingWhereStyleOrOptionsForbid)
