@@ -93,7 +93,7 @@ void GoOn(const std::vector<Watched>& ways, const wxWindow* top)
 void OnSetFocus(GtkWindow* top, GtkWidget* next, void*)
 {
     wxWindow* const window = next ? nullptr : WatchedWindow(gtk_window_get_focus(top));
-    wxWindow* const frame = wxGetTopLevelParent(window);
+    wxWindow* const frame = window ? wxGetTopLevelParent(window) : nullptr;
     if (frame && !frame->IsBeingDeleted())
     {
         frame->CallAfter([ways = WaysOn(window), frame] { GoOn(ways, frame); });
