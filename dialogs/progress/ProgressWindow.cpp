@@ -10,6 +10,8 @@
 #include <wx/intl.h>
 #include <wx/sizer.h>
 
+#include <algorithm>
+
 namespace dialogs
 {
 namespace
@@ -18,6 +20,7 @@ namespace
 constexpr int kBorder = 20;
 constexpr int kGap = 10;
 constexpr int kWidth = 400;
+constexpr int kWidest = 600; // of the message, whatever it holds
 } // namespace
 
 ProgressWindow::ProgressWindow(wxWindow* parent, const wxString& title, const wxString& message,
@@ -26,6 +29,7 @@ ProgressWindow::ProgressWindow(wxWindow* parent, const wxString& title, const wx
 {
     m_Message = NewStatic(wxString(), false, false, 0, wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_MIDDLE);
     m_Message->SetLabelText(message);
+    m_Message->SetMinSize(wxSize(std::min(m_Message->GetBestSize().x, kWidest), -1));
     m_TimeLeft = NewStatic(wxString(), false, false, 0, wxST_NO_AUTORESIZE);
     m_Bar = new ProgressBar(this);
 

@@ -80,11 +80,12 @@ TEST_F(DialogTest, ProgressIsShownUntilTheUserStopsIt)
     wxSize frame;
     for (const int total : {kTotal, 0})
     {
-        wxtProgressDlg progress(Frame(), "Slow", "Working", total);
+        wxtProgressDlg progress(Frame(), "Slow", wxString('m', total ? 5000 : 5), total);
         EXPECT_TRUE(WasStopped(progress, [] { wxUIActionSimulator().Char(WXK_ESCAPE); }));
         EXPECT_TRUE(progress.WasCancelled());
         EXPECT_FALSE(progress.Update(1));
         ASSERT_TRUE(Shown()) << "while the work comes to its end";
+        EXPECT_LT(Shown()->GetSize().x, 700) << "of a message that is cut";
         frame = Shown()->GetSize() - Shown()->GetClientSize();
     }
     EXPECT_TRUE(WaitFor([] { return !Shown(); }));
