@@ -184,7 +184,10 @@ bool KeySort::Step()
         m_Begun = true;
         m_Dealt.reset(new Entry[m_Entries.size()]);
         m_Buckets.reset(new uint16_t[m_Entries.size()]);
-        m_Ranges.push_back({0, m_Entries.size(), 0});
+        if (m_Entries.size() > 1)
+        {
+            m_Ranges.push_back({0, m_Entries.size(), 0});
+        }
     }
     for (size_t done = 0; done < kBlock;)
     {
