@@ -1,6 +1,7 @@
 #include "listviews/refresh/RowMarks.h"
 
 #include <algorithm>
+#include <iterator>
 #include <unordered_map>
 
 namespace listviews
@@ -18,6 +19,7 @@ struct Waiting
     std::vector<RowMark*> selected;
     std::vector<RowMark*> others;
     size_t                taken = 0;
+    bool                  isOnlySeen = true;
 };
 using WaitingByKey = std::unordered_map<std::string, Waiting>;
 
@@ -26,16 +28,23 @@ class Finder
 public:
     Finder(RowMarks& marks, int count) : m_Count(count)
     {
-        for (RowMark& mark : marks.selected)
-        {
-            Add(mark, true);
-        }
         for (RowMark& mark : marks.seen)
         {
-            Add(mark, false);
+            Add(mark).others.push_back(&mark);
         }
-        Add(marks.anchor, false);
-        Add(marks.caret, false);
+        for (RowMark& mark : marks.selected)
+        {
+            Waiting& waiting = Add(mark);
+            waiting.selected.push_back(&mark);
+            waiting.isOnlySeen = false;
+        }
+        for (RowMark* const mark : {&marks.anchor, &marks.caret})
+        {
+            Waiting& waiting = Add(*mark);
+            waiting.others.push_back(mark);
+            waiting.isOnlySeen = false;
+        }
+        m_Waiting.erase(String());
     }
 
     void Take(const String& key, int row)
@@ -62,18 +71,22 @@ public:
     }
 
     bool IsDone() const { return m_Waiting.empty(); }
+    /// The view stays where one of the rows seen is: that others have gone is no reason to ask all.
+    void ForgetSeen()
+    {
+        for (auto waiting = m_Waiting.begin(); waiting != m_Waiting.end();)
+        {
+            waiting = waiting->second.isOnlySeen ? m_Waiting.erase(waiting) : std::next(waiting);
+        }
+    }
 
 private:
-    void Add(RowMark& mark, bool isSelected)
+    // Those that are known by their index wait for nothing, under no key.
+    Waiting& Add(RowMark& mark)
     {
-        if (mark.key.empty())
-        {
-            mark.row = mark.row < m_Count ? mark.row : -1;
-            return;
-        }
-        mark.row = -1;
-        Waiting& waiting = m_Waiting[mark.key];
-        (isSelected ? waiting.selected : waiting.others).push_back(&mark);
+        const bool isKnown = mark.key.empty() && mark.row < m_Count;
+        mark.row = isKnown ? mark.row : -1;
+        return m_Waiting[mark.key];
     }
 
     int          m_Count;
@@ -123,6 +136,11 @@ bool FindAgain(RowMarks& marks, int count, const std::function<String(int row)>&
         {
             return false;
         }
+    }
+    if (std::any_of(marks.seen.begin(), marks.seen.end(),
+                    [](const RowMark& mark) { return mark.row >= 0; }))
+    {
+        finder.ForgetSeen();
     }
     for (int row = 0; row < count && !finder.IsDone(); ++row)
     {

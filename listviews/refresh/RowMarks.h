@@ -25,9 +25,9 @@ struct RowMarks
 };
 
 /// Has the marks stand for the rows as they are now: `keyOf` is asked for each of the `count` rows
-/// once at most, first around the places where marked rows were. Marks of rows that are not found
-/// have row -1. Of rows with the same key any are taken. `isOver` is asked now and then, and ends
-/// the search: false then.
+/// once at most, first around the places where marked rows were; of rows that are only seen one is
+/// enough then. Marks of rows that are not found have row -1. Of rows with the same key any are
+/// taken. `isOver` is asked now and then, and ends the search: false then.
 bool FindAgain(RowMarks& marks, int count, const std::function<String(int row)>& keyOf,
                const std::function<bool()>& isOver);
 

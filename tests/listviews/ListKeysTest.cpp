@@ -22,6 +22,7 @@ public:
     using wxtListCtrl::wxtListCtrl;
     String GetRowKey(int row) override
     {
+        ++asked;
         const String text = GetDisplayText(row, 0);
         return text.substr(text.find_last_of(' ') + 1);
     }
@@ -33,6 +34,8 @@ public:
             InsertItem(i, names[static_cast<unsigned>(first + i) % 4] + String::FromInt(first + i));
         }
     }
+
+    int asked = 0;
 };
 
 // A list of 100 rows that has the focus, and what real keys make of it.
@@ -311,6 +314,16 @@ TEST_F(ListKeysTest, ARefreshKeepsWhatTheUserHasMadeOfTheList)
     EXPECT_EQ("-1--1 (0) 1 1", State()) << "near where it was";
     refill(500, 0);
     EXPECT_EQ("-1--1 (0) -1 -1", State());
+
+    // Not all are asked because rows that were seen have gone.
+    refill(0, 10000);
+    Begin(40);
+    m_List->SetScrollPos(wxVERTICAL, 38 * m_List->GetRowHeight());
+    m_List->asked = 0;
+    refill(39, 9000);
+    EXPECT_EQ("1-1 (1) 1 1", State());
+    EXPECT_LT(m_List->asked, 1000);
+    refill(0, 0);
 
     // Told of what changes, and of nothing else; the list may go.
     refill(0, 50);
