@@ -5,6 +5,7 @@
 #include "vesta/Log.h"
 
 #include <wx/app.h>
+#include <wx/frame.h>
 
 #include <algorithm>
 
@@ -39,6 +40,7 @@ LogPage::LogPage(wxWindow* parent, const Path& file)
                               [this](const String& how) { ShowNotice(how); }))
 {
     Bind(wxEVT_IDLE, &LogPage::OnIdle, this);
+    Bind(wxEVT_CHAR_HOOK, &LogPage::OnKey, this);
     OnTick();
 }
 
@@ -80,8 +82,10 @@ wxString LogPage::StatusText() const
     case FileFollower::State::kFollowing:
         break;
     }
-    return wxString::Format(wxGetTranslation("%s: %d lines, %lld bytes"), name,
-                            m_Text->GetLineCount(), m_Follower.Position());
+    const int lines = m_Text->GetLineCount();
+    return wxString::Format(wxGetTranslation("%s: %d line, %lld bytes", "%s: %d lines, %lld bytes",
+                                             static_cast<unsigned>(lines)),
+                            name, lines, m_Follower.Position());
 }
 
 void LogPage::SetFollowing(bool follow)
@@ -124,6 +128,19 @@ void LogPage::OnIdle(wxIdleEvent& event)
     if (m_Reading)
     {
         ReadSlice();
+    }
+    event.Skip();
+}
+
+// A window that a page has for itself has no menu bar, and so none of its keys; those of the text
+// are the view's own.
+void LogPage::OnKey(wxKeyEvent& event)
+{
+    const auto* const frame = dynamic_cast<wxFrame*>(wxGetTopLevelParent(this));
+    if (event.GetKeyCode() == WXK_F5 && !event.HasAnyModifiers() && frame && !frame->GetMenuBar())
+    {
+        SetFollowing(!IsFollowing());
+        return;
     }
     event.Skip();
 }

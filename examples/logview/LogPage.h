@@ -30,6 +30,7 @@ private:
     void OnTick() override;
     void ReadSlice();
     void OnIdle(wxIdleEvent& event);
+    void OnKey(wxKeyEvent& event);
     void ShowLine(const String& line);
     void ShowPartialLine(const String& line);
     void ShowNotice(const String& text);

@@ -38,6 +38,7 @@ public:
         {
             frame->OpenFile(file);
         }
+        frame->RestoreLayout();
         frame->Show();
         return true;
     }

@@ -1,18 +1,19 @@
 #include "logview/LogViewFrame.h"
 
 #include "appearance/wxTolvanString.h"
+#include "appearance/wxtNotebook.h"
+#include "appearance/wxtStockControls.h"
 #include "common/AboutDlg.h"
 #include "common/FollowingText.h"
 #include "common/PreferencesDlg.h"
 #include "logview/LogPage.h"
 #include "shell/wxColorMenu.h"
 
-#include <wx/aui/auibook.h>
-#include <wx/aui/dockart.h>
 #include <wx/filedlg.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
-#include <wx/stattext.h>
+
+#include <filesystem>
 
 namespace
 {
@@ -26,6 +27,9 @@ enum
 };
 
 const wxSize kFirstSize(900, 600); // pixels, before the user has chosen
+
+// The name of the kept layout.
+const char* const kLayout = "LogView";
 } // namespace
 
 LogViewFrame::LogViewFrame()
@@ -34,12 +38,6 @@ LogViewFrame::LogViewFrame()
     BuildMenus();
     BuildPages();
     Bind(wxEVT_CLOSE_WINDOW, &LogViewFrame::OnClose, this);
-    Bind(wxEVT_SYS_COLOUR_CHANGED,
-         [this](wxSysColourChangedEvent& event)
-         {
-             event.Skip();
-             Colour();
-         });
     m_StatusTimer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { ShowStatus(); });
     m_StatusTimer.Start(kStatusMs);
     LoadWindowPosition();
@@ -96,47 +94,27 @@ void LogViewFrame::BuildMenus()
 void LogViewFrame::BuildPages()
 {
     auto* const panel = new wxtPanel(this);
-    m_Pages = new wxAuiNotebook(panel, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                                wxAUI_NB_TOP | wxAUI_NB_TAB_MOVE | wxAUI_NB_SCROLL_BUTTONS |
-                                    wxAUI_NB_CLOSE_ON_ACTIVE_TAB | wxBORDER_NONE);
+    m_Pages = new wxtNotebook(panel);
     BuildStatusLine(panel);
     auto* const whole = new wxBoxSizer(wxVERTICAL);
     whole->Add(panel, 1, wxEXPAND);
     SetSizer(whole);
-    Colour();
     m_Pages->Bind(wxEVT_AUINOTEBOOK_PAGE_CHANGED,
                   [this](wxAuiNotebookEvent& event)
                   {
                       event.Skip();
                       ShowStatus();
-                      if (LogPage* const page = CurrentPage())
-                      {
-                          page->Text()->SetFocus();
-                      }
                   });
 }
 
 void LogViewFrame::BuildStatusLine(wxtPanel* parent)
 {
-    m_Status = new wxStaticText(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
-                                wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_MIDDLE);
+    m_Status = new wxtStaticText(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                                 wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_MIDDLE);
     auto* const views = new wxBoxSizer(wxVERTICAL);
     views->Add(m_Pages, 1, wxEXPAND);
     views->Add(m_Status, 0, wxEXPAND | wxALL, kStatusBorder);
     parent->SetSizer(views);
-}
-
-void LogViewFrame::Colour()
-{
-    m_Status->SetForegroundColour(wxtGetColor(color_Text));
-    auto* const art = new wxAuiSimpleTabArt;
-    art->SetColour(wxtGetColor(color_WindowBG));
-    art->SetActiveColour(wxtGetColor(color_WindowBGLighter));
-    m_Pages->SetArtProvider(art);
-    m_Pages->SetBackgroundColour(wxtGetColor(color_WindowBG));
-    m_Pages->GetAuiManager().GetArtProvider()->SetColour(wxAUI_DOCKART_BACKGROUND_COLOUR,
-                                                         wxtGetColor(color_WindowBG));
-    m_Pages->Refresh();
 }
 
 void LogViewFrame::OpenFile(const Path& file)
@@ -144,8 +122,14 @@ void LogViewFrame::OpenFile(const Path& file)
     auto* const page = new LogPage(m_Pages, file);
     m_Pages->AddPage(page, page->Title(), true);
     m_Pages->SetPageToolTip(m_Pages->GetPageCount() - 1, page->FullName());
+    m_Pages->SetPageKey(page, std::filesystem::absolute(file.Text().c_str()).string());
     page->Text()->SetFocus();
     ShowStatus();
+}
+
+void LogViewFrame::RestoreLayout()
+{
+    m_Pages->LoadLayout(kLayout);
 }
 
 LogPage* LogViewFrame::CurrentPage() const
@@ -224,5 +208,6 @@ void LogViewFrame::OnClose(wxCloseEvent& event)
         return;
     }
     SaveWindowPosition();
+    m_Pages->SaveLayout(kLayout);
     event.Skip();
 }

@@ -7,22 +7,23 @@
 #include <wx/timer.h>
 
 class LogPage;
-class wxAuiNotebook;
-class wxStaticText;
+class wxtNotebook;
+class wxtStaticText;
 
-/// The viewer's window: a page a file.
+/// The viewer's window: a page a file, which may be dragged into a window of its own.
 class LogViewFrame : public wxTolvanFrame
 {
 public:
     LogViewFrame();
 
     void OpenFile(const Path& file);
+    /// Puts the pages where they were when the viewer was closed with them.
+    void RestoreLayout();
 
 private:
     void     BuildMenus();
     void     BuildPages();
     void     BuildStatusLine(wxtPanel* parent);
-    void     Colour();
     void     ShowStatus();
     LogPage* CurrentPage() const;
 
@@ -34,8 +35,8 @@ private:
     void OnTextCommand(wxCommandEvent& event);
     void OnClose(wxCloseEvent& event);
 
-    wxAuiNotebook* m_Pages = nullptr;
-    wxStaticText*  m_Status = nullptr;
+    wxtNotebook*   m_Pages = nullptr;
+    wxtStaticText* m_Status = nullptr;
     wxTimer        m_StatusTimer;
     wxEndLater     m_End{*this};
 };
