@@ -34,6 +34,14 @@ float OuterShare(int step, int steps, float exponent)
     const float way = static_cast<float>(std::abs(step - steps)) / static_cast<float>(steps);
     return std::fmin(std::fmax(std::pow(way, exponent), 0.0f), 1.0f);
 }
+
+// The port adds and takes away whole turns one by one. An angle of a few turns stays, because 0 to
+// 360 is a whole circle.
+double FewTurns(double degrees)
+{
+    constexpr double kTurn = 360;
+    return std::abs(degrees) > 2 * kTurn ? std::fmod(degrees, kTurn) : degrees;
+}
 } // namespace
 
 wxColour OffsetColor(const wxColour& colour, int red, int green, int blue)
@@ -60,7 +68,7 @@ void DrawGradedRectangle(wxDC& dc, const wxRect& rect, const wxColour& inner, co
                          float exponent, bool shrinkBottom, bool shrinkTop)
 {
     CALL_ENTRY("DrawGradedRectangle");
-    if (!inner.IsOk() || !outer.IsOk())
+    if (rect.IsEmpty() || !inner.IsOk() || !outer.IsOk())
     {
         return;
     }
@@ -89,7 +97,11 @@ void DrawGradedRectangle(wxDC& dc, const wxRect& rect, const wxColour& inner, co
 void DrawCircle(wxDC& dc, const wxRect& rect, double startAngle, double endAngle)
 {
     CALL_ENTRY("DrawCircle");
-    dc.DrawEllipticArc(rect.GetPosition(), rect.GetSize(), startAngle, endAngle);
+    if (!rect.IsEmpty() && std::isfinite(startAngle) && std::isfinite(endAngle))
+    {
+        dc.DrawEllipticArc(rect.GetPosition(), rect.GetSize(), FewTurns(startAngle),
+                           FewTurns(endAngle));
+    }
 }
 
 bool ParentIsActive(wxWindow* window)

@@ -23,10 +23,11 @@ TOLVAN_API wxColour Hilight(const wxColour& colour);
 
 /// Fills the rectangle with steps of colour from `outer` at the edges that shrink towards `inner`;
 /// without a shrinking edge one plain rectangle of `inner`. `exponent` bends the way between the
-/// two. An invalid colour draws nothing.
+/// two. An empty rectangle or an invalid colour draws nothing.
 TOLVAN_API void DrawGradedRectangle(wxDC& dc, const wxRect& rect, const wxColour& inner,
                                     const wxColour& outer, float exponent, bool shrinkBottom,
                                     bool shrinkTop);
 /// The elliptic arc in the rectangle from one angle to the other (degrees, anticlockwise from three
-/// o'clock), with the current pen and brush; a pie slice unless the brush is transparent.
+/// o'clock), with the current pen and brush; a pie slice unless the brush is transparent. An empty
+/// rectangle, or an angle that is no finite number, draws nothing.
 TOLVAN_API void DrawCircle(wxDC& dc, const wxRect& rect, double startAngle, double endAngle);

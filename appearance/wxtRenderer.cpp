@@ -108,11 +108,12 @@ void wxtRenderer::DrawDropArrow(wxWindow*, wxDC& dc, const wxRect& rect, int)
 {
     CALL_ENTRY("wxtRenderer::DrawDropArrow");
     const wxColour colour = wxtGetColor(color_ButtonText);
-    if (!colour.IsOk())
+    if (!colour.IsOk() || rect.IsEmpty())
     {
         return;
     }
-    wxPen outline(colour, 1, wxPENSTYLE_SOLID);
+    const wxDCClipper clip(dc, rect); // the arrow is of one size, however small its place
+    wxPen             outline(colour, 1, wxPENSTYLE_SOLID);
     outline.SetJoin(wxJOIN_MITER);
     outline.SetCap(wxCAP_BUTT);
     const wxDCBrushChanger brush(dc, wxBrush(colour));

@@ -149,6 +149,7 @@ void wxTolvanFrame::LoadWindowPosition()
     const OptionsFile& options = Application::the_Application->Options();
     m_WasMaximized = options.GetBool(kSection, kMaximizedKey, false);
     m_WasFullScreen = options.GetBool(kSection, kFullScreenKey, false);
+    m_MaximizedBehind = m_WasMaximized && m_WasFullScreen;
     Maximize(m_WasMaximized);
     ShowFullScreen(m_WasFullScreen, wxFULLSCREEN_ALL);
 }
@@ -168,7 +169,8 @@ void wxTolvanFrame::SaveWindowPosition() const
         shell::SaveFrameExtents(*this, kSection);
     }
     options.SetValue(kSection, kMinimizedKey, String::FromBool(IsIconized()));
-    options.SetValue(kSection, kMaximizedKey, String::FromBool(m_WasMaximized));
+    options.SetValue(kSection, kMaximizedKey,
+                     String::FromBool(m_WasMaximized || m_MaximizedBehind));
     // A maximised window may become as large as the screen without an event that tells of it.
     options.SetValue(kSection, kFullScreenKey, String::FromBool(IsFullScreen()));
 }
@@ -183,6 +185,15 @@ void wxTolvanFrame::OnMove(wxMoveEvent& event)
         m_Position = GetPosition();
         PositionHasChanged(m_Position, old);
     }
+}
+
+// Some window managers end the maximised state while the frame is full screen, and take it up again
+// behind that.
+void wxTolvanFrame::NoteState()
+{
+    m_MaximizedBehind = IsFullScreen() && (m_WasMaximized || m_MaximizedBehind);
+    m_WasMaximized = IsMaximized();
+    m_WasFullScreen = IsFullScreen();
 }
 
 void wxTolvanFrame::OnSize(wxSizeEvent& event)
@@ -204,9 +215,7 @@ void wxTolvanFrame::OnSize(wxSizeEvent& event)
         LogDebug("Size event ignored because it is a duplicate event");
         if (IsMaximized() || IsFullScreen())
         {
-            // The one state may be as large as the other.
-            m_WasMaximized = IsMaximized();
-            m_WasFullScreen = IsFullScreen();
+            NoteState(); // the one state may be as large as the other
         }
         return;
     }
@@ -214,16 +223,16 @@ void wxTolvanFrame::OnSize(wxSizeEvent& event)
     m_LastSize = event.GetSize();
     const bool restoring =
         (m_WasMaximized && !IsMaximized()) || (m_WasFullScreen && !IsFullScreen());
-    m_WasMaximized = IsMaximized();
-    m_WasFullScreen = IsFullScreen();
-    if (restoring && m_LastSize != m_NormalSize)
+    NoteState();
+    const bool normal = !m_WasMaximized && !m_WasFullScreen;
+    if (restoring && normal && m_LastSize != m_NormalSize)
     {
         // Window managers first report the old, large size; the resize brings a further event.
         SetSize(-1, -1, m_NormalSize.x, m_NormalSize.y, wxSIZE_USE_EXISTING);
         LogDebug("Size event ignored because we're restoring the correct size");
         return;
     }
-    if (!m_WasMaximized && !m_WasFullScreen)
+    if (normal)
     {
         m_NormalSize = m_LastSize;
     }

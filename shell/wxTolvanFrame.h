@@ -63,6 +63,7 @@ protected:
 private:
     void BecomeMainFrame();
     void JoinMainFrame();
+    void NoteState();
     void OnMove(wxMoveEvent& event);
     void OnSize(wxSizeEvent& event);
     void OnMenuOpen(wxMenuEvent& event);
@@ -74,6 +75,7 @@ private:
     wxSize  m_NormalSize; ///< To return to from the maximised or full-screen state.
     bool    m_WasMaximized = false;
     bool    m_WasFullScreen = false;
+    bool    m_MaximizedBehind = false; ///< What leaving the full-screen state leads to.
 
     static bool s_MenuOpen;
 

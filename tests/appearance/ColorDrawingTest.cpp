@@ -86,6 +86,7 @@ TEST(GradedRectangle, RunsFromTheOuterColourAtTheEdgesToTheInner)
     EXPECT_EQ(all(kInner, 10), Column(Graded(10, 1, false, false))) << "no edge shrinks";
     EXPECT_EQ(all(kOuter, 2), Column(Graded(2, 1, true, true)));
     EXPECT_EQ(all(kOuter, 0), Column(Graded(1, 1, true, true)));
+    EXPECT_EQ(all(kOuter, 0), Column(Graded(-5, 1, false, false)));
 }
 
 TEST(Circle, FillsTheEllipseInTheRectangle)
@@ -100,4 +101,31 @@ TEST(Circle, FillsTheEllipseInTheRectangle)
     EXPECT_EQ(kInner, PixelAt(image, 10, 5)) << Kept(image, "upper-half");
     EXPECT_EQ(kBackground, PixelAt(image, 10, 15)) << Kept(image, "upper-half");
     EXPECT_EQ(kBackground, PixelAt(image, 0, 0)) << Kept(image, "upper-half");
+}
+
+// Angles that would take the port for ever, or end the program in it.
+TEST(Circle, TakesAnySizeAndAngle)
+{
+    const double kNone = std::nan("");
+    const struct
+    {
+        int    side;
+        double from, to;
+        bool   drawn;
+    } cases[] = {{20, 0, 360, true},        {20, 3.6e9, 3.6e9 + 360, true},
+                 {20, -1e300, 1e300, true}, {20, 35 + 720, 215 + 720, true},
+                 {20, kNone, 90, false},    {20, 0, HUGE_VAL, false},
+                 {0, 0, 360, false},        {-20, 0, 360, false}};
+    for (const auto& one : cases)
+    {
+        const wxImage image =
+            Drawn(wxSize(21, 21), kBackground,
+                  [&one](wxDC& dc)
+                  {
+                      dc.SetPen(*wxTRANSPARENT_PEN);
+                      dc.SetBrush(wxBrush(kInner));
+                      DrawCircle(dc, wxRect(0, 0, one.side, one.side), one.from, one.to);
+                  });
+        EXPECT_EQ(one.drawn, image.CountColours() > 1) << one.side << " " << one.from;
+    }
 }

@@ -136,12 +136,15 @@ TEST_F(RendererTest, ArrowStandsAtTheRightEnd)
 // The toolkit asserts when it is asked for an arc in nothing.
 TEST_F(RendererTest, MarksAreDrawnHoweverSmallTheirPlaceIs)
 {
-    for (const Draw mark : {&wxtRenderer::DrawCheckBox, &wxtRenderer::DrawRadioBitmap})
+    for (const Draw mark : {&wxtRenderer::DrawCheckBox, &wxtRenderer::DrawRadioBitmap,
+                            &wxtRenderer::DrawDropArrow, &wxtRenderer::DrawComboBoxDropButton})
     {
-        for (int side = 0; side < 12; ++side)
+        for (int side = -12; side < 12; ++side)
         {
+            Picture(mark, wxRect(12, 12, side, 12), 0);
+            Picture(mark, wxRect(12, 12, 12, side), 0);
             const wxImage image = Picture(mark, wxRect(12, 12, side, side), 0);
-            EXPECT_EQ(kPaper, PixelAt(image, 12 + side, 12)) << side;
+            EXPECT_EQ(kPaper, PixelAt(image, std::max(12 + side, 12), 12)) << side;
         }
     }
 }

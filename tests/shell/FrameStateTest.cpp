@@ -99,6 +99,7 @@ TEST_F(FrameStateTest, StateAndSizeComeBackHoweverOftenTheyChange)
                     frame->SaveWindowPosition();
                     return Options().GetBool("Window", "IsFullScreen", !full) == full;
                 }));
+            EXPECT_TRUE(Options().GetBool("Window", "IsMaximized", false)) << full;
             Settle(frame);
         }
         frame->Maximize(false);
