@@ -48,10 +48,11 @@ public:
     bool Continue(std::string_view line, Progress& progress, size_t budget) const;
 
 private:
-    uint32_t         Folded(uint32_t code) const;
-    void             PrepareFallbacks();
-    void             PrepareQuickBytes();
-    std::string_view LowerCaseOf(std::string_view ascii);
+    uint32_t Folded(uint32_t code) const;
+    void     PrepareFallbacks();
+    void     PrepareQuickBytes();
+    /// False where the bytes are not all ASCII: then what is kept is no lower case of them.
+    bool KeepLowerCaseOf(std::string_view bytes);
     void QuickHits(const LineStore::Block& block, std::string_view bytes, int from, int end,
                    bool onlyFirst);
     void SlowHits(const LineStore::Block& block, int from, int end, bool onlyFirst);
@@ -62,7 +63,7 @@ private:
     std::string           m_Bytes;       ///< The text for comparing whole blocks of bytes.
     bool                  m_MatchCase;
     bool                  m_Quick = false; ///< Plain blocks can be compared by bytes.
-    std::string           m_Scratch;       ///< A block in lower case.
+    std::string           m_LowerCase;     ///< A block's bytes.
     std::vector<int>      m_Hits;
 };
 } // namespace textviews
