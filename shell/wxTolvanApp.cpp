@@ -1,6 +1,8 @@
 #include "shell/wxTolvanApp.h"
 
+#include "appearance/ColorScheme.h"
 #include "appearance/wxTolvanString.h"
+#include "appearance/wxtColorManaged.h"
 #include "appearance/wxtRenderer.h"
 #include "internal/port/HiddenFrames.h"
 #include "internal/port/MenuReports.h"
@@ -14,6 +16,7 @@
 #include "vesta/Guarded.h"
 #include "vesta/Platform.h"
 
+#include <wx/frame.h>
 #include <wx/intl.h>
 #include <wx/msgdlg.h>
 #include <wx/sysopt.h>
@@ -195,6 +198,14 @@ void wxTolvanApp::ConnectSignals()
 void wxTolvanApp::ShowStartupError() const
 {
     const String name = AppName().empty() ? wxtFromWx(argv[0]) : AppName();
+    if (g_Scheme == -1)
+    {
+        LoadColorScheme();
+    }
+    // Stock boxes take the scheme's colours from the first window that has them: one that is not
+    // seen, where the program has not come to its own.
+    wxFrame        hidden(nullptr, wxID_ANY, wxEmptyString);
+    const wxtPanel panel(&hidden);
     wxMessageBox(
         wxString::Format(
             wxGetTranslation(

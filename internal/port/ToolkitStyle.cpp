@@ -183,10 +183,12 @@ GtkWidget* OwnerOf(GtkWindow* window)
     return owner ? GTK_WIDGET(owner) : isTooltip ? ActiveWindow() : nullptr;
 }
 
-// That of the tooltips serves one window after the other.
+// That of the tooltips serves one window after the other. A message that belongs to no window comes
+// before the first one of the program.
 void FollowOwner(GtkWindow* window)
 {
-    SetMark(GTK_WIDGET(window), Follows(OwnerOf(window)));
+    GtkWidget* const owner = OwnerOf(window);
+    SetMark(GTK_WIDGET(window), owner ? Follows(owner) : GTK_IS_MESSAGE_DIALOG(window));
 }
 
 // Those that follow by themselves have another value there.

@@ -37,7 +37,7 @@ std::string RcOf(const ToolkitColours& colours);
 void StyleToolkit(const ToolkitColours& colours);
 
 /// Lets what the port draws in the window follow the style, and, if it is a top-level one, whatever
-/// is opened for it: its menus, tooltips, pop-ups and dialogs. Others of the program stay as the
-/// theme has them.
+/// is opened for it: its menus, tooltips, pop-ups and dialogs. A stock message box that no window
+/// owns follows it too. Others of the program stay as the theme has them.
 void FollowStyle(wxWindow& window);
 } // namespace internal

@@ -189,6 +189,14 @@ TEST_F(ToolkitTest, FollowsTheSchemeInWindowsThatDo)
     }
 }
 
+TEST_F(ToolkitTest, AMessageBeforeAnyWindowFollowsTheScheme)
+{
+    const wxtColorManaged follows(Frame()); // the style is set
+    Frame()->Hide();
+    During([] { wxMessageDialog(nullptr, "A message", "", wxOK).ShowModal(); },
+           [] { ExpectShown(wxtGetColor(color_WindowBG), 1000, "lone message"); });
+}
+
 TEST_F(ToolkitTest, ScrollbarsAndTooltipsFollowTheScheme)
 {
     const wxtColorManaged follows(Frame());
