@@ -2,6 +2,7 @@
 
 #include "dialogs/keys/KeyRelease.h"
 #include "internal/input/MouseHold.h"
+#include "internal/port/FirstSize.h"
 #include "internal/windows/Geometry.h"
 #include "shell/wxTolvanFrame.h"
 #include "vesta/CallEntry.h"
@@ -73,6 +74,7 @@ wxBEGIN_EVENT_TABLE(wxTolvanDlg, wxDialog)
     EVT_BUTTON(wxID_OK, wxTolvanDlg::OnOK)
     EVT_BUTTON(wxID_CANCEL, wxTolvanDlg::OnCancel)
     EVT_INIT_DIALOG(wxTolvanDlg::OnInit)
+    EVT_SHOW(wxTolvanDlg::OnShow)
     EVT_CHAR_HOOK(wxTolvanDlg::OnKey)
 wxEND_EVENT_TABLE()
 // clang-format on
@@ -160,10 +162,23 @@ bool wxTolvanDlg::Show(bool show)
     CALL_ENTRY("wxTolvanDlg::Show");
     if (show && !IsShown())
     {
+        internal::TakeFonts(*this);
         KeepSizesOfEntries(*this);
         Fit();
     }
     return wxDialog::Show(show);
+}
+
+// The frame that the window manager puts around the program's first windows may take its room from
+// the content.
+void wxTolvanDlg::OnShow(wxShowEvent& event)
+{
+    event.Skip();
+    const wxSize needed = event.IsShown() && GetSizer() ? GetSizer()->GetMinSize() : wxSize();
+    if (GetClientSize().x < needed.x || GetClientSize().y < needed.y)
+    {
+        Fit();
+    }
 }
 
 void wxTolvanDlg::End(int result)

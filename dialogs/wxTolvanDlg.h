@@ -65,6 +65,7 @@ public:
     void OnCancel(wxCommandEvent& event);
     void OnClose(wxCloseEvent& event);
     void OnInit(wxInitDialogEvent& event);
+    void OnShow(wxShowEvent& event);
     /// Esc clicks Cancel and Enter the default button, wherever the focus is.
     void OnKey(wxKeyEvent& event);
     /// @}

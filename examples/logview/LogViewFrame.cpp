@@ -3,9 +3,10 @@
 #include "appearance/wxTolvanString.h"
 #include "appearance/wxtNotebook.h"
 #include "appearance/wxtStockControls.h"
-#include "common/AboutDlg.h"
+#include "common/AboutInfo.h"
 #include "common/FollowingText.h"
 #include "common/PreferencesDlg.h"
+#include "dialogs/wxtAboutDlg.h"
 #include "logview/LogPage.h"
 #include "shell/wxColorMenu.h"
 
@@ -188,9 +189,9 @@ void LogViewFrame::OnPreferences(wxCommandEvent&)
 
 void LogViewFrame::OnAbout(wxCommandEvent&)
 {
-    AboutDlg dialog(this, wxGetTranslation("Tolvan Log Viewer"),
-                    wxGetTranslation("Shows log files and follows them as they grow."));
-    dialog.ShowModal();
+    wxtAboutBox(AboutInfo(wxGetTranslation("Tolvan Log Viewer"),
+                          wxGetTranslation("Shows log files and follows them as they grow.")),
+                this);
 }
 
 void LogViewFrame::OnTextCommand(wxCommandEvent& event)

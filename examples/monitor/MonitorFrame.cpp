@@ -11,10 +11,11 @@
 
 #include "appearance/wxTolvanString.h"
 #include "appearance/wxtSplitterWindow.h"
-#include "common/AboutDlg.h"
+#include "common/AboutInfo.h"
 #include "common/FollowingText.h"
 #include "common/PreferencesDlg.h"
 #include "dialogs/wxQuestion.h"
+#include "dialogs/wxtAboutDlg.h"
 #include "shell/wxTolvanApp.h"
 #include "tolvan/JobFactory.h"
 #include "vesta/Log.h"
@@ -302,9 +303,9 @@ void MonitorFrame::OnPreferences()
 
 void MonitorFrame::OnAbout()
 {
-    AboutDlg dialog(this, wxGetTranslation("Tolvan Monitor"),
-                    wxGetTranslation("Shows the jobs of a Tolvan render farm."));
-    dialog.ShowModal();
+    wxtAboutBox(AboutInfo(wxGetTranslation("Tolvan Monitor"),
+                          wxGetTranslation("Shows the jobs of a Tolvan render farm.")),
+                this);
 }
 
 bool MonitorFrame::MayQuit()
