@@ -1,28 +1,13 @@
 #include "internal/port/Completions.h"
 
+#include "internal/port/TopWindows.h"
+
 #include <wx/window.h>
-
-#include <gtk/gtk.h>
-
-#include <memory>
 
 namespace internal
 {
 namespace
 {
-struct FreeList
-{
-    void operator()(GList* list) const { g_list_free(list); }
-};
-using List = std::unique_ptr<GList, FreeList>; // not what it holds
-
-// A dialog that has the keys is of another kind.
-bool IsPopUp(GtkWidget* widget)
-{
-    return GTK_IS_WINDOW(widget) &&
-           gtk_window_get_window_type(GTK_WINDOW(widget)) == GTK_WINDOW_POPUP;
-}
-
 // The first list inside the widget, or the widget itself; null without one.
 GtkWidget* ListInside(GtkWidget* widget)
 {
@@ -130,17 +115,13 @@ GtkWidget* CompletionsOf(GtkWidget* entry)
 {
     GtkEntryCompletion* const completion =
         GTK_IS_ENTRY(entry) ? gtk_entry_get_completion(GTK_ENTRY(entry)) : nullptr;
-    const List windows(completion ? gtk_window_list_toplevels() : nullptr);
-    for (const GList* one = windows.get(); one; one = one->next)
+    const auto showsIt = [completion](GtkWidget* window)
     {
-        auto* const      window = GTK_WIDGET(one->data);
         GtkWidget* const list = IsPopUp(window) ? ListInside(window) : nullptr;
-        if (list && Shows(list, completion))
-        {
-            return list;
-        }
-    }
-    return nullptr;
+        return list && Shows(list, completion);
+    };
+    GtkWidget* const window = completion ? FindTopWindow(showsIt) : nullptr;
+    return window ? ListInside(window) : nullptr;
 }
 
 void KeepMarkedCompletion(const wxWindow& field)

@@ -1,8 +1,8 @@
 #include "internal/port/PopUps.h"
 
-#include <wx/window.h>
+#include "internal/port/TopWindows.h"
 
-#include <gtk/gtk.h>
+#include <wx/window.h>
 
 namespace internal
 {
@@ -20,25 +20,6 @@ bool CloseMenu()
         gtk_menu_shell_cancel(GTK_MENU_SHELL(menu));
     }
     return isOpen;
-}
-
-bool IsPopUp(GtkWidget* widget)
-{
-    return GTK_IS_WINDOW(widget) &&
-           gtk_window_get_window_type(GTK_WINDOW(widget)) == GTK_WINDOW_POPUP;
-}
-
-// That has the keyboard, as a dialog keeps it while something has popped up in it.
-GtkWidget* ActiveWindow()
-{
-    GList* const all = gtk_window_list_toplevels();
-    GtkWidget*   active = nullptr;
-    for (const GList* one = all; one && !active; one = one->next)
-    {
-        active = gtk_window_is_active(GTK_WINDOW(one->data)) ? GTK_WIDGET(one->data) : nullptr;
-    }
-    g_list_free(all);
-    return active;
 }
 
 // A message box or a file dialog; those of our own are none of the port's. The search in a file

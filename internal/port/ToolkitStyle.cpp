@@ -1,8 +1,8 @@
 #include "internal/port/ToolkitStyle.h"
 
-#include <wx/window.h>
+#include "internal/port/TopWindows.h"
 
-#include <gtk/gtk.h>
+#include <wx/window.h>
 
 #include <cstring>
 #include <utility>
@@ -147,26 +147,20 @@ void Remember(GtkWidget* window)
 
 // While the keyboard is on its way from one window to the next, none is active: the latest is as
 // good, or any that can be seen.
-GtkWidget* ActiveWindow()
+GtkWidget* LikelyOwner()
 {
-    GList* const all = gtk_window_list_toplevels();
-    GtkWidget*   active = nullptr;
-    GtkWidget*   shown = s_Latest && CanBeOwner(s_Latest) ? s_Latest : nullptr;
-    for (const GList* one = all; one && !active; one = one->next)
+    if (GtkWidget* const active = ActiveWindow())
     {
-        auto* const window = GTK_WIDGET(one->data);
-        active = gtk_window_is_active(GTK_WINDOW(window)) ? window : nullptr;
-        shown = shown || !CanBeOwner(window) ? shown : window;
+        return active;
     }
-    g_list_free(all);
-    return active ? active : shown;
+    return s_Latest && CanBeOwner(s_Latest) ? s_Latest : FindTopWindow(CanBeOwner);
 }
 
 // One that the toolkit opens at the pointer belongs, for the port, to nothing.
 GtkWidget* OwnerOfMenu(GtkMenu* menu)
 {
     GtkWidget* const owner = gtk_menu_get_attach_widget(menu);
-    return owner ? owner : ActiveWindow();
+    return owner ? owner : LikelyOwner();
 }
 
 // What a window was opened for; null for one that is on its own.
@@ -180,7 +174,7 @@ GtkWidget* OwnerOf(GtkWindow* window)
     GtkWindow* const owner = gtk_window_get_transient_for(window);
     // Those of GTK 2 have no owner.
     const bool isTooltip = gtk_window_get_type_hint(window) == GDK_WINDOW_TYPE_HINT_TOOLTIP;
-    return owner ? GTK_WIDGET(owner) : isTooltip ? ActiveWindow() : nullptr;
+    return owner ? GTK_WIDGET(owner) : isTooltip ? LikelyOwner() : nullptr;
 }
 
 // That of the tooltips serves one window after the other. A message that belongs to no window comes

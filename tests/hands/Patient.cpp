@@ -3,7 +3,6 @@
 #include "tests/hands/StrangeTheme.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -37,10 +36,6 @@ const std::pair<const char*, const char*> kFolders[] = {{"home", "HOME"},
                                                         {"modules", "TOLVAN_MODULES"},
                                                         {"jobs", "TOLVAN_JOBS"},
                                                         {"work", "PWD"}};
-
-// With the code of the scheme; the first and the ones from the sixth on leave colours to the theme.
-const char* const kSchemeFile = "/user/Colors.ini";
-constexpr int     kLastPreset = 4;
 
 bool IsComplaint(const std::string& line, const char* complaint)
 {
@@ -85,7 +80,7 @@ String MakeFolder()
     }
     HideEmoji(folder + "/emoji");
     StrangeTheme::Use(folder + "/data");
-    std::ofstream(folder + kSchemeFile) << "scheme = 1\n";
+    std::ofstream(folder + "/user/Colors.ini") << "scheme = 1\n";
     fs::current_path(getenv("PWD"));
     return folder;
 }
@@ -163,20 +158,6 @@ std::string Patient::Said() const
         said.append(std::istreambuf_iterator<char>(file), {});
     }
     return said;
-}
-
-bool Patient::HasScheme() const
-{
-    std::ifstream file(m_Folder + kSchemeFile);
-    for (std::string line; std::getline(file, line);)
-    {
-        int code = 0;
-        if (std::sscanf(line.c_str(), " scheme = %d", &code) == 1)
-        {
-            return code >= 1 && code <= kLastPreset;
-        }
-    }
-    return false;
 }
 
 std::string Patient::Fault()

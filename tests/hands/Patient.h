@@ -29,10 +29,8 @@ public:
     /// Asks it to end; whether it does in time.
     bool End(int deadlineMs);
 
-    std::string
-    Said() const; ///< All that it, since its start, and its master wrote to the console.
-    /// Its colours are a scheme's own, and not those of the port's theme, which is a strange one.
-    bool        HasScheme() const;
+    /// All that it, since its start, and its master wrote to the console.
+    std::string Said() const;
     std::string Fault(); ///< What no program says, or how none ends; empty when all is well.
 
 private:

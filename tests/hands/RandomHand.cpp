@@ -218,9 +218,7 @@ bool RandomHand::Answers()
 // A window that has just come may not be drawn yet, and a scheme that has just been chosen neither.
 bool RandomHand::HasItsColours()
 {
-    return WaitUntil(
-        kColourMs,
-        [this] { return !m_Patient.HasScheme() || m_Screen.Count(StrangeTheme::Has) < kByChance; });
+    return WaitUntil(kColourMs, [this] { return m_Screen.Count(StrangeTheme::Has) < kByChance; });
 }
 
 // What is wrong with the program; nothing when all is well.
