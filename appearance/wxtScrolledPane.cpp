@@ -19,6 +19,7 @@ wxtScrolledPane::wxtScrolledPane(wxWindow* parent)
     Manage(this);
     SetMinSize(kSmallest);
     SetScrollRate(0, kStep);
+    internal::UseSolidScrollbars(*this);
 }
 
 // A sizer without room gives less than the smallest size.

@@ -47,13 +47,7 @@ public:
     {
         Manage(this);
         appearance::UseInputColors(*this);
-        appearance::ColourField(*this, false);
-        Bind(wxEVT_SYS_COLOUR_CHANGED,
-             [this](wxSysColourChangedEvent& event)
-             {
-                 event.Skip();
-                 appearance::ColourField(*this, false);
-             });
+        appearance::KeepFieldColoured(*this, false);
     }
     // The list of completions, if a host has asked for one, tells the field of its end.
     ~_Field() override { AutoComplete(nullptr); }

@@ -58,8 +58,7 @@ wxtTextCtrl::wxtTextCtrl(wxWindow* parent, wxWindowID id, const wxString& value,
     CALL_ENTRY("wxtTextCtrl::wxtTextCtrl");
     Manage(this);
     appearance::UseInputColors(*this);
-    appearance::ColourField(*this);
-    Bind(wxEVT_SYS_COLOUR_CHANGED, &wxtTextCtrl::FollowScheme, this);
+    appearance::KeepFieldColoured(*this);
     internal::FitScrollbars(*this, GetSize());
     if (!IsMultiLine())
     {
@@ -136,12 +135,6 @@ void wxtTextCtrl::LeaveCompletions(bool forward)
     {
         SetValue(chosen); // last: its handler may destroy the field
     }
-}
-
-void wxtTextCtrl::FollowScheme(wxSysColourChangedEvent& event)
-{
-    event.Skip();
-    appearance::ColourField(*this);
 }
 
 void wxtTextCtrl::DoEnable(bool enabled)

@@ -29,7 +29,6 @@ protected:
     void DoMoveWindow(int x, int y, int width, int height) override;
 
 private:
-    void FollowScheme(wxSysColourChangedEvent& event);
     void GiveRoom(const wxSize& size);
     void KeyForCompletions(wxKeyEvent& event);
     void LeaveCompletions(bool forward);

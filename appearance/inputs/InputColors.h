@@ -13,4 +13,6 @@ void UseInputColors(wxtColorManaged& control);
 /// its hint, what is selected, the frame of the focus, the list of completions. `framed`: not by
 /// what it lies in.
 void ColourField(wxWindow& field, bool framed = true);
+/// Does so now, whenever the scheme changes, and when the field is enabled or disabled.
+void KeepFieldColoured(wxWindow& field, bool framed = true);
 } // namespace appearance

@@ -55,7 +55,7 @@ wxSize PageList::BestSize(const wxRect& display) const
     for (const Row& row : m_Rows)
     {
         const int text = width < widest ? ItemTextWidth(*this, row.text) : 0;
-        width = std::max(width, text + FromDIP(kIcon + kMark + 4 * kGap));
+        width = std::max(width, text + FromDIP(kIcon + kMark + 4 * kGap) + 2 * kFrame);
     }
     const int most = static_cast<int>(display.height * kDisplayShare) / RowHeight();
     return wxSize(std::min(width, widest),

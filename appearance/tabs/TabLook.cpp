@@ -2,6 +2,7 @@
 
 #include "appearance/ColorDrawing.h"
 #include "appearance/ColorScheme.h"
+#include "appearance/Contrast.h"
 #include "appearance/inputs/ItemDrawing.h"
 
 #include <wx/bmpbndl.h>
@@ -26,7 +27,8 @@ TabLook TabLook::Of(const TabState& state)
     TabLook look;
     look.inner = wxtGetColor(state.active ? color_WindowBGLighter : color_WindowBG);
     look.outer = wxtGetColor(state.active ? color_WindowBG : color_WindowBGDarker);
-    look.ink = wxtGetColor(state.disabled ? color_TextGrey : color_Text);
+    look.ink = state.disabled ? wxtReadableColor(wxtGetColor(color_TextGrey), look.inner)
+                              : wxtGetColor(color_Text);
     if (state.active)
     {
         const bool isLively = state.current && !state.disabled;

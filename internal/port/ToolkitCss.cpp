@@ -19,7 +19,8 @@ std::string Definition(const char* name, const wxColour& colour)
     return "@define-color tolvan_" + std::string(name) + " " + value.utf8_string() + ";\n";
 }
 
-// Colours only: nothing may take more room, or less, than in the theme. Nothing fades from the old
+// Colours only, and corners that would be black without a compositor: nothing may take more room, or
+// less, than in the theme. Nothing fades from the old
 // scheme to the new one. The first rules take the theme's colours from everything, so that what no
 // later rule names looks like what it lies in.
 const char* const kRules = R"(
@@ -65,7 +66,7 @@ const char* const kRules = R"(
 
 tooltip.tolvan-scheme, tooltip.tolvan-scheme.background, tooltip.tolvan-scheme decoration {
     color: @tolvan_ink; background-color: @tolvan_sunk; background-image: none;
-    border-color: @tolvan_line; box-shadow: inset 0 0 0 1px @tolvan_line; }
+    border-color: @tolvan_line; border-radius: 0; box-shadow: inset 0 0 0 1px @tolvan_line; }
 tooltip.tolvan-scheme * { color: @tolvan_ink; background-color: transparent; }
 
 .tolvan-scheme scrollbar, .tolvan-scheme scrolledwindow junction,

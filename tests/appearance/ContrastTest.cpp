@@ -59,6 +59,8 @@ protected:
                 const auto tab = appearance::TabLook::Of({active, true, hovered, false});
                 pairs.push_back({"tab", tab.ink, tab.inner});
                 pairs.push_back({"tab's edge", tab.ink, tab.outer});
+                const auto disabled = appearance::TabLook::Of({active, true, hovered, true});
+                pairs.push_back({"disabled tab", disabled.ink, disabled.inner});
             }
         }
         wxtDockArt dock;

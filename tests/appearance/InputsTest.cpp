@@ -157,9 +157,15 @@ TEST_F(InputsTest, EveryStateHasTheColoursOfTheScheme)
         }
         for (wxTextCtrl* const hinted : {search->GetField(), static_cast<wxTextCtrl*>(field)})
         {
-            const wxColour ink = wxtReadableColor(wxtGetColor(color_TextGrey), ground);
-            EXPECT_TRUE(WaitFor([&] { return PixelAt(PictureOf(hinted), 9, 11) == ink; }))
-                << scheme << Kept(PictureOf(hinted), "hint");
+            const wxColour grey = wxtGetColor(color_TextGrey);
+            for (const bool isEnabled : {true, false, true})
+            {
+                search->Enable(isEnabled);
+                field->Enable(isEnabled);
+                const wxColour ink = isEnabled ? wxtReadableColor(grey, ground) : grey;
+                EXPECT_TRUE(WaitFor([&] { return PixelAt(PictureOf(hinted), 9, 11) == ink; }))
+                    << scheme << isEnabled << Kept(PictureOf(hinted), "hint");
+            }
             EXPECT_TRUE(hinted->IsEmpty()) << "the hint is no text";
         }
     }
