@@ -4,6 +4,7 @@
 #include "appearance/wxtButton.h"
 #include "dialogs/messages/MessageText.h"
 #include "dialogs/wxConfirmDlg.h"
+#include "internal/windows/UpperFloors.h"
 #include "vesta/CallEntry.h"
 #include "vesta/Log.h"
 
@@ -15,6 +16,8 @@ namespace
 {
 constexpr int kMessageBorder = 20; // pixels
 constexpr int kButtonBorder = 10;  // pixels
+
+const bool kTellsForBelow = (internal::g_UpperFloors.tellProblem = &wxTellProblem, true);
 
 class _Notice : public wxTolvanDlg
 {

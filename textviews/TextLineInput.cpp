@@ -1,4 +1,5 @@
 #include "internal/input/PadKey.h"
+#include "internal/windows/UpperFloors.h"
 #include "textviews/lines/LineStore.h"
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
@@ -7,7 +8,6 @@
 #include "vesta/Exception.h"
 
 #include <wx/menu.h>
-#include <wx/msgdlg.h>
 
 #include "appearance/wxTolvanString.h"
 
@@ -261,5 +261,5 @@ void wxTextLineCtrl::SaveOrTell()
 
 void wxTextLineCtrl::TellSaveProblem(const wxString& reason)
 {
-    wxMessageBox(reason, _("Save As"), wxOK | wxICON_ERROR, this);
+    internal::g_UpperFloors.tellProblem(reason, wxGetTopLevelParent(this));
 }

@@ -134,7 +134,7 @@ public:
 
 protected:
     void DrawBitmap() override;
-    /// Tells the user that the lines could not be saved; here in a stock box.
+    /// Tells the user that the lines could not be saved; here as `wxTellProblem` does.
     virtual void TellSaveProblem(const wxString& reason);
 
 private:

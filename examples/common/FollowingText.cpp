@@ -1,6 +1,5 @@
 #include "common/FollowingText.h"
 
-#include "dialogs/wxQuestion.h"
 #include "textviews/wxTextLineSearchPanel.h"
 
 #include <wx/menu.h>
@@ -40,11 +39,6 @@ void FollowingText::SetFollowing(bool follow)
 bool FollowingText::IsFollowing() const
 {
     return m_Follow && IsAtEnd() && !HoldsHit();
-}
-
-void FollowingText::TellSaveProblem(const wxString& reason)
-{
-    wxTellProblem(reason, wxGetTopLevelParent(this));
 }
 
 bool FollowingText::IsAtEnd() const

@@ -21,9 +21,6 @@ public:
     /// Whether the next line would be followed.
     bool IsFollowing() const;
 
-protected:
-    void TellSaveProblem(const wxString& reason) override;
-
 private:
     bool IsAtEnd() const;
     bool HoldsHit() const;

@@ -29,6 +29,9 @@ struct UpperFloors
     /// Tells the user something that they may ask not to be told again, under `key`.
     void (*tellUser)(const wxString& message, const String& key) = [](const wxString&,
                                                                       const String&) {};
+    /// Tells why something that the user asked for could not be done.
+    void (*tellProblem)(const wxString& message, wxWindow* parent) = [](const wxString&,
+                                                                        wxWindow*) {};
     /// A frame of the program, not shown yet, for a page that leaves `owner`.
     wxFrame* (*makePageFrame)(wxWindow& owner, const wxString& title) =
         [](wxWindow& owner, const wxString& title)
