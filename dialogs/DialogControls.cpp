@@ -78,6 +78,14 @@ void wxTolvanDlg::AddButtons(wxBoxSizer* sizer, bool ownRow)
     AddButton(*this, *row, wxID_CANCEL, wxGetTranslation("Cancel"));
 }
 
+void wxTolvanDlg::AddButtonRow(wxBoxSizer* sizer, int border)
+{
+    CALL_ENTRY("wxTolvanDlg::AddButtonRow");
+    auto* const row = new wxBoxSizer(wxHORIZONTAL);
+    AddButtons(row, false);
+    sizer->Add(row, 0, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, std::max(0, border - kButtonBorder));
+}
+
 wxtStaticText* wxTolvanDlg::NewStatic(const wxString& text, bool bold, bool italic, int sizeDelta,
                                       long style, wxWindow* parent)
 {

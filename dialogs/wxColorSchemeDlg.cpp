@@ -27,7 +27,7 @@ constexpr int kGap = 6;
 constexpr int kValueWidth = 110;
 constexpr int kSmallestName = 80;
 const wxSize  kColoursSize(420, 320);
-const wxSize  kPairsSize(334, 320);
+const wxSize  kPairsSize(560, 320);
 const wxSize  kSmallestList(180, 100);
 
 constexpr int     kGatherMs = 120; // what changes meanwhile is written and shown at once
@@ -45,7 +45,7 @@ wxColorSchemeDlg::wxColorSchemeDlg(wxWindow* parent)
     lists->Add(NewPairs(), kPairsSize.x, wxEXPAND);
     whole->Add(lists, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, kBorder);
     whole->Add(NewActions(), 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, kBorder);
-    AddButtons(whole, true);
+    AddButtonRow(whole, kBorder);
     m_Timer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Apply(); });
     Bind(wxEVT_CHAR_HOOK, &wxColorSchemeDlg::OnShortcut, this);
     ShowColours();

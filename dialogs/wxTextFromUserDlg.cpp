@@ -12,7 +12,7 @@
 namespace
 {
 // Pixels.
-constexpr int kBorder = 10;
+constexpr int kBorder = 12;
 constexpr int kFieldWidth = 320;
 constexpr int kMessageWidth = 480; // before its lines are broken
 
@@ -47,9 +47,7 @@ void wxTextFromUserDlg::CreateControls(const wxString& message, const wxString& 
     m_Field->SetFocus();
     m_Field->SelectAll();
     column->Add(m_Field, wxSizerFlags().Expand().Border(wxALL, kBorder));
-    auto* const row = new wxBoxSizer(wxHORIZONTAL);
-    AddButtons(row, false);
-    column->Add(row, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, kBorder));
+    AddButtonRow(column, kBorder);
     if (!message.empty())
     {
         // Made last: a long one takes the keyboard, after the field and the buttons.

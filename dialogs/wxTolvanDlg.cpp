@@ -237,7 +237,7 @@ void wxTolvanDlg::OnInit(wxInitDialogEvent& event)
     event.Skip();
     if (wxWindow* const control = FirstControl(*this))
     {
-        control->SetFocus();
+        control->SetFocusFromKbd(); // as by Tab: of radio buttons to the chosen one
     }
     if (IsRunModally())
     {

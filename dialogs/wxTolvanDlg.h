@@ -41,6 +41,9 @@ public:
     /// Adds OK, the default button, and Cancel. In a horizontal sizer they go to its right end, in
     /// a vertical one below each other, or side by side at the right if they get their own row.
     void AddButtons(wxBoxSizer* sizer, bool ownRow);
+    /// Adds them below what a vertical sizer holds, at its right, as far from the dialog's edges as
+    /// content with that border (pixels) to the left and right.
+    void AddButtonRow(wxBoxSizer* sizer, int border);
 
     /// @name Labels
     /// A label; "&" marks its mnemonic. A null parent stands for the dialog.

@@ -34,7 +34,8 @@ wxtAboutDlg::wxtAboutDlg(wxWindow* parent, const wxAboutDialogInfo& info)
 
     wxBoxSizer* const whole = StartControls();
     whole->Add(content, wxSizerFlags(1).Expand().Border(wxALL, kBorder));
-    whole->Add(NewButtons(info), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, kGap));
+    whole->Add(NewButtons(info),
+               wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, kBorder));
 }
 
 wxSizer* wxtAboutDlg::NewTexts(const wxAboutDialogInfo& info)

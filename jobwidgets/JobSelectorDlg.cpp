@@ -20,7 +20,7 @@ JobSelectorDlg::JobSelectorDlg(wxWindow* parent, const wxString& title, JobSet& 
     m_Selector = new JobSelector(this, wxID_ANY, jobs, singleSelection);
     m_Selector->SetMinSize(kSelectorSize);
     whole->Add(m_Selector, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, kBorder);
-    AddButtons(whole, true);
+    AddButtonRow(whole, kBorder);
     m_Selector->Bind(wxtEVT_JOB_SELECTION,
                      [this](wxCommandEvent& event)
                      {

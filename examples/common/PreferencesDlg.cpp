@@ -37,7 +37,7 @@ PreferencesDlg::PreferencesDlg(wxWindow* parent, const std::vector<Section>& sec
     }
     wxBoxSizer* const whole = StartControls();
     whole->Add(content, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, kBorder);
-    AddButtons(whole, true);
+    AddButtonRow(whole, kBorder);
     // Another program may change the scheme as well.
     Bind(wxEVT_SYS_COLOUR_CHANGED,
          [this](wxSysColourChangedEvent& event)

@@ -17,7 +17,7 @@
 
 namespace
 {
-constexpr int    kMostLabel = 220; // pixels
+constexpr int    kMostLabel = 32;  // characters
 constexpr int    kManyLines = 4;   // shown of a value that needs them
 constexpr size_t kLongValue = 120; // bytes; a longer one gets several lines
 constexpr size_t kMostName = 60;   // characters
@@ -65,12 +65,6 @@ bool NeedsLines(const String& value)
 
 JobFields::JobFields(wxWindow* parent) : wxtScrolledPane(parent)
 {
-    Bind(wxEVT_SIZE,
-         [this](wxSizeEvent& event)
-         {
-             event.Skip();
-             AlignRightEdge();
-         });
 }
 
 int JobFields::LabelWidth(const JobForm& form) const
@@ -81,14 +75,13 @@ int JobFields::LabelWidth(const JobForm& form) const
         width = std::max(width,
                          GetTextExtent(LabelOf(form.Type().GetParam(static_cast<int>(i)))).x + 1);
     }
-    return std::min(width, kMostLabel);
+    return std::min(width, kMostLabel * GetCharWidth());
 }
 
 void JobFields::ShowForm(const JobForm& form, int labelWidth)
 {
     Freeze();
     m_Fields.clear();
-    m_Rows = nullptr;
     if (GetSizer())
     {
         GetSizer()->Clear(true);
@@ -100,24 +93,12 @@ void JobFields::ShowForm(const JobForm& form, int labelWidth)
         AddRow(*grid, form.Type().GetParam(static_cast<int>(i)), form.values[i], labelWidth);
     }
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
-    m_Rows = sizer->Add(grid, 0, wxEXPAND | wxRIGHT, k_RightEdge);
+    sizer->Add(grid, 0, wxEXPAND);
     SetSizer(sizer);
     FitInside();
     Layout();
-    AlignRightEdge();
     Scroll(0, 0);
     Thaw();
-}
-
-// Of the room that is kept for the scrollbar only what it does not take.
-void JobFields::AlignRightEdge()
-{
-    const int edge = std::max(0, k_RightEdge - (GetSize().x - GetClientSize().x));
-    if (m_Rows && m_Rows->GetBorder() != edge)
-    {
-        m_Rows->SetBorder(edge);
-        Layout();
-    }
 }
 
 void JobFields::AddRow(wxFlexGridSizer& grid, const JobParamInfo& info, const String& value,

@@ -8,14 +8,12 @@
 
 class wxFlexGridSizer;
 class wxSizer;
-class wxSizerItem;
 
 /// One row for each parameter of a job type: what it is and a field for its value.
 class JobFields : public wxtScrolledPane
 {
 public:
-    static constexpr int k_Gap = 6;        ///< Pixels between labels, fields and rows.
-    static constexpr int k_RightEdge = 16; ///< Pixels beside the fields, for the scrollbar.
+    static constexpr int k_Gap = 6; ///< Pixels between labels, fields and rows.
 
     explicit JobFields(wxWindow* parent);
 
@@ -33,8 +31,6 @@ private:
                      int labelWidth);
     wxWindow* NewField(const JobParamInfo& info, const String& value);
     wxSizer*  WithBrowse(wxWindow* field, const JobParamInfo& info);
-    void      AlignRightEdge();
 
-    std::vector<wxWindow*> m_Fields;         ///< Text controls and choices, one a parameter.
-    wxSizerItem*           m_Rows = nullptr; ///< With the fields' distance from the right edge.
+    std::vector<wxWindow*> m_Fields; ///< Text controls and choices, one a parameter.
 };

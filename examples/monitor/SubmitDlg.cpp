@@ -20,7 +20,7 @@ namespace
 {
 constexpr int     kBorder = 12;              // pixels around the dialog's content
 constexpr int     kGap = 6;                  // pixels between its parts
-constexpr int     kFieldsWidth = 460;        // pixels at first
+constexpr int     kFieldsWidth = 66;         // characters at first
 constexpr int     kMostFieldsHeight = 350;   // pixels at first; the user may make it larger
 constexpr size_t  kMostDescription = 300;    // characters
 const wxSize      kSmallestFields(240, 120); // pixels
@@ -70,7 +70,7 @@ SubmitDlg::SubmitDlg(wxWindow* parent, Job::Sender send, const wxString& title, 
     content->Add(m_Problem, 0, wxEXPAND | wxTOP, kGap);
     wxBoxSizer* const whole = StartControls();
     whole->Add(content, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, kBorder);
-    AddButtons(whole, true);
+    AddButtonRow(whole, kBorder);
     FindWindow(wxID_OK)->SetLabel(wxGetTranslation("Submit"));
     if (form)
     {
@@ -87,7 +87,7 @@ SubmitDlg::SubmitDlg(wxWindow* parent, Job::Sender send, const wxString& title, 
     // The user may make it smaller than it is at first.
     m_Fields->SetMinSize(kSmallestFields);
     SetMinSize(ClientToWindowSize(whole->GetMinSize()));
-    m_Fields->SetMinSize(wxSize(kFieldsWidth, FirstFieldsHeight()));
+    m_Fields->SetMinSize(wxSize(kFieldsWidth * GetCharWidth(), FirstFieldsHeight()));
     Fit(); // laid out in the toolkit's first size, the parameters would have no room at all
 }
 
@@ -123,7 +123,7 @@ void SubmitDlg::BuildHead(wxBoxSizer& sizer)
     m_Priority->SetToolTip(
         wxGetTranslation("From 0 to 100: jobs of a higher priority start first"));
     AddHeadRow(*this, *grid, wxGetTranslation("Priority"), m_Priority);
-    sizer.Add(grid, 0, wxEXPAND | wxRIGHT, JobFields::k_RightEdge);
+    sizer.Add(grid, 0, wxEXPAND);
 }
 
 // A choice, or the name of the one that is given, which need not be among those to choose from.

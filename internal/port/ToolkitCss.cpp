@@ -19,10 +19,10 @@ std::string Definition(const char* name, const wxColour& colour)
     return "@define-color tolvan_" + std::string(name) + " " + value.utf8_string() + ";\n";
 }
 
-// Colours only, and corners that would be black without a compositor: nothing may take more room, or
-// less, than in the theme. Nothing fades from the old
-// scheme to the new one. The first rules take the theme's colours from everything, so that what no
-// later rule names looks like what it lies in.
+// Colours only, and corners that would be black without a compositor: nothing may take more room,
+// or less, than in the theme. Nothing fades from the old scheme to the new one. The first rules
+// take the theme's colours from everything, so that what no later rule names looks like what it
+// lies in.
 const char* const kRules = R"(
 .tolvan-scheme.background { color: @tolvan_ink; background-color: @tolvan_ground;
     background-image: none; border-color: @tolvan_line; box-shadow: none; }
