@@ -18,6 +18,7 @@ public:
     GalleryApp() : wxTolvanApp(log_Info, log_Warning)
     {
         SetApplicationName("Tolvan Gallery");
+        SetAppDisplayName("Tolvan Gallery");
         m_UsesMaster = false;
     }
 

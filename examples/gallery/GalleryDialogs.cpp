@@ -1,21 +1,33 @@
-#include "gallery/GallerySections.h"
+#include "gallery/GalleryDialogs.h"
 
-#include "appearance/wxtButton.h"
+#include "dialogs/wxConfirmDlg.h"
 #include "dialogs/wxQuestion.h"
+#include "dialogs/wxTextFromUserDlg.h"
 #include "dialogs/wxtProgressDlg.h"
 
 #include <wx/colordlg.h>
 #include <wx/filedlg.h>
 #include <wx/fontdlg.h>
+#include <wx/menu.h>
 #include <wx/msgdlg.h>
-#include <wx/sizer.h>
 #include <wx/utils.h>
 
 namespace
 {
-constexpr int kGap = 6; // pixels
-constexpr int kSteps = 500;
-constexpr int kStepMs = 20;
+constexpr int     kSteps = 500;
+constexpr int     kStepMs = 20;
+const char* const kSection = "Gallery";
+
+void Ask(wxWindow* parent)
+{
+    wxAsk(parent, {kSection, "Question", "Three jobs are running. Stop them?", "Stop", "Go On"});
+}
+
+void AskForText(wxWindow* parent)
+{
+    wxString text = "orbit_sh010";
+    wxTolvanTextFromUser(parent, "The name of the job", "Text", text, kSection);
+}
 
 void ShowProgress(wxWindow* parent)
 {
@@ -31,26 +43,27 @@ const struct
     const char* label;
     void (*open)(wxWindow* parent);
 } kDialogs[] = {
-    {"Progress...", ShowProgress},
-    {"Problem...", [](wxWindow* parent) { wxTellProblem("The disk is full.", parent); }},
+    {"&Question...", Ask},
+    {"&Text...", AskForText},
+    {"P&rogress...", ShowProgress},
+    {"&Problem...", [](wxWindow* parent) { wxTellProblem("The disk is full.", parent); }},
     // The toolkit's own, which follow the scheme, too.
-    {"Message...", [](wxWindow* parent)
-     { wxMessageBox("Save the changes?", "Message", wxYES_NO | wxCANCEL, parent); }},
-    {"File...", [](wxWindow* parent) { wxFileDialog(parent).ShowModal(); }},
-    {"Colour...", [](wxWindow* parent) { wxColourDialog(parent).ShowModal(); }},
-    {"Font...", [](wxWindow* parent) { wxFontDialog(parent).ShowModal(); }},
+    {"&Message...", [](wxWindow* parent)
+     { wxMessageBox("Save the changes?", "Changes", wxYES_NO | wxCANCEL, parent); }},
+    {"&File...", [](wxWindow* parent) { wxFileDialog(parent).ShowModal(); }},
+    {"&Colour...", [](wxWindow* parent) { wxColourDialog(parent).ShowModal(); }},
+    {"F&ont...", [](wxWindow* parent) { wxFontDialog(parent).ShowModal(); }},
 };
 } // namespace
 
-void AddDialogs(wxWindow* parent, wxSizer* sizer)
+wxMenu* NewDialogMenu(wxWindow& window)
 {
-    auto* const row = new wxBoxSizer(wxHORIZONTAL);
+    auto* const menu = new wxMenu;
     for (const auto& dialog : kDialogs)
     {
-        auto* const button = new wxtButton(parent, wxID_ANY, dialog.label);
-        button->Bind(wxEVT_BUTTON, [parent, open = dialog.open](wxCommandEvent&)
-                     { open(wxGetTopLevelParent(parent)); });
-        row->Add(button, 0, wxRIGHT, kGap);
+        const int id = menu->Append(wxID_ANY, dialog.label)->GetId();
+        menu->Bind(
+            wxEVT_MENU, [&window, open = dialog.open](wxCommandEvent&) { open(&window); }, id);
     }
-    sizer->Add(row, 0, wxTOP, kGap);
+    return menu;
 }

@@ -1,5 +1,6 @@
 #include "gallery/GalleryFrame.h"
 
+#include "gallery/GalleryDialogs.h"
 #include "gallery/GallerySections.h"
 
 #include "appearance/wxtStockControls.h"
@@ -13,13 +14,7 @@ namespace
 constexpr int kBorder = 10;    // pixels
 constexpr int kUnderTitle = 3; // pixels; all sections fit a screen of 1024
 constexpr int kColumns = 2;
-
-// Both are low.
-void AddButtonsAndDialogs(wxWindow* parent, wxSizer* sizer)
-{
-    AddButtons(parent, sizer);
-    AddDialogs(parent, sizer);
-}
+constexpr int id_Disabled = 23000; // menu command: no control can be used
 
 void AddJobDialogAndPages(wxWindow* parent, wxSizer* sizer)
 {
@@ -34,11 +29,11 @@ const struct
     const char*    title;
     GallerySection add;
 } kSections[] = {
-    {"Buttons; dialogs", AddButtonsAndDialogs},
+    {"Buttons", AddButtons},
     {"Check boxes and radio buttons", AddBoxes},
     {"Text fields", AddFields},
     {"Choice, combo box and check list", AddChoices},
-    {"Panels", AddPanels},
+    {"Panels that open; a pane that scrolls; docked panes", AddPanels},
     {"Charts", AddCharts},
     {"List", AddList},
     {"Text lines", AddText},
@@ -53,11 +48,16 @@ GalleryFrame::GalleryFrame() : wxTolvanFrame("Tolvan Gallery")
 {
     auto* const view = new wxMenu;
     view->AppendSubMenu(new wxColorMenu, "&Colours");
+    view->AppendCheckItem(id_Disabled, "&Disabled");
     auto* const bar = new wxMenuBar;
     bar->Append(view, "&View");
+    bar->Append(NewDialogMenu(*this), "D&ialogs"); // a button has the D
     SetMenuBar(bar);
 
     auto* const panel = new wxtPanel(this);
+    Bind(
+        wxEVT_MENU, [panel](wxCommandEvent& event) { panel->Enable(!event.IsChecked()); },
+        id_Disabled);
     panel->SetSizer(BuildSections(panel));
     auto* const whole = new wxBoxSizer(wxVERTICAL);
     whole->Add(panel, 1, wxEXPAND);

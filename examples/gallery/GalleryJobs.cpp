@@ -107,7 +107,7 @@ void AddJobs(wxWindow* parent, wxSizer* sizer)
 void AddJobDialog(wxWindow* parent, wxSizer* sizer)
 {
     const auto  farm = TheFarm();
-    auto* const pick = new wxtButton(parent, wxID_ANY, "Pick Jobs...");
+    auto* const pick = new wxtButton(parent, wxID_ANY, "Pick &Jobs...");
     auto* const goOn = new wxtButton(parent, wxID_ANY, "Go On");
     auto* const answer = new wxtStaticText(parent, wxID_ANY, wxString(), wxDefaultPosition,
                                            wxDefaultSize, wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);

@@ -2,9 +2,7 @@
 
 #include "gallery/MarkedList.h"
 
-#include "appearance/wxExpandablePanel.h"
 #include "appearance/wxTolvanColors.h"
-#include "appearance/wxTolvanString.h"
 #include "appearance/wxtCheckListBox.h"
 #include "appearance/wxtChoice.h"
 #include "appearance/wxtTextCtrl.h"
@@ -14,6 +12,7 @@
 #include "textviews/wxTextLineCtrl.h"
 #include "textviews/wxTextLineSearchPanel.h"
 
+#include <wx/artprov.h>
 #include <wx/listbase.h>
 #include <wx/sizer.h>
 
@@ -25,24 +24,7 @@ constexpr int kGap = 6; // pixels
 const wxSize  kViewSize(600, 130);
 const wxSize  kChartSize(200, 50);
 const wxSize  kFieldSize(160, -1);
-const wxSize  kListSize(170, 70);
-
-class Panel : public wxExpandablePanel
-{
-public:
-    Panel(wxWindow* parent, const wxString& caption, bool expanded)
-        : wxExpandablePanel(parent, wxVERTICAL)
-    {
-        m_Section = "Gallery";
-        m_Key = wxtFromWx(caption);
-        m_CollapsedCaption = caption;
-        m_ExpandedCaption = caption;
-        CreateInfrastructure(wxString(), true);
-        m_ContentSizer->Add(new wxtStaticText(this, wxID_ANY, "Its content"), 0, wxLEFT, 20);
-        m_Expanded = expanded;
-        Expand();
-    }
-};
+const wxSize  kListSize(130, 70);
 
 wxSizer* AddRow(wxSizer* sizer)
 {
@@ -65,6 +47,9 @@ void AddButtons(wxWindow* parent, wxSizer* sizer)
     Put(row, new wxtButton(parent, wxID_ANY, "Normal"));
     Put(row, new wxtButton(parent, wxID_ANY, "Highlighted"))->Hilight(true);
     Put(row, new wxtButton(parent, wxID_ANY, "Disabled"))->Disable();
+    const wxBitmapBundle icon = wxArtProvider::GetBitmapBundle(wxART_NEW, wxART_BUTTON);
+    Put(row, new wxtBitmapButton(parent, wxID_ANY, icon))->SetToolTip("A button with a picture");
+    Put(row, new wxtBitmapButton(parent, wxID_ANY, icon))->Disable();
 }
 
 void AddBoxes(wxWindow* parent, wxSizer* sizer)
@@ -72,7 +57,8 @@ void AddBoxes(wxWindow* parent, wxSizer* sizer)
     wxSizer* const boxes = AddRow(sizer);
     Put(boxes, new wxtCheckBox(parent, wxID_ANY, "Check box"));
     Put(boxes, new wxtCheckBox(parent, wxID_ANY, "Checked"))->SetValue(true);
-    auto* const box = Put(boxes, new wxtCheckBox(parent, wxID_ANY, "Disabled"));
+    Put(boxes, new wxtCheckBox(parent, wxID_ANY, "Disabled"))->Disable();
+    auto* const box = Put(boxes, new wxtCheckBox(parent, wxID_ANY, "Disabled and checked"));
     box->SetValue(true);
     box->Disable();
     wxSizer* const radios = AddRow(sizer);
@@ -80,6 +66,9 @@ void AddBoxes(wxWindow* parent, wxSizer* sizer)
                                    wxRB_GROUP));
     Put(radios, new wxtRadioButton(parent, wxID_ANY, "Radio button"));
     Put(radios, new wxtRadioButton(parent, wxID_ANY, "Disabled"))->Disable();
+    Put(radios, new wxtRadioButton(parent, wxID_ANY, "Disabled and chosen", wxDefaultPosition,
+                                   wxDefaultSize, wxRB_GROUP))
+        ->Disable();
 }
 
 void AddFields(wxWindow* parent, wxSizer* sizer)
@@ -92,6 +81,18 @@ void AddFields(wxWindow* parent, wxSizer* sizer)
     auto* const disabled = Put(row, new wxtTextCtrl(parent, wxID_ANY, "Disabled"));
     disabled->SetMinSize(kFieldSize);
     disabled->Disable();
+    wxSizer* const second = AddRow(sizer);
+    for (const auto& [text, style] :
+         {std::pair("Read-only", wxTE_READONLY), {"secret", wxTE_PASSWORD}})
+    {
+        Put(second,
+            new wxtTextCtrl(parent, wxID_ANY, text, wxDefaultPosition, wxDefaultSize, style))
+            ->SetMinSize(kFieldSize);
+    }
+    // As dialogs say what is wrong with a field.
+    auto* const problem = Put(second, new wxtStaticText(parent, wxID_ANY, "What is wrong with it"));
+    problem->m_ForegroundName = color_TextRed;
+    problem->KeepReadable();
 }
 
 void AddChoices(wxWindow* parent, wxSizer* sizer)
@@ -102,23 +103,42 @@ void AddChoices(wxWindow* parent, wxSizer* sizer)
         items.Add(item);
     }
     wxSizer* const row = AddRow(sizer);
-    auto* const    choice =
-        Put(row, new wxtChoice(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, items));
-    choice->SetSelection(0);
-    choice->SetMinSize(kFieldSize);
-    auto* const combo = Put(row, new wxtComboBox(parent, wxID_ANY, "Combo box", wxDefaultPosition,
-                                                 wxDefaultSize, items));
-    combo->SetMinSize(kFieldSize);
-    auto* const list =
-        Put(row, new wxtCheckListBox(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, items));
-    list->Check(0);
-    list->SetMinSize(kListSize);
-}
-
-void AddPanels(wxWindow* parent, wxSizer* sizer)
-{
-    sizer->Add(new Panel(parent, "An open panel", true), 0, wxEXPAND);
-    sizer->Add(new Panel(parent, "A closed panel", false), 0, wxEXPAND);
+    const auto     addBoth = [&](auto makeControl)
+    {
+        auto* const column = new wxBoxSizer(wxVERTICAL);
+        row->Add(column, 0, wxRIGHT, kGap);
+        for (const bool isEnabled : {true, false})
+        {
+            wxWindow* const control = makeControl();
+            control->SetMinSize(kFieldSize);
+            control->Enable(isEnabled);
+            column->Add(control, 0, wxBOTTOM, kGap);
+        }
+    };
+    const auto makeList = [&]
+    {
+        auto* const list =
+            new wxtCheckListBox(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, items);
+        list->Check(0);
+        list->SetMinSize(kListSize);
+        return Put(row, list);
+    };
+    addBoth(
+        [&]
+        {
+            auto* const choice =
+                new wxtChoice(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, items);
+            choice->SetSelection(0);
+            return choice;
+        });
+    addBoth(
+        [&]
+        {
+            return new wxtComboBox(parent, wxID_ANY, "Combo box", wxDefaultPosition, wxDefaultSize,
+                                   items);
+        });
+    makeList();
+    makeList()->Disable();
 }
 
 void AddCharts(wxWindow* parent, wxSizer* sizer)

@@ -19,5 +19,4 @@ void AddArrangedList(wxWindow* parent, wxSizer* sizer);
 void AddJobs(wxWindow* parent, wxSizer* sizer);
 void AddJobDialog(wxWindow* parent, wxSizer* sizer);
 void AddNotebook(wxWindow* parent, wxSizer* sizer);
-void AddDialogs(wxWindow* parent, wxSizer* sizer);
 void AddText(wxWindow* parent, wxSizer* sizer);

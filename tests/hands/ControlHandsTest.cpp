@@ -175,7 +175,7 @@ const Row kFields[] = {
 
     {"text", "focus ctrl+a x y z Return", "", "xyz"},
     {"text", "focus ctrl+a o opened theme Tab closed", "", "o"},
-    {"text", "focus ctrl+a o opened Tab closed Tab Down", "choice1 combo1", "o"},
+    {"text", "focus ctrl+a o opened Tab closed Tab Tab Tab Down", "choice1 combo1", "o"},
     {"text", "focus ctrl+a o opened shift+Tab closed space", "radio", "o"},
     {"text", "focus ctrl+a o opened hide closed", "", "o"},
     {"text", "focus ctrl+a o opened disable closed", "", "o"},
@@ -364,12 +364,13 @@ const Handled kHandledViews[] = {
 
 // The controls that take keys, by label or name.
 const std::vector<wxString> kStops = {
-    "Default", "Normal",     "Highlighted",  "Progress...", "Problem...",   "Message...",
-    "File...", "Colour...",  "Font...",      "Check box",   "Checked",      "Chosen",
-    "text",    "text",       "choice",       "text",        "listBox",      "expander",
-    "button",  "panel",      "lines",        "button",      "text",         "Previous",
-    "Next",    "Match Case", "text",         "panel",       "panel",        "text",
-    "choice",  "panel",      "wxAuiTabCtrl", "text",        "Pick Jobs...", "Go On"};
+    "Default",    "Normal",       "Highlighted", "button",     "Check box",  "Checked",
+    "Chosen",     "text",         "text",        "text",       "text",       "choice",
+    "text",       "listBox",      "expander",    "button",     "Scrolled 1", "Scrolled 2",
+    "Scrolled 3", "Scrolled 4",   "Scrolled 5",  "Scrolled 6", "panel",      "lines",
+    "button",     "text",         "Previous",    "Next",       "Match Case", "text",
+    "panel",      "panel",        "text",        "choice",     "panel",      "wxAuiTabCtrl",
+    "text",       "Pick Jobs...", "Go On"};
 
 class ControlHandsTest : public HandsTest
 {
