@@ -27,7 +27,8 @@ enum
     id_FullScreen
 };
 
-const wxSize kFirstSize(900, 600); // pixels, before the user has chosen
+const wxSize kFirstSize(900, 600);    // pixels, before the user has chosen
+const wxSize kSmallestSize(320, 200); // pixels
 
 // The name of the kept layout.
 const char* const kLayout = "LogView";
@@ -36,6 +37,7 @@ const char* const kLayout = "LogView";
 LogViewFrame::LogViewFrame()
     : wxTolvanFrame(wxGetTranslation("Tolvan Log Viewer"), wxDefaultPosition, kFirstSize)
 {
+    SetMinSize(kSmallestSize);
     BuildMenus();
     BuildPages();
     Bind(wxEVT_CLOSE_WINDOW, &LogViewFrame::OnClose, this);

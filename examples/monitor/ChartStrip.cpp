@@ -67,7 +67,10 @@ wxBarHistoryCtrl* ChartStrip::AddChart(wxSizer& row, const wxString& title, uint
     chart->SetMidBound(MidOf(upper));
     chart->SetTooltipText(wxtFromWx(title), String());
     auto* const column = new wxBoxSizer(wxVERTICAL);
-    column->Add(new wxtStaticText(this, wxID_ANY, title));
+    // However long it is, all charts are as wide.
+    column->Add(new wxtStaticText(this, wxID_ANY, title, wxDefaultPosition, wxSize(1, -1),
+                                  wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END),
+                0, wxEXPAND);
     column->Add(chart, 1, wxEXPAND);
     row.Add(column, 1, wxEXPAND | wxRIGHT, kGap);
     return chart;

@@ -13,13 +13,13 @@ constexpr int kBorder = 8; // pixels
 FarmHeader::FarmHeader(wxWindow* parent)
     : wxtPanel(parent),
       m_Connection(new wxtStaticText(this, wxID_ANY, wxString())),
-      m_Summary(new wxtStaticText(this, wxID_ANY, wxString()))
+      m_Summary(new wxtStaticText(this, wxID_ANY, wxString(), wxDefaultPosition, wxSize(1, -1),
+                                  wxALIGN_RIGHT | wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END))
 {
     m_container.DisableSelfFocus(); // there is nothing to do in it
     auto* const sizer = new wxBoxSizer(wxHORIZONTAL);
     sizer->Add(m_Connection, 0, wxALL, kBorder);
-    sizer->AddStretchSpacer();
-    sizer->Add(m_Summary, 0, wxALL, kBorder);
+    sizer->Add(m_Summary, 1, wxALL, kBorder);
     SetSizer(sizer);
     ShowConnection(false);
     ShowSummary(FarmJobs::Summary());

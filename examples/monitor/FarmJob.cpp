@@ -117,16 +117,16 @@ std::vector<DetailRow> JobDetailRows(const FarmJob& job, Time now)
 {
     std::vector<DetailRow> rows;
     AddRow(rows, "State", job.state);
-    AddRow(rows, "Progress", ProgressText(job));
     if (job.started != Time())
     {
-        AddRow(rows, "Started", job.started.FormatDate());
         AddRow(rows, "Elapsed", ElapsedText(job.Elapsed(now)));
+        AddRow(rows, "Started", job.started.FormatDate(), true);
     }
     AddRow(rows, "Product", job.product);
     AddRow(rows, "Priority", String::FromInt(job.priority));
     AddRow(rows, "User", job.user);
     AddRow(rows, "Host", job.host);
+    AddRow(rows, "Progress", ProgressText(job), true);
     AddRow(rows, "Folder", job.job->GetParam(p_Folder), true);
     AddRow(rows, "Error", job.job->GetParam(p_Error), true);
     return rows;

@@ -110,7 +110,7 @@ void JobPanel::BuildContent()
     buttons->Add(open, 0, wxRIGHT, kGap);
     buttons->Add(m_Kill);
     auto* const content = new wxBoxSizer(wxVERTICAL);
-    content->Add(m_Details, 0, wxEXPAND | wxTOP, kGap);
+    content->Add(m_Details, 0, wxEXPAND | wxTOP | wxRIGHT, kGap);
     content->Add(buttons, 0, wxTOP | wxBOTTOM, kGap);
     m_ContentSizer->Add(content, 0, wxEXPAND | wxLEFT, kIndent);
 }

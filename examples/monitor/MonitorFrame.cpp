@@ -41,7 +41,7 @@ constexpr int kLeastLog = 140;    // pixels
 constexpr int kGoodLog = 240;     // pixels
 
 const wxSize kFirstSize(1100, 800);   // pixels, before the user has chosen
-const wxSize kSmallestSize(560, 320); // pixels
+const wxSize kSmallestSize(640, 480); // pixels: a few rows of each view
 
 // The user looks at one of the program's windows.
 bool IsAnyActive()

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <map>
 
 namespace
 {
@@ -273,9 +274,13 @@ TEST(JobText, IsOneLineHoweverOddTheJobIs)
     message.Set(p_Name, "two\nlines").Set("Text", String(10240, 'x') + "\n").Set(p_FrameCount, 150);
     job.Update(message.Set(p_FramesDone, 51));
     EXPECT_EQ("two lines: Running, 34 %", JobCaption(job));
-    const std::vector<DetailRow> rows = JobDetailRows(job, Time::Seconds(70));
-    EXPECT_EQ("34 % (51 of 150 frames)", rows[1].value);
-    EXPECT_EQ("1m 05s", rows[3].value);
+    std::map<String, String> values;
+    for (const DetailRow& row : JobDetailRows(job, Time::Seconds(70)))
+    {
+        values[row.name] = row.value;
+    }
+    EXPECT_EQ("34 % (51 of 150 frames)", values["Progress"]);
+    EXPECT_EQ("1m 05s", values["Elapsed"]);
     ASSERT_EQ(1u, JobParameterRows(job, nullptr).size());
     EXPECT_EQ(303u, JobParameterRows(job, nullptr)[0].value.size()); // 300 and the ellipsis
     EXPECT_EQ("\xc3\xa4\xe2\x80\xa6", OneLine("\xc3\xa4\xc3\xa4", 1));
