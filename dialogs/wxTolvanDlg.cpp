@@ -8,6 +8,7 @@
 #include "vesta/CallEntry.h"
 
 #include <wx/settings.h>
+#include <wx/sizer.h>
 #include <wx/spinctrl.h>
 #include <wx/textentry.h>
 

@@ -3,6 +3,7 @@
 #include "dialogs/wxConfirmDlg.h"
 #include "dialogs/wxQuestion.h"
 #include "dialogs/wxTextFromUserDlg.h"
+#include "dialogs/wxtAboutDlg.h"
 #include "dialogs/wxtProgressDlg.h"
 
 #include <wx/colordlg.h>
@@ -38,6 +39,18 @@ void ShowProgress(wxWindow* parent)
     }
 }
 
+void ShowAbout(wxWindow* parent)
+{
+    wxAboutDialogInfo info;
+    info.SetName("Tolvan Gallery");
+    info.SetVersion("1.0");
+    info.SetDescription("All controls in all schemes.");
+    info.AddDeveloper("the Tolvan developers");
+    info.SetCopyright("(C) 2026 the Tolvan developers");
+    info.SetWebSite("http://localhost/");
+    wxtAboutBox(info, parent);
+}
+
 const struct
 {
     const char* label;
@@ -47,6 +60,7 @@ const struct
     {"&Text...", AskForText},
     {"P&rogress...", ShowProgress},
     {"&Problem...", [](wxWindow* parent) { wxTellProblem("The disk is full.", parent); }},
+    {"&About...", ShowAbout},
     // The toolkit's own, which follow the scheme, too.
     {"&Message...", [](wxWindow* parent)
      { wxMessageBox("Save the changes?", "Changes", wxYES_NO | wxCANCEL, parent); }},
