@@ -166,3 +166,13 @@ start_display()
     wait_until 30 has_window_manager ||
         fail "openbox did not start: $(cat "$scratch/openbox.log")"
 }
+
+# stands_still WINDOW: whether two pictures in a row are the same, so that what is to be shown has
+# been drawn. Sets still to the file with the later one.
+stands_still()
+{
+    still=$scratch/still.ppm
+    import -window "$1" "$scratch/before.ppm" 2>/dev/null || return 1
+    sleep 0.3
+    import -window "$1" "$still" 2>/dev/null && cmp -s "$scratch/before.ppm" "$still"
+}
