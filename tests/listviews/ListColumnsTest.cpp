@@ -74,13 +74,19 @@ protected:
         m_Input.MouseUp();
         EXPECT_EQ(expected, Told(expected)) << from;
     }
-    /// Presses the first title and takes it some way.
+    /// Presses the first title and takes it some way. Like a hand's, the pointer goes on moving:
+    /// what it does while the window manager still has the press comes to no window.
     void Hold()
     {
         MoveTo(50);
         m_Input.MouseDown();
-        MoveTo(220);
-        EXPECT_TRUE(WaitFor([this] { return Header()->IsMovingTitle(); }));
+        int x = 220;
+        EXPECT_TRUE(WaitFor(
+            [&]
+            {
+                MoveTo(x ^= 1);
+                return Header()->IsMovingTitle();
+            }));
     }
 
     /// What another program would get; the clipboard is open.
