@@ -22,6 +22,7 @@ struct ColumnPlan;
 class Copier;
 class ListKeys;
 struct ListModel;
+class RefreshRest;
 } // namespace listviews
 class wxDBListBody;
 class wxDBListHeader;
@@ -44,7 +45,8 @@ wxDECLARE_EXPORTED_EVENT(TOLVAN_API, wxtEVT_LIST_COLUMNS, wxListEvent);
 /// the user's hand or key stands for. Of more than 100,000 rows at a time (all rows of a large
 /// list) they are told beside the window's life, some at a time, in the same order: a host that
 /// needs the whole selection looks at it once `IsSelecting` is false, which it is after the last
-/// event, or asks for the rest (`FinishSelecting`). The list does so before the next click or key
+/// event, or asks for the rest (`FinishSelecting`). So are selected rows that a refresh of a large
+/// list has to look for everywhere (`wxListRefresh`). The list does so before the next click or key
 /// that depends on it, before it tells of an activation or a right click, and before a refresh or a
 /// copy. When the list is cleared, or a handler throws, nothing more is told.
 ///
@@ -236,4 +238,7 @@ private:
     wxDBListBody*                             m_Body = nullptr;
     std::unique_ptr<listviews::ListKeys>      m_Keys;
     std::unique_ptr<listviews::Copier>        m_Copier;
+    std::unique_ptr<listviews::RefreshRest>   m_Refresh;
+
+    friend class wxListRefresh;
 };

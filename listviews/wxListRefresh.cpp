@@ -1,6 +1,9 @@
 #include "listviews/wxListRefresh.h"
 
 #include "listviews/refresh/RefreshEvent.h"
+#include "listviews/refresh/RefreshRest.h"
+#include "listviews/selecting/SelectionWork.h"
+#include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListCtrl.h"
 #include "vesta/CallEntry.h"
 #include "vesta/Guarded.h"
@@ -8,7 +11,7 @@
 wxListRefresh::wxListRefresh(wxDBListCtrl& list) : m_List(&list)
 {
     CALL_ENTRY("wxListRefresh::wxListRefresh");
-    if (!list.FinishSelecting())
+    if (!list.GetBody()->Selecting().Finish())
     {
         return;
     }
@@ -16,7 +19,7 @@ wxListRefresh::wxListRefresh(wxDBListCtrl& list) : m_List(&list)
     list.ProcessWindowEventLocally(begins);
     if (!m_Marks)
     {
-        m_Marks = std::make_unique<listviews::RowMarks>(listviews::MarksOf(list));
+        m_Marks = std::make_unique<listviews::RowMarks>(list.m_Refresh->Take());
     }
 }
 
@@ -34,7 +37,7 @@ wxListRefresh::~wxListRefresh()
                 m_List->ProcessWindowEventLocally(ends);
                 if (m_Marks)
                 {
-                    listviews::RestoreMarks(*m_List, *m_Marks, [] { return false; });
+                    m_List->m_Refresh->Restore(*m_Marks);
                 }
             });
 }

@@ -25,9 +25,10 @@ class wxDBListCtrl;
 /// Rows are found again by `wxDBListCtrl::GetRowKey`, or by their index if they have no key. Rows
 /// that are to be selected or deselected are told by the list's events, those that are already are
 /// not. Where a `wxListArranger` sorts or filters the new rows first, that waits until they are
-/// shown, and rows that have moved far are selected again beside the window's life. The list may be
-/// destroyed meanwhile. Takes time for each row once at most, and little when the rows are about
-/// where they were. Main thread.
+/// shown. Rows that are about where they were are found at once. For others all rows may have to be
+/// asked: what takes longer than a moment goes on beside the window's life, unless the selection is
+/// changed meanwhile, and `wxDBListCtrl::IsSelecting` says so. The list may be destroyed meanwhile.
+/// Main thread.
 class TOLVAN_API wxListRefresh
 {
 public:

@@ -34,6 +34,8 @@ bool Select(wxDBListCtrl& list, int row, bool selected)
                                          wxPoint(0, 0), 0, row);
 }
 
+} // namespace
+
 void RestoreSelection(wxDBListCtrl& list, const RowMarks& found)
 {
     std::vector<bool> wanted(static_cast<size_t>(list.GetItemCount()));
@@ -60,8 +62,6 @@ void RestoreSelection(wxDBListCtrl& list, const RowMarks& found)
         }
     }
 }
-} // namespace
-
 RowMarks MarksOf(wxDBListCtrl& list)
 {
     RowMarks marks;
@@ -87,19 +87,30 @@ RowMarks MarksOf(wxDBListCtrl& list)
     return marks;
 }
 
+// Without an anchor the arrow keys would be dead: one whose row has gone stays near its place.
+void RestoreKeys(wxDBListCtrl& list, const RowMarks& before, const RowMarks& found)
+{
+    const int nearest = std::min(before.anchor.row, list.GetItemCount() - 1);
+    list.SetLastSelect(found.anchor.row >= 0 ? found.anchor.row : nearest);
+    list.SetFocusRow(found.caret.row);
+}
+
+void RestoreScroll(wxDBListCtrl& list, const RowMarks& before, const RowMarks& found)
+{
+    const long long scroll = ScrollAfter(before, found, list.GetRowHeight());
+    list.SetScrollPos(wxVERTICAL, static_cast<int>(std::clamp<long long>(scroll, 0, INT_MAX)));
+}
+
 RowMarks RestoreMarks(wxDBListCtrl& list, const RowMarks& marks,
                       const std::function<bool()>& isOver)
 {
-    const int count = list.GetItemCount();
-    RowMarks  found = marks;
-    FindAgain(
-        found, count, [&list](int row) { return list.GetRowKey(row); }, isOver);
-    // Without an anchor the arrow keys would be dead: one whose row has gone stays near its place.
-    const int nearest = std::min(marks.anchor.row, count - 1);
-    list.SetLastSelect(found.anchor.row >= 0 ? found.anchor.row : nearest);
-    list.SetFocusRow(found.caret.row);
-    const long long scroll = ScrollAfter(marks, found, list.GetRowHeight());
-    list.SetScrollPos(wxVERTICAL, static_cast<int>(std::clamp<long long>(scroll, 0, INT_MAX)));
+    MarkSearch search(marks, list.GetItemCount());
+    while (search.Step([&list](int row) { return list.GetRowKey(row); }) && !isOver())
+    {
+    }
+    const RowMarks found = search.Found();
+    RestoreKeys(list, marks, found);
+    RestoreScroll(list, marks, found);
     RestoreSelection(list, found);
     return found;
 }

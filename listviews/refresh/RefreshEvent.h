@@ -38,4 +38,12 @@ RowMarks MarksOf(wxDBListCtrl& list);
 /// yes. What was found; the list may be gone.
 RowMarks RestoreMarks(wxDBListCtrl& list, const RowMarks& marks,
                       const std::function<bool()>& isOver);
+
+/// @name Parts of that
+/// `found`: the marks as they are now.
+/// @{
+void RestoreKeys(wxDBListCtrl& list, const RowMarks& before, const RowMarks& found);
+void RestoreScroll(wxDBListCtrl& list, const RowMarks& before, const RowMarks& found);
+void RestoreSelection(wxDBListCtrl& list, const RowMarks& found); ///< The list may be gone then.
+/// @}
 } // namespace listviews

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <unordered_map>
+#include <utility>
 
 namespace listviews
 {
@@ -10,87 +11,16 @@ namespace
 {
 constexpr int    kReach = 32;        // rows on either side of a place
 constexpr size_t kFewPlaces = 10000; // around which is looked so
-constexpr int    kFewRows = 64;      // between two questions whether it is over
+constexpr int    kFewRows = 64;      // of a step
 
 // The marks of one key that wait for rows, in the order in which they take them. A selected row
 // is one of its own; anchor, caret and the rows seen may be the same.
-struct Waiting
+struct WaitingMarks
 {
     std::vector<RowMark*> selected;
     std::vector<RowMark*> others;
     size_t                taken = 0;
     bool                  isOnlySeen = true;
-};
-using WaitingByKey = std::unordered_map<std::string, Waiting>;
-
-class Finder
-{
-public:
-    Finder(RowMarks& marks, int count) : m_Count(count)
-    {
-        for (RowMark& mark : marks.seen)
-        {
-            Add(mark).others.push_back(&mark);
-        }
-        for (RowMark& mark : marks.selected)
-        {
-            Waiting& waiting = Add(mark);
-            waiting.selected.push_back(&mark);
-            waiting.isOnlySeen = false;
-        }
-        for (RowMark* const mark : {&marks.anchor, &marks.caret})
-        {
-            Waiting& waiting = Add(*mark);
-            waiting.others.push_back(mark);
-            waiting.isOnlySeen = false;
-        }
-        m_Waiting.erase(String());
-    }
-
-    void Take(const String& key, int row)
-    {
-        const auto found = m_Waiting.find(key);
-        if (found == m_Waiting.end())
-        {
-            return;
-        }
-        Waiting& waiting = found->second;
-        for (RowMark* const mark : waiting.others)
-        {
-            mark->row = row;
-        }
-        waiting.others.clear();
-        if (waiting.taken < waiting.selected.size())
-        {
-            waiting.selected[waiting.taken++]->row = row;
-        }
-        if (waiting.taken == waiting.selected.size())
-        {
-            m_Waiting.erase(found);
-        }
-    }
-
-    bool IsDone() const { return m_Waiting.empty(); }
-    /// The view stays where one of the rows seen is: that others have gone is no reason to ask all.
-    void ForgetSeen()
-    {
-        for (auto waiting = m_Waiting.begin(); waiting != m_Waiting.end();)
-        {
-            waiting = waiting->second.isOnlySeen ? m_Waiting.erase(waiting) : std::next(waiting);
-        }
-    }
-
-private:
-    // Those that are known by their index wait for nothing, under no key.
-    Waiting& Add(RowMark& mark)
-    {
-        const bool isKnown = mark.key.empty() && mark.row < m_Count;
-        mark.row = isKnown ? mark.row : -1;
-        return m_Waiting[mark.key];
-    }
-
-    int          m_Count;
-    WaitingByKey m_Waiting;
 };
 
 // Where the rows were, what is seen first.
@@ -111,45 +41,145 @@ std::vector<int> PlacesOf(const RowMarks& marks)
 }
 } // namespace
 
-bool FindAgain(RowMarks& marks, int count, const std::function<String(int row)>& keyOf,
-               const std::function<bool()>& isOver)
+class MarkSearch::Waiting
 {
-    const std::vector<int> places = PlacesOf(marks);
-    const int              reach = places.size() > kFewPlaces ? 0 : kReach;
-    Finder                 finder(marks, count);
-    std::vector<bool>      isKnown(static_cast<size_t>(count));
-    int                    asked = 0;
-    const auto             goOn = [&](int row)
+public:
+    Waiting(RowMarks& marks, int count) : m_Count(count)
     {
-        if (row >= 0 && row < count && !isKnown[static_cast<size_t>(row)])
+        for (RowMark& mark : marks.seen)
         {
-            isKnown[static_cast<size_t>(row)] = true;
-            finder.Take(keyOf(row), row);
-            return ++asked % kFewRows != 0 || !isOver();
+            Add(mark).others.push_back(&mark);
         }
-        return true;
+        for (RowMark& mark : marks.selected)
+        {
+            WaitingMarks& waiting = Add(mark);
+            waiting.selected.push_back(&mark);
+            waiting.isOnlySeen = false;
+        }
+        for (RowMark* const mark : {&marks.anchor, &marks.caret})
+        {
+            WaitingMarks& waiting = Add(*mark);
+            waiting.others.push_back(mark);
+            waiting.isOnlySeen = false;
+        }
+        m_Marks.erase(String());
+    }
+
+    void Take(const String& key, int row)
+    {
+        const auto found = m_Marks.find(key);
+        if (found == m_Marks.end())
+        {
+            return;
+        }
+        WaitingMarks& waiting = found->second;
+        for (RowMark* const mark : waiting.others)
+        {
+            mark->row = row;
+        }
+        waiting.others.clear();
+        if (waiting.taken < waiting.selected.size())
+        {
+            waiting.selected[waiting.taken++]->row = row;
+        }
+        if (waiting.taken == waiting.selected.size())
+        {
+            m_Marks.erase(found);
+        }
+    }
+
+    bool IsEmpty() const { return m_Marks.empty(); }
+    /// The view stays where one of the rows seen is: that others have gone is no reason to ask all.
+    void ForgetSeen()
+    {
+        for (auto waiting = m_Marks.begin(); waiting != m_Marks.end();)
+        {
+            waiting = waiting->second.isOnlySeen ? m_Marks.erase(waiting) : std::next(waiting);
+        }
+    }
+
+private:
+    // Those that are known by their index wait for nothing, under no key.
+    WaitingMarks& Add(RowMark& mark)
+    {
+        const bool isKnown = mark.key.empty() && mark.row < m_Count;
+        mark.row = isKnown ? mark.row : -1;
+        return m_Marks[mark.key];
+    }
+
+    int                                           m_Count;
+    std::unordered_map<std::string, WaitingMarks> m_Marks;
+};
+
+MarkSearch::MarkSearch(const RowMarks& marks, int count, std::vector<int> first)
+    : m_Found(marks),
+      m_Waiting(std::make_unique<Waiting>(m_Found, count)),
+      m_IsKnown(static_cast<size_t>(count)),
+      m_First(std::move(first)),
+      m_Places(PlacesOf(marks)),
+      m_Reach(m_Places.size() > kFewPlaces ? 0 : kReach)
+{
+}
+
+MarkSearch::~MarkSearch() = default;
+
+bool MarkSearch::Step(const KeyOf& keyOf)
+{
+    for (int asked = 0; asked < kFewRows && !m_Waiting->IsEmpty(); ++asked)
+    {
+        const int row = NextRow();
+        if (row < 0)
+        {
+            return false;
+        }
+        m_IsKnown[static_cast<size_t>(row)] = true;
+        m_Waiting->Take(keyOf(row), row);
+    }
+    return !m_Waiting->IsEmpty();
+}
+
+// That is to be asked; -1 when all have been.
+int MarkSearch::NextRow()
+{
+    const auto isNew = [this](int row)
+    {
+        const auto index = static_cast<size_t>(row);
+        return row >= 0 && index < m_IsKnown.size() && !m_IsKnown[index];
     };
-    for (int step = 0; step <= reach && !finder.IsDone(); ++step)
+    for (; m_Distance <= m_Reach; ++m_Distance, m_Next = 0)
     {
-        const auto askBeside = [&](int place) { return goOn(place - step) && goOn(place + step); };
-        if (!std::all_of(places.begin(), places.end(), askBeside))
+        while (m_Distance == 0 && !m_First.empty())
         {
-            return false;
+            const int row = m_First.back();
+            m_First.pop_back();
+            if (isNew(row))
+            {
+                return row;
+            }
+        }
+        while (m_Next < 2 * m_Places.size())
+        {
+            const int place = m_Places[m_Next / 2];
+            const int row = m_Next % 2 == 0 ? place - m_Distance : place + m_Distance;
+            ++m_Next;
+            if (isNew(row))
+            {
+                return row;
+            }
         }
     }
-    if (std::any_of(marks.seen.begin(), marks.seen.end(),
-                    [](const RowMark& mark) { return mark.row >= 0; }))
+    const auto isFound = [](const RowMark& mark) { return mark.row >= 0; };
+    if (std::exchange(m_IsNear, false) &&
+        std::any_of(m_Found.seen.begin(), m_Found.seen.end(), isFound))
     {
-        finder.ForgetSeen();
+        m_Waiting->ForgetSeen();
     }
-    for (int row = 0; row < count && !finder.IsDone(); ++row)
+    const auto count = static_cast<int>(m_IsKnown.size());
+    while (m_Row < count && !isNew(m_Row))
     {
-        if (!goOn(row))
-        {
-            return false;
-        }
+        ++m_Row;
     }
-    return true;
+    return m_Row < count && !m_Waiting->IsEmpty() ? m_Row : -1;
 }
 
 long long ScrollAfter(const RowMarks& before, const RowMarks& found, int rowHeight)

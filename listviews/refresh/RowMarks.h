@@ -3,6 +3,7 @@
 #include "vesta/String.h"
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace listviews
@@ -24,12 +25,37 @@ struct RowMarks
     int                  scroll = 0; ///< Pixels that the view is scrolled down by.
 };
 
-/// Has the marks stand for the rows as they are now: `keyOf` is asked for each of the `count` rows
-/// once at most, first around the places where marked rows were; of rows that are only seen one is
-/// enough then. Marks of rows that are not found have row -1. Of rows with the same key any are
-/// taken. `isOver` is asked now and then, and ends the search: false then.
-bool FindAgain(RowMarks& marks, int count, const std::function<String(int row)>& keyOf,
-               const std::function<bool()>& isOver);
+/// Finds marked rows among those that are there now, some at a time: each row is asked for its key
+/// once at most, those around the places where marked rows were before all others. Of rows that are
+/// only seen one is enough then. Of rows with the same key any are taken.
+class MarkSearch
+{
+public:
+    using KeyOf = std::function<String(int row)>;
+
+    /// `count`: rows. `first`: rows that are asked before any other.
+    MarkSearch(const RowMarks& marks, int count, std::vector<int> first = {});
+    ~MarkSearch();
+
+    bool            Step(const KeyOf& keyOf);         ///< A few rows; false when it is done.
+    const RowMarks& Found() const { return m_Found; } ///< Those that are not found have row -1.
+
+private:
+    class Waiting;
+
+    int NextRow();
+
+    RowMarks                 m_Found;
+    std::unique_ptr<Waiting> m_Waiting; ///< Marks that are not found yet.
+    std::vector<bool>        m_IsKnown; ///< Rows that have been asked.
+    std::vector<int>         m_First;
+    std::vector<int>         m_Places;
+    int                      m_Reach;        ///< Rows on either side of a place.
+    int                      m_Distance = 0; ///< From the places: what is asked now.
+    size_t                   m_Next = 0;     ///< Of `m_First`, then of the places, each twice.
+    bool                     m_IsNear = true;
+    int                      m_Row = 0; ///< The next one when all are asked.
+};
 
 /// Where the view has to be scrolled to (pixels), so that the topmost of the rows seen that is
 /// still there is where it was.

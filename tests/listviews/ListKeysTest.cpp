@@ -7,6 +7,7 @@
 
 #include "tests/listviews/ToldTest.h"
 #include <wx/listbase.h>
+#include <wx/utils.h>
 
 #include <algorithm>
 #include <cctype>
@@ -22,7 +23,10 @@ public:
     using wxtListCtrl::wxtListCtrl;
     String GetRowKey(int row) override
     {
-        ++asked;
+        if (++asked % 64 == 0 && isSlow)
+        {
+            wxMilliSleep(1);
+        }
         const String text = GetDisplayText(row, 0);
         return text.substr(text.find_last_of(' ') + 1);
     }
@@ -35,7 +39,8 @@ public:
         }
     }
 
-    int asked = 0;
+    int  asked = 0;
+    bool isSlow = false; // to be asked
 };
 
 // A list of 100 rows that has the focus, and what real keys make of it.
@@ -338,4 +343,52 @@ TEST_F(ListKeysTest, ARefreshKeepsWhatTheUserHasMadeOfTheList)
     EXPECT_EQ(1, told);
     Frame()->Bind(wxEVT_LIST_ITEM_SELECTED, [&](wxListEvent&) { m_List->Destroy(); });
     refill(2, 48);
+}
+
+// Where all have to be asked because a selected one has gone.
+TEST_F(ListKeysTest, ARefreshOfVeryManyRowsKeepsNobodyWaiting)
+{
+    constexpr int many = 20000;
+    m_List->isSlow = true;
+    const auto refill = [this](int first)
+    {
+        const wxListRefresh keep(*m_List);
+        m_List->Clear();
+        m_List->Fill(first, many);
+        m_List->asked = 0;
+    };
+    const auto begin = [&]
+    {
+        refill(0);
+        EXPECT_TRUE(m_List->FinishSelecting());
+        Begin(7);
+        Body()->SendListEvent(wxEVT_LIST_ITEM_SELECTED, wxPoint(0, 0), 0, many - 1);
+        refill(100);
+        EXPECT_LT(m_List->asked, many / 2);
+        EXPECT_TRUE(m_List->IsSelecting());
+    };
+    const auto   ends = [this] { return WaitFor([this] { return !m_List->IsSelecting(); }); };
+    const String found = SFormat("%d-%d (1) 7 7", many - 101, many - 101);
+    begin();
+    EXPECT_EQ("-1--1 (0) 7 7", State());
+    EXPECT_TRUE(ends());
+    EXPECT_EQ(found, State());
+    begin();
+    EXPECT_TRUE(m_List->FinishSelecting());
+    EXPECT_EQ(found, State()) << "at once for who needs it";
+    begin();
+    refill(100);
+    m_List->InsertItem(0, "new");
+    EXPECT_TRUE(ends());
+    EXPECT_EQ(SFormat("%d-%d (1) 8 8", many - 100, many - 100), State()) << "where it is by then";
+    begin();
+    Body()->SelectOnly(3, wxPoint(0, 0));
+    EXPECT_FALSE(m_List->IsSelecting()) << "what the user selects meanwhile counts";
+    EXPECT_EQ("3-3 (1) 7 7", State());
+    begin();
+    m_List->Clear();
+    EXPECT_FALSE(m_List->IsSelecting());
+    begin();
+    Frame()->Bind(wxEVT_LIST_ITEM_SELECTED, [&](wxListEvent&) { m_List->Destroy(); });
+    EXPECT_FALSE(m_List->FinishSelecting());
 }
