@@ -14,9 +14,10 @@ bool wxDBListBody::DeselectAll(bool resetAnchor)
 {
     CALL_ENTRY("wxDBListBody::DeselectAll");
     m_Selecting->Drop();
+    const int column = Geometry().ColumnAt(0);
     for (const int row : m_Source.GetSelection())
     {
-        if (!SendListEvent(wxEVT_LIST_ITEM_DESELECTED, wxPoint(0, 0), row))
+        if (!SendListEvent(wxEVT_LIST_ITEM_DESELECTED, wxPoint(0, 0), column, row))
         {
             return false;
         }

@@ -1,7 +1,6 @@
 #include "listviews/wxDBListBase.h"
 
 #include "listviews/model/ListModel.h"
-#include "vesta/CallEntry.h"
 
 #include <wx/weakref.h>
 
@@ -32,9 +31,9 @@ bool wxDBListBase::SendListEvent(int type, const wxPoint& point, int column, int
     return TellList(type, point, column, row) != Outcome::Gone;
 }
 
+// No entry in the call trace: it runs for each of very many rows, and who calls it has one.
 wxDBListBase::Outcome wxDBListBase::TellList(int type, const wxPoint& point, int column, int row)
 {
-    CALL_ENTRY("wxDBListBase::TellList");
     const wxWeakRef<wxDBListBase> self(this);
     wxListEvent                   event(static_cast<wxEventType>(type), m_List.GetId());
     event.SetEventObject(&m_List);

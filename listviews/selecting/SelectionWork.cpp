@@ -4,6 +4,7 @@
 #include "listviews/model/ListModel.h"
 #include "listviews/wxDBListBase.h"
 #include "listviews/wxDBListSource.h"
+#include "vesta/CallEntry.h"
 
 #include <wx/listbase.h>
 #include <wx/weakref.h>
@@ -88,10 +89,13 @@ bool SelectionWork::IsWaiting() const
 bool SelectionWork::Skip(Job& job) const
 {
     RowsToTell& rows = job.rows;
-    const auto  isToTell = [&](int row, bool selected) {
-        return !rows.onlyChanges ||
-               (m_Model.HasRow(row) && m_Source.IsRowSelected(row) != selected);
-    };
+    if (!rows.onlyChanges)
+    {
+        return job.told < rows.off.size() ||
+               rows.first <= std::min(rows.last, m_Model.rowCount - 1);
+    }
+    const auto isToTell = [&](int row, bool selected)
+    { return m_Model.HasRow(row) && m_Source.IsRowSelected(row) != selected; };
     while (job.told < rows.off.size() && !isToTell(rows.off[job.told], false))
     {
         ++job.told;
@@ -121,6 +125,7 @@ bool SelectionWork::TellNext(Job& job)
 
 bool SelectionWork::Run(bool toTheEnd)
 {
+    CALL_ENTRY("SelectionWork::Run");
     const std::shared_ptr<Job>    job = m_Job;
     const wxWeakRef<wxDBListBase> view(&m_View);
     const auto                    end = EndOfSlice();
