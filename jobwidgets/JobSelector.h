@@ -127,7 +127,6 @@ private:
     bool    m_IsOld = false;       ///< Jobs have come, gone or moved.
     bool    m_IsFresh = false;     ///< Another grouping, whose groups are to be opened.
     bool    m_IsToBeShown = false; ///< What is wanted, even where a filter hides it.
-    bool    m_IsSelecting = false; ///< By the control itself.
     bool    m_IsToBeTold = false;  ///< That another selection is there.
     std::vector<std::pair<int64_t, UID>> m_Told;   ///< Selected when it was told last; sorted.
     std::optional<Jobs>                  m_Wanted; ///< To be selected when the tree is made.

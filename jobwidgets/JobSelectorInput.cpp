@@ -116,9 +116,8 @@ void JobSelector::SetSelection(const std::vector<UID>& jobs)
     {
         wanted.resize(1);
     }
-    m_IsSelecting = true;
-    m_Tree->GetBody()->DeselectAll(true);
-    m_IsSelecting = false;
+    m_Tree->ChangeSelection({}, false);
+    m_Tree->SetLastSelect(-1);
     m_Wanted = std::move(wanted);
     m_IsToBeShown = true;
     if (std::exchange(m_IsOld, false))
@@ -163,18 +162,22 @@ void JobSelector::SelectWanted()
 // The first row of theirs, or -1. `jobs`: their numbers, in ascending order.
 int JobSelector::SelectRowsOf(const std::vector<int64_t>& jobs)
 {
-    int first = -1;
-    m_IsSelecting = true;
+    int        first = -1;
     const auto selectFrom = [&](int row, int level)
     {
+        std::vector<int> rows;
         for (; row < m_Tree->GetItemCount() && m_Tree->GetLevel(row) >= level; ++row)
         {
             const int64_t number = jobwidgets::JobTreeModel::NumberOf(m_Tree->NodeAt(row));
             if (number > 0 && std::binary_search(jobs.begin(), jobs.end(), number))
             {
-                m_Tree->GetBody()->SendListEvent(wxEVT_LIST_ITEM_SELECTED, wxPoint(0, 0), 0, row);
-                first = first < 0 || row < first ? row : first;
+                rows.push_back(row);
             }
+        }
+        m_Tree->ChangeSelection(rows, true);
+        if (!rows.empty() && (first < 0 || rows.front() < first))
+        {
+            first = rows.front();
         }
     };
     for (const wxDBTreeNode group : m_Model->GroupsWith(jobs))
@@ -189,7 +192,6 @@ int JobSelector::SelectRowsOf(const std::vector<int64_t>& jobs)
     {
         selectFrom(0, 0);
     }
-    m_IsSelecting = false;
     if (first >= 0)
     {
         m_Tree->SetLastSelect(first);
@@ -201,10 +203,6 @@ int JobSelector::SelectRowsOf(const std::vector<int64_t>& jobs)
 // deselected; what is selected by hand then is all that counts.
 void JobSelector::OnSelect(wxListEvent& event)
 {
-    if (m_IsSelecting)
-    {
-        return;
-    }
     if (event.GetEventType() == wxEVT_LIST_ITEM_SELECTED)
     {
         m_Wanted.reset();
@@ -224,7 +222,7 @@ void JobSelector::SelectionChanged()
 void JobSelector::TellSelection()
 {
     m_IsToBeTold = false;
-    if (m_Tree->IsSelecting())
+    if (m_Tree->IsSelecting() || m_Tree->IsReselecting())
     {
         return; // there is more to come
     }

@@ -12,7 +12,10 @@
 #include <wx/weakref.h>
 
 #include <algorithm>
+#include <chrono>
 #include <climits>
+#include <cstdint>
+#include <memory>
 #include <utility>
 
 using listviews::OpenNode;
@@ -31,6 +34,11 @@ struct wxDBTreeListCtrl::_Sight
 
 namespace
 {
+using Clock = std::chrono::steady_clock;
+
+constexpr size_t kFewRows = 64; // between two looks at the clock
+constexpr size_t kManySelected = 10000;
+
 // The marks of what is in sight.
 enum
 {
@@ -165,7 +173,12 @@ long long wxDBTreeListCtrl::GetMatchCount() const
 
 bool wxDBTreeListCtrl::IsArranging() const
 {
-    return m_Tree->job || m_Tree->isDue || m_Tree->isAgain;
+    return m_Tree->job || m_Tree->isDue || m_Tree->isAgain || m_Tree->isReturning;
+}
+
+bool wxDBTreeListCtrl::IsReselecting() const
+{
+    return m_Tree->leaving || m_Tree->isReturning;
 }
 
 // Has the tree made that is wished for, at once if that is done in a moment.
@@ -193,6 +206,10 @@ void wxDBTreeListCtrl::StartArranging()
 // What it has made until then is freed later.
 void wxDBTreeListCtrl::DropJob()
 {
+    ++m_Tree->jobs;
+    m_Tree->leaving.reset();
+    m_Tree->returning.reset();
+    m_Tree->isReturning = false;
     if (m_Tree->job)
     {
         m_Tree->remains.Add(m_Tree->job->Take());
@@ -201,8 +218,10 @@ void wxDBTreeListCtrl::DropJob()
     }
 }
 
+// A tree with very many selected rows is taken in a slice of its own.
 void wxDBTreeListCtrl::ArrangeOn()
 {
+    const bool isMade = m_Tree->job->IsDone();
     bool       isMore = true;
     const bool worked =
         Ask("Arranging a tree",
@@ -211,7 +230,7 @@ void wxDBTreeListCtrl::ArrangeOn()
     {
         DropJob(); // the old rows stay
     }
-    else if (isMore)
+    else if (isMore || (!isMade && m_Tree->shown->SelectedCount() > kManySelected))
     {
         m_Tree->slices->GoOn();
     }
@@ -234,7 +253,11 @@ void wxDBTreeListCtrl::GoOnArranging()
         m_Tree->slices->LookAgain();
         return;
     }
-    if (m_Tree->job && !m_Tree->isDue)
+    if (m_Tree->isReturning)
+    {
+        GoOnReturning();
+    }
+    else if (m_Tree->job && !m_Tree->isDue)
     {
         ArrangeOn();
     }
@@ -253,103 +276,213 @@ void wxDBTreeListCtrl::GoOnArranging()
     }
 }
 
-// The tree is made: it takes the place of the one that is shown.
+// The tree is made: it takes the place of the one that is shown, once what it does not have is
+// deselected.
 void wxDBTreeListCtrl::TakeArranged()
 {
-    const std::unique_ptr<listviews::ArrangeJob> job = std::move(m_Tree->job);
-    std::unique_ptr<OpenTree>                    made = job->Take();
-    _Sight                                       sight;
-    std::vector<int64_t>                         lost;
-    if (!Carry(*made, sight, lost))
+    _Sight sight;
+    if (!DeselectLeaving(sight))
     {
         return;
     }
-    if (!lost.empty())
-    {
-        const wxWeakRef<wxDBTreeListCtrl> self(this);
-        const bool isAsBefore = job->IsFiltered() ? HideRows(lost) : DeselectRows(lost);
-        if (!self || IsBeingDeleted() || m_Tree->job || !m_Tree->model)
-        {
-            return;
-        }
-        if (!isAsBefore)
-        {
-            m_Tree->isDue = true; // a handler has changed the rows
-            m_Tree->slices->GoOn();
-            return;
-        }
-        made->DeselectIn(made->Root());
-        if (!Carry(*made, sight, lost))
-        {
-            return;
-        }
-    }
-    ShowTree(std::move(made), job->IsFiltered(), sight);
+    const std::unique_ptr<listviews::ArrangeJob> job = std::move(m_Tree->job);
+    ++m_Tree->jobs;
+    m_Tree->leaving.reset();
+    ShowTree(job->Take(), job->IsFiltered(), sight);
     m_Tree->matches = job->Matches();
     if (m_Tree->field)
     {
         const int64_t total = job->IsFiltered() ? job->Total() : -1;
         m_Tree->field->SetShown(static_cast<int>(job->Matches()), static_cast<int>(total));
     }
-    if (!ReturnHidden())
+    m_Tree->isReturning = true;
+    GoOnReturning();
+}
+
+// As much as a slice allows. False when there is more to do, or when the tree that is made is not
+// to be shown any more; the list may be gone then.
+bool wxDBTreeListCtrl::DeselectLeaving(_Sight& sight)
+{
+    TreeState& tree = *m_Tree;
+    const auto end = listviews::EndOfSlice();
+    for (bool isFirst = true;; isFirst = false)
     {
-        return;
+        const std::shared_ptr<TreeState::Telling> leaving = tree.leaving;
+        const bool isTold = leaving && leaving->told == leaving->rows.size();
+        if (!leaving || isTold || leaving->revision != tree.revision)
+        {
+            if (!isFirst && Clock::now() >= end)
+            {
+                tree.slices->GoOn();
+                return false;
+            }
+            std::vector<int64_t> lost;
+            OpenTree&            made = tree.job->Made();
+            made.DeselectIn(made.Root());
+            if (!Carry(made, sight, lost))
+            {
+                DropJob();
+                return false;
+            }
+            // Not again and again what the host keeps selected.
+            if (lost.empty() || (isTold && lost.size() >= leaving->rows.size()))
+            {
+                return true;
+            }
+            tree.leaving = std::make_shared<TreeState::Telling>();
+            tree.leaving->rows.assign(lost.rbegin(), lost.rend());
+            tree.leaving->revision = tree.revision;
+        }
+        if (!TellLeaving(end))
+        {
+            return false;
+        }
+    }
+}
+
+// The last row first. False when there are more, or when nothing is to be told of any more.
+bool wxDBTreeListCtrl::TellLeaving(Clock::time_point end)
+{
+    TreeState&                                tree = *m_Tree;
+    const unsigned                            jobs = tree.jobs;
+    const bool                                isFiltered = tree.job->IsFiltered();
+    const std::shared_ptr<TreeState::Telling> leaving = tree.leaving;
+    while (tree.leaving == leaving && leaving->told < leaving->rows.size() &&
+           leaving->revision == tree.revision)
+    {
+        if (leaving->told % kFewRows == kFewRows - 1 && Clock::now() >= end)
+        {
+            tree.slices->GoOn();
+            return false;
+        }
+        const int64_t   row = leaving->rows[leaving->told++];
+        const TreePlace place = tree.shown->At(row);
+        if (isFiltered && tree.shown->IsSelected(place))
+        {
+            tree.hidden.Add(place, place.parent->selected.at(place.place));
+        }
+        if (!TellOwn(wxEVT_LIST_ITEM_DESELECTED, row, isFiltered) || jobs != tree.jobs)
+        {
+            return false;
+        }
+    }
+    return true;
+}
+
+// False when a handler has destroyed the list.
+bool wxDBTreeListCtrl::TellOwn(wxEventType type, int64_t row, bool isFiltering)
+{
+    if (row >= GetItemCount())
+    {
+        return true;
+    }
+    TreeState&                        tree = *m_Tree;
+    const wxWeakRef<wxDBTreeListCtrl> self(this);
+    const bool                        wasTelling = std::exchange(tree.isTelling, true);
+    const bool wasFiltering = std::exchange(tree.isFiltering, tree.isFiltering || isFiltering);
+    const auto leave = [&]
+    {
+        if (self)
+        {
+            tree.isTelling = wasTelling;
+            tree.isFiltering = wasFiltering;
+        }
+    };
+    try
+    {
+        GetBody()->SendListEvent(type, wxPoint(0, 0), 0, static_cast<int>(row));
+    }
+    catch (...)
+    {
+        leave();
+        if (self)
+        {
+            tree.slices->GoOn(); // with the next row
+        }
+        throw;
+    }
+    leave();
+    return self && !IsBeingDeleted();
+}
+
+// Selects again what is shown again, and tells that the tree is arranged.
+void wxDBTreeListCtrl::GoOnReturning()
+{
+    TreeState&     tree = *m_Tree;
+    const auto     end = listviews::EndOfSlice();
+    const unsigned jobs = tree.jobs;
+    size_t         fewerThan = tree.returning ? tree.returning->rows.size() : SIZE_MAX;
+    while (!tree.hidden.IsEmpty())
+    {
+        if (!tree.returning || tree.returning->revision != tree.revision)
+        {
+            if (!FindReturning(fewerThan))
+            {
+                break;
+            }
+            fewerThan = tree.returning->rows.size();
+        }
+        else if (tree.returning->told == tree.returning->rows.size())
+        {
+            break;
+        }
+        if (Clock::now() >= end)
+        {
+            tree.slices->GoOn();
+            return;
+        }
+        if (!TellReturning(end) || jobs != tree.jobs)
+        {
+            return;
+        }
+    }
+    tree.isReturning = false;
+    tree.returning.reset();
+    if (!IsFiltered())
+    {
+        tree.hidden.Clear();
     }
     wxCommandEvent arranged(wxEVT_DBTREELIST_ARRANGED, GetId());
     arranged.SetEventObject(this);
     ProcessWindowEvent(arranged);
 }
 
-// Deselects what the filter hides, and keeps in mind what it was. False as `DeselectRows`.
-bool wxDBTreeListCtrl::HideRows(const std::vector<int64_t>& rows)
+// False when there are none, or no fewer: the host does not select them.
+bool wxDBTreeListCtrl::FindReturning(size_t fewerThan)
 {
     TreeState& tree = *m_Tree;
-    for (const int64_t row : rows)
-    {
-        const TreePlace place = tree.shown->At(row);
-        if (tree.shown->IsSelected(place))
-        {
-            tree.hidden.Add(place, place.parent->selected.at(place.place));
-        }
-    }
-    const wxWeakRef<wxDBTreeListCtrl> self(this);
-    tree.isFiltering = true;
-    const bool isAsBefore = DeselectRows(rows);
-    if (self)
-    {
-        tree.isFiltering = false;
-    }
-    return isAsBefore;
+    const auto found = std::make_shared<TreeState::Telling>();
+    found->revision = tree.revision;
+    Ask("Selecting again what was hidden",
+        [&] { found->rows = tree.hidden.FindIn(*tree.shown, *tree.model); });
+    tree.returning = found;
+    return !found->rows.empty() && found->rows.size() < fewerThan;
 }
 
-// Selects again what is shown again. False when the list is to be left alone: a handler has
-// destroyed it or has begun to arrange it anew.
-bool wxDBTreeListCtrl::ReturnHidden()
+// False when the list is gone.
+bool wxDBTreeListCtrl::TellReturning(Clock::time_point end)
 {
-    TreeState& tree = *m_Tree;
-    if (tree.hidden.IsEmpty())
+    TreeState&                                tree = *m_Tree;
+    const unsigned                            jobs = tree.jobs;
+    const std::shared_ptr<TreeState::Telling> returning = tree.returning;
+    while (returning->told < returning->rows.size() && returning->revision == tree.revision &&
+           !tree.hidden.IsEmpty())
     {
-        return true;
+        if (returning->told % kFewRows == kFewRows - 1 && Clock::now() >= end)
+        {
+            return true;
+        }
+        const int64_t row = returning->rows[returning->told++];
+        if (!TellOwn(wxEVT_LIST_ITEM_SELECTED, row, true))
+        {
+            return false;
+        }
+        if (jobs != tree.jobs)
+        {
+            return true;
+        }
     }
-    std::vector<int64_t> rows;
-    Ask("Selecting again what was hidden",
-        [&] { rows = tree.hidden.FindIn(*tree.shown, *tree.model); });
-    if (!IsFiltered())
-    {
-        tree.hidden.Clear();
-    }
-    const wxWeakRef<wxDBTreeListCtrl> self(this);
-    const unsigned                    revision = tree.revision;
-    tree.isFiltering = true;
-    const bool isAsBefore =
-        std::all_of(rows.begin(), rows.end(),
-                    [&](int64_t row) { return TellRow(wxEVT_LIST_ITEM_SELECTED, row, revision); });
-    if (!self)
-    {
-        return false;
-    }
-    tree.isFiltering = false;
-    return isAsBefore && !IsBeingDeleted();
+    return true;
 }
 
 wxDBTreeListCtrl::_Sight wxDBTreeListCtrl::SightOf() const

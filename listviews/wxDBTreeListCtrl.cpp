@@ -345,9 +345,42 @@ void wxDBTreeListCtrl::OnItemDeselect(wxListEvent& event)
     }
 }
 
+void wxDBTreeListCtrl::ChangeSelection(const std::vector<int>& rows, bool adding)
+{
+    CALL_ENTRY("wxDBTreeListCtrl::ChangeSelection");
+    if (!m_Tree->model || IsAsking("wxDBTreeListCtrl::ChangeSelection"))
+    {
+        return;
+    }
+    ForgetHidden();
+    if (!adding)
+    {
+        DropSelecting();
+        m_Tree->shown->DeselectIn(m_Tree->shown->Root());
+    }
+    Ask("A node's key",
+        [&]
+        {
+            for (const int row : rows)
+            {
+                const TreePlace place = row < GetItemCount() ? m_Tree->shown->At(row) : TreePlace();
+                if (place)
+                {
+                    const wxDBTreeNode node = listviews::ChildAt(*m_Tree->model, place);
+                    m_Tree->shown->Select(place, listviews::IdentityOf(*m_Tree->model, node));
+                }
+            }
+        });
+    GetBody()->Redraw();
+}
+
 // What a filter has hidden comes back to the selection that it was part of, and to no other.
 void wxDBTreeListCtrl::ForgetHidden()
 {
+    if (!m_Tree->isTelling)
+    {
+        m_Tree->leaving.reset(); // what leaves is looked for once more
+    }
     if (!m_Tree->isFiltering && !m_Tree->hidden.IsEmpty())
     {
         m_Tree->hidden.Clear();

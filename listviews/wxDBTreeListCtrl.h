@@ -7,6 +7,7 @@
 #include <wx/listbase.h>
 #include <wx/treelist.h>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -107,6 +108,9 @@ public:
     int                       ParentRow(int row) const; ///< -1 for a child of the root.
     int                       GetLevel(int row) const;  ///< 0 for a child of the root.
     std::vector<wxDBTreeNode> GetSelectedNodes();       ///< In the order of the rows.
+    /// Selects these rows, and no others unless `adding`. There is no event, as none is needed by
+    /// who asks for it; very many take little time.
+    void ChangeSelection(const std::vector<int>& rows, bool adding);
     /// The column that has the expanders, by its type, 0 at first; when none of that type is shown,
     /// the first one that is.
     void SetTreeColumn(int type);
@@ -135,6 +139,9 @@ public:
     bool      IsFiltered() const;    ///< What is shown.
     long long GetMatchCount() const; ///< Nodes that match; 0 when nothing is filtered.
     bool      IsArranging() const;   ///< The rows are going to be others.
+    /// Rows that go from sight are being deselected, or selected that are shown again: of very many
+    /// some at a time. `wxEVT_DBTREELIST_ARRANGED` follows the last one.
+    bool IsReselecting() const;
     /// @}
 
     bool             IsRowSelected(int row) override;
@@ -160,8 +167,6 @@ private:
     void ShowRows();
     bool DeselectRows(const std::vector<int64_t>& rows);
     bool TellRow(wxEventType type, int64_t row, unsigned revision);
-    bool HideRows(const std::vector<int64_t>& rows);
-    bool ReturnHidden();
     void OpenAt(const listviews::TreePlace& place);
     void OpenWithin(const listviews::TreePlace& place);
     void GoOnSelecting(const listviews::TreePlace& first, const listviews::TreePlace& last);
@@ -176,10 +181,16 @@ private:
     void ArrangeOn();
     void GoOnArranging();
     void TakeArranged();
+    void GoOnReturning();
+    bool FindReturning(size_t fewerThan);
+    bool TellReturning(std::chrono::steady_clock::time_point end);
     void OnField(wxCommandEvent& event);
     struct _Sight;
     _Sight SightOf() const;
     bool   Carry(listviews::OpenTree& made, _Sight& sight, std::vector<int64_t>& lost);
+    bool   DeselectLeaving(_Sight& sight);
+    bool   TellLeaving(std::chrono::steady_clock::time_point end);
+    bool   TellOwn(wxEventType type, int64_t row, bool isFiltering);
     void ShowTree(std::unique_ptr<listviews::OpenTree> made, bool isFiltered, const _Sight& sight);
     /// @}
 

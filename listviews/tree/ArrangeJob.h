@@ -23,7 +23,9 @@ public:
     ArrangeJob(wxDBTreeModel& model, TreeWish wish, const OpenTree& from);
 
     bool                      Step(); ///< False when it is done.
+    bool                      IsDone() const { return m_Tree && m_Unsorted.empty() && !m_Sort; }
     std::unique_ptr<OpenTree> Take(); ///< What there is of it, if it is not done.
+    OpenTree&                 Made() { return *m_Tree; } ///< Once it is done.
     bool                      IsFiltered() const { return m_Filtered != nullptr; }
     int64_t                   Matches() const { return m_Filtered ? m_Filtered->Matches() : 0; }
     int64_t                   Total() const { return m_Filtered ? m_Filtered->Total() : 0; }

@@ -34,6 +34,14 @@ struct TreeState
         uint64_t  identity = 0;
     };
 
+    /// Rows that are told of, as much as a slice allows.
+    struct Telling
+    {
+        std::vector<int64_t> rows;
+        size_t               told = 0;
+        unsigned             revision = 0; ///< Of the rows; with another one they are out of date.
+    };
+
     wxDBTreeModel*            model = nullptr;
     std::unique_ptr<OpenTree> shown = std::make_unique<OpenTree>();
     std::unique_ptr<OpenTree> aside; ///< What was open before anything was filtered; else null.
@@ -41,13 +49,18 @@ struct TreeState
     int64_t                   matches = 0;
     HiddenNodes               hidden; ///< What the filter has deselected.
     bool   isFiltering = false;       ///< The filter deselects, or selects again, just now.
+    bool   isTelling = false;         ///< Rows are being told of by the tree itself.
     String words;                     ///< Of the filter, if it is one of words.
     wxWeakRef<wxtSearchField> field;  ///< Where they come from.
 
     TreeWish                    wish;
-    std::unique_ptr<ArrangeJob> job;             ///< Null when nothing is being arranged.
-    bool                        isDue = false;   ///< It is to begin.
-    bool                        isAgain = false; ///< The model has changed since it began.
+    std::unique_ptr<ArrangeJob> job;                 ///< Null when nothing is being arranged.
+    bool                        isDue = false;       ///< It is to begin.
+    bool                        isAgain = false;     ///< The model has changed since it began.
+    unsigned                    jobs = 0;            ///< That have been begun, or ended.
+    std::shared_ptr<Telling>    leaving;             ///< What the tree that is made does not have.
+    std::shared_ptr<Telling>    returning;           ///< What was hidden and is shown again.
+    bool                        isReturning = false; ///< To be looked for, or told of.
     std::unique_ptr<Slices>     slices;
     TreeRemains                 remains;
 

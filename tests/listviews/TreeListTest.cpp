@@ -8,6 +8,10 @@
 #include "tests/support/EventCounter.h"
 #include "tests/support/LogCapture.h"
 
+#include <wx/utils.h>
+
+#include <numeric>
+
 namespace
 {
 constexpr int kParents = 20; // each with as many children, of which the first has as many again
@@ -279,6 +283,59 @@ TEST_F(TreeListTest, SortsAndFiltersInIdleTime)
     ASSERT_TRUE(WaitFor(isDone));
     EXPECT_EQ("", Selected());
     EXPECT_GE(arranged.Count(), 7);
+}
+
+// Of very many selected rows some at a time.
+TEST_F(TreeListTest, WhatGoesFromSightAndComesBackKeepsNobodyWaiting)
+{
+    for (int i = 0; i < 3000; ++i)
+    {
+        m_Model.Add(0, 2000000 + i);
+    }
+    const auto ends = [this] { return WaitFor([this] { return !m_Tree->IsArranging(); }); };
+    m_Tree->ModelChanged();
+    EXPECT_TRUE(ends());
+    std::vector<int> all(static_cast<size_t>(m_Tree->GetItemCount()));
+    std::iota(all.begin(), all.end(), 0);
+    size_t     told = 0;
+    const auto listen = [&told](wxListEvent& event)
+    {
+        event.Skip();
+        wxMilliSleep(++told % 64 == 0 ? 1 : 0);
+    };
+    Frame()->Bind(wxEVT_LIST_ITEM_SELECTED, listen);
+    Frame()->Bind(wxEVT_LIST_ITEM_DESELECTED, listen);
+    m_Tree->ChangeSelection(all, false);
+    EXPECT_EQ(0u, told);
+    EXPECT_EQ(all, m_Tree->GetSelection());
+    const auto hide = [&]
+    {
+        told = 0;
+        m_Tree->SetFilter([](wxDBTreeNode) { return false; });
+        EXPECT_TRUE(WaitFor([&] { return m_Tree->IsReselecting(); }));
+        EXPECT_LT(told, all.size());
+        EXPECT_EQ(static_cast<int>(all.size()), m_Tree->GetItemCount());
+    };
+    hide();
+    EXPECT_TRUE(ends());
+    EXPECT_EQ(all.size(), told);
+    EXPECT_EQ(0, m_Tree->GetItemCount());
+    m_Tree->SetFilter({});
+    EXPECT_TRUE(m_Tree->IsReselecting());
+    EXPECT_TRUE(ends());
+    EXPECT_EQ(2 * all.size(), told);
+    EXPECT_EQ(all, m_Tree->GetSelection());
+    hide();
+    m_Tree->GetBody()->SelectOnly(1, wxPoint(0, 0));
+    EXPECT_TRUE(ends());
+    EXPECT_EQ("", Selected());
+    m_Tree->SetFilter({});
+    EXPECT_TRUE(ends());
+    EXPECT_EQ("2 ", Selected()) << "what was selected meanwhile, and nothing else";
+    m_Tree->ChangeSelection(all, false);
+    hide();
+    m_Tree->SetModel(nullptr);
+    EXPECT_FALSE(m_Tree->IsReselecting());
 }
 
 // No row moves under an open menu or a question, but what a row shows may be what is decided by.
