@@ -77,10 +77,10 @@ wxSizer* wxtAboutDlg::NewButtons(const wxAboutDialogInfo& info)
     auto* const row = new wxBoxSizer(wxHORIZONTAL);
     if (info.HasWebSite())
     {
-        const wxString url = info.GetWebSiteURL();
-        auto* const    visit = new wxtButton(this, wxID_ANY, wxGetTranslation("&Web Site"));
-        visit->SetToolTip(url);
-        visit->Bind(wxEVT_BUTTON, [url](wxCommandEvent&) { wxLaunchDefaultBrowser(url); });
+        auto* const visit = new wxtButton(this, wxID_ANY, wxGetTranslation("&Web Site"));
+        visit->SetToolTip(info.GetWebSiteURL());
+        visit->Bind(wxEVT_BUTTON,
+                    [url = info.GetWebSiteURL()](wxCommandEvent&) { wxLaunchDefaultBrowser(url); });
         row->Add(visit);
     }
     auto* const close = new wxtButton(this, wxID_OK, wxGetTranslation("Close"));
