@@ -9,7 +9,7 @@
 #include "listviews/keys/ListKeys.h"
 #include "listviews/model/ListModel.h"
 #include "listviews/model/TableSettings.h"
-#include "listviews/refresh/RefreshRest.h"
+#include "listviews/refresh/RefreshWork.h"
 #include "listviews/selecting/SelectionWork.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListHeader.h"
@@ -31,8 +31,7 @@ wxDBListCtrl::wxDBListCtrl(wxWindow* parent, int id, bool singleSelection)
     : wxtPanel(parent, id),
       m_Model(std::make_unique<listviews::ListModel>()),
       m_Actions(MakeActions()),
-      m_Copier(std::make_unique<listviews::Copier>()),
-      m_Refresh(std::make_unique<listviews::RefreshRest>(*this))
+      m_Copier(std::make_unique<listviews::Copier>())
 {
     CALL_ENTRY("wxDBListCtrl::wxDBListCtrl");
     listviews::_TableSettings::Init();
@@ -184,12 +183,20 @@ void wxDBListCtrl::Insert(int row, unsigned long count, bool redraw)
     }
     m_Copier->RowsInserted(row, GetItemCount() - before);
     m_Body->Selecting().RowsInserted(row, GetItemCount() - before);
-    m_Refresh->RowsChanged();
-    m_Body->RowsChanged();
+    TellRowsChanged();
     if (redraw)
     {
         RedrawItems(row, GetItemCount() - 1);
     }
+}
+
+void wxDBListCtrl::TellRowsChanged()
+{
+    if (m_Refresh)
+    {
+        m_Refresh->RowsChanged();
+    }
+    m_Body->RowsChanged();
 }
 
 void wxDBListCtrl::Remove(int row)
@@ -209,8 +216,7 @@ void wxDBListCtrl::Remove(int row, unsigned long count)
     m_Model->RemoveRows(row, last);
     m_Copier->RowsRemoved(row, last);
     m_Body->Selecting().RowsRemoved(row, last);
-    m_Refresh->RowsChanged();
-    m_Body->RowsChanged();
+    TellRowsChanged();
     for (int removed = last; removed >= row; --removed)
     {
         if (IsRowSelected(removed) &&
@@ -242,26 +248,28 @@ void wxDBListCtrl::SetItemCount(int count)
         Insert(GetItemCount(), static_cast<unsigned long>(count - GetItemCount()), false);
     }
     m_Model->rowCount = std::clamp(count, 0, GetItemCount());
-    m_Refresh->RowsChanged();
-    m_Body->RowsChanged();
+    TellRowsChanged();
     m_Body->Redraw();
 }
 
 bool wxDBListCtrl::IsSelecting() const
 {
-    return m_Body->Selecting().IsBusy() || m_Refresh->IsBusy();
+    return m_Body->Selecting().IsBusy() || (m_Refresh && m_Refresh->IsBusy());
 }
 
 bool wxDBListCtrl::FinishSelecting()
 {
     CALL_ENTRY("wxDBListCtrl::FinishSelecting");
-    return m_Refresh->Finish() && m_Body->Selecting().Finish();
+    return (!m_Refresh || m_Refresh->Finish()) && m_Body->Selecting().Finish();
 }
 
 void wxDBListCtrl::DropSelecting()
 {
     m_Body->Selecting().Drop();
-    m_Refresh->Drop();
+    if (m_Refresh)
+    {
+        m_Refresh->Drop();
+    }
 }
 
 const wxCursor& wxDBListCtrl::GetCurrentCursor() const

@@ -22,7 +22,7 @@ struct ColumnPlan;
 class Copier;
 class ListKeys;
 struct ListModel;
-class RefreshRest;
+class RefreshWork;
 } // namespace listviews
 class wxDBListBody;
 class wxDBListHeader;
@@ -224,6 +224,7 @@ protected:
 private:
     void PutColumn(int index, const ColumnHeader& column);
     void TellColumnMoved(int from, int to);
+    void TellRowsChanged();
     void ColumnsChanged(); ///< There are others: what is held down in the titles is let go.
     void WidthsChanged();  ///< The content is as wide as the columns; everything is redrawn.
     void FitWithin(int index, std::chrono::steady_clock::duration time);
@@ -238,7 +239,7 @@ private:
     wxDBListBody*                             m_Body = nullptr;
     std::unique_ptr<listviews::ListKeys>      m_Keys;
     std::unique_ptr<listviews::Copier>        m_Copier;
-    std::unique_ptr<listviews::RefreshRest>   m_Refresh;
+    std::unique_ptr<listviews::RefreshWork>   m_Refresh; ///< Null before the first refresh.
 
     friend class wxListRefresh;
 };

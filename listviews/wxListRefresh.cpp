@@ -8,6 +8,15 @@
 #include "vesta/CallEntry.h"
 #include "vesta/Guarded.h"
 
+listviews::RefreshWork& wxListRefresh::WorkOf(wxDBListCtrl& list)
+{
+    if (!list.m_Refresh)
+    {
+        list.m_Refresh = std::make_unique<listviews::RefreshRest>(list);
+    }
+    return *list.m_Refresh;
+}
+
 wxListRefresh::wxListRefresh(wxDBListCtrl& list) : m_List(&list)
 {
     CALL_ENTRY("wxListRefresh::wxListRefresh");
@@ -19,7 +28,7 @@ wxListRefresh::wxListRefresh(wxDBListCtrl& list) : m_List(&list)
     list.ProcessWindowEventLocally(begins);
     if (!m_Marks)
     {
-        m_Marks = std::make_unique<listviews::RowMarks>(list.m_Refresh->Take());
+        m_Marks = std::make_unique<listviews::RowMarks>(WorkOf(list).Take());
     }
 }
 
@@ -37,7 +46,7 @@ wxListRefresh::~wxListRefresh()
                 m_List->ProcessWindowEventLocally(ends);
                 if (m_Marks)
                 {
-                    m_List->m_Refresh->Restore(*m_Marks);
+                    WorkOf(*m_List).Restore(*m_Marks);
                 }
             });
 }

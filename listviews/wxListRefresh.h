@@ -9,7 +9,8 @@
 namespace listviews
 {
 struct RowMarks;
-}
+class RefreshWork;
+} // namespace listviews
 class wxDBListCtrl;
 
 /// Stands around the refilling of a list, and has everything come back that the user has made of
@@ -38,6 +39,8 @@ public:
     wxListRefresh& operator=(const wxListRefresh&) = delete;
 
 private:
+    static listviews::RefreshWork& WorkOf(wxDBListCtrl& list);
+
     wxWeakRef<wxDBListCtrl>              m_List;
     std::unique_ptr<listviews::RowMarks> m_Marks;
 };

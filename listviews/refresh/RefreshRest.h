@@ -1,6 +1,6 @@
 #pragma once
 
-#include "listviews/refresh/RowMarks.h"
+#include "listviews/refresh/RefreshWork.h"
 #include "listviews/slices/Slices.h"
 
 #include <wx/event.h>
@@ -15,18 +15,18 @@ namespace listviews
 /// Brings back what a refresh keeps: at once what is found in a moment, and the rest, for which all
 /// rows may have to be asked, beside the window's life. What the user selects, moves to or scrolls
 /// to meanwhile stays as it is.
-class RefreshRest : public wxEvtHandler
+class RefreshRest : public wxEvtHandler, public RefreshWork
 {
 public:
     explicit RefreshRest(wxDBListCtrl& list); ///< Which owns it.
     ~RefreshRest() override;
 
-    void     Restore(const RowMarks& marks); ///< The list may be gone then.
-    RowMarks Take(); ///< The marks of the list as it is, and those that are not found yet.
-    bool     IsBusy() const { return m_Work != nullptr; }
-    bool     Finish(); ///< Looks for the rest at once. False when a handler has destroyed the list.
-    void     Drop();
-    void     RowsChanged(); ///< There are others: what was found may stand elsewhere.
+    void     Restore(const RowMarks& marks) override;
+    RowMarks Take() override;
+    bool     IsBusy() const override { return m_Work != nullptr; }
+    bool     Finish() override;
+    void     Drop() override;
+    void     RowsChanged() override;
 
 private:
     struct Work;
