@@ -18,14 +18,15 @@ namespace dialogs
 {
 namespace
 {
+// Dialog units.
+constexpr int kNameWidth = 85;
+constexpr int kValueWidth = 36;
+constexpr int kKeyWidth = 60;
+constexpr int kRatioWidth = 35; // without the mark
+constexpr int kPlaceWidth = 95;
+constexpr int kPairWidth = 120;
 // Pixels.
 constexpr int kSampleWidth = 40;
-constexpr int kNameWidth = 170;
-constexpr int kValueWidth = 72;
-constexpr int kKeyWidth = 120;
-constexpr int kRatioWidth = 84;
-constexpr int kPlaceWidth = 190;
-constexpr int kPairWidth = 240;
 const wxSize  kSampleSize(40, 22);
 constexpr int kSampleEdge = 2;
 constexpr int kMarkWidth = 14;
@@ -69,11 +70,16 @@ String RatioText(double contrast)
     return SFormat("%.2f : 1", std::floor(contrast * kParts) / kParts);
 }
 
+int PixelsOf(const wxWindow& list, int dialogUnits)
+{
+    return list.ConvertDialogToPixels(wxSize(dialogUnits, -1)).x;
+}
+
 // Of a column of numbers, which have to be whole in any font.
 int WidthFor(const wxWindow& list, const char* widest, int usual)
 {
     constexpr int kMargins = 10;
-    return std::max(usual, list.GetTextExtent(widest).x + kMargins);
+    return std::max(PixelsOf(list, usual), list.GetTextExtent(widest).x + kMargins);
 }
 
 wxString LabelOf(const String& key)
@@ -157,10 +163,10 @@ ColourList::ColourList(wxWindow* parent, const SchemeColours& colours)
 {
     CALL_ENTRY("ColourList::ColourList");
     AddColumn(column_Sample, String(), kSampleWidth);
-    AddColumn(column_Name, wxtFromWx(wxGetTranslation("Colour")), kNameWidth);
+    AddColumn(column_Name, wxtFromWx(wxGetTranslation("Colour")), PixelsOf(*this, kNameWidth));
     AddColumn(column_Value, wxtFromWx(wxGetTranslation("Value")),
               WidthFor(*this, "#DDDDDD", kValueWidth));
-    AddColumn(column_Key, wxtFromWx(wxGetTranslation("Key")), kKeyWidth);
+    AddColumn(column_Key, wxtFromWx(wxGetTranslation("Key")), PixelsOf(*this, kKeyWidth));
     SetItemCount(static_cast<int>(k_ColourCount));
     Select(0);
 }
@@ -198,9 +204,10 @@ PairList::PairList(wxWindow* parent, const SchemeColours& colours)
     CALL_ENTRY("PairList::PairList");
     AddColumn(column_Sample, String(), kSampleWidth);
     AddColumn(column_Ratio, wxtFromWx(wxGetTranslation("Contrast")),
-              WidthFor(*this, "00.00 : 1", kRatioWidth - kMarkWidth) + kMarkWidth);
-    AddColumn(column_Place, wxtFromWx(wxGetTranslation("Where")), kPlaceWidth);
-    AddColumn(column_Pair, wxtFromWx(wxGetTranslation("Text on ground")), kPairWidth);
+              WidthFor(*this, "00.00 : 1", kRatioWidth) + kMarkWidth);
+    AddColumn(column_Place, wxtFromWx(wxGetTranslation("Where")), PixelsOf(*this, kPlaceWidth));
+    AddColumn(column_Pair, wxtFromWx(wxGetTranslation("Text on ground")),
+              PixelsOf(*this, kPairWidth));
     SetItemCount(static_cast<int>(ColourPairs().size()));
 }
 

@@ -3,17 +3,23 @@
 #include "gallery/GalleryDialogs.h"
 #include "gallery/GallerySections.h"
 
+#include "appearance/wxtScrolledPane.h"
 #include "appearance/wxtStockControls.h"
 #include "shell/wxColorMenu.h"
 
+#include <wx/display.h>
 #include <wx/menu.h>
+#include <wx/settings.h>
 #include <wx/sizer.h>
+
+#include <algorithm>
 
 namespace
 {
 constexpr int kBorder = 10;    // pixels
 constexpr int kUnderTitle = 3; // pixels; all sections fit a screen of 1024
 constexpr int kColumns = 2;
+constexpr int kLeastHeight = 300;  // pixels
 constexpr int id_Disabled = 23000; // menu command: no control can be used
 
 void AddJobDialogAndPages(wxWindow* parent, wxSizer* sizer)
@@ -35,7 +41,7 @@ const struct
     {"Choice, combo box and check list", AddChoices},
     {"Panels that open; a pane that scrolls; docked panes", AddPanels},
     {"Charts", AddCharts},
-    {"List", AddList},
+    {"List, with a sash below", AddList},
     {"Text lines", AddText},
     {"A list of a million rows", AddArrangedList},
     {"Tree", AddTree},
@@ -54,15 +60,20 @@ GalleryFrame::GalleryFrame() : wxTolvanFrame("Tolvan Gallery")
     bar->Append(NewDialogMenu(*this), "D&ialogs"); // a button has the D
     SetMenuBar(bar);
 
-    auto* const panel = new wxtPanel(this);
+    auto* const pane = new wxtScrolledPane(this);
     Bind(
-        wxEVT_MENU, [panel](wxCommandEvent& event) { panel->Enable(!event.IsChecked()); },
+        wxEVT_MENU, [pane](wxCommandEvent& event) { pane->Enable(!event.IsChecked()); },
         id_Disabled);
-    panel->SetSizer(BuildSections(panel));
+    m_Grid = new wxFlexGridSizer(kColumns, wxSize(kBorder, kBorder));
+    AddSections(*pane);
+    auto* const framed = new wxBoxSizer(wxVERTICAL);
+    framed->Add(m_Grid, 1, wxEXPAND | wxALL, kBorder);
+    pane->SetSizer(framed);
     auto* const whole = new wxBoxSizer(wxVERTICAL);
-    whole->Add(panel, 1, wxEXPAND);
-    SetSizerAndFit(whole);
-    whole->SetSizeHints(this); // the search bar takes a second row at that width
+    whole->Add(pane, 1, wxEXPAND);
+    SetSizer(whole);
+    FitToScreen(*framed);
+    FitToScreen(*framed); // the search bar takes a second row at that width
     Bind(wxEVT_CLOSE_WINDOW, &GalleryFrame::OnClose, this);
     m_Built = true;
 }
@@ -75,25 +86,41 @@ void GalleryFrame::OnClose(wxCloseEvent& event)
     }
 }
 
-wxSizer* GalleryFrame::BuildSections(wxWindow* parent)
+void GalleryFrame::AddSections(wxWindow& parent)
 {
-    auto* const grid = new wxFlexGridSizer(kColumns, wxSize(kBorder, kBorder));
-    for (int column = 0; column < kColumns; ++column)
-    {
-        grid->AddGrowableCol(static_cast<size_t>(column), 1);
-    }
     for (const auto& section : kSections)
     {
         auto* const sizer = new wxBoxSizer(wxVERTICAL);
-        auto* const title = new wxtStaticText(parent, wxID_ANY, section.title);
+        auto* const title = new wxtStaticText(&parent, wxID_ANY, section.title);
         title->SetFont(title->GetFont().Bold());
         title->m_ForegroundName = color_TextGrey;
         title->KeepReadable();
         sizer->Add(title, 0, wxBOTTOM, kUnderTitle);
-        section.add(parent, sizer);
-        grid->Add(sizer, 1, wxEXPAND);
+        section.add(&parent, sizer);
+        m_Grid->Add(sizer, 1, wxEXPAND);
     }
-    auto* const framed = new wxBoxSizer(wxVERTICAL);
-    framed->Add(grid, 1, wxEXPAND | wxALL, kBorder);
-    return framed;
+    for (int column = 0; column < kColumns; ++column)
+    {
+        m_Grid->AddGrowableCol(static_cast<size_t>(column), 1);
+    }
+}
+
+// What is higher than the screen scrolls; what is wider goes below one another.
+void GalleryFrame::FitToScreen(wxSizer& sections)
+{
+    const wxSize screen = wxDisplay(this).GetClientArea().GetSize();
+    if (m_Grid->GetCols() == kColumns && ClientToWindowSize(sections.GetMinSize()).x > screen.x)
+    {
+        m_Grid->RemoveGrowableCol(kColumns - 1);
+        m_Grid->SetCols(kColumns - 1);
+    }
+    wxSize needed = ClientToWindowSize(sections.GetMinSize());
+    if (needed.y > screen.y)
+    {
+        needed.x += wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this);
+    }
+    const wxSize size(std::min(needed.x, screen.x), std::min(needed.y, screen.y));
+    SetMinSize(wxSize(size.x, std::min(size.y, kLeastHeight)));
+    SetSize(size);
+    Layout();
 }

@@ -3,6 +3,8 @@
 #include "shell/wxEndLater.h"
 #include "shell/wxTolvanFrame.h"
 
+class wxFlexGridSizer;
+
 /// Every control of the library once, in the current colour scheme.
 class GalleryFrame : public wxTolvanFrame
 {
@@ -10,8 +12,10 @@ public:
     GalleryFrame();
 
 private:
-    wxSizer* BuildSections(wxWindow* parent);
-    void     OnClose(wxCloseEvent& event);
+    void AddSections(wxWindow& parent);
+    void FitToScreen(wxSizer& sections);
+    void OnClose(wxCloseEvent& event);
 
-    wxEndLater m_End{*this};
+    wxEndLater       m_End{*this};
+    wxFlexGridSizer* m_Grid = nullptr; // the sizers' of its pane
 };

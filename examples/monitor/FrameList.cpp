@@ -28,8 +28,8 @@ enum
 const struct
 {
     const char* title;
-    int         width; // pixels
-} kColumns[] = {{"Frame", 60}, {"State", 80}, {"Time", 80}, {"File", 200}};
+    int         width; // dialog units
+} kColumns[] = {{"Frame", 30}, {"State", 40}, {"Time", 40}, {"File", 100}};
 
 const char* const kSection = "FrameList";
 const char* const kWidths = "Columns";
@@ -44,7 +44,8 @@ FrameList::FrameList(wxWindow* parent, const FarmJobs& jobs, std::function<void(
 {
     for (const auto& column : kColumns)
     {
-        AddColumn(GetColumnCount(), wxtFromWx(wxGetTranslation(column.title)), column.width);
+        AddColumn(GetColumnCount(), wxtFromWx(wxGetTranslation(column.title)),
+                  ConvertDialogToPixels(wxSize(column.width, -1)).x);
     }
     RestoreColumnLayout(kSection, kWidths);
     wxAddListMenu(*this, [this](const wxPoint& where)

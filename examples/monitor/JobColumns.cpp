@@ -15,19 +15,19 @@ String ElapsedTextOf(const FarmJob& job, Time now)
 }
 
 const JobColumnInfo kColumns[] = {
-    {"Name", 200, [](const FarmJob& job, Time) { return job.name; }, nullptr},
-    {"Product", 120, [](const FarmJob& job, Time) { return job.product; }, nullptr},
-    {"User", 90, [](const FarmJob& job, Time) { return job.user; }, nullptr},
-    {"State", 105, [](const FarmJob& job, Time) { return job.state; },
+    {"Name", 100, [](const FarmJob& job, Time) { return job.name; }, nullptr},
+    {"Product", 60, [](const FarmJob& job, Time) { return job.product; }, nullptr},
+    {"User", 45, [](const FarmJob& job, Time) { return job.user; }, nullptr},
+    {"State", 53, [](const FarmJob& job, Time) { return job.state; },
      [](const FarmJob& job, Time) -> double { return StateRank(job.state); }},
-    {"Progress", 130, [](const FarmJob& job, Time) { return SFormat("%d %%", job.progress); },
+    {"Progress", 65, [](const FarmJob& job, Time) { return SFormat("%d %%", job.progress); },
      [](const FarmJob& job, Time) -> double { return job.progress; }},
-    {"Frames Done", 110, FramesText,
+    {"Frames Done", 55, FramesText,
      [](const FarmJob& job, Time) -> double { return job.framesDone; }},
-    {"Elapsed", 90, ElapsedTextOf,
+    {"Elapsed", 45, ElapsedTextOf,
      [](const FarmJob& job, Time now)
      { return static_cast<double>(job.Elapsed(now).ToMicroseconds()); }},
-    {"Host", 120, [](const FarmJob& job, Time) { return job.host; }, nullptr},
+    {"Host", 60, [](const FarmJob& job, Time) { return job.host; }, nullptr},
 };
 static_assert(std::size(kColumns) == k_JobColumns);
 } // namespace

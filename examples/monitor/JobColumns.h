@@ -19,7 +19,7 @@ enum JobColumn
 struct JobColumnInfo
 {
     const char* title;
-    int         width; ///< Pixels, before the user has chosen.
+    int         width; ///< Dialog units, before the user has chosen.
     /// What a cell shows at that time.
     String (*text)(const FarmJob& job, Time now);
     /// What it is sorted by where that is a number; null: what it shows.

@@ -41,7 +41,9 @@ JobList::JobList(wxWindow* parent, FarmJobs& jobs, Actions actions)
 {
     for (int column = 0; column < k_JobColumns; ++column)
     {
-        AddColumn(column, wxtFromWx(wxGetTranslation(InfoOf(column).title)), InfoOf(column).width);
+        const JobColumnInfo& info = InfoOf(column);
+        AddColumn(column, wxtFromWx(wxGetTranslation(info.title)),
+                  ConvertDialogToPixels(wxSize(info.width, -1)).x);
     }
     SetTreeColumn(column_Name);
     RestoreLayout();

@@ -24,12 +24,12 @@ const struct
     int         type;
     const char* title;
     const char* key;
-    int         width; // pixels, before the user has chosen
-} kTitles[] = {{column_Name, "Name", "name", 195},
-               {column_State, "State", "state", 105},
-               {column_Progress, "Progress", "progress", 80},
-               {column_Product, "Product", "product", 110},
-               {column_User, "User", "user", 90}};
+    int         width; // dialog units, before the user has chosen
+} kTitles[] = {{column_Name, "Name", "name", 98},
+               {column_State, "State", "state", 53},
+               {column_Progress, "Progress", "progress", 40},
+               {column_Product, "Product", "product", 55},
+               {column_User, "User", "user", 45}};
 } // namespace
 
 JobTree::JobTree(wxWindow* parent, JobTreeModel& model, bool singleSelection)
@@ -38,7 +38,7 @@ JobTree::JobTree(wxWindow* parent, JobTreeModel& model, bool singleSelection)
     for (const auto& title : kTitles)
     {
         InsertColumn(GetColumnCount(), title.type, wxtFromWx(wxGetTranslation(title.title)),
-                     title.key, title.width);
+                     title.key, ConvertDialogToPixels(wxSize(title.width, -1)).x);
     }
     Bind(wxEVT_LIST_COL_CLICK, &JobTree::OnTitle, this);
 }
