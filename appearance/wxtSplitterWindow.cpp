@@ -86,11 +86,31 @@ void wxtSplitterWindow::SwitchPane()
     }
 }
 
+// The toolkit's goes on to lay out a pane that has been destroyed.
+void wxtSplitterWindow::RemoveChild(wxWindowBase* child)
+{
+    wxSplitterWindow::RemoveChild(child);
+    if (child != m_windowOne && child != m_windowTwo)
+    {
+        return;
+    }
+    m_windowOne = child == m_windowOne ? m_windowTwo : m_windowOne;
+    m_windowTwo = nullptr;
+    if (!IsBeingDeleted())
+    {
+        SizeWindows();
+    }
+}
+
 // The splitter also draws when it is laid out, and before it is on the screen that goes to the
 // screen's own background: it is left to the paint event.
 void wxtSplitterWindow::DrawSash(wxDC& dc)
 {
     CALL_ENTRY("wxtSplitterWindow::DrawSash");
+    if (!IsSplit())
+    {
+        return;
+    }
     const wxRect sash(0, GetSashPosition(), GetClientSize().x, GetSashSize());
     if (!dynamic_cast<wxPaintDC*>(&dc))
     {

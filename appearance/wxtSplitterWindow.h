@@ -29,6 +29,7 @@ public:
     void SwitchPane();
 
     void DrawSash(wxDC& dc) override;
+    void RemoveChild(wxWindowBase* child) override;
 
 private:
     String m_Name;

@@ -33,3 +33,30 @@ TEST_F(FrameTest, ASashComesBackAndLeavesBothPanesRoom)
     splitter->SwitchPane();
     EXPECT_TRUE(WaitFor([&] { return splitter->GetWindow1()->HasFocus(); }));
 }
+
+// A press in a pane may destroy it.
+TEST_F(FrameTest, APaneThatGoesLeavesTheOtherOneAllTheRoom)
+{
+    for (const bool isFirst : {true, false})
+    {
+        Frame()->DestroyChildren();
+        auto* const splitter = new wxtSplitterWindow(Frame(), String());
+        Frame()->SendSizeEvent();
+        auto* const upper = new wxtPanel(splitter);
+        auto* const lower = new wxtPanel(splitter);
+        splitter->Split(upper, lower, 150);
+        (isFirst ? upper : lower)->Destroy();
+        wxWindow* const left = isFirst ? lower : upper;
+        EXPECT_FALSE(splitter->IsSplit());
+        EXPECT_EQ(left, splitter->GetWindow1());
+        Frame()->SetClientSize(500, 350);
+        splitter->Refresh();
+        EXPECT_TRUE(WaitFor([&] { return left->GetSize() == splitter->GetClientSize(); }));
+        splitter->SwitchPane();
+        splitter->MoveSash(20);
+        left->Destroy();
+        Frame()->SetClientSize(400, 400);
+        PumpEvents();
+        EXPECT_EQ(nullptr, splitter->GetWindow1());
+    }
+}
