@@ -3,6 +3,7 @@
 #include "appearance/wxTolvanColors.h"
 #include "listviews/model/ListSelection.h"
 #include "listviews/model/TableSettings.h"
+#include "listviews/rows/PackedRow.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/dc.h>
@@ -12,16 +13,12 @@
 
 struct wxtListCtrl::Row
 {
-    Row() = default;
-    // Fonts and colours don't promise that moving never throws; without the promise all rows would
-    // be copied, with their texts, whenever there are too many for their place.
-    Row(Row&&) noexcept = default;
-    Row& operator=(Row&&) noexcept = default;
-
-    std::vector<String> cells;
-    wxFont              font;
-    wxColour            colour;
-    int                 image = -1;
+    listviews::PackedRow    cells;
+    std::unique_ptr<wxFont> font; // few rows have one
+    // Of the text, as a number: a colour object of its own would take ten times as much. 0 is the
+    // scheme's; as a colour it is a transparent black, which nobody would see.
+    wxUint32 colour = 0;
+    int      image = -1;
 };
 
 // clang-format off
@@ -47,37 +44,28 @@ wxtListCtrl::~wxtListCtrl()
     DestroyChildren();
 }
 
-bool wxtListCtrl::HasData(int row) const
+// None where the list shows an empty row.
+wxtListCtrl::Row* wxtListCtrl::FindRow(int row)
 {
-    return row >= 0 && static_cast<size_t>(row) < m_Rows.size();
+    return row >= 0 && static_cast<size_t>(row) < m_Rows.size() ? &m_Rows[static_cast<size_t>(row)]
+                                                                : nullptr;
 }
 
-// A row may have fewer cells than there are columns.
 void wxtListCtrl::MoveCells(int from, int to)
 {
     for (Row& row : m_Rows)
     {
-        const auto count = static_cast<int>(row.cells.size());
-        if (from >= 0 && to >= 0 && count <= std::max(from, to))
+        if (from < 0)
         {
-            row.cells.resize(static_cast<size_t>(std::max(from, to)) + 1);
+            row.cells.Insert(static_cast<size_t>(to));
         }
-        const auto cells = row.cells.begin();
-        if (from < 0 && to < count)
+        else if (to < 0)
         {
-            row.cells.emplace(cells + to);
+            row.cells.Erase(static_cast<size_t>(from));
         }
-        else if (to < 0 && from < count)
+        else
         {
-            row.cells.erase(cells + from);
-        }
-        else if (from >= 0 && to > from)
-        {
-            std::rotate(cells + from, cells + from + 1, cells + to + 1);
-        }
-        else if (from >= 0 && to >= 0)
-        {
-            std::rotate(cells + to, cells + from, cells + from + 1);
+            row.cells.Move(static_cast<size_t>(from), static_cast<size_t>(to));
         }
     }
 }
@@ -86,14 +74,14 @@ int wxtListCtrl::InsertItem(int row, const String& text, int image)
 {
     CALL_ENTRY("wxtListCtrl::InsertItem");
     const int place = std::clamp(row, 0, static_cast<int>(m_Rows.size()));
-    Insert(place, true);
-    Row inserted;
-    inserted.cells.resize(static_cast<size_t>(GetColumnCount()));
-    if (!inserted.cells.empty())
-    {
-        inserted.cells[0] = text;
-    }
+    Row       inserted;
     inserted.image = image;
+    if (GetColumnCount() > 0)
+    {
+        inserted.cells = listviews::PackedRow(static_cast<size_t>(GetColumnCount()));
+        inserted.cells.Set(0, text);
+    }
+    Insert(place, true);
     m_Rows.insert(m_Rows.begin() + place, std::move(inserted));
     m_Selection->RowInserted(place);
     Redraw();
@@ -103,25 +91,20 @@ int wxtListCtrl::InsertItem(int row, const String& text, int image)
 void wxtListCtrl::SetItem(int row, int column, const String& text)
 {
     CALL_ENTRY("wxtListCtrl::SetItem");
-    if (!HasData(row) || column < 0 || column >= GetColumnCount())
+    Row* const data = FindRow(row);
+    if (data && column >= 0 && column < GetColumnCount())
     {
-        return;
+        data->cells.Set(static_cast<size_t>(column), text);
+        RedrawCell(row, column);
     }
-    std::vector<String>& cells = m_Rows[static_cast<size_t>(row)].cells;
-    if (static_cast<size_t>(column) >= cells.size())
-    {
-        cells.resize(static_cast<size_t>(GetColumnCount())); // columns have come since
-    }
-    cells[static_cast<size_t>(column)] = text;
-    RedrawCell(row, column);
 }
 
 void wxtListCtrl::SetItemTextColour(int row, const wxColour& colour)
 {
     CALL_ENTRY("wxtListCtrl::SetItemTextColour");
-    if (HasData(row))
+    if (Row* const data = FindRow(row))
     {
-        m_Rows[static_cast<size_t>(row)].colour = colour;
+        data->colour = colour.IsOk() ? colour.GetRGBA() : 0;
         RedrawItem(row);
     }
 }
@@ -129,9 +112,9 @@ void wxtListCtrl::SetItemTextColour(int row, const wxColour& colour)
 void wxtListCtrl::SetItemFont(int row, const wxFont& font)
 {
     CALL_ENTRY("wxtListCtrl::SetItemFont");
-    if (HasData(row))
+    if (Row* const data = FindRow(row))
     {
-        m_Rows[static_cast<size_t>(row)].font = font;
+        data->font = font.IsOk() ? std::make_unique<wxFont>(font) : nullptr;
         RedrawItem(row);
     }
 }
@@ -149,12 +132,12 @@ void wxtListCtrl::SetImages(const std::vector<wxBitmapBundle>& images)
 void wxtListCtrl::DeleteItem(int row)
 {
     CALL_ENTRY("wxtListCtrl::DeleteItem");
-    if (!HasData(row))
+    if (!FindRow(row))
     {
         return;
     }
     FinishCopying();
-    if (!FinishSelecting() || !HasData(row))
+    if (!FinishSelecting() || !FindRow(row))
     {
         return;
     }
@@ -184,41 +167,41 @@ std::vector<int> wxtListCtrl::GetSelection()
 
 String wxtListCtrl::GetDisplayText(int row, int column)
 {
-    if (!HasData(row))
-    {
-        return String();
-    }
-    const std::vector<String>& cells = m_Rows[static_cast<size_t>(row)].cells;
-    return column >= 0 && static_cast<size_t>(column) < cells.size()
-               ? cells[static_cast<size_t>(column)]
-               : String();
+    const Row* const data = FindRow(row);
+    return data && column >= 0 ? String(data->cells.Text(static_cast<size_t>(column))) : String();
 }
 
 wxColour wxtListCtrl::GetRowColor(int row)
 {
-    const bool own = HasData(row) && m_Rows[static_cast<size_t>(row)].colour.IsOk();
-    return own ? m_Rows[static_cast<size_t>(row)].colour : wxDBListCtrl::GetRowColor(row);
+    const Row* const data = FindRow(row);
+    if (!data || data->colour == 0)
+    {
+        return wxDBListCtrl::GetRowColor(row);
+    }
+    wxColour colour;
+    colour.SetRGBA(data->colour);
+    return colour;
 }
 
 void wxtListCtrl::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected)
 {
-    if (!HasData(row))
+    const Row* const data = FindRow(row);
+    if (!data)
     {
         return;
     }
-    const Row& data = m_Rows[static_cast<size_t>(row)];
     if (IsFirstShown(column))
     {
-        const int taken = DrawImage(dc, data, rect);
+        const int taken = DrawImage(dc, *data, rect);
         rect.x += taken;
         rect.width -= taken;
     }
-    if (!data.font.IsOk())
+    if (!data->font)
     {
         wxDBListCtrl::DrawCell(dc, row, column, rect, selected);
         return;
     }
-    const wxDCFontChanger font(dc, data.font);
+    const wxDCFontChanger font(dc, *data->font);
     wxDBListCtrl::DrawCell(dc, row, column, rect, selected);
 }
 
@@ -247,14 +230,14 @@ int wxtListCtrl::ImageWidth(const Row& row) const
 
 int wxtListCtrl::GetCellWidth(wxDC& dc, int row, int column)
 {
-    if (!HasData(row))
+    const Row* const data = FindRow(row);
+    if (!data)
     {
         return 0;
     }
-    const Row&            data = m_Rows[static_cast<size_t>(row)];
-    const wxDCFontChanger font(dc, data.font.IsOk() ? data.font : dc.GetFont());
-    return wxDBListCtrl::GetCellWidth(dc, row, column) +
-           (IsFirstShown(column) ? ImageWidth(data) : 0);
+    const int             image = IsFirstShown(column) ? ImageWidth(*data) : 0;
+    const wxDCFontChanger font(dc, data->font ? *data->font : dc.GetFont());
+    return image + wxDBListCtrl::GetCellWidth(dc, row, column);
 }
 
 int wxtListCtrl::DrawImage(wxDC& dc, const Row& row, const wxRect& rect)

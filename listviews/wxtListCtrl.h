@@ -17,7 +17,8 @@ class wxListEvent;
 /// A list that keeps its rows as texts, and what of them is selected. Its operations have the names
 /// of a stock report-mode list's. Operations on rows or columns that it does not have do nothing.
 /// Rows stay in the order in which they were put: a list that sorts or filters derives from
-/// `wxDBListCtrl` and has a `wxListArranger`. Main thread.
+/// `wxDBListCtrl` and has a `wxListArranger`. A row holds up to 4 GiB of text; an operation that
+/// would make it longer throws `std::length_error` and changes nothing. Main thread.
 class TOLVAN_API wxtListCtrl : public wxDBListCtrl
 {
 public:
@@ -56,7 +57,7 @@ public:
 private:
     struct Row;
 
-    bool HasData(int row) const;
+    Row* FindRow(int row);
     void MoveCells(int from, int to);
     bool IsFirstShown(int column) const; ///< Its cells have the rows' images.
     int  ImageWidth(const Row& row) const;

@@ -7,6 +7,7 @@
 #include "tests/support/Pictures.h"
 #include "tests/support/TestApp.h"
 
+#include <wx/dcclient.h>
 #include <wx/listbase.h>
 
 #include <climits>
@@ -281,4 +282,50 @@ TEST_F(ListCtrlTest, RowsComeAndGo)
     m_List->EnsureVisible(m_List->GetItemCount() - 1);
     const wxRect last = Body()->GetItemRect(m_List->GetItemCount() - 1);
     EXPECT_EQ(Body()->GetClientSize().y, last.GetBottom() + 1) << "the last row can be reached";
+}
+
+// Most rows have none of their own.
+TEST_F(ListCtrlTest, FontAndColourGoWithTheirRow)
+{
+    const wxColour scheme = wxtGetColor(color_Text);
+    const wxColour own(12, 200, 45, 128);
+    wxClientDC     dc(Body());
+    dc.SetFont(Body()->GetFont());
+    const int width = m_List->GetCellWidth(dc, 6, 0);
+    m_List->SetItemTextColour(5, own);
+    m_List->SetItemFont(6, Body()->GetFont().Scaled(3));
+    m_List->InsertItem(2, "new");
+    m_List->DeleteItem(0);
+    m_List->InsertItem(6, "between");
+    m_List->MoveColumn(0, 1);
+    EXPECT_EQ(own, m_List->GetRowColor(5));
+    EXPECT_EQ("row 5", m_List->GetDisplayText(5, 1));
+    for (const int other : {-1, 0, 4, 6, 7, 1000})
+    {
+        EXPECT_EQ(scheme, m_List->GetRowColor(other)) << other;
+    }
+    EXPECT_EQ("row 6", m_List->GetDisplayText(7, 1));
+    EXPECT_GT(m_List->GetCellWidth(dc, 7, 1), 2 * width);
+    EXPECT_EQ(width, m_List->GetCellWidth(dc, 5, 1));
+
+    m_List->SetItemTextColour(5, wxColour());
+    m_List->SetItemFont(7, wxFont());
+    EXPECT_EQ(scheme, m_List->GetRowColor(5));
+    EXPECT_EQ(width, m_List->GetCellWidth(dc, 7, 1));
+}
+
+TEST_F(ListCtrlTest, ColumnsThatComeLaterHaveCells)
+{
+    m_List->AddColumn(20, "late", 50);
+    m_List->AddColumn(21, "later", 50);
+    EXPECT_EQ("", m_List->GetDisplayText(0, 4));
+    m_List->SetItem(0, 4, "last");
+    m_List->SetItem(0, 3, "");
+    m_List->RemoveColumn(3);
+    EXPECT_EQ("last", m_List->GetDisplayText(0, 3));
+    EXPECT_EQ("row 0", m_List->GetDisplayText(0, 0));
+    m_List->RemoveAllColumns();
+    EXPECT_EQ(0, m_List->InsertItem(0, "lost")) << "no column to keep it in";
+    m_List->AddColumn(10, "", 50);
+    EXPECT_EQ("", m_List->GetDisplayText(0, 0));
 }
