@@ -8,56 +8,22 @@
 #include <wx/sizer.h>
 #include <wx/stopwatch.h>
 
-#include <unistd.h>
+#include <gdk/gdk.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
-#include <random>
 
 namespace
 {
-constexpr int      kClientWidth = 1600; // pixels
-constexpr int      kClientHeight = 900; // pixels
-constexpr int      kLeastLine = 40;     // characters
-constexpr int      kLongestLine = 160;  // characters
-constexpr size_t   kLines = 4001;       // a prime, so that no pattern repeats with the repaints
-constexpr unsigned kSeed = 20240607;
-constexpr int      kPatienceMs = 10000;
-constexpr int      kRepaints = 200; // of which the median is taken
-constexpr int      kFewRepaints = 50;
-
-String MakeLine(std::mt19937& random)
-{
-    static const char* const kWords[] = {"frame",   "rendered", "tile", "sample", "texture",
-                                         "warning", "loading",  "done", "shots",  "geometry"};
-    const auto               size =
-        static_cast<size_t>(std::uniform_int_distribution<int>(kLeastLine, kLongestLine)(random));
-    String line = SFormat("%08x ", static_cast<unsigned>(random()));
-    while (line.size() < size)
-    {
-        line += kWords[random() % std::size(kWords)];
-        line += ' ';
-    }
-    line.resize(size);
-    return line;
-}
+constexpr int kClientWidth = 1600; // pixels
+constexpr int kClientHeight = 900; // pixels
+constexpr int kPatienceMs = 10000;
 } // namespace
 
-const std::vector<String>& WorkloadLines()
+void WaitForDisplay()
 {
-    static const std::vector<String> s_Lines = []
-    {
-        std::mt19937        random(kSeed);
-        std::vector<String> lines;
-        for (size_t i = 0; i < kLines; ++i)
-        {
-            lines.push_back(MakeLine(random));
-        }
-        return lines;
-    }();
-    return s_Lines;
+    gdk_display_sync(gdk_display_get_default());
 }
 
 wxFrame* OpenFrame(const std::function<wxWindow*(wxFrame*)>& make)
@@ -90,6 +56,14 @@ void PumpEvents()
     }
     wxTheApp->ProcessPendingEvents();
     wxTheApp->ProcessIdle();
+}
+
+void PumpFor(double seconds)
+{
+    for (const auto start = Clock::now(); SecondsSince(start) < seconds;)
+    {
+        PumpEvents();
+    }
 }
 
 void PumpUntil(const std::function<bool()>& condition)
@@ -129,43 +103,6 @@ void Report(benchmark::State& state, const SlicedWork& work)
         std::max<double>(state.counters["longest_ms"], work.longest * 1e3);
 }
 
-size_t ResidentBytes()
-{
-    std::ifstream statm("/proc/self/statm");
-    size_t        total = 0;
-    size_t        resident = 0;
-    statm >> total >> resident;
-    return resident * static_cast<size_t>(sysconf(_SC_PAGESIZE));
-}
-
-double SecondsSince(Clock::time_point start)
-{
-    return std::chrono::duration<double>(Clock::now() - start).count();
-}
-
-void Repaints(benchmark::internal::Benchmark* benchmark)
-{
-    benchmark->Iterations(kRepaints)->UseManualTime()->Unit(benchmark::kMillisecond);
-}
-
-void FewRepaints(benchmark::internal::Benchmark* benchmark)
-{
-    benchmark->Iterations(kFewRepaints)->UseManualTime()->Unit(benchmark::kMillisecond);
-}
-
-void MeasureMedian(benchmark::State& state, const std::function<double()>& work)
-{
-    std::vector<double> times;
-    for (auto _ : state)
-    {
-        times.push_back(work());
-        state.SetIterationTime(times.back());
-    }
-    const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-    std::nth_element(times.begin(), middle, times.end());
-    state.counters["median_ms"] = *middle * 1e3;
-}
-
 int RunBenchmarks(int argc, char** argv)
 {
     benchmark::Initialize(&argc, argv);
@@ -184,8 +121,8 @@ int RunBenchmarks(int argc, char** argv)
     benchmark::AddCustomContext("toolkit",
                                 wxGetLibraryVersionInfo().GetVersionString().ToStdString());
     benchmark::AddCustomContext("port",
-                                wxPlatformInfo::Get().GetPortIdShortName().ToStdString() +
-                                    SFormat(" %d", wxPlatformInfo::Get().GetToolkitMajorVersion()));
+                                wxPlatformInfo::Get().GetPortIdShortName().ToStdString() + " " +
+                                    std::to_string(wxPlatformInfo::Get().GetToolkitMajorVersion()));
     {
         wxEventLoop                loop;
         const wxEventLoopActivator active(&loop);

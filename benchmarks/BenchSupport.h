@@ -1,23 +1,13 @@
 #pragma once
 
-#include "vesta/String.h"
-
-#include <benchmark/benchmark.h>
+#include "benchmarks/FrameTime.h"
 
 #include <wx/frame.h>
 
-#include <chrono>
-#include <cstddef>
-#include <functional>
 #include <memory>
-#include <vector>
 
-/// What the benchmarks of windows share: the toolkit's start and end, a shown frame with a client
-/// area of 1600 x 900 pixels, the lines of the workload, and the process's memory.
-
-/// Lines of 40 to 160 characters, 100 in the mean, that look like a render log. The same in every
-/// run; there are some thousand, to be used over and over.
-const std::vector<String>& WorkloadLines();
+/// What the benchmarks of wxWidgets' windows share: the toolkit's start and end, and a shown frame
+/// with a client area of 1600 x 900 pixels.
 
 /// A frame that is shown and holds the window that `make` makes; closed by
 /// `CloseFrame`.
@@ -26,6 +16,7 @@ void     CloseFrame(wxFrame* frame);
 
 /// Handles the events that wait.
 void PumpEvents();
+void PumpFor(double seconds);
 /// Pumps until the condition holds; ends the program when it does not within ten seconds.
 void PumpUntil(const std::function<bool()>& condition);
 
@@ -65,19 +56,6 @@ struct SlicedWork
 SlicedWork MeasureSlices(const std::function<void()>& ask, const std::function<bool()>& isBusy);
 /// What is reported of several times; "longest_ms" is the longest of all.
 void Report(benchmark::State& state, const SlicedWork& work);
-
-/// Resident memory of the process, in bytes.
-size_t ResidentBytes();
-
-using Clock = std::chrono::steady_clock;
-double SecondsSince(Clock::time_point start);
-
-/// How repaints are measured: 200 of them, or 50 of slow ones; in milliseconds.
-void Repaints(benchmark::internal::Benchmark* benchmark);
-void FewRepaints(benchmark::internal::Benchmark* benchmark);
-/// Runs `work`, which returns the seconds that it took, once an iteration; the median becomes the
-/// counter "median_ms".
-void MeasureMedian(benchmark::State& state, const std::function<double()>& work);
 
 /// Runs all benchmarks of the program under the toolkit; to be returned from main.
 int RunBenchmarks(int argc, char** argv);

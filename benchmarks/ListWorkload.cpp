@@ -11,6 +11,8 @@ using Cells = std::array<String, kCellColumns>;
 constexpr unsigned kSeed = 20240611;
 constexpr int      kLeastPath = 20;   // characters
 constexpr int      kLongestPath = 80; // characters
+constexpr size_t   kNameColumn = 0;
+constexpr size_t   kUserColumn = 2;
 
 template <size_t Count> const char* Any(std::mt19937& random, const char* const (&texts)[Count])
 {
@@ -64,19 +66,46 @@ Cells MakeRow(std::mt19937& random)
             SFormat("render-node-%03d.hall-%02d", Number(random, 1, 400), Number(random, 1, 12)),
             SFormat("%d kB", Number(random, 1, 99999999))};
 }
+
+Cells MakeWorldRow(std::mt19937& random)
+{
+    static const char* const kPlaces[] = {"São Luís", "Łódź",   "Đà Nẵng", "東京湾の夜景",
+                                          "北京夜景", "大阪駅", "Иркутск", "Ærøskøbing"};
+    static const char* const kMarks[] = {"🎬", "🔥", "🚀", "✅", "🌙", "👩‍🚀", "é", "ß"};
+    static const char* const kUsers[] = {"Zoë Müller", "Jürgen Núñez", "田中 美咲", "王小明",
+                                         "李娜",       "Ольга Ильина", "Mei 🐼"};
+    Cells                    row = MakeRow(random);
+    row[kNameColumn] = String(Any(random, kPlaces)) + " " + Any(random, kMarks) +
+                       SFormat(" %03d", Number(random, 1, 999));
+    row[kUserColumn] = Any(random, kUsers);
+    return row;
+}
+
+std::vector<Cells> MakeRows(Cells (*makeRow)(std::mt19937&))
+{
+    std::mt19937       random(kSeed);
+    std::vector<Cells> rows;
+    for (int i = 0; i < kCellRows; ++i)
+    {
+        rows.push_back(makeRow(random));
+    }
+    return rows;
+}
+
+const String& CellOf(const std::vector<Cells>& rows, int row, int column)
+{
+    return rows[static_cast<size_t>(row % kCellRows)][static_cast<size_t>(column)];
+}
 } // namespace
 
 const String& WorkloadCell(int row, int column)
 {
-    static const std::vector<Cells> s_Rows = []
-    {
-        std::mt19937       random(kSeed);
-        std::vector<Cells> rows;
-        for (int i = 0; i < kCellRows; ++i)
-        {
-            rows.push_back(MakeRow(random));
-        }
-        return rows;
-    }();
-    return s_Rows[static_cast<size_t>(row % kCellRows)][static_cast<size_t>(column)];
+    static const std::vector<Cells> s_Rows = MakeRows(&MakeRow);
+    return CellOf(s_Rows, row, column);
+}
+
+const String& WorldCell(int row, int column)
+{
+    static const std::vector<Cells> s_Rows = MakeRows(&MakeWorldRow);
+    return CellOf(s_Rows, row, column);
 }

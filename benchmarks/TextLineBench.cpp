@@ -1,4 +1,5 @@
 #include "benchmarks/BenchSupport.h"
+#include "benchmarks/TextWorkload.h"
 #include "listviews/wxDoubleBufferedWindow.h"
 #include "textviews/wxTextLineCtrl.h"
 
@@ -8,8 +9,6 @@
 
 namespace
 {
-constexpr int      kLinesPerRepaint = 1000;
-constexpr int      kSortedLines = 50000;
 constexpr int      kMillion = 1000000;
 constexpr unsigned kSeed = 7;
 
@@ -61,12 +60,18 @@ public:
 
     void Fill(int count) const
     {
-        const std::vector<String>& lines = WorkloadLines();
         for (int i = 0; i < count; ++i)
         {
-            m_View->Append(lines[static_cast<size_t>(i) % lines.size()], false);
+            m_View->Append(WorkloadLine(i), false);
         }
         PumpEvents();
+    }
+    /// Handles the events, and paints everything.
+    void Show() const
+    {
+        PumpEvents();
+        m_View->Repaint();
+        WaitForDisplay();
     }
 
 private:
@@ -77,43 +82,35 @@ private:
 // Lines appended one by one, events handled and a repaint forced every so many.
 void AppendAndRepaint(benchmark::State& state)
 {
-    const int                  count = static_cast<int>(state.range(0));
-    const std::vector<String>& lines = WorkloadLines();
+    const int count = static_cast<int>(state.range(0));
+    WorkloadLines();
     for (auto _ : state)
     {
-        state.PauseTiming();
         const Stage stage;
         stage->SetFollowEnd(true);
-        const int       drawn = stage->Drawn();
-        const size_t    before = ResidentBytes();
-        Clock::duration appending{};
-        state.ResumeTiming();
+        stage.Show();
+        const int        drawn = stage->Drawn();
+        const size_t     before = ResidentBytes();
+        Clock::duration  appending{};
+        const FrameWatch watch;
         for (int i = 0; i < count;)
         {
             const auto start = Clock::now();
             for (const int end = std::min(i + kLinesPerRepaint, count); i < end; ++i)
             {
-                stage->Append(lines[static_cast<size_t>(i) % lines.size()], false);
+                stage->Append(WorkloadLine(i), false);
             }
             appending += Clock::now() - start;
-            PumpEvents();
-            stage->Repaint();
+            stage.Show();
         }
-        state.PauseTiming();
+        Report(state, watch.Shown());
         state.counters["append_ns"] = Seconds(appending) * 1e9 / count;
         state.counters["bytes_per_line"] =
             static_cast<double>(ResidentBytes() - before) / static_cast<double>(count);
         state.counters["repaints"] = stage->Drawn() - drawn;
-        state.ResumeTiming();
     }
 }
-BENCHMARK(AppendAndRepaint)
-    ->Arg(kMillion / 10)
-    ->Arg(kMillion)
-    ->Arg(10 * kMillion)
-    ->Iterations(1)
-    ->UseRealTime()
-    ->Unit(benchmark::kMillisecond);
+BENCHMARK(AppendAndRepaint)->Arg(kMillion / 10)->Arg(kMillion)->Arg(10 * kMillion)->Apply(Once);
 
 // A full repaint at random places; the median.
 void RepaintAnywhere(benchmark::State& state)
@@ -125,10 +122,12 @@ void RepaintAnywhere(benchmark::State& state)
                   [&]
                   {
                       const auto range = static_cast<unsigned>(stage->GetScrollRange(wxVERTICAL));
+                      PumpEvents();
+                      WaitForDisplay();
+                      const FrameWatch watch;
                       stage->SetScrollPos(wxVERTICAL, static_cast<int>(random() % range));
-                      const auto start = Clock::now();
                       stage->Repaint();
-                      return SecondsSince(start);
+                      return watch.Shown();
                   });
 }
 BENCHMARK(RepaintAnywhere)->Arg(1000)->Arg(kMillion)->Apply(Repaints);
@@ -156,29 +155,30 @@ BENCHMARK(SearchToTheLastLine)
     ->UseRealTime()
     ->Unit(benchmark::kMillisecond);
 
+// Lines that come in no order, with a repaint every so many.
 void AppendSorted(benchmark::State& state)
 {
-    const std::vector<String>& lines = WorkloadLines();
-    std::mt19937               random(kSeed);
-    std::vector<String>        shuffled;
-    for (int i = 0; i < kSortedLines; ++i)
-    {
-        shuffled.push_back(SFormat("%08x ", static_cast<unsigned>(random())) +
-                           lines[static_cast<size_t>(i) % lines.size()]);
-    }
+    const std::vector<String>& lines = UnsortedLines();
     for (auto _ : state)
     {
-        state.PauseTiming();
-        const Stage stage;
-        state.ResumeTiming();
-        for (const String& line : shuffled)
+        const Stage      stage;
+        const FrameWatch watch;
+        for (size_t i = 0; i < lines.size(); ++i)
         {
-            stage->Append(line, true);
+            stage->Append(lines[i], true);
+            if ((i + 1) % kLinesPerRepaint == 0)
+            {
+                stage.Show();
+            }
         }
-        PumpEvents();
+        Report(state, watch.Shown());
     }
 }
-BENCHMARK(AppendSorted)->Iterations(3)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(AppendSorted)
+    ->Arg(kSortedLines)
+    ->Iterations(3)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 
 // A window on a stream: every line that comes pushes the first one out.
 void StreamThroughWindow(benchmark::State& state)
@@ -186,11 +186,10 @@ void StreamThroughWindow(benchmark::State& state)
     const Stage stage;
     const int   window = static_cast<int>(state.range(0));
     stage.Fill(window);
-    const std::vector<String>& lines = WorkloadLines();
-    size_t                     next = 0;
+    int next = 0;
     for (auto _ : state)
     {
-        stage->Append(lines[next++ % lines.size()], false);
+        stage->Append(WorkloadLine(next++), false);
         stage->Erase(0);
     }
 }

@@ -148,11 +148,12 @@ void TreeRepaint(benchmark::State& state)
                   [&]
                   {
                       PumpEvents();
+                      WaitForDisplay();
                       const auto range = static_cast<unsigned>(stage->GetScrollRange(wxVERTICAL));
-                      const auto start = Clock::now();
+                      const FrameWatch watch;
                       stage->SetScrollPos(wxVERTICAL, static_cast<int>(random() % range));
                       stage.Repaint();
-                      return SecondsSince(start);
+                      return watch.Shown();
                   });
 }
 BENCHMARK(TreeRepaint)->Apply(Repaints);

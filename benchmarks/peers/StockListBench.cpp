@@ -152,16 +152,17 @@ struct DataView
 template <class Control> class Stage : public ControlStage<Control>
 {
 public:
-    /// Seconds of a change and of painting everything.
-    template <class Change> double RepaintAfter(Change change) const
+    /// A change and painting everything.
+    template <class Change> FrameTime RepaintAfter(Change change) const
     {
-        const auto start = Clock::now();
+        WaitForDisplay();
+        const FrameWatch watch;
         g_Asked = 0;
         change();
         (*this)->window->Refresh();
         (*this)->window->Update();
         PumpUntil([] { return g_Asked >= kCellsSeen; });
-        return SecondsSince(start);
+        return watch.Shown();
     }
 };
 
@@ -189,7 +190,7 @@ template <class Control> void ListFirstPaint(benchmark::State& state)
     {
         const Stage<Control> stage;
         const int            rows = static_cast<int>(state.range(0));
-        state.SetIterationTime(stage.RepaintAfter([&] { stage->SetRows(rows); }));
+        Report(state, stage.RepaintAfter([&] { stage->SetRows(rows); }));
     }
 }
 void FirstPaints(benchmark::internal::Benchmark* benchmark)
@@ -224,11 +225,6 @@ struct ReportList
     wxListCtrl* window;
 };
 
-void Once(benchmark::internal::Benchmark* benchmark)
-{
-    benchmark->Arg(kHundredThousand)->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond);
-}
-
 template <class Control> void ListFill(benchmark::State& state)
 {
     const int rows = static_cast<int>(state.range(0));
@@ -244,7 +240,7 @@ template <class Control> void ListFill(benchmark::State& state)
         state.counters["bytes_per_row"] = static_cast<double>(ResidentBytes() - before) / rows;
     }
 }
-BENCHMARK_TEMPLATE(ListFill, ReportList)->Apply(Once);
+BENCHMARK_TEMPLATE(ListFill, ReportList)->Arg(kHundredThousand)->Apply(Once);
 
 // Every row selected or deselected by the program, since there is no other way to have each told.
 void Select(benchmark::State& state, bool select)
@@ -286,13 +282,13 @@ template <class Control> void ListSelect(benchmark::State& state)
 {
     Select(state, true);
 }
-BENCHMARK_TEMPLATE(ListSelect, ReportList)->Apply(Once);
+BENCHMARK_TEMPLATE(ListSelect, ReportList)->Arg(kHundredThousand)->Apply(Once);
 
 template <class Control> void ListDeselect(benchmark::State& state)
 {
     Select(state, false);
 }
-BENCHMARK_TEMPLATE(ListDeselect, ReportList)->Apply(Once);
+BENCHMARK_TEMPLATE(ListDeselect, ReportList)->Arg(kHundredThousand)->Apply(Once);
 
 /// A panel that draws a bar for each of its values.
 class Panel : public wxPanel
@@ -351,17 +347,18 @@ template <class Control> void ChartPush(benchmark::State& state)
     std::mt19937 random(kSeed);
     const auto   push = [&]
     {
-        const int  before = chart->Painted();
-        const auto value = static_cast<unsigned>(random() % kChartTop);
-        const auto start = Clock::now();
+        const int        before = chart->Painted();
+        const auto       value = static_cast<unsigned>(random() % kChartTop);
+        const FrameWatch watch;
         chart->Push(value);
         chart->Update();
         PumpUntil([&] { return chart->Painted() > before; });
-        return SecondsSince(start);
+        return watch.Shown();
     };
     for (int i = 0; i < size.x; ++i)
     {
         push();
+        PumpEvents();
     }
     MeasureMedian(state, push);
     CloseFrame(frame);

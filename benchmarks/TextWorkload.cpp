@@ -1,0 +1,64 @@
+#include "benchmarks/TextWorkload.h"
+
+#include <iterator>
+#include <random>
+
+namespace
+{
+constexpr int      kLeastLine = 40;    // characters
+constexpr int      kLongestLine = 160; // characters
+constexpr int      kLines = 4001;      // a prime, so that no pattern repeats with the repaints
+constexpr unsigned kSeed = 20240607;
+constexpr unsigned kOrderSeed = 7;
+
+String MakeLine(std::mt19937& random)
+{
+    static const char* const kWords[] = {"frame",   "rendered", "tile", "sample", "texture",
+                                         "warning", "loading",  "done", "shots",  "geometry"};
+    const auto               size =
+        static_cast<size_t>(std::uniform_int_distribution<int>(kLeastLine, kLongestLine)(random));
+    String line = SFormat("%08x ", static_cast<unsigned>(random()));
+    while (line.size() < size)
+    {
+        line += kWords[random() % std::size(kWords)];
+        line += ' ';
+    }
+    line.resize(size);
+    return line;
+}
+} // namespace
+
+const std::vector<String>& WorkloadLines()
+{
+    static const std::vector<String> s_Lines = []
+    {
+        std::mt19937        random(kSeed);
+        std::vector<String> lines;
+        for (int i = 0; i < kLines; ++i)
+        {
+            lines.push_back(MakeLine(random));
+        }
+        return lines;
+    }();
+    return s_Lines;
+}
+
+const String& WorkloadLine(int number)
+{
+    return WorkloadLines()[static_cast<size_t>(number % kLines)];
+}
+
+const std::vector<String>& UnsortedLines()
+{
+    static const std::vector<String> s_Lines = []
+    {
+        std::mt19937        random(kOrderSeed);
+        std::vector<String> lines;
+        for (int i = 0; i < kSortedLines; ++i)
+        {
+            lines.push_back(SFormat("%08x ", static_cast<unsigned>(random())) + WorkloadLine(i));
+        }
+        return lines;
+    }();
+    return s_Lines;
+}
