@@ -217,6 +217,7 @@ void MeasureList(benchmark::State& state, Way way, bool withText)
     {
         const Font        font;
         std::vector<Page> pages;
+        pages.reserve(kPages);
         for (int i = 0; i < kPages; ++i)
         {
             pages.push_back(withText ? MakePage(font, i * kRows) : Page());

@@ -85,6 +85,7 @@ std::vector<Cells> MakeRows(Cells (*makeRow)(std::mt19937&))
 {
     std::mt19937       random(kSeed);
     std::vector<Cells> rows;
+    rows.reserve(kCellRows);
     for (int i = 0; i < kCellRows; ++i)
     {
         rows.push_back(makeRow(random));

@@ -18,7 +18,7 @@ namespace
 {
 constexpr int      kRows = 1000000;
 constexpr int      kLines = 10000;
-constexpr int      kTimes = 5;    // each change, for the mean
+constexpr int      kTimes = 3;    // each change, for the mean
 constexpr double   kQuiet = 0.25; // seconds without a paint: the change has been shown
 constexpr int      kDragPixels = 20;
 constexpr unsigned kChartTop = 1000;

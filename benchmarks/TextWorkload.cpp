@@ -34,6 +34,7 @@ const std::vector<String>& WorkloadLines()
     {
         std::mt19937        random(kSeed);
         std::vector<String> lines;
+        lines.reserve(kLines);
         for (int i = 0; i < kLines; ++i)
         {
             lines.push_back(MakeLine(random));
@@ -54,6 +55,7 @@ const std::vector<String>& UnsortedLines()
     {
         std::mt19937        random(kOrderSeed);
         std::vector<String> lines;
+        lines.reserve(kSortedLines);
         for (int i = 0; i < kSortedLines; ++i)
         {
             lines.push_back(SFormat("%08x ", static_cast<unsigned>(random())) + WorkloadLine(i));

@@ -105,24 +105,22 @@ void AppendInBatches(benchmark::State& state, int batch)
     }
 }
 
-void AppendAndRepaint(benchmark::State& state)
-{
-    AppendInBatches(state, 1);
-}
-BENCHMARK(AppendAndRepaint)
-    ->Name("AppendAndRepaint<QPlainTextEdit>")
-    ->Arg(kMillion / 10)
-    ->Arg(kMillion)
-    ->Apply(Once);
-
 void AppendBatches(benchmark::State& state)
 {
     AppendInBatches(state, kLinesPerRepaint);
 }
 BENCHMARK(AppendBatches)
     ->Name("AppendAndRepaint<QPlainTextEdit, 1000 at once>")
-    ->Arg(kMillion / 10)
     ->Arg(kMillion)
+    ->Apply(Once);
+
+void AppendAndRepaint(benchmark::State& state)
+{
+    AppendInBatches(state, 1);
+}
+BENCHMARK(AppendAndRepaint)
+    ->Name("AppendAndRepaint<QPlainTextEdit>")
+    ->Arg(kMillion / 10) // a million would take minutes
     ->Apply(Once);
 
 void RepaintAnywhere(benchmark::State& state)
