@@ -32,7 +32,7 @@ void wxtScrolledPane::DoMoveWindow(int x, int y, int width, int height)
 void wxtScrolledPane::ShowChild(const wxWindow& child)
 {
     CALL_ENTRY("wxtScrolledPane::ShowChild");
-    const wxRect place = child.GetRect(); // in what is visible
+    const wxRect place(ScreenToClient(child.GetScreenPosition()), child.GetSize());
     const int    height = GetClientSize().y;
     int          down = 0;
     if (place.GetBottom() >= height)
@@ -45,4 +45,21 @@ void wxtScrolledPane::ShowChild(const wxWindow& child)
         down = place.y;
     }
     Scroll(wxDefaultCoord, GetViewStart().y + down / kStep);
+}
+
+void wxtScrolledPane::ScrollWindow(int dx, int dy, const wxRect* rect)
+{
+    internal::MoveContent(*this, [&] { wxScrolledWindow::ScrollWindow(dx, dy, rect); });
+}
+
+// The toolkit's own way leaves those out of sight that are wider than the pane.
+bool wxtScrolledPane::ShouldScrollToChildOnFocus(wxWindow* child)
+{
+    const wxRect place(ScreenToClient(child->GetScreenPosition()), child->GetSize());
+    const wxRect view(GetClientSize());
+    if (place.height <= view.height || !view.Intersects(place))
+    {
+        ShowChild(*child);
+    }
+    return false;
 }

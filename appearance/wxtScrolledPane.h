@@ -12,9 +12,13 @@ class TOLVAN_API wxtScrolledPane : public wxScrolledWindow, public wxtColorManag
 public:
     explicit wxtScrolledPane(wxWindow* parent);
 
-    /// Scrolls so that all of the child shows, or, if it is higher than the pane, its beginning.
+    /// Scrolls so that all of a window in the pane shows, or, if it is higher than the pane, its
+    /// beginning.
     void ShowChild(const wxWindow& child);
 
+    void ScrollWindow(int dx, int dy, const wxRect* rect = nullptr) override;
+
 protected:
+    bool ShouldScrollToChildOnFocus(wxWindow* child) override;
     void DoMoveWindow(int x, int y, int width, int height) override;
 };

@@ -19,7 +19,7 @@ namespace
 constexpr int kBorder = 10;    // pixels
 constexpr int kUnderTitle = 3; // pixels; all sections fit a screen of 1024
 constexpr int kColumns = 2;
-constexpr int kLeastHeight = 300;  // pixels
+constexpr int kAroundPane = 80;    // pixels of the menu bar and of the frame
 constexpr int id_Disabled = 23000; // menu command: no control can be used
 
 void AddJobDialogAndPages(wxWindow* parent, wxSizer* sizer)
@@ -41,7 +41,7 @@ const struct
     {"Choice, combo box and check list", AddChoices},
     {"Panels that open; a pane that scrolls; docked panes", AddPanels},
     {"Charts", AddCharts},
-    {"List, with a sash below", AddList},
+    {"List", AddList},
     {"Text lines", AddText},
     {"A list of a million rows", AddArrangedList},
     {"Tree", AddTree},
@@ -60,20 +60,21 @@ GalleryFrame::GalleryFrame() : wxTolvanFrame("Tolvan Gallery")
     bar->Append(NewDialogMenu(*this), "D&ialogs"); // a button has the D
     SetMenuBar(bar);
 
-    auto* const pane = new wxtScrolledPane(this);
+    m_Pane = new wxtScrolledPane(this);
     Bind(
-        wxEVT_MENU, [pane](wxCommandEvent& event) { pane->Enable(!event.IsChecked()); },
+        wxEVT_MENU, [this](wxCommandEvent& event) { m_Pane->Enable(!event.IsChecked()); },
         id_Disabled);
     m_Grid = new wxFlexGridSizer(kColumns, wxSize(kBorder, kBorder));
-    AddSections(*pane);
+    AddSections();
     auto* const framed = new wxBoxSizer(wxVERTICAL);
     framed->Add(m_Grid, 1, wxEXPAND | wxALL, kBorder);
-    pane->SetSizer(framed);
+    m_Pane->SetSizer(framed);
     auto* const whole = new wxBoxSizer(wxVERTICAL);
-    whole->Add(pane, 1, wxEXPAND);
-    SetSizer(whole);
-    FitToScreen(*framed);
-    FitToScreen(*framed); // the search bar takes a second row at that width
+    whole->Add(m_Pane, 1, wxEXPAND);
+    FitToScreen();
+    SetSizerAndFit(whole);
+    FitToScreen(); // the search bar takes a second row at that width
+    whole->SetSizeHints(this);
     Bind(wxEVT_CLOSE_WINDOW, &GalleryFrame::OnClose, this);
     m_Built = true;
 }
@@ -86,17 +87,17 @@ void GalleryFrame::OnClose(wxCloseEvent& event)
     }
 }
 
-void GalleryFrame::AddSections(wxWindow& parent)
+void GalleryFrame::AddSections()
 {
     for (const auto& section : kSections)
     {
         auto* const sizer = new wxBoxSizer(wxVERTICAL);
-        auto* const title = new wxtStaticText(&parent, wxID_ANY, section.title);
+        auto* const title = new wxtStaticText(m_Pane, wxID_ANY, section.title);
         title->SetFont(title->GetFont().Bold());
         title->m_ForegroundName = color_TextGrey;
         title->KeepReadable();
         sizer->Add(title, 0, wxBOTTOM, kUnderTitle);
-        section.add(&parent, sizer);
+        section.add(m_Pane, sizer);
         m_Grid->Add(sizer, 1, wxEXPAND);
     }
     for (int column = 0; column < kColumns; ++column)
@@ -106,21 +107,16 @@ void GalleryFrame::AddSections(wxWindow& parent)
 }
 
 // What is higher than the screen scrolls; what is wider goes below one another.
-void GalleryFrame::FitToScreen(wxSizer& sections)
+void GalleryFrame::FitToScreen()
 {
-    const wxSize screen = wxDisplay(this).GetClientArea().GetSize();
-    if (m_Grid->GetCols() == kColumns && ClientToWindowSize(sections.GetMinSize()).x > screen.x)
+    const wxSize screen = WindowToClientSize(wxDisplay(this).GetClientArea().GetSize());
+    if (m_Grid->GetCols() == kColumns && m_Pane->GetSizer()->GetMinSize().x > screen.x)
     {
         m_Grid->RemoveGrowableCol(kColumns - 1);
         m_Grid->SetCols(kColumns - 1);
     }
-    wxSize needed = ClientToWindowSize(sections.GetMinSize());
-    if (needed.y > screen.y)
-    {
-        needed.x += wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this);
-    }
-    const wxSize size(std::min(needed.x, screen.x), std::min(needed.y, screen.y));
-    SetMinSize(wxSize(size.x, std::min(size.y, kLeastHeight)));
-    SetSize(size);
-    Layout();
+    const wxSize content = m_Pane->GetSizer()->GetMinSize();
+    const int bar = content.y > screen.y ? wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this) : 0;
+    m_Pane->SetMinSize(
+        wxSize(std::min(content.x + bar, screen.x), std::min(content.y, screen.y - kAroundPane)));
 }

@@ -4,6 +4,7 @@
 #include "shell/wxTolvanFrame.h"
 
 class wxFlexGridSizer;
+class wxtScrolledPane;
 
 /// Every control of the library once, in the current colour scheme.
 class GalleryFrame : public wxTolvanFrame
@@ -12,10 +13,11 @@ public:
     GalleryFrame();
 
 private:
-    void AddSections(wxWindow& parent);
-    void FitToScreen(wxSizer& sections);
+    void AddSections();
+    void FitToScreen();
     void OnClose(wxCloseEvent& event);
 
     wxEndLater       m_End{*this};
-    wxFlexGridSizer* m_Grid = nullptr; // the sizers' of its pane
+    wxtScrolledPane* m_Pane = nullptr;
+    wxFlexGridSizer* m_Grid = nullptr; // the sections'
 };

@@ -5,7 +5,6 @@
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxtCheckListBox.h"
 #include "appearance/wxtChoice.h"
-#include "appearance/wxtSplitterWindow.h"
 #include "appearance/wxtTextCtrl.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxtListCtrl.h"
@@ -23,8 +22,6 @@ namespace
 {
 constexpr int kGap = 6; // pixels
 const wxSize  kViewSize(600, 130);
-const wxSize  kSplitSize(600, 200);
-constexpr int kFirstHeight = 108; // the list's
 const wxSize  kChartSize(200, 50);
 const wxSize  kFieldSize(160, -1);
 const wxSize  kListSize(130, 70);
@@ -164,9 +161,8 @@ void AddCharts(wxWindow* parent, wxSizer* sizer)
 
 void AddList(wxWindow* parent, wxSizer* sizer)
 {
-    auto* const split = new wxtSplitterWindow(parent, "GalleryList");
-    split->SetMinSize(kSplitSize);
-    auto* const list = new MarkedList<wxtListCtrl, 1>(split, wxID_ANY);
+    auto* const list = new MarkedList<wxtListCtrl, 1>(parent, wxID_ANY);
+    list->SetMinSize(kViewSize);
     for (const auto& [title, width] : {std::pair("Name", 150), {"State", 90}, {"Folder", 140}})
     {
         list->AddColumn(list->GetColumnCount(), title, width);
@@ -184,18 +180,7 @@ void AddList(wxWindow* parent, wxSizer* sizer)
     list->SetColumnImage(0, wxDBListCtrl::image_Ascending);
     list->SetHighlightColumn(0);
     list->GetBody()->SendListEvent(wxEVT_LIST_ITEM_SELECTED, wxPoint(0, 0), 0, 1);
-    auto* const below = new wxtPanel(split);
-    below->SetSizer(new wxBoxSizer(wxVERTICAL));
-    below->GetSizer()->Add(new wxtTextCtrl(below, wxID_ANY, "Below the sash"), 0, wxEXPAND | wxTOP,
-                           kGap);
-    split->Split(list, below, kFirstHeight);
-    split->Bind(wxEVT_SPLITTER_SASH_POS_CHANGED,
-                [split](wxSplitterEvent& event)
-                {
-                    event.Skip();
-                    split->SaveSash();
-                });
-    sizer->Add(split, 1, wxEXPAND);
+    sizer->Add(list, 1, wxEXPAND);
 }
 
 void AddText(wxWindow* parent, wxSizer* sizer)

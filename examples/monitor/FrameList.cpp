@@ -160,6 +160,7 @@ int FrameList::SelectedFrame()
 std::vector<FrameId> FrameList::FramesIn(const std::vector<int>& rows) const
 {
     std::vector<FrameId> frames;
+    frames.reserve(rows.size());
     for (const int row : rows)
     {
         frames.push_back({m_Id, FrameAt(row)});

@@ -4,6 +4,8 @@
 
 #include <gtk/gtk.h>
 
+#include <vector>
+
 namespace internal
 {
 namespace
@@ -26,6 +28,34 @@ void UseSolidScrollbars(wxWindow& window)
         g_object_set(widget, kProperty, FALSE, nullptr);
     }
 }
+
+#if GTK_CHECK_VERSION(3, 0, 0)
+void MoveContent(wxWindow& window, const std::function<void()>& move)
+{
+    std::vector<GtkWidget*> hidden;
+    for (const wxWindow* const child : window.GetChildren())
+    {
+        if (!child->IsTopLevel() && !gtk_widget_get_visible(child->GetHandle()))
+        {
+            hidden.push_back(child->GetHandle());
+            // Visible by name only: it is not mapped.
+            gtk_widget_set_child_visible(hidden.back(), FALSE);
+            gtk_widget_show(hidden.back());
+        }
+    }
+    move();
+    for (GtkWidget* const widget : hidden)
+    {
+        gtk_widget_hide(widget);
+        gtk_widget_set_child_visible(widget, TRUE);
+    }
+}
+#else
+void MoveContent(wxWindow&, const std::function<void()>& move)
+{
+    move();
+}
+#endif
 
 #if GTK_CHECK_VERSION(3, 16, 0)
 namespace

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 class wxSize;
 class wxWindow;
 
@@ -15,6 +17,10 @@ void UseSolidScrollbars(wxWindow& window);
 /// while there is no room for them, of which GTK 3 complains, and brings them back. A window that
 /// does not scroll is left alone.
 void FitScrollbars(wxWindow& window, const wxSize& size);
+
+/// Has a window's content moved by `move`. The toolkit moves hidden children, too, of which GTK 3
+/// complains.
+void MoveContent(wxWindow& window, const std::function<void()>& move);
 
 /// Keeps the port from scrolling a window by its own keys: the window has others, or its own.
 void RefuseNativeScrollKeys(wxWindow& window);

@@ -298,3 +298,39 @@ TEST_F(SqueezedTest, WhatScrollsFitsAnyWindow)
     }
     EXPECT_TRUE(WaitFor([&] { return checks->GetClientSize().x < checks->GetSize().x; }));
 }
+
+class ScrolledPaneTest : public FrameTest
+{
+};
+
+// Also what is wider than the pane. Hidden ones move with the rest, and the toolkit does not
+// complain.
+TEST_F(ScrolledPaneTest, WhatTakesTheKeysComesIntoView)
+{
+    constexpr int kFields = 12;
+    auto* const   pane = new wxtScrolledPane(Frame());
+    pane->SetSizer(new wxBoxSizer(wxVERTICAL));
+    std::vector<wxWindow*> fields;
+    for (int i = 0; i < kFields; ++i)
+    {
+        auto* const field = new wxtTextCtrl(pane, wxID_ANY);
+        field->SetMinSize(wxSize(900, 60));
+        pane->GetSizer()->Add(field);
+        field->Show(i != 3);
+        if (field->IsShown())
+        {
+            fields.push_back(field);
+        }
+    }
+    Frame()->SendSizeEvent(); // an only child fills the frame
+    Focus(fields[0]);
+    for (size_t i = 1; i <= fields.size(); ++i)
+    {
+        Press(WXK_TAB);
+        wxWindow* const next = fields[i % fields.size()];
+        EXPECT_TRUE(WaitFor([&] { return wxWindow::FindFocus() == next; })) << i;
+        const wxRect place = next->GetRect();
+        EXPECT_GE(place.y, 0) << i;
+        EXPECT_LE(place.GetBottom(), pane->GetClientSize().y) << i;
+    }
+}
