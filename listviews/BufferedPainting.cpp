@@ -1,3 +1,4 @@
+#include "internal/drawing/Damage.h"
 #include "internal/scrolling/ScrollModel.h"
 #include "listviews/scrolling/ScrollState.h"
 #include "listviews/wxDoubleBufferedWindow.h"
@@ -11,11 +12,38 @@
 void wxDoubleBufferedWindow::Redraw(const wxRect& area)
 {
     CALL_ENTRY("wxDoubleBufferedWindow::Redraw");
+    m_Pending->Add(area);
+    Ask(area);
+}
+
+void wxDoubleBufferedWindow::Ask(const wxRect& area)
+{
     m_PendingArea.Union(area);
+    StartRedrawTimer();
+}
+
+void wxDoubleBufferedWindow::StartRedrawTimer()
+{
     if (!m_RedrawTimer.IsRunning())
     {
         m_RedrawTimer.StartOnce(m_RedrawDelay);
     }
+}
+
+// With the next frame, and once more after the delay, as of every change: a hand that scrolls would
+// see it stumble. A view that knows what it has drawn does not draw it again.
+void wxDoubleBufferedWindow::PaintScrolled()
+{
+    if (!m_KeepsDrawn)
+    {
+        Redraw();
+        return;
+    }
+    m_Pending->Add(wxRect());
+    Ask(wxRect(GetClientAreaOrigin(), GetClientSize()));
+    m_Due->Add(wxRect());
+    m_Stale = true;
+    Refresh(false);
 }
 
 void wxDoubleBufferedWindow::Redraw()
@@ -25,8 +53,15 @@ void wxDoubleBufferedWindow::Redraw()
         return;
     }
     CALL_ENTRY("wxDoubleBufferedWindow::Redraw");
-    Redraw(wxRect(GetClientAreaOrigin(), GetClientSize()));
+    m_Pending->AddAll();
+    Ask(wxRect(GetClientAreaOrigin(), GetClientSize()));
     m_WholePending = true;
+}
+
+void wxDoubleBufferedWindow::GatherLater()
+{
+    m_GatherDue = true;
+    StartRedrawTimer();
 }
 
 bool wxDoubleBufferedWindow::IsWholeRedrawPending() const
@@ -51,13 +86,20 @@ void wxDoubleBufferedWindow::Timeout(wxTimerEvent&)
     {
         m_RedrawTimer.StartOnce(m_RedrawDelay); // nothing else may ever tell that it is let go
     }
+    if (m_GatherDue && m_Gather && !m_WholePending)
+    {
+        m_Gather();
+    }
+    m_GatherDue = false;
     if (m_PendingArea.IsEmpty())
     {
-        return; // only the scrollbars were due
+        return; // only the scrollbars were due, or nothing looks different
     }
     const wxRect area = m_PendingArea;
     m_PendingArea = wxRect();
     m_WholePending = false;
+    m_Due->Add(*m_Pending);
+    m_Pending->Clear();
     m_Stale = true;
     Refresh(false, &area);
 }
@@ -85,6 +127,7 @@ void wxDoubleBufferedWindow::RetryPaint(const String& reason)
         LogError("wxDoubleBufferedWindow: painting failed and is tried again: " + reason);
     }
     m_Stale = true;
+    m_Due->AddAll();
     Redraw();
 }
 
@@ -100,20 +143,50 @@ void wxDoubleBufferedWindow::PaintBuffer()
     if (m_Stale)
     {
         const _QuietTraces again(m_PaintFailed);
-        DrawBitmap();
+        DrawStale();
         m_Stale = false;
+        m_Due->Clear();
+        m_Scroll->drawn = ScrollPosition();
     }
-    dc.DrawBitmap(*m_Buffer, 0, 0, false);
+    m_Buffer.ShowOn(dc);
+}
+
+void wxDoubleBufferedWindow::DrawStale()
+{
+    m_IsPainting = true;
+    try
+    {
+        DrawBitmap();
+    }
+    catch (...)
+    {
+        m_IsPainting = false;
+        throw;
+    }
+    m_IsPainting = false;
+}
+
+// All is when a derived class has called the content stale by itself, or has it drawn by itself,
+// and when the view has been scrolled since it was drawn.
+std::vector<wxRect> wxDoubleBufferedWindow::StaleAreas() const
+{
+    const wxSize client = GetClientSize();
+    const bool   isScrolled = m_Scroll->drawn != ScrollPosition();
+    return !m_IsPainting || !m_Due->IsAsked() || isScrolled ? std::vector<wxRect>{wxRect(client)}
+                                                            : m_Due->Within(client);
+}
+
+wxPoint wxDoubleBufferedWindow::ScrollPosition() const
+{
+    return {GetScrollPos(wxHORIZONTAL), GetScrollPos(wxVERTICAL)};
 }
 
 // False while the client area is empty. Size events tell of a new size only when the window is laid
-// out: the buffer is compared. It has the scale of the window, or everything drawn through it
-// would be blurred on a high-resolution screen.
+// out: the buffer is compared.
 bool wxDoubleBufferedWindow::EnsureBuffer()
 {
-    const double scale = GetContentScaleFactor();
     const wxSize client = GetClientSize();
-    if (m_Buffer && m_Buffer->GetScaleFactor() == scale && m_Buffer->GetLogicalSize() == client)
+    if (m_Buffer.Fits(*this, client))
     {
         return true;
     }
@@ -121,13 +194,8 @@ bool wxDoubleBufferedWindow::EnsureBuffer()
     {
         return false;
     }
-    auto buffer = std::make_unique<wxBitmap>();
-    if (!buffer->CreateScaled(client.x, client.y, wxBITMAP_SCREEN_DEPTH, scale))
-    {
-        Exception::Throw("wxDoubleBufferedWindow", "EnsureBuffer", ec_System,
-                         "Can't create the off-screen bitmap");
-    }
-    m_Buffer = std::move(buffer);
+    m_Buffer.Create(*this, client);
+    m_Due->AddAll();
     m_Stale = true;
     return true;
 }
@@ -163,5 +231,8 @@ void wxDoubleBufferedWindow::OnSysColorChange(wxSysColourChangedEvent& event)
 {
     CALL_ENTRY("wxDoubleBufferedWindow::OnSysColorChange");
     event.Skip();
+    // What is painted anew with the rest of the window meanwhile has the new colours already.
+    m_Due->AddAll();
+    m_Stale = true;
     Redraw();
 }

@@ -3,6 +3,8 @@
 #include "internal/drawing/ColorMix.h"
 #include "internal/drawing/Emphasis.h"
 #include "listviews/cells/CellText.h"
+#include "listviews/cells/DrawnRows.h"
+#include "listviews/cells/RowBands.h"
 #include "listviews/columns/ColumnFit.h"
 #include "listviews/model/ListModel.h"
 #include "listviews/model/TableSettings.h"
@@ -87,22 +89,24 @@ int wxDBListBody::WidestCell(int column, std::chrono::steady_clock::duration tim
 void wxDBListBody::DrawBitmap()
 {
     CALL_ENTRY("wxDBListBody::DrawBitmap");
-    wxMemoryDC                    dc(*m_Buffer);
-    listviews::CellText           text(dc);
+    const std::unique_ptr<wxDC>   buffer = m_Buffer.NewDC();
+    listviews::CellText           text(*buffer);
     const WhilePainting           painting(m_CellText, text);
     const listviews::ListGeometry geometry = Geometry();
-    dc.SetFont(GetFont());
+    buffer->SetFont(GetFont());
     m_Model.hoverRow = HoverRow();
-    const int first = geometry.scroll.y / m_LineHeight;
-    const int end = first + m_VisibleLines;
-    wxColour  focusGround;
-    for (int row = first; row < end; ++row)
+    const std::vector<listviews::RowBand> bands = listviews::BandsWithin(StaleAreas(), geometry);
+    m_Drawn->scroll = geometry.scroll;
+    m_Drawn->Show(geometry.RowAt(0), geometry.RowAt(geometry.client.y - 1) + 1);
+    for (const listviews::RowBand& band : bands)
     {
-        const wxColour ground = DrawRow(dc, geometry, row);
-        focusGround = row == m_Model.FocusRow() ? ground : focusGround;
+        for (int row = band.first; row < band.end; ++row)
+        {
+            DrawRow(*buffer, geometry, row);
+        }
+        DrawGrid(geometry, band);
     }
-    DrawGrid(geometry);
-    DrawFocus(geometry, focusGround);
+    DrawFocus(geometry, bands);
     if (!GetToolTipText().empty() && !m_HoverTimer.IsRunning())
     {
         m_HoverTimer.StartOnce(kTipDelay); // another row may have come under the pointer
@@ -133,7 +137,7 @@ wxColour wxDBListBody::GroundOf(int row, bool hovered) const
     return hovered ? listviews::Shaded(ground, settings.hoverShade) : ground;
 }
 
-wxColour wxDBListBody::DrawRow(wxDC& dc, const listviews::ListGeometry& geometry, int row)
+void wxDBListBody::DrawRow(wxDC& dc, const listviews::ListGeometry& geometry, int row)
 {
     const bool exists = m_Model.HasRow(row);
     if (exists)
@@ -145,7 +149,7 @@ wxColour wxDBListBody::DrawRow(wxDC& dc, const listviews::ListGeometry& geometry
     m_CellText->Fill(geometry.RowRect(row), ground);
     if (!exists || !m_Model.HasRow(row))
     {
-        return ground;
+        return;
     }
     const wxColour ink = m_Source.GetRowColor(row);
     const wxColour shaded =
@@ -156,13 +160,13 @@ wxColour wxDBListBody::DrawRow(wxDC& dc, const listviews::ListGeometry& geometry
     }
     DrawCells(dc, geometry, row, ground);
     m_Source.CleanupAfterDraw(row);
-    return ground;
 }
 
 void wxDBListBody::DrawCells(wxDC& dc, const listviews::ListGeometry& geometry, int row,
                              const wxColour& ground)
 {
-    const bool                selected = m_Source.IsRowSelected(row);
+    const bool selected = m_Source.IsRowSelected(row);
+    m_Drawn->Draw(row, selected);
     const std::pair<int, int> columns = geometry.VisibleColumns();
     wxRect                    rect = geometry.CellRect(row, columns.first);
     for (int column = columns.first; column < columns.second; ++column)
@@ -187,32 +191,81 @@ void wxDBListBody::DrawCells(wxDC& dc, const listviews::ListGeometry& geometry, 
 }
 
 // A thin line behind each column, hardly more than the stripes.
-void wxDBListBody::DrawGrid(const listviews::ListGeometry& geometry)
+void wxDBListBody::DrawGrid(const listviews::ListGeometry& geometry, const listviews::RowBand& band)
 {
+    const int                 top = geometry.RowRect(band.first).y;
+    const int                 height = geometry.RowRect(band.end).y - top;
     const std::pair<int, int> columns = geometry.VisibleColumns();
     for (int column = columns.first; column < columns.second; ++column)
     {
         const wxRect rect = geometry.ColumnRect(column);
-        m_CellText->Fill(wxRect(rect.GetRight(), 0, 1, geometry.client.y),
-                         wxtGetColor(color_WindowBG));
+        m_CellText->Fill(wxRect(rect.GetRight(), top, 1, height), wxtGetColor(color_WindowBG));
     }
 }
 
 // Around the row that the keys are on; around all of them while that one is out of sight, or there
-// is none.
-void wxDBListBody::DrawFocus(const listviews::ListGeometry& geometry, const wxColour& rowGround)
+// is none. Empty without the keyboard.
+wxRect wxDBListBody::FocusFrame(const listviews::ListGeometry& geometry) const
 {
     if (!HasFocus())
     {
-        return;
+        return {};
     }
     const wxRect view(geometry.client);
     const wxRect row = geometry.RowRect(m_Model.FocusRow());
-    const bool   isRow = m_Model.HasRow(m_Model.FocusRow()) && view.Intersects(row);
-    const auto   colour = isRow ? wxtFocusColor({rowGround})
-                                : wxtFocusColor({listviews::StripeColour(0), SelectedGround()});
-    for (const wxRect& part : wxtFocusShape(isRow ? row : view))
+    return m_Model.HasRow(m_Model.FocusRow()) && view.Intersects(row) ? row : view;
+}
+
+// A frame that has moved is drawn where its rows are; else the one that is seen stays until its
+// rows have been asked for.
+void wxDBListBody::DrawFocus(const listviews::ListGeometry&         geometry,
+                             const std::vector<listviews::RowBand>& drawn)
+{
+    const wxRect frame = FocusFrame(geometry);
+    if (listviews::Hold(drawn, m_Drawn->focus, geometry) && listviews::Hold(drawn, frame, geometry))
+    {
+        m_Drawn->focus = frame;
+    }
+    else if (m_Drawn->focus != frame)
+    {
+        GatherLater();
+    }
+    if (m_Drawn->focus.IsEmpty())
+    {
+        return;
+    }
+    const int  row = geometry.RowAt(m_Drawn->focus.y);
+    const bool isRow = m_Drawn->focus != wxRect(geometry.client);
+    const auto colour = isRow ? wxtFocusColor({GroundOf(row, row == m_Model.hoverRow)})
+                              : wxtFocusColor({listviews::StripeColour(0), SelectedGround()});
+    for (const wxRect& part : wxtFocusShape(m_Drawn->focus))
     {
         m_CellText->Fill(part, colour);
+    }
+}
+
+void wxDBListBody::AskForChangedRows()
+{
+    const listviews::ListGeometry geometry = Geometry();
+    const wxRect                  focus = FocusFrame(geometry);
+    const wxRect                  view(geometry.client);
+    const bool                    isFrameChanged = focus != m_Drawn->focus;
+    if (geometry.scroll != m_Drawn->scroll ||
+        (isFrameChanged && (focus == view || m_Drawn->focus == view)))
+    {
+        Redraw();
+        return;
+    }
+    for (int row = m_Drawn->First(); row < std::min(m_Drawn->End(), m_Model.rowCount); ++row)
+    {
+        if (m_Source.IsRowSelected(row) != m_Drawn->IsSelected(row))
+        {
+            Redraw(geometry.RowRect(row));
+        }
+    }
+    if (isFrameChanged)
+    {
+        Redraw(m_Drawn->focus);
+        Redraw(focus);
     }
 }

@@ -22,6 +22,7 @@ bool wxDBListBody::DeselectAll(bool resetAnchor)
             return false;
         }
     }
+    RedrawMarks();
     if (resetAnchor)
     {
         m_Model.SetAnchor(-1);
@@ -90,6 +91,7 @@ bool wxDBListBody::SelectOnly(int row, const wxPoint& point)
 {
     CALL_ENTRY("wxDBListBody::SelectOnly");
     m_Selecting->Drop();
+    RedrawMarks();
     return m_Selecting->Begin({m_Source.GetSelection(), row, row, point});
 }
 
@@ -194,5 +196,5 @@ void wxDBListBody::ShowAnchor()
     {
         ShowRow(m_Model.anchor);
     }
-    Redraw();
+    RedrawMarks();
 }

@@ -22,10 +22,17 @@ constexpr int kMarkerWidth = 3; // pixels
 void wxDBListHeader::DrawBitmap()
 {
     CALL_ENTRY("wxDBListHeader::DrawBitmap");
-    wxMemoryDC                    dc(*m_Buffer);
-    listviews::CellText           cells(dc);
     const listviews::ListGeometry geometry = Geometry();
+    if (StaleAreas().empty() && geometry.scroll.x == m_DrawnScroll)
+    {
+        return; // the rows have been scrolled up or down
+    }
+    m_DrawnScroll = geometry.scroll.x;
+    const std::unique_ptr<wxDC> buffer = m_Buffer.NewDC();
+    wxDC&                       dc = *buffer;
+    listviews::CellText         cells(dc);
     dc.SetFont(GetFont());
+    m_TitleHeight = dc.GetCharHeight();
     cells.Fill(wxRect(geometry.client), wxtGetColor(color_ButtonFace));
     const std::pair<int, int> columns = geometry.VisibleColumns();
     for (int column = columns.first; column < columns.second; ++column)
@@ -77,7 +84,7 @@ void wxDBListHeader::DrawTitle(wxDC& dc, listviews::CellText& cells, int column,
     wxRect    room = wxRect(rect).Deflate(margin, 0);
     const int image = DrawImage(dc, header.image, room);
     room.width -= image;
-    const int height = dc.GetCharHeight();
+    const int height = m_TitleHeight;
     room.y += (rect.height - height) / 2;
     room.height = height;
     dc.SetTextForeground(wxtGetColor(color_ButtonText));

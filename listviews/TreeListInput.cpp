@@ -79,7 +79,7 @@ void wxDBTreeListCtrl::GoToRow(int row)
     {
         SetLastSelect(row < GetItemCount() ? row : -1);
         EnsureVisible(row);
-        Redraw();
+        body.RedrawMarks();
     }
 }
 

@@ -13,6 +13,8 @@ wxEND_EVENT_TABLE()
 wxDBListBase::wxDBListBase(wxWindow& list, listviews::ListModel& model, long style)
     : wxDoubleBufferedWindow(&list, wxID_ANY, style), m_List(list), m_Model(model)
 {
+    m_Buffer.UseScreen();
+    m_KeepsDrawn = true;
 }
 
 listviews::ListGeometry wxDBListBase::Geometry() const

@@ -3,6 +3,7 @@
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
 #include "internal/port/PopUps.h"
+#include "listviews/cells/DrawnRows.h"
 #include "listviews/model/ListModel.h"
 #include "listviews/model/TableSettings.h"
 #include "listviews/selecting/SelectionWork.h"
@@ -41,6 +42,7 @@ wxDBListBody::wxDBListBody(wxWindow& list, listviews::ListModel& model, wxDBList
     : wxDBListBase(list, model, wxBORDER_NONE),
       m_Source(source),
       m_SingleSelection(singleSelection),
+      m_Drawn(std::make_unique<listviews::DrawnRows>()),
       m_Typing(std::make_unique<listviews::TypingWatch>()),
       m_Selecting(std::make_unique<listviews::SelectionWork>(*this, source, model))
 {
@@ -54,6 +56,7 @@ wxDBListBody::wxDBListBody(wxWindow& list, listviews::ListModel& model, wxDBList
     SetScrollbar(wxHORIZONTAL, 0, 0, 0);
     SetScrollbar(wxVERTICAL, 0, 0, 0);
     m_HoverTimer.SetOwner(this, kHoverTimerId);
+    m_Gather = [this] { AskForChangedRows(); };
 }
 
 wxDBListBody::~wxDBListBody()

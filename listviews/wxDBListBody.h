@@ -11,8 +11,10 @@
 namespace listviews
 {
 class CellText;
+class DrawnRows;
 class SelectionWork;
 class TypingWatch;
+struct RowBand;
 } // namespace listviews
 class wxDBListSource;
 
@@ -51,6 +53,9 @@ public:
     void RowsChanged();
     void ColumnsChanged();
     /// @}
+    /// Asks for those rows that are selected or have the keys and were drawn otherwise, or the
+    /// other way round. Costs next to nothing, and looks when the redraw delay is over.
+    void RedrawMarks() { GatherLater(); }
     void ShowRow(int row);  ///< Scrolls by the least that shows the whole row.
     void TraceScrollbars(); ///< Logs every change of the scrollbars from now on.
 
@@ -71,12 +76,15 @@ public:
 
 private:
     void     DrawBitmap() override;
-    wxColour DrawRow(wxDC& dc, const listviews::ListGeometry& geometry, int row);
+    void     DrawRow(wxDC& dc, const listviews::ListGeometry& geometry, int row);
     void     DrawCells(wxDC& dc, const listviews::ListGeometry& geometry, int row,
                        const wxColour& ground);
-    void     DrawGrid(const listviews::ListGeometry& geometry);
-    void     DrawFocus(const listviews::ListGeometry& geometry, const wxColour& rowGround);
+    void     DrawGrid(const listviews::ListGeometry& geometry, const listviews::RowBand& band);
+    void     DrawFocus(const listviews::ListGeometry&         geometry,
+                       const std::vector<listviews::RowBand>& drawn);
     wxColour GroundOf(int row, bool hovered) const;
+    wxRect   FocusFrame(const listviews::ListGeometry& geometry) const;
+    void     AskForChangedRows();
 
     int  HoverRow() const;
     void SetHoverRow(int row);
@@ -95,6 +103,7 @@ private:
     wxPoint         m_Pointer{-1, -1}; ///< Where it was seen last.
     wxTimer         m_HoverTimer;
 
+    std::unique_ptr<listviews::DrawnRows>     m_Drawn;
     std::unique_ptr<listviews::TypingWatch>   m_Typing;
     std::unique_ptr<listviews::SelectionWork> m_Selecting;
 

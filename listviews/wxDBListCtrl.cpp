@@ -35,6 +35,9 @@ wxDBListCtrl::wxDBListCtrl(wxWindow* parent, int id, bool singleSelection)
 {
     CALL_ENTRY("wxDBListCtrl::wxDBListCtrl");
     listviews::_TableSettings::Init();
+    // Its views cover it. To have it erased the toolkit makes a device context at their every
+    // paint.
+    SetBackgroundStyle(wxBG_STYLE_SYSTEM);
     m_Model->rowHeight = listviews::_TableSettings::Get().RowHeight();
     m_Header = new wxDBListHeader(*this, *m_Model, *m_Actions);
     m_Body = new wxDBListBody(*this, *m_Model, *this, *m_Header, singleSelection);
@@ -285,7 +288,7 @@ int wxDBListCtrl::GetLastSelect() const
 void wxDBListCtrl::SetLastSelect(int row)
 {
     m_Model->SetAnchor(row);
-    m_Body->Redraw();
+    m_Body->RedrawMarks();
 }
 
 int wxDBListCtrl::GetFocusRow() const
@@ -299,7 +302,7 @@ void wxDBListCtrl::SetFocusRow(int row)
     if (row == -1 || m_Model->HasRow(row))
     {
         m_Model->caret = row;
-        m_Body->Redraw();
+        m_Body->RedrawMarks();
     }
 }
 
@@ -314,6 +317,11 @@ void wxDBListCtrl::Redraw()
 {
     m_Header->Redraw();
     m_Body->Redraw();
+}
+
+void wxDBListCtrl::RedrawSelection()
+{
+    m_Body->RedrawMarks();
 }
 
 void wxDBListCtrl::RedrawItem(int row)

@@ -186,6 +186,10 @@ public:
     /// Repaints soon; changes that are close to one another are painted at once.
     /// @{
     void Redraw();
+    /// The rows seen whose selection, or the frame of the keys, is drawn otherwise than it is now.
+    /// Cheap enough for each of very many rows; what is selected is asked when the redraw delay is
+    /// over.
+    void RedrawSelection();
     void RedrawItem(int row);
     void RedrawItems(int a, int b);
     void RedrawColumn(int column);

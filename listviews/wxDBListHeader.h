@@ -68,7 +68,9 @@ private:
     void     DrawMove(wxDC& dc, listviews::CellText& cells);
 
     const listviews::ColumnActions& m_Actions;
-    bool                            m_OnEdge = false; ///< The resize cursor is shown.
+    bool                            m_OnEdge = false;  ///< The resize cursor is shown.
+    int                             m_TitleHeight = 0; ///< Pixels of a line of text.
+    int                             m_DrawnScroll = 0; ///< Pixels, when they were drawn last.
     wxTimer                         m_MoveTimer; ///< Scrolls under a title that is held outside.
 
     wxDECLARE_EVENT_TABLE();

@@ -331,7 +331,7 @@ void wxDBTreeListCtrl::OnItemSelect(wxListEvent& event)
             const uint64_t identity = listviews::IdentityOf(*m_Tree->model, NodeAt(row));
             m_Tree->shown->Select(place, identity);
         });
-    GetBody()->Redraw();
+    RedrawSelection();
 }
 
 void wxDBTreeListCtrl::OnItemDeselect(wxListEvent& event)
@@ -341,7 +341,7 @@ void wxDBTreeListCtrl::OnItemDeselect(wxListEvent& event)
     {
         event.Skip();
         ForgetHidden();
-        GetBody()->Redraw();
+        RedrawSelection();
     }
 }
 

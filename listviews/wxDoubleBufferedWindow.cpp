@@ -1,5 +1,6 @@
 #include "listviews/wxDoubleBufferedWindow.h"
 
+#include "internal/drawing/Damage.h"
 #include "internal/port/FocusMoves.h"
 #include "internal/port/Scrollbars.h"
 #include "internal/scrolling/ScrollModel.h"
@@ -48,7 +49,9 @@ wxEND_EVENT_TABLE()
 // clang-format on
 
 wxDoubleBufferedWindow::wxDoubleBufferedWindow(wxWindow* parent, int id, long style)
-    : m_Scroll(std::make_unique<listviews::ScrollState>())
+    : m_Scroll(std::make_unique<listviews::ScrollState>()),
+      m_Pending(std::make_unique<internal::Damage>()),
+      m_Due(std::make_unique<internal::Damage>())
 {
     CALL_ENTRY("wxDoubleBufferedWindow::wxDoubleBufferedWindow");
     SetBackgroundStyle(wxBG_STYLE_PAINT);
@@ -187,10 +190,7 @@ void wxDoubleBufferedWindow::AdjustScrollbarsLater()
     }
     CALL_ENTRY("wxDoubleBufferedWindow::AdjustScrollbarsLater");
     m_Scroll->due = true;
-    if (!m_RedrawTimer.IsRunning())
-    {
-        m_RedrawTimer.StartOnce(m_RedrawDelay);
-    }
+    StartRedrawTimer();
 }
 
 // Showing what is shown already would bring further size events.
@@ -374,10 +374,10 @@ bool wxDoubleBufferedWindow::IsHeld() const
 
 void wxDoubleBufferedWindow::RedrawScrolled()
 {
-    Redraw();
+    PaintScrolled();
     if (m_LinkedWindow && s_Windows.count(m_LinkedWindow))
     {
-        m_LinkedWindow->Redraw();
+        m_LinkedWindow->PaintScrolled();
     }
 }
 

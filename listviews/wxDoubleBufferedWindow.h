@@ -1,17 +1,20 @@
 #pragma once
 
+#include "listviews/wxViewBuffer.h"
 #include "vesta/Export.h"
 #include "vesta/String.h"
 
-#include <wx/bitmap.h>
 #include <wx/timer.h>
 #include <wx/window.h>
 
+#include <functional>
 #include <memory>
 #include <set>
+#include <vector>
 
 namespace internal
 {
+class Damage;
 struct ScrollAxis;
 struct ScrollUnits;
 } // namespace internal
@@ -78,6 +81,12 @@ protected:
     /// Paints the whole visible content into `m_Buffer`, which exists and has the client area's
     /// size. What it throws is caught: the painting is tried again after the redraw delay.
     virtual void DrawBitmap() = 0;
+    /// For a `DrawBitmap` that keeps what it has drawn before and is still true: the areas (client
+    /// pixels) that are not. None when all that was asked for lies outside of what is seen.
+    std::vector<wxRect> StaleAreas() const;
+    /// For a view that finds out by itself what looks different now: has `m_Gather` called, which
+    /// asks for it, when the redraw delay is over.
+    void GatherLater();
 
     void DoMoveWindow(int x, int y, int width, int height) override;
 
@@ -95,21 +104,23 @@ protected:
     /// Scrolls to that position (pixels), corrected to the content.
     void ScrollTo(int orientation, long long position);
 
-    std::unique_ptr<wxBitmap> m_Buffer; ///< Null until the first paint after a resize.
-    bool                      m_Stale = false;
-    wxTimer                   m_RedrawTimer;
-    int                       m_RedrawDelay = 75; ///< Milliseconds.
-    wxRect                    m_PendingArea;      ///< Client pixels; empty when none is pending.
-    int                       m_LineHeight = 10;  ///< Pixels; the step of a line scroll.
-    int                       m_ColumnWidth = 10; ///< Pixels.
-    int                       m_ContentWidth = 0; ///< Pixels; the horizontal scroll range.
-    int                       m_LineCount = 0;
-    int                       m_VisibleColumns = 0; ///< Whole columns that fit, plus two.
-    int                       m_VisibleLines = 0;   ///< Whole lines that fit, plus two.
-    bool                      m_FollowEnd = false;  ///< A view at the bottom stays there.
-    int                       m_WheelAccumulator = 0;
-    wxDoubleBufferedWindow*   m_LinkedWindow = nullptr; ///< Redrawn with every scroll; not owned.
-    bool                      m_ScrollTrace = false;    ///< Logs every scrollbar adjustment.
+    wxViewBuffer            m_Buffer; ///< None until the first paint after a resize.
+    bool                    m_Stale = false;
+    wxTimer                 m_RedrawTimer;
+    int                     m_RedrawDelay = 75; ///< Milliseconds.
+    wxRect                  m_PendingArea;      ///< Client pixels; empty when none is pending.
+    int                     m_LineHeight = 10;  ///< Pixels; the step of a line scroll.
+    int                     m_ColumnWidth = 10; ///< Pixels.
+    int                     m_ContentWidth = 0; ///< Pixels; the horizontal scroll range.
+    int                     m_LineCount = 0;
+    int                     m_VisibleColumns = 0; ///< Whole columns that fit, plus two.
+    int                     m_VisibleLines = 0;   ///< Whole lines that fit, plus two.
+    bool                    m_FollowEnd = false;  ///< A view at the bottom stays there.
+    int                     m_WheelAccumulator = 0;
+    wxDoubleBufferedWindow* m_LinkedWindow = nullptr; ///< Redrawn with every scroll; not owned.
+    bool                    m_ScrollTrace = false;    ///< Logs every scrollbar adjustment.
+    bool                    m_KeepsDrawn = false;     ///< `DrawBitmap` draws the `StaleAreas` only.
+    std::function<void()>   m_Gather;                 ///< Calls `Redraw` for areas.
 
     static std::set<wxDoubleBufferedWindow*> s_Windows;
 
@@ -121,20 +132,29 @@ private:
     bool                 TakeHandPosition(const wxScrollWinEvent& event);
     bool                 IsHeld() const;
     bool                 IsBehind(int orientation) const;
+    void                 Ask(const wxRect& area);
+    void                 StartRedrawTimer();
     void                 RedrawScrolled();
+    void                 PaintScrolled();
     internal::ScrollAxis DueAxis(int orientation) const;
     void                 ApplyDueScrollbars();
     void                 TraceScrolling() const;
+    wxPoint              ScrollPosition() const;
     bool                 EnsureBuffer();
     void                 PaintBuffer();
+    void                 DrawStale();
     void                 RetryPaint(const String& reason);
 
     void WatchHold();
 
     wxTimer                                 m_HoldTimer; ///< Runs while the mouse is held.
     std::unique_ptr<listviews::ScrollState> m_Scroll;
-    bool m_WholePending = false; ///< `m_PendingArea` is everything.
-    bool m_PaintFailed = false;  ///< Logged; no paint succeeded since.
+    bool                                    m_GatherDue = false;
+    std::unique_ptr<internal::Damage> m_Pending; ///< What is asked for; more exactly than the area.
+    std::unique_ptr<internal::Damage> m_Due;     ///< What the next `DrawBitmap` is for; none: all.
+    bool                              m_WholePending = false; ///< `m_PendingArea` is everything.
+    bool m_IsPainting = false;  ///< `DrawBitmap` is called for a paint event.
+    bool m_PaintFailed = false; ///< Logged; no paint succeeded since.
 
     wxDECLARE_EVENT_TABLE();
 };

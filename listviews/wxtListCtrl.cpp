@@ -276,7 +276,7 @@ void wxtListCtrl::OnItemSelect(wxListEvent& event)
     }
     event.Skip();
     m_Selection->Add(static_cast<int>(row));
-    Redraw();
+    RedrawSelection();
 }
 
 void wxtListCtrl::OnItemDeselect(wxListEvent& event)
@@ -287,5 +287,5 @@ void wxtListCtrl::OnItemDeselect(wxListEvent& event)
         return;
     }
     event.Skip();
-    Redraw();
+    RedrawSelection();
 }

@@ -1,6 +1,7 @@
 #include "appearance/Contrast.h"
 #include "internal/drawing/ColorMix.h"
 #include "internal/scrolling/ScrollModel.h"
+#include "textviews/drawing/DrawnLines.h"
 #include "textviews/drawing/FontExtents.h"
 #include "textviews/drawing/LinePainter.h"
 #include "textviews/drawing/TextPalette.h"
@@ -33,23 +34,61 @@ void wxTextLineCtrl::DrawBitmap()
 {
     CALL_ENTRY("wxTextLineCtrl::DrawBitmap");
     const textviews::TextGeometry geometry = Geometry();
-    wxMemoryDC                    dc(*m_Buffer);
-    textviews::LinePainter        painter(dc, m_Font.font, geometry, *m_Places);
+    const std::unique_ptr<wxDC>   buffer = m_Buffer.NewDC();
+    textviews::LinePainter        painter(*buffer, m_Font.font, geometry, *m_Places);
     painter.SetColour(GetForegroundColour());
     const textviews::TextPalette palette = Palette();
     const int                    end = EndOfDrawnLines(geometry);
+    const std::vector<wxRect>    stale = StaleAreas();
+    const auto                   isStale = [&stale](const wxRect& band)
+    {
+        return std::any_of(stale.begin(), stale.end(),
+                           [&band](const wxRect& area) { return area.Intersects(band); });
+    };
+    m_Drawn->Show(geometry.scroll, geometry.FirstDrawnLine());
     for (int line = geometry.FirstDrawnLine(); line < end; ++line)
     {
-        painter.Fill(geometry.BandOf(line), palette.Band(StateOf(line)));
-        painter.DrawLine(line, m_Lines->Line(line),
-                         {geometry.FirstDrawnCell(), geometry.EndOfDrawnCells()});
-        if (line == m_MarkedLine)
+        if (isStale(geometry.BandOf(line)))
         {
-            DrawHit(geometry, palette, painter);
+            DrawLine(geometry, palette, painter, line);
+            m_Drawn->Draw(line, StateOf(line));
         }
     }
     painter.Fill(geometry.BelowLines(), palette.Band({}));
     DrawFocus(palette, painter);
+}
+
+void wxTextLineCtrl::DrawLine(const textviews::TextGeometry& geometry,
+                              const textviews::TextPalette&  palette,
+                              textviews::LinePainter& painter, int line) const
+{
+    painter.Fill(geometry.BandOf(line), palette.Band(StateOf(line)));
+    painter.DrawLine(line, m_Lines->Line(line),
+                     {geometry.FirstDrawnCell(), geometry.EndOfDrawnCells()});
+    if (line == m_MarkedLine)
+    {
+        DrawHit(geometry, palette, painter);
+    }
+}
+
+// Lines that have come at the end, and those that are selected or pointed at and were not, or were
+// and are not.
+void wxTextLineCtrl::AskForChangedLines()
+{
+    const textviews::TextGeometry geometry = Geometry();
+    if (geometry.scroll != m_Drawn->Scroll())
+    {
+        Redraw();
+        return;
+    }
+    const int end = EndOfDrawnLines(geometry);
+    for (int line = geometry.FirstDrawnLine(); line < end; ++line)
+    {
+        if (!m_Drawn->IsAs(line, StateOf(line)))
+        {
+            Redraw(geometry.BandOf(line));
+        }
+    }
 }
 
 // Along the view's edges, which selected lines may reach too.

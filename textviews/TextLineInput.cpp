@@ -65,7 +65,7 @@ void wxTextLineCtrl::OnLeftClick(wxMouseEvent& event)
     }
     m_Selecting = true;
     m_Selection->Click(Geometry().LineAt(event.GetY()), m_Lines->Count());
-    Redraw();
+    GatherLater();
     HoldMouse();
 }
 
@@ -89,7 +89,7 @@ void wxTextLineCtrl::OnMouseMove(wxMouseEvent& event)
     if (m_Selecting)
     {
         m_Selection->Drag(line, m_Lines->Count());
-        Redraw();
+        GatherLater();
         AutoScroll(event.GetY());
     }
 }

@@ -3,6 +3,7 @@
 #include "internal/port/PopUps.h"
 #include "internal/port/Scrollbars.h"
 #include "internal/scrolling/ScrollModel.h"
+#include "textviews/drawing/DrawnLines.h"
 #include "textviews/drawing/FontExtents.h"
 #include "textviews/lines/LineStore.h"
 #include "textviews/lines/TextCells.h"
@@ -62,7 +63,8 @@ wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
       m_Font(textviews::_FontExtents::Get()),
       m_Lines(std::make_unique<textviews::LineStore>()),
       m_Places(std::make_unique<textviews::TextPlaces>()),
-      m_Selection(std::make_unique<textviews::TextSelection>())
+      m_Selection(std::make_unique<textviews::TextSelection>()),
+      m_Drawn(std::make_unique<textviews::DrawnLines>())
 {
     CALL_ENTRY("wxTextLineCtrl::wxTextLineCtrl");
     Manage(this);
@@ -70,6 +72,9 @@ wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
     RefreshColors();
     internal::RefuseNativeScrollKeys(*this); // every key is passed on, and would scroll once more
     SetFont(m_Font.font);
+    m_Buffer.UseScreen();
+    m_KeepsDrawn = true;
+    m_Gather = [this] { AskForChangedLines(); };
     m_ColumnWidth = static_cast<int>(m_Font.columnWidth);
     m_LineHeight = static_cast<int>(m_Font.lineHeight);
     SetScrollbar(wxHORIZONTAL, 0, 0, 0);
@@ -119,7 +124,7 @@ int wxTextLineCtrl::Append(const String& line, bool sorted)
     {
         watcher->LineInserted(index);
     }
-    Extend(line);
+    Extend(line, index);
     return std::max(index - DropOldest(), -1);
 }
 
@@ -168,7 +173,7 @@ int wxTextLineCtrl::InsertSorted(const String& line)
     return index;
 }
 
-void wxTextLineCtrl::Extend(const String& line)
+void wxTextLineCtrl::Extend(const String& line, int index)
 {
     const auto width = [this](int64_t cells)
     { return internal::ScrollRange(Saturated(cells) + 1, m_ColumnWidth); };
@@ -177,7 +182,14 @@ void wxTextLineCtrl::Extend(const String& line)
     {
         m_ContentWidth = std::max(m_ContentWidth, width(textviews::CellCount(line)));
     }
-    LinesMoved();
+    if (index < m_Lines->Count() - 1)
+    {
+        LinesMoved();
+        return;
+    }
+    m_LineCount = m_Lines->Count();
+    AdjustScrollbarsLater();
+    GatherLater(); // a line that is not in view changes no picture
 }
 
 void wxTextLineCtrl::LinesMoved()
@@ -258,7 +270,7 @@ void wxTextLineCtrl::SelectAll()
 {
     CALL_ENTRY("wxTextLineCtrl::SelectAll");
     m_Selection->SelectAll(m_Lines->Count());
-    Redraw();
+    GatherLater();
 }
 
 void wxTextLineCtrl::SelectNone()
@@ -268,7 +280,7 @@ void wxTextLineCtrl::SelectNone()
     {
         m_Selection->Clear();
         StopSelecting();
-        Redraw();
+        GatherLater();
     }
 }
 
@@ -298,6 +310,6 @@ void wxTextLineCtrl::SetHighlightLine(int line)
     if (line != m_HoverLine)
     {
         m_HoverLine = line;
-        Redraw();
+        GatherLater();
     }
 }

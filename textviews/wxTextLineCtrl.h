@@ -13,6 +13,7 @@ class wxMenu;
 class wxTextLineSearchPanel;
 namespace textviews
 {
+class DrawnLines;
 class LineStore;
 class LinePainter;
 class LineWatcher;
@@ -142,12 +143,15 @@ private:
     textviews::TextPalette  Palette() const;
     textviews::LineState    StateOf(int line) const;
     int                     EndOfDrawnLines(const textviews::TextGeometry& geometry) const;
+    void DrawLine(const textviews::TextGeometry& geometry, const textviews::TextPalette& palette,
+                  textviews::LinePainter& painter, int line) const;
     void DrawHit(const textviews::TextGeometry& geometry, const textviews::TextPalette& palette,
                  textviews::LinePainter& painter) const;
     void DrawFocus(const textviews::TextPalette& palette, textviews::LinePainter& painter) const;
+    void AskForChangedLines();
 
     int  InsertSorted(const String& line);
-    void Extend(const String& line);
+    void Extend(const String& line, int index);
     void Drop(int index);
     int  DropOldest();
     void LinesMoved();
@@ -167,6 +171,7 @@ private:
     int                                       m_MatchColumn = -1;
     int                                       m_MatchLength = 0;
     std::unique_ptr<textviews::TextSelection> m_Selection;
+    std::unique_ptr<textviews::DrawnLines>    m_Drawn;
     int                                       m_LineLimit = 0; ///< 0: none.
     bool                m_Selecting = false; ///< The button is down, mouse captured.
     bool                m_MenuIsOpen = false;

@@ -1,5 +1,6 @@
 #include "internal/text/TextPainter.h"
 
+#include "internal/port/ScreenSurface.h"
 #include "internal/text/GlyphTable.h"
 
 #include <wx/graphics.h>
@@ -14,6 +15,7 @@ namespace
 {
 constexpr double kTightFit = 0.75; // pixels that a character may be wider than its cell
 constexpr double kFullChannel = 255.0;
+constexpr size_t kMostGlyphs = 2048; // drawn at once
 } // namespace
 
 /// The bitmap's cairo surface, with the glyphs that wait to be drawn on it.
@@ -73,8 +75,11 @@ void TextPainter::Canvas::SetSource(const wxColour& colour)
 
 void TextPainter::Canvas::SetColour(const wxColour& colour)
 {
-    Flush();
-    m_Colour = colour;
+    if (colour != m_Colour)
+    {
+        Flush();
+        m_Colour = colour;
+    }
 }
 
 void TextPainter::Canvas::DrawCell(const wchar_t* characters, int count, int x, int y, int width)
@@ -107,10 +112,11 @@ void TextPainter::Canvas::Draw(const Glyph& glyph, int x, int y, int width)
 
 void TextPainter::Canvas::Add(const Glyph& glyph, double x, double y)
 {
-    if (glyph.font != m_BatchFont)
+    if (glyph.font != m_BatchFont || m_Batch.size() == kMostGlyphs)
     {
         Flush();
         m_BatchFont = glyph.font;
+        m_Batch.reserve(kMostGlyphs);
     }
     m_Batch.push_back({glyph.index, x + glyph.dx, y + m_Glyphs.Baseline() + glyph.dy});
 }
@@ -207,11 +213,11 @@ void TextPainter::Canvas::Flush()
     }
 }
 
-TextPainter::TextPainter(wxMemoryDC& dc, const wxFont& font) : m_Dc(dc), m_Font(font)
+TextPainter::TextPainter(wxDC& dc, const wxFont& font) : m_Dc(dc), m_Font(font)
 {
     dc.SetFont(font);
     dc.SetBackgroundMode(wxBRUSHSTYLE_TRANSPARENT);
-    std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc));
+    std::unique_ptr<wxGraphicsContext> context = NewContextOn(dc);
     auto* const cairo = context ? static_cast<cairo_t*>(context->GetNativeContext()) : nullptr;
     if (GlyphTable* const glyphs = cairo ? GlyphTable::For(cairo, dc, font) : nullptr)
     {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <wx/colour.h>
-#include <wx/dcmemory.h>
+#include <wx/dc.h>
 #include <wx/font.h>
 #include <wx/gdicmn.h>
 
@@ -21,8 +21,8 @@ class GlyphTable;
 class TextPainter
 {
 public:
-    /// @param dc A bitmap must be selected into it.
-    TextPainter(wxMemoryDC& dc, const wxFont& font);
+    /// @param dc Of a bitmap or of a surface of the screen.
+    TextPainter(wxDC& dc, const wxFont& font);
     ~TextPainter(); ///< Flushes.
     TextPainter(const TextPainter&) = delete;
     TextPainter& operator=(const TextPainter&) = delete;
@@ -56,7 +56,7 @@ public:
 private:
     class Canvas;
 
-    wxMemoryDC&             m_Dc;
+    wxDC&                   m_Dc;
     wxFont                  m_Font;
     wxColour                m_Colour;
     std::unique_ptr<Canvas> m_Canvas; ///< Null: the toolkit has to draw.

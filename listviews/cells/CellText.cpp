@@ -1,5 +1,6 @@
 #include "listviews/cells/CellText.h"
 
+#include "internal/port/SurfaceDC.h"
 #include "internal/text/TextPainter.h"
 #include "listviews/cells/TextFit.h"
 
@@ -7,11 +8,31 @@
 
 namespace listviews
 {
-CellText::CellText(wxMemoryDC& dc) : m_Dc(dc)
+CellText::CellText(wxDC& dc) : m_Dc(dc)
 {
+    auto* const telling = dynamic_cast<internal::SurfaceDC*>(&dc);
+    m_IsTold = telling != nullptr;
+    if (telling)
+    {
+        telling->SetBefore(
+            [this]
+            {
+                if (m_Painter)
+                {
+                    m_Painter->Flush();
+                }
+            });
+    }
 }
 
-CellText::~CellText() = default;
+CellText::~CellText()
+{
+    m_Painter.reset();
+    if (m_IsTold)
+    {
+        static_cast<internal::SurfaceDC&>(m_Dc).SetBefore({});
+    }
+}
 
 // The rows of a list have the same font nearly always.
 internal::TextPainter& CellText::Painter()
@@ -74,8 +95,10 @@ bool CellText::DrawRun(const std::wstring& text, const wxRect& room)
     {
         painter.Unclip();
     }
-    // What the list draws next with the context itself must come on top.
-    painter.Flush();
+    if (!m_IsTold)
+    {
+        painter.Flush(); // what the list draws next with the context itself must come on top
+    }
     return true;
 }
 

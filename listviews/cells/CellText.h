@@ -1,6 +1,6 @@
 #pragma once
 
-#include <wx/dcmemory.h>
+#include <wx/dc.h>
 #include <wx/font.h>
 
 #include <memory>
@@ -12,13 +12,13 @@ class TextPainter;
 
 namespace listviews
 {
-/// Draws the texts of a list's cells into a bitmap, each in the room that it has: fast where the
-/// painter can, with the toolkit where it can't, and with the same picture. Everything that has
-/// been drawn is there when a call returns. Main thread.
+/// Draws the texts of a list's cells, each in the room that it has: fast where the painter can,
+/// with the toolkit where it can't, and with the same picture. What has been drawn is there before
+/// the context draws anything else. Main thread.
 class CellText
 {
 public:
-    explicit CellText(wxMemoryDC& dc);
+    explicit CellText(wxDC& dc);
     ~CellText();
     CellText(const CellText&) = delete;
     CellText& operator=(const CellText&) = delete;
@@ -34,8 +34,9 @@ private:
     bool                   DrawRun(const std::wstring& text, const wxRect& room);
     void                   DrawMeasured(const std::wstring& text, const wxRect& room);
 
-    wxMemoryDC&                            m_Dc;
+    wxDC&                                  m_Dc;
     wxFont                                 m_Font; ///< Of the painter.
     std::unique_ptr<internal::TextPainter> m_Painter;
+    bool                                   m_IsTold; ///< The context tells before it draws.
 };
 } // namespace listviews

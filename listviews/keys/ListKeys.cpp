@@ -226,7 +226,7 @@ void ListKeys::ShowFocus()
     {
         m_Parts.body.ShowRow(m_Parts.model.FocusRow());
     }
-    m_Parts.body.Redraw();
+    m_Parts.body.RedrawMarks();
 }
 
 void ListKeys::Activate(int row)

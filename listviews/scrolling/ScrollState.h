@@ -17,11 +17,12 @@ struct ScrollState
         bool                 hidden = true; ///< The native one is, whatever stands above.
     };
 
-    Bar    horizontal;
-    Bar    vertical;
-    bool   due = false;  ///< The native ones are behind the content.
-    bool   held = false; ///< A hand has taken one of the thumbs.
-    wxSize size;         ///< Pixels, at the last size event.
+    Bar     horizontal;
+    Bar     vertical;
+    bool    due = false;  ///< The native ones are behind the content.
+    bool    held = false; ///< A hand has taken one of the thumbs.
+    wxSize  size;         ///< Pixels, at the last size event.
+    wxPoint drawn;        ///< Positions of the content when it was drawn last.
 
     Bar& Of(int orientation) { return orientation == wxHORIZONTAL ? horizontal : vertical; }
 };

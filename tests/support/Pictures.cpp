@@ -8,6 +8,7 @@
 #include <wx/window.h>
 
 #include <cstdlib>
+#include <cstring>
 
 wxImage Drawn(const wxSize& size, const wxColour& background,
               const std::function<void(wxMemoryDC&)>& draw)
@@ -52,6 +53,13 @@ bool Near(const wxColour& a, const wxColour& b, int tolerance)
     return std::abs(a.Red() - b.Red()) <= tolerance &&
            std::abs(a.Green() - b.Green()) <= tolerance &&
            std::abs(a.Blue() - b.Blue()) <= tolerance;
+}
+
+bool SamePixels(const wxImage& a, const wxImage& b)
+{
+    return a.GetSize() == b.GetSize() &&
+           std::memcmp(a.GetData(), b.GetData(),
+                       static_cast<size_t>(a.GetWidth() * a.GetHeight() * 3)) == 0;
 }
 
 int CountPixels(const wxImage& image, const std::function<bool(const wxColour&)>& isLike)

@@ -21,6 +21,8 @@ wxColour PixelAt(const wxImage& image, int x, int y);
 /// Whether every channel differs by at most `tolerance`.
 bool Near(const wxColour& a, const wxColour& b, int tolerance);
 
+bool SamePixels(const wxImage& a, const wxImage& b);
+
 /// How many pixels are like that.
 int CountPixels(const wxImage& image, const std::function<bool(const wxColour&)>& isLike);
 

@@ -5,7 +5,8 @@
 #include <wx/stopwatch.h>
 
 #include <algorithm>
-#include <cstring>
+#include <functional>
+#include <random>
 
 namespace
 {
@@ -15,13 +16,6 @@ wxImage CellOf(const TestView& view, const wxImage& picture, int line, int cell)
     const int width = view.ColumnWidth();
     return picture.GetSubImage(
         wxRect(width / 2 + cell * width, line * view.LineHeight(), width, view.LineHeight()));
-}
-
-bool SamePixels(const wxImage& a, const wxImage& b)
-{
-    return a.GetSize() == b.GetSize() &&
-           std::memcmp(a.GetData(), b.GetData(),
-                       static_cast<size_t>(a.GetWidth() * a.GetHeight() * 3)) == 0;
 }
 
 bool IsBlank(const wxImage& image)
@@ -186,4 +180,69 @@ TEST_F(TextViewTest, AnInvalidColourDrawsNothingAndAssertsNothing)
     m_View->Search("line 1", true, true);
     EXPECT_EQ(PixelAt(m_View->Picture(), 0, 0), wxtGetColor(color_WindowBGLighter));
     SetColors(scheme_Dark);
+}
+
+TEST_F(TextViewTest, PartsMakeTheSamePictureAsTheWhole)
+{
+    constexpr int kSteps = 120;
+    std::mt19937  random(4711);
+    const auto    any = [&random](int below)
+    { return static_cast<int>(random() % static_cast<unsigned>(std::max(below, 1))); };
+    AppendNumbered(100);
+    m_View->SetFocus();
+    PumpEvents();
+    const std::function<void()> changes[] = {
+        [&] { m_View->Append(SFormat("new line %d", any(1000)), false); },
+        [&] { m_View->Append(SFormat("line %d", any(1000)), true); },
+        [&] { m_View->Erase(any(m_View->GetLineCount() - 1)); },
+        [&] { m_View->Mouse(wxEVT_MOTION, 20, any(300)); },
+        [&] { Drag(any(20), any(20)); },
+        [&] { m_View->SelectNone(); },
+        [&] { m_View->SelectAll(); },
+        [&] { m_View->Search("1", any(2) == 0, true); },
+        [&] { m_View->SetScrollPos(wxVERTICAL, any(Bottom() + 1)); },
+        [&] { m_View->SetScrollPos(wxVERTICAL, Bottom()); },
+        [&] { m_View->SetScrollPos(wxHORIZONTAL, any(30)); },
+        [&] { m_View->SetHighlightLine(any(m_View->GetLineCount())); },
+        [&]
+        {
+            // Something else of the screen uncovers a part of it before the delay is over.
+            const wxRect part(0, any(200), 200, 50);
+            m_View->Refresh(false, &part);
+            m_View->Update();
+        }};
+    for (int step = 0; step < kSteps; ++step)
+    {
+        for (int i = any(3); i >= 0; --i)
+        {
+            changes[any(static_cast<int>(std::size(changes)))]();
+        }
+        m_View->PaintNow();
+        m_View->PaintNow(); // what was found out while painting
+        const wxImage parts = PictureOf(m_View);
+        m_View->Redraw();
+        m_View->PaintNow();
+        const wxImage whole = PictureOf(m_View);
+        ASSERT_TRUE(SamePixels(parts, whole))
+            << "step " << step << Kept(parts, "parts") << Kept(whole, "whole");
+    }
+}
+
+// Whoever looks at a log that grows has its lines drawn once.
+TEST_F(TextViewTest, OnlyWhatChangesInSightIsDrawn)
+{
+    AppendNumbered(200);
+    EXPECT_TRUE(WaitFor([this] { return !m_View->RedrawPending(); }));
+    PumpEvents();
+    const int before = m_View->Drawn();
+    m_View->Append("out of sight", false);
+    m_View->PaintNow();
+    EXPECT_EQ(before, m_View->Drawn());
+    m_View->SetHighlightLine(2);
+    m_View->PaintNow();
+    EXPECT_EQ(before + 1, m_View->Drawn());
+    m_View->SetHighlightLine(3);
+    m_View->SetHighlightLine(2);
+    m_View->PaintNow();
+    EXPECT_EQ(before + 1, m_View->Drawn()) << "it looks as it did";
 }

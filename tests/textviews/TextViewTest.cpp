@@ -8,11 +8,11 @@
 
 wxImage TestView::Picture()
 {
-    // The same way that a paint takes, on a bitmap of the same kind.
     if (!m_Buffer)
     {
         m_Buffer = std::make_unique<wxBitmap>(GetClientSize());
     }
+    m_Buffer.get(); // the bitmap from now on
     DrawBitmap();
     return m_Buffer->ConvertToImage();
 }
@@ -21,6 +21,14 @@ void TestView::DrawBitmap()
 {
     wxTextLineCtrl::DrawBitmap();
     ++m_Drawn;
+}
+
+void TestView::PaintNow()
+{
+    wxTimerEvent due(m_RedrawTimer);
+    m_RedrawTimer.Stop();
+    Timeout(due);
+    Update();
 }
 
 void TestView::Mouse(wxEventType type, int x, int y)

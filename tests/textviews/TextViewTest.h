@@ -25,6 +25,9 @@ public:
     /// What the view draws now, without the screen.
     wxImage Picture();
 
+    /// The delay of the redraw is over now.
+    void PaintNow();
+
     void Mouse(wxEventType type, int x, int y);
     void Menu(int id);
 

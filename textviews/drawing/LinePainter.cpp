@@ -24,7 +24,7 @@ size_t PlainRun(std::string_view text)
 }
 } // namespace
 
-LinePainter::LinePainter(wxMemoryDC& dc, const wxFont& font, const TextGeometry& geometry,
+LinePainter::LinePainter(wxDC& dc, const wxFont& font, const TextGeometry& geometry,
                          TextPlaces& places)
     : m_Painter(dc, font), m_Geometry(geometry), m_Places(places)
 {

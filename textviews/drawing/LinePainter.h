@@ -20,8 +20,7 @@ public:
         int64_t end = 0;
     };
 
-    LinePainter(wxMemoryDC& dc, const wxFont& font, const TextGeometry& geometry,
-                TextPlaces& places);
+    LinePainter(wxDC& dc, const wxFont& font, const TextGeometry& geometry, TextPlaces& places);
 
     void SetColour(const wxColour& colour) { m_Painter.SetColour(colour); }
     /// Draws the characters of the line that lie at least in part in the stretch.

@@ -12,6 +12,11 @@ struct LineState
     bool selected = false;
     bool hover = false;
     bool marked = false; ///< The search last hit it.
+
+    bool operator==(const LineState& other) const
+    {
+        return selected == other.selected && hover == other.hover && marked == other.marked;
+    }
 };
 
 /// Colours of the bands behind the lines, all derived from three of the scheme.
