@@ -30,8 +30,8 @@ void wxDoubleBufferedWindow::StartRedrawTimer()
     }
 }
 
-// With the next frame, and once more after the delay, as of every change: a hand that scrolls would
-// see it stumble. A view that knows what it has drawn does not draw it again.
+// With the next frame: after the delay, as other changes are, a hand that scrolls would see it
+// stumble. The delay is there for a view that cannot be painted now.
 void wxDoubleBufferedWindow::PaintScrolled()
 {
     if (!m_KeepsDrawn)
@@ -44,6 +44,12 @@ void wxDoubleBufferedWindow::PaintScrolled()
     m_Due->Add(wxRect());
     m_Stale = true;
     Refresh(false);
+}
+
+// What was scrolled has been painted meanwhile.
+bool wxDoubleBufferedWindow::IsShownAsScrolled() const
+{
+    return m_KeepsDrawn && !m_Stale && m_Scroll->drawn == ScrollPosition();
 }
 
 void wxDoubleBufferedWindow::Redraw()
@@ -98,6 +104,11 @@ void wxDoubleBufferedWindow::Timeout(wxTimerEvent&)
     const wxRect area = m_PendingArea;
     m_PendingArea = wxRect();
     m_WholePending = false;
+    if (!m_Pending->HasAny() && IsShownAsScrolled())
+    {
+        m_Pending->Clear();
+        return;
+    }
     m_Due->Add(*m_Pending);
     m_Pending->Clear();
     m_Stale = true;

@@ -136,6 +136,7 @@ private:
     void                 StartRedrawTimer();
     void                 RedrawScrolled();
     void                 PaintScrolled();
+    bool                 IsShownAsScrolled() const;
     internal::ScrollAxis DueAxis(int orientation) const;
     void                 ApplyDueScrollbars();
     void                 TraceScrolling() const;

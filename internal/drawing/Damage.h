@@ -17,6 +17,7 @@ public:
     void Clear();
 
     bool IsAsked() const { return m_IsAsked; } ///< Something has been added.
+    bool HasAny() const { return m_All || !m_Rects.empty(); }
     /// Those within a picture of that size, or all of it; together they cover what was added, and
     /// may cover more: of many, neighbours are taken together.
     std::vector<wxRect> Within(const wxSize& picture) const;
