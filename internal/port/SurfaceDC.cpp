@@ -1,5 +1,6 @@
 #include "internal/port/SurfaceDC.h"
 
+#include <wx/dcgraph.h>
 #include <wx/graphics.h>
 
 namespace internal

@@ -1,9 +1,11 @@
 #pragma once
 
-#include <wx/dcgraph.h>
+#include <wx/dc.h>
 
 #include <functional>
 #include <memory>
+
+class wxGraphicsContext;
 
 namespace internal
 {
