@@ -87,6 +87,7 @@ protected:
     std::vector<int> Widths() const
     {
         std::vector<int> widths;
+        widths.reserve(static_cast<size_t>(m_List->GetColumnCount()));
         for (int i = 0; i < m_List->GetColumnCount(); ++i)
         {
             widths.push_back(m_List->GetColumn(i).width);
