@@ -1,4 +1,5 @@
 #include "textviews/search/LineSearch.h"
+#include "textviews/search/ByteFinder.h"
 
 #include <gtest/gtest.h>
 
@@ -120,6 +121,29 @@ TEST(LineSearchTest, AgreesWithAPlainSearch)
                           expected);
             }
         }
+    }
+}
+
+TEST(ByteFinderTest, FindsWhatAStringFinds)
+{
+    std::mt19937      random(5);
+    const std::string letters("e\0N\xff", 4);
+    const auto        any = [&](size_t length, size_t kinds)
+    {
+        std::string text;
+        while (text.size() < length)
+        {
+            text += letters[random() % kinds];
+        }
+        return text;
+    };
+    for (int i = 0; i < 20'000; ++i)
+    {
+        const size_t                kinds = 1 + random() % letters.size();
+        const std::string           in = any(random() % 300, kinds);
+        const textviews::ByteFinder finder(
+            i % 2 ? any(random() % 8, kinds) : in.substr(in.size() - random() % (in.size() + 1)));
+        ASSERT_EQ(finder.Find(in), in.find(finder.Text())) << i;
     }
 }
 

@@ -5,7 +5,6 @@
 #include <glib.h>
 
 #include <algorithm>
-#include <cstring>
 
 namespace textviews
 {
@@ -46,11 +45,6 @@ char LowerAscii(char c)
 {
     return static_cast<char>(c + (static_cast<unsigned char>(c - 'A') < 26 ? 'a' - 'A' : 0));
 }
-
-const char* FindBytes(std::string_view in, std::string_view what)
-{
-    return static_cast<const char*>(memmem(in.data(), in.size(), what.data(), what.size()));
-}
 } // namespace
 
 LineMatcher::LineMatcher(const String& text, bool matchCase) : m_MatchCase(matchCase)
@@ -73,7 +67,7 @@ LineMatcher::LineMatcher(const String& text, bool matchCase) : m_MatchCase(match
     PrepareQuickBytes();
     if (m_MatchCase)
     {
-        m_Bytes = text;
+        m_Bytes = ByteFinder(text);
         m_Quick = !text.empty();
     }
 }
@@ -89,7 +83,7 @@ void LineMatcher::PrepareQuickBytes()
                           [](uint32_t code) { return code < kAsciiCodes; });
     if (m_Quick)
     {
-        m_Bytes.assign(m_Codes.begin(), m_Codes.end());
+        m_Bytes = ByteFinder(std::string(m_Codes.begin(), m_Codes.end()));
     }
 }
 
@@ -205,9 +199,10 @@ void LineMatcher::QuickHits(const LineStore::Block& block, std::string_view byte
 {
     const auto startOf = [&](int line)
     { return line < block.lineCount ? block.StartOf(line) : bytes.size(); };
-    const auto longEnough = [&](int line)
+    const size_t length = m_Bytes.Text().size();
+    const auto   longEnough = [&](int line)
     {
-        while (line < end && startOf(line + 1) - startOf(line) < m_Bytes.size())
+        while (line < end && startOf(line + 1) - startOf(line) < length)
         {
             ++line;
         }
@@ -217,15 +212,14 @@ void LineMatcher::QuickHits(const LineStore::Block& block, std::string_view byte
     LineMatch    ignored;
     for (int line = longEnough(from); line < end; line = longEnough(line + 1))
     {
-        const size_t      at = startOf(line);
-        const char* const hit = FindBytes(bytes.substr(at, limit - at), m_Bytes);
-        if (!hit)
+        const size_t at = startOf(line);
+        const size_t hit = m_Bytes.Find(bytes.substr(at, limit - at));
+        if (hit == std::string_view::npos)
         {
             return;
         }
-        const auto byte = static_cast<size_t>(hit - bytes.data());
-        line = block.LineAt(byte);
-        if (byte + m_Bytes.size() <= startOf(line + 1) && Find(block.Line(line), ignored))
+        line = block.LineAt(at + hit);
+        if (at + hit + length <= startOf(line + 1) && Find(block.Line(line), ignored))
         {
             m_Hits.push_back(line);
             if (onlyFirst)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "textviews/lines/LineStore.h"
+#include "textviews/search/ByteFinder.h"
 #include "vesta/String.h"
 
 #include <cstdint>
@@ -60,7 +61,7 @@ private:
     std::vector<uint32_t> m_Codes;       ///< Of the text, folded.
     std::vector<size_t>   m_Fallbacks;   ///< Characters still agreed with after a disagreement.
     std::vector<uint32_t> m_FoldedCodes; ///< Of the most frequent characters.
-    std::string           m_Bytes;       ///< The text for comparing whole blocks of bytes.
+    ByteFinder            m_Bytes;       ///< The text for comparing whole blocks of bytes.
     bool                  m_MatchCase;
     bool                  m_Quick = false; ///< Plain blocks can be compared by bytes.
     std::string           m_LowerCase;     ///< A block's bytes.
