@@ -41,9 +41,21 @@ void wxDoubleBufferedWindow::PaintScrolled()
     }
     m_Pending->Add(wxRect());
     Ask(wxRect(GetClientAreaOrigin(), GetClientSize()));
-    m_Due->Add(wxRect());
-    m_Stale = true;
+    internal::Damage onlyAsked;
+    onlyAsked.Add(wxRect());
+    BecomeStale(onlyAsked);
     Refresh(false);
+}
+
+// A derived class that has called the content stale by itself means all of it.
+void wxDoubleBufferedWindow::BecomeStale(const internal::Damage& changes)
+{
+    if (m_Stale && !m_Due->IsAsked())
+    {
+        m_Due->AddAll();
+    }
+    m_Due->Add(changes);
+    m_Stale = true;
 }
 
 // What was scrolled has been painted meanwhile.
@@ -94,7 +106,7 @@ void wxDoubleBufferedWindow::Timeout(wxTimerEvent&)
     }
     if (m_GatherDue && m_Gather && !m_WholePending)
     {
-        m_Gather();
+        GatherChanges();
     }
     m_GatherDue = false;
     if (m_PendingArea.IsEmpty())
@@ -109,10 +121,24 @@ void wxDoubleBufferedWindow::Timeout(wxTimerEvent&)
         m_Pending->Clear();
         return;
     }
-    m_Due->Add(*m_Pending);
+    BecomeStale(*m_Pending);
     m_Pending->Clear();
-    m_Stale = true;
     Refresh(false, &area);
+}
+
+// A view that cannot tell what looks different is painted as a whole.
+void wxDoubleBufferedWindow::GatherChanges()
+{
+    try
+    {
+        m_Gather();
+    }
+    catch (...)
+    {
+        LogError("wxDoubleBufferedWindow: what has changed is not known, all is painted: " +
+                 TakeCurrentException());
+        Redraw();
+    }
 }
 
 void wxDoubleBufferedWindow::Paint(wxPaintEvent&)

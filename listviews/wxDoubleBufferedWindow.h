@@ -133,6 +133,8 @@ private:
     bool                 IsHeld() const;
     bool                 IsBehind(int orientation) const;
     void                 Ask(const wxRect& area);
+    void                 GatherChanges();
+    void                 BecomeStale(const internal::Damage& changes);
     void                 StartRedrawTimer();
     void                 RedrawScrolled();
     void                 PaintScrolled();

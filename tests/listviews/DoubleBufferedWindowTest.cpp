@@ -26,8 +26,15 @@ public:
         m_LineCount = lines;
         m_ContentWidth = width;
     }
-    void   Link(wxDoubleBufferedWindow* other) { m_LinkedWindow = other; }
-    void   Follow() { m_FollowEnd = true; }
+    void Link(wxDoubleBufferedWindow* other) { m_LinkedWindow = other; }
+    void Follow() { m_FollowEnd = true; }
+    void KeepDrawn() { m_KeepsDrawn = true; }
+    void CallStale() { m_Stale = true; }
+    void GatherBy(const std::function<void()>& gather)
+    {
+        m_Gather = gather;
+        GatherLater();
+    }
     wxRect Pending() const { return m_PendingArea; }
     wxSize BufferSize() const { return m_Buffer ? m_Buffer->GetSize() : wxSize(); }
     int    VisibleLines() const { return m_VisibleLines; }
@@ -35,6 +42,7 @@ public:
     int    NativeRange(int orientation) const { return wxWindow::GetScrollRange(orientation); }
 
     int                   m_Drawn = 0;
+    std::vector<wxRect>   m_Areas; ///< That the last drawing was for.
     wxColour              m_Colour = *wxBLUE;
     std::function<void()> m_BeforeDrawing;
 
@@ -43,6 +51,7 @@ protected:
     {
         CALL_ENTRY("PlainView::DrawBitmap");
         ++m_Drawn;
+        m_Areas = StaleAreas();
         if (m_BeforeDrawing)
         {
             m_BeforeDrawing();
@@ -189,6 +198,48 @@ TEST_F(DoubleBufferedWindowTest, AnySizeIsFine)
     m_View->SetSize(300, 200);
     EXPECT_TRUE(IsDrawn(before));
     EXPECT_TRUE(WaitFor([&] { return m_View->NativeRange(wxVERTICAL) == 10000; }));
+}
+
+// What comes in before the paint may not make less of it.
+TEST_F(DoubleBufferedWindowTest, AViewThatCallsItselfStaleIsDrawnAsAWhole)
+{
+    m_View->KeepDrawn();
+    Fill(1000, 10);
+    const wxRect part(0, 10, 50, 20);
+    const auto   areasAfter = [&](const std::function<void()>& change)
+    {
+        const int before = m_View->m_Drawn;
+        change();
+        EXPECT_TRUE(IsDrawn(before));
+        Settle();
+        return m_View->m_Areas;
+    };
+    const std::vector<wxRect> whole{wxRect(m_View->GetClientSize())};
+    EXPECT_EQ(areasAfter([&] { m_View->Redraw(part); }), std::vector<wxRect>{part});
+    const auto redrawDue = [&]
+    {
+        m_View->Redraw(part);
+        m_View->CallStale();
+        wxTimer      timer;
+        wxTimerEvent due(timer);
+        m_View->Timeout(due);
+    };
+    EXPECT_EQ(areasAfter(redrawDue), whole);
+    const auto scrolledThereAndBack = [&]
+    {
+        m_View->CallStale();
+        m_View->ScrollLines(3);
+        m_View->ScrollLines(-3);
+    };
+    EXPECT_EQ(areasAfter(scrolledThereAndBack), whole);
+    const LogCapture log;
+    const auto       unknown = [&]
+    {
+        m_View->Redraw(part);
+        m_View->GatherBy([] { throw std::runtime_error("nobody knows"); });
+    };
+    EXPECT_EQ(areasAfter(unknown), whole);
+    EXPECT_TRUE(log.Has("nobody knows"));
 }
 
 TEST_F(DoubleBufferedWindowTest, AFailedPaintIsTriedAgainAndLoggedOnce)

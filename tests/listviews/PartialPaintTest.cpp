@@ -9,6 +9,7 @@
 
 #include <wx/listbase.h>
 #include <wx/sizer.h>
+#include <wx/uiaction.h>
 
 #include <random>
 
@@ -38,6 +39,9 @@ protected:
         Frame()->Layout();
         EXPECT_TRUE(WaitFor([this] { return Body().GetClientSize().y > 100; }));
         m_List->SetFocus();
+        // A tooltip under the pointer would come into the pictures.
+        wxUIActionSimulator().MouseMove(Frame()->GetScreenRect().GetBottomRight() +
+                                        wxPoint(40, 40));
         PumpEvents();
     }
 
