@@ -14,8 +14,8 @@
 
 namespace
 {
-constexpr int kArrowWidth = 9;  // pixels
-constexpr int kArrowHeight = 5; // pixels
+constexpr int kLeastArrow = 5;  // pixels from its base to its point
+constexpr int kArrowShare = 4;  // so many times that is a title high
 constexpr int kMarkerWidth = 3; // pixels
 } // namespace
 
@@ -123,7 +123,7 @@ int wxDBListHeader::DrawImage(wxDC& dc, int image, const wxRect& room)
     const std::vector<wxBitmapBundle>& images = m_Model.titleImages;
     const int                          margin = listviews::_TableSettings::Get().cellMargin;
     const int                          width = ImageWidth(image);
-    if (width == 0 || room.width < std::max(width, kArrowWidth) + margin)
+    if (width == 0 || room.width < std::max(width, ArrowWidth()) + margin)
     {
         return 0;
     }
@@ -140,21 +140,33 @@ int wxDBListHeader::DrawImage(wxDC& dc, int image, const wxRect& room)
 int wxDBListHeader::DrawArrow(wxDC& dc, bool up, const wxRect& room)
 {
     const wxColour ink = wxtGetColor(color_ButtonText);
+    const int      width = ArrowWidth();
+    const int      height = ArrowHeight();
     if (!ink.IsOk())
     {
-        return kArrowWidth;
+        return width;
     }
     const wxDCBrushChanger brush(dc, wxBrush(ink));
     const wxDCPenChanger   pen(dc, *wxTRANSPARENT_PEN);
-    const int              left = room.GetRight() + 1 - kArrowWidth;
-    const int              top = room.y + (room.height - kArrowHeight) / 2;
+    const int              left = room.GetRight() + 1 - width;
+    const int              top = room.y + (room.height - height) / 2;
     // Row by row: the edges of a polygon would be smoothed on one port and not on the other.
-    for (int i = 0; i < kArrowHeight; ++i)
+    for (int i = 0; i < height; ++i)
     {
-        const int inset = up ? kArrowHeight - 1 - i : i;
-        dc.DrawRectangle(left + inset, top + i, kArrowWidth - 2 * inset, 1);
+        const int inset = up ? height - 1 - i : i;
+        dc.DrawRectangle(left + inset, top + i, width - 2 * inset, 1);
     }
-    return kArrowWidth;
+    return width;
+}
+
+int wxDBListHeader::ArrowHeight() const
+{
+    return std::max(kLeastArrow, GetClientSize().y / kArrowShare);
+}
+
+int wxDBListHeader::ArrowWidth() const
+{
+    return 2 * ArrowHeight() - 1;
 }
 
 // Pixels; 0 when there is none.
@@ -167,7 +179,7 @@ int wxDBListHeader::ImageWidth(int image) const
     }
     if (images.empty())
     {
-        return kArrowWidth;
+        return ArrowWidth();
     }
     if (static_cast<size_t>(image) >= images.size())
     {

@@ -88,9 +88,13 @@ void wxDBTreeListCtrl::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool
 
 int wxDBTreeListCtrl::GetCellWidth(wxDC& dc, int row, int column)
 {
-    const int indent =
-        column == GetTreeColumn() ? (GetLevel(row) + 1) * listviews::TreeCellGeometry::k_Indent : 0;
-    return wxDBListCtrl::GetCellWidth(dc, row, column) + indent;
+    const int width = wxDBListCtrl::GetCellWidth(dc, row, column);
+    if (column != GetTreeColumn())
+    {
+        return width;
+    }
+    const listviews::TreeCellGeometry geometry(GetBody()->GetCellRect(row, column), 0);
+    return width + (GetLevel(row) + 1) * geometry.indent;
 }
 
 // Lines and expander; what they leave of the cell.

@@ -63,6 +63,8 @@ private:
     int      DrawImage(wxDC& dc, int image, const wxRect& room);
     int      DrawRank(wxDC& dc, listviews::CellText& cells, int rank, const wxRect& room);
     int      DrawArrow(wxDC& dc, bool up, const wxRect& room);
+    int      ArrowHeight() const;
+    int      ArrowWidth() const;
     int      ImageWidth(int image) const;
     void     DrawTitleCursor(listviews::CellText& cells, const wxRect& rect);
     void     DrawMove(wxDC& dc, listviews::CellText& cells);

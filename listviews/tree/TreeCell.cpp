@@ -14,7 +14,9 @@ namespace
 constexpr double kLineShare = 0.3; // of the text's colour; the rest is the ground's
 constexpr double kArrowShare = 0.8;
 constexpr double kHaloShare = 0.3;
-constexpr int    kArrowLength = 5; // pixels from its base to its point
+// Pixels.
+constexpr int kLeastSide = 11;
+constexpr int kOverSide = 5; // of a level over the expander's side
 
 /// Fills rectangles; a colour is set only when it is another one.
 class _Brush
@@ -89,7 +91,7 @@ void DrawArrow(_Brush& brush, const wxRect& box, bool down, const wxColour& colo
     double    before[2];
     dc.GetUserScale(&before[0], &before[1]);
     dc.SetUserScale(before[0] / pixels, before[1] / pixels);
-    const int length = kArrowLength * pixels;
+    const int length = box.height / 2 * pixels; // from its base to its point
     const int x = (box.x + box.width / 2) * pixels + pixels / 2;
     const int y = (box.y + box.height / 2) * pixels + pixels / 2;
     for (int i = 0; i < length; ++i)
@@ -104,32 +106,32 @@ void DrawArrow(_Brush& brush, const wxRect& box, bool down, const wxColour& colo
 }
 } // namespace
 
-TreeCellGeometry::TreeCellGeometry(const wxRect& cellRect, int ofLevel) : cell(cellRect)
+TreeCellGeometry::TreeCellGeometry(const wxRect& cellRect, int ofLevel)
+    : cell(cellRect), side(std::max(kLeastSide, cell.height / 2 | 1)), indent(side + kOverSide)
 {
-    const int most = (cell.width - k_LeastText) / k_Indent - 1;
+    const int most = (cell.width - k_LeastText) / indent - 1;
     level = std::clamp(ofLevel, 0, std::max(most, 0));
 }
 
 int TreeCellGeometry::MiddleOf(int ofLevel) const
 {
-    return cell.x + ofLevel * k_Indent + k_Indent / 2 + 1;
+    return cell.x + ofLevel * indent + indent / 2 + 1;
 }
 
 wxRect TreeCellGeometry::Expander() const
 {
-    return wxRect(MiddleOf(level) - k_Side / 2, cell.y + (cell.height - k_Side) / 2, k_Side,
-                  k_Side);
+    return wxRect(MiddleOf(level) - side / 2, cell.y + (cell.height - side) / 2, side, side);
 }
 
 wxRect TreeCellGeometry::Press() const
 {
-    return wxRect(cell.x + level * k_Indent, cell.y, k_Indent + 1, cell.height).Intersect(cell);
+    return wxRect(cell.x + level * indent, cell.y, indent + 1, cell.height).Intersect(cell);
 }
 
 wxRect TreeCellGeometry::Text() const
 {
-    const int indent = std::min((level + 1) * k_Indent, cell.width);
-    return wxRect(cell.x + indent, cell.y, cell.width - indent, cell.height);
+    const int before = std::min((level + 1) * indent, cell.width);
+    return wxRect(cell.x + before, cell.y, cell.width - before, cell.height);
 }
 
 TreeCellLook LookOf(const TreeCellState& state, const wxColour& text, const wxColour& ground)

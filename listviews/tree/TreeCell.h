@@ -13,12 +13,12 @@ namespace listviews
 /// the same.
 struct TreeCellGeometry
 {
-    static constexpr int k_Indent = 16; ///< Pixels of a level.
-    static constexpr int k_Side = 11;   ///< Pixels of the expander; odd, so that it has a middle.
     static constexpr int k_LeastText = 40; ///< Pixels that are left for the text where there are.
 
     wxRect cell;
-    int    level = 0; ///< As it is drawn: in a narrow column deep levels stand in line.
+    int    side;   ///< Of the expander: about half of a cell; odd, so that it has a middle.
+    int    indent; ///< Of a level.
+    int    level;  ///< As it is drawn: in a narrow column deep levels stand in line.
 
     TreeCellGeometry(const wxRect& cellRect, int ofLevel);
     int    MiddleOf(int ofLevel) const; ///< Of the expanders and lines of a level.
