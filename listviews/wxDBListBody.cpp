@@ -3,6 +3,7 @@
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
 #include "internal/port/PopUps.h"
+#include "internal/port/ToolTips.h"
 #include "listviews/cells/DrawnRows.h"
 #include "listviews/model/ListModel.h"
 #include "listviews/model/TableSettings.h"
@@ -150,8 +151,15 @@ void wxDBListBody::OnMotion(wxMouseEvent& event)
     {
         LetMouseGo(); // the button was let go where nobody told of it
     }
-    const bool inside = GetClientRect().Contains(event.GetPosition());
+    const bool                    inside = GetClientRect().Contains(event.GetPosition());
+    const wxPoint                 before = m_Pointer;
+    const listviews::ListGeometry geometry = Geometry();
     m_Pointer = inside ? event.GetPosition() : wxPoint(-1, -1);
+    if (geometry.RowAt(before.y) != geometry.RowAt(m_Pointer.y) ||
+        geometry.ColumnAt(before.x) != geometry.ColumnAt(m_Pointer.x))
+    {
+        internal::UnsetToolTipHere(*this);
+    }
     SetHoverRow(HoverRow());
     if (inside)
     {
@@ -196,10 +204,7 @@ void wxDBListBody::Notify(wxTimerEvent&)
     // What is cut away anyway is not even converted.
     const size_t   bytes = std::min(whole.size(), kLongestTip * kLongestCharacter);
     const wxString text = wxtToWx(whole.data(), bytes).Left(kLongestTip);
-    if (text != GetToolTipText())
-    {
-        SetToolTip(text);
-    }
+    internal::SetToolTipHere(*this, text);
 }
 
 // The frame of the row that the keys move from comes and goes.

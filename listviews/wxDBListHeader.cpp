@@ -1,6 +1,7 @@
 #include "listviews/wxDBListHeader.h"
 
 #include "appearance/wxTolvanString.h"
+#include "internal/port/ToolTips.h"
 #include "listviews/columns/ColumnActions.h"
 #include "listviews/model/ListModel.h"
 #include "listviews/model/TableSettings.h"
@@ -114,10 +115,7 @@ void wxDBListHeader::Hover(int x)
     const wxString label = m_Model.HasColumn(m_Model.hoverColumn)
                                ? wxtToWx(m_Model.Column(m_Model.hoverColumn).label)
                                : wxString();
-    if (label != GetToolTipText())
-    {
-        SetToolTip(label);
-    }
+    internal::SetToolTipHere(*this, label);
     Redraw();
 }
 

@@ -75,6 +75,7 @@ GalleryFrame::GalleryFrame() : wxTolvanFrame("Tolvan Gallery")
     SetSizerAndFit(whole);
     FitToScreen(); // the search bar takes a second row at that width
     whole->SetSizeHints(this);
+    LoadWindowPosition();
     Bind(wxEVT_CLOSE_WINDOW, &GalleryFrame::OnClose, this);
     m_Built = true;
 }
@@ -83,6 +84,7 @@ void GalleryFrame::OnClose(wxCloseEvent& event)
 {
     if (!m_End.Begin())
     {
+        SaveWindowPosition();
         event.Skip();
     }
 }

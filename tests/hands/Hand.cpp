@@ -42,12 +42,35 @@ int IgnoreError(Display*, XErrorEvent*)
     return 0;
 }
 
-bool IsPopUp(Display* display, Window window)
+// What comes past the window manager, and is larger than what nobody is to see.
+bool IsAbove(const XWindowAttributes& attributes)
 {
-    XWindowAttributes attributes{};
-    return XGetWindowAttributes(display, window, &attributes) && attributes.override_redirect &&
-           attributes.map_state == IsViewable && attributes.width >= kLeastPopUp &&
-           attributes.height >= kLeastPopUp && !IsTip(display, window);
+    return attributes.override_redirect && attributes.map_state == IsViewable &&
+           attributes.width >= kLeastPopUp && attributes.height >= kLeastPopUp;
+}
+
+// Those that come past the window manager and are tips, or are none.
+std::vector<XWindowAttributes> WindowsAbove(Display* display, bool tips)
+{
+    Window       root = 0;
+    Window       parent = 0;
+    Window*      windows = nullptr;
+    unsigned int count = 0;
+    XQueryTree(display, DefaultRootWindow(display), &root, &parent, &windows, &count);
+    auto* const                    before = XSetErrorHandler(IgnoreError);
+    std::vector<XWindowAttributes> above;
+    for (const Window* window = windows; window != windows + count; ++window)
+    {
+        XWindowAttributes attributes{};
+        if (XGetWindowAttributes(display, *window, &attributes) && IsAbove(attributes) &&
+            IsTip(display, *window) == tips)
+        {
+            above.push_back(attributes);
+        }
+    }
+    XSetErrorHandler(before);
+    XFree(windows);
+    return above;
 }
 } // namespace
 
@@ -145,15 +168,11 @@ int Hand::Key(const std::string& name)
 
 bool Hand::SeesPopUp() const
 {
-    Window       root = 0;
-    Window       parent = 0;
-    Window*      windows = nullptr;
-    unsigned int count = 0;
-    XQueryTree(m_Display, DefaultRootWindow(m_Display), &root, &parent, &windows, &count);
-    auto* const before = XSetErrorHandler(IgnoreError);
-    const bool  seen = std::any_of(windows, windows + count,
-                                   [this](Window window) { return IsPopUp(m_Display, window); });
-    XSetErrorHandler(before);
-    XFree(windows);
-    return seen;
+    return !WindowsAbove(m_Display, false).empty();
+}
+
+int Hand::TipLeft() const
+{
+    const std::vector<XWindowAttributes> tips = WindowsAbove(m_Display, true);
+    return tips.empty() ? -1 : tips.front().x;
 }

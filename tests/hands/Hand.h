@@ -29,6 +29,8 @@ public:
     /// A list or a menu is on the screen: a window that comes past the window manager and is larger
     /// than what nobody is to see. Tips do not count.
     bool SeesPopUp() const;
+    /// Where the tip that is shown begins: pixels of the screen from its left; -1 when none is.
+    int TipLeft() const;
 
 private:
     _XDisplay*       m_Display;
