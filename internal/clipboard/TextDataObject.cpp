@@ -13,11 +13,12 @@ namespace
 {
 const char* const kBytesFormat = "application/octet-stream";
 const char* const kMimeText = "text/plain;charset=utf-8"; // what Wayland's programs ask for
+const char* const kPlainText = "text/plain";              // and what programs without a toolkit do
 
-std::array<wxDataFormat, 5> Formats()
+std::array<wxDataFormat, 6> Formats()
 {
-    return {wxDataFormat(wxDF_UNICODETEXT), wxDataFormat(wxDF_TEXT), wxDataFormat(kMimeText),
-            wxDataFormat(kBytesFormat), wxDataFormat(wxDF_HTML)};
+    return {wxDataFormat(wxDF_UNICODETEXT), wxDataFormat(wxDF_TEXT),    wxDataFormat(kMimeText),
+            wxDataFormat(kPlainText),       wxDataFormat(kBytesFormat), wxDataFormat(wxDF_HTML)};
 }
 
 // With each byte that is no UTF-8 as the character of its number.
