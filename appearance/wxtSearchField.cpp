@@ -8,6 +8,7 @@
 #include "internal/input/PadKey.h"
 #include "internal/port/Enabling.h"
 #include "internal/port/FieldStyle.h"
+#include "internal/text/Digits.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/dcclient.h>
@@ -24,17 +25,6 @@ constexpr int kLeastField = 64; // pixels of the field that the note leaves
 constexpr int kBestWidth = 200; // pixels
 constexpr int kCross = 7;       // pixels of the button's cross
 constexpr int kClearWidth = 18; // pixels
-
-wxString Grouped(int number)
-{
-    wxString text = wxString::Format("%d", number);
-    for (size_t at = text.length(); at > 3;)
-    {
-        at -= 3;
-        text.insert(at, 1, ',');
-    }
-    return text;
-}
 } // namespace
 
 // A text field that does not frame itself: the whole control is framed.
@@ -171,8 +161,8 @@ void wxtSearchField::SetShown(int shown, int total)
     m_Notes.clear();
     if (total >= 0)
     {
-        const wxString some = Grouped(shown);
-        const wxString all = Grouped(total);
+        const wxString some = internal::Grouped(shown);
+        const wxString all = internal::Grouped(total);
         m_Notes = {wxString::Format(_("%s of %s shown"), some, all),
                    wxString::Format(_("%s of %s"), some, all), some};
     }

@@ -3,6 +3,7 @@
 #include "appearance/wxtSearchField.h"
 #include "appearance/wxtStockControls.h"
 #include "internal/input/PadKey.h"
+#include "internal/text/Digits.h"
 #include "jobwidgets/selection/JobTree.h"
 #include "jobwidgets/selection/JobTreeModel.h"
 #include "jobwidgets/selection/RecentJobs.h"
@@ -247,11 +248,13 @@ void JobSelector::Tell(wxEventType type)
 void JobSelector::ShowNote(size_t selected)
 {
     const size_t   count = m_Jobs.GetCount();
+    const wxString all = internal::Grouped(static_cast<long long>(count));
     const wxString note =
         count == 0 ? wxString(wxGetTranslation("No jobs"))
         : selected == 0
-            ? wxString::Format(wxGetTranslation("Jobs: %zu"), count)
-            : wxString::Format(wxGetTranslation("Selected: %zu of %zu"), selected, count);
+            ? wxString::Format(wxGetTranslation("Jobs: %s"), all)
+            : wxString::Format(wxGetTranslation("Selected: %s of %s"),
+                               internal::Grouped(static_cast<long long>(selected)), all);
     if (note != m_Note->GetLabel())
     {
         m_Note->SetLabel(note);
