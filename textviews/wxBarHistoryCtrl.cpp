@@ -2,6 +2,7 @@
 
 #include "appearance/wxTolvanColors.h"
 #include "appearance/wxTolvanString.h"
+#include "internal/drawing/Raster.h"
 #include "internal/port/Pixels.h"
 #include "textviews/chart/BarChart.h"
 #include "textviews/chart/BarHistory.h"
@@ -9,6 +10,7 @@
 
 #include <wx/dcclient.h>
 #include <wx/numformatter.h>
+#include <wx/tooltip.h>
 
 #include <algorithm>
 #include <cmath>
@@ -38,12 +40,15 @@ wxBEGIN_EVENT_TABLE(wxBarHistoryCtrl, wxControl)
     EVT_ERASE_BACKGROUND(wxBarHistoryCtrl::OnEraseBackground)
     EVT_SIZE(wxBarHistoryCtrl::OnSize)
     EVT_SYS_COLOUR_CHANGED(wxBarHistoryCtrl::OnColoursChanged)
+    EVT_ENTER_WINDOW(wxBarHistoryCtrl::OnEnter)
+    EVT_LEAVE_WINDOW(wxBarHistoryCtrl::OnLeave)
 wxEND_EVENT_TABLE()
 // clang-format on
 
 wxBarHistoryCtrl::wxBarHistoryCtrl()
     : m_History(std::make_unique<textviews::BarHistory>()),
-      m_Bounds(std::make_unique<textviews::BarBounds>())
+      m_Bounds(std::make_unique<textviews::BarBounds>()),
+      m_Raster(std::make_unique<internal::Raster>())
 {
 }
 
@@ -167,6 +172,42 @@ void wxBarHistoryCtrl::RebuildTooltip()
     SetToolTip(wxtToWx(TooltipText()));
 }
 
+// The toolkit asks the display where the pointer is for every new tooltip, which takes as long as
+// drawing the chart: it hears of them while the pointer is here.
+void wxBarHistoryCtrl::DoSetToolTip(wxToolTip* tip)
+{
+    if (tip && !m_Entered)
+    {
+        wxWindowBase::DoSetToolTip(tip);
+    }
+    else
+    {
+        wxControl::DoSetToolTip(tip);
+    }
+}
+
+void wxBarHistoryCtrl::ShowTooltips(bool entered)
+{
+    m_Entered = entered;
+    const wxString text = GetToolTipText();
+    if (!text.empty())
+    {
+        wxControl::SetToolTip(new wxToolTip(text));
+    }
+}
+
+void wxBarHistoryCtrl::OnEnter(wxMouseEvent& event)
+{
+    event.Skip();
+    ShowTooltips(true);
+}
+
+void wxBarHistoryCtrl::OnLeave(wxMouseEvent& event)
+{
+    event.Skip();
+    ShowTooltips(false);
+}
+
 void wxBarHistoryCtrl::OnPaint(wxPaintEvent&)
 {
     CALL_ENTRY("wxBarHistoryCtrl::OnPaint");
@@ -189,17 +230,13 @@ void wxBarHistoryCtrl::Render()
     {
         return;
     }
-    wxImage image =
-        textviews::DrawBarChart(size, m_History->Values(), m_Empty, *m_Bounds, SchemeColours());
-    const int scale = std::max(1, static_cast<int>(std::lround(GetContentScaleFactor())));
-    if (scale > 1)
-    {
-        image.Rescale(size.x * scale, size.y * scale, wxIMAGE_QUALITY_NEAREST);
-    }
+    textviews::DrawBarChart(*m_Raster, size, m_History->Values(), m_Empty, *m_Bounds,
+                            SchemeColours());
+    const int  scale = std::max(1, static_cast<int>(std::lround(GetContentScaleFactor())));
     const bool fits = m_Bitmap.IsOk() && m_Bitmap.GetScaleFactor() == scale;
-    if (!fits || !internal::ReplacePixels(m_Bitmap, image))
+    if (!fits || !internal::ReplacePixels(m_Bitmap, *m_Raster, scale))
     {
-        m_Bitmap = wxBitmap(image, wxBITMAP_SCREEN_DEPTH, scale);
+        m_Bitmap = wxBitmap(internal::ImageOf(*m_Raster, scale), wxBITMAP_SCREEN_DEPTH, scale);
     }
     m_Dirty = false;
 }

@@ -10,6 +10,10 @@
 #include <cstdint>
 #include <memory>
 
+namespace internal
+{
+struct Raster;
+}
 namespace textviews
 {
 class BarHistory;
@@ -50,20 +54,28 @@ public:
     /// Asked for at every paint, and slow to find.
     wxVisualAttributes GetDefaultAttributes() const override { return m_Attributes; }
 
+protected:
+    void DoSetToolTip(wxToolTip* tip) override;
+
 private:
     void _Init();
     void OnPaint(wxPaintEvent& event);
     void OnEraseBackground(wxEraseEvent& event);
     void OnSize(wxSizeEvent& event);
     void OnColoursChanged(wxSysColourChangedEvent& event);
+    void OnEnter(wxMouseEvent& event);
+    void OnLeave(wxMouseEvent& event);
 
     void   Changed(bool refresh);
     void   Render();
     void   RebuildTooltip();
+    void   ShowTooltips(bool entered);
     String TooltipText() const;
 
     std::unique_ptr<textviews::BarHistory> m_History;
     std::unique_ptr<textviews::BarBounds>  m_Bounds;
+    std::unique_ptr<internal::Raster>      m_Raster; ///< What is drawn, kept for its memory.
+    bool                                   m_Entered = false; ///< The pointer is here.
     bool                                   m_Empty = true; ///< No value since the start or `Clear`.
     bool                                   m_Dirty = true; ///< The bitmap is out of date.
     wxBitmap                               m_Bitmap;

@@ -1,23 +1,31 @@
 #include "internal/port/Pixels.h"
 
+#include "internal/drawing/Raster.h"
+
 #include <wx/dcmemory.h>
 #include <wx/graphics.h>
-#include <wx/image.h>
 
 #include <cairo.h>
 
-#include <cstdint>
+#include <algorithm>
 #include <memory>
 
 namespace internal
 {
 namespace
 {
-// One pixel of either format that bitmaps have.
-uint32_t Packed(const unsigned char* rgb)
+// Both formats that bitmaps have hold pixels as the raster does.
+void Stretch(const Raster::Pixel* from, int width, int scale, Raster::Pixel* to)
 {
-    constexpr uint32_t kOpaque = 0xff000000;
-    return kOpaque | static_cast<uint32_t>(rgb[0] << 16 | rgb[1] << 8 | rgb[2]);
+    if (scale == 1)
+    {
+        std::copy_n(from, width, to);
+        return;
+    }
+    for (int x = 0; x < width; ++x)
+    {
+        to = std::fill_n(to, scale, from[x]);
+    }
 }
 
 // Null where pixels are not kept in the process's own memory.
@@ -34,31 +42,26 @@ cairo_surface_t* MemorySurface(wxGraphicsContext* context)
 }
 } // namespace
 
-bool ReplacePixels(wxBitmap& bitmap, const wxImage& image)
+bool ReplacePixels(wxBitmap& bitmap, const Raster& raster, int scale)
 {
-    if (!bitmap.IsOk() || !image.IsOk())
+    if (!bitmap.IsOk())
     {
         return false;
     }
     wxMemoryDC                               dc(bitmap);
     const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc));
     cairo_surface_t* const                   surface = MemorySurface(context.get());
-    const wxSize                             size = image.GetSize();
+    const wxSize                             size = raster.size * scale;
     if (!surface || cairo_image_surface_get_width(surface) != size.x ||
         cairo_image_surface_get_height(surface) != size.y)
     {
         return false;
     }
     cairo_surface_flush(surface);
-    unsigned char*       row = cairo_image_surface_get_data(surface);
-    const unsigned char* source = image.GetData();
+    unsigned char* row = cairo_image_surface_get_data(surface);
     for (int y = 0; y < size.y; ++y, row += cairo_image_surface_get_stride(surface))
     {
-        auto* const pixels = reinterpret_cast<uint32_t*>(row);
-        for (int x = 0; x < size.x; ++x, source += 3)
-        {
-            pixels[x] = Packed(source);
-        }
+        Stretch(raster.Row(y / scale), raster.size.x, scale, reinterpret_cast<Raster::Pixel*>(row));
     }
     cairo_surface_mark_dirty(surface);
     return true;

@@ -1,5 +1,6 @@
 #include "textviews/chart/BarHistory.h"
 #include "appearance/wxTolvanColors.h"
+#include "internal/drawing/Raster.h"
 #include "tests/support/FrameTest.h"
 #include "tests/support/Pictures.h"
 #include "textviews/chart/BarChart.h"
@@ -40,6 +41,14 @@ std::vector<String> Rows(const wxImage& image)
 }
 
 using Chart = std::vector<String>;
+
+Chart ChartOf(const wxSize& size, const std::deque<uint32_t>& values, bool empty,
+              const textviews::BarBounds& bounds)
+{
+    static internal::Raster s_Raster; // what another chart leaves in it must not show
+    textviews::DrawBarChart(s_Raster, size, values, empty, bounds, kColours);
+    return Rows(internal::ImageOf(s_Raster, 1));
+}
 } // namespace
 
 TEST(BarScale, WrapsBelowTheRangeAndKeepsWithinIt)
@@ -100,10 +109,9 @@ TEST(BarChart, PixelByPixel)
     };
     for (const auto& c : cases)
     {
-        EXPECT_EQ(c.chart,
-                  Rows(textviews::DrawBarChart(c.size, c.values, false, c.bounds, kColours)));
+        EXPECT_EQ(c.chart, ChartOf(c.size, c.values, false, c.bounds));
     }
-    const Chart empty = Rows(textviews::DrawBarChart(wxSize(10, 10), {}, true, {}, kColours));
+    const Chart empty = ChartOf(wxSize(10, 10), {}, true, {});
     EXPECT_EQ("#hoooooho+", empty[1]);
     EXPECT_EQ("#oohohooo+", empty[3]);
 }

@@ -1,21 +1,26 @@
 #include "textviews/chart/BarChart.h"
 
+#include "internal/drawing/Raster.h"
+
 #include <algorithm>
-#include <array>
 #include <cmath>
+#include <vector>
 
 namespace textviews
 {
 namespace
 {
-using Pixel = std::array<unsigned char, 3>;
+using internal::Raster;
+using Pixel = Raster::Pixel;
 
-constexpr Pixel kLightBlue = {0, 0, 255};
-constexpr Pixel kDarkBlue = {0, 0, 127};
-constexpr Pixel kLightGreen = {0, 255, 0};
-constexpr Pixel kDarkGreen = {0, 160, 0};
-constexpr Pixel kLightYellow = {255, 255, 0};
-constexpr Pixel kDarkYellow = {160, 160, 0};
+constexpr Pixel kBlack = Raster::PixelOf(0, 0, 0);
+constexpr Pixel kLightBlue = Raster::PixelOf(0, 0, 255);
+constexpr Pixel kDarkBlue = Raster::PixelOf(0, 0, 127);
+constexpr Pixel kLightGreen = Raster::PixelOf(0, 255, 0);
+constexpr Pixel kDarkGreen = Raster::PixelOf(0, 160, 0);
+constexpr Pixel kLightYellow = Raster::PixelOf(255, 255, 0);
+constexpr Pixel kDarkYellow = Raster::PixelOf(160, 160, 0);
+constexpr Pixel kColour = 0x00ffffff; // of a pixel
 
 // Pixels.
 constexpr int kSegmentWidth = 2;
@@ -23,72 +28,86 @@ constexpr int kSegmentStep = 3;
 constexpr int kEndWidth = 3; // of the meter's last segment
 constexpr int kHatchStep = 8;
 
-/// The raster that the chart is made in; what lies outside is left out.
-class Raster
+/// Draws on the raster; what lies outside is left out.
+class Pencil
 {
 public:
-    explicit Raster(const wxSize& size) : m_Image(size), m_Size(size), m_Data(m_Image.GetData()) {}
+    explicit Pencil(Raster& raster) : m_Raster(raster) {}
 
-    void Fill(int x, int y, int width, int height, const Pixel& colour)
+    void Fill(int x, int y, int width, int height, Pixel colour)
     {
-        Each(x, y, width, height,
-             [colour](unsigned char* p) { std::copy_n(colour.data(), colour.size(), p); });
+        const int left = std::max(x, 0);
+        const int right = std::min(x + width, Size().x);
+        const int bottom = std::min(y + height, Size().y);
+        for (int row = std::max(y, 0); row < bottom && left < right; ++row)
+        {
+            std::fill(RowAt(row) + left, RowAt(row) + right, colour);
+        }
+    }
+    /// One pixel wide.
+    void FillColumn(int x, int y, int height, Pixel colour)
+    {
+        const int top = std::max(y, 0);
+        const int bottom = std::min(y + height, Size().y);
+        if (x < 0 || x >= Size().x || top >= bottom)
+        {
+            return;
+        }
+        const auto step = static_cast<size_t>(Size().x);
+        Pixel*     pixel = RowAt(top) + x;
+        for (int row = top; row < bottom; ++row, pixel += step)
+        {
+            *pixel = colour;
+        }
+    }
+    /// In each column what lies below its top. Row by row, which the compiler turns into vectors.
+    void FillBelow(const std::vector<int>& tops, Pixel colour)
+    {
+        for (int y = 0; y < Size().y; ++y)
+        {
+            Pixel* const pixels = RowAt(y);
+            std::transform(tops.begin(), tops.end(), pixels, pixels,
+                           [=](int top, Pixel pixel) { return y > top ? colour : pixel; });
+        }
     }
     void Fill(int x, int y, int width, int height, const wxColour& colour)
     {
         if (colour.IsOk())
         {
-            Fill(x, y, width, height, Pixel{colour.Red(), colour.Green(), colour.Blue()});
+            Fill(x, y, width, height, Raster::PixelOf(colour));
         }
     }
-    void Invert(int x, int y, int width, int height, const Pixel& by)
+    /// In these rows each pixel by that of the same column in `by`.
+    void Invert(int y, int height, const std::vector<Pixel>& by)
     {
-        Each(x, y, width, height,
-             [&by](unsigned char* p)
-             {
-                 for (size_t i = 0; i < by.size(); ++i)
-                 {
-                     p[i] ^= by[i];
-                 }
-             });
+        const int bottom = std::min(y + height, Size().y);
+        for (int row = std::max(y, 0); row < bottom; ++row)
+        {
+            Pixel* const pixels = RowAt(row);
+            std::transform(by.begin(), by.end(), pixels, pixels,
+                           [](Pixel mask, Pixel pixel) { return pixel ^ (mask & kColour); });
+        }
     }
-    const wxSize&  Size() const { return m_Size; }
-    const wxImage& Image() const { return m_Image; }
+    const wxSize& Size() const { return m_Raster.size; }
 
 private:
-    template <class Work> void Each(int x, int y, int width, int height, Work work)
-    {
-        const int left = std::max(x, 0);
-        const int top = std::max(y, 0);
-        const int right = std::min(x + width, m_Size.x);
-        const int bottom = std::min(y + height, m_Size.y);
-        for (int row = top; row < bottom; ++row)
-        {
-            unsigned char* pixel = m_Data + 3 * (static_cast<size_t>(row) * m_Size.x + left);
-            for (int column = left; column < right; ++column, pixel += 3)
-            {
-                work(pixel);
-            }
-        }
-    }
+    Pixel* RowAt(int y) { return m_Raster.pixels.data() + static_cast<size_t>(y) * Size().x; }
 
-    wxImage        m_Image;
-    wxSize         m_Size;
-    unsigned char* m_Data;
+    Raster& m_Raster;
 };
 
 // Lines in both diagonals, as the toolkits draw it: the pattern repeats from the top left.
-void DrawEmpty(Raster& raster, const BarColours& colours)
+void DrawEmpty(Pencil& pencil, const BarColours& colours)
 {
-    const wxSize size = raster.Size();
-    raster.Fill(0, 0, size.x, size.y, colours.emptyGround);
+    const wxSize size = pencil.Size();
+    pencil.Fill(0, 0, size.x, size.y, colours.emptyGround);
     for (int y = 0; y < size.y; ++y)
     {
         for (int x = 0; x < size.x; ++x)
         {
             if ((x + y) % kHatchStep == 0 || (x - y) % kHatchStep == 0)
             {
-                raster.Fill(x, y, 1, 1, colours.emptyHatch);
+                pencil.Fill(x, y, 1, 1, colours.emptyHatch);
             }
         }
     }
@@ -96,61 +115,71 @@ void DrawEmpty(Raster& raster, const BarColours& colours)
 
 // From a bar's top to the top of its right neighbour, which is left out: a line that goes over to
 // the other column half-way.
-void DrawOutline(Raster& raster, int x, int top, int before)
+void DrawOutline(Pencil& pencil, int x, int top, int before)
 {
     const int length = std::max(std::abs(before - top), 1);
     const int own = std::min(length / 2 + 1, length); // pixels in the bar's own column
     const int other = length - own;
     if (before < top)
     {
-        raster.Fill(x, top - own + 1, 1, own, kLightBlue);
-        raster.Fill(x + 1, before + 1, 1, other, kLightBlue);
+        pencil.FillColumn(x, top - own + 1, own, kLightBlue);
+        pencil.FillColumn(x + 1, before + 1, other, kLightBlue);
     }
     else
     {
-        raster.Fill(x, top, 1, own, kLightBlue);
-        raster.Fill(x + 1, top + own, 1, other, kLightBlue);
+        pencil.FillColumn(x, top, own, kLightBlue);
+        pencil.FillColumn(x + 1, top + own, other, kLightBlue);
     }
 }
 
-void DrawBars(Raster& raster, const std::deque<uint32_t>& values, const BarBounds& bounds)
+void DrawBars(Pencil& pencil, const std::deque<uint32_t>& values, const BarBounds& bounds)
 {
-    const int height = raster.Size().y;
-    const int right = raster.Size().x - 1;
-    int       x = right;
-    int       before = 0; // the top of the bar at the right
+    const int        height = pencil.Size().y;
+    const int        right = pencil.Size().x - 1;
+    int              x = right;
+    int              before = 0; // the top of the bar at the right
+    std::vector<int> tops(static_cast<size_t>(right) + 1, height); // none without a value
     for (auto value = values.begin(); value != values.end() && x >= 0; ++value, --x)
     {
-        const int top = height - BarScale(*value, bounds.lower, bounds.upper, height);
-        raster.Fill(x, top + 1, 1, height - top - 1, kDarkBlue);
+        tops[static_cast<size_t>(x)] =
+            height - BarScale(*value, bounds.lower, bounds.upper, height);
+    }
+    pencil.FillBelow(tops, kDarkBlue);
+    const int end = x;
+    for (x = right; x > end; --x)
+    {
+        const int top = tops[static_cast<size_t>(x)];
         if (x < right)
         {
-            DrawOutline(raster, x, top, before);
+            DrawOutline(pencil, x, top, before);
         }
         before = top;
     }
 }
 
-void DrawMeter(Raster& raster, uint32_t newest, const BarBounds& bounds)
+void DrawMeter(Pencil& pencil, uint32_t newest, const BarBounds& bounds)
 {
-    const wxSize size = raster.Size();
-    const int    length = BarScale(newest, bounds.lower, bounds.upper, size.x - 2);
-    const bool   low = newest < bounds.mid;
-    int          x = 1;
+    const wxSize       size = pencil.Size();
+    const int          length = BarScale(newest, bounds.lower, bounds.upper, size.x - 2);
+    const bool         low = newest < bounds.mid;
+    int                x = 1;
+    std::vector<Pixel> segments(static_cast<size_t>(size.x));
     for (; x <= length; x += kSegmentStep)
     {
-        raster.Invert(x, 1, kSegmentWidth, size.y - 2, low ? kDarkGreen : kDarkYellow);
+        std::fill_n(segments.begin() + x, std::min(kSegmentWidth, size.x - x),
+                    low ? kDarkGreen : kDarkYellow);
     }
-    raster.Fill(x - kSegmentStep, 1, kEndWidth, size.y - 2, low ? kLightGreen : kLightYellow);
+    pencil.Invert(1, size.y - 2, segments);
+    pencil.Fill(x - kSegmentStep, 1, kEndWidth, size.y - 2, low ? kLightGreen : kLightYellow);
 }
 
-void DrawFrame(Raster& raster, const BarColours& colours)
+void DrawFrame(Pencil& pencil, const BarColours& colours)
 {
-    const wxSize size = raster.Size();
-    raster.Fill(0, 0, 1, size.y, colours.dark);
-    raster.Fill(0, 0, size.x, 1, colours.dark);
-    raster.Fill(size.x - 1, 0, 1, size.y, colours.light);
-    raster.Fill(0, size.y - 1, size.x, 1, colours.light);
+    const wxSize size = pencil.Size();
+    pencil.Fill(0, 0, 1, size.y, colours.dark);
+    pencil.Fill(0, 0, size.x, 1, colours.dark);
+    pencil.Fill(size.x - 1, 0, 1, size.y, colours.light);
+    pencil.Fill(0, size.y - 1, size.x, 1, colours.light);
 }
 } // namespace
 
@@ -164,24 +193,25 @@ int BarScale(uint32_t value, uint32_t lower, uint32_t upper, int extent)
     return static_cast<int>(extent * std::clamp(ratio, 0.0, 1.0));
 }
 
-wxImage DrawBarChart(const wxSize& size, const std::deque<uint32_t>& values, bool empty,
-                     const BarBounds& bounds, const BarColours& colours)
+void DrawBarChart(Raster& raster, const wxSize& size, const std::deque<uint32_t>& values,
+                  bool empty, const BarBounds& bounds, const BarColours& colours)
 {
-    Raster raster(size);
+    raster.size = size;
+    raster.pixels.assign(static_cast<size_t>(size.x) * size.y, kBlack);
+    Pencil pencil(raster);
     if (empty)
     {
-        DrawEmpty(raster, colours);
+        DrawEmpty(pencil, colours);
     }
     else
     {
-        raster.Fill(0, 0, size.x, size.y, colours.ground);
-        DrawBars(raster, values, bounds);
+        pencil.Fill(0, 0, size.x, size.y, colours.ground);
+        DrawBars(pencil, values, bounds);
         if (!values.empty())
         {
-            DrawMeter(raster, values.front(), bounds);
+            DrawMeter(pencil, values.front(), bounds);
         }
     }
-    DrawFrame(raster, colours);
-    return raster.Image();
+    DrawFrame(pencil, colours);
 }
 } // namespace textviews

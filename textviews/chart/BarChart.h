@@ -1,10 +1,15 @@
 #pragma once
 
 #include <wx/colour.h>
-#include <wx/image.h>
+#include <wx/gdicmn.h>
 
 #include <cstdint>
 #include <deque>
+
+namespace internal
+{
+struct Raster;
+}
 
 namespace textviews
 {
@@ -29,8 +34,8 @@ struct BarColours
 /// How much of `extent` pixels a value takes.
 int BarScale(uint32_t value, uint32_t lower, uint32_t upper, int extent);
 
-/// The chart as it is shown, drawn pixel by pixel: bars, newest at the right, the meter of the
-/// newest value across them, and a sunken frame. The same on every port.
-wxImage DrawBarChart(const wxSize& size, const std::deque<uint32_t>& values, bool empty,
-                     const BarBounds& bounds, const BarColours& colours);
+/// Makes the raster the chart as it is shown, drawn pixel by pixel: bars, newest at the right, the
+/// meter of the newest value across them, and a sunken frame. The same on every port.
+void DrawBarChart(internal::Raster& raster, const wxSize& size, const std::deque<uint32_t>& values,
+                  bool empty, const BarBounds& bounds, const BarColours& colours);
 } // namespace textviews
