@@ -3,6 +3,7 @@
 #include "dialogs/keys/KeyRelease.h"
 #include "internal/input/MouseHold.h"
 #include "internal/port/FirstSize.h"
+#include "internal/port/WindowAttributes.h"
 #include "internal/windows/Geometry.h"
 #include "shell/wxTolvanFrame.h"
 #include "vesta/CallEntry.h"
@@ -158,6 +159,11 @@ void wxTolvanDlg::RestorePosition()
 }
 
 // Before the window system sees it: a dialog that changes its size as it comes up flickers.
+wxVisualAttributes wxTolvanDlg::GetDefaultAttributes() const
+{
+    return internal::TopLevelAttributes();
+}
+
 bool wxTolvanDlg::Show(bool show)
 {
     CALL_ENTRY("wxTolvanDlg::Show");

@@ -85,6 +85,8 @@ public:
     int  ShowModal() override;
     bool Show(bool show = true) override;
 
+    wxVisualAttributes GetDefaultAttributes() const override;
+
     /// The connection to the master has come or gone.
     virtual void OnConnected(bool connected);
 

@@ -2,6 +2,7 @@
 
 #include "internal/input/MouseHold.h"
 #include "internal/port/PopUps.h"
+#include "internal/port/WindowAttributes.h"
 #include "internal/windows/Geometry.h"
 #include "internal/windows/UpperFloors.h"
 #include "shell/app/TopWindow.h"
@@ -173,6 +174,11 @@ void wxTolvanFrame::SaveWindowPosition() const
                      String::FromBool(m_WasMaximized || m_MaximizedBehind));
     // A maximised window may become as large as the screen without an event that tells of it.
     options.SetValue(kSection, kFullScreenKey, String::FromBool(IsFullScreen()));
+}
+
+wxVisualAttributes wxTolvanFrame::GetDefaultAttributes() const
+{
+    return internal::TopLevelAttributes();
 }
 
 void wxTolvanFrame::OnMove(wxMoveEvent& event)

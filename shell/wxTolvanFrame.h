@@ -55,6 +55,8 @@ public:
     /// Makes all frames and dialogs of this program take their colours from the table again.
     static void ProcessColorChange();
 
+    wxVisualAttributes GetDefaultAttributes() const override;
+
 protected:
     /// Set by the derived frame when its interface is complete: moves and sizes before that are the
     /// toolkit's own and are not remembered.
