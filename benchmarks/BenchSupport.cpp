@@ -1,6 +1,8 @@
 #include "benchmarks/BenchSupport.h"
 
 #include "appearance/wxTolvanColors.h"
+#include "shell/wxTolvanFrame.h"
+#include "tolvan/TolvanClientApp.h"
 
 #include <wx/app.h>
 #include <wx/evtloop.h>
@@ -19,6 +21,14 @@ namespace
 constexpr int kClientWidth = 1600; // pixels
 constexpr int kClientHeight = 900; // pixels
 constexpr int kPatienceMs = 10000;
+
+/// What frames are made for.
+class _Client : public TolvanClientApp
+{
+public:
+    _Client() : TolvanClientApp(log_Warning, log_Warning) {}
+    String GetClientName() const override { return "Benchmark"; }
+};
 } // namespace
 
 void WaitForDisplay()
@@ -28,7 +38,7 @@ void WaitForDisplay()
 
 wxFrame* OpenFrame(const std::function<wxWindow*(wxFrame*)>& make)
 {
-    auto* const     frame = new wxFrame(nullptr, wxID_ANY, "Benchmark", wxPoint(0, 0));
+    auto* const     frame = new wxTolvanFrame("Benchmark", wxPoint(0, 0)); // as clients have it
     wxWindow* const window = make(frame);
     auto* const     sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(window, 1, wxEXPAND);
@@ -110,6 +120,7 @@ int RunBenchmarks(int argc, char** argv)
     {
         return EXIT_FAILURE;
     }
+    const _Client client;
     wxApp::SetInstance(new wxApp);
     if (!wxEntryStart(argc, argv) || !wxTheApp->CallOnInit())
     {

@@ -460,6 +460,8 @@ void ChartPush(benchmark::State& state)
     std::mt19937 random(kSeed);
     const auto   push = [&]
     {
+        PumpEvents();
+        WaitForDisplay();
         const int        before = painted;
         const auto       value = static_cast<uint32_t>(random() % kChartTop);
         const FrameWatch watch;
@@ -471,7 +473,6 @@ void ChartPush(benchmark::State& state)
     for (int i = 0; i < size.x; ++i)
     {
         push();
-        PumpEvents();
     }
     MeasureMedian(state, push);
     CloseFrame(frame);
