@@ -12,7 +12,7 @@ packages_display="xvfb openbox xdotool imagemagick fonts-dejavu-core librsvg2-co
 packages_test="libgtest-dev libxtst-dev xclip"
 packages_sanitizers="clang libclang-rt-dev llvm"
 packages_check="git clang clang-format clang-tidy doxygen"
-packages_bench="libbenchmark-dev jq libxtst-dev qt6-base-dev libxcb1-dev fonts-droid-fallback
+packages_bench="libbenchmark-dev jq libxtst-dev libxdamage-dev qt6-base-dev libxcb1-dev fonts-droid-fallback
     fonts-noto-color-emoji"
 packages_wx_gtk2="build-essential dpkg-dev libgtk2.0-dev libsm-dev libxtst-dev libpng-dev
     libjpeg-dev libtiff-dev zlib1g-dev libexpat1-dev libpcre2-dev"
