@@ -36,11 +36,10 @@ void wxTextLineCtrl::DrawBitmap()
     const textviews::TextGeometry geometry = Geometry();
     const std::unique_ptr<wxDC>   buffer = m_Buffer.NewDC();
     textviews::LinePainter        painter(*buffer, m_Font.font, geometry, *m_Places);
-    painter.SetColour(GetForegroundColour());
-    const textviews::TextPalette palette = Palette();
-    const int                    end = EndOfDrawnLines(geometry);
-    const std::vector<wxRect>    stale = StaleAreas();
-    const auto                   isStale = [&stale](const wxRect& band)
+    const textviews::TextPalette  palette = Palette();
+    const int                     end = EndOfDrawnLines(geometry);
+    const std::vector<wxRect>     stale = StaleAreas();
+    const auto                    isStale = [&stale](const wxRect& band)
     {
         return std::any_of(stale.begin(), stale.end(),
                            [&band](const wxRect& area) { return area.Intersects(band); });
@@ -58,11 +57,21 @@ void wxTextLineCtrl::DrawBitmap()
     DrawFocus(palette, painter);
 }
 
+wxColour wxTextLineCtrl::InkOf(const textviews::LineState&   state,
+                               const textviews::TextPalette& palette) const
+{
+    const wxColour ink = GetForegroundColour();
+    return m_ReadableSelection && state.selected ? textviews::ReadableInk(ink, palette.Band(state))
+                                                 : ink;
+}
+
 void wxTextLineCtrl::DrawLine(const textviews::TextGeometry& geometry,
                               const textviews::TextPalette&  palette,
                               textviews::LinePainter& painter, int line) const
 {
-    painter.Fill(geometry.BandOf(line), palette.Band(StateOf(line)));
+    const textviews::LineState state = StateOf(line);
+    painter.Fill(geometry.BandOf(line), palette.Band(state));
+    painter.SetColour(InkOf(state, palette));
     painter.DrawLine(line, m_Lines->Line(line),
                      {geometry.FirstDrawnCell(), geometry.EndOfDrawnCells()});
     if (line == m_MarkedLine)
@@ -142,8 +151,7 @@ void wxTextLineCtrl::DrawHit(const textviews::TextGeometry& geometry,
     {
         painter.Fill(row, inverted);
     }
-    painter.SetColour(internal::InvertedColour(GetForegroundColour()));
+    painter.SetColour(internal::InvertedColour(InkOf(StateOf(m_MarkedLine), palette)));
     painter.DrawLineWithin(rows, m_MarkedLine, text,
                            {geometry.FirstDrawnCell(), geometry.EndOfDrawnCells()});
-    painter.SetColour(GetForegroundColour());
 }

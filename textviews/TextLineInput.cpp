@@ -1,3 +1,4 @@
+#include "appearance/wxTolvanString.h"
 #include "internal/input/PadKey.h"
 #include "internal/windows/UpperFloors.h"
 #include "textviews/lines/LineStore.h"
@@ -8,8 +9,9 @@
 #include "vesta/Exception.h"
 
 #include <wx/menu.h>
+#include <wx/weakref.h>
 
-#include "appearance/wxTolvanString.h"
+#include <algorithm>
 
 namespace
 {
@@ -64,7 +66,15 @@ void wxTextLineCtrl::OnLeftClick(wxMouseEvent& event)
         return;
     }
     m_Selecting = true;
-    m_Selection->Click(Geometry().LineAt(event.GetY()), m_Lines->Count());
+    const int line = Geometry().LineAt(event.GetY());
+    if (event.ShiftDown() && !m_Selection->IsEmpty())
+    {
+        m_Selection->Drag(line, m_Lines->Count());
+    }
+    else
+    {
+        m_Selection->Click(line, m_Lines->Count());
+    }
     GatherLater();
     HoldMouse();
 }
@@ -161,7 +171,7 @@ void wxTextLineCtrl::HandleContextMenu(wxMenu& menu, bool addStandardItems)
     }
     const wxWeakRef<wxTextLineCtrl> self(this);
     m_MenuIsOpen = true;
-    PopupMenu(&menu);
+    PopupMenu(&menu, m_MenuPlace);
     if (self)
     {
         m_MenuIsOpen = false;
@@ -173,6 +183,10 @@ void wxTextLineCtrl::OnKey(wxKeyEvent& event)
     CALL_ENTRY("wxTextLineCtrl::OnKey");
     event.Skip(); // the parent sees every key too
     const int key = internal::OffThePad(event.GetKeyCode());
+    if (event.ShiftDown() && SelectByKey(key, event.ControlDown()))
+    {
+        return;
+    }
     for (const KeyScroll& scroll : kKeyScrolls)
     {
         if (scroll.key == key)
@@ -188,6 +202,69 @@ void wxTextLineCtrl::OnKey(wxKeyEvent& event)
     else if (event.ControlDown())
     {
         OnCtrlKey(key);
+    }
+}
+
+// Moves the end of the selection, which begins with a line that is seen. False: it is another key.
+bool wxTextLineCtrl::SelectByKey(int key, bool ctrl)
+{
+    const int                     count = m_Lines->Count();
+    const textviews::TextGeometry geometry = Geometry();
+    const int step = textviews::SelectionStep(key, ctrl, geometry.client.y / m_LineHeight);
+    if (step == 0)
+    {
+        return false;
+    }
+    if (count == 0)
+    {
+        return true;
+    }
+    if (m_Selection->IsEmpty())
+    {
+        m_Selection->Click(geometry.WholeLine(step > 0), count);
+    }
+    else
+    {
+        m_Selection->Drag(textviews::LineAfter(m_Selection->End(), step, count), count);
+    }
+    GatherLater();
+    ShowLine(m_Selection->End());
+    return true;
+}
+
+void wxTextLineCtrl::ShowLine(int line)
+{
+    const long long top = static_cast<long long>(line) * m_LineHeight;
+    const long long last = top + m_LineHeight - GetClientSize().y;
+    const int       position = GetScrollPos(wxVERTICAL);
+    if (top < position || last > position)
+    {
+        ScrollTo(wxVERTICAL, top < position ? top : last);
+    }
+}
+
+// By a key, which has no place: as a click with the right button there, for derived views with a
+// menu of their own, too.
+void wxTextLineCtrl::OnContextMenu(wxContextMenuEvent& event)
+{
+    CALL_ENTRY("wxTextLineCtrl::OnContextMenu");
+    if (event.GetPosition() != wxDefaultPosition)
+    {
+        event.Skip();
+        return;
+    }
+    const wxWeakRef<wxTextLineCtrl> self(this);
+    const textviews::TextGeometry   geometry = Geometry();
+    const int                       line = m_Selection->End();
+    const wxRect band = line < 0 ? wxRect(0, 0, 1, m_LineHeight) : geometry.BandOf(line);
+    m_MenuPlace = wxPoint(m_ColumnWidth, std::clamp(band.GetBottom(), 0, geometry.client.y));
+    wxMouseEvent press(wxEVT_RIGHT_DOWN);
+    press.SetEventObject(this);
+    press.SetPosition(m_MenuPlace);
+    ProcessWindowEvent(press);
+    if (self)
+    {
+        m_MenuPlace = wxDefaultPosition;
     }
 }
 

@@ -53,6 +53,7 @@ wxBEGIN_EVENT_TABLE(wxTextLineCtrl, wxDoubleBufferedWindow)
     EVT_MOTION(wxTextLineCtrl::OnMouseMove)
     EVT_LEAVE_WINDOW(wxTextLineCtrl::OnMouseLeave)
     EVT_RIGHT_DOWN(wxTextLineCtrl::OnRightClick)
+    EVT_CONTEXT_MENU(wxTextLineCtrl::OnContextMenu)
     EVT_KEY_DOWN(wxTextLineCtrl::OnKey)
     EVT_MENU_RANGE(id_SelectAll, id_Search, wxTextLineCtrl::OnMenu)
 wxEND_EVENT_TABLE()
@@ -291,6 +292,16 @@ void wxTextLineCtrl::StopSelecting()
     {
         m_Selecting = false;
         LetMouseGo();
+    }
+}
+
+void wxTextLineCtrl::SetReadableSelection(bool on)
+{
+    CALL_ENTRY("wxTextLineCtrl::SetReadableSelection");
+    if (on != m_ReadableSelection)
+    {
+        m_ReadableSelection = on;
+        Redraw();
     }
 }
 

@@ -28,8 +28,10 @@ struct TextGeometry;
 
 /// A read-only view of long logs and command output: whole lines of any bytes in one fixed-pitch
 /// font, with selection of lines, copying, saving, a context menu and a search bar. The line is the
-/// unit of everything; there is no caret. Text that is not valid UTF-8 is shown byte by byte, and
-/// everything is stored, copied and saved byte for byte (tabs are stored as four spaces).
+/// unit of everything; there is no caret. Shift with the arrows, Page Up and Page Down, and a click
+/// with Shift, select as far as another line; the Menu key opens the menu there. Text that is not
+/// valid UTF-8 is shown byte by byte, and everything is stored, copied and saved byte for byte
+/// (tabs are stored as four spaces).
 ///
 /// There is no limit on lines but memory, unless `SetLineLimit` sets one for a stream without end.
 /// The search bar is a sibling of the control; whoever lays the two out puts `GetSearchPanel()`
@@ -83,6 +85,11 @@ public:
     int  GetSelectionAnchor() const; ///< -1 when nothing is selected.
     int  GetSelectionEnd() const;    ///< -1 when nothing is selected.
     bool IsSelecting() const { return m_Selecting; }
+    /// Whether the text of selected lines has the window's colour as it is, which the selection's
+    /// leaves hard to read in dark schemes, or, with `on`, that or its dark counterpart, whichever
+    /// reads better. Off until a host wants it.
+    void SetReadableSelection(bool on);
+    bool HasReadableSelection() const { return m_ReadableSelection; }
     /// Shows the line under the pointer lighter; -1 for none.
     void SetHighlightLine(int line);
     int  GetHighlightLine() const { return m_HoverLine; }
@@ -129,6 +136,7 @@ public:
     void OnMouseMove(wxMouseEvent& event);
     void OnMouseLeave(wxMouseEvent& event);
     void OnRightClick(wxMouseEvent& event);
+    void OnContextMenu(wxContextMenuEvent& event);
     void OnKey(wxKeyEvent& event);
     void OnMenu(wxCommandEvent& event);
     /// @}
@@ -143,6 +151,7 @@ private:
     textviews::TextPalette  Palette() const;
     textviews::LineState    StateOf(int line) const;
     int                     EndOfDrawnLines(const textviews::TextGeometry& geometry) const;
+    wxColour InkOf(const textviews::LineState& state, const textviews::TextPalette& palette) const;
     void DrawLine(const textviews::TextGeometry& geometry, const textviews::TextPalette& palette,
                   textviews::LinePainter& painter, int line) const;
     void DrawHit(const textviews::TextGeometry& geometry, const textviews::TextPalette& palette,
@@ -159,6 +168,8 @@ private:
     void ScrollBy(wxEventType type, int orientation);
     void SaveOrTell();
     void OnCtrlKey(int key);
+    bool SelectByKey(int key, bool ctrl);
+    void ShowLine(int line);
 
     String SelectedText() const;
     void   ScrollIntoView(const textviews::LineMatch& match);
@@ -175,6 +186,8 @@ private:
     int                                       m_LineLimit = 0; ///< 0: none.
     bool                m_Selecting = false; ///< The button is down, mouse captured.
     bool                m_MenuIsOpen = false;
+    bool                m_ReadableSelection = false;
+    wxPoint             m_MenuPlace = wxDefaultPosition; ///< Client pixels; default: the pointer's.
     int                 m_HoverLine = -1;
     wxWeakRef<wxWindow> m_SearchPanel;               ///< Child of the parent.
     std::vector<textviews::LineWatcher*> m_Watchers; ///< Not owned.

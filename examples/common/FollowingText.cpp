@@ -1,19 +1,46 @@
 #include "common/FollowingText.h"
 
+#include "common/LogLook.h"
+
 #include "textviews/wxTextLineSearchPanel.h"
 
 #include <wx/menu.h>
 #include <wx/sizer.h>
 
 #include <algorithm>
+#include <set>
+
+namespace
+{
+std::set<FollowingText*>& All()
+{
+    static std::set<FollowingText*> s_All;
+    return s_All;
+}
+} // namespace
 
 FollowingText::FollowingText(wxWindow* parent) : wxTextLineCtrl(parent)
 {
+    All().insert(this);
+    SetReadableSelection(LogLook::IsSelectionReadable());
     SetFollowEnd(true);
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(this, 1, wxEXPAND);
     sizer->Add(GetSearchPanel(), 0, wxEXPAND);
     parent->SetSizer(sizer);
+}
+
+FollowingText::~FollowingText()
+{
+    All().erase(this);
+}
+
+void FollowingText::ForEach(const std::function<void(FollowingText& text)>& work)
+{
+    for (FollowingText* const text : All())
+    {
+        work(*text);
+    }
 }
 
 int FollowingText::Add(const String& line)

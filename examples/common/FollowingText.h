@@ -2,6 +2,8 @@
 
 #include "textviews/wxTextLineCtrl.h"
 
+#include <functional>
+
 /// What a view of live lines keeps, so that its program can run for months.
 constexpr int k_MostLiveLines = 1000000;
 
@@ -13,6 +15,10 @@ class FollowingText : public wxTextLineCtrl
 public:
     /// Fills the parent, with the search bar below.
     explicit FollowingText(wxWindow* parent);
+    ~FollowingText() override;
+
+    /// All that there are in the program.
+    static void ForEach(const std::function<void(FollowingText& text)>& work);
 
     /// Adds a line at the end; its index.
     int Add(const String& line);

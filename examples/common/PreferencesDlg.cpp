@@ -10,6 +10,8 @@
 
 #include <wx/sizer.h>
 
+#include <algorithm>
+#include <functional>
 #include <iterator>
 
 namespace
@@ -31,7 +33,7 @@ PreferencesDlg::PreferencesDlg(wxWindow* parent, const std::vector<Section>& sec
     {
         AddSection(*content, section);
     }
-    if (sections.empty())
+    if (std::none_of(sections.begin(), sections.end(), std::mem_fn(&Section::isGrowing)))
     {
         content->AddStretchSpacer();
     }

@@ -5,6 +5,7 @@
 #include "appearance/wxtStockControls.h"
 #include "common/AboutInfo.h"
 #include "common/FollowingText.h"
+#include "common/LogLook.h"
 #include "common/PreferencesDlg.h"
 #include "dialogs/wxtAboutDlg.h"
 #include "logview/LogPage.h"
@@ -185,7 +186,8 @@ void LogViewFrame::OnFullScreen(wxCommandEvent&)
 
 void LogViewFrame::OnPreferences(wxCommandEvent&)
 {
-    PreferencesDlg dialog(this);
+    const auto     makeLook = [](wxWindow* parent) { return new LogLookChoice(parent); };
+    PreferencesDlg dialog(this, {{wxGetTranslation("Logs"), makeLook, false}});
     dialog.ShowModal();
 }
 

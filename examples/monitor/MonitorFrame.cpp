@@ -13,6 +13,7 @@
 #include "appearance/wxtSplitterWindow.h"
 #include "common/AboutInfo.h"
 #include "common/FollowingText.h"
+#include "common/LogLook.h"
 #include "common/PreferencesDlg.h"
 #include "dialogs/wxQuestion.h"
 #include "dialogs/wxtAboutDlg.h"
@@ -296,7 +297,9 @@ void MonitorFrame::OnPreferences()
 {
     const auto     makeHidden = [](wxWindow* parent) { return new HideProducts(parent); };
     const auto     makeChoice = [](wxWindow* parent) { return new NoticeChoice(parent); };
-    PreferencesDlg dialog(this, {{wxGetTranslation("Notices of the desktop"), makeChoice, false},
+    const auto     makeLook = [](wxWindow* parent) { return new LogLookChoice(parent); };
+    PreferencesDlg dialog(this, {{wxGetTranslation("Logs"), makeLook, false},
+                                 {wxGetTranslation("Notices of the desktop"), makeChoice, false},
                                  {wxGetTranslation("Hide Products"), makeHidden}});
     dialog.ShowModal();
 }

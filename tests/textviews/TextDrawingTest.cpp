@@ -1,6 +1,7 @@
 #include "appearance/Contrast.h"
 #include "internal/drawing/ColorMix.h"
 #include "tests/textviews/TextViewTest.h"
+#include "textviews/drawing/TextPalette.h"
 
 #include <wx/stopwatch.h>
 
@@ -54,6 +55,39 @@ TEST_F(TextViewTest, BandsTellTheStateInEveryScheme)
         }
         EXPECT_EQ(PixelAt(picture, 5, picture.GetHeight() - 3), plain);
         EXPECT_EQ(PixelAt(picture, 5, picture.GetHeight() - 1), wxtFocusColor({plain, selected}));
+    }
+}
+
+TEST_F(TextViewTest, SelectedTextCanBeMadeReadable)
+{
+    AppendNumbered(6);
+    Drag(1, 2);
+    for (const int scheme :
+         {scheme_Default, scheme_Light, scheme_Lighter, scheme_Dark, scheme_Darker})
+    {
+        UseColors(scheme, m_View);
+        const wxColour text = wxtGetColor(color_Text);
+        const wxColour ground = wxtGetColor(color_Selected);
+        const wxColour ink = textviews::ReadableInk(text, ground);
+        EXPECT_GE(internal::ContrastOf(ink, ground), internal::k_TextContrast) << scheme;
+        // In the second line, where the letters are thickest.
+        const auto nearest = [&]
+        {
+            const wxImage picture = m_View->Picture();
+            double        least = 21;
+            for (int y = m_View->LineHeight(); y < 2 * m_View->LineHeight(); ++y)
+            {
+                for (int x = 5; x < 60; ++x)
+                {
+                    least = std::min(least, internal::ContrastOf(PixelAt(picture, x, y), ink));
+                }
+            }
+            return least;
+        };
+        m_View->SetReadableSelection(false);
+        EXPECT_EQ(ink == text, nearest() < 2) << scheme;
+        m_View->SetReadableSelection(true);
+        EXPECT_LT(nearest(), 2) << scheme;
     }
 }
 

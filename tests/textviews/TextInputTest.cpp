@@ -131,6 +131,44 @@ TEST_F(TextInputTest, KeysReachTheView)
         Type('C', wxMOD_CONTROL, [this] { return PastedElsewhere("UTF8_STRING") == "line 1\n"; }));
 }
 
+TEST_F(TextInputTest, ShiftSelectsAsFarAsAnotherLine)
+{
+    const int page = m_View->GetClientSize().y / m_View->LineHeight();
+    const struct
+    {
+        int key;
+        int modifiers;
+        int anchor;
+        int end;
+    } keys[] = {
+        {WXK_DOWN, wxMOD_SHIFT, 0, 0}, // what is seen first
+        {WXK_DOWN, wxMOD_SHIFT, 0, 1},
+        {WXK_PAGEDOWN, wxMOD_SHIFT, 0, page},
+        {WXK_UP, wxMOD_SHIFT, 0, page - 1},
+        {WXK_PAGEDOWN, wxMOD_SHIFT | wxMOD_CONTROL, 0, 199},
+        {WXK_DOWN, wxMOD_SHIFT, 0, 199},
+        {WXK_PAGEUP, wxMOD_SHIFT, 0, 200 - page},
+        {WXK_HOME, wxMOD_SHIFT | wxMOD_CONTROL, 0, 0},
+    };
+    for (const auto& each : keys)
+    {
+        EXPECT_TRUE(
+            Type(each.key, each.modifiers, [&] { return IsSelected(each.anchor, each.end); }))
+            << each.key << " " << m_View->GetSelectionAnchor() << " " << m_View->GetSelectionEnd();
+        const int top = each.end * m_View->LineHeight() - m_View->GetScrollPos(wxVERTICAL);
+        EXPECT_GE(top, 0) << each.key;
+        EXPECT_LE(top + m_View->LineHeight(), m_View->GetClientSize().y) << each.key;
+    }
+    m_Input.MouseMove(OnScreen(3));
+    m_Input.MouseClick();
+    EXPECT_TRUE(WaitFor([this] { return IsSelected(3, 3); }));
+    m_Input.MouseMove(OnScreen(1));
+    m_Input.KeyDown(WXK_SHIFT);
+    m_Input.MouseClick();
+    m_Input.KeyUp(WXK_SHIFT);
+    EXPECT_TRUE(WaitFor([this] { return IsSelected(3, 1); }));
+}
+
 TEST_F(TextInputTest, TypingInTheSearchBar)
 {
     const auto searched = [this](int line)

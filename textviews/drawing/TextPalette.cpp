@@ -21,6 +21,17 @@ wxColour Lifted(const wxColour& colour)
 }
 } // namespace
 
+wxColour ReadableInk(const wxColour& colour, const wxColour& ground)
+{
+    if (!colour.IsOk() || !ground.IsOk())
+    {
+        return colour;
+    }
+    const wxColour other = internal::MadeReadable(internal::InvertedColour(colour), ground);
+    return internal::ContrastOf(other, ground) > internal::ContrastOf(colour, ground) ? other
+                                                                                      : colour;
+}
+
 TextPalette::TextPalette(const wxColour& background, const wxColour& selection,
                          const wxColour& mark)
 {

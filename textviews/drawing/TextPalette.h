@@ -19,6 +19,10 @@ struct LineState
     }
 };
 
+/// The colour, or its counterpart in lightness, which can be read there in any case, whichever
+/// reads better on that ground.
+wxColour ReadableInk(const wxColour& colour, const wxColour& ground);
+
 /// Colours of the bands behind the lines, all derived from three of the scheme.
 class TextPalette
 {

@@ -38,6 +38,14 @@ int TextGeometry::LineAt(int y) const
     return line < lineCount ? static_cast<int>(line) : -1;
 }
 
+int TextGeometry::WholeLine(bool first) const
+{
+    const int64_t end = static_cast<int64_t>(scroll.y) + client.y;
+    const int64_t line = first ? (static_cast<int64_t>(scroll.y) + lineHeight - 1) / lineHeight
+                               : end / lineHeight - 1;
+    return static_cast<int>(std::clamp<int64_t>(line, 0, std::max(lineCount - 1, 0)));
+}
+
 wxRect TextGeometry::BandOf(int line) const
 {
     return {0, TopOf(line), client.x, lineHeight};

@@ -17,10 +17,12 @@ struct TextGeometry
     int     lineCount = 0;
 
     /// The first line that is drawn: one above the visible ones, whose glyphs may hang over.
-    int    FirstDrawnLine() const;
-    int    EndOfDrawnLines(int visibleLines) const; ///< One past the last.
-    int    TopOf(int line) const;
-    int    LineAt(int y) const; ///< -1 below the last line; above the first one, that one if any.
+    int FirstDrawnLine() const;
+    int EndOfDrawnLines(int visibleLines) const; ///< One past the last.
+    int TopOf(int line) const;
+    int LineAt(int y) const; ///< -1 below the last line; above the first one, that one if any.
+    int
+    WholeLine(bool first) const; ///< The first or last that is seen as a whole; of one, at least.
     wxRect BandOf(int line) const;
     wxRect BelowLines() const; ///< Empty when lines fill the view.
 

@@ -1,5 +1,11 @@
 #include "textviews/lines/TextSelection.h"
 
+#include <wx/defs.h>
+
+#include <algorithm>
+#include <climits>
+#include <cstdint>
+
 namespace textviews
 {
 void TextSelection::Drag(int line, int count)
@@ -49,6 +55,33 @@ void TextSelection::LineErased(int line)
     }
     m_Anchor = downward ? newFirst : newLast;
     m_End = downward ? newLast : newFirst;
+}
+
+int SelectionStep(int key, bool ctrl, int page)
+{
+    const int most = std::max(page - 1, 1); // one line of the former page stays
+    switch (key)
+    {
+    case WXK_UP:
+        return -1;
+    case WXK_DOWN:
+        return 1;
+    case WXK_PAGEUP:
+        return ctrl ? -INT_MAX : -most;
+    case WXK_PAGEDOWN:
+        return ctrl ? INT_MAX : most;
+    case WXK_HOME:
+        return ctrl ? -INT_MAX : 0;
+    case WXK_END:
+        return ctrl ? INT_MAX : 0;
+    default:
+        return 0;
+    }
+}
+
+int LineAfter(int line, int step, int count)
+{
+    return static_cast<int>(std::clamp<int64_t>(static_cast<int64_t>(line) + step, 0, count - 1));
 }
 
 int IndexAfterInsert(int index, int inserted)

@@ -33,6 +33,12 @@ private:
     int m_End = -1;
 };
 
+/// How many lines a key with Shift moves the selection's end down, in a view of `page` whole lines;
+/// 0: it is no such key. Those to the first and the last line go further than any line.
+int SelectionStep(int key, bool ctrl, int page);
+/// The line so many below that one, of `count`, at least one.
+int LineAfter(int line, int step, int count);
+
 /// The index of a line after another was inserted; -1 stays.
 int IndexAfterInsert(int index, int inserted);
 /// The index of a line after a line was erased; -1 when it was that line itself.
