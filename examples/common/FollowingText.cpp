@@ -1,8 +1,7 @@
 #include "common/FollowingText.h"
 
-#include "common/LogLook.h"
-
 #include "textviews/wxTextLineSearchPanel.h"
+#include "vesta/Application.h"
 
 #include <wx/menu.h>
 #include <wx/sizer.h>
@@ -12,6 +11,9 @@
 
 namespace
 {
+const char* const kSection = "Logs";
+const char* const kReadable = "ReadableSelection";
+
 std::set<FollowingText*>& All()
 {
     static std::set<FollowingText*> s_All;
@@ -22,7 +24,7 @@ std::set<FollowingText*>& All()
 FollowingText::FollowingText(wxWindow* parent) : wxTextLineCtrl(parent)
 {
     All().insert(this);
-    SetReadableSelection(LogLook::IsSelectionReadable());
+    SetReadableSelection(IsReadableWanted());
     SetFollowEnd(true);
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(this, 1, wxEXPAND);
@@ -35,11 +37,17 @@ FollowingText::~FollowingText()
     All().erase(this);
 }
 
-void FollowingText::ForEach(const std::function<void(FollowingText& text)>& work)
+bool FollowingText::IsReadableWanted()
 {
+    return Application::the_Application->Options().GetBool(kSection, kReadable, true);
+}
+
+void FollowingText::WantReadable(bool wanted)
+{
+    Application::the_Application->Options().SetValue(kSection, kReadable, wanted ? "1" : "0");
     for (FollowingText* const text : All())
     {
-        work(*text);
+        text->SetReadableSelection(wanted);
     }
 }
 

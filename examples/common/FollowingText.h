@@ -2,8 +2,6 @@
 
 #include "textviews/wxTextLineCtrl.h"
 
-#include <functional>
-
 /// What a view of live lines keeps, so that its program can run for months.
 constexpr int k_MostLiveLines = 1000000;
 
@@ -17,8 +15,10 @@ public:
     explicit FollowingText(wxWindow* parent);
     ~FollowingText() override;
 
-    /// All that there are in the program.
-    static void ForEach(const std::function<void(FollowingText& text)>& work);
+    /// Whether the user wants selected lines to be readable, which the scheme's own colours do not
+    /// promise; without a choice they do. It is kept, and shown by all of the program.
+    static bool IsReadableWanted();
+    static void WantReadable(bool wanted);
 
     /// Adds a line at the end; its index.
     int Add(const String& line);

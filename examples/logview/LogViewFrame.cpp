@@ -5,7 +5,7 @@
 #include "appearance/wxtStockControls.h"
 #include "common/AboutInfo.h"
 #include "common/FollowingText.h"
-#include "common/LogLook.h"
+#include "common/LogLookChoice.h"
 #include "common/PreferencesDlg.h"
 #include "dialogs/wxtAboutDlg.h"
 #include "logview/LogPage.h"

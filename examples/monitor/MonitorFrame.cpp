@@ -13,7 +13,7 @@
 #include "appearance/wxtSplitterWindow.h"
 #include "common/AboutInfo.h"
 #include "common/FollowingText.h"
-#include "common/LogLook.h"
+#include "common/LogLookChoice.h"
 #include "common/PreferencesDlg.h"
 #include "dialogs/wxQuestion.h"
 #include "dialogs/wxtAboutDlg.h"
