@@ -22,6 +22,12 @@ say()
     printf '%s\n' "$*" >&2
 }
 
+# What stands at the top of the script that is run.
+print_usage()
+{
+    sed -n '2,/^[^#]/s/^# \{0,1\}//p' "$0"
+}
+
 fail()
 {
     say "$(basename "$0"): $*"
