@@ -63,7 +63,6 @@ void wxTextLineSearchPanel::LayOutControls()
     auto* const frame = new wxBoxSizer(wxVERTICAL);
     frame->Add(m_Rows, wxSizerFlags().Expand().Border(wxALL, kMargin));
     SetSizer(frame);
-    Fit();
 }
 
 // With room for everything that may ever be shown, so that rows do not come and go with it.
@@ -101,7 +100,7 @@ bool wxTextLineSearchPanel::ArrangeRows(int width)
 
 bool wxTextLineSearchPanel::InformFirstDirection(int direction, int size, int availableOtherDir)
 {
-    if (direction != wxHORIZONTAL || size <= 0)
+    if (!m_Rows || direction != wxHORIZONTAL || size <= 0) // sizers tell what is hidden, too
     {
         return wxtPanel::InformFirstDirection(direction, size, availableOtherDir);
     }
@@ -115,7 +114,7 @@ void wxTextLineSearchPanel::OnSize(wxSizeEvent& event)
     event.Skip();
     if (!ArrangeRows(event.GetSize().x))
     {
-        SetSize(wxDefaultCoord, wxDefaultCoord, wxDefaultCoord, GetBestSize().y);
+        SetSize(event.GetSize().x, GetBestSize().y);
     }
 }
 

@@ -15,9 +15,7 @@ wxTextLineSearchPanel::wxTextLineSearchPanel(wxTextLineCtrl* view, wxWindow* par
 {
     CALL_ENTRY("wxTextLineSearchPanel::wxTextLineSearchPanel");
     Hide();
-    MakeControls();
-    LayOutControls();
-    BindEvents();
+    m_FirstSize = GetSize();
 }
 
 wxTextLineSearchPanel::~wxTextLineSearchPanel()
@@ -26,6 +24,42 @@ wxTextLineSearchPanel::~wxTextLineSearchPanel()
     {
         m_View->Watch(*m_Search, false);
     }
+}
+
+// As if they had been there from the beginning, whatever the program has done to the bar since.
+void wxTextLineSearchPanel::NeedControls()
+{
+    if (m_Rows)
+    {
+        return;
+    }
+    const bool isSized = GetSize() != m_FirstSize;
+    MakeControls();
+    LayOutControls();
+    BindEvents();
+    if (isSized)
+    {
+        SendSizeEvent();
+    }
+    else
+    {
+        Fit();
+    }
+}
+
+bool wxTextLineSearchPanel::Show(bool show)
+{
+    if (show)
+    {
+        NeedControls();
+    }
+    return wxtPanel::Show(show);
+}
+
+wxSize wxTextLineSearchPanel::DoGetBestSize() const
+{
+    const_cast<wxTextLineSearchPanel*>(this)->NeedControls();
+    return wxtPanel::DoGetBestSize();
 }
 
 // Lines that come cost the view nothing as long as nothing is looked for in them.
@@ -258,18 +292,19 @@ void wxTextLineSearchPanel::ShowSearching(bool searching)
 
 wxString wxTextLineSearchPanel::GetText() const
 {
-    return m_Field->GetValue();
+    return m_Field ? m_Field->GetValue() : wxString();
 }
 
 void wxTextLineSearchPanel::SetText(const wxString& text)
 {
     CALL_ENTRY("wxTextLineSearchPanel::SetText");
+    NeedControls();
     m_Field->SetValue(text);
 }
 
 bool wxTextLineSearchPanel::GetMatchCase() const
 {
-    return m_MatchCase->GetValue();
+    return m_MatchCase && m_MatchCase->GetValue();
 }
 
 void wxTextLineSearchPanel::SetMatchCase(bool matchCase)
@@ -277,6 +312,7 @@ void wxTextLineSearchPanel::SetMatchCase(bool matchCase)
     CALL_ENTRY("wxTextLineSearchPanel::SetMatchCase");
     if (matchCase != GetMatchCase())
     {
+        NeedControls();
         m_MatchCase->SetValue(matchCase);
         StartCounting();
     }

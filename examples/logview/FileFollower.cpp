@@ -7,8 +7,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <memory>
 #include <utility>
-#include <vector>
 
 namespace
 {
@@ -104,13 +104,14 @@ bool FileFollower::Read(size_t limit)
         lseek(m_Descriptor, 0, SEEK_SET);
         m_Position = 0;
     }
-    std::vector<char> buffer(std::min(limit, kChunk));
+    const size_t                  chunk = std::min(limit, kChunk);
+    const std::unique_ptr<char[]> buffer(new char[chunk]); // mostly it is not even touched
     for (size_t total = 0; total < limit;)
     {
-        const ssize_t count = read(m_Descriptor, buffer.data(), buffer.size());
+        const ssize_t count = read(m_Descriptor, buffer.get(), chunk);
         if (count > 0)
         {
-            TakeBytes(buffer.data(), static_cast<size_t>(count));
+            TakeBytes(buffer.get(), static_cast<size_t>(count));
             total += static_cast<size_t>(count);
             continue;
         }

@@ -40,7 +40,7 @@ public:
     FileFollower& operator=(const FileFollower&) = delete;
 
     /// Reads what has come since, at most about `limit` bytes. True when there may be more to read
-    /// at once.
+    /// at once. With 0 the file is only opened: it can be read even if another one takes its name.
     bool Read(size_t limit);
 
     const Path&   FileName() const { return m_Path; }

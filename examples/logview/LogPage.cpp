@@ -14,6 +14,7 @@ namespace
 // Bytes read between two looks at the user's events: some 5 ms.
 constexpr size_t kSlice = 1u << 20;
 constexpr size_t kTitleLength = 40; // characters
+constexpr int    kHiddenTicks = 16; // between two looks at the file of a page that nobody sees
 
 // A file may have any name; a title and a status are one line.
 wxString InOneLine(const String& name)
@@ -34,26 +35,44 @@ FileFollower::Sink SinkOf(std::function<void(const String&)> onLine,
 
 LogPage::LogPage(wxWindow* parent, const Path& file)
     : wxtPanel(parent),
-      m_Text(new FollowingText(this)),
       m_Follower(file, SinkOf([this](const String& line) { ShowLine(line); },
                               [this](const String& line) { ShowPartialLine(line); },
                               [this](const String& how) { ShowNotice(how); }))
 {
     Bind(wxEVT_IDLE, &LogPage::OnIdle, this);
     Bind(wxEVT_CHAR_HOOK, &LogPage::OnKey, this);
-    OnTick();
+    m_Follower.Read(0);
 }
 
 LogPage::~LogPage() = default;
 
-wxTextLineCtrl* LogPage::Text() const
+void LogPage::NeedText()
 {
-    return m_Text;
+    if (!m_Text)
+    {
+        m_Text = new FollowingText(this);
+        Layout();
+    }
+}
+
+wxTextLineCtrl& LogPage::Text()
+{
+    NeedText();
+    return *m_Text;
+}
+
+bool LogPage::Show(bool show)
+{
+    if (show && !m_Reading)
+    {
+        ReadSlice();
+    }
+    return wxtPanel::Show(show);
 }
 
 bool LogPage::IsFollowing() const
 {
-    return m_Text->IsFollowing();
+    return !m_Text || m_Text->IsFollowing();
 }
 
 wxString LogPage::Title() const
@@ -82,7 +101,7 @@ wxString LogPage::StatusText() const
     case FileFollower::State::kFollowing:
         break;
     }
-    const int lines = m_Text->GetLineCount();
+    const int lines = m_Text ? m_Text->GetLineCount() : 0;
     return wxString::Format(wxGetTranslation("%s: %d line, %lld bytes", "%s: %d lines, %lld bytes",
                                              static_cast<unsigned>(lines)),
                             name, lines, m_Follower.Position());
@@ -90,12 +109,14 @@ wxString LogPage::StatusText() const
 
 void LogPage::SetFollowing(bool follow)
 {
+    NeedText();
     m_Text->SetFollowing(follow);
 }
 
 void LogPage::OnTick()
 {
-    if (!m_Reading)
+    const bool isTime = IsShown() || (m_Text && ++m_Ticks % kHiddenTicks == 0);
+    if (isTime && !m_Reading)
     {
         ReadSlice();
     }
@@ -103,11 +124,13 @@ void LogPage::OnTick()
 
 void LogPage::ReadSlice()
 {
+    const bool isFirst = !m_Text;
+    NeedText();
     const auto before = m_Follower.CurrentState();
     const bool wasEmpty = m_Text->GetLineCount() == 0;
     const bool follows = IsFollowing();
     m_Reading = m_Follower.Read(kSlice);
-    if (m_Follower.CurrentState() != before)
+    if (isFirst || m_Follower.CurrentState() != before)
     {
         LogInfo(wxtFromWx(StatusText()));
     }

@@ -34,10 +34,8 @@ public:
             return false;
         }
         auto* const frame = new LogViewFrame;
-        for (const String& file : commandLine.Arguments())
-        {
-            frame->OpenFile(file);
-        }
+        const auto& files = commandLine.Arguments();
+        frame->OpenFiles(std::vector<Path>(files.begin(), files.end()));
         frame->RestoreLayout();
         frame->Show();
         return true;

@@ -121,13 +121,19 @@ void LogViewFrame::BuildStatusLine(wxtPanel* parent)
     parent->SetSizer(views);
 }
 
-void LogViewFrame::OpenFile(const Path& file)
+void LogViewFrame::OpenFiles(const std::vector<Path>& files)
 {
-    auto* const page = new LogPage(m_Pages, file);
-    m_Pages->AddPage(page, page->Title(), true);
-    m_Pages->SetPageToolTip(m_Pages->GetPageCount() - 1, page->FullName());
-    m_Pages->SetPageKey(page, std::filesystem::absolute(file.Text().c_str()).string());
-    page->Text()->SetFocus();
+    for (const Path& file : files)
+    {
+        auto* const page = new LogPage(m_Pages, file);
+        m_Pages->AddPage(page, page->Title(), &file == &files.back());
+        m_Pages->SetPageToolTip(m_Pages->GetPageCount() - 1, page->FullName());
+        m_Pages->SetPageKey(page, std::filesystem::absolute(file.Text().c_str()).string());
+    }
+    if (LogPage* const page = CurrentPage())
+    {
+        page->Text().SetFocus();
+    }
     ShowStatus();
 }
 
@@ -164,10 +170,12 @@ void LogViewFrame::OnOpen(wxCommandEvent&)
     }
     wxArrayString files;
     dialog.GetPaths(files);
+    std::vector<Path> opened;
     for (const wxString& file : files)
     {
-        OpenFile(String(file.fn_str())); // its bytes, which need not be a text
+        opened.emplace_back(String(file.fn_str())); // its bytes, which need not be a text
     }
+    OpenFiles(opened);
 }
 
 // By what the view does, not by the tick: the user may have scrolled away from the end.
@@ -202,7 +210,7 @@ void LogViewFrame::OnTextCommand(wxCommandEvent& event)
 {
     if (LogPage* const page = CurrentPage())
     {
-        page->Text()->OnMenu(event);
+        page->Text().OnMenu(event);
     }
 }
 

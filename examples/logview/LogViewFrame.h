@@ -16,7 +16,7 @@ class LogViewFrame : public wxTolvanFrame
 public:
     LogViewFrame();
 
-    void OpenFile(const Path& file);
+    void OpenFiles(const std::vector<Path>& files); ///< The last one is shown.
     /// Puts the pages where they were when the viewer was closed with them.
     void RestoreLayout();
 

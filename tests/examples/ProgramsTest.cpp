@@ -8,6 +8,7 @@
 #include <wx/image.h>
 
 #include <cstdlib>
+#include <filesystem>
 
 namespace
 {
@@ -134,6 +135,24 @@ TEST_F(ProgramsTest, SomeEndByThemselves)
         }
     }
     setenv("DISPLAY", display.c_str(), 1);
+}
+
+// Hundreds may be open. What a rotation takes away before that is read all the same.
+TEST_F(ProgramsTest, ViewerReadsAFileOnceItIsShown)
+{
+    std::vector<String> command = {LOGVIEW_PROGRAM};
+    for (const char* const name : {"1.log", "2.log", "3.log", "4.log"})
+    {
+        WriteFile(TempFile(name), "a line\nanother line\n");
+        command.push_back(TempFile(name).Text());
+    }
+    Program viewer(command);
+    ASSERT_TRUE(WaitForLog(component_LogView, "4.log: 2 lines"));
+    std::filesystem::rename(TempFile("3.log").Text().c_str(), TempFile("3.old").Text().c_str());
+    WriteFile(TempFile("3.log"), "of the new file\n");
+    ASSERT_TRUE(PressKeys("Tolvan Log Viewer", "key ctrl+Prior"));
+    EXPECT_TRUE(WaitForLog(component_LogView, "3.log: The file was replaced"));
+    EXPECT_EQ(String::npos, LogOf(component_LogView).find("2.log"));
 }
 
 // The size of the window manager's frame must not be added with every start.
