@@ -26,6 +26,7 @@ bool wxtNotebook::ClosePage(wxWindow* page)
     if (appearance::PageWindow* const window = WindowOf(closed))
     {
         const wxWeakRef<wxFrame> frame = window->frame;
+        m_Parts->order.Forget(closed);
         closed->Destroy();
         if (frame)
         {
@@ -98,7 +99,8 @@ void wxtNotebook::OnKey(wxKeyEvent& event)
     }
     else if (event.RawControlDown() && !event.AltDown() && key == WXK_TAB)
     {
-        ChooseByUse(!event.ShiftDown());
+        ChooseByUse(m_curPage < 0 ? nullptr : GetPage(static_cast<size_t>(m_curPage)),
+                    !event.ShiftDown());
     }
     else if (!tabs || tabs->GetParent() != this || event.HasAnyModifiers() || !OnTabKey(*tabs, key))
     {
@@ -178,12 +180,15 @@ void wxtNotebook::MoveTab(int steps)
     }
 }
 
-void wxtNotebook::ChooseByUse(bool forward)
+// From the page that has the keys.
+void wxtNotebook::ChooseByUse(wxWindow* page, bool forward)
 {
-    if (GetPageCount() > 1)
+    if (page && GetPageCount() + PagesInWindows().size() > 1)
     {
-        const wxRect place = GetScreenRect();
-        OpenChooser(place.GetPosition() + wxPoint(place.width / 2, place.height / 2), true,
+        m_Parts->order.Use(page);
+        wxWindow&    owner = WindowOf(page) ? *wxGetTopLevelParent(page) : *this;
+        const wxRect place = owner.GetScreenRect();
+        OpenChooser(owner, place.GetPosition() + wxPoint(place.width / 2, place.height / 2), true,
                     forward);
     }
 }
@@ -195,14 +200,14 @@ void wxtNotebook::ShowPageList()
     if (tabs)
     {
         const wxRect place = tabs->GetScreenRect();
-        OpenChooser(wxPoint(place.GetRight() + 1, place.GetBottom() + 1), false, true);
+        OpenChooser(*this, wxPoint(place.GetRight() + 1, place.GetBottom() + 1), false, true);
     }
 }
 
 // By use: the page before this one is the first to be chosen.
-void wxtNotebook::OpenChooser(const wxPoint& screen, bool byUse, bool forward)
+void wxtNotebook::OpenChooser(wxWindow& owner, const wxPoint& screen, bool byUse, bool forward)
 {
-    std::vector<wxWindow*> windows;
+    std::vector<wxWindow*> windows = byUse ? PagesInWindows() : std::vector<wxWindow*>();
     for (size_t i = 0; i < GetPageCount(); ++i)
     {
         windows.push_back(GetPage(i));
@@ -211,12 +216,14 @@ void wxtNotebook::OpenChooser(const wxPoint& screen, bool byUse, bool forward)
     std::vector<appearance::PageChooser::Page> pages;
     for (wxWindow* const window : windows)
     {
-        const wxAuiNotebookPage& page = m_tabs.GetPage(static_cast<size_t>(FindPage(window)));
+        const appearance::PageWindow* const own = WindowOf(window);
+        const wxAuiNotebookPage&            page =
+            own ? own->info : m_tabs.GetPage(static_cast<size_t>(FindPage(window)));
         pages.push_back({window, {page.caption, page.bitmap, IsPageModified(window)}});
     }
     const int marked = byUse ? 0 : std::max(0, m_curPage);
     m_Parts->chooser = std::make_unique<appearance::PageChooser>(
-        *this, std::move(pages), marked, [this](wxWindow* page) { OnChosen(page); });
+        owner, std::move(pages), marked, [this](wxWindow* page) { OnChosen(page); });
     if (byUse)
     {
         m_Parts->chooser->GoOn(forward ? 1 : -1);
@@ -231,13 +238,18 @@ void wxtNotebook::OpenChooser(const wxPoint& screen, bool byUse, bool forward)
 void wxtNotebook::OnChosen(wxWindow* page)
 {
     m_Parts->chooser.reset();
-    if (page && FindPage(page) != wxNOT_FOUND)
+    if (page)
     {
-        const wxWeakRef<wxWindow> chosen(page);
-        if (Select(page, true) && chosen && chosen->IsShownOnScreen())
-        {
-            chosen->SetFocus();
-        }
+        BringUp(page);
+    }
+}
+
+void wxtNotebook::OnChildFocus(wxChildFocusEvent& event)
+{
+    event.Skip();
+    if (m_curPage >= 0)
+    {
+        m_Parts->order.Use(GetPage(static_cast<size_t>(m_curPage)));
     }
 }
 
@@ -328,7 +340,7 @@ void wxtNotebook::ShowTabMenu(wxWindow* page)
         append("Move &Right", mayMove && place < last,
                [=] { move(static_cast<size_t>(place + 1)); });
         append("&Beside the Others", maySplit, [=] { split(wxRIGHT); });
-        append("Belo&w the Others", maySplit, [=] { split(wxBOTTOM); });
+        append("B&elow the Others", maySplit, [=] { split(wxBOTTOM); });
         append("In a &Window of Its Own", m_AllowsWindows, [this, target] { MoveOut(target); });
     }
     else

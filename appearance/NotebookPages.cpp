@@ -28,6 +28,7 @@ wxtNotebook::wxtNotebook(wxWindow* parent, wxWindowID id, const wxPoint& positio
     SetArtProvider(new wxtTabArt);
     Manage(this);
     Bind(wxEVT_CHAR_HOOK, &wxtNotebook::OnKey, this);
+    Bind(wxEVT_CHILD_FOCUS, &wxtNotebook::OnChildFocus, this);
 }
 
 wxtNotebook::~wxtNotebook()

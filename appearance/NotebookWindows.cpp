@@ -1,6 +1,7 @@
 #include "appearance/tabs/NotebookParts.h"
 #include "appearance/wxTolvanString.h"
 #include "internal/input/MouseHold.h"
+#include "internal/input/PadKey.h"
 #include "internal/windows/UpperFloors.h"
 #include "vesta/CallEntry.h"
 
@@ -112,6 +113,8 @@ wxFrame* wxtNotebook::MoveToWindow(wxWindow* page, const wxRect& screen)
         internal::g_UpperFloors.bringToPlace(*frame, WindowName(page));
     }
     frame->Bind(wxEVT_CLOSE_WINDOW, &wxtNotebook::OnWindowClose, this);
+    frame->Bind(wxEVT_CHAR_HOOK, &wxtNotebook::OnWindowKey, this);
+    frame->Bind(wxEVT_ACTIVATE, &wxtNotebook::OnWindowActive, this);
     frame->Bind(wxEVT_IDLE,
                 [frame, weak = wxWeakRef<wxWindow>(page)](wxIdleEvent& event)
                 {
@@ -135,14 +138,102 @@ void wxtNotebook::OnWindowClose(wxCloseEvent& event)
 {
     CALL_ENTRY("wxtNotebook::OnWindowClose");
     event.Skip();
+    if (wxWindow* const page = PageIn(event.GetEventObject()))
+    {
+        CloseWindow(page);
+        TellOfMove(page);
+    }
+}
+
+// Null when the frame is none of a page, or the page has gone.
+wxWindow* wxtNotebook::PageIn(const wxObject* frame) const
+{
     for (wxWindow* const page : PagesInWindows())
     {
-        if (WindowOf(page)->frame == event.GetEventObject())
+        if (WindowOf(page)->frame == frame)
         {
-            CloseWindow(page);
-            TellOfMove(page);
-            return;
+            return page;
         }
+    }
+    return nullptr;
+}
+
+void wxtNotebook::OnWindowActive(wxActivateEvent& event)
+{
+    event.Skip();
+    wxWindow* const page = event.GetActive() ? PageIn(event.GetEventObject()) : nullptr;
+    if (page)
+    {
+        m_Parts->order.Use(page);
+    }
+}
+
+// Of a page in a window the keys that lead to other pages work as they do in the notebook.
+void wxtNotebook::OnWindowKey(wxKeyEvent& event)
+{
+    CALL_ENTRY("wxtNotebook::OnWindowKey");
+    const int       key = internal::OffThePad(event.GetKeyCode());
+    const auto*     window = dynamic_cast<wxWindow*>(event.GetEventObject());
+    wxWindow* const page =
+        PageIn(window ? wxGetTopLevelParent(const_cast<wxWindow*>(window)) : nullptr);
+    const bool isPage = key == WXK_PAGEUP || key == WXK_PAGEDOWN;
+    if (page && event.RawControlDown() && !event.AltDown() && key == WXK_TAB)
+    {
+        ChooseByUse(page, !event.ShiftDown());
+        return;
+    }
+    wxWindow* const neighbour = page && event.GetModifiers() == wxMOD_CONTROL && isPage
+                                    ? Neighbour(*WindowOf(page), key == WXK_PAGEUP ? -1 : 1)
+                                    : nullptr;
+    if (neighbour)
+    {
+        BringUp(neighbour);
+        return;
+    }
+    event.Skip();
+}
+
+// Of the place among the tabs that the page came from; null when there are no tabs.
+wxWindow* wxtNotebook::Neighbour(const appearance::PageWindow& window, int steps) const
+{
+    std::vector<wxWindow*> pages;
+    size_t                 at = 0;
+    for (wxAuiTabCtrl* const tabs : AllTabs())
+    {
+        at = tabs == window.home ? pages.size() + std::min(window.place, tabs->GetPageCount()) : at;
+        for (size_t i = 0; i < tabs->GetPageCount(); ++i)
+        {
+            pages.push_back(tabs->GetWindowFromIdx(i));
+        }
+    }
+    if (pages.empty())
+    {
+        return nullptr;
+    }
+    return pages[(steps > 0 ? at : at + pages.size() - 1) % pages.size()];
+}
+
+// The page is shown, has the keys, and its window is in front of the others.
+void wxtNotebook::BringUp(wxWindow* page)
+{
+    const wxWeakRef<wxWindow> aimed(page);
+    const bool                isInTabs = FindPage(page) != wxNOT_FOUND;
+    if ((!isInTabs && !WindowOf(page)) || (isInTabs && !Select(page, true)) || !aimed)
+    {
+        return;
+    }
+    auto* const top = dynamic_cast<wxTopLevelWindow*>(wxGetTopLevelParent(aimed));
+    if (top && top->IsIconized())
+    {
+        top->Restore();
+    }
+    if (top && !top->IsActive())
+    {
+        top->Raise();
+    }
+    if (aimed->IsShownOnScreen())
+    {
+        aimed->SetFocus();
     }
 }
 

@@ -27,6 +27,7 @@ constexpr int                  kBorder = 1;
 constexpr int                  kFocusInset = 4;
 constexpr int                  kButton = 20;
 
+constexpr size_t kReadable = 24;        // characters that a tab has room for, however large
 constexpr size_t kMostCharacters = 400; // that are looked at
 constexpr size_t kMostWidths = 10000;   // that are kept
 
@@ -97,6 +98,15 @@ struct appearance::TabFonts
             window.GetTextExtent(Caption(caption), &at->second, nullptr, nullptr, nullptr, &used);
         }
         return at->second;
+    }
+    int TabWidth(const wxWindow& window, const wxString& caption, bool hasIcon, bool hasSlot,
+                 TabSizes sizes)
+    {
+        static const wxString s_Readable('n', kReadable);
+        const int             readable = WidthOf(s_Readable, window);
+        sizes.most =
+            std::max(sizes.most, appearance::TabWidth(0, false, hasSlot, sizes) + readable);
+        return appearance::TabWidth(WidthOf(caption, window), hasIcon, hasSlot, sizes);
     }
 
     wxFont                            font = *wxNORMAL_FONT;
@@ -246,8 +256,7 @@ wxSize wxtTabArt::GetTabSize(wxDC&, wxWindow* wnd, const wxString& caption,
                              const wxBitmapBundle& bitmap, bool, int closeButtonState, int* xExtent)
 {
     const bool hasSlot = closeButtonState != wxAUI_BUTTON_STATE_HIDDEN;
-    const int  width = appearance::TabWidth(m_Fonts->WidthOf(caption, *wnd), bitmap.IsOk(), hasSlot,
-                                            SizesFor(*wnd));
+    const int  width = m_Fonts->TabWidth(*wnd, caption, bitmap.IsOk(), hasSlot, SizesFor(*wnd));
     *xExtent = width;
     return wxSize(width, wnd->GetClientSize().y);
 }
@@ -273,8 +282,8 @@ int wxtTabArt::WidthOf(const wxWindow& wnd, const wxAuiNotebookPage& page, bool 
 int wxtTabArt::WidthOf(const wxWindow& wnd, const wxAuiNotebookPage& page, bool closable,
                        const appearance::TabSizes& sizes) const
 {
-    return appearance::TabWidth(m_Fonts->WidthOf(page.caption, wnd), page.bitmap.IsOk(),
-                                closable || IsModified(&wnd, page), sizes);
+    return m_Fonts->TabWidth(wnd, page.caption, page.bitmap.IsOk(),
+                             closable || IsModified(&wnd, page), sizes);
 }
 
 wxRect wxtTabArt::SlotIn(const wxWindow& wnd, const wxAuiNotebookPage& page,

@@ -33,9 +33,12 @@ struct TabLayout;
 /// of all pages. A tab is dragged to its place, to another pane, to the side of a pane, which it
 /// splits, and out of the notebook into a window of its own. A middle click closes a page. Ctrl+Tab
 /// and Ctrl+Shift+Tab go through the pages in the order in which they were used, with a list while
-/// Ctrl is held; Ctrl+PgUp and Ctrl+PgDn go to the neighbours, with Shift they move the tab. When a
-/// tab has the keys the arrows, Home and End select, Enter and Down lead into the page, Delete
-/// closes it, and the menu key opens the menu of the tab, as a right click does.
+/// Ctrl is held, pages in windows of their own among them; Ctrl+PgUp and Ctrl+PgDn go to the
+/// neighbours in the tabs, with Shift they move the tab. The same keys work in a page's own window:
+/// its neighbours are those of the place that it came from, and the window of the page that is
+/// chosen comes to the front. When a tab has the keys the arrows, Home and End select, Enter and
+/// Down lead into the page, Delete closes it, and the menu key opens the menu of the tab, as a
+/// right click does.
 ///
 /// Events of the toolkit's that are sent: `wxEVT_AUINOTEBOOK_PAGE_CHANGING` (veto: the page stays)
 /// and `PAGE_CHANGED`, `PAGE_CLOSE` (veto: it is not closed) and `PAGE_CLOSED`, `BEGIN_DRAG` (veto:
@@ -167,9 +170,10 @@ private:
     bool OnTabKey(wxAuiTabCtrl& tabs, int key);
     void GoTo(int steps);
     void MoveTab(int steps);
-    void ChooseByUse(bool forward);
-    void OpenChooser(const wxPoint& screen, bool byUse, bool forward);
+    void ChooseByUse(wxWindow* page, bool forward);
+    void OpenChooser(wxWindow& owner, const wxPoint& screen, bool byUse, bool forward);
     void OnChosen(wxWindow* page);
+    void OnChildFocus(wxChildFocusEvent& event);
     void AppendToMenu(wxMenu& menu, const wxString& label, bool enabled,
                       const std::function<void()>& action);
     void CloseOthers(wxWindow* page);
@@ -197,7 +201,12 @@ private:
     appearance::PageWindow* WindowOf(const wxWindow* page) const;
     wxFrame*                MoveToWindow(wxWindow* page, const wxRect& screen);
     void                    Dock(wxWindow* page, wxAuiTabCtrl* tabs, size_t place);
+    wxWindow*               PageIn(const wxObject* frame) const;
     void                    OnWindowClose(wxCloseEvent& event);
+    void                    OnWindowKey(wxKeyEvent& event);
+    void                    OnWindowActive(wxActivateEvent& event);
+    wxWindow*               Neighbour(const appearance::PageWindow& window, int steps) const;
+    void                    BringUp(wxWindow* page);
     String                  WindowName(const wxWindow* page) const;
     void                    KeepWindowPlaces() const;
     void                    TellOfMove(wxWindow* page);

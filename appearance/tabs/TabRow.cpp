@@ -62,10 +62,10 @@ std::vector<int> FitTabs(std::vector<int> wanted, int room, int least)
 TabRow TabRow::Of(const std::vector<int>& wantedWidths, size_t first, int shown,
                   const TabRowSizes& sizes)
 {
-    TabRow                 row;
-    const std::vector<int> widths = FitTabs(wantedWidths, sizes.room.x, sizes.least);
-    const int              all = std::accumulate(widths.begin(), widths.end(), 0);
-    int                    room = sizes.room.x;
+    TabRow           row;
+    std::vector<int> widths = FitTabs(wantedWidths, sizes.room.x, sizes.least);
+    const int        all = std::accumulate(widths.begin(), widths.end(), 0);
+    int              room = sizes.room.x;
     row.scrolls = all > room;
     if (row.scrolls)
     {
@@ -73,6 +73,11 @@ TabRow TabRow::Of(const std::vector<int>& wantedWidths, size_t first, int shown,
         for (int i = 0; i < kTabRowButtons; ++i)
         {
             row.buttons[i] = wxRect(room + i * sizes.button, 0, sizes.button, sizes.room.y);
+        }
+        widths = wantedWidths; // no name is cut for a row that shows a part only
+        for (int& width : widths)
+        {
+            width = std::min(width, std::max(room, sizes.least));
         }
     }
     row.first = row.scrolls ? FirstOf(widths, first, shown, room) : 0;

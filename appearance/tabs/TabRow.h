@@ -11,7 +11,7 @@ namespace appearance
 struct TabRowSizes
 {
     wxSize room;   ///< For the tabs and their buttons.
-    int    least;  ///< Width that a tab keeps, if it wants as much.
+    int    least;  ///< Width that a tab keeps, if it wants as much; then the row scrolls.
     int    button; ///< Width of each button of a row that scrolls.
 };
 
@@ -25,8 +25,8 @@ enum TabRowButton
 };
 
 /// Where the tabs of a row are. Tabs that do not fit become narrower, the widest first, down to the
-/// least width; then the row scrolls by whole tabs and has buttons at its end. Painting and hit
-/// tests ask the same object.
+/// least width; where that is not enough either they have the width that they want, and the row
+/// scrolls by whole tabs and has buttons at its end. Painting and hit tests ask the same object.
 struct TabRow
 {
     std::vector<wxRect> tabs;      ///< Empty rectangles for those that are not seen.

@@ -60,6 +60,9 @@ private:
     TabRow     RowWith(int shown) const;
     Spot       SpotAt(const wxPoint& point) const;
     void       Hover(const Spot& spot);
+    void       HoverAt(const wxPoint& point);
+    void       HoverNothing();
+    void       FollowTabs();
     void       SetTip(const Spot& spot);
     void       PressButton(int button);
     void       Scroll(int tabs);
@@ -79,13 +82,17 @@ private:
     void OnEnabled(internal::EnabledEvent& event);
     void OnCaptureLost(wxMouseCaptureLostEvent& event);
     void OnDestroy(wxWindowDestroyEvent& event);
+    void OnSize(wxSizeEvent& event);
 
     wxtNotebook&            m_Book;
     wxWeakRef<wxAuiTabCtrl> m_Tabs;
     Spot                    m_Hover;
+    bool                    m_IsPointerIn = false;
+    wxPoint                 m_Pointer;    ///< Where it was last; client area.
     Spot                    m_Press;      ///< Of the left button.
     wxPoint                 m_PressPoint; ///< Client area.
     Spot                    m_MiddlePress;
     int                     m_WheelTurn = 0;
+    int                     m_Width = 0; ///< Pixels.
 };
 } // namespace appearance

@@ -38,6 +38,7 @@ TabStrip::TabStrip(wxtNotebook& book, wxAuiTabCtrl& tabs) : m_Book(book), m_Tabs
     tabs.Bind(wxEVT_CHAR, &TabStrip::OnChar, this);
     tabs.Bind(wxEVT_MOUSE_CAPTURE_LOST, &TabStrip::OnCaptureLost, this);
     tabs.Bind(wxEVT_DESTROY, &TabStrip::OnDestroy, this);
+    tabs.Bind(wxEVT_SIZE, &TabStrip::OnSize, this);
     tabs.Bind(internal::EVT_ENABLED, &TabStrip::OnEnabled, this);
     internal::WatchEnabling(tabs);
 }
@@ -132,6 +133,7 @@ int TabStrip::ButtonState(const TabRow& row, int button) const
 void TabStrip::OnPaint(wxPaintEvent&)
 {
     CALL_ENTRY("TabStrip::OnPaint");
+    FollowTabs();
     wxPaintDC    dc(m_Tabs);
     const TabRow row = Row();
     Art().DrawBackground(dc, m_Tabs, m_Tabs->GetClientRect());
@@ -183,8 +185,33 @@ void TabStrip::Hover(const Spot& spot)
     if (!(spot == m_Hover))
     {
         m_Hover = spot;
-        SetTip(spot);
         m_Tabs->Refresh();
+    }
+    SetTip(spot);
+}
+
+void TabStrip::HoverAt(const wxPoint& point)
+{
+    m_IsPointerIn = true;
+    m_Pointer = point;
+    Hover(SpotAt(point));
+}
+
+void TabStrip::HoverNothing()
+{
+    m_IsPointerIn = false;
+    Hover({});
+}
+
+// Tabs come, go and move under a pointer that rests. What has come there has its tip once the
+// pointer moves; the one of what has gone would stay open.
+void TabStrip::FollowTabs()
+{
+    const Spot spot = m_IsPointerIn ? SpotAt(m_Pointer) : Spot{};
+    if (m_IsPointerIn && !(spot == m_Hover))
+    {
+        m_Hover = spot;
+        m_Tabs->UnsetToolTip();
     }
 }
 
@@ -225,6 +252,8 @@ void TabStrip::OnLeftDown(wxMouseEvent& event)
     m_Press = SpotAt(event.GetPosition());
     m_PressPoint = event.GetPosition();
     m_Hover = m_Press;
+    m_IsPointerIn = true;
+    m_Pointer = m_PressPoint;
     m_Tabs->Refresh();
     if (m_Press.part == Spot::tab)
     {
@@ -306,10 +335,10 @@ void TabStrip::OnMotion(wxMouseEvent& event)
         m_Book.m_Parts->drag->Follow(screen, event.LeftIsDown());
         return;
     }
-    Hover(SpotAt(event.GetPosition()));
+    HoverAt(event.GetPosition());
     if (IsDragStart(event.GetPosition()))
     {
-        Hover({}); // no tip over what is dragged
+        HoverNothing(); // no tip over what is dragged
         // A press begins one drag, also when that is refused or cancelled.
         const wxWeakRef<wxWindow> page = std::exchange(m_Press, {}).page;
         TabDrag::Begin(m_Book, page, *m_Tabs, screen);
@@ -318,7 +347,7 @@ void TabStrip::OnMotion(wxMouseEvent& event)
 
 void TabStrip::OnLeave(wxMouseEvent&)
 {
-    Hover({});
+    HoverNothing();
 }
 
 // Closes at the release, on the tab that was pressed.
@@ -392,7 +421,7 @@ void TabStrip::OnWheel(wxMouseEvent& event)
     const int notches = m_WheelTurn / notch;
     m_WheelTurn -= notches * notch;
     Scroll(-notches);
-    Hover(SpotAt(event.GetPosition()));
+    HoverAt(event.GetPosition());
 }
 
 void TabStrip::OnEnabled(internal::EnabledEvent& event)
@@ -400,6 +429,7 @@ void TabStrip::OnEnabled(internal::EnabledEvent& event)
     event.Skip();
     m_Press = {};
     m_Hover = {};
+    m_IsPointerIn = false;
     if (m_Book.m_Parts->drag && !event.IsEnabled())
     {
         m_Book.m_Parts->drag->Cancel();
@@ -412,6 +442,18 @@ void TabStrip::OnDestroy(wxWindowDestroyEvent& event)
 {
     event.Skip();
     TabDrag::EndWith(m_Book, *m_Tabs);
+}
+
+// The shown page keeps its tab in sight.
+void TabStrip::OnSize(wxSizeEvent& event)
+{
+    event.Skip();
+    const int active = m_Tabs->GetActivePage();
+    const int old = std::exchange(m_Width, m_Tabs->GetClientSize().x);
+    if (m_Width != old && active >= 0)
+    {
+        ShowTab(active);
+    }
 }
 
 void TabStrip::OnCaptureLost(wxMouseCaptureLostEvent&)

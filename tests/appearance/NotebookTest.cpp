@@ -233,6 +233,58 @@ TEST_F(NotebookTest, APageHasAWindowAndComesBack)
     EXPECT_TRUE(WaitFor([&] { return !frame; })) << "goes with the notebook";
 }
 
+// To the neighbours of the place that the page came from, and back by use; with real keys.
+TEST_F(NotebookTest, KeysLeadFromWindowToWindow)
+{
+    Add({"a", "b", "c"});
+    m_Book->SetSelection(2);
+    m_Book->SetSelection(1);
+    wxFrame* const      own = m_Book->OpenWindow(Page("b"));
+    wxUIActionSimulator keys;
+    const struct
+    {
+        int         key;
+        int         modifiers;
+        const char* look;
+        bool        isOwn;
+    } rows[] = {
+        {WXK_PAGEUP, wxMOD_CONTROL, "a**c", false},
+        {WXK_TAB, wxMOD_CONTROL, "a**c", true},
+        {WXK_PAGEDOWN, wxMOD_CONTROL, "ac**", false},
+        {WXK_TAB, wxMOD_CONTROL, "ac**", true},
+        {WXK_TAB, wxMOD_CONTROL, "ac**", false},
+        {WXK_TAB, wxMOD_CONTROL | wxMOD_SHIFT, "a**c", false},
+    };
+    ASSERT_TRUE(WaitFor([&] { return own->IsActive(); }));
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(&row - rows);
+        keys.Char(row.key, row.modifiers);
+        wxFrame* const front = row.isOwn ? own : Frame();
+        EXPECT_TRUE(WaitFor([&] { return Look() == row.look && front->IsActive(); })) << Look();
+    }
+}
+
+// The pointer rests where the next tab comes.
+TEST_F(NotebookTest, NoTipOutlivesItsTab)
+{
+    Add({"a", "b", "c"});
+    m_Book->SetPageToolTip(1, "of b");
+    m_Book->SetPageToolTip(2, "of c");
+    wxAuiTabCtrl* const tabs = m_Book->GetActiveTabCtrl();
+    EXPECT_TRUE(WaitFor([&] { return !tabs->GetPage(1).rect.IsEmpty(); }));
+    wxPoint             place = tabs->ClientToScreen(tabs->GetPage(1).rect.GetPosition());
+    wxUIActionSimulator pointer;
+    const auto          shows = [&](const char* tip)
+    { return WaitFor([&] { return tabs->GetToolTipText() == tip; }); };
+    pointer.MouseMove(place += wxPoint(10, 10));
+    EXPECT_TRUE(shows("of b"));
+    m_Book->ClosePage(Page("b"));
+    EXPECT_TRUE(shows(""));
+    pointer.MouseMove(place += wxPoint(1, 0));
+    EXPECT_TRUE(shows("of c"));
+}
+
 TEST_F(NotebookTest, TheLayoutComesBack)
 {
     Add({"a", "b", "c", "d", "e"});

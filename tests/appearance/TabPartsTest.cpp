@@ -43,8 +43,8 @@ TEST(TabRowTest, ARowScrollsToTheTabThatIsShown)
         int    shown;
         size_t nowFirst;
         size_t nowEnd;
-    } rows[] = {{0, -1, 0, 4},    {0, 3, 0, 4},    {0, 4, 1, 5},     {10, 2, 2, 6},
-                {10, 12, 10, 14}, {0, 19, 16, 20}, {19, -1, 16, 20}, {500, 500, 16, 20}};
+    } rows[] = {{0, -1, 0, 2},    {0, 1, 0, 2},    {0, 2, 1, 3},     {10, 2, 2, 4},
+                {10, 11, 10, 12}, {0, 19, 18, 20}, {19, -1, 18, 20}, {500, 500, 18, 20}};
     for (const auto& row : rows)
     {
         SCOPED_TRACE(testing::Message() << row.first << " " << row.shown);
@@ -57,7 +57,11 @@ TEST(TabRowTest, ARowScrollsToTheTabThatIsShown)
         EXPECT_EQ(static_cast<int>(row.nowFirst), tabs.TabAt({1, 5}));
         EXPECT_EQ(button_List, tabs.ButtonAt({299, 5}));
         EXPECT_EQ(-1, tabs.TabAt({299, 5}));
+        EXPECT_EQ(100, tabs.tabs[row.nowFirst].width) << "all that it wants";
     }
+    const TabRow narrow = TabRow::Of(std::vector<int>(7, 400), 6, 6, kSizes);
+    EXPECT_EQ(240, narrow.tabs[6].width) << "what there is";
+    EXPECT_FALSE(narrow.CanGoForward());
     const TabRow fits = TabRow::Of({100, 100}, 1, -1, kSizes);
     EXPECT_FALSE(fits.scrolls);
     EXPECT_EQ(0, fits.TabAt({99, 5}));
