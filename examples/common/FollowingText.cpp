@@ -1,5 +1,6 @@
 #include "common/FollowingText.h"
 
+#include "appearance/wxtMenuKey.h"
 #include "textviews/wxTextLineSearchPanel.h"
 #include "vesta/Application.h"
 
@@ -94,11 +95,25 @@ bool FollowingText::HoldsHit() const
     return hit >= first && hit <= first + GetClientSize().y / m_LineHeight;
 }
 
-// Without keys of their own: the text view takes its keys itself and passes them on, so that an
-// accelerator would do everything twice.
 void AppendTextCommands(wxMenu& menu)
 {
-    menu.Append(wxTextLineCtrl::id_Copy, wxGetTranslation("&Copy"));
-    menu.Append(wxTextLineCtrl::id_SelectAll, wxGetTranslation("Select &All"));
-    menu.Append(wxTextLineCtrl::id_Search, wxGetTranslation("&Search..."));
+    const struct
+    {
+        int      id;
+        wxString label;
+        wxString key;
+    } entries[] = {
+        {wxTextLineCtrl::id_Copy, wxGetTranslation("&Copy"), "Ctrl+C"},
+        {wxTextLineCtrl::id_SelectAll, wxGetTranslation("Select &All"), "Ctrl+A"},
+        {wxTextLineCtrl::id_Search, wxGetTranslation("&Search..."), "Ctrl+F"},
+    };
+    for (const auto& entry : entries)
+    {
+        wxtShowMenuKey(*menu.Append(entry.id, entry.label), entry.key);
+    }
+}
+
+void AppendSave(wxMenu& menu, const wxString& label)
+{
+    wxtShowMenuKey(*menu.Append(wxTextLineCtrl::id_SaveAs, label), "Ctrl+S");
 }

@@ -35,5 +35,8 @@ private:
     int  m_PassedHit = -1; ///< The hit that the user has left behind to follow again; -1: none.
 };
 
-/// Appends what a menu bar offers of a text view, to be passed on to its `OnMenu`.
+/// Appends what a menu bar offers of a text view, to be passed on to its `OnMenu`, with the keys at
+/// which the view does so by itself.
 void AppendTextCommands(wxMenu& menu);
+/// The same for saving its lines, where the view has the keys throughout.
+void AppendSave(wxMenu& menu, const wxString& label);

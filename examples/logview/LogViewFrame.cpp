@@ -52,7 +52,7 @@ void LogViewFrame::BuildMenus()
 {
     auto* const file = new wxMenu;
     file->Append(wxID_OPEN, wxGetTranslation("&Open...\tCtrl+O"));
-    file->Append(wxTextLineCtrl::id_SaveAs, wxGetTranslation("Save &As..."));
+    AppendSave(*file, wxGetTranslation("Save &As..."));
     file->AppendSeparator();
     file->Append(wxID_EXIT, wxGetTranslation("&Quit\tCtrl+Q"));
 

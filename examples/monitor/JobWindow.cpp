@@ -74,7 +74,7 @@ JobWindow::~JobWindow()
 void JobWindow::BuildMenus(const Resubmit& resubmit)
 {
     auto* const file = new wxMenu;
-    file->Append(wxTextLineCtrl::id_SaveAs, wxGetTranslation("Save Output &As..."));
+    AppendSave(*file, wxGetTranslation("Save Output &As..."));
     file->AppendSeparator();
     file->Append(wxID_CLOSE, wxGetTranslation("&Close\tCtrl+W"));
 

@@ -1,8 +1,10 @@
 #include "appearance/scheme/ToolkitLook.h"
 #include "appearance/wxTolvanColors.h"
+#include "appearance/wxtMenuKey.h"
 #include "internal/drawing/ColorMix.h"
 #include "internal/port/PopUps.h"
 #include "internal/port/Scrollbars.h"
+#include "tests/support/EventCounter.h"
 #include "tests/support/FrameTest.h"
 #include "tests/support/Pictures.h"
 
@@ -223,4 +225,32 @@ TEST_F(ToolkitTest, ScrollbarsAndTooltipsFollowTheScheme)
     ExpectShown(wxtGetColor(color_WindowBGDarker), 1000, "tooltip");
     UseColors(scheme_Darker, Frame());
     ExpectShown(wxtGetColor(color_WindowBGDarker), 1000, "tooltip while it is shown");
+}
+
+// The control that has the keys gets it, once.
+TEST_F(ToolkitTest, AKeyBesideAMenuEntryIsNoAccelerator)
+{
+    auto* const panel =
+        new wxtPanel(Frame(), wxID_ANY, wxDefaultPosition, wxDefaultSize, wxWANTS_CHARS);
+    EventCounter keys(panel, wxEVT_KEY_DOWN);
+    EventCounter commands(Frame(), wxEVT_MENU);
+    auto* const  menu = new wxMenu;
+    auto* const  bar = new wxMenuBar;
+    wxMenuItem&  item = *menu->Append(wxID_ANY, "One");
+    bar->Append(menu, "Menu");
+    Frame()->SetMenuBar(bar);
+    EXPECT_FALSE(wxtShowMenuKey(item, ""));
+    EXPECT_FALSE(wxtShowMenuKey(item, "Ctrl+Nonsense"));
+    EXPECT_TRUE(wxtShowMenuKey(item, "Ctrl+F"));
+    EXPECT_FALSE(wxtShowMenuKey(item, "F3")) << "it has one";
+    for (const char* const key : {"F3", "Shift+Home", "Alt+PgDn", "Esc", "Ctrl+,"})
+    {
+        EXPECT_TRUE(wxtShowMenuKey(*menu->Append(wxID_ANY, key), key)) << key;
+    }
+    panel->SetFocus();
+    EXPECT_TRUE(WaitFor([&] { return panel->HasFocus() && Frame()->IsActive(); }));
+    wxUIActionSimulator().Char('f', wxMOD_CONTROL);
+    EXPECT_TRUE(WaitFor([&] { return keys.Count() == 2; })); // and Ctrl itself
+    PumpEvents();
+    EXPECT_EQ(0, commands.Count());
 }

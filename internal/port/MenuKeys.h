@@ -1,0 +1,13 @@
+#pragma once
+
+#include <wx/accel.h>
+
+class wxMenuItem;
+
+namespace internal
+{
+/// Writes a key beside an item of a menu, as the port does for accelerators, without making it one.
+/// False, and nothing is written, for a key that the port has no name for, and beside an item that
+/// has one already.
+bool WriteKey(const wxMenuItem& item, const wxAcceleratorEntry& key);
+} // namespace internal
