@@ -15,6 +15,7 @@
 #include <wx/dc.h>
 #include <wx/menu.h>
 
+#include <algorithm>
 #include <unordered_map>
 
 namespace
@@ -269,7 +270,7 @@ wxRect wxtTabArt::GroundIn(const wxRect& tab) const
 
 appearance::TabSizes wxtTabArt::SizesFor(const wxWindow& wnd)
 {
-    const auto pixels = [&wnd](int size) { return wnd.FromDIP(size); };
+    const auto pixels = [&wnd](int size) { return appearance::WithFont(wnd, size); };
     return {pixels(kSizes.icon), pixels(kSizes.slot), pixels(kSizes.margin), pixels(kSizes.gap),
             pixels(kSizes.most)};
 }
@@ -345,5 +346,5 @@ int wxtTabArt::GetBestTabCtrlSize(wxWindow*     wnd, const wxAuiNotebookPageArra
 
 int wxtTabArt::ButtonWidth(const wxWindow& wnd)
 {
-    return wnd.FromDIP(kButton);
+    return appearance::WithFont(wnd, kButton);
 }

@@ -20,7 +20,13 @@ constexpr int   kAccent = 3;      // pixels
 constexpr int   kEdge = 1;        // pixels between two tabs
 constexpr int   kCross = 4;       // the cross's and the mark's share of the slot is 1 - 2 / kCross
 constexpr int   kPen = 2;         // pixels
+constexpr int   kTextHeight = 18; // pixels of a line of text, up to which sizes stay
 } // namespace
+
+int WithFont(const wxWindow& window, int size)
+{
+    return std::max(window.FromDIP(size), size * window.GetCharHeight() / kTextHeight);
+}
 
 TabLook TabLook::Of(const TabState& state)
 {

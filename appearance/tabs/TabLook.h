@@ -30,6 +30,9 @@ struct TabLook
     static TabLook Of(const TabState& state);
 };
 
+/// A size for scale 1 and text of common height as pixels of the window, larger with its font.
+int WithFont(const wxWindow& window, int size);
+
 /// What the slot of a tab shows.
 enum class TabSlot
 {

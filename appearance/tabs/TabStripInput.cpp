@@ -1,8 +1,10 @@
 #include "appearance/tabs/TabStrip.h"
 
 #include "appearance/tabs/NotebookParts.h"
+#include "appearance/tabs/TabLook.h"
 #include "internal/input/PadKey.h"
 #include "internal/port/Enabling.h"
+#include "internal/port/ToolTips.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/dcclient.h>
@@ -68,7 +70,7 @@ TabRow TabStrip::RowWith(int shown) const
         widths.push_back(Art().WidthOf(*m_Tabs, page, HasCloseButton(page), sizes));
     }
     return TabRow::Of(widths, m_Tabs->GetTabOffset(), shown,
-                      {room, m_Tabs->FromDIP(kLeastTab), wxtTabArt::ButtonWidth(*m_Tabs)});
+                      {room, WithFont(*m_Tabs, kLeastTab), wxtTabArt::ButtonWidth(*m_Tabs)});
 }
 
 TabRow TabStrip::Row() const
@@ -211,7 +213,7 @@ void TabStrip::FollowTabs()
     if (m_IsPointerIn && !(spot == m_Hover))
     {
         m_Hover = spot;
-        m_Tabs->UnsetToolTip();
+        internal::UnsetToolTipHere(*m_Tabs);
     }
 }
 
@@ -230,10 +232,7 @@ void TabStrip::SetTip(const Spot& spot)
     {
         tip = wxGetTranslation("All pages");
     }
-    if (tip != m_Tabs->GetToolTipText())
-    {
-        m_Tabs->SetToolTip(tip);
-    }
+    internal::SetToolTipHere(*m_Tabs, tip);
 }
 
 bool TabStrip::Tell(wxEventType type, const wxWindow* page)
