@@ -84,6 +84,7 @@ void wxTextLineCtrl::DrawLine(const textviews::TextGeometry& geometry,
 // and are not.
 void wxTextLineCtrl::AskForChangedLines()
 {
+    TellFollowing();
     const textviews::TextGeometry geometry = Geometry();
     if (geometry.scroll != m_Drawn->Scroll())
     {

@@ -63,6 +63,8 @@ void wxTextLineCtrl::ShowHit(const textviews::LineMatch& match)
     m_MatchColumn = match.column;
     m_MatchLength = match.length;
     ScrollIntoView(match);
+    m_FollowEnd = false; // the next line could push it out of sight
+    TellFollowing();
     Redraw();
 }
 

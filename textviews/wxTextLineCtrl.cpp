@@ -146,8 +146,7 @@ int wxTextLineCtrl::DropOldest()
     }
     const int       count = tooMany + m_LineLimit / kLimitBlocks;
     const long long position = GetScrollPos(wxVERTICAL);
-    const bool      follows =
-        m_FollowEnd && position + GetScrollThumb(wxVERTICAL) >= GetScrollRange(wxVERTICAL);
+    const bool      follows = IsFollowing();
     for (int i = 0; i < count; ++i)
     {
         Drop(0);
@@ -259,12 +258,6 @@ String wxTextLineCtrl::GetLine(int index) const
 {
     CALL_ENTRY("wxTextLineCtrl::GetLine");
     return String(std::string(m_Lines->Line(index)));
-}
-
-void wxTextLineCtrl::SetFollowEnd(bool follow)
-{
-    CALL_ENTRY("wxTextLineCtrl::SetFollowEnd");
-    m_FollowEnd = follow;
 }
 
 void wxTextLineCtrl::SelectAll()

@@ -6,6 +6,8 @@
 #include "vesta/Path.h"
 #include "vesta/String.h"
 
+#include <wx/event.h>
+
 #include <memory>
 #include <vector>
 
@@ -14,6 +16,7 @@ class wxTextLineSearchPanel;
 namespace textviews
 {
 class DrawnLines;
+class FollowButton;
 class LineStore;
 class LinePainter;
 class LineWatcher;
@@ -25,6 +28,10 @@ struct LineMatch;
 struct LineState;
 struct TextGeometry;
 } // namespace textviews
+
+/// A view follows its end, `GetInt()` 1, or no longer does, 0 (`wxCommandEvent`). It comes a moment
+/// later.
+wxDECLARE_EXPORTED_EVENT(TOLVAN_API, wxtEVT_TEXT_FOLLOW, wxCommandEvent);
 
 /// A read-only view of long logs and command output: whole lines of any bytes in one fixed-pitch
 /// font, with selection of lines, copying, saving, a context menu and a search bar. The line is the
@@ -71,9 +78,21 @@ public:
 
     int    GetLineCount() const;
     String GetLine(int index) const; ///< As stored; empty when there is no such line.
-    /// Whether a view that is scrolled to its end stays there when lines come.
+
+    /// @name Following
+    /// A view that follows its end stays there when lines come. Off until a host wants it. From
+    /// then on scrolling away from the end, or a hit of the search, ends it, and scrolling to the
+    /// end begins it anew; hosts hear of it by `wxtEVT_TEXT_FOLLOW`.
+    /// @{
+    /// On: from the moment on when the view stands at its end. Off: for good.
     void SetFollowEnd(bool follow);
     bool GetFollowEnd() const { return m_FollowEnd; }
+    /// Goes to the end and stays there, or stays here until the view is scrolled to its end.
+    void SetFollowing(bool follow);
+    bool IsFollowing() const; ///< The next line will be followed.
+    /// A small button in the corner that shows the state and switches it.
+    void ShowFollowButton(bool show);
+    /// @}
 
     void ScrollToTop();
     void ScrollToBottom();
@@ -124,6 +143,8 @@ public:
     void                        ShowHit(const textviews::LineMatch& match);
     /// @}
 
+    void SetScrollPos(int orientation, int position, bool refresh = true) override;
+
     /// Pops the menu up at the pointer, with the standard entries at its end if wanted.
     void HandleContextMenu(wxMenu& menu, bool addStandardItems);
 
@@ -159,13 +180,17 @@ private:
     void DrawFocus(const textviews::TextPalette& palette, textviews::LinePainter& painter) const;
     void AskForChangedLines();
 
-    int  InsertSorted(const String& line);
-    void Extend(const String& line, int index);
-    void Drop(int index);
-    int  DropOldest();
-    void LinesMoved();
-    void AutoScroll(int y);
-    void ScrollBy(wxEventType type, int orientation);
+    int                      InsertSorted(const String& line);
+    void                     Extend(const String& line, int index);
+    void                     Drop(int index);
+    int                      DropOldest();
+    void                     LinesMoved();
+    void                     AutoScroll(int y);
+    void                     ScrollBy(wxEventType type, int orientation);
+    textviews::FollowButton* FollowButton() const;
+
+    bool IsAtEnd() const;
+    void TellFollowing();
     void SaveOrTell();
     void OnCtrlKey(int key);
     bool SelectByKey(int key, bool ctrl);
@@ -187,10 +212,13 @@ private:
     bool                m_Selecting = false; ///< The button is down, mouse captured.
     bool                m_MenuIsOpen = false;
     bool                m_ReadableSelection = false;
+    bool                m_MayFollow = false; ///< A host wants it.
+    bool                m_ToldFollowing = false;
     wxPoint             m_MenuPlace = wxDefaultPosition; ///< Client pixels; default: the pointer's.
     int                 m_HoverLine = -1;
-    wxWeakRef<wxWindow> m_SearchPanel;               ///< Child of the parent.
-    std::vector<textviews::LineWatcher*> m_Watchers; ///< Not owned.
+    wxWeakRef<wxWindow> m_SearchPanel;                   ///< Child of the parent.
+    std::vector<textviews::LineWatcher*> m_Watchers;     ///< Not owned.
+    wxWeakRef<wxWindow>                  m_FollowButton; ///< A child; none unless it is shown.
 
     wxDECLARE_EVENT_TABLE();
 };

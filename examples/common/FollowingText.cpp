@@ -7,7 +7,6 @@
 #include <wx/menu.h>
 #include <wx/sizer.h>
 
-#include <algorithm>
 #include <set>
 
 namespace
@@ -27,6 +26,7 @@ FollowingText::FollowingText(wxWindow* parent) : wxTextLineCtrl(parent)
     All().insert(this);
     SetReadableSelection(IsReadableWanted());
     SetFollowEnd(true);
+    ShowFollowButton(true);
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(this, 1, wxEXPAND);
     sizer->Add(GetSearchPanel(), 0, wxEXPAND);
@@ -54,45 +54,7 @@ void FollowingText::WantReadable(bool wanted)
 
 int FollowingText::Add(const String& line)
 {
-    SetFollowEnd(m_Follow && !HoldsHit());
-    const int before = GetLineCount();
-    const int index = Append(line, false);
-    m_PassedHit = std::max(m_PassedHit - (before - index), -1); // as many as the limit has dropped
-    return index;
-}
-
-void FollowingText::SetFollowing(bool follow)
-{
-    m_Follow = follow;
-    SetFollowEnd(follow);
-    if (follow)
-    {
-        m_PassedHit = GetMarkedLine();
-        ScrollToBottom();
-    }
-}
-
-bool FollowingText::IsFollowing() const
-{
-    return m_Follow && IsAtEnd() && !HoldsHit();
-}
-
-bool FollowingText::IsAtEnd() const
-{
-    return GetScrollPos(wxVERTICAL) + GetScrollThumb(wxVERTICAL) >= GetScrollRange(wxVERTICAL);
-}
-
-// While the search bar is open and the line that it found is in sight.
-bool FollowingText::HoldsHit() const
-{
-    const wxTextLineSearchPanel* const panel = GetSearchPanel();
-    const int                          hit = GetMarkedLine();
-    if (!panel || !panel->IsShown() || hit < 0 || hit == m_PassedHit)
-    {
-        return false;
-    }
-    const int first = GetScrollPos(wxVERTICAL) / m_LineHeight;
-    return hit >= first && hit <= first + GetClientSize().y / m_LineHeight;
+    return Append(line, false);
 }
 
 void AppendTextCommands(wxMenu& menu)

@@ -5,9 +5,8 @@
 /// What a view of live lines keeps, so that its program can run for months.
 constexpr int k_MostLiveLines = 1000000;
 
-/// A view of lines that come without end: while it follows, it stays at its end, unless the user
-/// scrolls away from there or the search bar has found something that the next line would push out
-/// of sight.
+/// A view of lines that come without end, which it follows, with a button to switch that, and of
+/// which the user has a say in how they look.
 class FollowingText : public wxTextLineCtrl
 {
 public:
@@ -22,17 +21,6 @@ public:
 
     /// Adds a line at the end; its index.
     int Add(const String& line);
-    /// Goes to the end and stays there, or no longer does.
-    void SetFollowing(bool follow);
-    /// Whether the next line would be followed.
-    bool IsFollowing() const;
-
-private:
-    bool IsAtEnd() const;
-    bool HoldsHit() const;
-
-    bool m_Follow = true;
-    int  m_PassedHit = -1; ///< The hit that the user has left behind to follow again; -1: none.
 };
 
 /// Appends what a menu bar offers of a text view, to be passed on to its `OnMenu`, with the keys at

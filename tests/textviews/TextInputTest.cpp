@@ -215,3 +215,54 @@ TEST_F(TextInputTest, TheMenuGoesWithItsView)
     m_Input.MouseClick(wxMOUSE_BTN_RIGHT);
     EXPECT_TRUE(WaitFor([&] { return !view; }));
 }
+
+TEST_F(TextInputTest, FollowingIsOneStateWhoeverSwitchesIt)
+{
+    String told;
+    m_View->Bind(wxtEVT_TEXT_FOLLOW,
+                 [&](wxCommandEvent& event) { told += event.GetInt() ? "on " : "off "; });
+    const auto heard = [&](const char* expected)
+    {
+        EXPECT_TRUE(WaitFor([&] { return told == expected; })) << told << "instead of " << expected;
+        told = "";
+    };
+    const auto grows = [&]
+    {
+        const int position = m_View->GetScrollPos(wxVERTICAL);
+        m_View->Append("more", false);
+        return m_View->GetScrollPos(wxVERTICAL) > position;
+    };
+    m_View->ShowFollowButton(true);
+    m_View->SetFollowing(true);
+    heard("on ");
+    EXPECT_TRUE(grows());
+    EXPECT_TRUE(Type(WXK_UP, wxMOD_NONE, [this] { return !m_View->IsFollowing(); }));
+    heard("off ");
+    EXPECT_FALSE(grows());
+    EXPECT_TRUE(Type(WXK_PAGEDOWN, wxMOD_CONTROL, [this] { return m_View->IsFollowing(); }));
+    heard("on ");
+    EXPECT_TRUE(grows());
+    const wxWindow* const button = m_View->GetChildren().front();
+    const auto            click = [&]
+    {
+        const wxRect place = button->GetScreenRect();
+        m_Input.MouseMove(place.GetPosition() + place.GetSize() / 2);
+        PumpEvents();
+        m_Input.MouseClick();
+    };
+    click();
+    heard("off ");
+    EXPECT_FALSE(grows()) << "although it stands at the end";
+    click();
+    heard("on ");
+    EXPECT_TRUE(grows());
+    EXPECT_TRUE(m_View->HasFocus());
+    EXPECT_TRUE(m_View->Search("more", false, true));
+    heard("off ");
+    EXPECT_FALSE(grows()) << "the hit would be pushed out of sight";
+    m_View->SetFollowEnd(false);
+    m_View->ScrollToBottom();
+    PumpEvents();
+    EXPECT_EQ("", told);
+    EXPECT_FALSE(grows());
+}

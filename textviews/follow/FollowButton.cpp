@@ -1,0 +1,142 @@
+#include "textviews/follow/FollowButton.h"
+
+#include "appearance/Contrast.h"
+#include "appearance/wxTolvanColors.h"
+#include "internal/port/ToolTips.h"
+#include "vesta/CallEntry.h"
+
+#include <wx/dcclient.h>
+#include <wx/intl.h>
+#include <wx/weakref.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace textviews
+{
+namespace
+{
+// Pixels.
+constexpr int kOverText = 6; // of its height
+constexpr int kMargin = 6;   // to the view's edges
+constexpr int kHoverLift = 20;
+
+// Down to a line, row by row: the edges of a polygon would be smoothed on one port and not on the
+// other.
+void DrawArrow(wxDC& dc, const wxSize& size, const wxColour& colour)
+{
+    const int half = std::max(size.y / 4, 2);
+    const int middle = size.x / 2;
+    int       y = (size.y - half) / 2 - 2;
+    dc.SetPen(*wxTRANSPARENT_PEN);
+    dc.SetBrush(wxBrush(colour));
+    for (int row = half; row >= 0; --row, ++y)
+    {
+        dc.DrawRectangle(middle - row, y, 2 * row + 1, 1);
+    }
+    dc.DrawRectangle(middle - half, y + 1, 2 * half + 1, 2);
+}
+} // namespace
+
+FollowButton::FollowButton(wxWindow* view, std::function<void()> onClick)
+    : wxWindow(view, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE),
+      m_OnClick(std::move(onClick))
+{
+    Manage(this);
+    SetBackgroundStyle(wxBG_STYLE_PAINT);
+    SetCursor(*wxSTANDARD_CURSOR);
+    Bind(wxEVT_PAINT, &FollowButton::OnPaint, this);
+    Bind(wxEVT_LEFT_DOWN, &FollowButton::OnPress, this);
+    Bind(wxEVT_LEFT_DCLICK, &FollowButton::OnPress, this);
+    Bind(wxEVT_ENTER_WINDOW, [this](wxMouseEvent&) { SetHover(true); });
+    Bind(wxEVT_LEAVE_WINDOW, [this](wxMouseEvent&) { SetHover(false); });
+    view->Bind(wxEVT_SIZE, &FollowButton::OnViewSize, this);
+    ShowState(true);
+    Place();
+}
+
+FollowButton::~FollowButton()
+{
+    GetParent()->Unbind(wxEVT_SIZE, &FollowButton::OnViewSize, this);
+}
+
+void FollowButton::OnViewSize(wxSizeEvent& event)
+{
+    event.Skip();
+    Place();
+}
+
+void FollowButton::ShowState(bool following)
+{
+    const wxString tip = following ? _("Stay here when lines come") : _("Follow the end");
+    internal::SetToolTipHere(*this, tip);
+    if (following != m_Following)
+    {
+        m_Following = following;
+        Refresh();
+    }
+}
+
+void FollowButton::Place()
+{
+    const int    side = GetParent()->GetCharHeight() + kOverText;
+    const wxSize room = GetParent()->GetClientSize() - wxSize(kMargin, kMargin);
+    const wxRect place(room.x - side, room.y - side, side, side);
+    Show(place.x >= kMargin && place.y >= kMargin);
+    if (place != GetRect())
+    {
+        SetSize(place);
+    }
+}
+
+void FollowButton::SetHover(bool hover)
+{
+    if (hover != m_Hover)
+    {
+        m_Hover = hover;
+        Refresh();
+    }
+}
+
+void FollowButton::OnPaint(wxPaintEvent&)
+{
+    CALL_ENTRY("FollowButton::OnPaint");
+    wxPaintDC dc(this);
+    wxColour  ground = wxtGetColor(m_Following ? color_Selected : color_WindowBG);
+    if (m_Hover && IsEnabled())
+    {
+        ground = OffsetColor(ground, kHoverLift, kHoverLift, kHoverLift);
+    }
+    const wxColour ink =
+        wxtReadableColor(wxtGetColor(IsEnabled() ? color_Text : color_TextGrey), ground);
+    if (ground.IsOk())
+    {
+        dc.SetBackground(wxBrush(ground));
+        dc.Clear();
+    }
+    const wxColour edge = wxtGetColor(color_3DDark);
+    if (edge.IsOk())
+    {
+        dc.SetPen(wxPen(edge));
+        dc.SetBrush(*wxTRANSPARENT_BRUSH);
+        dc.DrawRectangle(GetClientRect());
+    }
+    if (ink.IsOk())
+    {
+        DrawArrow(dc, GetClientSize(), ink);
+    }
+}
+
+// What comes of it may destroy the view.
+void FollowButton::OnPress(wxMouseEvent&)
+{
+    CALL_ENTRY("FollowButton::OnPress");
+    const wxWeakRef<wxWindow>   self(this);
+    const std::function<void()> onClick = m_OnClick;
+    GetParent()->SetFocus();
+    if (self && IsEnabled())
+    {
+        onClick();
+    }
+}
+} // namespace textviews
