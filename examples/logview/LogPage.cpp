@@ -6,6 +6,7 @@
 
 #include <wx/app.h>
 #include <wx/frame.h>
+#include <wx/numformatter.h>
 
 #include <algorithm>
 
@@ -101,10 +102,12 @@ wxString LogPage::StatusText() const
     case FileFollower::State::kFollowing:
         break;
     }
-    const int lines = m_Text ? m_Text->GetLineCount() : 0;
-    return wxString::Format(wxGetTranslation("%s: %d line, %lld bytes", "%s: %d lines, %lld bytes",
+    const int  lines = m_Text ? m_Text->GetLineCount() : 0;
+    const auto grouped = [](wxLongLong_t number)
+    { return wxNumberFormatter::ToString(number, wxNumberFormatter::Style_WithThousandsSep); };
+    return wxString::Format(wxGetTranslation("%s: %s line, %s bytes", "%s: %s lines, %s bytes",
                                              static_cast<unsigned>(lines)),
-                            name, lines, m_Follower.Position());
+                            name, grouped(lines), grouped(m_Follower.Position()));
 }
 
 void LogPage::SetFollowing(bool follow)

@@ -21,6 +21,7 @@ public:
     bool Show(bool show = true) override;
 
     wxTextLineCtrl& Text();
+    const Path&     File() const { return m_Follower.FileName(); }
     wxString        Title() const;    ///< The file's name without its folder, if need be shortened.
     wxString        FullName() const; ///< In one line, whatever it holds.
     /// One line about the file: where it is, how much of it is shown, or what is wrong.

@@ -7,7 +7,8 @@
 namespace
 {
 const char* const kHelp =
-    "tolvan-logview FILE...: shows text files and follows them as they grow.\n"
+    "tolvan-logview NAME...: shows text files and follows them as they grow. A folder stands for\n"
+    "the log files in it.\n"
     "\n"
     "  --log-dir FOLDER    folder of the log file TolvanLogView.log\n"
     "  --verbose           debug lines in the log and on the console\n"

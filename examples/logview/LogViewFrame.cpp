@@ -8,14 +8,20 @@
 #include "common/LogLookChoice.h"
 #include "common/PreferencesDlg.h"
 #include "dialogs/wxtAboutDlg.h"
+#include "logview/LogFiles.h"
 #include "logview/LogPage.h"
 #include "shell/wxColorMenu.h"
+#include "vesta/Log.h"
 
+#include <wx/dirdlg.h>
+#include <wx/dnd.h>
 #include <wx/filedlg.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
 
 #include <filesystem>
+#include <functional>
+#include <utility>
 
 namespace
 {
@@ -25,14 +31,44 @@ constexpr int kStatusBorder = 4; // pixels
 enum
 {
     id_Follow = 22000,
-    id_FullScreen
+    id_FullScreen,
+    id_OpenFolder,
+    id_Reopen
 };
+
+// Their bytes, which need not be a text.
+std::vector<Path> PathsOf(const wxArrayString& names)
+{
+    std::vector<Path> paths;
+    for (const wxString& name : names)
+    {
+        paths.emplace_back(String(name.fn_str()));
+    }
+    return paths;
+}
 
 const wxSize kFirstSize(900, 600);    // pixels, before the user has chosen
 const wxSize kSmallestSize(320, 200); // pixels
 
 // The name of the kept layout.
 const char* const kLayout = "LogView";
+
+/// Files and folders that are dropped.
+class _FileDrop : public wxFileDropTarget
+{
+public:
+    explicit _FileDrop(std::function<void(const std::vector<Path>&)> open) : m_Open(std::move(open))
+    {
+    }
+    bool OnDropFiles(wxCoord, wxCoord, const wxArrayString& names) override
+    {
+        m_Open(PathsOf(names));
+        return true;
+    }
+
+private:
+    std::function<void(const std::vector<Path>&)> m_Open;
+};
 } // namespace
 
 LogViewFrame::LogViewFrame()
@@ -52,6 +88,10 @@ void LogViewFrame::BuildMenus()
 {
     auto* const file = new wxMenu;
     file->Append(wxID_OPEN, wxGetTranslation("&Open...\tCtrl+O"));
+    file->Append(id_OpenFolder, wxGetTranslation("Open &Folder...\tCtrl+Shift+O"));
+    file->Append(wxID_CLOSE, wxGetTranslation("&Close Page\tCtrl+W"));
+    file->Append(id_Reopen, wxGetTranslation("&Reopen Closed Page\tCtrl+Shift+T"));
+    file->AppendSeparator();
     AppendSave(*file, wxGetTranslation("Save &As..."));
     file->AppendSeparator();
     file->Append(wxID_EXIT, wxGetTranslation("&Quit\tCtrl+Q"));
@@ -77,6 +117,15 @@ void LogViewFrame::BuildMenus()
     SetMenuBar(bar);
 
     Bind(wxEVT_MENU, &LogViewFrame::OnOpen, this, wxID_OPEN);
+    Bind(wxEVT_MENU, &LogViewFrame::OnOpenFolder, this, id_OpenFolder);
+    Bind(wxEVT_MENU, &LogViewFrame::OnClosePage, this, wxID_CLOSE);
+    Bind(
+        wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Enable(CurrentPage() != nullptr); },
+        wxID_CLOSE);
+    Bind(wxEVT_MENU, &LogViewFrame::OnReopenPage, this, id_Reopen);
+    Bind(
+        wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Enable(!m_Closed.empty()); },
+        id_Reopen);
     Bind(
         wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, wxID_EXIT);
     Bind(wxEVT_MENU, &LogViewFrame::OnFollow, this, id_Follow);
@@ -109,6 +158,17 @@ void LogViewFrame::BuildPages()
                       event.Skip();
                       ShowStatus();
                   });
+    m_Pages->Bind(wxEVT_AUINOTEBOOK_PAGE_CLOSE,
+                  [this](wxAuiNotebookEvent& event)
+                  {
+                      event.Skip();
+                      if (event.GetSelection() != wxNOT_FOUND) // it has a window of its own
+                      {
+                          NoteClosed(m_Pages->GetPage(static_cast<size_t>(event.GetSelection())));
+                      }
+                  });
+    panel->SetDropTarget(
+        new _FileDrop([this](const std::vector<Path>& files) { OpenFiles(files); }));
 }
 
 void LogViewFrame::BuildStatusLine(wxtPanel* parent)
@@ -121,20 +181,35 @@ void LogViewFrame::BuildStatusLine(wxtPanel* parent)
     parent->SetSizer(views);
 }
 
-void LogViewFrame::OpenFiles(const std::vector<Path>& files)
+void LogViewFrame::OpenFiles(const std::vector<Path>& names)
 {
+    std::vector<Path> files;
+    for (const Path& name : names)
+    {
+        const std::vector<Path> some = LogFilesOf(name);
+        if (some.empty())
+        {
+            LogWarning("There is no log file in " + name.Text());
+        }
+        files.insert(files.end(), some.begin(), some.end());
+    }
     for (const Path& file : files)
     {
-        auto* const page = new LogPage(m_Pages, file);
-        m_Pages->AddPage(page, page->Title(), &file == &files.back());
-        m_Pages->SetPageToolTip(m_Pages->GetPageCount() - 1, page->FullName());
-        m_Pages->SetPageKey(page, std::filesystem::absolute(file.Text().c_str()).string());
+        OpenPage(file, &file == &files.back());
     }
     if (LogPage* const page = CurrentPage())
     {
         page->Text().SetFocus();
     }
     ShowStatus();
+}
+
+void LogViewFrame::OpenPage(const Path& file, bool select)
+{
+    auto* const page = new LogPage(m_Pages, file);
+    m_Pages->AddPage(page, page->Title(), select);
+    m_Pages->SetPageToolTip(m_Pages->GetPageCount() - 1, page->FullName());
+    m_Pages->SetPageKey(page, std::filesystem::absolute(file.Text().c_str()).string());
 }
 
 void LogViewFrame::RestoreLayout()
@@ -157,6 +232,12 @@ void LogViewFrame::ShowStatus()
     {
         m_Status->SetLabel(text);
     }
+    const wxString program = wxGetTranslation("Tolvan Log Viewer");
+    const wxString title = page ? page->Title() + " - " + program : program;
+    if (title != GetTitle())
+    {
+        SetTitle(title);
+    }
 }
 
 void LogViewFrame::OnOpen(wxCommandEvent&)
@@ -170,12 +251,40 @@ void LogViewFrame::OnOpen(wxCommandEvent&)
     }
     wxArrayString files;
     dialog.GetPaths(files);
-    std::vector<Path> opened;
-    for (const wxString& file : files)
+    OpenFiles(PathsOf(files));
+}
+
+void LogViewFrame::OnOpenFolder(wxCommandEvent&)
+{
+    wxDirDialog dialog(this, wxGetTranslation("Open Folder"), wxString(),
+                       wxDD_DEFAULT_STYLE | wxDD_DIR_MUST_EXIST);
+    if (dialog.ShowModal() == wxID_OK)
     {
-        opened.emplace_back(String(file.fn_str())); // its bytes, which need not be a text
+        OpenFiles({Path(String(dialog.GetPath().fn_str()))});
     }
-    OpenFiles(opened);
+}
+
+void LogViewFrame::OnClosePage(wxCommandEvent&)
+{
+    m_Pages->ClosePage(m_Pages->GetCurrentPage());
+}
+
+void LogViewFrame::NoteClosed(const wxWindow* page)
+{
+    if (const auto* const closed = dynamic_cast<const LogPage*>(page))
+    {
+        m_Closed.push_back(closed->File());
+    }
+}
+
+void LogViewFrame::OnReopenPage(wxCommandEvent&)
+{
+    if (!m_Closed.empty())
+    {
+        const Path file = m_Closed.back();
+        m_Closed.pop_back();
+        OpenFiles({file});
+    }
 }
 
 // By what the view does, not by the tick: the user may have scrolled away from the end.

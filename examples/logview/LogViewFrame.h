@@ -6,6 +6,8 @@
 
 #include <wx/timer.h>
 
+#include <vector>
+
 class LogPage;
 class wxtNotebook;
 class wxtStaticText;
@@ -16,7 +18,8 @@ class LogViewFrame : public wxTolvanFrame
 public:
     LogViewFrame();
 
-    void OpenFiles(const std::vector<Path>& files); ///< The last one is shown.
+    /// A page each, and for a folder one for each log file in it; the last one is shown.
+    void OpenFiles(const std::vector<Path>& names);
     /// Puts the pages where they were when the viewer was closed with them.
     void RestoreLayout();
 
@@ -27,7 +30,12 @@ private:
     void     ShowStatus();
     LogPage* CurrentPage() const;
 
+    void OpenPage(const Path& file, bool select);
     void OnOpen(wxCommandEvent& event);
+    void OnOpenFolder(wxCommandEvent& event);
+    void OnClosePage(wxCommandEvent& event);
+    void NoteClosed(const wxWindow* page);
+    void OnReopenPage(wxCommandEvent& event);
     void OnFollow(wxCommandEvent& event);
     void OnFullScreen(wxCommandEvent& event);
     void OnPreferences(wxCommandEvent& event);
@@ -39,4 +47,6 @@ private:
     wxtStaticText* m_Status = nullptr;
     wxTimer        m_StatusTimer;
     wxEndLater     m_End{*this};
+
+    std::vector<Path> m_Closed; ///< Files whose pages were closed, the latest last.
 };

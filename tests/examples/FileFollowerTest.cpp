@@ -1,9 +1,11 @@
 #include "logview/FileFollower.h"
+#include "logview/LogFiles.h"
 #include "tests/support/UserFolderTest.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <filesystem>
 #include <fstream>
 
 namespace
@@ -115,4 +117,25 @@ TEST_F(FileFollowerTest, CutsALineThatDoesNotEnd)
     ReadAll();
     EXPECT_EQ("xx" + sign, m_Lines.back());
     EXPECT_EQ("", m_Partial);
+}
+
+using LogFilesTest = UserFolderTest;
+
+TEST_F(LogFilesTest, AFolderStandsForItsLogs)
+{
+    for (const char* const name :
+         {"b.log", "a.log.12", "a.log", "notes.txt", "picture.png", ".log", "a.log.gz", "log"})
+    {
+        WriteFile(TempFile(name), "a line\n");
+    }
+    std::filesystem::create_directory(TempFile("folder.log").Text().c_str());
+    String names;
+    for (const Path& file : LogFilesOf(TempFile("notes.txt").Branch()))
+    {
+        names += file.Leaf() + " ";
+    }
+    EXPECT_EQ("a.log a.log.12 b.log notes.txt ", names);
+    EXPECT_EQ(0u, LogFilesOf(TempFile("folder.log")).size());
+    EXPECT_EQ(1u, LogFilesOf(TempFile("picture.png")).size());
+    EXPECT_EQ(1u, LogFilesOf(TempFile("not there")).size()) << "may come yet";
 }

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "vesta/Path.h"
+
+#include <vector>
+
+/// What a name stands for: a folder for the log files that lie in it, by name and at most
+/// `k_MostFiles`; anything else for itself. A folder without any has no files.
+std::vector<Path> LogFilesOf(const Path& name);
+/// Whether a file of that name is taken for a log: by its ending, behind which there may be the
+/// number of a rotation.
+bool IsLogName(const String& leaf);
+
+constexpr size_t k_MostFiles = 500;
