@@ -35,7 +35,7 @@ void wxTextLineCtrl::DrawBitmap()
     CALL_ENTRY("wxTextLineCtrl::DrawBitmap");
     const textviews::TextGeometry geometry = Geometry();
     const std::unique_ptr<wxDC>   buffer = m_Buffer.NewDC();
-    textviews::LinePainter        painter(*buffer, m_Font.font, geometry, *m_Places);
+    textviews::LinePainter        painter(*buffer, m_Font->font, geometry, *m_Places);
     const textviews::TextPalette  palette = Palette();
     const int                     end = EndOfDrawnLines(geometry);
     const std::vector<wxRect>     stale = StaleAreas();

@@ -1,6 +1,7 @@
 #include "appearance/wxTolvanString.h"
 #include "internal/input/PadKey.h"
 #include "internal/windows/UpperFloors.h"
+#include "textviews/drawing/FontExtents.h"
 #include "textviews/lines/LineStore.h"
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
@@ -283,6 +284,19 @@ void wxTextLineCtrl::OnCtrlKey(int key)
         break;
     case 'S':
         SaveOrTell();
+        break;
+    case '+':
+    case '=': // the same key on many keyboards
+    case WXK_NUMPAD_ADD:
+        ChangeTextSize(m_TextSize + 1);
+        break;
+    case '-':
+    case WXK_NUMPAD_SUBTRACT:
+        ChangeTextSize(m_TextSize - 1);
+        break;
+    case '0':
+    case WXK_NUMPAD0:
+        ChangeTextSize(textviews::_FontExtents::k_Points);
         break;
     default:
         break;

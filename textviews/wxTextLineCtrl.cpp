@@ -55,29 +55,31 @@ wxBEGIN_EVENT_TABLE(wxTextLineCtrl, wxDoubleBufferedWindow)
     EVT_RIGHT_DOWN(wxTextLineCtrl::OnRightClick)
     EVT_CONTEXT_MENU(wxTextLineCtrl::OnContextMenu)
     EVT_KEY_DOWN(wxTextLineCtrl::OnKey)
+    EVT_MOUSEWHEEL(wxTextLineCtrl::OnWheel)
     EVT_MENU_RANGE(id_SelectAll, id_Search, wxTextLineCtrl::OnMenu)
 wxEND_EVENT_TABLE()
 // clang-format on
 
 wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
     : wxDoubleBufferedWindow(parent, wxID_ANY, wxBORDER_NONE | wxWANTS_CHARS),
-      m_Font(textviews::_FontExtents::Get()),
+      m_Font(&textviews::_FontExtents::Get()),
       m_Lines(std::make_unique<textviews::LineStore>()),
       m_Places(std::make_unique<textviews::TextPlaces>()),
       m_Selection(std::make_unique<textviews::TextSelection>()),
-      m_Drawn(std::make_unique<textviews::DrawnLines>())
+      m_Drawn(std::make_unique<textviews::DrawnLines>()),
+      m_TextSize(textviews::_FontExtents::k_Points)
 {
     CALL_ENTRY("wxTextLineCtrl::wxTextLineCtrl");
     Manage(this);
     m_BackgroundName = color_WindowBGLighter;
     RefreshColors();
     internal::RefuseNativeScrollKeys(*this); // every key is passed on, and would scroll once more
-    SetFont(m_Font.font);
+    SetFont(m_Font->font);
     m_Buffer.UseScreen();
     m_KeepsDrawn = true;
     m_Gather = [this] { AskForChangedLines(); };
-    m_ColumnWidth = static_cast<int>(m_Font.columnWidth);
-    m_LineHeight = static_cast<int>(m_Font.lineHeight);
+    m_ColumnWidth = static_cast<int>(m_Font->columnWidth);
+    m_LineHeight = static_cast<int>(m_Font->lineHeight);
     SetScrollbar(wxHORIZONTAL, 0, 0, 0);
     SetScrollbar(wxVERTICAL, 0, 0, 0);
     MakeSearchPanel();

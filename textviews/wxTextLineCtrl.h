@@ -33,6 +33,10 @@ struct TextGeometry;
 /// later.
 wxDECLARE_EXPORTED_EVENT(TOLVAN_API, wxtEVT_TEXT_FOLLOW, wxCommandEvent);
 
+/// The user has changed the size of the text, `GetInt()` points (`wxCommandEvent`). It comes a
+/// moment later.
+wxDECLARE_EXPORTED_EVENT(TOLVAN_API, wxtEVT_TEXT_SIZE, wxCommandEvent);
+
 /// A read-only view of long logs and command output: whole lines of any bytes in one fixed-pitch
 /// font, with selection of lines, copying, saving, a context menu and a search bar. The line is the
 /// unit of everything; there is no caret. Shift with the arrows, Page Up and Page Down, and a click
@@ -143,6 +147,17 @@ public:
     void                        ShowHit(const textviews::LineMatch& match);
     /// @}
 
+    /// @name Size of the text
+    /// In points. Ctrl with the wheel, plus and minus change it, Ctrl+0 takes it back; a host hears
+    /// of that by `wxtEVT_TEXT_SIZE` and may keep it. The line at the top stays there.
+    /// @{
+    static constexpr int k_LeastSize = 5;
+    static constexpr int k_MostSize = 40;
+
+    void SetTextSize(int points); ///< Between the least and the most.
+    int  GetTextSize() const { return m_TextSize; }
+    /// @}
+
     void SetScrollPos(int orientation, int position, bool refresh = true) override;
 
     /// Pops the menu up at the pointer, with the standard entries at its end if wanted.
@@ -159,6 +174,7 @@ public:
     void OnRightClick(wxMouseEvent& event);
     void OnContextMenu(wxContextMenuEvent& event);
     void OnKey(wxKeyEvent& event);
+    void OnWheel(wxMouseEvent& event);
     void OnMenu(wxCommandEvent& event);
     /// @}
 
@@ -191,6 +207,7 @@ private:
 
     bool IsAtEnd() const;
     void TellFollowing();
+    void ChangeTextSize(int points);
     void SaveOrTell();
     void OnCtrlKey(int key);
     bool SelectByKey(int key, bool ctrl);
@@ -200,7 +217,7 @@ private:
     void   ScrollIntoView(const textviews::LineMatch& match);
     void   MakeSearchPanel();
 
-    const textviews::_FontExtents&            m_Font;
+    const textviews::_FontExtents*            m_Font; ///< Never null.
     std::unique_ptr<textviews::LineStore>     m_Lines;
     std::unique_ptr<textviews::TextPlaces>    m_Places;
     int                                       m_MarkedLine = -1;
@@ -212,6 +229,8 @@ private:
     bool                m_Selecting = false; ///< The button is down, mouse captured.
     bool                m_MenuIsOpen = false;
     bool                m_ReadableSelection = false;
+    int                 m_TextSize;
+    int                 m_SizeTurn = 0;      ///< Of the wheel.
     bool                m_MayFollow = false; ///< A host wants it.
     bool                m_ToldFollowing = false;
     wxPoint             m_MenuPlace = wxDefaultPosition; ///< Client pixels; default: the pointer's.

@@ -13,6 +13,7 @@ namespace
 {
 const char* const kSection = "Logs";
 const char* const kReadable = "ReadableSelection";
+const char* const kTextSize = "TextSize";
 
 std::set<FollowingText*>& All()
 {
@@ -25,6 +26,9 @@ FollowingText::FollowingText(wxWindow* parent) : wxTextLineCtrl(parent)
 {
     All().insert(this);
     SetReadableSelection(IsReadableWanted());
+    const String size = Application::the_Application->Options().GetValue(kSection, kTextSize);
+    SetTextSize(static_cast<int>(size.ToInt(GetTextSize())));
+    Bind(wxtEVT_TEXT_SIZE, [](wxCommandEvent& event) { WantTextSize(event.GetInt()); });
     SetFollowEnd(true);
     ShowFollowButton(true);
     auto* const sizer = new wxBoxSizer(wxVERTICAL);
@@ -41,6 +45,15 @@ FollowingText::~FollowingText()
 bool FollowingText::IsReadableWanted()
 {
     return Application::the_Application->Options().GetBool(kSection, kReadable, true);
+}
+
+void FollowingText::WantTextSize(int points)
+{
+    Application::the_Application->Options().SetValue(kSection, kTextSize, String::FromInt(points));
+    for (FollowingText* const text : All())
+    {
+        text->SetTextSize(points);
+    }
 }
 
 void FollowingText::WantReadable(bool wanted)

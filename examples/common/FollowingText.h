@@ -18,6 +18,8 @@ public:
     /// promise; without a choice they do. It is kept, and shown by all of the program.
     static bool IsReadableWanted();
     static void WantReadable(bool wanted);
+    /// Points, of all the program's logs; kept.
+    static void WantTextSize(int points);
 
     /// Adds a line at the end; its index.
     int Add(const String& line);

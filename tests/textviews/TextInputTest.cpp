@@ -5,6 +5,8 @@
 #include <wx/modalhook.h>
 #include <wx/uiaction.h>
 
+#include <climits>
+
 namespace
 {
 /// The view with a real keyboard and a real mouse, as far as the display has them.
@@ -265,4 +267,35 @@ TEST_F(TextInputTest, FollowingIsOneStateWhoeverSwitchesIt)
     PumpEvents();
     EXPECT_EQ("", told);
     EXPECT_FALSE(grows());
+}
+
+TEST_F(TextInputTest, TheTextGrowsAndShrinksByKeysAndWheel)
+{
+    String told;
+    m_View->Bind(wxtEVT_TEXT_SIZE,
+                 [&](wxCommandEvent& event) { told += String::FromInt(event.GetInt()) + " "; });
+    const auto is = [this](int points) { return [=] { return m_View->GetTextSize() == points; }; };
+    const int  height = m_View->LineHeight();
+    m_View->SetScrollPos(wxVERTICAL, 50 * height);
+    EXPECT_TRUE(Type('=', wxMOD_CONTROL, is(10)));
+    EXPECT_TRUE(Type('=', wxMOD_CONTROL, is(11)));
+    EXPECT_GT(m_View->LineHeight(), height);
+    EXPECT_EQ(50 * m_View->LineHeight(), m_View->GetScrollPos(wxVERTICAL));
+    EXPECT_EQ(200 * m_View->LineHeight(), m_View->GetScrollRange(wxVERTICAL));
+    EXPECT_TRUE(Type('-', wxMOD_CONTROL, is(10)));
+    EXPECT_TRUE(Type('0', wxMOD_CONTROL, is(9)));
+    EXPECT_EQ(50 * height, m_View->GetScrollPos(wxVERTICAL));
+    wxMouseEvent wheel(wxEVT_MOUSEWHEEL);
+    wheel.SetControlDown(true);
+    wheel.m_wheelRotation = wheel.m_wheelDelta = 120;
+    m_View->ProcessWindowEvent(wheel);
+    EXPECT_EQ(10, m_View->GetTextSize());
+    EXPECT_TRUE(WaitFor([&] { return told == "10 11 10 9 10 "; })) << told;
+    m_View->SetFollowing(true);
+    for (const int size : {INT_MAX, INT_MIN})
+    {
+        m_View->SetTextSize(size);
+        EXPECT_EQ(size > 0 ? 40 : 5, m_View->GetTextSize());
+        EXPECT_TRUE(m_View->IsFollowing()) << size;
+    }
 }

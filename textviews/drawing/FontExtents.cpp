@@ -3,28 +3,29 @@
 #include <wx/dcmemory.h>
 
 #include <algorithm>
+#include <map>
 
 namespace textviews
 {
 namespace
 {
-constexpr int kPointSize = 9;
-
-_FontExtents* Measured()
+_FontExtents Measured(int points)
 {
-    const wxFont font(kPointSize, wxFONTFAMILY_MODERN, wxFONTSTYLE_NORMAL, wxFONTWEIGHT_NORMAL);
+    const wxFont font(points, wxFONTFAMILY_MODERN, wxFONTSTYLE_NORMAL, wxFONTWEIGHT_NORMAL);
     wxBitmap     bitmap(1, 1);
     wxMemoryDC   dc(bitmap);
     dc.SetFont(font);
     const wxSize extent = dc.GetTextExtent("M");
-    return new _FontExtents{static_cast<unsigned>(std::max(extent.x, 1)),
-                            static_cast<unsigned>(std::max(extent.y, 1)), font};
+    return {static_cast<unsigned>(std::max(extent.x, 1)),
+            static_cast<unsigned>(std::max(extent.y, 1)), font};
 }
 } // namespace
 
-const _FontExtents& _FontExtents::Get()
+const _FontExtents& _FontExtents::Get(int points)
 {
-    static const _FontExtents* const s_Extents = Measured();
-    return *s_Extents;
+    static auto* const s_Sizes = new std::map<int, _FontExtents>; // as the program's end leaves it
+    const auto         known = s_Sizes->find(points);
+    return known != s_Sizes->end() ? known->second
+                                   : s_Sizes->emplace(points, Measured(points)).first->second;
 }
 } // namespace textviews

@@ -1,0 +1,63 @@
+#include "internal/scrolling/ScrollModel.h"
+#include "textviews/drawing/FontExtents.h"
+#include "textviews/wxTextLineCtrl.h"
+#include "vesta/CallEntry.h"
+
+#include <algorithm>
+
+wxDEFINE_EVENT(wxtEVT_TEXT_SIZE, wxCommandEvent);
+
+void wxTextLineCtrl::SetTextSize(int points)
+{
+    CALL_ENTRY("wxTextLineCtrl::SetTextSize");
+    points = std::clamp(points, k_LeastSize, k_MostSize);
+    if (points == m_TextSize)
+    {
+        return;
+    }
+    const bool follows = IsFollowing();
+    const int  firstLine = GetScrollPos(wxVERTICAL) / m_LineHeight;
+    const int  firstColumn = GetScrollPos(wxHORIZONTAL) / m_ColumnWidth;
+    const int  columns = m_ContentWidth / m_ColumnWidth;
+    m_TextSize = points;
+    m_Font = &textviews::_FontExtents::Get(points);
+    SetFont(m_Font->font);
+    m_ColumnWidth = static_cast<int>(m_Font->columnWidth);
+    m_LineHeight = static_cast<int>(m_Font->lineHeight);
+    m_ContentWidth = internal::ScrollRange(columns, m_ColumnWidth);
+    AdjustScrollbars();
+    ScrollTo(wxHORIZONTAL, static_cast<long long>(firstColumn) * m_ColumnWidth);
+    ScrollTo(wxVERTICAL, static_cast<long long>(firstLine) * m_LineHeight);
+    if (follows)
+    {
+        ScrollToBottom();
+    }
+    Redraw();
+}
+
+// By the user.
+void wxTextLineCtrl::ChangeTextSize(int points)
+{
+    const int before = m_TextSize;
+    SetTextSize(points);
+    if (m_TextSize != before)
+    {
+        wxCommandEvent event(wxtEVT_TEXT_SIZE, GetId());
+        event.SetEventObject(this);
+        event.SetInt(m_TextSize);
+        QueueEvent(event.Clone());
+    }
+}
+
+void wxTextLineCtrl::OnWheel(wxMouseEvent& event)
+{
+    CALL_ENTRY("wxTextLineCtrl::OnWheel");
+    if (!event.ControlDown())
+    {
+        OnMouseWheel(event);
+        return;
+    }
+    const int notches =
+        internal::WheelLines(m_SizeTurn, event.GetWheelRotation(), event.GetWheelDelta(), 1);
+    ChangeTextSize(m_TextSize - notches);
+}
