@@ -200,6 +200,10 @@ void wxTextLineCtrl::OnKey(wxKeyEvent& event)
     {
         SelectNone();
     }
+    else if (key == WXK_F3)
+    {
+        FindAgain(!event.ShiftDown());
+    }
     else if (event.ControlDown())
     {
         OnCtrlKey(key);

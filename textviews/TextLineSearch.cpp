@@ -30,6 +30,24 @@ void wxTextLineCtrl::ToggleSearch()
     }
 }
 
+// What the bar has looked for last, whether it is open or not; without a text the user is asked.
+void wxTextLineCtrl::FindAgain(bool forward)
+{
+    wxTextLineSearchPanel* const panel = GetSearchPanel();
+    if (!panel)
+    {
+        return;
+    }
+    if (!panel->GetText().empty())
+    {
+        panel->Find(forward);
+    }
+    else if (!panel->IsShown())
+    {
+        panel->Expand();
+    }
+}
+
 bool wxTextLineCtrl::Search(const String& text, bool forward, bool caseSensitive)
 {
     CALL_ENTRY("wxTextLineCtrl::Search");

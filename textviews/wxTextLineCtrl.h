@@ -216,6 +216,7 @@ private:
     String SelectedText() const;
     void   ScrollIntoView(const textviews::LineMatch& match);
     void   MakeSearchPanel();
+    void   FindAgain(bool forward);
 
     const textviews::_FontExtents*            m_Font; ///< Never null.
     std::unique_ptr<textviews::LineStore>     m_Lines;

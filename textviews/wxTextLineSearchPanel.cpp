@@ -208,6 +208,19 @@ void wxTextLineSearchPanel::OnLines()
     wxWakeUpIdle();
 }
 
+// To whoever has asked by a key of the view while the bar is closed.
+void wxTextLineSearchPanel::ShowOutcome()
+{
+    if (!IsShown())
+    {
+        Show();
+        if (GetParent())
+        {
+            GetParent()->Layout();
+        }
+    }
+}
+
 void wxTextLineSearchPanel::FinishSearch()
 {
     ShowSearching(false);
@@ -215,6 +228,7 @@ void wxTextLineSearchPanel::FinishSearch()
     if (search.GetState() == textviews::LineSearch::State::NotFound)
     {
         ShowMessage(_("'%s' not found in that direction"), GetText());
+        ShowOutcome();
         return;
     }
     m_View->ShowHit(search.Match());

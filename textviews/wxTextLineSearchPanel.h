@@ -69,6 +69,7 @@ private:
     void            OnLines();
     void            KeepWatch();
     void            FinishSearch();
+    void            ShowOutcome();
     void            StartCounting();
     void            ShowHits();
     static wxString HitsText(int hits, bool counted);

@@ -190,6 +190,24 @@ TEST_F(TextInputTest, TypingInTheSearchBar)
 }
 
 // A key has no caller to hear of a failure: the user does.
+TEST_F(TextInputTest, TheSearchGoesOnByAKeyOfTheView)
+{
+    wxTextLineSearchPanel* const bar = m_View->GetSearchPanel();
+    EXPECT_TRUE(Type(WXK_F3, wxMOD_NONE, [bar] { return bar->IsShown(); }))
+        << "nothing to look for";
+    bar->SetText("line 1");
+    bar->Expand();
+    EXPECT_TRUE(WaitFor([this] { return m_View->HasFocus(); }));
+    const auto marks = [this](int line) { return [=] { return m_View->GetMarkedLine() == line; }; };
+    EXPECT_TRUE(Type(WXK_F3, wxMOD_NONE, marks(1)));
+    EXPECT_TRUE(Type(WXK_F3, wxMOD_NONE, marks(10)));
+    EXPECT_TRUE(Type(WXK_F3, wxMOD_SHIFT, marks(1)));
+    EXPECT_FALSE(bar->IsShown());
+    bar->SetText("nowhere");
+    EXPECT_TRUE(Type(WXK_F3, wxMOD_NONE, [bar] { return bar->IsShown(); })) << "and tells of it";
+    EXPECT_TRUE(m_View->HasFocus());
+}
+
 TEST_F(TextInputTest, AKeySavesByteForByteAndTellsOfAFailure)
 {
     const String odd("a\0b\xff\n", 5);
