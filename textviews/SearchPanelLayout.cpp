@@ -63,6 +63,7 @@ void wxTextLineSearchPanel::LayOutControls()
     auto* const frame = new wxBoxSizer(wxVERTICAL);
     frame->Add(m_Rows, wxSizerFlags().Expand().Border(wxALL, kMargin));
     SetSizer(frame);
+    Fit();
 }
 
 // With room for everything that may ever be shown, so that rows do not come and go with it.
@@ -100,7 +101,7 @@ bool wxTextLineSearchPanel::ArrangeRows(int width)
 
 bool wxTextLineSearchPanel::InformFirstDirection(int direction, int size, int availableOtherDir)
 {
-    if (!m_Rows || direction != wxHORIZONTAL || size <= 0) // sizers tell what is hidden, too
+    if (direction != wxHORIZONTAL || size <= 0)
     {
         return wxtPanel::InformFirstDirection(direction, size, availableOtherDir);
     }

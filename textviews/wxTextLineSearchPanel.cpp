@@ -15,7 +15,9 @@ wxTextLineSearchPanel::wxTextLineSearchPanel(wxTextLineCtrl* view, wxWindow* par
 {
     CALL_ENTRY("wxTextLineSearchPanel::wxTextLineSearchPanel");
     Hide();
-    m_FirstSize = GetSize();
+    MakeControls();
+    LayOutControls();
+    BindEvents();
 }
 
 wxTextLineSearchPanel::~wxTextLineSearchPanel()
@@ -24,42 +26,6 @@ wxTextLineSearchPanel::~wxTextLineSearchPanel()
     {
         m_View->Watch(*m_Search, false);
     }
-}
-
-// As if they had been there from the beginning, whatever the program has done to the bar since.
-void wxTextLineSearchPanel::NeedControls()
-{
-    if (m_Rows)
-    {
-        return;
-    }
-    const bool isSized = GetSize() != m_FirstSize;
-    MakeControls();
-    LayOutControls();
-    BindEvents();
-    if (isSized)
-    {
-        SendSizeEvent();
-    }
-    else
-    {
-        Fit();
-    }
-}
-
-bool wxTextLineSearchPanel::Show(bool show)
-{
-    if (show)
-    {
-        NeedControls();
-    }
-    return wxtPanel::Show(show);
-}
-
-wxSize wxTextLineSearchPanel::DoGetBestSize() const
-{
-    const_cast<wxTextLineSearchPanel*>(this)->NeedControls();
-    return wxtPanel::DoGetBestSize();
 }
 
 // Lines that come cost the view nothing as long as nothing is looked for in them.
@@ -306,19 +272,18 @@ void wxTextLineSearchPanel::ShowSearching(bool searching)
 
 wxString wxTextLineSearchPanel::GetText() const
 {
-    return m_Field ? m_Field->GetValue() : wxString();
+    return m_Field->GetValue();
 }
 
 void wxTextLineSearchPanel::SetText(const wxString& text)
 {
     CALL_ENTRY("wxTextLineSearchPanel::SetText");
-    NeedControls();
     m_Field->SetValue(text);
 }
 
 bool wxTextLineSearchPanel::GetMatchCase() const
 {
-    return m_MatchCase && m_MatchCase->GetValue();
+    return m_MatchCase->GetValue();
 }
 
 void wxTextLineSearchPanel::SetMatchCase(bool matchCase)
@@ -326,7 +291,6 @@ void wxTextLineSearchPanel::SetMatchCase(bool matchCase)
     CALL_ENTRY("wxTextLineSearchPanel::SetMatchCase");
     if (matchCase != GetMatchCase())
     {
-        NeedControls();
         m_MatchCase->SetValue(matchCase);
         StartCounting();
     }

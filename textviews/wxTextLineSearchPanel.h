@@ -20,8 +20,7 @@ class wxtTextCtrl;
 /// with a hit, notices, and a button that closes it. Enter looks for the next hit, Shift+Enter for
 /// the previous one, Esc closes. A search through many lines runs in slices while the window stays
 /// alive, and its button stops it. Where all that does not fit into one row there are two, and the
-/// bar is higher. The controls come once there is a use for them: programs have many views whose
-/// bar is never opened. Main thread only.
+/// bar is higher. Main thread only.
 class TOLVAN_API wxTextLineSearchPanel : public wxtPanel
 {
 public:
@@ -47,15 +46,10 @@ public:
     bool     IsCounting() const; ///< Lines are left to be counted.
     wxString GetMessage() const; ///< The notice that is shown; empty for none.
 
-    bool Show(bool show = true) override;
     /// Rows for the width that the parent's sizer is about to give.
     bool InformFirstDirection(int direction, int size, int availableOtherDir) override;
 
-protected:
-    wxSize DoGetBestSize() const override;
-
 private:
-    void NeedControls();
     void MakeControls();
     void LayOutControls();
     int  WidthOfOneRow() const;
@@ -90,5 +84,4 @@ private:
     wxString    m_Notice;         ///< What the message says; "%s" stands for the text.
     wxString    m_NoticeText;     ///< The text that it is about; empty for none.
     wxBoxSizer* m_Rows = nullptr; ///< What is looked for, and what came of it.
-    wxSize      m_FirstSize;      ///< Before anybody has given it one.
 };

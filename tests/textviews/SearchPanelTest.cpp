@@ -127,41 +127,6 @@ TEST_F(SearchPanelTest, ALongSearchRunsInSlices)
     }
 }
 
-// Whatever asks for them first, and whether the program has placed the bar before.
-TEST_F(SearchPanelTest, TheControlsComeWithTheirFirstUse)
-{
-    using Bar = wxTextLineSearchPanel;
-    const std::function<void(Bar&)> uses[] = {
-        [](Bar& bar) { bar.Show(); },        [](Bar& bar) { bar.Expand(); },
-        [](Bar& bar) { bar.SetText("a"); },  [](Bar& bar) { bar.SetMatchCase(true); },
-        [](Bar& bar) { bar.GetBestSize(); },
-    };
-    for (const int width : {0, 300})
-    {
-        for (const auto& use : uses)
-        {
-            SCOPED_TRACE(testing::Message() << width << " " << &use - uses);
-            auto* const view = new wxTextLineCtrl(Frame());
-            Bar&        bar = *view->GetSearchPanel();
-            if (width > 0)
-            {
-                bar.SetSize(0, 100, width, 10);
-            }
-            EXPECT_EQ("", bar.GetText());
-            EXPECT_FALSE(bar.GetMatchCase());
-            bar.Find(true);
-            bar.StopSearch();
-            PumpEvents();
-            EXPECT_TRUE(bar.GetChildren().empty());
-            use(bar);
-            EXPECT_FALSE(bar.GetChildren().empty());
-            EXPECT_EQ(bar.GetBestSize().y, bar.GetSize().y);
-            EXPECT_TRUE(width == 0 || width == bar.GetSize().x);
-            view->Destroy();
-        }
-    }
-}
-
 TEST_F(SearchPanelTest, ViewAndBarMayGoInEitherOrder)
 {
     auto* const other = new TestView(Frame());
