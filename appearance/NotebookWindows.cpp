@@ -290,6 +290,26 @@ void wxtNotebook::Dock(wxWindow* page, wxAuiTabCtrl* tabs, size_t place)
 // Where it is now; in a window of its own it has no index.
 void wxtNotebook::TellOfMove(wxWindow* page)
 {
+    GiveKeysTo(page);
     const int index = FindPage(page);
     Send(wxEVT_AUINOTEBOOK_DRAG_DONE, index, index);
+}
+
+// A page that comes into another window or pane loses the keys on the way. Once the toolkit has
+// shown it: what has the keys until then may not have heard of it.
+void wxtNotebook::GiveKeysTo(wxWindow* page)
+{
+    CallAfter(
+        [this, moved = wxWeakRef<wxWindow>(page)]
+        {
+            wxAuiTabCtrl* const   tabs = moved ? TabsOf(moved) : nullptr;
+            const wxWindow* const focus = FindFocus();
+            const bool            isElsewhere = focus && focus != tabs &&
+                                     !moved->IsDescendant(const_cast<wxWindow*>(focus)) &&
+                                     !dynamic_cast<const wxAuiTabCtrl*>(focus);
+            if (tabs && focus != tabs && !isElsewhere && moved->IsShownOnScreen())
+            {
+                moved->SetFocus();
+            }
+        });
 }

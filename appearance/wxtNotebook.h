@@ -210,6 +210,7 @@ private:
     String                  WindowName(const wxWindow* page) const;
     void                    KeepWindowPlaces() const;
     void                    TellOfMove(wxWindow* page);
+    void                    GiveKeysTo(wxWindow* page);
     /// @}
 
     struct Parts;

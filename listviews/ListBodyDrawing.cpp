@@ -216,6 +216,17 @@ wxRect wxDBListBody::FocusFrame(const listviews::ListGeometry& geometry) const
     return m_Model.HasRow(m_Model.FocusRow()) && view.Intersects(row) ? row : view;
 }
 
+// The same on either stripe and under the pointer: it must not change from row to row.
+wxColour wxDBListBody::FocusColourOn(int row) const
+{
+    const int  contrast = listviews::_TableSettings::Get().rowContrast * (row % 2 ? -1 : 1);
+    const auto otherStripe = [contrast](const wxColour& ground)
+    { return OffsetColor(ground, contrast, contrast, contrast); };
+    const wxColour plain = GroundOf(row, false);
+    const wxColour hovered = GroundOf(row, true);
+    return wxtFocusColor({plain, hovered, otherStripe(plain), otherStripe(hovered)});
+}
+
 // A frame that has moved is drawn where its rows are; else the one that is seen stays until its
 // rows have been asked for.
 void wxDBListBody::DrawFocus(const listviews::ListGeometry&         geometry,
@@ -236,8 +247,8 @@ void wxDBListBody::DrawFocus(const listviews::ListGeometry&         geometry,
     }
     const int  row = geometry.RowAt(m_Drawn->focus.y);
     const bool isRow = m_Drawn->focus != wxRect(geometry.client);
-    const auto colour = isRow ? wxtFocusColor({GroundOf(row, row == m_Model.hoverRow)})
-                              : wxtFocusColor({listviews::StripeColour(0), SelectedGround()});
+    const auto colour =
+        isRow ? FocusColourOn(row) : wxtFocusColor({listviews::StripeColour(0), SelectedGround()});
     for (const wxRect& part : wxtFocusShape(m_Drawn->focus))
     {
         m_CellText->Fill(part, colour);

@@ -83,6 +83,7 @@ private:
     void     DrawFocus(const listviews::ListGeometry&         geometry,
                        const std::vector<listviews::RowBand>& drawn);
     wxColour GroundOf(int row, bool hovered) const;
+    wxColour FocusColourOn(int row) const;
     wxRect   FocusFrame(const listviews::ListGeometry& geometry) const;
     void     AskForChangedRows();
 

@@ -294,6 +294,7 @@ void TabStrip::PressButton(int button)
     const TabRow row = Row();
     if (button == button_List)
     {
+        internal::UnsetToolTipHere(*m_Tabs); // it would come up over the list
         m_Book.ShowPageList();
     }
     else if (CanPress(row, button))

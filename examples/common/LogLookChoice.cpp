@@ -5,7 +5,7 @@
 #include <wx/intl.h>
 
 LogLookChoice::LogLookChoice(wxWindow* parent)
-    : wxtCheckBox(parent, wxID_ANY, wxGetTranslation("Readable text on selected lines"))
+    : wxtCheckBox(parent, wxID_ANY, wxGetTranslation("Reada&ble text on selected lines"))
 {
     SetValue(FollowingText::IsReadableWanted());
 }

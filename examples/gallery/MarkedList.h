@@ -4,15 +4,15 @@
 
 #include <wx/gdicmn.h>
 
-/// A list of the library whose column of states has marks.
-template <class List, int Column> class MarkedList : public List
+/// A list of the library whose column of states, wherever it stands, has marks.
+template <class List, int Type> class MarkedList : public List
 {
 public:
     using List::List;
 
     void DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected) override
     {
-        if (column == Column)
+        if (this->GetColumn(column).type == Type)
         {
             rect = wxtDrawJobMark(dc, rect, this->GetDisplayText(row, column));
         }
@@ -21,6 +21,6 @@ public:
     int GetCellWidth(wxDC& dc, int row, int column) override
     {
         return List::GetCellWidth(dc, row, column) +
-               (column == Column ? wxtJobMarkWidth(this->GetRowHeight()) : 0);
+               (this->GetColumn(column).type == Type ? wxtJobMarkWidth(this->GetRowHeight()) : 0);
     }
 };
