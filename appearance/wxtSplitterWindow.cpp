@@ -32,6 +32,30 @@ wxtSplitterWindow::wxtSplitterWindow(wxWindow* parent, const String& name)
     CALL_ENTRY("wxtSplitterWindow::wxtSplitterWindow");
     Manage(this);
     SetMinimumPaneSize(kSmallestPane);
+    Bind(wxEVT_SIZE, &wxtSplitterWindow::OnPanesSize, this);
+}
+
+int wxtSplitterWindow::WantedSash() const
+{
+    const int now = GetSashPosition();
+    return now == m_Pushed ? std::max(now, m_Wanted) : now;
+}
+
+// The toolkit pushes the sash up where the window gets too small for the upper pane, and leaves it
+// there.
+void wxtSplitterWindow::OnPanesSize(wxSizeEvent& event)
+{
+    CALL_ENTRY("wxtSplitterWindow::OnPanesSize");
+    const int wanted = WantedSash();
+    OnSize(event);
+    const int most = GetClientSize().y - kSmallestPane - GetSashSize();
+    const int target = std::min(wanted, most);
+    if (IsSplit() && target > GetSashPosition())
+    {
+        SetSashPosition(target);
+    }
+    m_Wanted = wanted;
+    m_Pushed = GetSashPosition();
 }
 
 // The sash may be held when the window is closed.
@@ -65,7 +89,7 @@ void wxtSplitterWindow::SaveSash() const
     if (!m_Name.empty())
     {
         OptionsFile& options = Application::the_Application->Options();
-        options.SetValue(m_Name, kSashKey, String::FromInt(GetSashPosition()));
+        options.SetValue(m_Name, kSashKey, String::FromInt(WantedSash()));
     }
 }
 

@@ -7,7 +7,8 @@
 #include <wx/splitter.h>
 
 /// Two panes, one above the other, in the colours of the scheme, with a sash between them that
-/// comes back where the user left it, and that the keyboard moves, too. Main thread.
+/// comes back where the user left it, also after the window was too small for that, and that the
+/// keyboard moves, too. Main thread.
 class TOLVAN_API wxtSplitterWindow : public wxSplitterWindow, public wxtColorManaged
 {
 public:
@@ -32,5 +33,10 @@ public:
     void RemoveChild(wxWindowBase* child) override;
 
 private:
+    int  WantedSash() const;
+    void OnPanesSize(wxSizeEvent& event);
+
     String m_Name;
+    int    m_Wanted = 0; ///< Where the sash was before the window got too small; pixels.
+    int    m_Pushed = 0; ///< Where that has moved it; elsewhere it is where somebody wants it.
 };

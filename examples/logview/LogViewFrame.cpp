@@ -232,12 +232,6 @@ void LogViewFrame::ShowStatus()
     {
         m_Status->SetLabel(text);
     }
-    const wxString program = wxGetTranslation("Tolvan Log Viewer");
-    const wxString title = page ? page->Title() + " - " + program : program;
-    if (title != GetTitle())
-    {
-        SetTitle(title);
-    }
 }
 
 void LogViewFrame::OnOpen(wxCommandEvent&)

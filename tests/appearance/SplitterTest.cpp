@@ -27,6 +27,20 @@ TEST_F(FrameTest, ASashComesBackAndLeavesBothPanesRoom)
     splitter->MoveSash(10000);
     EXPECT_EQ(400 - splitter->GetSashSize() - least, splitter->GetSashPosition());
 
+    splitter->MoveSash(250 - splitter->GetSashPosition());
+    const auto comesTo = [&](int height, int sash)
+    {
+        Frame()->SetClientSize(600, height);
+        EXPECT_TRUE(WaitFor([&] { return splitter->GetSashPosition() == sash; }))
+            << splitter->GetSashPosition() << " instead of " << sash << " in " << height;
+    };
+    const auto most = [&](int height) { return height - splitter->GetSashSize() - least; };
+    comesTo(200, most(200));
+    comesTo(400, 250); // as before the window was too small
+    comesTo(220, most(220));
+    splitter->MoveSash(-10);
+    comesTo(400, most(220) - 10); // where the user has put it
+
     splitter->GetWindow1()->SetFocus();
     splitter->SwitchPane();
     EXPECT_TRUE(WaitFor([&] { return splitter->GetWindow2()->HasFocus(); }));
