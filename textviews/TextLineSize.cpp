@@ -25,6 +25,9 @@ void wxTextLineCtrl::SetTextSize(int points)
     m_ColumnWidth = static_cast<int>(m_Font->columnWidth);
     m_LineHeight = static_cast<int>(m_Font->lineHeight);
     m_ContentWidth = internal::ScrollRange(columns, m_ColumnWidth);
+    const wxSize client = GetClientSize(); // a page is as many lines as are seen now
+    m_VisibleColumns = internal::VisibleUnits(client.x, m_ColumnWidth);
+    m_VisibleLines = internal::VisibleUnits(client.y, m_LineHeight);
     AdjustScrollbars();
     ScrollTo(wxHORIZONTAL, static_cast<long long>(firstColumn) * m_ColumnWidth);
     ScrollTo(wxVERTICAL, static_cast<long long>(firstLine) * m_LineHeight);

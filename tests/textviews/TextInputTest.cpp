@@ -309,6 +309,13 @@ TEST_F(TextInputTest, TheTextGrowsAndShrinksByKeysAndWheel)
     m_View->ProcessWindowEvent(wheel);
     EXPECT_EQ(10, m_View->GetTextSize());
     EXPECT_TRUE(WaitFor([&] { return told == "10 11 10 9 10 "; })) << told;
+    m_View->SetTextSize(30);
+    m_View->SetScrollPos(wxVERTICAL, 0);
+    const int client = m_View->GetClientSize().y;
+    EXPECT_TRUE(
+        Type(WXK_PAGEDOWN, wxMOD_NONE, [this] { return m_View->GetScrollPos(wxVERTICAL) > 0; }));
+    EXPECT_LE(m_View->GetScrollPos(wxVERTICAL), client) << "no line is passed over";
+    EXPECT_GT(m_View->GetScrollPos(wxVERTICAL), client / 2);
     m_View->SetFollowing(true);
     for (const int size : {INT_MAX, INT_MIN})
     {
