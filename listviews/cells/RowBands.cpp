@@ -36,7 +36,9 @@ std::vector<RowBand> BandsWithin(const std::vector<wxRect>& areas, const ListGeo
 
 bool Hold(const std::vector<RowBand>& bands, const wxRect& rect, const ListGeometry& geometry)
 {
-    const std::vector<RowBand> touched = BandsWithin({rect}, geometry);
+    // What lies outside of the view was seen when that was larger, and is drawn no more.
+    const wxRect               seen = wxRect(rect).Intersect(wxRect(geometry.client));
+    const std::vector<RowBand> touched = BandsWithin({seen}, geometry);
     return touched.empty() ||
            std::any_of(bands.begin(), bands.end(),
                        [&touched](const RowBand& band)

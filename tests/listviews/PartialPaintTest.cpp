@@ -9,9 +9,11 @@
 
 #include <wx/listbase.h>
 #include <wx/sizer.h>
+#include <wx/stopwatch.h>
 #include <wx/uiaction.h>
 
 #include <random>
+#include <utility>
 
 namespace
 {
@@ -146,6 +148,33 @@ TEST_F(PartialPaintTest, PartsMakeTheSamePictureAsTheWhole)
         ASSERT_TRUE(SamePixels(parts, whole))
             << "step " << step << ": " << changes << Kept(parts, "parts") << Kept(whole, "whole");
     }
+}
+
+// Its frame was as large as the view.
+TEST_F(PartialPaintTest, AListWithTheKeysComesToRestWhenItGetsSmaller)
+{
+    m_List->SetFocusRow(-1);
+    m_List->SetLastSelect(-1);
+    PaintNow();
+    PaintNow();
+    int paints = 0;
+    Body().Bind(wxEVT_PAINT,
+                [&paints](wxPaintEvent& event)
+                {
+                    ++paints;
+                    event.Skip();
+                });
+    Frame()->SetClientSize(500, 250);
+    int        before = -1;
+    const auto rests = [&]
+    {
+        const bool        isNew = std::exchange(before, paints) != paints;
+        const wxStopWatch quiet;
+        WaitFor([&] { return quiet.Time() > 250; });
+        return !isNew && before == paints;
+    };
+    EXPECT_TRUE(WaitFor(rests)) << paints << " paints";
+    EXPECT_GT(paints, 0);
 }
 
 TEST(RowBandsTest, AreasTouchEachRowOnce)
