@@ -171,7 +171,7 @@ void wxListArranger::SwapOrders(const std::vector<bool>& shown)
     list.SetFocusRow(isBack ? -1 : m_Shown->RowOf(focusItem, count));
     const int kept = m_Shown->RowOf(keptItem, count);
     list.SetScrollPos(wxVERTICAL, isTop || kept < 0 ? 0 : std::max(kept * height - keptTop, 0));
-    if (isBack && isSeen)
+    if (isBack && (isSeen || isTop || scroll == 0))
     {
         list.EnsureVisible(list.GetLastSelect());
     }

@@ -52,6 +52,7 @@ void wxDBListHeader::DrawBitmap()
     {
         DrawMove(dc, cells);
     }
+    HoverAnew();
 }
 
 // Flat like the buttons; a title lights up under the mouse and when its column is the one that the

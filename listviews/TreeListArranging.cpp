@@ -28,6 +28,7 @@ using listviews::TreeState;
 struct wxDBTreeListCtrl::_Sight
 {
     std::vector<TreeMark> marks;
+    TreePlace             anchor;     ///< In the old tree.
     int                   offset = 0; ///< Of the reference from the view's top, pixels.
     bool                  isFocusSeen = false;
 };
@@ -497,7 +498,8 @@ wxDBTreeListCtrl::_Sight wxDBTreeListCtrl::SightOf() const
     const int reference = sight.isFocusSeen ? focus : scroll / height;
     sight.offset = static_cast<int>(topOf(reference));
     sight.marks.resize(3);
-    sight.marks[kAnchor].place = m_Tree->shown->At(GetLastSelect());
+    sight.anchor = m_Tree->shown->At(GetLastSelect());
+    sight.marks[kAnchor].place = sight.anchor;
     sight.marks[kFocus].place = m_Tree->shown->At(focus);
     sight.marks[kReference].place = m_Tree->shown->At(reference);
     for (TreeMark& mark : sight.marks)
@@ -531,6 +533,10 @@ void wxDBTreeListCtrl::ShowTree(std::unique_ptr<OpenTree> made, bool isFiltered,
     TreeState& tree = *m_Tree;
     const bool isStale = std::exchange(tree.isStale, tree.isAgain);
     const bool isAtTop = GetScrollPos(wxVERTICAL) == 0;
+    if (isFiltered)
+    {
+        KeepHiddenAnchor(sight);
+    }
     ChangeRows(
         [&]
         {
@@ -552,6 +558,15 @@ void wxDBTreeListCtrl::ShowTree(std::unique_ptr<OpenTree> made, bool isFiltered,
         const bool isGone = !sight.marks[mark].isSame && (isFiltered || !isStale);
         return isGone ? TreePlace() : sight.marks[mark].place;
     };
+    if (const TreePlace anchor = sight.marks[kAnchor].isSame ? TreePlace() : TakeReturnedAnchor())
+    {
+        GoOnFrom(anchor, anchor); // with the keys, as it had them when it went
+        if (sight.isFocusSeen || isAtTop)
+        {
+            EnsureVisible(GetLastSelect());
+        }
+        return;
+    }
     GoOnFrom(placeOf(kAnchor), placeOf(kFocus));
     const int reference = RowAbove(sight.marks[kReference].place);
     // Rows that are in another order only stay where the user looks at one of them.
@@ -560,4 +575,31 @@ void wxDBTreeListCtrl::ShowTree(std::unique_ptr<OpenTree> made, bool isFiltered,
         const long long top = static_cast<long long>(reference) * GetRowHeight() - sight.offset;
         SetScrollPos(wxVERTICAL, static_cast<int>(std::clamp<long long>(top, 0, INT_MAX)));
     }
+}
+
+void wxDBTreeListCtrl::KeepHiddenAnchor(const _Sight& sight)
+{
+    const TreeMark& mark = sight.marks[kAnchor];
+    if (sight.anchor && !mark.isSame && mark.identity)
+    {
+        m_Tree->hiddenAnchor.Clear();
+        m_Tree->hiddenAnchor.Add(sight.anchor, *mark.identity);
+    }
+}
+
+// None while it is hidden still.
+TreePlace wxDBTreeListCtrl::TakeReturnedAnchor()
+{
+    TreeState&           tree = *m_Tree;
+    std::vector<int64_t> rows;
+    if (!tree.hiddenAnchor.IsEmpty())
+    {
+        Ask("The row that a filter had hidden",
+            [&] { rows = tree.hiddenAnchor.FindIn(*tree.shown, *tree.model); });
+    }
+    if (!rows.empty() || !IsFiltered())
+    {
+        tree.hiddenAnchor.Clear();
+    }
+    return rows.empty() ? TreePlace() : tree.shown->At(rows.front());
 }

@@ -111,12 +111,39 @@ void wxDBListHeader::Hover(int x)
     const listviews::ListGeometry geometry = Geometry();
     const int                     edge = geometry.EdgeAt(x);
     ShowCursor(edge >= 0);
+    m_PointerX = x;
     m_Model.hoverColumn = edge >= 0 ? edge : geometry.ColumnAt(x);
-    const wxString label = m_Model.HasColumn(m_Model.hoverColumn)
-                               ? wxtToWx(m_Model.Column(m_Model.hoverColumn).label)
-                               : wxString();
-    internal::SetToolTipHere(*this, label);
+    internal::SetToolTipHere(*this, LabelOf(m_Model.hoverColumn));
     Redraw();
+}
+
+// Columns may have come, gone, moved or got another title under a pointer that rests.
+void wxDBListHeader::HoverAnew()
+{
+    const bool isResting = m_PointerX >= 0 && !IsResizing() && m_Model.pressedColumn < 0;
+    if (!isResting)
+    {
+        return;
+    }
+    const listviews::ListGeometry geometry = Geometry();
+    const int                     edge = geometry.EdgeAt(m_PointerX);
+    const int                     column = edge >= 0 ? edge : geometry.ColumnAt(m_PointerX);
+    if (column != m_Model.hoverColumn || LabelOf(column) != GetToolTipText())
+    {
+        CallAfter(
+            [this]
+            {
+                if (m_PointerX >= 0 && !HasCapture())
+                {
+                    Hover(m_PointerX);
+                }
+            });
+    }
+}
+
+wxString wxDBListHeader::LabelOf(int column) const
+{
+    return m_Model.HasColumn(column) ? wxtToWx(m_Model.Column(column).label) : wxString();
 }
 
 void wxDBListHeader::Resize(int x)
@@ -211,6 +238,7 @@ void wxDBListHeader::AskForMenu(int column, const wxPoint& where)
 
 void wxDBListHeader::OnLeave(wxMouseEvent&)
 {
+    m_PointerX = -1;
     if (!IsResizing() && m_Model.hoverColumn >= 0)
     {
         m_Model.hoverColumn = -1;

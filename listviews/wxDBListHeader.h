@@ -49,9 +49,12 @@ protected:
 private:
     void    Resize(int x);
     void    Hover(int x);
+    void    HoverAnew();
     void    ShowCursor(bool onEdge);
     wxPoint InBody(const wxMouseEvent& event) const;
     void    OnCaptureLost(wxMouseCaptureLostEvent& event);
+
+    wxString LabelOf(int column) const; ///< Empty when there is no such column.
 
     bool MayMove(int x) const;
     void MoveTitle(int x);
@@ -73,6 +76,7 @@ private:
     bool                            m_OnEdge = false;  ///< The resize cursor is shown.
     int                             m_TitleHeight = 0; ///< Pixels of a line of text.
     int                             m_DrawnScroll = 0; ///< Pixels, when they were drawn last.
+    int                             m_PointerX = -1;   ///< Where it was seen last; -1: not here.
     wxTimer                         m_MoveTimer; ///< Scrolls under a title that is held outside.
 
     wxDECLARE_EVENT_TABLE();

@@ -1,5 +1,6 @@
 #include "listviews/wxDBTreeListCtrl.h"
 
+#include "appearance/wxTolvanString.h"
 #include "listviews/cells/ListGeometry.h"
 #include "listviews/selecting/SelectionWork.h"
 #include "listviews/slices/Slices.h"
@@ -9,6 +10,7 @@
 #include "vesta/Guarded.h"
 #include "vesta/Log.h"
 
+#include <wx/intl.h>
 #include <wx/listbase.h>
 
 #include <algorithm>
@@ -103,6 +105,7 @@ void wxDBTreeListCtrl::DoClear()
     m_Tree->remains.Add(std::move(m_Tree->aside));
     m_Tree->matches = 0;
     m_Tree->hidden.Clear();
+    m_Tree->hiddenAnchor.Clear();
     m_Tree->model = nullptr;
     ChangeRows(
         [this]
@@ -235,6 +238,23 @@ int wxDBTreeListCtrl::GetLevel(int row) const
 {
     const TreePlace place = m_Tree->shown->At(row);
     return place ? place.parent->level : 0;
+}
+
+String wxDBTreeListCtrl::GetCountText(int row)
+{
+    const TreePlace       place = m_Tree->shown->At(row);
+    const OpenNode* const node = place ? place.Opened() : nullptr;
+    long long             all = node ? node->modelCount : 0;
+    if (place && !node && m_Tree->model)
+    {
+        const wxDBTreeNode heading = NodeAt(row);
+        Ask("Counting a node", [&] { all = m_Tree->model->_ChildCount(heading); });
+    }
+    const long long shown = node ? node->count : all;
+    return all <= 0 ? String()
+           : shown == all
+               ? SFormat(" (%lld)", all)
+               : wxtFromWx(wxString::Format(wxGetTranslation(" (%lld of %lld)"), shown, all));
 }
 
 int wxDBTreeListCtrl::RowOf(const std::vector<wxDBTreeNode>& path) const
@@ -381,9 +401,16 @@ void wxDBTreeListCtrl::ForgetHidden()
     {
         m_Tree->leaving.reset(); // what leaves is looked for once more
     }
-    if (!m_Tree->isFiltering && !m_Tree->hidden.IsEmpty())
+    if (m_Tree->isFiltering)
     {
-        m_Tree->hidden.Clear();
+        return;
+    }
+    for (listviews::HiddenNodes* const hidden : {&m_Tree->hidden, &m_Tree->hiddenAnchor})
+    {
+        if (!hidden->IsEmpty())
+        {
+            hidden->Clear();
+        }
     }
 }
 

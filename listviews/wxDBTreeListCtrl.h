@@ -103,11 +103,14 @@ public:
 
     /// @name Rows
     /// @{
-    wxDBTreeNode              NodeAt(int row) const; ///< The root when there is no such row.
-    int                       RowOf(const std::vector<wxDBTreeNode>& path) const; ///< Or -1.
-    int                       ParentRow(int row) const; ///< -1 for a child of the root.
-    int                       GetLevel(int row) const;  ///< 0 for a child of the root.
-    std::vector<wxDBTreeNode> GetSelectedNodes();       ///< In the order of the rows.
+    wxDBTreeNode NodeAt(int row) const; ///< The root when there is no such row.
+    int          RowOf(const std::vector<wxDBTreeNode>& path) const; ///< Or -1.
+    int          ParentRow(int row) const; ///< -1 for a child of the root.
+    int          GetLevel(int row) const;  ///< 0 for a child of the root.
+    /// What a heading says behind its name of the children that it has: " (3)", or " (1 of 3)"
+    /// where a filter shows some of them. Empty when there are none.
+    String                    GetCountText(int row);
+    std::vector<wxDBTreeNode> GetSelectedNodes(); ///< In the order of the rows.
     /// Selects these rows, and no others unless `adding`. There is no event, as none is needed by
     /// who asks for it; very many take little time.
     void ChangeSelection(const std::vector<int>& rows, bool adding);
@@ -192,6 +195,8 @@ private:
     bool   TellLeaving(std::chrono::steady_clock::time_point end);
     bool   TellOwn(wxEventType type, int64_t row, bool isFiltering);
     void ShowTree(std::unique_ptr<listviews::OpenTree> made, bool isFiltered, const _Sight& sight);
+    void KeepHiddenAnchor(const _Sight& sight);
+    listviews::TreePlace TakeReturnedAnchor();
     /// @}
 
     /// @name Input and drawing

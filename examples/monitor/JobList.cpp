@@ -205,6 +205,13 @@ void JobList::ArrangeAs(JobGrouping grouping, bool showsFrames)
     ModelChanged();
 }
 
+String JobList::GetDisplayText(int row, int column)
+{
+    const String text = wxDBTreeListCtrl::GetDisplayText(row, column);
+    const bool   isTitle = m_Model._IsHeading(NodeAt(row)) && GetColumn(column).type == column_Name;
+    return text + (isTitle ? GetCountText(row) : String());
+}
+
 void JobList::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected)
 {
     const wxDBTreeNode   node = NodeAt(row);

@@ -51,8 +51,9 @@ public:
     bool        ShowsFrames() const { return m_ShowsFrames; }
     void        ShowFrames(bool show);
 
-    void DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected) override;
-    int  GetCellWidth(wxDC& dc, int row, int column) override;
+    String GetDisplayText(int row, int column) override;
+    void   DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected) override;
+    int    GetCellWidth(wxDC& dc, int row, int column) override;
 
 private:
     /// What has to come back when the rows are arranged in another way.

@@ -44,8 +44,7 @@ String GroupText(const JobRows::Group& group, int column)
     switch (column)
     {
     case column_Name:
-        return OneLine(group.name.empty() ? String("(none)") : group.name, 100) +
-               SFormat(" (%zu)", group.jobs.size());
+        return OneLine(group.name.empty() ? String("(none)") : group.name, 100);
     case column_Progress:
         return SFormat("%d %%", MeanProgress(group));
     default:

@@ -98,11 +98,9 @@ void JobTree::OnTitle(wxListEvent& event)
 
 String JobTree::GetDisplayText(int row, int column)
 {
-    const String       text = wxDBTreeListCtrl::GetDisplayText(row, column);
-    const wxDBTreeNode node = NodeAt(row);
-    const size_t       count = m_Jobs.CountIn(node);
-    const bool         isTitle = count > 0 && GetColumn(column).type == column_Name;
-    return text + (isTitle ? SFormat(" (%zu)", count) : String());
+    const String text = wxDBTreeListCtrl::GetDisplayText(row, column);
+    const bool   isTitle = m_Jobs._IsHeading(NodeAt(row)) && GetColumn(column).type == column_Name;
+    return text + (isTitle ? GetCountText(row) : String());
 }
 
 void JobTree::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selected)

@@ -118,12 +118,6 @@ const JobSet::Facts* JobTreeModel::FactsOf(wxDBTreeNode node) const
     return place < m_Jobs.size() ? &m_Jobs[place] : nullptr;
 }
 
-size_t JobTreeModel::CountIn(wxDBTreeNode node) const
-{
-    const Group* const group = GroupOf(node);
-    return group ? group->content.jobs.size() : 0;
-}
-
 bool JobTreeModel::IsRecentGroup(wxDBTreeNode node) const
 {
     return !m_Groups.empty() && node == m_Groups.front().node && m_Groups.front().key == kRecentKey;
@@ -158,8 +152,12 @@ bool JobTreeModel::IsRecent(wxDBTreeNode node)
 
 long long JobTreeModel::_ChildCount(wxDBTreeNode node)
 {
-    return static_cast<long long>(node == k_Root ? m_Groups.size() + m_Ungrouped.jobs.size()
-                                                 : CountIn(node));
+    if (node == k_Root)
+    {
+        return static_cast<long long>(m_Groups.size() + m_Ungrouped.jobs.size());
+    }
+    const Group* const group = GroupOf(node);
+    return group ? static_cast<long long>(group->content.jobs.size()) : 0;
 }
 
 wxDBTreeNode JobTreeModel::_Child(wxDBTreeNode node, long long index)

@@ -28,7 +28,6 @@ public:
     const JobFacts* JobOf(wxDBTreeNode node) const; ///< Null for a group, and for none.
     /// The same, to be kept; until the next `Show`.
     const JobSet::Facts* FactsOf(wxDBTreeNode node) const;
-    size_t               CountIn(wxDBTreeNode node) const; ///< Jobs, of a group.
     /// The groups in which these jobs are: their numbers, in ascending order.
     std::vector<wxDBTreeNode> GroupsWith(const std::vector<int64_t>& jobs) const;
     /// The number of a job; of a group, and of one of those picked lately, 0.

@@ -47,11 +47,12 @@ struct TreeState
     std::unique_ptr<OpenTree> aside; ///< What was open before anything was filtered; else null.
     bool                      isStale = false; ///< The model has changed since `shown` was made.
     int64_t                   matches = 0;
-    HiddenNodes               hidden; ///< What the filter has deselected.
-    bool   isFiltering = false;       ///< The filter deselects, or selects again, just now.
-    bool   isTelling = false;         ///< Rows are being told of by the tree itself.
-    String words;                     ///< Of the filter, if it is one of words.
-    wxWeakRef<wxtSearchField> field;  ///< Where they come from.
+    HiddenNodes               hidden;       ///< What the filter has deselected.
+    HiddenNodes               hiddenAnchor; ///< Where ranges began before it hid that row.
+    bool   isFiltering = false;             ///< The filter deselects, or selects again, just now.
+    bool   isTelling = false;               ///< Rows are being told of by the tree itself.
+    String words;                           ///< Of the filter, if it is one of words.
+    wxWeakRef<wxtSearchField> field;        ///< Where they come from.
 
     TreeWish                    wish;
     std::unique_ptr<ArrangeJob> job;                 ///< Null when nothing is being arranged.

@@ -41,6 +41,10 @@ TEST_F(TipHandsTest, ATipComesUpWhereItsTextLies)
         ExpectTip(list->GetHeader(), wxPoint(column * 150 + 50, 10),
                   wxtToWx(list->GetColumn(column).label));
     }
+    list->ShowColumn(0, false); // under the pointer, which rests
+    EXPECT_TRUE(WaitFor(
+        [&] { return list->GetHeader()->GetToolTipText() == wxtToWx(list->GetColumn(1).label); }));
+    list->ShowColumn(0, true);
     for (const int column : ways)
     {
         const wxRect cell = list->GetBody()->GetCellRect(kRow, column);

@@ -134,7 +134,7 @@ TEST_F(JobSelectorTest, AFilterThatHidesWhatIsSelectedIsCleared)
     EXPECT_EQ("ann(2) c a* bob(1) b*", Rows());
     EXPECT_EQ("", field.GetValue());
     field.SetValue("-running");
-    EXPECT_EQ("ann(2) c", Rows());
+    EXPECT_EQ("ann(1of2) c", Rows());
     EXPECT_EQ("", Selected());
     m_Selector->SetGrouping(JobGrouping::kState);
     EXPECT_EQ("Done(1) c", Rows());

@@ -285,6 +285,45 @@ TEST_F(TreeListTest, SortsAndFiltersInIdleTime)
     EXPECT_GE(arranged.Count(), 7);
 }
 
+TEST_F(TreeListTest, ARowThatAFilterHidHasTheKeysAgainWhenItIsBack)
+{
+    const auto filter = [this](const std::function<bool(wxDBTreeNode)>& matches)
+    {
+        m_Tree->SetFilter(matches);
+        ASSERT_TRUE(WaitFor([this] { return !m_Tree->IsArranging(); }));
+    };
+    const auto click = [this](int row)
+    {
+        for (const int selected : m_Tree->GetSelection())
+        {
+            m_Tree->GetBody()->SendListEvent(wxEVT_LIST_ITEM_DESELECTED, wxPoint(0, 0), 0,
+                                             selected);
+        }
+        m_Tree->GetBody()->SendListEvent(wxEVT_LIST_ITEM_SELECTED, wxPoint(0, 0), 0, row);
+        m_Tree->SetLastSelect(row);
+    };
+    for (int parent = kParents; parent > 0; --parent)
+    {
+        m_Tree->Open(parent - 1);
+    }
+    click(m_Tree->RowOf({20, 2004}));
+    filter([](wxDBTreeNode node) { return node == 502; });
+    EXPECT_EQ(-1, m_Tree->GetLastSelect());
+    filter([](wxDBTreeNode) { return false; });
+    m_Tree->SetScrollPos(wxVERTICAL, 0);
+    filter({});
+    EXPECT_EQ(2004, Anchor());
+    EXPECT_EQ(m_Tree->GetLastSelect(), m_Tree->GetFocusRow());
+    EXPECT_EQ("2004 ", Selected());
+    EXPECT_TRUE(m_Tree->GetBody()->GetClientRect().Contains(
+        m_Tree->GetBody()->GetItemRect(m_Tree->GetLastSelect())));
+
+    filter([](wxDBTreeNode node) { return node == 502; });
+    click(1);
+    filter({});
+    EXPECT_EQ(502, Anchor()) << "the user has gone on from another row";
+}
+
 // Of very many selected rows some at a time.
 TEST_F(TreeListTest, WhatGoesFromSightAndComesBackKeepsNobodyWaiting)
 {
