@@ -16,6 +16,7 @@
 #include <wx/filedlg.h>
 #include <wx/intl.h>
 #include <wx/menu.h>
+#include <wx/stdpaths.h>
 
 #include <algorithm>
 
@@ -33,8 +34,16 @@ wxString FilePatterns()
            "|*";
 }
 
+// Where the user keeps schemes: where one was read or written last.
+wxString& Folder()
+{
+    static wxString s_Folder = wxStandardPaths::Get().GetDocumentsDir();
+    return s_Folder;
+}
+
 String PathOf(const wxFileDialog& dialog)
 {
+    Folder() = dialog.GetDirectory();
     return String(static_cast<const char*>(dialog.GetPath().fn_str()));
 }
 
@@ -111,7 +120,7 @@ void wxColorSchemeDlg::StartFromMenu()
 
 void wxColorSchemeDlg::Import()
 {
-    wxFileDialog dialog(this, wxGetTranslation("Import Colours"), wxString(), wxString(),
+    wxFileDialog dialog(this, wxGetTranslation("Import Colours"), Folder(), wxString(),
                         FilePatterns(), wxFD_OPEN | wxFD_FILE_MUST_EXIST);
     if (dialog.ShowModal() != wxID_OK)
     {
@@ -142,7 +151,7 @@ void wxColorSchemeDlg::Import()
 
 void wxColorSchemeDlg::Export()
 {
-    wxFileDialog dialog(this, wxGetTranslation("Export Colours"), wxString(), kExportName,
+    wxFileDialog dialog(this, wxGetTranslation("Export Colours"), Folder(), kExportName,
                         FilePatterns(), wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
     if (dialog.ShowModal() != wxID_OK)
     {

@@ -11,8 +11,10 @@
 #include "shell/wxTolvanFrame.h"
 #include "vesta/CallEntry.h"
 
+#include <wx/display.h>
 #include <wx/intl.h>
 #include <wx/listbase.h>
+#include <wx/settings.h>
 #include <wx/sizer.h>
 
 #include <algorithm>
@@ -26,12 +28,20 @@ constexpr int kBorder = 12;
 constexpr int kGap = 6;
 constexpr int kValueWidth = 110;
 constexpr int kSmallestName = 80;
-const wxSize  kColoursSize(420, 320);
-const wxSize  kPairsSize(560, 320);
+constexpr int kListHeight = 320;
 const wxSize  kSmallestList(180, 100);
+constexpr int kListShare = 45; // percent of the screen's width, of each list at first
 
 constexpr int     kGatherMs = 120; // what changes meanwhile is written and shown at once
 const char* const kPositionName = "Colour Scheme";
+
+// All its columns, where the screen has room for them.
+wxSize FirstSizeOf(const dialogs::OneOfList& list)
+{
+    const int screen = wxDisplay(&list).GetClientArea().width;
+    const int bar = std::max(wxSystemSettings::GetMetric(wxSYS_VSCROLL_X), 0);
+    return {std::min(list.WidthOfColumns() + bar, screen * kListShare / 100), kListHeight};
+}
 } // namespace
 
 wxColorSchemeDlg::wxColorSchemeDlg(wxWindow* parent)
@@ -41,8 +51,10 @@ wxColorSchemeDlg::wxColorSchemeDlg(wxWindow* parent)
     CALL_ENTRY("wxColorSchemeDlg::wxColorSchemeDlg");
     wxBoxSizer* const whole = StartControls();
     auto* const       lists = new wxBoxSizer(wxHORIZONTAL);
-    lists->Add(NewColours(), kColoursSize.x, wxEXPAND | wxRIGHT, kBorder);
-    lists->Add(NewPairs(), kPairsSize.x, wxEXPAND);
+    wxSizer* const    colours = NewColours();
+    wxSizer* const    pairs = NewPairs();
+    lists->Add(colours, FirstSizeOf(*m_Colours).x, wxEXPAND | wxRIGHT, kBorder);
+    lists->Add(pairs, FirstSizeOf(*m_Pairs).x, wxEXPAND);
     whole->Add(lists, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, kBorder);
     whole->Add(NewActions(), 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, kBorder);
     AddButtonRow(whole, kBorder);
@@ -52,8 +64,8 @@ wxColorSchemeDlg::wxColorSchemeDlg(wxWindow* parent)
     ShowValue();
     // The user may make it smaller than it is at first.
     SetMinSize(ClientToWindowSize(whole->GetMinSize()));
-    m_Colours->SetMinSize(kColoursSize);
-    m_Pairs->SetMinSize(kPairsSize);
+    m_Colours->SetMinSize(FirstSizeOf(*m_Colours));
+    m_Pairs->SetMinSize(FirstSizeOf(*m_Pairs));
     Fit();
     CentreOnParent();
 }

@@ -19,18 +19,17 @@ namespace dialogs
 namespace
 {
 // Dialog units.
-constexpr int kNameWidth = 85;
 constexpr int kValueWidth = 36;
-constexpr int kKeyWidth = 60;
 constexpr int kRatioWidth = 35; // without the mark
-constexpr int kPlaceWidth = 95;
-constexpr int kPairWidth = 120;
 // Pixels.
+constexpr int kUnfitted = 100;
 constexpr int kSampleWidth = 40;
 const wxSize  kSampleSize(40, 22);
 constexpr int kSampleEdge = 2;
 constexpr int kMarkWidth = 14;
 constexpr int kMarkHeight = 11;
+
+const char* const kSampleText = "Abc";
 
 enum
 {
@@ -158,16 +157,36 @@ void OneOfList::Select(int row)
     Redraw();
 }
 
+// Columns of names are as wide as their longest one, in any font and language.
+void OneOfList::FitNames(const std::vector<int>& types)
+{
+    for (const int type : types)
+    {
+        FitColumn(FindColumnByType(type));
+    }
+}
+
+int OneOfList::WidthOfColumns() const
+{
+    int width = 0;
+    for (int column = 0; column < GetColumnCount(); ++column)
+    {
+        width += GetColumn(column).width;
+    }
+    return width;
+}
+
 ColourList::ColourList(wxWindow* parent, const SchemeColours& colours)
     : OneOfList(parent), m_Colours(colours)
 {
     CALL_ENTRY("ColourList::ColourList");
     AddColumn(column_Sample, String(), kSampleWidth);
-    AddColumn(column_Name, wxtFromWx(wxGetTranslation("Colour")), PixelsOf(*this, kNameWidth));
+    AddColumn(column_Name, wxtFromWx(wxGetTranslation("Colour")), kUnfitted);
     AddColumn(column_Value, wxtFromWx(wxGetTranslation("Value")),
               WidthFor(*this, "#DDDDDD", kValueWidth));
-    AddColumn(column_Key, wxtFromWx(wxGetTranslation("Key")), PixelsOf(*this, kKeyWidth));
+    AddColumn(column_Key, wxtFromWx(wxGetTranslation("Key")), kUnfitted);
     SetItemCount(static_cast<int>(k_ColourCount));
+    FitNames({column_Name, column_Key});
     Select(0);
 }
 
@@ -202,13 +221,13 @@ PairList::PairList(wxWindow* parent, const SchemeColours& colours)
     : OneOfList(parent), m_Colours(colours)
 {
     CALL_ENTRY("PairList::PairList");
-    AddColumn(column_Sample, String(), kSampleWidth);
+    AddColumn(column_Sample, String(), WidthFor(*this, kSampleText, 0) + 2 * kSampleEdge);
     AddColumn(column_Ratio, wxtFromWx(wxGetTranslation("Contrast")),
               WidthFor(*this, "00.00 : 1", kRatioWidth) + kMarkWidth);
-    AddColumn(column_Place, wxtFromWx(wxGetTranslation("Where")), PixelsOf(*this, kPlaceWidth));
-    AddColumn(column_Pair, wxtFromWx(wxGetTranslation("Text on ground")),
-              PixelsOf(*this, kPairWidth));
+    AddColumn(column_Place, wxtFromWx(wxGetTranslation("Where")), kUnfitted);
+    AddColumn(column_Pair, wxtFromWx(wxGetTranslation("Text on ground")), kUnfitted);
     SetItemCount(static_cast<int>(ColourPairs().size()));
+    FitNames({column_Place, column_Pair});
 }
 
 String PairList::GetDisplayText(int row, int column)
@@ -243,7 +262,7 @@ void PairList::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool selecte
         {
             const wxColour former = dc.GetTextForeground();
             dc.SetTextForeground(ink);
-            dc.DrawLabel("Abc", sample, wxALIGN_CENTRE);
+            dc.DrawLabel(kSampleText, sample, wxALIGN_CENTRE);
             dc.SetTextForeground(former);
         }
         return;

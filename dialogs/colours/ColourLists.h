@@ -22,6 +22,10 @@ public:
     std::vector<int> GetSelection() override;
     /// To be read whatever the colours have become.
     wxColour GetRowColor(int row) override;
+    int      WidthOfColumns() const; ///< Pixels.
+
+protected:
+    void FitNames(const std::vector<int>& types);
 
 private:
     int m_Selected = -1;

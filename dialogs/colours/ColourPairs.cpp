@@ -55,7 +55,7 @@ const std::vector<ColourPair>& ColourPairs()
         {&color_Text, &color_WindowBGLighter, kPlain, wxTRANSLATE("Fields, text views")},
         {&color_Text, &color_WindowBGDarker, kPlain, wxTRANSLATE("Lists, messages")},
         {&color_Text, &color_WindowBGDarker, kRow, wxTRANSLATE("Selected rows of lists")},
-        {&color_Text, &color_Selected, kPlain, wxTRANSLATE("Selected lines of text views")},
+        {&color_Text, &color_Selected, kPlain, wxTRANSLATE("Selected lines, not made readable")},
         {&color_3DDark, &color_Selected, ColourPair::kDefault,
          wxTRANSLATE("Default button, selected items")},
         {&color_ButtonText, &color_ButtonFace, kPlain, wxTRANSLATE("Buttons, titles of lists")},

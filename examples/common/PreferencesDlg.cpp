@@ -22,7 +22,7 @@ const char* const kPositionName = "Preferences";
 } // namespace
 
 PreferencesDlg::PreferencesDlg(wxWindow* parent, const std::vector<Section>& sections)
-    : wxTolvanDlg(parent, wxGetTranslation("Preferences"), kPositionName, true)
+    : wxTolvanDlg(parent, wxGetTranslation("Preferences"), kPositionName, true), m_Former(g_Scheme)
 {
     auto* const content = new wxBoxSizer(wxVERTICAL);
     AddSchemes(*content);
@@ -45,7 +45,7 @@ PreferencesDlg::PreferencesDlg(wxWindow* parent, const std::vector<Section>& sec
          [this](wxSysColourChangedEvent& event)
          {
              event.Skip();
-             ShowScheme();
+             OnSchemeChanged();
          });
 }
 
@@ -57,12 +57,7 @@ void PreferencesDlg::AddSchemes(wxBoxSizer& sizer)
         const long  style = m_Schemes.empty() ? wxRB_GROUP : 0;
         auto* const button = new wxtRadioButton(this, wxID_ANY, wxGetTranslation(name.label),
                                                 wxDefaultPosition, wxDefaultSize, style);
-        button->Bind(wxEVT_RADIOBUTTON,
-                     [this, &name](wxCommandEvent&)
-                     {
-                         m_HasChosen = true;
-                         wxTolvanFrame::SetColorScheme(name.scheme);
-                     });
+        button->Bind(wxEVT_RADIOBUTTON, [this, &name](wxCommandEvent&) { Choose(name.scheme); });
         if (name.scheme == scheme_Custom)
         {
             // Picked again it has the colours read anew, which the button does not tell of.
@@ -80,12 +75,7 @@ void PreferencesDlg::AddSchemes(wxBoxSizer& sizer)
         m_Schemes.push_back(button);
     }
     auto* const edit = new wxtButton(this, wxID_ANY, wxGetTranslation("&Edit Colours..."));
-    edit->Bind(wxEVT_BUTTON,
-               [this](wxCommandEvent&)
-               {
-                   m_HasChosen |= wxColorSchemeDlg(this).ShowModal() == wxID_OK;
-                   ShowScheme();
-               });
+    edit->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { EditColours(); });
     sizer.Add(edit, 0, wxTOP, kGap);
     ShowScheme();
 }
@@ -114,6 +104,36 @@ void PreferencesDlg::AddSection(wxBoxSizer& sizer, const Section& section)
     sizer.AddSpacer(kBorder);
 }
 
+void PreferencesDlg::Choose(int scheme)
+{
+    m_Chosen = scheme;
+    wxTolvanFrame::SetColorScheme(scheme);
+}
+
+void PreferencesDlg::EditColours()
+{
+    m_IsEditing = true;
+    const bool isConfirmed = wxColorSchemeDlg(this).ShowModal() == wxID_OK;
+    m_IsEditing = false;
+    if (isConfirmed)
+    {
+        m_Chosen = scheme_Custom;
+    }
+    OnSchemeChanged();
+}
+
+// What another program has picked meanwhile is what Cancel leaves.
+void PreferencesDlg::OnSchemeChanged()
+{
+    const bool isEdited = m_IsEditing && g_Scheme == scheme_Custom;
+    if (!isEdited && g_Scheme != m_Chosen)
+    {
+        m_Former = g_Scheme;
+        m_Chosen.reset();
+    }
+    ShowScheme();
+}
+
 void PreferencesDlg::ShowScheme()
 {
     for (size_t i = 0; i < m_Schemes.size(); ++i)
@@ -127,11 +147,10 @@ void PreferencesDlg::ShowScheme()
 
 int PreferencesDlg::ShowModal()
 {
-    const int former = g_Scheme;
     const int result = wxTolvanDlg::ShowModal();
-    if (result != wxID_OK && m_HasChosen)
+    if (result != wxID_OK && m_Chosen)
     {
-        wxTolvanFrame::SetColorScheme(former);
+        wxTolvanFrame::SetColorScheme(m_Former);
     }
     return result;
 }

@@ -3,6 +3,7 @@
 #include "dialogs/wxTolvanDlg.h"
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 class wxtRadioButton;
@@ -31,9 +32,14 @@ private:
     void AddSchemes(wxBoxSizer& sizer);
     void AddQuestions(wxBoxSizer& sizer);
     void AddSection(wxBoxSizer& sizer, const Section& section);
+    void Choose(int scheme);
+    void EditColours();
+    void OnSchemeChanged();
     void ShowScheme();
 
     std::vector<wxtRadioButton*> m_Schemes; ///< In the order of the schemes' names.
     wxtStaticText*               m_Asked = nullptr;
-    bool                         m_HasChosen = false; ///< The scheme that is shown was chosen here.
+    int                          m_Former;            ///< Not chosen here; what Cancel takes back.
+    std::optional<int>           m_Chosen;            ///< The scheme that is shown, if chosen here.
+    bool                         m_IsEditing = false; ///< The editor shows the custom scheme.
 };

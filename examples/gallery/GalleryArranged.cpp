@@ -1,3 +1,4 @@
+#include "gallery/FontSizes.h"
 #include "gallery/GallerySections.h"
 
 #include "gallery/MarkedList.h"
@@ -35,9 +36,9 @@ class LargeList : public MarkedList<wxDBListCtrl, column_State>
 public:
     explicit LargeList(wxWindow* parent) : MarkedList(parent, wxID_ANY, false)
     {
-        AddColumn(column_Name, "Name", 200);
-        AddColumn(column_State, "State", 110);
-        AddColumn(column_Frames, "Frames", 110);
+        AddColumn(column_Name, "Name", InFontOf(*this, 200));
+        AddColumn(column_State, "State", InFontOf(*this, 110));
+        AddColumn(column_Frames, "Frames", InFontOf(*this, 110));
         m_Selected.resize(kItems);
         Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent& event) { Select(event, true); });
         Bind(wxEVT_LIST_ITEM_DESELECTED, [this](wxListEvent& event) { Select(event, false); });

@@ -19,6 +19,7 @@ namespace
 constexpr int kBorder = 10;    // pixels
 constexpr int kUnderTitle = 3; // pixels; all sections fit a screen of 1024
 constexpr int kColumns = 2;
+constexpr int kLeastHeight = 240;  // pixels
 constexpr int kAroundPane = 80;    // pixels of the menu bar and of the frame
 constexpr int id_Disabled = 23000; // menu command: no control can be used
 
@@ -71,10 +72,13 @@ GalleryFrame::GalleryFrame() : wxTolvanFrame("Tolvan Gallery")
     m_Pane->SetSizer(framed);
     auto* const whole = new wxBoxSizer(wxVERTICAL);
     whole->Add(m_Pane, 1, wxEXPAND);
+    m_TwoColumns = m_Pane->GetSizer()->GetMinSize().x;
     FitToScreen();
     SetSizerAndFit(whole);
     FitToScreen(); // the search bar takes a second row at that width
-    whole->SetSizeHints(this);
+    whole->Fit(this);
+    m_Pane->Bind(wxEVT_SIZE, &GalleryFrame::OnPaneSize, this);
+    SetMinSize(ClientToWindowSize(wxSize(LeastWidth(), kLeastHeight)));
     LoadWindowPosition();
     Bind(wxEVT_CLOSE_WINDOW, &GalleryFrame::OnClose, this);
     m_Built = true;
@@ -108,17 +112,42 @@ void GalleryFrame::AddSections()
     }
 }
 
-// What is higher than the screen scrolls; what is wider goes below one another.
+void GalleryFrame::SetColumns(int columns)
+{
+    if (columns < m_Grid->GetCols())
+    {
+        m_Grid->RemoveGrowableCol(static_cast<size_t>(columns));
+    }
+    else if (columns > m_Grid->GetCols())
+    {
+        m_Grid->AddGrowableCol(static_cast<size_t>(columns - 1), 1);
+    }
+    m_Grid->SetCols(columns);
+}
+
+// What is higher than the pane scrolls; what is wider goes below one another.
 void GalleryFrame::FitToScreen()
 {
     const wxSize screen = WindowToClientSize(wxDisplay(this).GetClientArea().GetSize());
-    if (m_Grid->GetCols() == kColumns && m_Pane->GetSizer()->GetMinSize().x > screen.x)
-    {
-        m_Grid->RemoveGrowableCol(kColumns - 1);
-        m_Grid->SetCols(kColumns - 1);
-    }
+    SetColumns(m_TwoColumns > screen.x ? 1 : kColumns);
     const wxSize content = m_Pane->GetSizer()->GetMinSize();
     const int bar = content.y > screen.y ? wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this) : 0;
     m_Pane->SetMinSize(
         wxSize(std::min(content.x + bar, screen.x), std::min(content.y, screen.y - kAroundPane)));
+}
+
+// Of the sections below one another, with the scrollbar.
+int GalleryFrame::LeastWidth()
+{
+    const int columns = m_Grid->GetCols();
+    SetColumns(1);
+    const int width = m_Pane->GetSizer()->GetMinSize().x;
+    SetColumns(columns);
+    return width + std::max(wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this), 0);
+}
+
+void GalleryFrame::OnPaneSize(wxSizeEvent& event)
+{
+    event.Skip();
+    SetColumns(m_Pane->GetSize().x < m_TwoColumns ? 1 : kColumns);
 }

@@ -14,10 +14,14 @@ public:
 
 private:
     void AddSections();
+    void SetColumns(int columns);
     void FitToScreen();
+    int  LeastWidth();
+    void OnPaneSize(wxSizeEvent& event);
     void OnClose(wxCloseEvent& event);
 
     wxEndLater       m_End{*this};
     wxtScrolledPane* m_Pane = nullptr;
     wxFlexGridSizer* m_Grid = nullptr; // the sections'
+    int              m_TwoColumns = 0; // pixels that the sections need side by side
 };

@@ -1,3 +1,4 @@
+#include "gallery/FontSizes.h"
 #include "gallery/GallerySections.h"
 
 #include "appearance/wxExpandablePanel.h"
@@ -48,12 +49,12 @@ class DockedPanes : public wxtPanel
 public:
     explicit DockedPanes(wxWindow* parent) : wxtPanel(parent)
     {
-        m_container.DisableSelfFocus(); // nothing in it takes keys
-        SetSize(kDockSize);             // which the widths of the panes are limited by
+        m_container.DisableSelfFocus();      // nothing in it takes keys
+        SetSize(InFontOf(*this, kDockSize)); // which the widths of the panes are limited by
         m_Docking.SetDockSizeConstraint(kMostOfWidth, 1);
         AddPane(wxAuiPaneInfo().Caption("Docked").Center());
-        m_Docking.SetActivePane(AddPane(
-            wxAuiPaneInfo().Caption("Active").Left().BestSize(kDockSize.x / 2, kDockSize.y)));
+        m_Docking.SetActivePane(AddPane(wxAuiPaneInfo().Caption("Active").Left().BestSize(
+            InFontOf(*this, wxSize(kDockSize.x / 2, kDockSize.y)))));
         m_Docking.Update();
     }
     ~DockedPanes() override { m_Docking.UnInit(); }
@@ -78,7 +79,7 @@ wxWindow* NewScrolledPane(wxWindow* parent)
         content->Add(new wxtCheckBox(pane, wxID_ANY, wxString::Format("Scrolled %d", i)));
     }
     pane->SetSizer(content);
-    pane->SetMinSize(kPaneSize);
+    pane->SetMinSize(InFontOf(*pane, kPaneSize));
     return pane;
 }
 } // namespace
@@ -92,7 +93,7 @@ void AddPanels(wxWindow* parent, wxSizer* sizer)
     row->Add(panels, 1, wxRIGHT, kGap);
     row->Add(NewScrolledPane(parent), 0, wxRIGHT, kGap);
     auto* const docked = new DockedPanes(parent);
-    docked->SetMinSize(kDockSize);
+    docked->SetMinSize(InFontOf(*docked, kDockSize));
     row->Add(docked, 0, wxEXPAND);
     sizer->Add(row, 1, wxEXPAND);
 }

@@ -1,5 +1,7 @@
 #include "gallery/GallerySections.h"
 
+#include "gallery/FontSizes.h"
+
 #include "gallery/MarkedList.h"
 
 #include "appearance/wxTolvanColors.h"
@@ -74,12 +76,13 @@ void AddBoxes(wxWindow* parent, wxSizer* sizer)
 void AddFields(wxWindow* parent, wxSizer* sizer)
 {
     wxSizer* const row = AddRow(sizer);
-    Put(row, new wxtTextCtrl(parent, wxID_ANY, "Text field"))->SetMinSize(kFieldSize);
+    Put(row, new wxtTextCtrl(parent, wxID_ANY, "Text field"))
+        ->SetMinSize(InFontOf(*parent, kFieldSize));
     auto* const empty = Put(row, new wxtTextCtrl(parent, wxID_ANY));
     empty->SetHint("A hint");
-    empty->SetMinSize(kFieldSize);
+    empty->SetMinSize(InFontOf(*parent, kFieldSize));
     auto* const disabled = Put(row, new wxtTextCtrl(parent, wxID_ANY, "Disabled"));
-    disabled->SetMinSize(kFieldSize);
+    disabled->SetMinSize(InFontOf(*parent, kFieldSize));
     disabled->Disable();
     wxSizer* const second = AddRow(sizer);
     for (const auto& [text, style] :
@@ -87,7 +90,7 @@ void AddFields(wxWindow* parent, wxSizer* sizer)
     {
         Put(second,
             new wxtTextCtrl(parent, wxID_ANY, text, wxDefaultPosition, wxDefaultSize, style))
-            ->SetMinSize(kFieldSize);
+            ->SetMinSize(InFontOf(*parent, kFieldSize));
     }
     // As dialogs say what is wrong with a field.
     auto* const problem = Put(second, new wxtStaticText(parent, wxID_ANY, "What is wrong with it"));
@@ -110,7 +113,7 @@ void AddChoices(wxWindow* parent, wxSizer* sizer)
         for (const bool isEnabled : {true, false})
         {
             wxWindow* const control = makeControl();
-            control->SetMinSize(kFieldSize);
+            control->SetMinSize(InFontOf(*parent, kFieldSize));
             control->Enable(isEnabled);
             column->Add(control, 0, wxBOTTOM, kGap);
         }
@@ -120,7 +123,7 @@ void AddChoices(wxWindow* parent, wxSizer* sizer)
         auto* const list =
             new wxtCheckListBox(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, items);
         list->Check(0);
-        list->SetMinSize(kListSize);
+        list->SetMinSize(InFontOf(*parent, kListSize));
         return Put(row, list);
     };
     addBoth(
@@ -165,7 +168,7 @@ void AddList(wxWindow* parent, wxSizer* sizer)
     list->SetMinSize(kViewSize);
     for (const auto& [title, width] : {std::pair("Name", 150), {"State", 90}, {"Folder", 140}})
     {
-        list->AddColumn(list->GetColumnCount(), title, width);
+        list->AddColumn(list->GetColumnCount(), title, InFontOf(*list, width));
     }
     const char* const rows[][2] = {{"Bounce", "Running"},
                                    {"Orbit", "Waiting"},

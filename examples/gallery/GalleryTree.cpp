@@ -1,3 +1,4 @@
+#include "gallery/FontSizes.h"
 #include "gallery/GallerySections.h"
 
 #include "gallery/MarkedList.h"
@@ -89,9 +90,9 @@ void AddTree(wxWindow* parent, wxSizer* sizer)
     auto* const     tree =
         new MarkedList<wxDBTreeListCtrl, FarmTree::column_State>(parent, wxID_ANY, false);
     tree->SetMinSize(kViewSize);
-    tree->AddColumn(FarmTree::column_Name, "Name", 250);
-    tree->AddColumn(FarmTree::column_State, "State", 90);
-    tree->AddColumn(FarmTree::column_Time, "Time", 90);
+    tree->AddColumn(FarmTree::column_Name, "Name", InFontOf(*tree, 250));
+    tree->AddColumn(FarmTree::column_State, "State", InFontOf(*tree, 90));
+    tree->AddColumn(FarmTree::column_Time, "Time", InFontOf(*tree, 90));
     tree->SetModel(&s_Farm);
     tree->Open(1);
     tree->Open(3);
