@@ -2,9 +2,11 @@
 #include "appearance/wxTolvanString.h"
 #include "internal/input/MouseHold.h"
 #include "internal/input/PadKey.h"
+#include "internal/windows/Geometry.h"
 #include "internal/windows/UpperFloors.h"
 #include "vesta/CallEntry.h"
 
+#include <wx/display.h>
 #include <wx/sizer.h>
 
 #include <algorithm>
@@ -106,7 +108,12 @@ wxFrame* wxtNotebook::MoveToWindow(wxWindow* page, const wxRect& screen)
     frame->SetClientSize(screen.width, screen.height + bar->GetMinSize().y);
     if (screen.GetPosition() != wxDefaultPosition)
     {
-        frame->Move(screen.GetPosition());
+        // Dragged out near an edge of the screen it would open beyond it.
+        const int    at = wxDisplay::GetFromPoint(screen.GetPosition());
+        const wxRect area = at == wxNOT_FOUND
+                                ? internal::DisplayAreaOf(this)
+                                : wxDisplay(static_cast<unsigned>(at)).GetClientArea();
+        frame->SetSize(internal::MovedInto(area, wxRect(screen.GetPosition(), frame->GetSize())));
     }
     else if (!m_Name.empty())
     {

@@ -4,6 +4,7 @@
 #include "appearance/inputs/ItemDrawing.h"
 #include "appearance/tabs/TabLook.h"
 #include "internal/text/OneLine.h"
+#include "internal/windows/Geometry.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/dcclient.h>
@@ -69,8 +70,7 @@ void PageList::Open(const wxPoint& screen, bool centred)
         wxDisplay(index == wxNOT_FOUND ? 0U : static_cast<unsigned>(index)).GetClientArea();
     wxRect place(screen, BestSize(display));
     place.Offset(centred ? -place.width / 2 : 0, centred ? -place.height / 2 : 0);
-    place.x = std::max(display.x, std::min(place.x, display.GetRight() + 1 - place.width));
-    place.y = std::max(display.y, std::min(place.y, display.GetBottom() + 1 - place.height));
+    place = internal::MovedInto(display, place);
     m_Seen = (place.height - 2 * kFrame) / RowHeight();
     SetSize(place);
     Mark(m_Marked);

@@ -87,6 +87,14 @@ wxRect CentredOn(const wxRect& area, const wxSize& reference, const wxSize& size
                   larger.x, larger.y);
 }
 
+wxRect MovedInto(const wxRect& area, const wxRect& place)
+{
+    const wxSize  size(std::min(place.width, area.width), std::min(place.height, area.height));
+    const wxPoint last(area.x + area.width - size.x, area.y + area.height - size.y);
+    return {wxPoint(std::clamp(place.x, area.x, last.x), std::clamp(place.y, area.y, last.y)),
+            size};
+}
+
 Displays Displays::Real()
 {
     return {DisplayOf,

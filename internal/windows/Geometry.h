@@ -24,6 +24,9 @@ String GeometryToStore(const String& stored, const wxRect& current, bool positio
 /// `size`, but at least half as large as `reference`, in the middle of `area`.
 wxRect CentredOn(const wxRect& area, const wxSize& reference, const wxSize& size);
 
+/// The place moved into the area, and made smaller where it is larger.
+wxRect MovedInto(const wxRect& area, const wxRect& place);
+
 /// The displays, as functions that a test can replace. Main thread.
 struct Displays
 {
