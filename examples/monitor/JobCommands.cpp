@@ -6,8 +6,10 @@
 #include "appearance/wxTolvanString.h"
 #include "dialogs/wxQuestion.h"
 #include "dialogs/wxTextFromUserDlg.h"
+#include "master/StartMaster.h"
 #include "vesta/Exception.h"
 #include "vesta/File.h"
+#include "vesta/Platform.h"
 
 #include <wx/intl.h>
 #include <wx/textctrl.h>
@@ -201,6 +203,39 @@ void OpenOutputFolders(const JobPointers& jobs, wxWindow* parent)
             TellFailure(problem, parent);
             return;
         }
+    }
+}
+
+bool HasOutput(const Job& job)
+{
+    return !job.GetParam(p_LogFile).empty();
+}
+
+void ViewOutputs(const JobPointers& jobs, wxWindow* parent)
+{
+    std::vector<String> files;
+    for (const auto& job : jobs)
+    {
+        if (HasOutput(*job) && files.size() < k_MostWindowsAtOnce)
+        {
+            files.push_back(job->GetParam(p_LogFile));
+        }
+    }
+    if (files.empty())
+    {
+        return;
+    }
+    const auto isGone = [](const String& file) { return !File::Exists(file); };
+    if (std::all_of(files.begin(), files.end(), isGone))
+    {
+        TellFailure("The output is not there any more:\n" + files.front(), parent);
+        return;
+    }
+    const String problem =
+        StartInBackground(Path(Platform::GetProgramFolder()) / "tolvan-logview", files);
+    if (!problem.empty())
+    {
+        TellFailure(problem, parent);
     }
 }
 

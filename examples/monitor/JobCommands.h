@@ -29,6 +29,10 @@ void RemoveJobs(const JobPointers& jobs, wxWindow* parent);
 void AskPriority(const JobPointers& jobs, wxWindow* parent);
 /// Has the desktop show the folders that the jobs write to.
 void OpenOutputFolders(const JobPointers& jobs, wxWindow* parent);
+/// Opens all that the jobs have written in the log viewer, a tab for each, as many as windows may
+/// be opened at once; jobs that have written nothing are left out.
+void ViewOutputs(const JobPointers& jobs, wxWindow* parent);
+bool HasOutput(const Job& job); ///< It has run, and its output is kept.
 /// @}
 
 /// Has the desktop show a file or a folder with the program that is meant for it; whether there is

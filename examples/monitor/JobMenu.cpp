@@ -102,6 +102,7 @@ JobMenu::JobMenu(FarmJobs& jobs, wxWindow& window, Own own)
     : m_Jobs(jobs), m_Window(window), m_Own(std::move(own))
 {
     m_OpenId = m_Own.open ? AddOwn(OpenLabel({})) : wxID_NONE;
+    m_ViewId = AddOwn(wxGetTranslation("&View Whole Output"));
     m_CopyId = m_Own.copy ? AddOwn(wxGetTranslation("&Copy Rows\tCtrl+C")) : wxID_NONE;
     m_ResubmitId = m_Own.resubmit ? AddOwn(wxGetTranslation("Su&bmit Again...")) : wxID_NONE;
     m_RemoveId = m_Own.removesFinished ? AddOwn(FinishedLabel(0)) : wxID_NONE;
@@ -171,6 +172,8 @@ void JobMenu::RefreshOwn(const std::vector<const FarmJob*>& jobs)
     const int finished = FinishedCount();
     show(m_OpenId, OpenLabel(jobs), !jobs.empty());
     show(m_RemoveId, FinishedLabel(finished), finished > 0);
+    Enable(m_ViewId, std::any_of(jobs.begin(), jobs.end(),
+                                 [](const FarmJob* job) { return HasOutput(*job->job); }));
     if (m_CopyId != wxID_NONE)
     {
         Enable(m_CopyId, !jobs.empty());
@@ -191,6 +194,10 @@ bool JobMenu::Run(int id)
     if (id == m_OpenId)
     {
         OpenJobs();
+    }
+    else if (id == m_ViewId)
+    {
+        ViewWhole(jobs);
     }
     else if (id == m_CopyId)
     {
@@ -221,6 +228,16 @@ void JobMenu::OpenJobs()
     }
     ids.resize(std::min(ids.size(), k_MostWindowsAtOnce));
     m_Own.open(ids);
+}
+
+void JobMenu::ViewWhole(const std::vector<const FarmJob*>& jobs)
+{
+    JobPointers pointers;
+    for (const FarmJob* const job : jobs)
+    {
+        pointers.push_back(job->job);
+    }
+    ViewOutputs(pointers, &m_Window);
 }
 
 void JobMenu::RemoveFinished()

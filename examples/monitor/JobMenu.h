@@ -45,6 +45,7 @@ private:
     int  FinishedCount() const;
     void RefreshOwn(const std::vector<const FarmJob*>& jobs);
     void OpenJobs();
+    void ViewWhole(const std::vector<const FarmJob*>& jobs);
     void RemoveFinished();
     void Refresh();
     void AddOffer(const JobOffer& offer, const std::vector<const FarmJob*>& jobs);
@@ -57,6 +58,7 @@ private:
     int                 m_OpenId = wxID_NONE;
     int                 m_CopyId = wxID_NONE;
     int                 m_ResubmitId = wxID_NONE;
+    int                 m_ViewId;
     int                 m_RemoveId = wxID_NONE;
     std::vector<String> m_Ids;
     String              m_Shown; ///< What the menu shows depends on this.
