@@ -241,7 +241,7 @@ TEST_F(ProgramsTest, MonitorSubmitsAJobAndAsksBeforeItQuits)
     ASSERT_TRUE(PressKeys("Quit", "key Escape"));
     ASSERT_TRUE(PressKeys("Tolvan Monitor", "key F5 F6")); // the list, too, knows of the job
     ASSERT_TRUE(OpenJobMenu());
-    ASSERT_EQ(0, std::system("xdotool key Down Down Down Down Return")); // Kill is disabled
+    ASSERT_EQ(0, std::system("xdotool key Down Down Down Down Down Return")); // Kill is disabled
     EXPECT_TRUE(WaitForLog(component_Master, "Command 'Suspend' for the job Sky"));
     ASSERT_TRUE(PressKeys("Tolvan Monitor", "key ctrl+q"));
     ASSERT_TRUE(PressKeys("Quit", "key Tab"));
@@ -252,7 +252,7 @@ TEST_F(ProgramsTest, MonitorSubmitsAJobAndAsksBeforeItQuits)
     ASSERT_TRUE(WaitFor([&] { return LatestMonitorShowsJobs(); }, kProgramDeadlineMs));
     ASSERT_TRUE(PressKeys("Tolvan Monitor", "key F6"));
     ASSERT_TRUE(OpenJobMenu(true));
-    ASSERT_EQ(0, std::system("xdotool key Down Down Down Return")); // so is "Submit Again"
+    ASSERT_EQ(0, std::system("xdotool key Down Down Down Down Return")); // so is "Submit Again"
     EXPECT_TRUE(WaitForLog(component_Master, "Command 'Suspend' for the job Other"));
     EXPECT_EQ(String::npos, LogOf(component_Master).find("is not possible"));
     ASSERT_TRUE(OpenJobMenu());
