@@ -194,6 +194,46 @@ void StreamThroughWindow(benchmark::State& state)
     }
 }
 BENCHMARK(StreamThroughWindow)->Arg(100000)->Iterations(kMillion);
+// A stream without end, with a frame sixty times in what would be a second of 100,000 lines: the
+// longest time that its lines kept the program, and what memory grows by once the view is full.
+void StreamIntoLimit(benchmark::State& state)
+{
+    constexpr int kPerFrame = 100000 / 60;
+    const int     limit = static_cast<int>(state.range(0));
+    const int     count = static_cast<int>(state.range(1));
+    WorkloadLines();
+    for (auto _ : state)
+    {
+        const Stage stage;
+        stage->SetFollowEnd(true);
+        stage->SetLineLimit(limit);
+        stage.Fill(limit + limit / 16); // with what is dropped at once
+        stage.Show();
+        const size_t     before = ResidentBytes();
+        Clock::duration  longest{};
+        const FrameWatch watch;
+        for (int i = 0; i < count;)
+        {
+            const auto start = Clock::now();
+            for (const int end = std::min(i + kPerFrame, count); i < end; ++i)
+            {
+                stage->Append(WorkloadLine(i), false);
+            }
+            longest = std::max(longest, Clock::now() - start);
+            stage.Show();
+        }
+        Report(state, watch.Shown());
+        state.counters["longest_ms"] = Seconds(longest) * 1e3;
+        state.counters["bytes_per_line"] = static_cast<double>(before) / limit;
+        state.counters["grown_mb"] =
+            (static_cast<double>(ResidentBytes()) - static_cast<double>(before)) / 1e6;
+        if (stage->GetLineCount() > limit)
+        {
+            state.SkipWithError("the limit does not hold");
+        }
+    }
+}
+BENCHMARK(StreamIntoLimit)->Args({kMillion, 6 * kMillion})->Apply(Once);
 } // namespace
 
 int main(int argc, char** argv)
