@@ -146,7 +146,8 @@ void wxDBListBody::OnKey(wxKeyEvent& event)
 {
     CALL_ENTRY("wxDBListBody::OnKey");
     const int key = internal::OffThePad(event.GetKeyCode());
-    if (key != WXK_UP && key != WXK_DOWN)
+    // With Alt they may be at a menu entry, which has its turn when nobody else has taken them.
+    if ((key != WXK_UP && key != WXK_DOWN) || event.AltDown() || event.MetaDown())
     {
         event.Skip();
         return;

@@ -113,6 +113,7 @@ TEST_F(ListKeysTest, KeysGoToRowsAndSelect)
                       {50, WXK_UP, shift, "49-50 (2) 49 49"},
                       {50, WXK_DOWN, 0, "51-51 (1) 51 51"},
                       {99, WXK_DOWN, 0, "99-99 (1) 99 99"},
+                      {50, WXK_DOWN, wxMOD_ALT, "50-50 (1) 50 50"}, // a menu's
                       {50, WXK_END, both, "50-99 (50) 50 99"}};
     for (const auto& row : rows)
     {
