@@ -19,6 +19,7 @@
 #include <wx/utils.h>
 
 #include <algorithm>
+#include <utility>
 
 class wxListArranger::_HostItems final : public listviews::ArrangedItems
 {
@@ -279,6 +280,18 @@ void wxListArranger::ShowRules()
             m_List->SetColumnImage(i, wxDBListCtrl::image_None);
             m_List->SetColumnRank(i, 0);
         }
+    }
+    HighlightFirst();
+}
+
+// Typed text is looked for in that column. Unsorted, the host's own one stays.
+void wxListArranger::HighlightFirst()
+{
+    const int  first = m_Rules.empty() ? -1 : m_List->FindColumnByType(m_Rules.front().type);
+    const bool isOurs = std::exchange(m_IsHighlighted, first >= 0);
+    if ((first >= 0 || isOurs) && first != m_List->GetHighlightColumn())
+    {
+        m_List->SetHighlightColumn(first);
     }
 }
 

@@ -33,10 +33,10 @@ class wxtSearchField;
 /// calls `ItemsChanged` after whatever it does to its items.
 ///
 /// A click on a title sorts by that column, another one turns it round, and with Shift it becomes a
-/// further column to sort by; the titles show arrows, and their ranks when there are several. Texts
-/// are sorted as people do, numbers in them by value; beyond 512 bytes they count as the same. A
-/// filter has words, 64 at most, that all have to occur: `beauty -failed state:running name:"sq
-/// 10"`.
+/// further column to sort by; the titles show arrows, and their ranks when there are several. While
+/// the list is sorted, the first of them is its highlight column. Texts are sorted as people do,
+/// numbers in them by value; beyond 512 bytes they count as the same. A filter has words, 64 at
+/// most, that all have to occur: `beauty -failed state:running name:"sq 10"`.
 ///
 /// Both are done beside the window's life, in slices of a few milliseconds: the list shows what it
 /// has shown until the new order is there, and not while a mouse button is held, a menu is open or
@@ -107,6 +107,7 @@ private:
     void OnColumns(wxCommandEvent& event);
     void Sort(std::vector<listviews::SortRule> rules);
     void ShowRules();
+    void HighlightFirst();
     void ShowNote();
 
     void Show();
@@ -135,6 +136,7 @@ private:
     std::vector<listviews::SortRule>            m_Rules;
     String                                      m_Filter;
     std::set<int>                               m_Marked; ///< Types of columns that have an arrow.
+    bool m_IsHighlighted = false;                         ///< The first of them, by the arranger.
     bool m_IsFound = false;                               ///< The wanted order waits to be shown.
     bool m_Again = false;     ///< Items have changed since the work began.
     bool m_ByUser = false;    ///< The user has asked for another order.

@@ -72,7 +72,9 @@ void SortByTitle(wxDBTreeListCtrl& tree, int column)
     {
         tree.SetColumnImage(i, wxDBListCtrl::image_None);
     }
-    if (before == wxDBListCtrl::image_Descending)
+    const bool isLast = before == wxDBListCtrl::image_Descending;
+    tree.SetHighlightColumn(isLast ? -1 : column);
+    if (isLast)
     {
         tree.SortChildren({});
         return;

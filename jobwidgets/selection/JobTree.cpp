@@ -69,6 +69,7 @@ void JobTree::SortBy(int type, bool descending)
         const bool isIt = GetColumn(i).type == type;
         SetColumnImage(i, !isIt ? image_None : descending ? image_Descending : image_Ascending);
     }
+    SetHighlightColumn(FindColumnByType(type));
     SortChildren(type < 0 ? std::vector<wxDBTreeSort>()
                           : std::vector{wxDBTreeSort{type, descending}});
 }

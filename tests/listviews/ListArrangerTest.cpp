@@ -160,8 +160,10 @@ TEST_F(ListArrangerTest, TitlesSortAndTheRestStaysWithItsItems)
     EXPECT_EQ((Items{98, 96, 94, 92}), Top());
     EXPECT_EQ(1, m_List->GetColumn(1).rank);
     EXPECT_EQ(2, m_List->GetColumn(0).rank);
+    EXPECT_EQ(1, m_List->GetHighlightColumn()) << "where typed text is looked for";
     Arranger().SaveSorting("Lists", "Sorting");
     Arranger().StopSorting();
+    EXPECT_EQ(-1, m_List->GetHighlightColumn());
     EXPECT_EQ((Items{0, 1, 2, 3}), Top());
     EXPECT_EQ(wxDBListCtrl::image_None, m_List->GetColumn(0).image);
     Arranger().RestoreSorting("Lists", "Sorting");
