@@ -561,16 +561,17 @@ void wxDBTreeListCtrl::ShowTree(std::unique_ptr<OpenTree> made, bool isFiltered,
     if (const TreePlace anchor = sight.marks[kAnchor].isSame ? TreePlace() : TakeReturnedAnchor())
     {
         GoOnFrom(anchor, anchor); // with the keys, as it had them when it went
-        if (sight.isFocusSeen || isAtTop)
-        {
-            EnsureVisible(GetLastSelect());
-        }
+        EnsureVisible(GetLastSelect());
         return;
     }
     GoOnFrom(placeOf(kAnchor), placeOf(kFocus));
     const int reference = RowAbove(sight.marks[kReference].place);
-    // Rows that are in another order only stay where the user looks at one of them.
-    if (reference >= 0 && (sight.isFocusSeen ? sight.marks[kFocus].isSame : isStale && !isAtTop))
+    // Rows that are in another order only stay where the user looks at one of them. What a filter
+    // has left is looked at where the rows were that it hides.
+    const bool isLost = isFiltered && !sight.marks[kReference].isSame;
+    const bool isKept = sight.isFocusSeen && sight.marks[kFocus].isSame;
+    const bool isMoved = !isAtTop && (isLost || (isStale && !sight.isFocusSeen));
+    if (reference >= 0 && (isKept || isMoved))
     {
         const long long top = static_cast<long long>(reference) * GetRowHeight() - sight.offset;
         SetScrollPos(wxVERTICAL, static_cast<int>(std::clamp<long long>(top, 0, INT_MAX)));

@@ -302,6 +302,11 @@ TEST_F(TreeListTest, ARowThatAFilterHidHasTheKeysAgainWhenItIsBack)
         m_Tree->GetBody()->SendListEvent(wxEVT_LIST_ITEM_SELECTED, wxPoint(0, 0), 0, row);
         m_Tree->SetLastSelect(row);
     };
+    const auto isSeen = [this](int row)
+    {
+        const wxDBListBody* const body = m_Tree->GetBody();
+        return body->GetClientRect().Contains(body->GetItemRect(row));
+    };
     for (int parent = kParents; parent > 0; --parent)
     {
         m_Tree->Open(parent - 1);
@@ -315,13 +320,26 @@ TEST_F(TreeListTest, ARowThatAFilterHidHasTheKeysAgainWhenItIsBack)
     EXPECT_EQ(2004, Anchor());
     EXPECT_EQ(m_Tree->GetLastSelect(), m_Tree->GetFocusRow());
     EXPECT_EQ("2004 ", Selected());
-    EXPECT_TRUE(m_Tree->GetBody()->GetClientRect().Contains(
-        m_Tree->GetBody()->GetItemRect(m_Tree->GetLastSelect())));
+    EXPECT_TRUE(isSeen(m_Tree->GetLastSelect()));
 
     filter([](wxDBTreeNode node) { return node == 502; });
     click(1);
     filter({});
     EXPECT_EQ(502, Anchor()) << "the user has gone on from another row";
+
+    click(m_Tree->RowOf({10, 1004}));
+    m_Tree->SetScrollPos(wxVERTICAL, m_Tree->GetLastSelect() * m_Tree->GetRowHeight());
+    filter([](wxDBTreeNode node) { return node > 1000 && node < 10000 && node != 1004; });
+    EXPECT_TRUE(isSeen(m_Tree->RowOf({10, 1005}))) << "the neighbour, not what stands there now";
+
+    filter({});
+    click(m_Tree->RowOf({1, 104}));
+    m_Tree->EnsureVisible(0);
+    filter([](wxDBTreeNode node) { return node > 200 && node < 10000; });
+    m_Tree->SetScrollPos(wxVERTICAL, m_Tree->GetScrollRange(wxVERTICAL));
+    filter({});
+    EXPECT_EQ(104, Anchor());
+    EXPECT_TRUE(isSeen(m_Tree->GetLastSelect())) << "from wherever the view was scrolled to";
 }
 
 // Of very many selected rows some at a time.
