@@ -161,12 +161,29 @@ void wxListArranger::SwapOrders(const std::vector<bool>& shown)
         return item >= 0 && item < static_cast<int>(shown.size()) &&
                shown[static_cast<size_t>(item)];
     };
-    const bool isBack = !isShown(anchorItem) && isShown(m_HiddenAnchor);
-    const int  newAnchor = isBack ? m_HiddenAnchor : anchorItem;
-    m_HiddenAnchor = isShown(newAnchor) ? -1 : anchorItem >= 0 ? anchorItem : m_HiddenAnchor;
+    const auto keyOf = [&list](int row)
+    {
+        String key;
+        Guarded("The key of a row", [&] { key = list.GetRowKey(row); });
+        return key;
+    };
+    const String anchorKey = anchorItem >= 0 ? keyOf(list.GetLastSelect()) : String();
     *m_Shown = *m_Wanted;
     m_Shown->isCurrent = !m_Again;
     list.SetItemCount(m_Shown->RowCount(count));
+    // Items may have changed meanwhile: the same number may be another one.
+    const bool isBack = !isShown(anchorItem) && isShown(m_HiddenAnchor) &&
+                        keyOf(m_Shown->RowOf(m_HiddenAnchor, count)) == m_HiddenKey;
+    const int newAnchor = isBack ? m_HiddenAnchor : anchorItem;
+    if (isShown(newAnchor))
+    {
+        m_HiddenAnchor = -1;
+    }
+    else if (anchorItem >= 0)
+    {
+        m_HiddenAnchor = anchorItem;
+        m_HiddenKey = anchorKey;
+    }
     list.SetLastSelect(m_Shown->RowOf(newAnchor, count));
     list.SetFocusRow(isBack ? -1 : m_Shown->RowOf(focusItem, count));
     const int kept = m_Shown->RowOf(keptItem, count);

@@ -101,7 +101,6 @@ void wxListArranger::ItemsChanged()
     CALL_ENTRY("wxListArranger::ItemsChanged");
     m_Shown->isCurrent = false;
     m_Hidden->ItemsChanged();
-    m_HiddenAnchor = -1;
     if (IsArranging() || m_InSlice)
     {
         m_Again = true;

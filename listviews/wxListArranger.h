@@ -136,12 +136,13 @@ private:
     std::vector<listviews::SortRule>            m_Rules;
     String                                      m_Filter;
     std::set<int>                               m_Marked; ///< Types of columns that have an arrow.
-    bool m_IsHighlighted = false;                         ///< The first of them, by the arranger.
-    bool m_IsFound = false;                               ///< The wanted order waits to be shown.
-    bool m_Again = false;     ///< Items have changed since the work began.
-    bool m_ByUser = false;    ///< The user has asked for another order.
-    bool m_InSlice = false;   ///< The host's functions run.
-    int  m_HiddenAnchor = -1; ///< The item that ranges began at before it went from sight.
-    int  m_Returned = -1;     ///< The row to be looked at next for what has come back; -1: none.
-    int  m_Refreshing = 0;    ///< Refreshes of the list that are under way.
+    bool   m_IsHighlighted = false;                       ///< The first of them, by the arranger.
+    bool   m_IsFound = false;                             ///< The wanted order waits to be shown.
+    bool   m_Again = false;     ///< Items have changed since the work began.
+    bool   m_ByUser = false;    ///< The user has asked for another order.
+    bool   m_InSlice = false;   ///< The host's functions run.
+    String m_HiddenKey;         ///< Of the anchor that is hidden.
+    int    m_HiddenAnchor = -1; ///< The item that ranges began at before it went from sight.
+    int    m_Returned = -1;     ///< The row to be looked at next for what has come back; -1: none.
+    int    m_Refreshing = 0;    ///< Refreshes of the list that are under way.
 };

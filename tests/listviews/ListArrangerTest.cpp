@@ -233,6 +233,29 @@ TEST_F(ListArrangerTest, AFieldFiltersAsItIsTypedInto)
     EXPECT_TRUE(WaitFor([this] { return m_List->GetBody()->HasFocus(); }));
 }
 
+// Also when the items of the host change all the time.
+TEST_F(ListArrangerTest, ARowThatAFilterHidHasTheKeysAgainWhenItIsBack)
+{
+    const auto filter = [this](const String& words)
+    {
+        Arranger().SetFilter(words);
+        EXPECT_TRUE(Arranged());
+    };
+    Send(wxEVT_LIST_ITEM_SELECTED, 3);
+    m_List->SetLastSelect(3);
+    filter("-odd");
+    EXPECT_EQ(-1, m_List->GetLastSelect());
+    Arranger().ItemsChanged();
+    filter("");
+    EXPECT_EQ(3, m_List->GetLastSelect());
+    EXPECT_EQ(3, m_List->GetFocusRow());
+    filter("-odd");
+    m_List->m_Count = ++m_List->m_First - 900; // one before all others
+    Arranger().ItemsChanged();
+    filter("");
+    EXPECT_EQ(-1, m_List->GetLastSelect()) << "its number is that of another item";
+}
+
 // While the new rows are being sorted the list shows others, or some of them not at all.
 TEST_F(ListArrangerTest, ARefreshWaitsForItsRows)
 {
