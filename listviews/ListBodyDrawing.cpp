@@ -55,6 +55,11 @@ bool wxDBListBody::DrawCellText(wxDC& dc, const wxString& text, const wxRect& ro
     return true;
 }
 
+bool wxDBListBody::DrawAsciiText(wxDC& dc, const String& text, const wxRect& room)
+{
+    return m_CellText && m_CellText->DrawsOn(dc) && m_CellText->DrawAscii(text, room);
+}
+
 int wxDBListBody::CellTextWidth(wxDC& dc, const wxString& text) const
 {
     return m_CellText && m_CellText->DrawsOn(dc) ? m_CellText->Width(text)

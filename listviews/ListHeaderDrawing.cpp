@@ -32,7 +32,7 @@ void wxDBListHeader::DrawBitmap()
     wxDC&                       dc = *buffer;
     listviews::CellText         cells(dc);
     dc.SetFont(GetFont());
-    m_TitleHeight = dc.GetCharHeight();
+    MeasureTitles(dc);
     cells.Fill(wxRect(geometry.client), wxtGetColor(color_ButtonFace));
     const std::pair<int, int> columns = geometry.VisibleColumns();
     for (int column = columns.first; column < columns.second; ++column)
@@ -53,6 +53,18 @@ void wxDBListHeader::DrawBitmap()
         DrawMove(dc, cells);
     }
     HoverAnew();
+}
+
+// Which takes longer than to draw them all.
+void wxDBListHeader::MeasureTitles(const wxDC& dc)
+{
+    const double scale = GetContentScaleFactor();
+    if (dc.GetFont() != m_TitleFont || scale != m_TitleScale)
+    {
+        m_TitleFont = dc.GetFont();
+        m_TitleScale = scale;
+        m_TitleHeight = dc.GetCharHeight();
+    }
 }
 
 // Flat like the buttons; a title lights up under the mouse and when its column is the one that the

@@ -120,12 +120,12 @@ void wxDBListCtrl::DrawCell(wxDC& dc, int row, int column, wxRect rect, bool)
     {
         return;
     }
-    const String   text = listviews::WithoutHidden(GetDisplayText(row, column), room.width);
-    const wxString line = internal::OneLine(wxtToWx(text));
-    if (line.empty())
+    const String text = listviews::WithoutHidden(GetDisplayText(row, column), room.width);
+    if (text.empty() || m_Body->DrawAsciiText(dc, text, room))
     {
         return;
     }
+    const wxString line = internal::OneLine(wxtToWx(text));
     if (m_Body->DrawCellText(dc, line, room))
     {
         return;

@@ -61,6 +61,7 @@ private:
     void DropTitle();
     void ScrollToPointer();
 
+    void     MeasureTitles(const wxDC& dc);
     wxColour FaceOf(int column) const;
     void     DrawTitle(wxDC& dc, listviews::CellText& cells, int column, const wxRect& rect);
     int      DrawImage(wxDC& dc, int image, const wxRect& room);
@@ -73,7 +74,9 @@ private:
     void     DrawMove(wxDC& dc, listviews::CellText& cells);
 
     const listviews::ColumnActions& m_Actions;
-    bool                            m_OnEdge = false;  ///< The resize cursor is shown.
+    bool                            m_OnEdge = false; ///< The resize cursor is shown.
+    wxFont                          m_TitleFont;      ///< That was measured, at that scale.
+    double                          m_TitleScale = 0;
     int                             m_TitleHeight = 0; ///< Pixels of a line of text.
     int                             m_DrawnScroll = 0; ///< Pixels, when they were drawn last.
     int                             m_PointerX = -1;   ///< Where it was seen last; -1: not here.

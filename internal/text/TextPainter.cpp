@@ -6,6 +6,7 @@
 #include <wx/graphics.h>
 #include <wx/region.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -16,6 +17,7 @@ namespace
 constexpr double kTightFit = 0.75; // pixels that a character may be wider than its cell
 constexpr double kFullChannel = 255.0;
 constexpr size_t kMostGlyphs = 2048; // drawn at once
+constexpr int    kOverhang = 1;      // pixels that a glyph may be seen above and below its line
 } // namespace
 
 /// The bitmap's cairo surface, with the glyphs that wait to be drawn on it.
@@ -37,7 +39,8 @@ public:
     GlyphTable& Glyphs() { return m_Glyphs; }
 
 private:
-    void Add(const Glyph& glyph, double x, double y);
+    void Add(const Glyph& glyph, double x, int y);
+    bool MayCover(const wxRect& rect) const;
     void SetSource(const wxColour& colour);
     void Draw(const Glyph& glyph, int x, int y, int width);
     void DrawAlone(const Glyph& glyph, int x, int y, int width);
@@ -46,7 +49,9 @@ private:
     cairo_t*                           m_Cairo;
     GlyphTable&                        m_Glyphs;
     cairo_scaled_font_t*               m_BatchFont = nullptr;
-    std::vector<cairo_glyph_t>         m_Batch;  ///< All of that font.
+    std::vector<cairo_glyph_t>         m_Batch;        ///< All of that font.
+    int                                m_BatchTop = 0; ///< Where its lines are, pixels.
+    int                                m_BatchBottom = 0;
     wxColour                           m_Colour; ///< Invalid: draws nothing.
     bool                               m_Clipped = false;
 };
@@ -110,7 +115,7 @@ void TextPainter::Canvas::Draw(const Glyph& glyph, int x, int y, int width)
     Add(glyph, x, y);
 }
 
-void TextPainter::Canvas::Add(const Glyph& glyph, double x, double y)
+void TextPainter::Canvas::Add(const Glyph& glyph, double x, int y)
 {
     if (glyph.font != m_BatchFont || m_Batch.size() == kMostGlyphs)
     {
@@ -118,6 +123,13 @@ void TextPainter::Canvas::Add(const Glyph& glyph, double x, double y)
         m_BatchFont = glyph.font;
         m_Batch.reserve(kMostGlyphs);
     }
+    const bool isFirst = m_Batch.empty();
+    const int  top = glyph.tall ? std::numeric_limits<int>::min() : y - kOverhang;
+    const int  bottom = glyph.tall
+                            ? std::numeric_limits<int>::max()
+                            : y + static_cast<int>(std::ceil(m_Glyphs.LineHeight())) + kOverhang;
+    m_BatchTop = isFirst ? top : std::min(m_BatchTop, top);
+    m_BatchBottom = isFirst ? bottom : std::max(m_BatchBottom, bottom);
     m_Batch.push_back({glyph.index, x + glyph.dx, y + m_Glyphs.Baseline() + glyph.dy});
 }
 
@@ -135,9 +147,18 @@ void TextPainter::Canvas::DrawRun(const std::wstring& text, const std::vector<do
     }
 }
 
+// The rows of a list: their texts are drawn together, though each row is filled before its text.
+bool TextPainter::Canvas::MayCover(const wxRect& rect) const
+{
+    return !m_Batch.empty() && rect.y < m_BatchBottom && rect.GetBottom() >= m_BatchTop;
+}
+
 void TextPainter::Canvas::Fill(const wxRect& rect, const wxColour& colour)
 {
-    Flush();
+    if (MayCover(rect))
+    {
+        Flush();
+    }
     SetSource(colour);
     cairo_rectangle(m_Cairo, rect.x, rect.y, rect.width, rect.height);
     cairo_fill(m_Cairo);
@@ -278,9 +299,16 @@ double TextPainter::Step(wchar_t a, wchar_t b)
 std::vector<double> TextPainter::Ends(const std::wstring& text)
 {
     std::vector<double> ends;
+    Ends(text, ends);
+    return ends;
+}
+
+void TextPainter::Ends(const std::wstring& text, std::vector<double>& ends)
+{
+    ends.clear();
     if (!m_Canvas || text.empty())
     {
-        return ends;
+        return;
     }
     ends.reserve(text.size());
     // A blank stands alone and for itself: the first character's own step.
@@ -292,7 +320,10 @@ std::vector<double> TextPainter::Ends(const std::wstring& text)
         end += m_Canvas->Glyphs().Step(text[i - 1], text[i]);
         ends.push_back(end);
     }
-    return std::isnan(end) ? std::vector<double>() : ends;
+    if (std::isnan(end))
+    {
+        ends.clear();
+    }
 }
 
 void TextPainter::DrawRun(const std::wstring& text, const std::vector<double>& ends, int x, int y)

@@ -17,7 +17,8 @@ class GlyphTable;
 
 /// Draws text into a bitmap several times faster than the toolkit does: the glyphs of a font are
 /// laid out once each, kept in a table, and drawn in runs of thousands. Nothing is sure to be seen
-/// before `Flush`. It must be destroyed before its device context. Main thread only.
+/// before `Flush`, and text may come after what is filled beside it. It must be destroyed before
+/// its device context. Main thread only.
 class TextPainter
 {
 public:
@@ -38,6 +39,7 @@ public:
     /// Where each character of a text ends when the toolkit draws it: pixels from its start. Empty
     /// where only the toolkit can tell: it lays such a text out in some way of its own.
     std::vector<double> Ends(const std::wstring& text);
+    void                Ends(const std::wstring& text, std::vector<double>& ends); ///< The same.
     /// Draws a text as the toolkit does, with its top left there; `ends` as `Ends` gave them
     /// (nothing is drawn without them).
     void DrawRun(const std::wstring& text, const std::vector<double>& ends, int x, int y);

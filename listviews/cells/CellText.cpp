@@ -4,6 +4,7 @@
 #include "internal/text/TextPainter.h"
 #include "listviews/cells/TextFit.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace listviews
@@ -66,40 +67,60 @@ int CellText::Width(const wxString& text)
     return ends.empty() ? m_Dc.GetTextExtent(text).x : static_cast<int>(std::lround(ends.back()));
 }
 
-bool CellText::DrawRun(const std::wstring& text, const wxRect& room)
+bool CellText::DrawAscii(std::string_view text, const wxRect& room)
 {
-    internal::TextPainter& painter = Painter();
-    std::vector<double>    ends = painter.Ends(text);
-    if (ends.empty())
+    const auto isPrintable = [](char c) { return c >= ' ' && c <= '~'; };
+    if (!std::all_of(text.begin(), text.end(), isPrintable))
     {
         return false;
     }
+    m_Characters.assign(text.begin(), text.end());
+    return m_Characters.empty() || DrawRun(m_Characters, room);
+}
+
+bool CellText::DrawRun(const std::wstring& text, const wxRect& room)
+{
+    internal::TextPainter& painter = Painter();
+    painter.Ends(text, m_Ends);
+    if (m_Ends.empty())
+    {
+        return false;
+    }
+    if (std::lround(m_Ends.back()) <= room.width)
+    {
+        DrawEnds(text, m_Ends, room); // as most texts are: whole
+        return true;
+    }
     const auto step = [&painter](wchar_t a, wchar_t b) { return painter.Step(a, b); };
-    const std::optional<Fitted> fitted = FitRun(text, ends, room.width, step);
+    const std::optional<Fitted> fitted = FitRun(text, m_Ends, room.width, step);
     if (!fitted)
     {
         return false;
     }
-    if (fitted->text.size() != text.size() || fitted->text != text)
-    {
-        ends = painter.Ends(fitted->text);
-    }
+    painter.Ends(fitted->text, m_Ends);
     const bool tooWide = fitted->width > room.width;
-    painter.SetColour(m_Dc.GetTextForeground());
     if (tooWide)
     {
         painter.ClipTo({room});
     }
-    painter.DrawRun(fitted->text, ends, room.x, room.y);
+    DrawEnds(fitted->text, m_Ends, room);
     if (tooWide)
     {
         painter.Unclip();
     }
+    return true;
+}
+
+void CellText::DrawEnds(const std::wstring& text, const std::vector<double>& ends,
+                        const wxRect& room)
+{
+    internal::TextPainter& painter = Painter();
+    painter.SetColour(m_Dc.GetTextForeground());
+    painter.DrawRun(text, ends, room.x, room.y);
     if (!m_IsTold)
     {
         painter.Flush(); // what the list draws next with the context itself must come on top
     }
-    return true;
 }
 
 void CellText::DrawMeasured(const std::wstring& text, const wxRect& room)
