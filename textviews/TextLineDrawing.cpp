@@ -4,7 +4,9 @@
 #include "textviews/drawing/DrawnLines.h"
 #include "textviews/drawing/FontExtents.h"
 #include "textviews/drawing/LinePainter.h"
+#include "textviews/drawing/PieceDrawing.h"
 #include "textviews/drawing/TextPalette.h"
+#include "textviews/escapes/ShownLines.h"
 #include "textviews/lines/LineStore.h"
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
@@ -57,27 +59,41 @@ void wxTextLineCtrl::DrawBitmap()
     DrawFocus(palette, painter);
 }
 
-wxColour wxTextLineCtrl::InkOf(const textviews::LineState&   state,
-                               const textviews::TextPalette& palette) const
+textviews::LineLook wxTextLineCtrl::LookOf(const textviews::LineState&   state,
+                                           const textviews::TextPalette& palette) const
 {
-    const wxColour ink = GetForegroundColour();
-    return m_ReadableSelection && state.selected ? textviews::ReadableInk(ink, palette.Band(state))
-                                                 : ink;
+    const wxColour& band = palette.Band(state);
+    const wxColour  ink = GetForegroundColour();
+    return {*m_Colours,
+            m_ReadableSelection && state.selected ? textviews::ReadableInk(ink, band) : ink, band};
 }
 
 void wxTextLineCtrl::DrawLine(const textviews::TextGeometry& geometry,
                               const textviews::TextPalette&  palette,
                               textviews::LinePainter& painter, int line) const
 {
-    const textviews::LineState state = StateOf(line);
-    painter.Fill(geometry.BandOf(line), palette.Band(state));
-    painter.SetColour(InkOf(state, palette));
-    painter.DrawLine(line, m_Lines->Line(line),
-                     {geometry.FirstDrawnCell(), geometry.EndOfDrawnCells()});
+    const textviews::LineLook look = LookOf(StateOf(line), palette);
+    painter.Fill(geometry.BandOf(line), look.band);
+    DrawText(geometry, look, painter, line);
     if (line == m_MarkedLine)
     {
-        DrawHit(geometry, palette, painter);
+        DrawHit(geometry, look, painter);
     }
+}
+
+void wxTextLineCtrl::DrawText(const textviews::TextGeometry& geometry,
+                              const textviews::LineLook& look, textviews::LinePainter& painter,
+                              int line) const
+{
+    const std::string_view              text = m_Lines->Line(line);
+    const textviews::LinePainter::Cells seen{geometry.FirstDrawnCell(), geometry.EndOfDrawnCells()};
+    if (const textviews::ShownPieces* const pieces = m_Shown->PiecesOf(line, text))
+    {
+        textviews::DrawPieces(painter, geometry, look, line, text, *pieces, seen);
+        return;
+    }
+    painter.SetInks(look.InksOf({}));
+    painter.DrawLine(line, text, seen);
 }
 
 // Lines that have come at the end, and those that are selected or pointed at and were not, or were
@@ -131,28 +147,41 @@ textviews::LineState wxTextLineCtrl::StateOf(int line) const
 // The hit is its cells with every colour inverted, in a box with rounded corners. The ports can't
 // invert alike, so that it is drawn anew in the inverted colours.
 void wxTextLineCtrl::DrawHit(const textviews::TextGeometry& geometry,
-                             const textviews::TextPalette&  palette,
-                             textviews::LinePainter&        painter) const
+                             const textviews::LineLook& look, textviews::LinePainter& painter) const
 {
-    const std::string_view text = m_Lines->Line(m_MarkedLine);
-    const auto             cellOf = [&](int column)
-    { return m_Places->AtColumn(m_MarkedLine, text, column).cell; };
-    const int left = geometry.XOf(cellOf(m_MatchColumn));
-    const int right = geometry.XOf(cellOf(m_MatchColumn + m_MatchLength));
-    wxRect    box(left, geometry.TopOf(m_MarkedLine), right - left, m_LineHeight);
-    // A hit of any length costs no more than what is seen of it.
-    box.Intersect(wxRect(geometry.client).Inflate(m_LineHeight));
-    if (box.IsEmpty())
+    const std::vector<wxRect> rows = HitRows(geometry);
+    if (rows.empty())
     {
         return;
     }
-    const auto     rows = textviews::RoundedRows(box, m_ColumnWidth / 2);
-    const wxColour inverted = internal::InvertedColour(palette.Band(StateOf(m_MarkedLine)));
     for (const wxRect& row : rows)
     {
-        painter.Fill(row, inverted);
+        painter.Fill(row, internal::InvertedColour(look.band));
     }
-    painter.SetColour(internal::InvertedColour(InkOf(StateOf(m_MarkedLine), palette)));
-    painter.DrawLineWithin(rows, m_MarkedLine, text,
-                           {geometry.FirstDrawnCell(), geometry.EndOfDrawnCells()});
+    textviews::LineLook inverted = look;
+    inverted.isInverted = true;
+    painter.ClipTo(rows);
+    DrawText(geometry, inverted, painter, m_MarkedLine);
+    painter.Unclip();
+}
+
+// A box for each stretch of cells that it is shown in; none where only what is not shown was hit.
+std::vector<wxRect> wxTextLineCtrl::HitRows(const textviews::TextGeometry& geometry) const
+{
+    std::vector<wxRect> rows;
+    for (const textviews::ShownCells& cells : m_Shown->CellsOfHit(
+             m_MarkedLine, m_Lines->Line(m_MarkedLine), m_MatchColumn, m_MatchLength))
+    {
+        const int left = geometry.XOf(cells.first);
+        wxRect    box(left, geometry.TopOf(m_MarkedLine), geometry.XOf(cells.end) - left,
+                      m_LineHeight);
+        // A hit of any length costs no more than what is seen of it.
+        box.Intersect(wxRect(geometry.client).Inflate(m_LineHeight));
+        if (!box.IsEmpty())
+        {
+            const auto more = textviews::RoundedRows(box, m_ColumnWidth / 2);
+            rows.insert(rows.end(), more.begin(), more.end());
+        }
+    }
+    return rows;
 }

@@ -53,6 +53,7 @@ constexpr MenuEntry kStandardEntries[] = {
     {wxTextLineCtrl::id_SelectNone, wxTRANSLATE("Select None\tEsc")},
     {0, nullptr},
     {wxTextLineCtrl::id_Copy, wxTRANSLATE("Copy\tCtrl+C")},
+    {wxTextLineCtrl::id_CopyPlain, wxTRANSLATE("Copy as Plain Text\tCtrl+Shift+C")},
     {0, nullptr},
     {wxTextLineCtrl::id_ScrollToTop, wxTRANSLATE("Scroll to Top\tCtrl+Home")},
     {wxTextLineCtrl::id_ScrollToBottom, wxTRANSLATE("Scroll to Bottom\tCtrl+End")},
@@ -164,7 +165,7 @@ void wxTextLineCtrl::HandleContextMenu(wxMenu& menu, bool addStandardItems)
             {
                 menu.AppendSeparator();
             }
-            else
+            else if (entry.id != id_CopyPlain || m_Escapes != Escapes::Raw)
             {
                 menu.Append(entry.id, wxGetTranslation(entry.label));
             }
@@ -206,7 +207,7 @@ void wxTextLineCtrl::OnKey(wxKeyEvent& event)
     }
     else if (event.ControlDown())
     {
-        OnCtrlKey(key);
+        OnCtrlKey(key, event.ShiftDown());
     }
 }
 
@@ -273,7 +274,7 @@ void wxTextLineCtrl::OnContextMenu(wxContextMenuEvent& event)
     }
 }
 
-void wxTextLineCtrl::OnCtrlKey(int key)
+void wxTextLineCtrl::OnCtrlKey(int key, bool shift)
 {
     switch (key)
     {
@@ -281,7 +282,7 @@ void wxTextLineCtrl::OnCtrlKey(int key)
         SelectAll();
         break;
     case 'C':
-        CopySelectionToClipboard();
+        CopySelected(shift && m_Escapes != Escapes::Raw);
         break;
     case 'F':
         ToggleSearch();
@@ -320,6 +321,9 @@ void wxTextLineCtrl::OnMenu(wxCommandEvent& event)
         break;
     case id_Copy:
         CopySelectionToClipboard();
+        break;
+    case id_CopyPlain:
+        CopyPlainTextToClipboard();
         break;
     case id_ScrollToTop:
         ScrollToTop();

@@ -1,5 +1,6 @@
 #include "appearance/wxTolvanString.h"
 #include "internal/clipboard/TextDataObject.h"
+#include "textviews/escapes/ShownLines.h"
 #include "textviews/lines/LineStore.h"
 #include "textviews/lines/TextSelection.h"
 #include "textviews/wxTextLineCtrl.h"
@@ -12,7 +13,7 @@
 #include <algorithm>
 #include <utility>
 
-String wxTextLineCtrl::SelectedText() const
+String wxTextLineCtrl::SelectedText(bool plain) const
 {
     const int first = std::max(m_Selection->First(), 0);
     const int last = std::min(m_Selection->Last(), m_Lines->Count() - 1);
@@ -25,7 +26,15 @@ String wxTextLineCtrl::SelectedText() const
     text.reserve(size); // growing would take twice the memory, and that of a log may be much
     for (int line = first; line <= last; ++line)
     {
-        text += m_Lines->Line(line);
+        const std::string_view bytes = m_Lines->Line(line);
+        if (plain)
+        {
+            text += m_Shown->PlainTextOf(bytes);
+        }
+        else
+        {
+            text += bytes;
+        }
         text += '\n';
     }
     return text;
@@ -34,13 +43,24 @@ String wxTextLineCtrl::SelectedText() const
 void wxTextLineCtrl::CopySelectionToClipboard()
 {
     CALL_ENTRY("wxTextLineCtrl::CopySelectionToClipboard");
+    CopySelected(false);
+}
+
+void wxTextLineCtrl::CopyPlainTextToClipboard()
+{
+    CALL_ENTRY("wxTextLineCtrl::CopyPlainTextToClipboard");
+    CopySelected(true);
+}
+
+void wxTextLineCtrl::CopySelected(bool plain)
+{
     // Another part of the program may have it open: to open it again is an error, and the locker
     // would close it under that part.
     if (wxTheClipboard->IsOpened() || !wxTheClipboard->Open())
     {
         return;
     }
-    wxTheClipboard->SetData(new internal::TextDataObject([text = SelectedText()]() mutable
+    wxTheClipboard->SetData(new internal::TextDataObject([text = SelectedText(plain)]() mutable
                                                          { return std::move(text); }));
     wxTheClipboard->Flush();
     wxTheClipboard->Close();

@@ -5,8 +5,9 @@
 #include "internal/scrolling/ScrollModel.h"
 #include "textviews/drawing/DrawnLines.h"
 #include "textviews/drawing/FontExtents.h"
+#include "textviews/drawing/StyleColours.h"
+#include "textviews/escapes/ShownLines.h"
 #include "textviews/lines/LineStore.h"
-#include "textviews/lines/TextCells.h"
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
 #include "textviews/search/LineWatcher.h"
@@ -56,7 +57,7 @@ wxBEGIN_EVENT_TABLE(wxTextLineCtrl, wxDoubleBufferedWindow)
     EVT_CONTEXT_MENU(wxTextLineCtrl::OnContextMenu)
     EVT_KEY_DOWN(wxTextLineCtrl::OnKey)
     EVT_MOUSEWHEEL(wxTextLineCtrl::OnWheel)
-    EVT_MENU_RANGE(id_SelectAll, id_Search, wxTextLineCtrl::OnMenu)
+    EVT_MENU_RANGE(id_SelectAll, id_CopyPlain, wxTextLineCtrl::OnMenu)
 wxEND_EVENT_TABLE()
 // clang-format on
 
@@ -64,7 +65,9 @@ wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
     : wxDoubleBufferedWindow(parent, wxID_ANY, wxBORDER_NONE | wxWANTS_CHARS),
       m_Font(&textviews::_FontExtents::Get()),
       m_Lines(std::make_unique<textviews::LineStore>()),
-      m_Places(std::make_unique<textviews::TextPlaces>()),
+      m_Places(std::make_unique<textviews::ShownLines>()),
+      m_Shown(static_cast<textviews::ShownLines*>(m_Places.get())),
+      m_Colours(std::make_unique<textviews::StyleColours>()),
       m_Selection(std::make_unique<textviews::TextSelection>()),
       m_Drawn(std::make_unique<textviews::DrawnLines>()),
       m_TextSize(textviews::_FontExtents::k_Points)
@@ -177,13 +180,7 @@ int wxTextLineCtrl::InsertSorted(const String& line)
 
 void wxTextLineCtrl::Extend(const String& line, int index)
 {
-    const auto width = [this](int64_t cells)
-    { return internal::ScrollRange(Saturated(cells) + 1, m_ColumnWidth); };
-    // No line has more cells than bytes. Most are not counted: they are shorter than the longest.
-    if (width(static_cast<int64_t>(line.size())) > m_ContentWidth)
-    {
-        m_ContentWidth = std::max(m_ContentWidth, width(textviews::CellCount(line)));
-    }
+    Widen(line);
     if (index < m_Lines->Count() - 1)
     {
         LinesMoved();
@@ -192,6 +189,31 @@ void wxTextLineCtrl::Extend(const String& line, int index)
     m_LineCount = m_Lines->Count();
     AdjustScrollbarsLater();
     GatherLater(); // a line that is not in view changes no picture
+}
+
+void wxTextLineCtrl::Widen(std::string_view line)
+{
+    const auto width = [this](int64_t cells)
+    { return internal::ScrollRange(Saturated(cells) + 1, m_ColumnWidth); };
+    // No line has more cells than bytes. Most are not counted: they are shorter than the longest.
+    if (width(static_cast<int64_t>(line.size())) > m_ContentWidth)
+    {
+        m_ContentWidth = std::max(m_ContentWidth, width(m_Shown->CellCountOf(line)));
+    }
+}
+
+void wxTextLineCtrl::MeasureAll()
+{
+    m_ContentWidth = 0;
+    for (int line = 0; line < m_Lines->Count();)
+    {
+        const textviews::LineStore::Block block = m_Lines->BlockOf(line);
+        for (int i = 0; i < block.lineCount; ++i)
+        {
+            Widen(block.Line(i));
+        }
+        line = block.firstLine + block.lineCount;
+    }
 }
 
 void wxTextLineCtrl::LinesMoved()

@@ -9,6 +9,7 @@
 #include <wx/event.h>
 
 #include <memory>
+#include <string_view>
 #include <vector>
 
 class wxMenu;
@@ -20,10 +21,13 @@ class FollowButton;
 class LineStore;
 class LinePainter;
 class LineWatcher;
+class ShownLines;
+class StyleColours;
 class TextPalette;
 class TextPlaces;
 class TextSelection;
 struct _FontExtents;
+struct LineLook;
 struct LineMatch;
 struct LineState;
 struct TextGeometry;
@@ -42,7 +46,8 @@ wxDECLARE_EXPORTED_EVENT(TOLVAN_API, wxtEVT_TEXT_SIZE, wxCommandEvent);
 /// unit of everything; there is no caret. Shift with the arrows, Page Up and Page Down, and a click
 /// with Shift, select as far as another line; the Menu key opens the menu there. Text that is not
 /// valid UTF-8 is shown byte by byte, and everything is stored, copied and saved byte for byte
-/// (tabs are stored as four spaces).
+/// (tabs are stored as four spaces). Control characters are shown by their pictures, in a quieter
+/// colour than text.
 ///
 /// There is no limit on lines but memory, unless `SetLineLimit` sets one for a stream without end.
 /// The search bar is a sibling of the control; whoever lays the two out puts `GetSearchPanel()`
@@ -59,7 +64,17 @@ public:
         id_ScrollToTop = 7304,
         id_ScrollToBottom = 7305,
         id_SaveAs = 7306,
-        id_Search = 7307
+        id_Search = 7307,
+        id_CopyPlain = 7308 ///< Offered unless lines are shown raw.
+    };
+
+    /// What becomes of the bytes by which a program directs a terminal: the sequences that begin
+    /// with an escape character, and carriage returns within a line.
+    enum class Escapes
+    {
+        Raw,     ///< Every byte is shown.
+        Plain,   ///< They do what they would do in a terminal, but for colours and the like.
+        Coloured ///< They do what they would do in a terminal.
     };
 
     explicit wxTextLineCtrl(wxWindow* parent);
@@ -147,6 +162,23 @@ public:
     void                        ShowHit(const textviews::LineMatch& match);
     /// @}
 
+    /// @name Escape sequences
+    /// Raw until a host wants something else. Then the sequences are not shown. In `Coloured` they
+    /// colour what is shown, with the scheme's colours for the sixteen that have names, and each
+    /// colour is made as much lighter or darker as text needs to be read on its ground; bold,
+    /// underlined and inverse text is shown so. Every line begins without colours, whatever the one
+    /// before it has set. After a carriage return within a line, as programs print it to tell how
+    /// far they are, what follows stands in the place of what was there. A sequence that is wrong,
+    /// too long or cut off by the line's end is shown as any text. Lines are stored, copied, saved
+    /// and searched byte by byte all the same, and columns of hits count characters of the stored
+    /// line.
+    /// @{
+    void    SetEscapes(Escapes escapes);
+    Escapes GetEscapes() const { return m_Escapes; }
+    /// As `CopySelectionToClipboard`, but what `Plain` shows of the lines.
+    void CopyPlainTextToClipboard();
+    /// @}
+
     /// @name Size of the text
     /// In points. Ctrl with the wheel, plus and minus change it, Ctrl+0 takes it back; a host hears
     /// of that by `wxtEVT_TEXT_SIZE` and may keep it. The line at the top stays there.
@@ -188,16 +220,22 @@ private:
     textviews::TextPalette  Palette() const;
     textviews::LineState    StateOf(int line) const;
     int                     EndOfDrawnLines(const textviews::TextGeometry& geometry) const;
-    wxColour InkOf(const textviews::LineState& state, const textviews::TextPalette& palette) const;
+    textviews::LineLook     LookOf(const textviews::LineState&   state,
+                                   const textviews::TextPalette& palette) const;
+    void DrawText(const textviews::TextGeometry& geometry, const textviews::LineLook& look,
+                  textviews::LinePainter& painter, int line) const;
     void DrawLine(const textviews::TextGeometry& geometry, const textviews::TextPalette& palette,
                   textviews::LinePainter& painter, int line) const;
-    void DrawHit(const textviews::TextGeometry& geometry, const textviews::TextPalette& palette,
+    void DrawHit(const textviews::TextGeometry& geometry, const textviews::LineLook& look,
                  textviews::LinePainter& painter) const;
+    std::vector<wxRect> HitRows(const textviews::TextGeometry& geometry) const;
     void DrawFocus(const textviews::TextPalette& palette, textviews::LinePainter& painter) const;
     void AskForChangedLines();
 
     int                      InsertSorted(const String& line);
     void                     Extend(const String& line, int index);
+    void                     Widen(std::string_view line);
+    void                     MeasureAll();
     void                     Drop(int index);
     int                      DropOldest();
     void                     LinesMoved();
@@ -209,11 +247,12 @@ private:
     void TellFollowing();
     void ChangeTextSize(int points);
     void SaveOrTell();
-    void OnCtrlKey(int key);
+    void OnCtrlKey(int key, bool shift);
     bool SelectByKey(int key, bool ctrl);
     void ShowLine(int line);
 
-    String SelectedText() const;
+    String SelectedText(bool plain) const;
+    void   CopySelected(bool plain);
     void   ScrollIntoView(const textviews::LineMatch& match);
     void   MakeSearchPanel();
     void   FindAgain(bool forward);
@@ -221,6 +260,9 @@ private:
     const textviews::_FontExtents*            m_Font; ///< Never null.
     std::unique_ptr<textviews::LineStore>     m_Lines;
     std::unique_ptr<textviews::TextPlaces>    m_Places;
+    textviews::ShownLines*                    m_Shown; ///< It is the places.
+    Escapes                                   m_Escapes = Escapes::Raw;
+    std::unique_ptr<textviews::StyleColours>  m_Colours;
     int                                       m_MarkedLine = -1;
     int                                       m_MatchColumn = -1;
     int                                       m_MatchLength = 0;

@@ -28,6 +28,7 @@ public:
     ~Canvas();
 
     void SetColour(const wxColour& colour);
+    void SetBold(bool bold, wxDC& dc, const wxFont& font);
     void DrawCell(const wchar_t* characters, int count, int x, int y, int width);
     void DrawAscii(const char* characters, size_t count, int x, int y, int width);
     void DrawRun(const std::wstring& text, const std::vector<double>& ends, int x, int y);
@@ -36,7 +37,7 @@ public:
     void Unclip();
     void Flush();
 
-    GlyphTable& Glyphs() { return m_Glyphs; }
+    GlyphTable& Glyphs() { return *m_Glyphs; }
 
 private:
     void Add(const Glyph& glyph, double x, int y);
@@ -47,7 +48,9 @@ private:
 
     std::unique_ptr<wxGraphicsContext> m_Context;
     cairo_t*                           m_Cairo;
-    GlyphTable&                        m_Glyphs;
+    GlyphTable&                        m_Regular;
+    GlyphTable*                        m_Bold = nullptr; ///< Null until it is used.
+    GlyphTable*                        m_Glyphs;         ///< One of the two.
     cairo_scaled_font_t*               m_BatchFont = nullptr;
     std::vector<cairo_glyph_t>         m_Batch;        ///< All of that font.
     int                                m_BatchTop = 0; ///< Where its lines are, pixels.
@@ -59,7 +62,8 @@ private:
 TextPainter::Canvas::Canvas(std::unique_ptr<wxGraphicsContext> context, GlyphTable& glyphs)
     : m_Context(std::move(context)),
       m_Cairo(static_cast<cairo_t*>(m_Context->GetNativeContext())),
-      m_Glyphs(glyphs)
+      m_Regular(glyphs),
+      m_Glyphs(&glyphs)
 {
     // The device context draws on the same surface; it finds its own state again afterwards.
     cairo_save(m_Cairo);
@@ -87,16 +91,28 @@ void TextPainter::Canvas::SetColour(const wxColour& colour)
     }
 }
 
+// Where bold glyphs can't be had the common ones have to do.
+void TextPainter::Canvas::SetBold(bool bold, wxDC& dc, const wxFont& font)
+{
+    if (bold && !m_Bold)
+    {
+        GlyphTable* const glyphs = GlyphTable::For(m_Cairo, dc, font.Bold());
+        m_Bold = glyphs ? glyphs : &m_Regular;
+        dc.SetFont(font);
+    }
+    m_Glyphs = bold ? m_Bold : &m_Regular;
+}
+
 void TextPainter::Canvas::DrawCell(const wchar_t* characters, int count, int x, int y, int width)
 {
-    Draw(m_Glyphs.Of(characters, count), x, y, width);
+    Draw(m_Glyphs->Of(characters, count), x, y, width);
 }
 
 void TextPainter::Canvas::DrawAscii(const char* characters, size_t count, int x, int y, int width)
 {
     for (size_t i = 0; i < count; ++i)
     {
-        Draw(m_Glyphs.OfAscii(characters[i]), x, y, width);
+        Draw(m_Glyphs->OfAscii(characters[i]), x, y, width);
         x += width;
     }
 }
@@ -127,10 +143,10 @@ void TextPainter::Canvas::Add(const Glyph& glyph, double x, int y)
     const int  top = glyph.tall ? std::numeric_limits<int>::min() : y - kOverhang;
     const int  bottom = glyph.tall
                             ? std::numeric_limits<int>::max()
-                            : y + static_cast<int>(std::ceil(m_Glyphs.LineHeight())) + kOverhang;
+                            : y + static_cast<int>(std::ceil(m_Regular.LineHeight())) + kOverhang;
     m_BatchTop = isFirst ? top : std::min(m_BatchTop, top);
     m_BatchBottom = isFirst ? bottom : std::max(m_BatchBottom, bottom);
-    m_Batch.push_back({glyph.index, x + glyph.dx, y + m_Glyphs.Baseline() + glyph.dy});
+    m_Batch.push_back({glyph.index, x + glyph.dx, y + m_Regular.Baseline() + glyph.dy});
 }
 
 void TextPainter::Canvas::DrawRun(const std::wstring& text, const std::vector<double>& ends, int x,
@@ -138,7 +154,7 @@ void TextPainter::Canvas::DrawRun(const std::wstring& text, const std::vector<do
 {
     for (size_t i = 0; m_Colour.IsOk() && i < text.size(); ++i)
     {
-        const Glyph& glyph = m_Glyphs.Of(&text[i], 1);
+        const Glyph& glyph = m_Glyphs->Of(&text[i], 1);
         if (!glyph.blank)
         {
             // Kerning is part of the way to a character, not of the character.
@@ -172,7 +188,7 @@ void TextPainter::Canvas::DrawAlone(const Glyph& glyph, int x, int y, int width)
     SetSource(m_Colour);
     if (glyph.tall)
     {
-        cairo_rectangle(m_Cairo, x, y, width, m_Glyphs.LineHeight());
+        cairo_rectangle(m_Cairo, x, y, width, m_Regular.LineHeight());
         cairo_clip(m_Cairo);
     }
     if (!glyph.layout)
@@ -180,7 +196,7 @@ void TextPainter::Canvas::DrawAlone(const Glyph& glyph, int x, int y, int width)
         // First: the font that was used last would be taken as it is, whatever the scale.
         cairo_set_scaled_font(m_Cairo, glyph.font);
     }
-    cairo_translate(m_Cairo, x, y + m_Glyphs.Baseline());
+    cairo_translate(m_Cairo, x, y + m_Regular.Baseline());
     if (glyph.advance > width + kTightFit)
     {
         cairo_scale(m_Cairo, width / glyph.advance, 1.0);
@@ -258,6 +274,23 @@ void TextPainter::SetColour(const wxColour& colour)
     else if (colour.IsOk())
     {
         m_Dc.SetTextForeground(colour);
+    }
+}
+
+void TextPainter::SetBold(bool bold)
+{
+    if (bold == m_Bold)
+    {
+        return;
+    }
+    m_Bold = bold;
+    if (m_Canvas)
+    {
+        m_Canvas->SetBold(bold, m_Dc, m_Font);
+    }
+    else
+    {
+        m_Dc.SetFont(bold ? m_Font.Bold() : m_Font);
     }
 }
 

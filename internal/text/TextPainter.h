@@ -30,6 +30,8 @@ public:
 
     /// The colour of what is drawn from now on; an invalid one draws nothing.
     void SetColour(const wxColour& colour);
+    /// Whether what is drawn from now on is in the font's bold, on the same baseline.
+    void SetBold(bool bold);
     /// Draws one character with its combining marks so that it starts at `x` and fits `width`
     /// pixels: what is wider by nature is squeezed, what is taller than a line is cut off. `y` is
     /// the top of the line.
@@ -60,6 +62,7 @@ private:
 
     wxDC&                   m_Dc;
     wxFont                  m_Font;
+    bool                    m_Bold = false;
     wxColour                m_Colour;
     std::unique_ptr<Canvas> m_Canvas; ///< Null: the toolkit has to draw.
 };

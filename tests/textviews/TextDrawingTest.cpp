@@ -237,6 +237,8 @@ TEST_F(TextViewTest, PartsMakeTheSamePictureAsTheWhole)
         [&] { m_View->SetScrollPos(wxVERTICAL, any(Bottom() + 1)); },
         [&] { m_View->SetScrollPos(wxVERTICAL, Bottom()); },
         [&] { m_View->SetScrollPos(wxHORIZONTAL, any(30)); },
+        [&] { m_View->Append("\x1b[4;32mline\x1b[0m 1\rL\x1b[7mI\x1b[41;1m", any(2) == 0); },
+        [&] { m_View->SetEscapes(static_cast<wxTextLineCtrl::Escapes>(any(3))); },
         [&] { m_View->SetHighlightLine(any(m_View->GetLineCount())); },
         [&]
         {

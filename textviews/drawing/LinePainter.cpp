@@ -30,15 +30,26 @@ LinePainter::LinePainter(wxDC& dc, const wxFont& font, const TextGeometry& geome
 {
 }
 
+void LinePainter::SetInks(const TextInks& inks)
+{
+    m_Inks = inks;
+    m_Painter.SetColour(inks.ink);
+}
+
 void LinePainter::DrawLine(int line, std::string_view text, const Cells& cells)
 {
     const TextPlace start = m_Places.AtCell(line, text, cells.first);
-    auto            byte = static_cast<size_t>(start.byte);
-    int64_t         cell = start.cell;
-    const int       top = m_Geometry.TopOf(line);
-    while (byte < text.size() && cell < cells.end)
+    DrawPart(line, text.substr(static_cast<size_t>(start.byte)), start.cell, cells.end);
+    Flush();
+}
+
+void LinePainter::DrawPart(int line, std::string_view text, int64_t cell, int64_t end)
+{
+    size_t    byte = 0;
+    const int top = m_Geometry.TopOf(line);
+    while (byte < text.size() && cell < end)
     {
-        const size_t run = PlainRun(text.substr(byte, static_cast<size_t>(cells.end - cell)));
+        const size_t run = PlainRun(text.substr(byte, static_cast<size_t>(end - cell)));
         if (run > 0)
         {
             m_Painter.DrawAscii(text.data() + byte, run, m_Geometry.XOf(cell), top,
@@ -51,7 +62,6 @@ void LinePainter::DrawLine(int line, std::string_view text, const Cells& cells)
             cell += DrawCharacter(text, byte, m_Geometry.XOf(cell), top);
         }
     }
-    m_Painter.Flush();
 }
 
 // Draws the character at that byte with its combining marks, moves the byte on beyond them, and
@@ -77,16 +87,11 @@ int LinePainter::DrawCharacter(std::string_view text, size_t& byte, int x, int y
     }
     if (base.cells > 0)
     {
+        const bool isQuiet = IsStandIn(base);
+        m_Painter.SetColour(isQuiet ? m_Inks.quiet : m_Inks.ink);
         m_Painter.DrawCell(shown, count, x, y, base.cells * m_Geometry.columnWidth);
+        m_Painter.SetColour(m_Inks.ink);
     }
     return base.cells;
-}
-
-void LinePainter::DrawLineWithin(const std::vector<wxRect>& rects, int line, std::string_view text,
-                                 const Cells& cells)
-{
-    m_Painter.ClipTo(rects);
-    DrawLine(line, text, cells);
-    m_Painter.Unclip();
 }
 } // namespace textviews

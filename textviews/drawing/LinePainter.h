@@ -1,6 +1,7 @@
 #pragma once
 
 #include "internal/text/TextPainter.h"
+#include "textviews/drawing/StyleColours.h"
 #include "textviews/lines/TextCells.h"
 #include "textviews/lines/TextGeometry.h"
 
@@ -22,13 +23,18 @@ public:
 
     LinePainter(wxDC& dc, const wxFont& font, const TextGeometry& geometry, TextPlaces& places);
 
-    void SetColour(const wxColour& colour) { m_Painter.SetColour(colour); }
+    void SetInks(const TextInks& inks);
+    void SetBold(bool bold) { m_Painter.SetBold(bold); }
     /// Draws the characters of the line that lie at least in part in the stretch.
     void DrawLine(int line, std::string_view text, const Cells& cells);
-    /// The same, cut off outside the rectangles.
-    void DrawLineWithin(const std::vector<wxRect>& rects, int line, std::string_view text,
-                        const Cells& cells);
+    /// Draws a part of a line from that cell on, as far as `end`.
+    void DrawPart(int line, std::string_view text, int64_t cell, int64_t end);
     void Fill(const wxRect& rect, const wxColour& colour) { m_Painter.Fill(rect, colour); }
+    /// Nothing waits to be drawn any more.
+    void Flush() { m_Painter.Flush(); }
+    /// Keeps what is drawn from now on within these rectangles, until `Unclip`.
+    void ClipTo(const std::vector<wxRect>& rects) { m_Painter.ClipTo(rects); }
+    void Unclip() { m_Painter.Unclip(); }
 
 private:
     int DrawCharacter(std::string_view text, size_t& byte, int x, int y);
@@ -36,5 +42,6 @@ private:
     internal::TextPainter m_Painter;
     const TextGeometry&   m_Geometry;
     TextPlaces&           m_Places;
+    TextInks              m_Inks;
 };
 } // namespace textviews

@@ -24,6 +24,8 @@ constexpr uint32_t kDeletePicture = 0x2421;
 constexpr uint32_t kNewlinePicture = 0x2424;
 constexpr uint32_t kReplacement = 0xFFFD;
 
+constexpr uint32_t kLastInvalid = kInvalidByteBase + 0xFF;
+
 uint32_t ShownFor(uint32_t code)
 {
     if (code < 0x20)
@@ -87,6 +89,12 @@ TextCell CellAt(std::string_view text, size_t byte)
         return {ShownFor(character.code), kInvalidByteBase + character.code, 1, 1};
     }
     return {ShownFor(character.code), character.code, character.length, CellsFor(character.code)};
+}
+
+bool IsStandIn(const TextCell& cell)
+{
+    const bool isInvalid = cell.code >= kInvalidByteBase && cell.code <= kLastInvalid;
+    return cell.shown != (isInvalid ? cell.code - kInvalidByteBase : cell.code);
 }
 
 int64_t CellCount(std::string_view text)

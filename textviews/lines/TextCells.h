@@ -34,6 +34,8 @@ struct TextPlace
 
 bool     IsAscii(std::string_view text);
 TextCell CellAt(std::string_view text, size_t byte);
+/// What is drawn is no character of the line, but stands for one that has no look of its own.
+bool IsStandIn(const TextCell& cell);
 /// Cells of the whole text.
 int64_t CellCount(std::string_view text);
 /// Moves the place on over every character that ends within all three limits: with a limit of
@@ -45,9 +47,11 @@ void AdvancePlace(std::string_view text, TextPlace& place, const TextPlace& limi
 class TextPlaces
 {
 public:
-    TextPlace AtCell(int line, std::string_view text, int64_t cell);
-    TextPlace AtColumn(int line, std::string_view text, int64_t column);
-    void      Forget() { m_Marks.clear(); }
+    virtual ~TextPlaces() = default;
+
+    TextPlace         AtCell(int line, std::string_view text, int64_t cell);
+    virtual TextPlace AtColumn(int line, std::string_view text, int64_t column);
+    virtual void      Forget() { m_Marks.clear(); }
 
 private:
     using Marks = std::vector<TextPlace>;
