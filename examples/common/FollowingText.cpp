@@ -14,6 +14,15 @@ namespace
 const char* const kSection = "Logs";
 const char* const kReadable = "ReadableSelection";
 const char* const kTextSize = "TextSize";
+const char* const kEscapes = "EscapeSequences";
+
+constexpr struct
+{
+    wxTextLineCtrl::Escapes escapes;
+    const char*             name; ///< As it is kept.
+} kEscapeNames[] = {{wxTextLineCtrl::Escapes::Coloured, "coloured"},
+                    {wxTextLineCtrl::Escapes::Plain, "plain"},
+                    {wxTextLineCtrl::Escapes::Raw, "raw"}};
 
 std::set<FollowingText*>& All()
 {
@@ -26,6 +35,7 @@ FollowingText::FollowingText(wxWindow* parent) : wxTextLineCtrl(parent)
 {
     All().insert(this);
     SetReadableSelection(IsReadableWanted());
+    SetEscapes(WantedEscapes());
     const String size = Application::the_Application->Options().GetValue(kSection, kTextSize);
     SetTextSize(static_cast<int>(size.ToInt(GetTextSize())));
     Bind(wxtEVT_TEXT_SIZE, [](wxCommandEvent& event) { WantTextSize(event.GetInt()); });
@@ -65,6 +75,34 @@ void FollowingText::WantReadable(bool wanted)
     }
 }
 
+wxTextLineCtrl::Escapes FollowingText::WantedEscapes()
+{
+    const String kept = Application::the_Application->Options().GetValue(kSection, kEscapes);
+    for (const auto& entry : kEscapeNames)
+    {
+        if (kept == entry.name)
+        {
+            return entry.escapes;
+        }
+    }
+    return Escapes::Coloured;
+}
+
+void FollowingText::WantEscapes(Escapes wanted)
+{
+    for (const auto& entry : kEscapeNames)
+    {
+        if (entry.escapes == wanted)
+        {
+            Application::the_Application->Options().SetValue(kSection, kEscapes, entry.name);
+        }
+    }
+    for (FollowingText* const text : All())
+    {
+        text->SetEscapes(wanted);
+    }
+}
+
 int FollowingText::Add(const String& line)
 {
     return Append(line, false);
@@ -79,6 +117,7 @@ void AppendTextCommands(wxMenu& menu)
         wxString key;
     } entries[] = {
         {wxTextLineCtrl::id_Copy, wxGetTranslation("&Copy"), "Ctrl+C"},
+        {wxTextLineCtrl::id_CopyPlain, wxGetTranslation("Copy as Plain &Text"), "Ctrl+Shift+C"},
         {wxTextLineCtrl::id_SelectAll, wxGetTranslation("Select &All"), "Ctrl+A"},
         {wxTextLineCtrl::id_Search, wxGetTranslation("&Search..."), "Ctrl+F"},
     };
@@ -86,6 +125,13 @@ void AppendTextCommands(wxMenu& menu)
     {
         wxtShowMenuKey(*menu.Append(entry.id, entry.label), entry.key);
     }
+    menu.Bind(wxEVT_MENU_OPEN,
+              [&menu](wxMenuEvent& event)
+              {
+                  event.Skip();
+                  menu.Enable(wxTextLineCtrl::id_CopyPlain,
+                              FollowingText::WantedEscapes() != wxTextLineCtrl::Escapes::Raw);
+              });
 }
 
 void AppendSave(wxMenu& menu, const wxString& label)

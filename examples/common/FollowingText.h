@@ -18,6 +18,10 @@ public:
     /// promise; without a choice they do. It is kept, and shown by all of the program.
     static bool IsReadableWanted();
     static void WantReadable(bool wanted);
+    /// What becomes of escape sequences in all the program's logs; kept. They are coloured without
+    /// a choice.
+    static Escapes WantedEscapes();
+    static void    WantEscapes(Escapes wanted);
     /// Points, of all the program's logs; kept.
     static void WantTextSize(int points);
 

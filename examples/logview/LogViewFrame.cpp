@@ -4,6 +4,7 @@
 #include "appearance/wxtNotebook.h"
 #include "appearance/wxtStockControls.h"
 #include "common/AboutInfo.h"
+#include "common/EscapesMenu.h"
 #include "common/FollowingText.h"
 #include "common/LogLookChoice.h"
 #include "common/PreferencesDlg.h"
@@ -103,6 +104,7 @@ void LogViewFrame::BuildMenus()
 
     auto* const view = new wxMenu;
     view->AppendCheckItem(id_Follow, wxGetTranslation("&Follow the End\tF5"))->Check();
+    AppendEscapes(*view);
     view->AppendSubMenu(new wxColorMenu, wxGetTranslation("&Colours"));
     view->AppendCheckItem(id_FullScreen, wxGetTranslation("F&ull Screen\tF11"));
 
@@ -141,7 +143,7 @@ void LogViewFrame::BuildMenus()
     Bind(wxEVT_MENU, &LogViewFrame::OnPreferences, this, wxID_PREFERENCES);
     Bind(wxEVT_MENU, &LogViewFrame::OnAbout, this, wxID_ABOUT);
     Bind(wxEVT_MENU, &LogViewFrame::OnTextCommand, this, wxTextLineCtrl::id_SelectAll,
-         wxTextLineCtrl::id_Search);
+         wxTextLineCtrl::id_CopyPlain);
 }
 
 void LogViewFrame::BuildPages()

@@ -9,6 +9,7 @@
 #include "appearance/wxtScrolledPane.h"
 #include "appearance/wxtSplitterWindow.h"
 #include "appearance/wxtStockControls.h"
+#include "common/EscapesMenu.h"
 #include "common/FollowingText.h"
 #include "tolvan/JobFactory.h"
 #include "vesta/Application.h"
@@ -85,6 +86,8 @@ void JobWindow::BuildMenus(const Resubmit& resubmit)
     view->Append(id_SwitchPane, wxGetTranslation("Switch &Pane\tF6"));
     view->Append(id_SashDown, wxGetTranslation("More Room for the &Details\tAlt+Down"));
     view->Append(id_SashUp, wxGetTranslation("More Room for the &Output\tAlt+Up"));
+    view->AppendSeparator();
+    AppendEscapes(*view);
 
     JobMenu::Own own;
     own.resubmit = [this, resubmit](const String& id) { resubmit(id, this); };
@@ -109,7 +112,7 @@ void JobWindow::BuildMenus(const Resubmit& resubmit)
     on(id_SashUp, [this] { m_Splitter->MoveSash(-kSashStep); });
     Bind(
         wxEVT_MENU, [this](wxCommandEvent& event) { m_Output->OnMenu(event); },
-        wxTextLineCtrl::id_SelectAll, wxTextLineCtrl::id_Search);
+        wxTextLineCtrl::id_SelectAll, wxTextLineCtrl::id_CopyPlain);
     Bind(wxEVT_MENU, &JobWindow::OnCommand, this);
 }
 

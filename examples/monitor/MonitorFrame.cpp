@@ -99,7 +99,7 @@ void MonitorFrame::BindCommands()
     on(wxID_ABOUT, [this](wxCommandEvent&) { OnAbout(); });
     BindListCommands();
     Bind(wxEVT_MENU, &MonitorFrame::OnTextCommand, this, wxTextLineCtrl::id_SelectAll,
-         wxTextLineCtrl::id_Search);
+         wxTextLineCtrl::id_CopyPlain);
     // Bound last, it is asked first: nobody else knows the ids of those menus.
     Bind(wxEVT_MENU, &MonitorFrame::OnJobCommand, this);
 }
@@ -248,7 +248,8 @@ void MonitorFrame::OnTextCommand(wxCommandEvent& event)
     {
         m_Log->OnMenu(event);
     }
-    else if (event.GetId() == wxTextLineCtrl::id_Copy)
+    else if (event.GetId() == wxTextLineCtrl::id_Copy ||
+             event.GetId() == wxTextLineCtrl::id_CopyPlain)
     {
         m_Jobs->CopyRows();
     }

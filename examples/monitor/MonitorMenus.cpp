@@ -2,6 +2,7 @@
 
 #include "monitor/JobMenu.h"
 
+#include "common/EscapesMenu.h"
 #include "common/FollowingText.h"
 #include "shell/OpenWindows.h"
 #include "shell/wxColorMenu.h"
@@ -57,6 +58,7 @@ wxMenu* ViewMenu()
     menu->Append(id_MoreJobs, wxGetTranslation("More Room for the &Jobs\tAlt+Down"));
     menu->Append(id_MoreLog, wxGetTranslation("More Room for the &Log\tAlt+Up"));
     menu->AppendSeparator();
+    AppendEscapes(*menu);
     menu->AppendSubMenu(new wxColorMenu, wxGetTranslation("&Colours"));
     menu->AppendCheckItem(id_FullScreen, wxGetTranslation("F&ull Screen\tF11"));
     return menu;
