@@ -46,8 +46,8 @@ wxDECLARE_EXPORTED_EVENT(TOLVAN_API, wxtEVT_TEXT_SIZE, wxCommandEvent);
 /// unit of everything; there is no caret. Shift with the arrows, Page Up and Page Down, and a click
 /// with Shift, select as far as another line; the Menu key opens the menu there. Text that is not
 /// valid UTF-8 is shown byte by byte, and everything is stored, copied and saved byte for byte
-/// (tabs are stored as four spaces). Control characters are shown by their pictures, in a quieter
-/// colour than text.
+/// (tabs are stored as four spaces). Control characters are shown by their pictures or two narrow
+/// letters each, in a quieter colour than text.
 ///
 /// There is no limit on lines but memory, unless `SetLineLimit` sets one for a stream without end.
 /// The search bar is a sibling of the control; whoever lays the two out puts `GetSearchPanel()`

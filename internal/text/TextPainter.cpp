@@ -324,6 +324,11 @@ void TextPainter::DrawAscii(const char* characters, size_t count, int x, int y, 
     }
 }
 
+bool TextPainter::Has(wchar_t character)
+{
+    return !m_Canvas || m_Canvas->Glyphs().Of(&character, 1).font;
+}
+
 double TextPainter::Step(wchar_t a, wchar_t b)
 {
     return m_Canvas ? m_Canvas->Glyphs().Step(a, b) : std::numeric_limits<double>::quiet_NaN();

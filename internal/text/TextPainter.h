@@ -36,6 +36,8 @@ public:
     /// pixels: what is wider by nature is squeezed, what is taller than a line is cut off. `y` is
     /// the top of the line.
     void DrawCell(const wchar_t* characters, int count, int x, int y, int width);
+    /// Whether a font has the character; where the toolkit draws, that is not known, and true.
+    bool Has(wchar_t character);
     /// Draws a run of printable ASCII characters, each as `DrawCell` does, `width` pixels apart.
     void DrawAscii(const char* characters, size_t count, int x, int y, int width);
     /// Where each character of a text ends when the toolkit draws it: pixels from its start. Empty

@@ -184,7 +184,7 @@ TEST_F(TextViewTest, TheWidthIsThatOfWhatIsShown)
 
 TEST_F(TextViewTest, StandInsLookLikeNoCharacter)
 {
-    // Carriage return, form feed, NUL and escape, and the characters of the same look.
+    // Carriage return, form feed, NUL and escape, and the characters that are their pictures.
     using namespace std::string_literals;
     Append({"x\r", "x\xe2\x90\x8d", "x\f", "x\xe2\x90\x8c", "x\0"s, "x\xe2\x90\x80", "x\x1b",
             "x\xe2\x90\x9b", "x\xc2\x85", "x\xef\xbf\xbd", "x"});
@@ -199,6 +199,10 @@ TEST_F(TextViewTest, StandInsLookLikeNoCharacter)
             EXPECT_FALSE(SamePixels(shown, look.Cells(line + 1, 1, 2)))
                 << line << " " << scheme << Kept(look.picture, "standins");
             EXPECT_FALSE(SamePixels(shown, blank)) << line << " " << scheme;
+            for (int other = 0; other < line; other += 2)
+            {
+                EXPECT_FALSE(SamePixels(shown, look.Cells(other, 1, 2))) << line << " " << other;
+            }
             EXPECT_TRUE(SamePixels(look.Cells(line, 0, 1), look.Cells(10, 0, 1))) << line;
         }
     }

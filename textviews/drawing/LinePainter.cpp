@@ -1,5 +1,7 @@
 #include "textviews/drawing/LinePainter.h"
 
+#include <iterator>
+
 namespace textviews
 {
 namespace
@@ -9,6 +11,19 @@ constexpr int kMostMarks = 15; // combining marks drawn on one character
 bool IsAscii(char c)
 {
     return static_cast<unsigned char>(c) < 0x80;
+}
+
+// What a control character is called, in two letters that one cell has room for.
+constexpr wchar_t kNames[][3] = {L"NU", L"SH", L"SX", L"EX", L"ET", L"EQ", L"AK", L"BL",
+                                 L"BS", L"HT", L"LF", L"VT", L"FF", L"CR", L"SO", L"SI",
+                                 L"DL", L"D1", L"D2", L"D3", L"D4", L"NK", L"SY", L"EB",
+                                 L"CN", L"EM", L"SB", L"EC", L"FS", L"GS", L"RS", L"US"};
+constexpr wchar_t kDeleteName[] = L"DT";
+constexpr size_t  kControls = std::size(kNames);
+
+const wchar_t* NameOf(uint32_t code)
+{
+    return code < kControls ? kNames[code] : code == 0x7f ? kDeleteName : nullptr;
 }
 
 // How many printable ASCII characters the text starts with. One that something else follows does
@@ -34,6 +49,26 @@ void LinePainter::SetInks(const TextInks& inks)
 {
     m_Inks = inks;
     m_Painter.SetColour(inks.ink);
+}
+
+// Few fonts have pictures of the controls, and the box for what a font does not have is the same
+// for all of them at this size.
+void LinePainter::DrawStandIn(const TextCell& cell, int x, int y)
+{
+    const auto           picture = static_cast<wchar_t>(cell.shown);
+    const wchar_t* const name = NameOf(cell.code);
+    m_Painter.SetColour(m_Inks.quiet);
+    if (name && !m_Painter.Has(picture))
+    {
+        const int half = m_Geometry.columnWidth / 2;
+        m_Painter.DrawCell(name, 1, x, y, half);
+        m_Painter.DrawCell(name + 1, 1, x + half, y, m_Geometry.columnWidth - half);
+    }
+    else
+    {
+        m_Painter.DrawCell(&picture, 1, x, y, m_Geometry.columnWidth);
+    }
+    m_Painter.SetColour(m_Inks.ink);
 }
 
 void LinePainter::DrawLine(int line, std::string_view text, const Cells& cells)
@@ -87,10 +122,15 @@ int LinePainter::DrawCharacter(std::string_view text, size_t& byte, int x, int y
     }
     if (base.cells > 0)
     {
-        const bool isQuiet = IsStandIn(base);
-        m_Painter.SetColour(isQuiet ? m_Inks.quiet : m_Inks.ink);
-        m_Painter.DrawCell(shown, count, x, y, base.cells * m_Geometry.columnWidth);
-        m_Painter.SetColour(m_Inks.ink);
+        const int width = base.cells * m_Geometry.columnWidth;
+        if (IsStandIn(base))
+        {
+            DrawStandIn(base, x, y);
+        }
+        else
+        {
+            m_Painter.DrawCell(shown, count, x, y, width);
+        }
     }
     return base.cells;
 }

@@ -37,7 +37,8 @@ public:
     void Unclip() { m_Painter.Unclip(); }
 
 private:
-    int DrawCharacter(std::string_view text, size_t& byte, int x, int y);
+    int  DrawCharacter(std::string_view text, size_t& byte, int x, int y);
+    void DrawStandIn(const TextCell& cell, int x, int y);
 
     internal::TextPainter m_Painter;
     const TextGeometry&   m_Geometry;
