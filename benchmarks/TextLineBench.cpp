@@ -112,11 +112,9 @@ void AppendAndRepaint(benchmark::State& state)
 }
 BENCHMARK(AppendAndRepaint)->Arg(kMillion / 10)->Arg(kMillion)->Arg(10 * kMillion)->Apply(Once);
 
-// A full repaint at random places; the median.
-void RepaintAnywhere(benchmark::State& state)
+// Full repaints at random places; the median.
+void MeasureRepaints(benchmark::State& state, const Stage& stage)
 {
-    const Stage stage;
-    stage.Fill(static_cast<int>(state.range(0)));
     std::mt19937 random(kSeed);
     MeasureMedian(state,
                   [&]
@@ -130,7 +128,76 @@ void RepaintAnywhere(benchmark::State& state)
                       return watch.Shown();
                   });
 }
+
+void RepaintAnywhere(benchmark::State& state)
+{
+    const Stage stage;
+    stage.Fill(static_cast<int>(state.range(0)));
+    MeasureRepaints(state, stage);
+}
 BENCHMARK(RepaintAnywhere)->Arg(1000)->Arg(kMillion)->Apply(Repaints);
+
+// The same lines, and by the second argument how they come and are shown.
+enum Colouring
+{
+    kWithout,    // without colours
+    kNotFound,   // a view that looks for colours, and there are none
+    kNotShown,   // with colours, all bytes of which are shown
+    kWithColours // with colours
+};
+
+using ToLine = const String& (*)(int);
+
+ToLine Prepare(wxTextLineCtrl& view, long long colouring)
+{
+    const bool isFollowed = colouring == kNotFound || colouring == kWithColours;
+    view.SetEscapes(isFollowed ? wxTextLineCtrl::Escapes::Coloured : wxTextLineCtrl::Escapes::Raw);
+    return colouring == kNotShown || colouring == kWithColours ? ColouredLine : WorkloadLine;
+}
+
+void RepaintColours(benchmark::State& state)
+{
+    const Stage  stage;
+    const ToLine line = Prepare(*stage.operator->(), state.range(1));
+    for (int i = 0; i < state.range(0); ++i)
+    {
+        stage->Append(line(i), false);
+    }
+    PumpEvents();
+    MeasureRepaints(state, stage);
+}
+BENCHMARK(RepaintColours)
+    ->Args({kMillion / 10, kWithout})
+    ->Args({kMillion / 10, kNotFound})
+    ->Args({kMillion / 10, kNotShown})
+    ->Args({kMillion / 10, kWithColours})
+    ->Apply(Repaints);
+
+void AppendColours(benchmark::State& state)
+{
+    for (auto _ : state)
+    {
+        const Stage  stage;
+        const ToLine line = Prepare(*stage.operator->(), state.range(1));
+        line(0); // the first one makes all
+        const auto start = Clock::now();
+        for (int i = 0; i < state.range(0); ++i)
+        {
+            stage->Append(line(i), false);
+        }
+        const double took = Seconds(Clock::now() - start);
+        state.SetIterationTime(took);
+        state.counters["append_ns"] = took * 1e9 / static_cast<double>(state.range(0));
+    }
+}
+BENCHMARK(AppendColours)
+    ->Args({kMillion, kWithout})
+    ->Args({kMillion, kNotFound})
+    ->Args({kMillion, kNotShown})
+    ->Args({kMillion, kWithColours})
+    ->Iterations(3)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 
 // From the top to a hit in the last line.
 void SearchToTheLastLine(benchmark::State& state)

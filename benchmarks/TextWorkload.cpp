@@ -26,6 +26,20 @@ String MakeLine(std::mt19937& random)
     line.resize(size);
     return line;
 }
+
+String Coloured(const String& line)
+{
+    const String warning = "warning";
+    const size_t number = line.find(' ');
+    String       coloured = "\x1b[32m" + line.substr(0, number) + "\x1b[0m";
+    size_t       done = number;
+    for (size_t at = line.find(warning); at != String::npos; at = line.find(warning, done))
+    {
+        coloured += line.substr(done, at - done) + "\x1b[1;33m" + warning + "\x1b[0m";
+        done = at + warning.size();
+    }
+    return coloured + line.substr(done);
+}
 } // namespace
 
 const std::vector<String>& WorkloadLines()
@@ -47,6 +61,21 @@ const std::vector<String>& WorkloadLines()
 const String& WorkloadLine(int number)
 {
     return WorkloadLines()[static_cast<size_t>(number % kLines)];
+}
+
+const String& ColouredLine(int number)
+{
+    static const std::vector<String> s_Lines = []
+    {
+        std::vector<String> lines;
+        lines.reserve(kLines);
+        for (const String& line : WorkloadLines())
+        {
+            lines.push_back(Coloured(line));
+        }
+        return lines;
+    }();
+    return s_Lines[static_cast<size_t>(number % kLines)];
 }
 
 const std::vector<String>& UnsortedLines()

@@ -14,5 +14,8 @@ constexpr int kSortedLines = 50000;
 const std::vector<String>& WorkloadLines();
 /// One of them for every number.
 const String& WorkloadLine(int number);
+/// The same line as a program prints it for a terminal: its number in green, and each warning bold
+/// and yellow.
+const String& ColouredLine(int number);
 /// `kSortedLines` lines that come in no order, to be kept sorted byte by byte.
 const std::vector<String>& UnsortedLines();

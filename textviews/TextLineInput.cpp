@@ -53,7 +53,7 @@ constexpr MenuEntry kStandardEntries[] = {
     {wxTextLineCtrl::id_SelectNone, wxTRANSLATE("Select None\tEsc")},
     {0, nullptr},
     {wxTextLineCtrl::id_Copy, wxTRANSLATE("Copy\tCtrl+C")},
-    {wxTextLineCtrl::id_CopyPlain, wxTRANSLATE("Copy as Plain Text\tCtrl+Shift+C")},
+    {wxTextLineCtrl::id_CopyPlain, wxTRANSLATE("Copy as Plain Text")},
     {0, nullptr},
     {wxTextLineCtrl::id_ScrollToTop, wxTRANSLATE("Scroll to Top\tCtrl+Home")},
     {wxTextLineCtrl::id_ScrollToBottom, wxTRANSLATE("Scroll to Bottom\tCtrl+End")},
@@ -207,7 +207,7 @@ void wxTextLineCtrl::OnKey(wxKeyEvent& event)
     }
     else if (event.ControlDown())
     {
-        OnCtrlKey(key, event.ShiftDown());
+        OnCtrlKey(key);
     }
 }
 
@@ -274,7 +274,7 @@ void wxTextLineCtrl::OnContextMenu(wxContextMenuEvent& event)
     }
 }
 
-void wxTextLineCtrl::OnCtrlKey(int key, bool shift)
+void wxTextLineCtrl::OnCtrlKey(int key)
 {
     switch (key)
     {
@@ -282,7 +282,7 @@ void wxTextLineCtrl::OnCtrlKey(int key, bool shift)
         SelectAll();
         break;
     case 'C':
-        CopySelected(shift && m_Escapes != Escapes::Raw);
+        CopySelectionToClipboard();
         break;
     case 'F':
         ToggleSearch();

@@ -247,7 +247,7 @@ private:
     void TellFollowing();
     void ChangeTextSize(int points);
     void SaveOrTell();
-    void OnCtrlKey(int key, bool shift);
+    void OnCtrlKey(int key);
     bool SelectByKey(int key, bool ctrl);
     void ShowLine(int line);
 

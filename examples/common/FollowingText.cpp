@@ -117,7 +117,7 @@ void AppendTextCommands(wxMenu& menu)
         wxString key;
     } entries[] = {
         {wxTextLineCtrl::id_Copy, wxGetTranslation("&Copy"), "Ctrl+C"},
-        {wxTextLineCtrl::id_CopyPlain, wxGetTranslation("Copy as Plain &Text"), "Ctrl+Shift+C"},
+        {wxTextLineCtrl::id_CopyPlain, wxGetTranslation("Copy as Plain &Text"), ""},
         {wxTextLineCtrl::id_SelectAll, wxGetTranslation("Select &All"), "Ctrl+A"},
         {wxTextLineCtrl::id_Search, wxGetTranslation("&Search..."), "Ctrl+F"},
     };
