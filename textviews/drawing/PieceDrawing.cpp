@@ -1,6 +1,7 @@
 #include "textviews/drawing/PieceDrawing.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 
 namespace textviews
@@ -10,6 +11,7 @@ namespace
 constexpr int64_t kNoLimit = std::numeric_limits<int64_t>::max();
 constexpr int     kUnderlineShare = 14; // of a line's height
 constexpr int     kUnderlineGap = 1;    // pixels below it
+constexpr size_t  kMostStyles = 8;      // of a line that is drawn style by style
 
 using Place = ShownPieces::const_iterator;
 
@@ -33,7 +35,7 @@ public:
     void Draw(Place first, Place end)
     {
         ForEach(first, end, [this](const ShownPiece& piece) { FillGround(piece); });
-        ForEach(first, end, [this](const ShownPiece& piece) { DrawText(piece); });
+        DrawTexts(first, end);
         m_Painter.SetBold(false);
         m_Painter.Flush();
         ForEach(first, end, [this](const ShownPiece& piece) { Underline(piece); });
@@ -50,6 +52,41 @@ private:
                 m_Inks = m_Look.InksOf(m_Style);
             }
             act(*piece);
+        }
+    }
+    // Style by style: text of one colour can be drawn at once. Where there are very many it is not
+    // worth the looking.
+    void DrawTexts(Place first, Place end)
+    {
+        std::array<const TextStyle*, kMostStyles> styles{};
+        size_t                                    count = 0;
+        for (Place piece = first; piece != end; ++piece)
+        {
+            const auto known =
+                std::find_if(styles.begin(), styles.begin() + count,
+                             [&piece](const TextStyle* style) { return *style == piece->style; });
+            if (known == styles.begin() + count)
+            {
+                if (count == kMostStyles)
+                {
+                    ForEach(first, end, [this](const ShownPiece& each) { DrawText(each); });
+                    return;
+                }
+                styles[count++] = &piece->style;
+            }
+        }
+        for (size_t i = 0; i < count; ++i)
+        {
+            m_Style = *styles[i];
+            m_Inks = m_Look.InksOf(m_Style);
+            std::for_each(first, end,
+                          [&](const ShownPiece& piece)
+                          {
+                              if (piece.style == m_Style)
+                              {
+                                  DrawText(piece);
+                              }
+                          });
         }
     }
     wxRect BoxOf(const ShownPiece& piece) const

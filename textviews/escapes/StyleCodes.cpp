@@ -41,30 +41,36 @@ public:
     explicit _Codes(std::string_view text) : m_Text(text) {}
 
     bool IsAtEnd() const { return m_IsAtEnd; }
-    Code Next()
+    /// Valid until the next call.
+    const Code& Next()
     {
-        Code code;
+        m_Code.count = 0;
         bool goesOn = true;
         while (goesOn)
         {
-            if (code.count == kMostParts)
+            if (m_Code.count == kMostParts)
             {
-                return {};
+                return Wrong();
             }
-            code.parts[static_cast<size_t>(code.count++)] = TakeNumber(m_Text);
+            m_Code.parts[static_cast<size_t>(m_Code.count++)] = TakeNumber(m_Text);
             goesOn = TakeOne(':');
         }
         m_IsAtEnd = m_Text.empty();
-        return m_IsAtEnd || TakeOne(';') ? code : Code();
+        return m_IsAtEnd || TakeOne(';') ? m_Code : Wrong();
     }
     /// Of a code that stands for itself.
     int NextNumber()
     {
-        const Code code = m_IsAtEnd ? Code() : Next();
+        const Code& code = m_IsAtEnd ? Wrong() : Next();
         return code.count == 1 ? std::max(code.parts[0], 0) : kWrong;
     }
 
 private:
+    const Code& Wrong()
+    {
+        m_Code.count = 0;
+        return m_Code;
+    }
     bool TakeOne(char wanted)
     {
         const bool isThere = !m_Text.empty() && m_Text[0] == wanted;
@@ -73,6 +79,7 @@ private:
     }
 
     std::string_view m_Text;
+    Code             m_Code;
     bool             m_IsAtEnd = false;
 };
 
@@ -237,6 +244,11 @@ bool Apply(const Code& code, _Codes& codes, TextStyle& style)
 
 bool ApplyStyleCodes(std::string_view numbers, TextStyle& style)
 {
+    if (numbers.empty() || numbers == "0") // half of all
+    {
+        style = TextStyle();
+        return true;
+    }
     TextStyle changed = style;
     _Codes    codes(numbers);
     while (!codes.IsAtEnd())
