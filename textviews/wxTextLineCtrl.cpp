@@ -196,7 +196,8 @@ void wxTextLineCtrl::Widen(std::string_view line)
     const auto width = [this](int64_t cells)
     { return internal::ScrollRange(Saturated(cells) + 1, m_ColumnWidth); };
     // No line has more cells than bytes. Most are not counted: they are shorter than the longest.
-    if (width(static_cast<int64_t>(line.size())) > m_ContentWidth)
+    if (width(static_cast<int64_t>(line.size())) > m_ContentWidth &&
+        width(m_Shown->MostCellsOf(line)) > m_ContentWidth)
     {
         m_ContentWidth = std::max(m_ContentWidth, width(m_Shown->CellCountOf(line)));
     }

@@ -230,6 +230,8 @@ TEST(Escapes, OnlyLinesThatNeedItAreFolded)
     {
         EXPECT_TRUE(textviews::LineFolder::Folds(line)) << line;
     }
+    EXPECT_EQ(textviews::LineFolder::MostCells("\x1b[1;32mtext\x1b[0m \x1b[38;5;9mx\x1b[38;5m"),
+              13);
 }
 
 TEST(Escapes, AHitIsWhereItsCharactersAreShown)
@@ -319,6 +321,8 @@ TEST(Escapes, AnyBytesAreFoldedSoundly)
     {
         const std::string line = RandomLine(random);
         ExpectSound(line, folder.Fold(line, true));
+        ASSERT_GE(textviews::LineFolder::MostCells(line),
+                  textviews::EndOf(folder.Fold(line, true)));
         if (!textviews::LineFolder::Folds(line))
         {
             ASSERT_EQ(textviews::EndOf(folder.Fold(line, false)), textviews::CellCount(line));

@@ -28,6 +28,13 @@ bool EndsWithReturn(std::string_view line)
     return !line.empty() && line.back() == kReturn;
 }
 
+// The numbers of a style that are none of those which others belong to: 38, 48 and 58.
+bool IsSurelyRight(std::string_view numbers)
+{
+    return std::all_of(numbers.begin(), numbers.end(),
+                       [](char c) { return c == ';' || (c >= '0' && c <= '9' && c != '8'); });
+}
+
 // How much of the text fits into a piece, with the marks on its last character, and the cells of
 // that.
 TextPlace PieceOf(std::string_view text)
@@ -75,6 +82,26 @@ bool LineFolder::Folds(std::string_view line)
 {
     return Find(line, k_Escape) ||
            Find(line.substr(0, line.size() - (EndsWithReturn(line) ? 1 : 0)), kReturn);
+}
+
+int64_t LineFolder::MostCells(std::string_view line)
+{
+    size_t      hidden = 0;
+    const char* escape = Find(line, k_Escape);
+    while (escape)
+    {
+        const auto           at = static_cast<size_t>(escape - line.data());
+        const EscapeSequence sequence = ReadEscapeSequence(line, at);
+        TextStyle            ignored;
+        const bool           isHidden =
+            sequence.kind != EscapeSequence::Kind::None &&
+            (sequence.kind != EscapeSequence::Kind::Style || IsSurelyRight(sequence.parameters) ||
+             ApplyStyleCodes(sequence.parameters, ignored));
+        const size_t bytes = isHidden ? sequence.bytes : 0;
+        hidden += bytes;
+        escape = Find(line.substr(at + std::max<size_t>(bytes, 1)), k_Escape);
+    }
+    return static_cast<int64_t>(line.size() - hidden);
 }
 
 const ShownPieces& LineFolder::Fold(std::string_view line, bool coloured)

@@ -39,6 +39,9 @@ public:
     /// False, and quickly so: the line is shown as it is stored.
     static bool Folds(std::string_view line);
 
+    /// No fewer cells than the line takes, found several times as fast as by folding it.
+    static int64_t MostCells(std::string_view line);
+
     /// In order of their cells; without `coloured` all in the view's own style. Of long stretches
     /// each piece has some thousand bytes at most. Valid until the next call.
     const ShownPieces& Fold(std::string_view line, bool coloured);

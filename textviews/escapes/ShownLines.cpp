@@ -46,6 +46,11 @@ int64_t ShownLines::CellCountOf(std::string_view stored)
                                                    : CellCount(stored);
 }
 
+int64_t ShownLines::MostCellsOf(std::string_view stored) const
+{
+    return m_IsFolded ? LineFolder::MostCells(stored) : static_cast<int64_t>(stored.size());
+}
+
 std::vector<ShownCells> ShownLines::CellsOfHit(int line, std::string_view stored, int column,
                                                int length)
 {
