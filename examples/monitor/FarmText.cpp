@@ -22,6 +22,21 @@ String Stamped(Time now, const String& text)
     return Stamped(now, now, text);
 }
 
+// Programs that tell how far they are go back to the start of the line by a carriage return, and
+// write over what stands there: the head has to come again. Not behind one that ends the line.
+String Headed(const String& head, const String& line)
+{
+    String headed = head;
+    size_t done = 0;
+    for (size_t at = line.find('\r'); at != String::npos && at + 1 < line.size();
+         at = line.find('\r', done))
+    {
+        headed += line.substr(done, at + 1 - done) + head;
+        done = at + 1;
+    }
+    return headed + line.substr(done);
+}
+
 // The time in that field of the message, or now if there is none.
 Time TimeOf(const Message& message, const String& field, Time now)
 {
@@ -89,8 +104,8 @@ std::vector<String> FarmText::LinesFor(const Message& message, Time now)
     const String& type = message.Type();
     if (type == msg_Output)
     {
-        return {Stamped(TimeOf(message, "Time", now), now, "[" + NameOf(message) + "] ") +
-                message.Get("Line")};
+        return {Headed(Stamped(TimeOf(message, "Time", now), now, "[" + NameOf(message) + "] "),
+                       message.Get("Line"))};
     }
     if (type == msg_Job)
     {

@@ -17,7 +17,8 @@ public:
     bool IsRepeated(const Message& message);
     /// The lines for a message that came at `now`; often one, none when nothing worth a line has
     /// changed. They carry the time at which it happened, with the date if that is another day. A
-    /// job's output is handed on byte for byte.
+    /// job's output is handed on byte for byte, with the line's head once more behind each carriage
+    /// return within it.
     std::vector<String> LinesFor(const Message& message, Time now);
     std::vector<String> LinesForConnection(bool connected, Time now) const;
 

@@ -43,6 +43,11 @@ TEST(FarmText, TellsStartMilestonesOutputAndEnd)
     const String bytes("a\0\xff z", 5);
     EXPECT_EQ(Lines{"[Sky] " + bytes},
               TextsFor(text, Message(msg_Output).Set(p_Id, "1").Set("Line", bytes)));
+    const String progress = text.LinesFor(
+        Message(msg_Output).Set(p_Id, "1").Set("Line", "1 %\r2 %\r\x1b[Kdone\r"), kNow)[0];
+    const String head = kNow.FormatClock() + "  [Sky] ";
+    EXPECT_EQ(progress, head + "1 %\r" + head + "2 %\r" + head + "\x1b[Kdone\r")
+        << "what is written over the line's start leaves its head";
     EXPECT_EQ(Lines{"Job 'Sky' is done after 12s"}, TextsFor(text, JobMessage(state_Done, 100)));
     EXPECT_EQ(Lines{"Job 'Sky' was killed before it ran"},
               TextsFor(text, JobMessage(state_Killed, 0).Set(p_Started, 0LL)));
