@@ -10,16 +10,18 @@
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
 #include "textviews/search/LineWatcher.h"
+#include "textviews/wxTextSource.h"
 #include "vesta/CallEntry.h"
 #include "vesta/Log.h"
+
+#include <wx/app.h>
 
 #include <algorithm>
 #include <climits>
 
 namespace
 {
-const char* const kTabReplacement = "    ";
-constexpr int     kLimitBlocks = 16; // of the lines kept, one is dropped at a time
+constexpr int kLimitBlocks = 16; // of the lines kept, one is dropped at a time
 
 String WithoutTabs(const String& line)
 {
@@ -29,7 +31,7 @@ String WithoutTabs(const String& line)
     {
         if (c == '\t')
         {
-            expanded += kTabReplacement;
+            expanded += textviews::k_TabReplacement;
         }
         else
         {
@@ -42,6 +44,15 @@ String WithoutTabs(const String& line)
 int Saturated(int64_t count)
 {
     return static_cast<int>(std::min<int64_t>(count, INT_MAX - 1));
+}
+
+// On any thread, and which view it was may be no more.
+void ShowLateLines()
+{
+    if (wxTheApp)
+    {
+        wxTheApp->CallAfter(&wxDoubleBufferedWindow::RedrawAll);
+    }
 }
 } // namespace
 
@@ -63,7 +74,7 @@ wxEND_EVENT_TABLE()
 wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
     : wxDoubleBufferedWindow(parent, wxID_ANY, wxBORDER_NONE | wxWANTS_CHARS),
       m_Font(&textviews::_FontExtents::Get()),
-      m_Lines(std::make_unique<textviews::LineStore>()),
+      m_Lines(std::make_unique<textviews::LineStore>(&ShowLateLines)),
       m_Places(std::make_unique<textviews::TextPlaces>()),
       m_Selection(std::make_unique<textviews::TextSelection>()),
       m_Drawn(std::make_unique<textviews::DrawnLines>()),
@@ -114,6 +125,11 @@ int wxTextLineCtrl::Append(const String& line, bool sorted)
     {
         return Append(WithoutTabs(line), sorted);
     }
+    if (m_Lines->IsFull())
+    {
+        LogWarning("wxTextLineCtrl::Append: there are as many lines as can be counted");
+        return -1;
+    }
     int index = m_Lines->Count();
     if (sorted)
     {
@@ -123,12 +139,49 @@ int wxTextLineCtrl::Append(const String& line, bool sorted)
     {
         m_Lines->Append(line);
     }
-    for (textviews::LineWatcher* const watcher : m_Watchers)
-    {
-        watcher->LineInserted(index);
-    }
+    TellInserted(index, 1);
     Extend(line, index);
     return std::max(index - DropOldest(), -1);
+}
+
+void wxTextLineCtrl::TellInserted(int first, int count)
+{
+    for (textviews::LineWatcher* const watcher : m_Watchers)
+    {
+        for (int line = first; line < first + count; ++line)
+        {
+            watcher->LineInserted(line);
+        }
+    }
+}
+
+int wxTextLineCtrl::AppendStored(const std::shared_ptr<const wxTextSource>& source,
+                                 const std::vector<wxTextStretch>&          stretches)
+{
+    CALL_ENTRY("wxTextLineCtrl::AppendStored");
+    const int before = m_Lines->Count();
+    int64_t   cells = 0;
+    for (const wxTextStretch& stretch : stretches)
+    {
+        m_Lines->AppendStored(source, stretch);
+        cells = std::max(cells, stretch.cells);
+    }
+    const int count = m_Lines->Count() - before;
+    if (count > 0)
+    {
+        TellInserted(before, count);
+        Widen(cells);
+        m_LineCount = m_Lines->Count();
+        AdjustScrollbarsLater();
+        GatherLater();
+        DropOldest();
+    }
+    return count;
+}
+
+int wxTextLineCtrl::GetReachableLines() const
+{
+    return std::min(m_Lines->Count(), INT_MAX / m_LineHeight);
 }
 
 void wxTextLineCtrl::SetLineLimit(int lines)
@@ -177,12 +230,11 @@ int wxTextLineCtrl::InsertSorted(const String& line)
 
 void wxTextLineCtrl::Extend(const String& line, int index)
 {
-    const auto width = [this](int64_t cells)
-    { return internal::ScrollRange(Saturated(cells) + 1, m_ColumnWidth); };
+    const auto bytes = Saturated(static_cast<int64_t>(line.size()));
     // No line has more cells than bytes. Most are not counted: they are shorter than the longest.
-    if (width(static_cast<int64_t>(line.size())) > m_ContentWidth)
+    if (internal::ScrollRange(bytes + 1, m_ColumnWidth) > m_ContentWidth)
     {
-        m_ContentWidth = std::max(m_ContentWidth, width(textviews::CellCount(line)));
+        Widen(textviews::CellCount(line));
     }
     if (index < m_Lines->Count() - 1)
     {
@@ -192,6 +244,12 @@ void wxTextLineCtrl::Extend(const String& line, int index)
     m_LineCount = m_Lines->Count();
     AdjustScrollbarsLater();
     GatherLater(); // a line that is not in view changes no picture
+}
+
+void wxTextLineCtrl::Widen(int64_t cells)
+{
+    const int width = internal::ScrollRange(Saturated(cells) + 1, m_ColumnWidth);
+    m_ContentWidth = std::max(m_ContentWidth, width);
 }
 
 void wxTextLineCtrl::LinesMoved()
@@ -216,6 +274,7 @@ void wxTextLineCtrl::Erase(int index)
 
 void wxTextLineCtrl::Drop(int index)
 {
+    m_Lines->LineNow(index); // so that whoever watches can look at it
     for (textviews::LineWatcher* const watcher : m_Watchers)
     {
         watcher->LineErased(index);
@@ -259,7 +318,7 @@ int wxTextLineCtrl::GetLineCount() const
 String wxTextLineCtrl::GetLine(int index) const
 {
     CALL_ENTRY("wxTextLineCtrl::GetLine");
-    return String(std::string(m_Lines->Line(index)));
+    return String(std::string(m_Lines->LineNow(index)));
 }
 
 void wxTextLineCtrl::SelectAll()

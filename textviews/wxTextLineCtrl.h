@@ -13,6 +13,8 @@
 
 class wxMenu;
 class wxTextLineSearchPanel;
+class wxTextSource;
+struct wxTextStretch;
 namespace textviews
 {
 class DrawnLines;
@@ -44,9 +46,9 @@ wxDECLARE_EXPORTED_EVENT(TOLVAN_API, wxtEVT_TEXT_SIZE, wxCommandEvent);
 /// valid UTF-8 is shown byte by byte, and everything is stored, copied and saved byte for byte
 /// (tabs are stored as four spaces).
 ///
-/// There is no limit on lines but memory, unless `SetLineLimit` sets one for a stream without end.
-/// The search bar is a sibling of the control; whoever lays the two out puts `GetSearchPanel()`
-/// under it. Main thread only.
+/// There is no limit on lines but memory, or, for those that stay in a file, 2,147,483,646, unless
+/// `SetLineLimit` sets one for a stream without end. The search bar is a sibling of the control;
+/// whoever lays the two out puts `GetSearchPanel()` under it. Main thread only.
 class TOLVAN_API wxTextLineCtrl : public wxDoubleBufferedWindow, public wxtColorManaged
 {
 public:
@@ -69,6 +71,11 @@ public:
     /// is not less than it, byte by byte, among lines that the caller keeps sorted. It does not
     /// scroll. -1: the limit has dropped it with the oldest ones.
     int Append(const String& line, bool sorted);
+    /// Adds lines at the end that stay in a source, as `wxFindTextLines` has found them, and are
+    /// read when they are seen: one costs less than a byte. They are lines as all others. Gives how
+    /// many it could add: 2,147,483,646 lines at most are in a view.
+    int AppendStored(const std::shared_ptr<const wxTextSource>& source,
+                     const std::vector<wxTextStretch>&          stretches);
     /// Removes the line; those after it move up. An index without a line is logged and ignored.
     void Erase(int index);
     /// Removes all lines. The scrollbars stay as they are until the next `Append` or `Erase`, so
@@ -80,7 +87,9 @@ public:
     void SetLineLimit(int lines);
     int  GetLineLimit() const { return m_LineLimit; }
 
-    int    GetLineCount() const;
+    int GetLineCount() const;
+    /// The lines that can be scrolled to at this size of the text: a scrollbar has an end.
+    int    GetReachableLines() const;
     String GetLine(int index) const; ///< As stored; empty when there is no such line.
 
     /// @name Following
@@ -198,6 +207,8 @@ private:
 
     int                      InsertSorted(const String& line);
     void                     Extend(const String& line, int index);
+    void                     Widen(int64_t cells);
+    void                     TellInserted(int first, int count);
     void                     Drop(int index);
     int                      DropOldest();
     void                     LinesMoved();
