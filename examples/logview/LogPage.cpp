@@ -30,9 +30,13 @@ wxString InOneLine(const String& name)
 }
 } // namespace
 
-LogPage::LogPage(wxWindow* parent, const Path& file)
-    : wxtPanel(parent), m_Reader(file, [] { wxWakeUpIdle(); })
+LogPage::LogPage(wxWindow* parent, const OpenedFile& file)
+    : wxtPanel(parent), m_Reader(file.name, [] { wxWakeUpIdle(); })
 {
+    if (!file.follows)
+    {
+        m_Place = file;
+    }
     Bind(wxEVT_IDLE, &LogPage::OnIdle, this);
     Bind(wxEVT_CHAR_HOOK, &LogPage::OnKey, this);
 }
@@ -44,6 +48,10 @@ void LogPage::NeedText()
     if (!m_Text)
     {
         m_Text = new FollowingText(this);
+        if (m_Place)
+        {
+            m_Text->SetFollowing(false);
+        }
         Layout();
     }
 }
@@ -68,6 +76,37 @@ void LogPage::Start()
     NeedText();
     m_IsStarted = true;
     m_Reader.Look();
+}
+
+OpenedFile LogPage::Place() const
+{
+    if (m_Place || !m_Text)
+    {
+        return m_Place.value_or(OpenedFile{File(), 0, true});
+    }
+    return {File(), m_Text->FirstSeenLine(), IsFollowing()};
+}
+
+// The view stands at the start of its text until then. Whoever scrolls, or follows, meanwhile wants
+// to be elsewhere.
+void LogPage::ReturnToPlace()
+{
+    if (!m_Place)
+    {
+        return;
+    }
+    if (m_Text->FirstSeenLine() != 0 || IsFollowing())
+    {
+        m_Place.reset();
+        return;
+    }
+    // Less would be the end of the text, which the view would follow from then on.
+    const bool isThere = m_Text->GetLineCount() - m_Place->firstLine > m_Text->LinesInSight() + 1;
+    if (isThere || (m_Pieces.empty() && m_Reader.IsIdle()))
+    {
+        m_Text->ShowFrom(m_Place->firstLine);
+        m_Place.reset();
+    }
 }
 
 bool LogPage::IsFollowing() const
@@ -163,6 +202,7 @@ void LogPage::ShowPieces()
     {
         wxWakeUpIdle();
     }
+    ReturnToPlace();
     LogState();
 }
 

@@ -1,9 +1,12 @@
 #pragma once
 
 #include "logview/LogReader.h"
+#include "logview/OpenedFiles.h"
 
 #include "appearance/wxTolvanColors.h"
 #include "shell/wxTimed.h"
+
+#include <optional>
 
 class FollowingText;
 class wxTextLineCtrl;
@@ -15,7 +18,8 @@ class wxTextLineCtrl;
 class LogPage : public wxtPanel, private wxTimed
 {
 public:
-    LogPage(wxWindow* parent, const Path& file);
+    /// At that place of the file, once there is so much of it; the user may scroll before.
+    LogPage(wxWindow* parent, const OpenedFile& file);
     ~LogPage() override;
 
     bool Show(bool show = true) override;
@@ -27,7 +31,8 @@ public:
     /// One line about the file: where it is, how much of it is shown, or what is wrong.
     wxString StatusText() const;
 
-    bool IsFollowing() const;
+    OpenedFile Place() const; ///< To come back to.
+    bool       IsFollowing() const;
     /// Whether the view stays at the end of the text as it grows.
     void SetFollowing(bool follow);
 
@@ -37,6 +42,7 @@ private:
     void Start();
     void ShowPieces();
     void ShowPiece(const LogReader::Piece& piece);
+    void ReturnToPlace();
     void LogState();
     void OnIdle(wxIdleEvent& event);
     void OnKey(wxKeyEvent& event);
@@ -49,6 +55,7 @@ private:
     FollowingText*               m_Text = nullptr; ///< Null until the page is shown.
     LogReader                    m_Reader;
     std::deque<LogReader::Piece> m_Pieces; ///< Have come and are not shown yet.
+    std::optional<OpenedFile>    m_Place;  ///< To be shown yet.
     int                          m_Ticks = 0;
     int                          m_PartialLine = -1; ///< Where the unfinished last line stands.
     bool                         m_IsStarted = false;

@@ -37,6 +37,10 @@ public:
         }
         auto* const frame = new LogViewFrame;
         const auto& files = commandLine.Arguments();
+        if (files.empty())
+        {
+            frame->ReopenFiles();
+        }
         frame->OpenFiles(std::vector<Path>(files.begin(), files.end()));
         frame->RestoreLayout();
         frame->Show();
