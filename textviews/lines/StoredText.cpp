@@ -17,7 +17,7 @@ namespace textviews
 {
 namespace
 {
-constexpr size_t kMostBytes = 8 * 1024 * 1024; // of lines that are kept
+constexpr size_t kMostBytes = 64 * 1024 * 1024; // of lines that are kept: a screen of the longest
 constexpr size_t kMostEntries = 256;
 constexpr size_t kLeastEntries = 8; // are kept, however long the lines are
 constexpr size_t kMostWishes = 64;  // what a view that is scrolled about has asked for last

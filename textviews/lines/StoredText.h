@@ -32,7 +32,7 @@ struct StoredText
 /// Reads the lines of the place. Those that are not there (any more) or cannot be read say so.
 StoredText ReadStored(const StoredPlace& place);
 
-/// The lines that were read last, some megabytes of them.
+/// The lines that were read last, at most some megabytes unless they are very long.
 class StoredTexts
 {
 public:
