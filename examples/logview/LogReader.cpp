@@ -37,7 +37,8 @@ private:
     std::mutex                  m_Mutex;
     std::condition_variable     m_Condition;
     std::deque<Piece>           m_Pieces;
-    size_t                      m_Bytes = 0; // of the pieces
+    size_t                      m_Bytes = 0;         // of the pieces
+    bool                        m_HasStored = false; // there have been lines on the disk
     Status                      m_Status;
     bool                        m_IsWanted = false; // somebody asks for what has come
     bool                        m_IsReading = false;
@@ -77,8 +78,11 @@ void LogReader::_Work::Put(Piece piece)
         return;
     }
     m_Bytes += piece.text.size() + piece.stretches.size() * sizeof(wxTextStretch) + kPieceBytes;
+    // Lines on the disk are found much faster than anybody can look at them: but for the first ones
+    // nobody is disturbed.
+    const bool isUrgent = piece.kind != Kind::kStored || !std::exchange(m_HasStored, true);
     m_Pieces.push_back(std::move(piece));
-    if (m_Pieces.size() == 1)
+    if (m_Pieces.size() == 1 && isUrgent)
     {
         m_Wake();
     }

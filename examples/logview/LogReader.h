@@ -36,7 +36,8 @@ public:
         long long           position = 0; ///< Bytes of text read so far.
     };
 
-    /// Opens the file. `wake` is called on the thread when there are pieces where there were none.
+    /// Opens the file. `wake` is called on the thread when there are pieces where there were none;
+    /// those of a large file have to be taken now and then without that.
     LogReader(const Path& file, std::function<void()> wake);
     ~LogReader();
     LogReader(const LogReader&) = delete;

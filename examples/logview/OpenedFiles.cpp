@@ -97,6 +97,7 @@ void RecentFiles::Clear()
 void RecentFiles::Save() const
 {
     std::vector<String> values;
+    values.reserve(m_Names.size());
     for (const Path& name : m_Names)
     {
         values.push_back(name.Text());
@@ -107,6 +108,7 @@ void RecentFiles::Save() const
 void KeepOpenedFiles(IniFile& options, const std::vector<OpenedFile>& files)
 {
     std::vector<String> values;
+    values.reserve(files.size());
     for (const OpenedFile& file : files)
     {
         values.push_back(ValueOf(file));
