@@ -274,7 +274,10 @@ void wxTextLineCtrl::Erase(int index)
 
 void wxTextLineCtrl::Drop(int index)
 {
-    m_Lines->LineNow(index); // so that whoever watches can look at it
+    if (!m_Watchers.empty())
+    {
+        m_Lines->LineNow(index); // they may look at it, and a disk is waited for here
+    }
     for (textviews::LineWatcher* const watcher : m_Watchers)
     {
         watcher->LineErased(index);
