@@ -1,6 +1,7 @@
 #include "benchmarks/BenchSupport.h"
 #include "benchmarks/TextWorkload.h"
 #include "listviews/wxDoubleBufferedWindow.h"
+#include "textviews/wxTextFinder.h"
 #include "textviews/wxTextLineCtrl.h"
 
 #include <algorithm>
@@ -111,6 +112,61 @@ void AppendAndRepaint(benchmark::State& state)
     }
 }
 BENCHMARK(AppendAndRepaint)->Arg(kMillion / 10)->Arg(kMillion)->Arg(10 * kMillion)->Apply(Once);
+
+/// A file that is in the system's memory.
+class Text final : public wxTextSource
+{
+public:
+    explicit Text(int lines)
+    {
+        for (int i = 0; i < lines; ++i)
+        {
+            m_Bytes += WorkloadLine(i);
+            m_Bytes += '\n';
+        }
+    }
+    size_t Read(uint64_t offset, char* buffer, size_t count, int& problem) const override
+    {
+        problem = 0;
+        return offset < m_Bytes.size() ? m_Bytes.copy(buffer, count, offset) : 0;
+    }
+    std::string_view Bytes() const { return m_Bytes; }
+
+private:
+    std::string m_Bytes;
+};
+
+// Lines that stay in a file: found, told to the view, and its end shown.
+void ShowStored(benchmark::State& state)
+{
+    constexpr size_t kPiece = 2u << 20; // bytes
+    const int        count = static_cast<int>(state.range(0));
+    const auto       text = std::make_shared<Text>(count);
+    for (auto _ : state)
+    {
+        const Stage stage;
+        stage->SetFollowEnd(true);
+        stage.Show();
+        const size_t     before = ResidentBytes();
+        Clock::duration  finding{};
+        const FrameWatch watch;
+        for (size_t at = 0; at < text->Bytes().size();)
+        {
+            std::vector<wxTextStretch> found;
+            const auto                 start = Clock::now();
+            at += wxFindTextLines(text->Bytes().substr(at, kPiece), at, found);
+            finding += Clock::now() - start;
+            stage->AppendStored(text, found);
+        }
+        stage.Show();
+        Report(state, watch.Shown());
+        state.counters["gb_per_s"] =
+            static_cast<double>(text->Bytes().size()) / 1e9 / Seconds(finding);
+        state.counters["bytes_per_line"] =
+            static_cast<double>(ResidentBytes() - before) / static_cast<double>(count);
+    }
+}
+BENCHMARK(ShowStored)->Arg(kMillion)->Arg(10 * kMillion)->Apply(Once);
 
 // Full repaints at random places; the median.
 void MeasureRepaints(benchmark::State& state, const Stage& stage)

@@ -13,20 +13,21 @@
 #include <algorithm>
 #include <utility>
 
+namespace
+{
+constexpr uint64_t kMostCopied = uint64_t{1} << 30; // bytes; lines may come from files of any size
+} // namespace
+
 String wxTextLineCtrl::SelectedText(bool plain) const
 {
     const int first = std::max(m_Selection->First(), 0);
     const int last = std::min(m_Selection->Last(), m_Lines->Count() - 1);
-    size_t    size = 0;
+    String    text;
+    // Growing would take twice the memory, and that of a log may be much.
+    text.reserve(m_Lines->RoughBytes(first, last) + static_cast<size_t>(last - first + 1));
     for (int line = first; line <= last; ++line)
     {
-        size += m_Lines->Line(line).size() + 1;
-    }
-    String text;
-    text.reserve(size); // growing would take twice the memory, and that of a log may be much
-    for (int line = first; line <= last; ++line)
-    {
-        const std::string_view bytes = m_Lines->Line(line);
+        const std::string_view bytes = m_Lines->LineNow(line);
         if (plain)
         {
             text += m_Shown->PlainTextOf(bytes);
@@ -58,6 +59,16 @@ void wxTextLineCtrl::CopySelected(bool plain)
     // would close it under that part.
     if (wxTheClipboard->IsOpened() || !wxTheClipboard->Open())
     {
+        return;
+    }
+    const uint64_t bytes = m_Lines->RoughBytes(std::max(m_Selection->First(), 0),
+                                               std::min(m_Selection->Last(), m_Lines->Count() - 1));
+    if (bytes > kMostCopied)
+    {
+        wxTheClipboard->Close();
+        TellSaveProblem(wxGetTranslation(
+            "This is too much for the clipboard, which has to hold it in memory. Save it to a "
+            "file, or select fewer lines."));
         return;
     }
     wxTheClipboard->SetData(new internal::TextDataObject([text = SelectedText(plain)]() mutable

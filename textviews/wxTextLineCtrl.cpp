@@ -11,16 +11,18 @@
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
 #include "textviews/search/LineWatcher.h"
+#include "textviews/wxTextSource.h"
 #include "vesta/CallEntry.h"
 #include "vesta/Log.h"
+
+#include <wx/app.h>
 
 #include <algorithm>
 #include <climits>
 
 namespace
 {
-const char* const kTabReplacement = "    ";
-constexpr int     kLimitBlocks = 16; // of the lines kept, one is dropped at a time
+constexpr int kLimitBlocks = 16; // of the lines kept, one is dropped at a time
 
 String WithoutTabs(const String& line)
 {
@@ -30,7 +32,7 @@ String WithoutTabs(const String& line)
     {
         if (c == '\t')
         {
-            expanded += kTabReplacement;
+            expanded += textviews::k_TabReplacement;
         }
         else
         {
@@ -43,6 +45,15 @@ String WithoutTabs(const String& line)
 int Saturated(int64_t count)
 {
     return static_cast<int>(std::min<int64_t>(count, INT_MAX - 1));
+}
+
+// On any thread, and which view it was may be no more.
+void ShowLateLines()
+{
+    if (wxTheApp)
+    {
+        wxTheApp->CallAfter(&wxDoubleBufferedWindow::RedrawAll);
+    }
 }
 } // namespace
 
@@ -64,7 +75,7 @@ wxEND_EVENT_TABLE()
 wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
     : wxDoubleBufferedWindow(parent, wxID_ANY, wxBORDER_NONE | wxWANTS_CHARS),
       m_Font(&textviews::_FontExtents::Get()),
-      m_Lines(std::make_unique<textviews::LineStore>()),
+      m_Lines(std::make_unique<textviews::LineStore>(&ShowLateLines)),
       m_Places(std::make_unique<textviews::ShownLines>()),
       m_Shown(static_cast<textviews::ShownLines*>(m_Places.get())),
       m_Colours(std::make_unique<textviews::StyleColours>()),
@@ -117,6 +128,11 @@ int wxTextLineCtrl::Append(const String& line, bool sorted)
     {
         return Append(WithoutTabs(line), sorted);
     }
+    if (m_Lines->IsFull())
+    {
+        LogWarning("wxTextLineCtrl::Append: there are as many lines as can be counted");
+        return -1;
+    }
     int index = m_Lines->Count();
     if (sorted)
     {
@@ -126,12 +142,50 @@ int wxTextLineCtrl::Append(const String& line, bool sorted)
     {
         m_Lines->Append(line);
     }
-    for (textviews::LineWatcher* const watcher : m_Watchers)
-    {
-        watcher->LineInserted(index);
-    }
+    TellInserted(index, 1);
     Extend(line, index);
     return std::max(index - DropOldest(), -1);
+}
+
+void wxTextLineCtrl::TellInserted(int first, int count)
+{
+    for (textviews::LineWatcher* const watcher : m_Watchers)
+    {
+        for (int line = first; line < first + count; ++line)
+        {
+            watcher->LineInserted(line);
+        }
+    }
+}
+
+int wxTextLineCtrl::AppendStored(const std::shared_ptr<const wxTextSource>& source,
+                                 const std::vector<wxTextStretch>&          stretches)
+{
+    CALL_ENTRY("wxTextLineCtrl::AppendStored");
+    const int before = m_Lines->Count();
+    int64_t   cells = 0;
+    for (const wxTextStretch& stretch : stretches)
+    {
+        m_Lines->AppendStored(source, stretch);
+        cells = std::max(cells, stretch.cells);
+    }
+    const int count = m_Lines->Count() - before;
+    if (count > 0)
+    {
+        TellInserted(before, count);
+        m_StoredCells = std::max(m_StoredCells, cells);
+        WidenTo(cells);
+        m_LineCount = m_Lines->Count();
+        AdjustScrollbarsLater();
+        GatherLater();
+        DropOldest();
+    }
+    return count;
+}
+
+int wxTextLineCtrl::GetReachableLines() const
+{
+    return std::min(m_Lines->Count(), INT_MAX / m_LineHeight);
 }
 
 void wxTextLineCtrl::SetLineLimit(int lines)
@@ -199,21 +253,29 @@ void wxTextLineCtrl::Widen(std::string_view line)
     if (width(static_cast<int64_t>(line.size())) > m_ContentWidth &&
         width(m_Shown->MostCellsOf(line)) > m_ContentWidth)
     {
-        m_ContentWidth = std::max(m_ContentWidth, width(m_Shown->CellCountOf(line)));
+        WidenTo(m_Shown->CellCountOf(line));
     }
 }
 
+void wxTextLineCtrl::WidenTo(int64_t cells)
+{
+    const int width = internal::ScrollRange(Saturated(cells) + 1, m_ColumnWidth);
+    m_ContentWidth = std::max(m_ContentWidth, width);
+}
+
+// Lines that lie in a file are not read for it: they are as wide as their bytes, at most.
 void wxTextLineCtrl::MeasureAll()
 {
     m_ContentWidth = 0;
-    for (int line = 0; line < m_Lines->Count();)
+    WidenTo(m_StoredCells);
+    for (int line = m_Lines->NextInMemory(0); line < m_Lines->Count();)
     {
         const textviews::LineStore::Block block = m_Lines->BlockOf(line);
         for (int i = 0; i < block.lineCount; ++i)
         {
             Widen(block.Line(i));
         }
-        line = block.firstLine + block.lineCount;
+        line = m_Lines->NextInMemory(block.firstLine + block.lineCount);
     }
 }
 
@@ -239,6 +301,10 @@ void wxTextLineCtrl::Erase(int index)
 
 void wxTextLineCtrl::Drop(int index)
 {
+    if (!m_Watchers.empty())
+    {
+        m_Lines->LineNow(index); // they may look at it, and a disk is waited for here
+    }
     for (textviews::LineWatcher* const watcher : m_Watchers)
     {
         watcher->LineErased(index);
@@ -254,6 +320,7 @@ void wxTextLineCtrl::Clear()
 {
     CALL_ENTRY("wxTextLineCtrl::Clear");
     m_Lines->Clear();
+    m_StoredCells = 0;
     m_Places->Forget();
     SelectNone();
     m_MarkedLine = -1;
@@ -282,7 +349,7 @@ int wxTextLineCtrl::GetLineCount() const
 String wxTextLineCtrl::GetLine(int index) const
 {
     CALL_ENTRY("wxTextLineCtrl::GetLine");
-    return String(std::string(m_Lines->Line(index)));
+    return String(std::string(m_Lines->LineNow(index)));
 }
 
 void wxTextLineCtrl::SelectAll()

@@ -8,12 +8,15 @@
 
 #include <wx/event.h>
 
+#include <cstdint>
 #include <memory>
 #include <string_view>
 #include <vector>
 
 class wxMenu;
 class wxTextLineSearchPanel;
+class wxTextSource;
+struct wxTextStretch;
 namespace textviews
 {
 class DrawnLines;
@@ -49,9 +52,9 @@ wxDECLARE_EXPORTED_EVENT(TOLVAN_API, wxtEVT_TEXT_SIZE, wxCommandEvent);
 /// (tabs are stored as four spaces). Control characters are shown by their pictures or two narrow
 /// letters each, in a quieter colour than text.
 ///
-/// There is no limit on lines but memory, unless `SetLineLimit` sets one for a stream without end.
-/// The search bar is a sibling of the control; whoever lays the two out puts `GetSearchPanel()`
-/// under it. Main thread only.
+/// There is no limit on lines but memory, or, for those that stay in a file, 2,147,483,646, unless
+/// `SetLineLimit` sets one for a stream without end. The search bar is a sibling of the control;
+/// whoever lays the two out puts `GetSearchPanel()` under it. Main thread only.
 class TOLVAN_API wxTextLineCtrl : public wxDoubleBufferedWindow, public wxtColorManaged
 {
 public:
@@ -84,6 +87,11 @@ public:
     /// is not less than it, byte by byte, among lines that the caller keeps sorted. It does not
     /// scroll. -1: the limit has dropped it with the oldest ones.
     int Append(const String& line, bool sorted);
+    /// Adds lines at the end that stay in a source, as `wxFindTextLines` has found them, and are
+    /// read when they are seen: one costs less than a byte. They are lines as all others. Gives how
+    /// many it could add: 2,147,483,646 lines at most are in a view.
+    int AppendStored(const std::shared_ptr<const wxTextSource>& source,
+                     const std::vector<wxTextStretch>&          stretches);
     /// Removes the line; those after it move up. An index without a line is logged and ignored.
     void Erase(int index);
     /// Removes all lines. The scrollbars stay as they are until the next `Append` or `Erase`, so
@@ -95,7 +103,9 @@ public:
     void SetLineLimit(int lines);
     int  GetLineLimit() const { return m_LineLimit; }
 
-    int    GetLineCount() const;
+    int GetLineCount() const;
+    /// The lines that can be scrolled to at this size of the text: a scrollbar has an end.
+    int    GetReachableLines() const;
     String GetLine(int index) const; ///< As stored; empty when there is no such line.
 
     /// @name Following
@@ -235,7 +245,9 @@ private:
     int                      InsertSorted(const String& line);
     void                     Extend(const String& line, int index);
     void                     Widen(std::string_view line);
+    void                     WidenTo(int64_t cells);
     void                     MeasureAll();
+    void                     TellInserted(int first, int count);
     void                     Drop(int index);
     int                      DropOldest();
     void                     LinesMoved();
@@ -268,7 +280,8 @@ private:
     int                                       m_MatchLength = 0;
     std::unique_ptr<textviews::TextSelection> m_Selection;
     std::unique_ptr<textviews::DrawnLines>    m_Drawn;
-    int                                       m_LineLimit = 0; ///< 0: none.
+    int                                       m_LineLimit = 0;   ///< 0: none.
+    int64_t                                   m_StoredCells = 0; ///< Of the widest line in a file.
     bool                m_Selecting = false; ///< The button is down, mouse captured.
     bool                m_MenuIsOpen = false;
     bool                m_ReadableSelection = false;

@@ -103,6 +103,21 @@ void FollowingText::WantEscapes(Escapes wanted)
     }
 }
 
+int FollowingText::LinesInSight() const
+{
+    return GetClientSize().y / m_LineHeight;
+}
+
+int FollowingText::FirstSeenLine() const
+{
+    return GetScrollPos(wxVERTICAL) / m_LineHeight;
+}
+
+void FollowingText::ShowFrom(int line)
+{
+    ScrollTo(wxVERTICAL, static_cast<long long>(line) * m_LineHeight);
+}
+
 int FollowingText::Add(const String& line)
 {
     return Append(line, false);

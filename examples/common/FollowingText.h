@@ -25,6 +25,10 @@ public:
     /// Points, of all the program's logs; kept.
     static void WantTextSize(int points);
 
+    int  LinesInSight() const;  ///< Whole lines for which there is room.
+    int  FirstSeenLine() const; ///< The topmost one, also when it is seen in part only.
+    void ShowFrom(int line);    ///< Scrolls so that this line is the topmost one, if it can be.
+
     /// Adds a line at the end; its index.
     int Add(const String& line);
 };

@@ -1,12 +1,21 @@
 #pragma once
 
+#include "logview/ByteStream.h"
+#include "logview/LineCutter.h"
+#include "logview/SpoolFile.h"
+#include "textviews/wxTextSource.h"
 #include "vesta/Path.h"
 #include "vesta/String.h"
 
 #include <functional>
+#include <memory>
+#include <string_view>
+#include <vector>
 
 /// Reads a growing text file line by line, from its start, and notices when it is cut off or
-/// replaced. Without a window or a thread: whoever owns it calls `Read` now and then.
+/// replaced; an archive it reads as the text that it holds, and "-" is the standard input. What
+/// cannot be read is left out, and told. Without a window or a thread: whoever owns it calls `Read`
+/// now and then.
 class FileFollower
 {
 public:
@@ -16,28 +25,36 @@ public:
         kUnreadable, ///< It is there but cannot be read (any further); `Problem` says why.
         kFollowing
     };
+    using Stretches = std::vector<wxTextStretch>;
+    using Source = std::shared_ptr<const wxTextSource>;
 
-    /// Bytes after which a line that does not end is cut, between two characters, into several:
-    /// nobody can read such a line, but a file may hold nothing else.
-    static constexpr size_t k_LongestLine = 1u << 20;
-
-    /// What the owner does with what is read. A line comes without its line feed; every other
-    /// byte, a carriage return too, belongs to it.
+    /// What the owner does with what is read.
     struct Sink
     {
-        std::function<void(const String& line)> onLine;
-        /// The unfinished last line as it stands now; it replaces the one told before. Empty: the
-        /// line that it was has been finished, and comes with `onLine` next, or is gone.
-        std::function<void(const String& line)> onPartialLine;
+        LineCutter::OnLine onLine;
+        LineCutter::OnLine onPartialLine;
         /// The file was cut off or replaced; what follows is read from its new start. `how` is a
         /// text for the user.
         std::function<void(const String& how)> onRestart;
+        /// Something is missing at this place of the text.
+        std::function<void(const String& what)> onNote = {};
+        /// More lines, of a large file, which stay where they are. Without it all are told.
+        std::function<void(const Source& source, const Stretches& stretches)> onStored = {};
     };
+
+    /// Whether a name stands for the standard input.
+    static bool IsInput(const Path& path) { return path.Text() == "-"; }
 
     FileFollower(const Path& path, Sink sink);
     ~FileFollower();
     FileFollower(const FileFollower&) = delete;
     FileFollower& operator=(const FileFollower&) = delete;
+
+    /// Text of more bytes than that stays on the disk.
+    void KeepInMemory(uint64_t bytes) { m_MostInMemory = bytes; }
+    /// For tests: has files read through another source than `wxTextFile`.
+    using OpenSource = std::function<Source(Descriptor file)>;
+    void ReadThrough(OpenSource open) { m_OpenSource = std::move(open); }
 
     /// Reads what has come since, at most about `limit` bytes. True when there may be more to read
     /// at once. With 0 the file is only opened: it can be read even if another one takes its name.
@@ -46,26 +63,55 @@ public:
     const Path&   FileName() const { return m_Path; }
     State         CurrentState() const { return m_State; }
     const String& Problem() const { return m_Problem; }
-    /// Bytes read so far of the file as it is now.
-    long long Position() const { return m_Position; }
+    /// Bytes of text read so far of the file as it is now.
+    long long Position() const { return static_cast<long long>(m_Position + m_Tail); }
 
 private:
-    bool Open();
-    void Close();
-    bool WasReplaced() const;
-    void Restart(const String& how);
-    bool AtEnd();
-    void TakeBytes(const char* bytes, size_t count);
-    void TakePart(const char* bytes, size_t count);
-    void FinishLine();
-    void ShowPartialLine();
+    class _File;
 
-    Path      m_Path;
-    Sink      m_Sink;
-    State     m_State = State::kMissing;
-    String    m_Problem;
-    int       m_Descriptor = -1;
-    long long m_Position = 0;
-    String    m_Partial;          ///< Of the last line, whose end has not come yet.
-    size_t    m_PartialShown = 0; ///< Bytes of it that the sink has seen.
+    bool     Open();
+    void     Close();
+    uint64_t SizeNow() const;
+    bool     WasReplaced() const;
+    void     LookForCut();
+    void     LookForArchive();
+    void     Restart(const String& how);
+    void     BeginAnew();
+    bool     AtEnd();
+
+    bool   ReadIntoMemory(size_t limit);
+    bool   ReadStored(size_t limit);
+    void   StoreFromNow();
+    size_t Next(char* buffer, size_t count);
+    size_t NextOfFile(char* buffer, size_t count);
+    bool   SkipBad(int problem);
+    size_t SpoolNext();
+    bool   FindLines();
+    void   FinishLine();
+    void   TellBad();
+    void   Note(const String& what);
+
+    Path       m_Path;
+    Sink       m_Sink;
+    LineCutter m_Cutter;
+    OpenSource m_OpenSource;
+    uint64_t   m_MostInMemory;
+    State      m_State = State::kMissing;
+    String     m_Problem;
+
+    std::shared_ptr<_File>      m_File;
+    std::unique_ptr<ByteStream> m_Stream;          ///< Of an archive or the standard input.
+    bool                        m_IsKnown = false; ///< Whether it is an archive.
+    bool                        m_ToldEnd = false; ///< That the stream is broken or too short.
+    bool                        m_IsSpoolFull = false;
+    uint64_t                    m_Position = 0; ///< In the text.
+
+    Source            m_Stored;         ///< Holds the text that stays on the disk; null: none does.
+    uint64_t          m_StoredFrom = 0; ///< Position in the text of the source's start.
+    size_t            m_Tail = 0;       ///< Bytes behind the position that are no line yet.
+    SpoolFile         m_Spool;          ///< For the text of a stream.
+    std::vector<char> m_Buffer;
+
+    uint64_t m_BadBytes = 0; ///< That could not be read, up to here.
+    int      m_BadReason = 0;
 };

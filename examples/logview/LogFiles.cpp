@@ -9,6 +9,19 @@ namespace
 {
 constexpr std::array<std::string_view, 4> kEndings = {".log", ".txt", ".out", ".err"};
 
+// What the ending says of an archive. The viewer itself looks at the content.
+std::string_view WithoutArchive(std::string_view name)
+{
+    for (const std::string_view ending : {".gz", ".zst"})
+    {
+        if (name.size() > ending.size() && name.substr(name.size() - ending.size()) == ending)
+        {
+            return name.substr(0, name.size() - ending.size());
+        }
+    }
+    return name;
+}
+
 // Without ".1" and the like.
 std::string_view WithoutNumber(std::string_view name)
 {
@@ -23,7 +36,7 @@ std::string_view WithoutNumber(std::string_view name)
 
 bool IsLogName(const String& leaf)
 {
-    const std::string_view name = WithoutNumber(leaf);
+    const std::string_view name = WithoutNumber(WithoutArchive(leaf));
     return std::any_of(kEndings.begin(), kEndings.end(),
                        [name](std::string_view ending) {
                            return name.size() > ending.size() &&

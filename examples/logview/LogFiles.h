@@ -8,7 +8,7 @@
 /// `k_MostFiles`; anything else for itself. A folder without any has no files.
 std::vector<Path> LogFilesOf(const Path& name);
 /// Whether a file of that name is taken for a log: by its ending, behind which there may be the
-/// number of a rotation.
+/// number of a rotation and the ending of an archive.
 bool IsLogName(const String& leaf);
 
 constexpr size_t k_MostFiles = 500;

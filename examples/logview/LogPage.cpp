@@ -2,6 +2,7 @@
 
 #include "appearance/wxTolvanString.h"
 #include "common/FollowingText.h"
+#include "textviews/wxTextSource.h"
 #include "vesta/Log.h"
 
 #include <wx/app.h>
@@ -9,13 +10,15 @@
 #include <wx/numformatter.h>
 
 #include <algorithm>
+#include <chrono>
 
 namespace
 {
-// Bytes read between two looks at the user's events: some 5 ms.
-constexpr size_t kSlice = 1u << 20;
-constexpr size_t kTitleLength = 40; // characters
-constexpr int    kHiddenTicks = 16; // between two looks at the file of a page that nobody sees
+// How long pieces are shown between two looks at the user's events.
+constexpr auto   kSlice = std::chrono::milliseconds(5);
+constexpr int    kPiecesAtOnce = 64; // between two looks at the clock
+constexpr size_t kTitleLength = 40;  // characters
+constexpr int    kHiddenTicks = 16;  // between two looks at the file of a page that nobody sees
 
 // A file may have any name; a title and a status are one line.
 wxString InOneLine(const String& name)
@@ -25,24 +28,17 @@ wxString InOneLine(const String& name)
         line.begin(), line.end(), [](const wxUniChar& c) { return c < 0x20; }, L' ');
     return line;
 }
-
-FileFollower::Sink SinkOf(std::function<void(const String&)> onLine,
-                          std::function<void(const String&)> onPartialLine,
-                          std::function<void(const String&)> onRestart)
-{
-    return {std::move(onLine), std::move(onPartialLine), std::move(onRestart)};
-}
 } // namespace
 
-LogPage::LogPage(wxWindow* parent, const Path& file)
-    : wxtPanel(parent),
-      m_Follower(file, SinkOf([this](const String& line) { ShowLine(line); },
-                              [this](const String& line) { ShowPartialLine(line); },
-                              [this](const String& how) { ShowNotice(how); }))
+LogPage::LogPage(wxWindow* parent, const OpenedFile& file)
+    : wxtPanel(parent), m_Reader(file.name, [] { wxWakeUpIdle(); })
 {
+    if (!file.follows)
+    {
+        m_Place = file;
+    }
     Bind(wxEVT_IDLE, &LogPage::OnIdle, this);
     Bind(wxEVT_CHAR_HOOK, &LogPage::OnKey, this);
-    m_Follower.Read(0);
 }
 
 LogPage::~LogPage() = default;
@@ -52,6 +48,10 @@ void LogPage::NeedText()
     if (!m_Text)
     {
         m_Text = new FollowingText(this);
+        if (m_Place)
+        {
+            m_Text->SetFollowing(false);
+        }
         Layout();
     }
 }
@@ -64,11 +64,49 @@ wxTextLineCtrl& LogPage::Text()
 
 bool LogPage::Show(bool show)
 {
-    if (show && !m_Reading)
+    if (show)
     {
-        ReadSlice();
+        Start();
     }
     return wxtPanel::Show(show);
+}
+
+void LogPage::Start()
+{
+    NeedText();
+    m_IsStarted = true;
+    m_Reader.Look();
+}
+
+OpenedFile LogPage::Place() const
+{
+    if (m_Place || !m_Text)
+    {
+        return m_Place.value_or(OpenedFile{File(), 0, true});
+    }
+    return {File(), m_Text->FirstSeenLine(), IsFollowing()};
+}
+
+// The view stands at the start of its text until then. Whoever scrolls, or follows, meanwhile wants
+// to be elsewhere.
+void LogPage::ReturnToPlace()
+{
+    if (!m_Place)
+    {
+        return;
+    }
+    if (m_Text->FirstSeenLine() != 0 || IsFollowing())
+    {
+        m_Place.reset();
+        return;
+    }
+    // Less would be the end of the text, which the view would follow from then on.
+    const bool isThere = m_Text->GetLineCount() - m_Place->firstLine > m_Text->LinesInSight() + 1;
+    if (isThere || (m_Pieces.empty() && m_Reader.IsIdle()))
+    {
+        m_Text->ShowFrom(m_Place->firstLine);
+        m_Place.reset();
+    }
 }
 
 bool LogPage::IsFollowing() const
@@ -78,7 +116,11 @@ bool LogPage::IsFollowing() const
 
 wxString LogPage::Title() const
 {
-    const wxString name = InOneLine(m_Follower.FileName().Leaf());
+    if (FileFollower::IsInput(File()))
+    {
+        return wxGetTranslation("Standard Input");
+    }
+    const wxString name = InOneLine(File().Leaf());
     return name.length() <= kTitleLength
                ? name
                : name.Left(kTitleLength / 2) + wxUniChar(0x2026) + name.Right(kTitleLength / 2);
@@ -86,28 +128,36 @@ wxString LogPage::Title() const
 
 wxString LogPage::FullName() const
 {
-    return InOneLine(m_Follower.FileName().Text());
+    return FileFollower::IsInput(File()) ? Title() : InOneLine(File().Text());
 }
 
 wxString LogPage::StatusText() const
 {
-    const wxString name = FullName();
-    switch (m_Follower.CurrentState())
+    const wxString          name = FullName();
+    const LogReader::Status status = m_Reader.StatusNow();
+    switch (status.state)
     {
     case FileFollower::State::kMissing:
         return wxString::Format(wxGetTranslation("%s does not exist yet"), name);
     case FileFollower::State::kUnreadable:
         return wxString::Format(wxGetTranslation("%s cannot be read: %s"), name,
-                                wxtToWx(m_Follower.Problem()));
+                                wxtToWx(status.problem));
     case FileFollower::State::kFollowing:
         break;
     }
     const int  lines = m_Text ? m_Text->GetLineCount() : 0;
     const auto grouped = [](wxLongLong_t number)
     { return wxNumberFormatter::ToString(number, wxNumberFormatter::Style_WithThousandsSep); };
-    return wxString::Format(wxGetTranslation("%s: %s line, %s bytes", "%s: %s lines, %s bytes",
-                                             static_cast<unsigned>(lines)),
-                            name, grouped(lines), grouped(m_Follower.Position()));
+    const wxString text =
+        wxString::Format(wxGetTranslation("%s: %s line, %s bytes", "%s: %s lines, %s bytes",
+                                          static_cast<unsigned>(lines)),
+                         name, grouped(lines), grouped(status.position));
+    if (!m_Text || m_Text->GetReachableLines() == lines)
+    {
+        return text;
+    }
+    return text + wxString::Format(wxGetTranslation("; the first %s can be scrolled to"),
+                                   grouped(m_Text->GetReachableLines()));
 }
 
 void LogPage::SetFollowing(bool follow)
@@ -118,32 +168,75 @@ void LogPage::SetFollowing(bool follow)
 
 void LogPage::OnTick()
 {
-    const bool isTime = IsShown() || (m_Text && ++m_Ticks % kHiddenTicks == 0);
-    if (isTime && !m_Reading)
+    if (m_IsStarted && (IsShown() || ++m_Ticks % kHiddenTicks == 0))
     {
-        ReadSlice();
+        ShowPieces();
+        m_Reader.Look();
     }
 }
 
-void LogPage::ReadSlice()
+void LogPage::ShowPieces()
 {
-    const bool isFirst = !m_Text;
-    NeedText();
-    const auto before = m_Follower.CurrentState();
+    const auto end = std::chrono::steady_clock::now() + kSlice;
     const bool wasEmpty = m_Text->GetLineCount() == 0;
     const bool follows = IsFollowing();
-    m_Reading = m_Follower.Read(kSlice);
-    if (isFirst || m_Follower.CurrentState() != before)
+    if (m_Pieces.empty())
     {
-        LogInfo(wxtFromWx(StatusText()));
+        m_Pieces = m_Reader.Take();
+    }
+    for (int i = 1; !m_Pieces.empty(); ++i)
+    {
+        const LogReader::Piece piece = std::move(m_Pieces.front());
+        m_Pieces.pop_front();
+        ShowPiece(piece);
+        if (i % kPiecesAtOnce == 0 && std::chrono::steady_clock::now() >= end)
+        {
+            break;
+        }
     }
     if (follows && wasEmpty && m_Text->GetLineCount() > 0)
     {
         m_Text->ScrollToBottom();
     }
-    if (m_Reading)
+    if (!m_Pieces.empty())
     {
         wxWakeUpIdle();
+    }
+    ReturnToPlace();
+    LogState();
+}
+
+// When the file has been read for the first time, and when something is wrong or right again.
+void LogPage::LogState()
+{
+    if (m_Pieces.empty() && m_Reader.IsIdle())
+    {
+        const FileFollower::State state = m_Reader.StatusNow().state;
+        if (!m_IsLogged || state != m_LoggedState)
+        {
+            LogInfo(wxtFromWx(StatusText()));
+        }
+        m_IsLogged = true;
+        m_LoggedState = state;
+    }
+}
+
+void LogPage::ShowPiece(const LogReader::Piece& piece)
+{
+    switch (piece.kind)
+    {
+    case LogReader::Kind::kLine:
+        ShowLine(piece.text);
+        break;
+    case LogReader::Kind::kPartialLine:
+        ShowPartialLine(piece.text);
+        break;
+    case LogReader::Kind::kNote:
+        ShowNote(piece.text);
+        break;
+    case LogReader::Kind::kStored:
+        ShowStored(piece);
+        break;
     }
 }
 
@@ -151,9 +244,9 @@ void LogPage::ReadSlice()
 // again after each slice would keep windows that have been closed from ever being destroyed.
 void LogPage::OnIdle(wxIdleEvent& event)
 {
-    if (m_Reading)
+    if (m_IsStarted)
     {
-        ReadSlice();
+        ShowPieces();
     }
     event.Skip();
 }
@@ -173,7 +266,10 @@ void LogPage::OnKey(wxKeyEvent& event)
 
 void LogPage::ShowLine(const String& line)
 {
-    m_Text->Add(line);
+    if (m_Text->Add(line) < 0)
+    {
+        EndFull();
+    }
 }
 
 void LogPage::ShowPartialLine(const String& line)
@@ -185,9 +281,31 @@ void LogPage::ShowPartialLine(const String& line)
     m_PartialLine = line.empty() ? -1 : m_Text->Add(line);
 }
 
-void LogPage::ShowNotice(const String& text)
+void LogPage::ShowNote(const String& text)
 {
     m_PartialLine = -1;
-    LogInfo(m_Follower.FileName().Text() + ": " + text);
+    LogInfo(File().Text() + ": " + text);
     m_Text->Add("--- " + text + " ---");
+}
+
+void LogPage::ShowStored(const LogReader::Piece& piece)
+{
+    int lines = 0;
+    for (const wxTextStretch& stretch : piece.stretches)
+    {
+        lines += stretch.lines;
+    }
+    if (m_Text->AppendStored(piece.source, piece.stretches) < lines)
+    {
+        EndFull();
+    }
+}
+
+// The note needs a place, too.
+void LogPage::EndFull()
+{
+    m_Reader.Stop();
+    m_Pieces.clear();
+    m_Text->Erase(m_Text->GetLineCount() - 1);
+    ShowNote("There are more lines than can be shown; the rest is left out");
 }

@@ -1,49 +1,64 @@
 #pragma once
 
-#include "logview/FileFollower.h"
+#include "logview/LogReader.h"
+#include "logview/OpenedFiles.h"
 
 #include "appearance/wxTolvanColors.h"
 #include "shell/wxTimed.h"
+
+#include <optional>
 
 class FollowingText;
 class wxTextLineCtrl;
 
 /// One file in the viewer: its text and the search bar under it. The text is there, and the file is
 /// read, once the page is shown, so that hundreds of files may be open; a page that is hidden is
-/// looked after now and then. It reads in slices, so that even a huge file leaves the program
-/// usable while it loads.
+/// looked after now and then. A thread reads, and the page shows what has come bit by bit, so that
+/// neither a huge file nor a slow disk holds up the program.
 class LogPage : public wxtPanel, private wxTimed
 {
 public:
-    LogPage(wxWindow* parent, const Path& file);
+    /// At that place of the file, once there is so much of it; the user may scroll before.
+    LogPage(wxWindow* parent, const OpenedFile& file);
     ~LogPage() override;
 
     bool Show(bool show = true) override;
 
     wxTextLineCtrl& Text();
-    const Path&     File() const { return m_Follower.FileName(); }
+    const Path&     File() const { return m_Reader.FileName(); }
     wxString        Title() const;    ///< The file's name without its folder, if need be shortened.
     wxString        FullName() const; ///< In one line, whatever it holds.
     /// One line about the file: where it is, how much of it is shown, or what is wrong.
     wxString StatusText() const;
 
-    bool IsFollowing() const;
+    OpenedFile Place() const; ///< To come back to.
+    bool       IsFollowing() const;
     /// Whether the view stays at the end of the text as it grows.
     void SetFollowing(bool follow);
 
 private:
     void OnTick() override;
     void NeedText();
-    void ReadSlice();
+    void Start();
+    void ShowPieces();
+    void ShowPiece(const LogReader::Piece& piece);
+    void ReturnToPlace();
+    void LogState();
     void OnIdle(wxIdleEvent& event);
     void OnKey(wxKeyEvent& event);
     void ShowLine(const String& line);
     void ShowPartialLine(const String& line);
-    void ShowNotice(const String& text);
+    void ShowNote(const String& text);
+    void ShowStored(const LogReader::Piece& piece);
+    void EndFull();
 
-    FollowingText* m_Text = nullptr; ///< Null until the page is shown.
-    FileFollower   m_Follower;
-    int            m_Ticks = 0;
-    int            m_PartialLine = -1; ///< Where the unfinished last line stands.
-    bool           m_Reading = false;  ///< A further slice is on its way.
+    FollowingText*               m_Text = nullptr; ///< Null until the page is shown.
+    LogReader                    m_Reader;
+    std::deque<LogReader::Piece> m_Pieces; ///< Have come and are not shown yet.
+    std::optional<OpenedFile>    m_Place;  ///< To be shown yet.
+    int                          m_Ticks = 0;
+    int                          m_PartialLine = -1; ///< Where the unfinished last line stands.
+    bool                         m_IsStarted = false;
+    bool                         m_IsLogged = false; ///< The state is, once all was read.
+    FileFollower::State          m_LoggedState = FileFollower::State::kMissing;
 };

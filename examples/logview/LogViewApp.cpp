@@ -7,8 +7,9 @@
 namespace
 {
 const char* const kHelp =
-    "tolvan-logview NAME...: shows text files and follows them as they grow. A folder stands for\n"
-    "the log files in it.\n"
+    "tolvan-logview NAME...: shows text files and follows them as they grow, also those that gzip "
+    "or\n"
+    "zstd has packed. A folder stands for the log files in it, - for the standard input.\n"
     "\n"
     "  --log-dir FOLDER    folder of the log file TolvanLogView.log\n"
     "  --verbose           debug lines in the log and on the console\n"
@@ -36,6 +37,10 @@ public:
         }
         auto* const frame = new LogViewFrame;
         const auto& files = commandLine.Arguments();
+        if (files.empty())
+        {
+            frame->ReopenFiles();
+        }
         frame->OpenFiles(std::vector<Path>(files.begin(), files.end()));
         frame->RestoreLayout();
         frame->Show();

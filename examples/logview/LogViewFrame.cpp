@@ -8,10 +8,13 @@
 #include "common/FollowingText.h"
 #include "common/LogLookChoice.h"
 #include "common/PreferencesDlg.h"
+#include "dialogs/wxQuestion.h"
 #include "dialogs/wxtAboutDlg.h"
 #include "logview/LogFiles.h"
 #include "logview/LogPage.h"
 #include "shell/wxColorMenu.h"
+#include "vesta/Application.h"
+#include "vesta/File.h"
 #include "vesta/Log.h"
 
 #include <wx/dirdlg.h>
@@ -20,6 +23,7 @@
 #include <wx/menu.h>
 #include <wx/sizer.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <functional>
 #include <utility>
@@ -34,8 +38,33 @@ enum
     id_Follow = 22000,
     id_FullScreen,
     id_OpenFolder,
-    id_Reopen
+    id_Reopen,
+    id_ReopenAtStart,
+    id_ClearRecent,
+    id_Recent, ///< The first of them.
+    id_LastRecent = id_Recent + RecentFiles::k_Most - 1
 };
+
+const char* const kSection = "LogView";
+const char* const kReopenAtStart = "ReopenAtStart";
+
+OptionsFile& Options()
+{
+    return Application::the_Application->Options();
+}
+
+bool IsReopeningWanted()
+{
+    return Options().GetBool(kSection, kReopenAtStart, true);
+}
+
+// The same from whatever folder the viewer is started.
+String AbsoluteName(const Path& file)
+{
+    std::error_code failed;
+    const auto      name = std::filesystem::absolute(file.Text().c_str(), failed);
+    return failed || FileFollower::IsInput(file) ? file.Text() : String(name.string());
+}
 
 // Their bytes, which need not be a text.
 std::vector<Path> PathsOf(const wxArrayString& names)
@@ -73,7 +102,8 @@ private:
 } // namespace
 
 LogViewFrame::LogViewFrame()
-    : wxTolvanFrame(wxGetTranslation("Tolvan Log Viewer"), wxDefaultPosition, kFirstSize)
+    : wxTolvanFrame(wxGetTranslation("Tolvan Log Viewer"), wxDefaultPosition, kFirstSize),
+      m_Recent(Options())
 {
     SetMinSize(kSmallestSize);
     BuildMenus();
@@ -90,10 +120,15 @@ void LogViewFrame::BuildMenus()
     auto* const file = new wxMenu;
     file->Append(wxID_OPEN, wxGetTranslation("&Open...\tCtrl+O"));
     file->Append(id_OpenFolder, wxGetTranslation("Open &Folder...\tCtrl+Shift+O"));
+    m_RecentMenu = new wxMenu;
+    FillRecent();
+    file->AppendSubMenu(m_RecentMenu, wxGetTranslation("Open Recen&t"));
     file->Append(wxID_CLOSE, wxGetTranslation("&Close Page\tCtrl+W"));
     file->Append(id_Reopen, wxGetTranslation("&Reopen Closed Page\tCtrl+Shift+T"));
     file->AppendSeparator();
     AppendSave(*file, wxGetTranslation("Save &As..."));
+    file->AppendSeparator();
+    file->AppendCheckItem(id_ReopenAtStart, wxGetTranslation("Reopen Files at &Start"));
     file->AppendSeparator();
     file->Append(wxID_EXIT, wxGetTranslation("&Quit\tCtrl+Q"));
 
@@ -124,6 +159,21 @@ void LogViewFrame::BuildMenus()
     Bind(
         wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Enable(CurrentPage() != nullptr); },
         wxID_CLOSE);
+    Bind(wxEVT_MENU, &LogViewFrame::OnRecent, this, id_Recent, id_LastRecent);
+    Bind(
+        wxEVT_MENU,
+        [this](wxCommandEvent&)
+        {
+            m_Recent.Clear();
+            FillRecent();
+        },
+        id_ClearRecent);
+    file->Check(id_ReopenAtStart, IsReopeningWanted());
+    Bind(
+        wxEVT_MENU,
+        [](wxCommandEvent& event)
+        { Options().SetValue(kSection, kReopenAtStart, event.IsChecked() ? "1" : "0"); },
+        id_ReopenAtStart);
     Bind(wxEVT_MENU, &LogViewFrame::OnReopenPage, this, id_Reopen);
     Bind(
         wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Enable(!m_Closed.empty()); },
@@ -188,6 +238,10 @@ void LogViewFrame::OpenFiles(const std::vector<Path>& names)
     std::vector<Path> files;
     for (const Path& name : names)
     {
+        if (!FileFollower::IsInput(name))
+        {
+            m_Recent.Add(AbsoluteName(name));
+        }
         const std::vector<Path> some = LogFilesOf(name);
         if (some.empty())
         {
@@ -197,8 +251,9 @@ void LogViewFrame::OpenFiles(const std::vector<Path>& names)
     }
     for (const Path& file : files)
     {
-        OpenPage(file, &file == &files.back());
+        OpenPage({file}, &file == &files.back());
     }
+    FillRecent();
     if (LogPage* const page = CurrentPage())
     {
         page->Text().SetFocus();
@@ -206,17 +261,100 @@ void LogViewFrame::OpenFiles(const std::vector<Path>& names)
     ShowStatus();
 }
 
-void LogViewFrame::OpenPage(const Path& file, bool select)
+void LogViewFrame::ReopenFiles()
+{
+    if (!IsReopeningWanted())
+    {
+        return;
+    }
+    const std::vector<OpenedFile> files = KeptOpenedFiles(Options());
+    for (const OpenedFile& file : files)
+    {
+        OpenPage(file, &file == &files.back());
+    }
+}
+
+// In the order in which they came: where they are now is the layout's.
+void LogViewFrame::KeepFiles() const
+{
+    std::vector<OpenedFile> files;
+    const auto              keep = [&files](const wxWindow* window)
+    {
+        const auto* const page = dynamic_cast<const LogPage*>(window);
+        if (page && !FileFollower::IsInput(page->File()))
+        {
+            files.push_back(page->Place());
+            files.back().name = AbsoluteName(page->File());
+        }
+    };
+    for (size_t i = 0; i < m_Pages->GetPageCount(); ++i)
+    {
+        keep(m_Pages->GetPage(i));
+    }
+    for (const wxWindow* const page : m_Pages->PagesInWindows())
+    {
+        keep(page);
+    }
+    KeepOpenedFiles(Options(), files);
+}
+
+void LogViewFrame::FillRecent()
+{
+    while (m_RecentMenu->GetMenuItemCount() > 0)
+    {
+        m_RecentMenu->Destroy(m_RecentMenu->FindItemByPosition(0));
+    }
+    int number = 0;
+    for (const Path& name : m_Recent.Names())
+    {
+        wxString shown = wxControl::EscapeMnemonics(wxtToWx(name.Text()));
+        std::replace_if(
+            shown.begin(), shown.end(), [](const wxUniChar& c) { return c < 0x20; }, L' ');
+        m_RecentMenu->Append(id_Recent + number,
+                             wxString::Format("&%d  %s", (number + 1) % 10, shown));
+        ++number;
+    }
+    if (number > 0)
+    {
+        m_RecentMenu->AppendSeparator();
+    }
+    m_RecentMenu->Append(id_ClearRecent, wxGetTranslation("&Clear"))->Enable(number > 0);
+}
+
+void LogViewFrame::OnRecent(wxCommandEvent& event)
+{
+    const auto number = static_cast<size_t>(event.GetId() - id_Recent);
+    if (number >= m_Recent.Names().size())
+    {
+        return;
+    }
+    const Path name = m_Recent.Names()[number];
+    if (File::Exists(name))
+    {
+        OpenFiles({name});
+        return;
+    }
+    m_Recent.Remove(name);
+    FillRecent();
+    wxTellProblem(
+        wxString::Format(wxGetTranslation("%s is no longer there."), wxtToWx(name.Text())), this);
+}
+
+void LogViewFrame::OpenPage(const OpenedFile& file, bool select)
 {
     auto* const page = new LogPage(m_Pages, file);
     m_Pages->AddPage(page, page->Title(), select);
     m_Pages->SetPageToolTip(m_Pages->GetPageCount() - 1, page->FullName());
-    m_Pages->SetPageKey(page, std::filesystem::absolute(file.Text().c_str()).string());
+    m_Pages->SetPageKey(page, AbsoluteName(file.name));
 }
 
 void LogViewFrame::RestoreLayout()
 {
     m_Pages->LoadLayout(kLayout);
+    if (LogPage* const page = CurrentPage())
+    {
+        page->Text().SetFocus();
+    }
 }
 
 LogPage* LogViewFrame::CurrentPage() const
@@ -233,6 +371,18 @@ void LogViewFrame::ShowStatus()
     if (text != m_Status->GetLabel())
     {
         m_Status->SetLabel(text);
+    }
+    ShowTitle();
+}
+
+void LogViewFrame::ShowTitle()
+{
+    const LogPage* const page = CurrentPage();
+    const wxString       program = wxGetTranslation("Tolvan Log Viewer");
+    const wxString       title = page ? page->Title() + " - " + program : program;
+    if (title != GetTitle())
+    {
+        SetTitle(title);
     }
 }
 
@@ -327,5 +477,6 @@ void LogViewFrame::OnClose(wxCloseEvent& event)
     }
     SaveWindowPosition();
     m_Pages->SaveLayout(kLayout);
+    KeepFiles();
     event.Skip();
 }

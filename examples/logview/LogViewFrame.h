@@ -1,5 +1,6 @@
 #pragma once
 
+#include "logview/OpenedFiles.h"
 #include "shell/wxEndLater.h"
 #include "shell/wxTolvanFrame.h"
 #include "vesta/Path.h"
@@ -20,6 +21,8 @@ public:
 
     /// A page each, and for a folder one for each log file in it; the last one is shown.
     void OpenFiles(const std::vector<Path>& names);
+    /// What was open when the viewer was closed, unless the user does not want that.
+    void ReopenFiles();
     /// Puts the pages where they were when the viewer was closed with them.
     void RestoreLayout();
 
@@ -30,7 +33,11 @@ private:
     void     ShowStatus();
     LogPage* CurrentPage() const;
 
-    void OpenPage(const Path& file, bool select);
+    void OpenPage(const OpenedFile& file, bool select);
+    void ShowTitle();
+    void FillRecent();
+    void OnRecent(wxCommandEvent& event);
+    void KeepFiles() const;
     void OnOpen(wxCommandEvent& event);
     void OnOpenFolder(wxCommandEvent& event);
     void OnClosePage(wxCommandEvent& event);
@@ -45,6 +52,8 @@ private:
 
     wxtNotebook*   m_Pages = nullptr;
     wxtStaticText* m_Status = nullptr;
+    wxMenu*        m_RecentMenu = nullptr;
+    RecentFiles    m_Recent;
     wxTimer        m_StatusTimer;
     wxEndLater     m_End{*this};
 

@@ -1,6 +1,7 @@
 #include "logview/FileFollower.h"
 #include "logview/LogFiles.h"
 #include "tests/support/UserFolderTest.h"
+#include "textviews/wxTextFinder.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -103,7 +104,7 @@ TEST_F(FileFollowerTest, RefusesWhatIsNoFile)
 // A file may hold nothing but one line.
 TEST_F(FileFollowerTest, CutsALineThatDoesNotEnd)
 {
-    const String piece(FileFollower::k_LongestLine - 1, 'x');
+    const String piece(k_LongestTextLine - 1, 'x');
     const String sign("\xe2\x82\xac"); // not to be torn apart
     Append(piece + sign + piece + sign);
     while (m_Follower.Read(1 << 18))
@@ -123,8 +124,8 @@ using LogFilesTest = UserFolderTest;
 
 TEST_F(LogFilesTest, AFolderStandsForItsLogs)
 {
-    for (const char* const name :
-         {"b.log", "a.log.12", "a.log", "notes.txt", "picture.png", ".log", "a.log.gz", "log"})
+    for (const char* const name : {"b.log", "a.log.12", "a.log", "notes.txt", "picture.png", ".log",
+                                   "a.log.3.gz", "b.zst", "log"})
     {
         WriteFile(TempFile(name), "a line\n");
     }
@@ -134,7 +135,7 @@ TEST_F(LogFilesTest, AFolderStandsForItsLogs)
     {
         names += file.Leaf() + " ";
     }
-    EXPECT_EQ("a.log a.log.12 b.log notes.txt ", names);
+    EXPECT_EQ("a.log a.log.12 a.log.3.gz b.log notes.txt ", names);
     EXPECT_EQ(0u, LogFilesOf(TempFile("folder.log")).size());
     EXPECT_EQ(1u, LogFilesOf(TempFile("picture.png")).size());
     EXPECT_EQ(1u, LogFilesOf(TempFile("not there")).size()) << "may come yet";

@@ -150,9 +150,36 @@ TEST_F(ProgramsTest, ViewerReadsAFileOnceItIsShown)
     ASSERT_TRUE(WaitForLog(component_LogView, "4.log: 2 lines"));
     std::filesystem::rename(TempFile("3.log").Text().c_str(), TempFile("3.old").Text().c_str());
     WriteFile(TempFile("3.log"), "of the new file\n");
-    ASSERT_TRUE(PressKeys("Tolvan Log Viewer", "key ctrl+Prior"));
+    ASSERT_TRUE(PressKeys("4.log - Tolvan Log Viewer", "key ctrl+Prior"));
     EXPECT_TRUE(WaitForLog(component_LogView, "3.log: The file was replaced"));
     EXPECT_EQ(String::npos, LogOf(component_LogView).find("2.log"));
+}
+
+// Without a name on the command line; a name is what is wanted instead.
+TEST_F(ProgramsTest, ViewerComesBackWithWhatWasOpen)
+{
+    for (const char* const name : {"1.log", "2.log", "3.log"})
+    {
+        WriteFile(TempFile(name), "a line\n");
+    }
+    {
+        Program viewer({LOGVIEW_PROGRAM, TempFile("1.log").Text(), TempFile("2.log").Text()});
+        ASSERT_TRUE(PressKeys("2.log - Tolvan Log Viewer", "key ctrl+Prior"));
+        ASSERT_TRUE(PressKeys("1.log - Tolvan Log Viewer", "key ctrl+q"));
+        EXPECT_EQ(0, ExitCodeOf(viewer));
+    }
+    {
+        Program viewer({LOGVIEW_PROGRAM});
+        ASSERT_TRUE(PressKeys("1.log - Tolvan Log Viewer", "key ctrl+Next"));
+        ASSERT_TRUE(PressKeys("2.log - Tolvan Log Viewer", "key ctrl+w"));
+        ASSERT_TRUE(PressKeys("1.log - Tolvan Log Viewer", "key alt+f key t key 1"));
+        ASSERT_TRUE(PressKeys("2.log - Tolvan Log Viewer", "key ctrl+q"));
+        EXPECT_EQ(0, ExitCodeOf(viewer));
+    }
+    Program viewer({LOGVIEW_PROGRAM, TempFile("3.log").Text()});
+    ASSERT_TRUE(PressKeys("3.log - Tolvan Log Viewer", "key ctrl+Next"));
+    ASSERT_TRUE(PressKeys("3.log - Tolvan Log Viewer", "key ctrl+q"));
+    EXPECT_EQ(0, ExitCodeOf(viewer));
 }
 
 // The size of the window manager's frame must not be added with every start.

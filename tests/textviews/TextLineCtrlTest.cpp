@@ -1,7 +1,10 @@
 #include "tests/support/LogCapture.h"
 #include "tests/textviews/TextViewTest.h"
+#include "textviews/wxTextFinder.h"
 
 #include <wx/clipbrd.h>
+
+#include <fcntl.h>
 
 TEST_F(TextViewTest, AppendReplacesTabsAndWidens)
 {
@@ -12,6 +15,43 @@ TEST_F(TextViewTest, AppendReplacesTabsAndWidens)
     EXPECT_EQ(m_View->GetScrollRange(wxVERTICAL), 2 * m_View->LineHeight());
     m_View->Append("\xc3\xa4\xc3\xa4\xc3\xa4\xc3\xa4\xc3\xa4\xc3\xa4\xc3\xa4", false);
     EXPECT_EQ(m_View->VirtualWidth(), 8 * m_View->ColumnWidth()) << "characters, not bytes";
+}
+
+// They are lines as all others.
+TEST_F(TextViewTest, LinesMayStayInAFile)
+{
+    const Path file = TempFile("stored.log");
+    String     text = "\ta line that is wide\n";
+    for (int i = 1; i < 5000; ++i)
+    {
+        text += "line " + String::FromInt(i) + "\n";
+    }
+    WriteFile(file, text);
+    const auto source = std::make_shared<wxTextFile>(Descriptor::Open(file.Text(), O_RDONLY));
+    std::vector<wxTextStretch> found;
+    ASSERT_EQ(text.size(), wxFindTextLines(text, 0, found));
+    m_View->Append("in memory", false);
+    m_View->SetFollowing(true);
+    EXPECT_EQ(5000, m_View->AppendStored(source, found));
+    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), Bottom());
+    EXPECT_EQ(m_View->VirtualWidth(), 24 * m_View->ColumnWidth());
+    m_View->Append("in memory", false);
+    EXPECT_EQ(5002, m_View->GetLineCount());
+    EXPECT_EQ(5002, m_View->GetReachableLines());
+    EXPECT_EQ("    a line that is wide", m_View->GetLine(1));
+    EXPECT_TRUE(m_View->Search("line 4321", true, true));
+    EXPECT_EQ(4322, m_View->GetMarkedLine());
+    m_View->Erase(10);
+    EXPECT_EQ(4321, m_View->GetMarkedLine());
+    EXPECT_EQ("line 10", m_View->GetLine(10));
+    m_View->SelectAll();
+    m_View->SetLineLimit(1600);
+    EXPECT_EQ("in memory", m_View->GetLine(m_View->GetLineCount() - 1));
+    EXPECT_TRUE(IsSelected(0, 1499));
+    EXPECT_EQ("line 4321", m_View->GetLine(m_View->GetMarkedLine()));
+    m_View->SaveTo(file); // what it reads from is still open
+    EXPECT_EQ(text.substr(text.size() - 20) + "in memory\n",
+              ReadFile(file).substr(ReadFile(file).size() - 30));
 }
 
 TEST_F(TextViewTest, AppendSorted)

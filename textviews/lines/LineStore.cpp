@@ -7,11 +7,11 @@ namespace textviews
 {
 namespace
 {
-constexpr size_t   kLeafBytes = 32 * 1024;       // bytes of lines in a leaf; a longer line is alone
-constexpr size_t   kLeafLines = 4096;            // lines in a leaf, where they are short or empty
-constexpr size_t   kMergeBytes = kLeafBytes / 4; // smaller leaves look for a neighbour
-constexpr size_t   kFirstStarts = 256;           // lines
-constexpr uint64_t kTrimBytes = uint64_t{16} * 1024 * 1024; // bytes freed that are worth a trim
+constexpr size_t   kMergeBytes = LineStore::k_LeafBytes / 4; // smaller leaves look for a neighbour
+constexpr size_t   kFirstStarts = 256;                       // lines
+constexpr uint64_t kTrimBytes = uint64_t{16} * 1024 * 1024;  // bytes freed that are worth a trim
+
+constexpr std::string_view kOnItsWay = "\xe2\x80\xa6"; // an ellipsis
 } // namespace
 
 std::string_view LineStore::Block::Line(int index) const
@@ -33,10 +33,16 @@ size_t LineStore::Leaf::EndOf(size_t line) const
     return line + 1 < starts.size() ? starts[line + 1] : bytes.size();
 }
 
-std::string_view LineStore::Leaf::Line(int index) const
+int LineStore::Leaf::Count() const
 {
-    const size_t line = head + static_cast<size_t>(index);
-    return {bytes.data() + starts[line], EndOf(line) - starts[line]};
+    const size_t all = IsStored() ? static_cast<size_t>(stored.lines) : starts.size();
+    return static_cast<int>(all - head);
+}
+
+std::string_view LineStore::Content::Line(size_t line) const
+{
+    const size_t end = line + 1 < starts.size() ? starts[line + 1] : bytes.size();
+    return {bytes.data() + starts[line], end - starts[line]};
 }
 
 // Takes the erased lines out of the front.
@@ -56,6 +62,35 @@ void LineStore::Leaf::Compact()
     head = 0;
 }
 
+LineStore::LineStore(std::function<void()> late, int most) : m_Most(most), m_Stored(std::move(late))
+{
+}
+
+LineStore::Content LineStore::ContentOf(const Leaf& leaf) const
+{
+    if (!leaf.IsStored())
+    {
+        return {leaf.bytes, leaf.starts};
+    }
+    const StoredText& text = m_Stored.Now(leaf.stored);
+    return {text.bytes, text.starts};
+}
+
+std::string_view LineStore::LineOf(const Leaf& leaf, int index) const
+{
+    return ContentOf(leaf).Line(leaf.head + static_cast<size_t>(index));
+}
+
+std::string_view LineStore::LineNow(int index) const
+{
+    if (index < 0 || index >= m_Count)
+    {
+        return {};
+    }
+    const size_t leaf = LeafOf(index);
+    return LineOf(m_Leaves[leaf], index - FirstLineOf(leaf));
+}
+
 std::string_view LineStore::Line(int index) const
 {
     if (index < 0 || index >= m_Count)
@@ -63,7 +98,27 @@ std::string_view LineStore::Line(int index) const
         return {};
     }
     const size_t leaf = LeafOf(index);
-    return m_Leaves[leaf].Line(index - FirstLineOf(leaf));
+    if (m_Leaves[leaf].IsStored() && !m_Stored.Soon(m_Leaves[leaf].stored))
+    {
+        return kOnItsWay;
+    }
+    return LineOf(m_Leaves[leaf], index - FirstLineOf(leaf));
+}
+
+uint64_t LineStore::RoughBytes(int first, int last) const
+{
+    if (first < 0 || first > last || last >= m_Count)
+    {
+        return 0;
+    }
+    uint64_t     bytes = 0;
+    const size_t end = LeafOf(last);
+    for (size_t leaf = LeafOf(first); leaf <= end; ++leaf)
+    {
+        bytes +=
+            m_Leaves[leaf].IsStored() ? m_Leaves[leaf].storedBytes : m_Leaves[leaf].LiveBytes();
+    }
+    return bytes;
 }
 
 LineStore::Block LineStore::BlockOf(int index) const
@@ -73,9 +128,10 @@ LineStore::Block LineStore::BlockOf(int index) const
     Block        block;
     block.firstLine = FirstLineOf(leafIndex);
     block.lineCount = leaf.Count();
-    block.starts = leaf.starts.data() + leaf.head;
-    block.origin = leaf.starts[leaf.head];
-    block.bytes = {leaf.bytes.data() + block.origin, leaf.LiveBytes()};
+    const Content content = ContentOf(leaf);
+    block.starts = content.starts.data() + leaf.head;
+    block.origin = *block.starts;
+    block.bytes = {content.bytes.data() + block.origin, content.bytes.size() - block.origin};
     return block;
 }
 
@@ -90,6 +146,19 @@ size_t LineStore::LeafOf(int index) const
     return static_cast<size_t>(after - m_FirstLines.begin()) - 1;
 }
 
+int LineStore::NextInMemory(int index) const
+{
+    for (size_t leaf = index < m_Count ? LeafOf(index) : m_Leaves.size(); leaf < m_Leaves.size();
+         ++leaf)
+    {
+        if (!m_Leaves[leaf].IsStored())
+        {
+            return std::max(index, FirstLineOf(leaf));
+        }
+    }
+    return m_Count;
+}
+
 int LineStore::FirstLineOf(size_t leaf) const
 {
     return static_cast<int>(m_FirstLines[leaf] - m_Erased);
@@ -97,7 +166,8 @@ int LineStore::FirstLineOf(size_t leaf) const
 
 bool LineStore::Fits(const Leaf& leaf, size_t size)
 {
-    return leaf.bytes.size() + size <= kLeafBytes && leaf.starts.size() < kLeafLines;
+    return !leaf.IsStored() && leaf.bytes.size() + size <= k_LeafBytes &&
+           leaf.starts.size() < k_LeafLines;
 }
 
 void LineStore::AddLeaf(size_t at, int64_t firstLine)
@@ -122,6 +192,10 @@ void LineStore::Seal(Leaf& leaf)
 
 void LineStore::Append(std::string_view line)
 {
+    if (IsFull())
+    {
+        return;
+    }
     if (m_Leaves.empty() || !Fits(m_Leaves.back(), line.size()))
     {
         BeginLastLeaf(line.size());
@@ -138,20 +212,74 @@ void LineStore::Append(std::string_view line)
 void LineStore::BeginLastLeaf(size_t firstSize)
 {
     size_t lines = kFirstStarts;
-    if (!m_Leaves.empty())
+    if (!m_Leaves.empty() && !m_Leaves.back().IsStored())
     {
         Seal(m_Leaves.back());
         lines = m_Leaves.back().starts.size();
     }
     AddLeaf(m_Leaves.size(), m_Erased + m_Count);
     Leaf&      leaf = m_Leaves.back();
-    const bool alone = firstSize > kLeafBytes;
-    leaf.bytes.reserve(alone ? firstSize : kLeafBytes);
+    const bool alone = firstSize > k_LeafBytes;
+    leaf.bytes.reserve(alone ? firstSize : k_LeafBytes);
     leaf.starts.reserve(alone ? 1 : lines + lines / 16);
+}
+
+// A file that grows tells of a few lines at a time.
+bool LineStore::Continues(const Leaf& leaf, const std::shared_ptr<const wxTextSource>& source,
+                          const wxTextStretch& stretch)
+{
+    return leaf.stored.source == source &&
+           leaf.stored.offset + leaf.stored.size == stretch.offset &&
+           leaf.storedBytes + stretch.bytes <= k_LeafBytes &&
+           static_cast<size_t>(leaf.stored.lines) + static_cast<size_t>(stretch.lines) <=
+               k_LeafLines;
+}
+
+int LineStore::AppendStored(const std::shared_ptr<const wxTextSource>& source,
+                            const wxTextStretch&                       stretch)
+{
+    const int lines = std::min(stretch.lines, m_Most - m_Count);
+    if (lines <= 0)
+    {
+        return 0;
+    }
+    if (m_Leaves.empty() || !Continues(m_Leaves.back(), source, stretch))
+    {
+        if (!m_Leaves.empty())
+        {
+            Seal(m_Leaves.back());
+        }
+        AddLeaf(m_Leaves.size(), m_Erased + m_Count);
+        m_Leaves.back().stored = {source, stretch.offset, 0, 0};
+    }
+    Leaf& leaf = m_Leaves.back();
+    leaf.stored.size += stretch.size;
+    leaf.stored.lines += lines;
+    leaf.storedBytes += stretch.bytes;
+    m_Count += lines;
+    m_Bytes += stretch.bytes;
+    return lines;
+}
+
+// Only there can they be changed.
+void LineStore::TakeIntoMemory(Leaf& leaf)
+{
+    if (leaf.IsStored())
+    {
+        StoredText text = ReadStored(leaf.stored);
+        leaf.bytes = std::move(text.bytes);
+        leaf.starts = std::move(text.starts);
+        leaf.stored = {};
+        leaf.storedBytes = 0;
+    }
 }
 
 void LineStore::Insert(int index, std::string_view line)
 {
+    if (IsFull())
+    {
+        return;
+    }
     if (index >= m_Count)
     {
         Append(line);
@@ -167,6 +295,7 @@ void LineStore::Insert(int index, std::string_view line)
 void LineStore::InsertIntoLeaf(size_t leafIndex, int line, std::string_view text)
 {
     Leaf& leaf = m_Leaves[leafIndex];
+    TakeIntoMemory(leaf);
     leaf.Compact();
     const auto at = leaf.starts.begin() + line;
     const auto start = *at;
@@ -184,8 +313,8 @@ void LineStore::InsertIntoLeaf(size_t leafIndex, int line, std::string_view text
 
 bool LineStore::TooLarge(const Leaf& leaf)
 {
-    return (leaf.bytes.size() > kLeafBytes && leaf.starts.size() > 1) ||
-           leaf.starts.size() > kLeafLines;
+    return (leaf.bytes.size() > k_LeafBytes && leaf.starts.size() > 1) ||
+           leaf.starts.size() > k_LeafLines;
 }
 
 // Cuts a leaf in two at the line that starts nearest to the middle of its bytes (at the middle line
@@ -197,8 +326,8 @@ void LineStore::Split(size_t leafIndex)
     Leaf&      right = m_Leaves[leafIndex + 1];
     const auto middle = static_cast<uint32_t>(left.bytes.size() / 2);
     const auto after =
-        left.starts.size() > kLeafLines
-            ? left.starts.begin() + kLeafLines / 2
+        left.starts.size() > k_LeafLines
+            ? left.starts.begin() + k_LeafLines / 2
             : std::lower_bound(left.starts.begin() + 1, left.starts.end() - 1, middle);
     const auto cut = *after;
     const auto keptLines = after - left.starts.begin();
@@ -224,7 +353,8 @@ void LineStore::Erase(int index)
         return;
     }
     const size_t leaf = LeafOf(index);
-    m_Bytes -= m_Leaves[leaf].Line(index - FirstLineOf(leaf)).size();
+    // Less than that may be left of a file that has lost lines since they were counted.
+    m_Bytes -= std::min<uint64_t>(m_Bytes, LineNow(index).size());
     --m_Count;
     EraseFromLeaf(leaf, index - FirstLineOf(leaf));
 }
@@ -252,6 +382,7 @@ void LineStore::EraseFromLeaf(size_t leafIndex, int line)
         ++leaf.head;
         return;
     }
+    TakeIntoMemory(leaf);
     leaf.Compact();
     const auto   at = leaf.starts.begin() + line;
     const size_t start = *at;
@@ -279,7 +410,8 @@ void LineStore::MergeSmall(size_t leafIndex)
     }
     Leaf& left = m_Leaves[leafIndex];
     Leaf& right = m_Leaves[leafIndex + 1];
-    if (left.LiveBytes() >= kMergeBytes || left.LiveBytes() + right.LiveBytes() > kLeafBytes / 2)
+    if (right.IsStored() || left.LiveBytes() >= kMergeBytes ||
+        left.LiveBytes() + right.LiveBytes() > k_LeafBytes / 2)
     {
         return;
     }
@@ -302,6 +434,7 @@ void LineStore::Clear()
     m_Erased = 0;
     m_Count = 0;
     m_Bytes = 0;
+    m_Stored.Forget();
     if (trim)
     {
         malloc_trim(0); // or the heap keeps the pages for itself
@@ -311,7 +444,7 @@ void LineStore::Clear()
 int LineStore::LowerBound(std::string_view line) const
 {
     const auto leaf = std::partition_point(m_Leaves.begin(), m_Leaves.end(),
-                                           [line](const Leaf& l) { return l.Line(0) < line; });
+                                           [&](const Leaf& l) { return LineOf(l, 0) < line; });
     if (leaf == m_Leaves.begin())
     {
         return 0;
@@ -323,7 +456,7 @@ int LineStore::LowerBound(std::string_view line) const
     while (low < high)
     {
         const int middle = low + (high - low) / 2;
-        if (holder.Line(middle) < line)
+        if (LineOf(holder, middle) < line)
         {
             low = middle + 1;
         }

@@ -1,8 +1,13 @@
 #pragma once
 
+#include "textviews/lines/StoredText.h"
+
+#include <climits>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <functional>
+#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -13,10 +18,18 @@ namespace textviews
 /// a string object a line would cost 60 on top, and a heap block each. Adding at the end and
 /// removing at the start take constant time; in the middle one leaf moves.
 ///
-/// A view that is handed out is valid until the next change.
+/// Lines may also stay in a source, a file mostly: a leaf of such lines costs some 100 bytes, and
+/// is read when one of them is asked for. Otherwise they are lines as all others; those that are
+/// changed come into memory.
+///
+/// A view that is handed out is valid until the next change, or until lines of eight other leaves
+/// have been asked for.
 class LineStore
 {
 public:
+    static constexpr size_t k_LeafBytes = 32 * 1024; ///< Of lines in a leaf; a longer one is alone.
+    static constexpr size_t k_LeafLines = 4096;      ///< In a leaf, where they are short or empty.
+
     /// Neighbouring lines that lie together, for whoever goes through all of them.
     struct Block
     {
@@ -31,15 +44,31 @@ public:
         int              LineAt(size_t byte) const; ///< The line that holds that byte of `bytes`.
     };
 
+    /// `late` is called, on a thread of the store's own, when lines can be had that `Line` did
+    /// not have. `most` is for tests: no more lines can be counted.
+    explicit LineStore(std::function<void()> late = {}, int most = INT_MAX - 1);
+
     int      Count() const { return m_Count; }
     uint64_t Bytes() const { return m_Bytes; } ///< Of all lines.
+    bool     IsFull() const { return m_Count >= m_Most; }
 
-    /// The line; an empty view when there is no line of that index.
+    /// The line, for somebody who looks at a window: one whose disk does not answer at once is told
+    /// to be on its way. An empty view when there is no line of that index.
     std::string_view Line(int index) const;
+    /// The same for others: it waits for the disk.
+    std::string_view LineNow(int index) const;
     /// The lines that lie together with that one; it must exist.
     Block BlockOf(int index) const;
+    /// That line, or the first one after it whose bytes are in memory; `Count()` when there is
+    /// none.
+    int NextInMemory(int index) const;
+    /// Bytes of those lines, more or less: no line is read.
+    uint64_t RoughBytes(int first, int last) const;
 
-    void Append(std::string_view line);
+    void Append(std::string_view line); ///< Nothing when the store is full.
+    /// Adds lines that stay where they are. Gives how many: fewer when the store is full then.
+    int AppendStored(const std::shared_ptr<const wxTextSource>& source,
+                     const wxTextStretch&                       stretch);
     /// Puts the line before that one; an index outside adds it at the nearer end.
     void Insert(int index, std::string_view line);
     void Erase(int index); ///< No line of that index: nothing.
@@ -53,18 +82,34 @@ private:
     {
         std::vector<char>     bytes;
         std::vector<uint32_t> starts;
-        uint32_t              head = 0; ///< Lines at the front that are erased already.
+        uint32_t              head = 0;        ///< Lines at the front that are erased already.
+        uint32_t              storedBytes = 0; ///< Of lines in a source, as the view has them.
+        StoredPlace           stored;          ///< Without a source: the lines are in memory.
 
-        int              Count() const { return static_cast<int>(starts.size() - head); }
-        size_t           EndOf(size_t line) const;
-        std::string_view Line(int index) const;
-        size_t           LiveBytes() const { return bytes.size() - starts[head]; }
-        void             Compact();
+        bool   IsStored() const { return stored.source != nullptr; }
+        int    Count() const;
+        size_t EndOf(size_t line) const;
+        size_t LiveBytes() const { return bytes.size() - starts[head]; }
+        void   Compact();
+    };
+    /// Lines of a leaf, wherever they lie.
+    struct Content
+    {
+        const std::vector<char>&     bytes;
+        const std::vector<uint32_t>& starts;
+
+        std::string_view Line(size_t line) const;
     };
 
     static bool Fits(const Leaf& leaf, size_t size);
+    static bool Continues(const Leaf& leaf, const std::shared_ptr<const wxTextSource>& source,
+                          const wxTextStretch& stretch);
     static bool TooLarge(const Leaf& leaf);
     static void Seal(Leaf& leaf);
+
+    Content          ContentOf(const Leaf& leaf) const;
+    std::string_view LineOf(const Leaf& leaf, int index) const;
+    void             TakeIntoMemory(Leaf& leaf);
 
     size_t LeafOf(int index) const;
     int    FirstLineOf(size_t leaf) const;
@@ -82,5 +127,8 @@ private:
     int64_t              m_Erased = 0; ///< Lines that were erased at the very start.
     int                  m_Count = 0;
     uint64_t             m_Bytes = 0;
+    int                  m_Most;
+
+    mutable StoredTexts m_Stored; ///< What was read lately.
 };
 } // namespace textviews
