@@ -8,6 +8,7 @@
 #include "textviews/lines/LineStore.h"
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
+#include "textviews/search/VisibleHits.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "vesta/CallEntry.h"
 
@@ -45,6 +46,7 @@ void wxTextLineCtrl::DrawBitmap()
                            [&band](const wxRect& area) { return area.Intersects(band); });
     };
     m_Drawn->Show(geometry.scroll, geometry.FirstDrawnLine());
+    m_Hits->BeginPicture();
     for (int line = geometry.FirstDrawnLine(); line < end; ++line)
     {
         if (isStale(geometry.BandOf(line)))
@@ -55,6 +57,10 @@ void wxTextLineCtrl::DrawBitmap()
     }
     painter.Fill(geometry.BelowLines(), palette.Band({}));
     DrawFocus(palette, painter);
+    if (m_Hits->IsIncomplete())
+    {
+        CallAfter([this] { Redraw(); });
+    }
 }
 
 wxColour wxTextLineCtrl::InkOf(const textviews::LineState&   state,
@@ -74,6 +80,7 @@ void wxTextLineCtrl::DrawLine(const textviews::TextGeometry& geometry,
     painter.SetColour(InkOf(state, palette));
     painter.DrawLine(line, m_Lines->Line(line),
                      {geometry.FirstDrawnCell(), geometry.EndOfDrawnCells()});
+    DrawMarks(geometry, palette, painter, line);
     if (line == m_MarkedLine)
     {
         DrawHit(geometry, palette, painter);
