@@ -22,23 +22,12 @@ String KeyOf(size_t index)
     return kText + String::FromInt(static_cast<int>(index) + 1);
 }
 
-// In quotation marks, since blanks at either end count.
-String Quoted(const String& text)
-{
-    return '"' + text + '"';
-}
-
-String Unquoted(const String& value)
-{
-    return value.size() < 2 ? String() : String(value.substr(1, value.size() - 2));
-}
-
 std::vector<String> SavedTexts(const OptionsFile& options)
 {
     std::vector<String> texts;
     for (size_t i = 0; i < textviews::SearchHistory::k_Most; ++i)
     {
-        const String text = Unquoted(options.GetValue(kSection, KeyOf(i)));
+        const String text = options.GetValue(kSection, KeyOf(i));
         if (!text.empty())
         {
             texts.push_back(text);
@@ -83,7 +72,7 @@ void wxTextLineSearchPanel::RememberText()
         const std::vector<String>&        texts = m_History->Texts();
         for (size_t i = 0; i < texts.size(); ++i)
         {
-            options->SetValue(kSection, KeyOf(i), Quoted(texts[i]));
+            options->SetValue(kSection, KeyOf(i), texts[i]);
         }
     }
 }

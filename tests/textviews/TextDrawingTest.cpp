@@ -121,7 +121,7 @@ TEST_F(TextViewTest, AllHitsAreMarkedAndCanBeRead)
             EXPECT_GE(std::abs(mark.ground.Red() - band.Red()) +
                           std::abs(mark.ground.Green() - band.Green()) +
                           std::abs(mark.ground.Blue() - band.Blue()),
-                      50)
+                      40)
                 << scheme;
             return mark.ground;
         };

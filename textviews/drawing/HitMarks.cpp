@@ -17,15 +17,15 @@ HitMark MarkOn(const wxColour& band, const wxColour& ink, const wxColour& mark)
     {
         return {band, ink};
     }
+    wxColour ground;
     for (const double share : kGroundShares)
     {
-        const wxColour ground = internal::MixColours(band, mark, share);
+        ground = internal::MixColours(band, mark, share);
         if (ink.IsOk() && internal::ContrastOf(ink, ground) >= internal::k_TextContrast)
         {
             return {ground, ink};
         }
     }
-    const wxColour ground = internal::MixColours(band, mark, kGroundShares[0]);
     return {ground, internal::MadeReadable(ink, ground)};
 }
 
