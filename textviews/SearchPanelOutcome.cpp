@@ -4,6 +4,7 @@
 #include "textviews/wxTextLineCtrl.h"
 #include "textviews/wxTextLineSearchPanel.h"
 
+#include <wx/app.h>
 #include <wx/dcclient.h>
 
 #include <algorithm>

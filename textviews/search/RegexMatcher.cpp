@@ -18,7 +18,7 @@ constexpr size_t kReach = 64 * 1024;
 constexpr size_t kCallCost = 64; // bytes that could be looked through in the time of a call
 constexpr auto   kMostTime = std::chrono::milliseconds(4); // of a step, whatever its budget
 constexpr size_t kBeside = 4;                              // bytes of a character at most
-constexpr int    kMemory = 8 << 20; // bytes of an expression and of what it has learned
+constexpr int kMemory = 2 << 20; // bytes of an expression; one that takes more takes long to read
 
 // "%s" stands for the part of the expression that it is about.
 const char* ProblemText(RE2::ErrorCode code)
