@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <ctime>
 #include <random>
 
@@ -119,6 +120,48 @@ TEST(HitFinderTest, TellsInPlainWordsWhatIsWrong)
     for (const auto& c : cases)
     {
         EXPECT_EQ(ProblemOf(c.expression), c.problem);
+    }
+}
+
+// Lines are looked through many at a time: none with a hit may be left out, and none may be taken
+// for one with another.
+TEST(HitFinderTest, LinesHaveTheHitsThatTheyHaveAlone)
+{
+    std::mt19937 random(2);
+    for (const char* const letters : {"ab _", "ab\n_", "ab\xff_"})
+    {
+        std::vector<String> lines;
+        for (int i = 0; i < 2000; ++i)
+        {
+            String line;
+            for (auto n = random() % 6; n > 0; --n)
+            {
+                line += letters[random() % 4];
+            }
+            lines.push_back(line);
+        }
+        const textviews::LineStore        store = StoreOf(lines);
+        const textviews::LineStore::Block block = store.BlockOf(0);
+        ASSERT_EQ(block.lineCount, 2000);
+        for (const char* const text : {"^a", "a$", "^ab$", "\\Aa", "a\\z", "b\\b", "a\\sb", "[^a]b",
+                                       "a[^b]*a", "(?s)a.b", "(?-m)^a", "(?m)^b$", "(?i)^A", "a\nb",
+                                       "\\x0a", "b{3}", "(?:^|b)a(?:$|b)", "\\Ca", "x*"})
+        {
+            for (const bool wholeWords : {false, true})
+            {
+                const auto finder = FinderFor(text, true, wholeWords, true);
+                ASSERT_TRUE(finder) << text;
+                const std::vector<int> found = finder->LinesIn(block, 0, block.lineCount, false);
+                for (int line = 0; line < block.lineCount; ++line)
+                {
+                    ASSERT_TRUE(HitsIn(*finder, lines[static_cast<size_t>(line)]).empty() ||
+                                std::binary_search(found.begin(), found.end(), line))
+                        << text << " in " << lines[static_cast<size_t>(line)];
+                }
+                EXPECT_TRUE(std::adjacent_find(found.begin(), found.end(),
+                                               std::greater_equal<int>()) == found.end());
+            }
+        }
     }
 }
 

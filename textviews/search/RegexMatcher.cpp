@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstring>
 
 namespace textviews
 {
@@ -55,14 +56,46 @@ const char* ProblemText(RE2::ErrorCode code)
     }
 }
 
-std::unique_ptr<re2::RE2> Compiled(const String& expression, bool matchCase)
+RE2::Options Options(bool matchCase)
 {
     RE2::Options options;
     options.set_case_sensitive(matchCase);
     options.set_dot_nl(true); // whatever bytes a line has, it is one line
     options.set_log_errors(false);
     options.set_max_mem(kMemory);
-    return std::make_unique<re2::RE2>(expression, options);
+    return options;
+}
+
+// Whether the expression may mean another thing where the line is one of several: it names the
+// text's ends, or changes what the line's ends are.
+bool NamesTheText(const String& expression)
+{
+    for (const char* const part : {"\\A", "\\z", "\\C"})
+    {
+        if (expression.find(part) != String::npos)
+        {
+            return true;
+        }
+    }
+    for (size_t at = expression.find("(?"); at != String::npos; at = expression.find("(?", at + 1))
+    {
+        const auto follows = [&](const char* text)
+        { return expression.compare(at + 2, std::strlen(text), text) == 0; };
+        if (!follows(":") && !follows("i)") && !follows("i:") && !follows("P<"))
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+// Null where it can't be.
+std::unique_ptr<re2::RE2> ForBlocks(const String& expression, bool matchCase)
+{
+    RE2::Options options = Options(matchCase);
+    options.set_never_nl(true);
+    auto forBlocks = std::make_unique<re2::RE2>("(?m)" + expression, options);
+    return forBlocks->ok() ? std::move(forBlocks) : nullptr;
 }
 
 re2::StringPiece PieceOf(std::string_view text)
@@ -71,8 +104,11 @@ re2::StringPiece PieceOf(std::string_view text)
 }
 } // namespace
 
-RegexMatcher::RegexMatcher(std::unique_ptr<re2::RE2> expression, bool wholeWords)
-    : m_Expression(std::move(expression)), m_WholeWords(wholeWords)
+RegexMatcher::RegexMatcher(std::unique_ptr<re2::RE2> expression,
+                           std::unique_ptr<re2::RE2> forBlocks, bool wholeWords)
+    : m_Expression(std::move(expression)),
+      m_ForBlocks(std::move(forBlocks)),
+      m_WholeWords(wholeWords)
 {
 }
 
@@ -80,16 +116,21 @@ RegexMatcher::~RegexMatcher() = default;
 
 std::shared_ptr<HitFinder> RegexMatcher::Make(const SearchQuery& query, QueryProblem& problem)
 {
-    std::unique_ptr<re2::RE2> expression = Compiled(query.text, query.matchCase);
+    String     text = query.text;
+    const auto compiled = [&]
+    { return std::make_unique<re2::RE2>(text, Options(query.matchCase)); };
+    std::unique_ptr<re2::RE2> expression = compiled();
     if (expression->ok() && query.wholeWords)
     {
         // What stands beside it is looked at, too, so that alternatives are tried that end a word.
         const String before = "(?:^|[^\\pL\\pM\\pN_])(";
         const String behind = ")(?:$|[^\\pL\\pM\\pN_])";
-        expression = Compiled(before + query.text + behind, query.matchCase);
+        text = before + query.text + behind;
+        expression = compiled();
         if (!expression->ok()) // it may have left a quotation open
         {
-            expression = Compiled(before + query.text + "\\E" + behind, query.matchCase);
+            text = before + query.text + "\\E" + behind;
+            expression = compiled();
         }
     }
     if (!expression->ok())
@@ -97,7 +138,10 @@ std::shared_ptr<HitFinder> RegexMatcher::Make(const SearchQuery& query, QueryPro
         problem = {ProblemText(expression->error_code()), String(expression->error_arg())};
         return nullptr;
     }
-    return std::shared_ptr<HitFinder>(new RegexMatcher(std::move(expression), query.wholeWords));
+    std::unique_ptr<re2::RE2> forBlocks =
+        NamesTheText(query.text) ? nullptr : ForBlocks(text, query.matchCase);
+    return std::shared_ptr<HitFinder>(
+        new RegexMatcher(std::move(expression), std::move(forBlocks), query.wholeWords));
 }
 
 size_t RegexMatcher::Reach() const
@@ -195,10 +239,58 @@ bool RegexMatcher::Holds(std::string_view text) const
     return m_Expression->Match(PieceOf(text), 0, text.size(), RE2::UNANCHORED, nullptr, 0);
 }
 
+// False where they are not all ASCII or hold newlines of their own.
+bool RegexMatcher::Join(const LineStore::Block& block, int from, int end)
+{
+    if (!IsAscii(block.bytes) || block.bytes.find('\n') != std::string_view::npos)
+    {
+        return false;
+    }
+    m_Joined.clear();
+    m_Ends.clear();
+    for (int line = from; line < end; ++line)
+    {
+        m_Joined += block.Line(line);
+        m_Ends.push_back(m_Joined.size());
+        m_Joined += '\n';
+    }
+    return true;
+}
+
+// To begin to look costs as much as many bytes do: most lines have no hit.
+void RegexMatcher::LinesInJoined(int from, bool onlyFirst)
+{
+    for (size_t at = 0; at < m_Joined.size();)
+    {
+        re2::StringPiece hit;
+        if (!m_ForBlocks->Match(m_Joined, at, m_Joined.size(), RE2::UNANCHORED, &hit, 1))
+        {
+            return;
+        }
+        const auto place = static_cast<size_t>(hit.data() - m_Joined.data());
+        const auto line = std::lower_bound(m_Ends.begin(), m_Ends.end(), place);
+        if (line == m_Ends.end())
+        {
+            return; // nothing, behind the last newline
+        }
+        m_Lines.push_back(from + static_cast<int>(line - m_Ends.begin()));
+        if (onlyFirst)
+        {
+            return;
+        }
+        at = *line + 1;
+    }
+}
+
 const std::vector<int>& RegexMatcher::LinesIn(const LineStore::Block& block, int from, int end,
                                               bool onlyFirst)
 {
     m_Lines.clear();
+    if (m_ForBlocks && Join(block, from, end))
+    {
+        LinesInJoined(from, onlyFirst);
+        return m_Lines;
+    }
     const bool ascii = IsAscii(block.bytes);
     for (int line = from; line < end; ++line)
     {

@@ -30,15 +30,21 @@ public:
     bool                    IsSureOfLines() const override { return false; }
 
 private:
-    RegexMatcher(std::unique_ptr<re2::RE2> expression, bool wholeWords);
+    RegexMatcher(std::unique_ptr<re2::RE2> expression, std::unique_ptr<re2::RE2> forBlocks,
+                 bool wholeWords);
 
     void HitsInText(std::string_view text, const LinePiece& piece, size_t& from, size_t& budget,
                     std::vector<ByteSpan>& hits) const;
     bool NextHit(std::string_view text, const LinePiece& piece, size_t from, ByteSpan& hit) const;
     bool Holds(std::string_view text) const;
+    bool Join(const LineStore::Block& block, int from, int end);
+    void LinesInJoined(int from, bool onlyFirst);
 
     std::unique_ptr<re2::RE2> m_Expression;
+    std::unique_ptr<re2::RE2> m_ForBlocks;  ///< The same for joined lines; null where that differs.
     bool                      m_WholeWords; ///< The hit is the first group of the expression.
+    std::string               m_Joined;     ///< Lines, a newline after each.
+    std::vector<size_t>       m_Ends;       ///< Where their newlines are.
     std::vector<int>          m_Lines;
 };
 } // namespace textviews
