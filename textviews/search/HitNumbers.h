@@ -8,9 +8,9 @@
 
 namespace textviews
 {
-/// Counts the hits in lines, in steps, goes on as lines come and go, and knows the how manieth of
-/// them one is. It keeps the number of hits of some hundred lines at a time, so that a change costs
-/// no more than those.
+/// Counts the hits in lines, in steps, goes on as lines come and go, and knows the number of one of
+/// them: the third, say. It keeps sums of some hundred lines each, so that a change costs no more
+/// than those.
 class HitNumbers
 {
 public:
