@@ -3,6 +3,7 @@
 #include "listviews/wxDoubleBufferedWindow.h"
 #include "textviews/wxTextFinder.h"
 #include "textviews/wxTextLineCtrl.h"
+#include "textviews/wxTextLineSearchPanel.h"
 
 #include <algorithm>
 #include <chrono>
@@ -275,6 +276,44 @@ void SearchToTheLastLine(benchmark::State& state)
 BENCHMARK(SearchToTheLastLine)
     ->Args({kMillion, 1})
     ->Args({kMillion, 0})
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
+
+// The same by the search bar, in slices: plain texts, and regular expressions of several kinds.
+void FindToTheLastLine(benchmark::State& state)
+{
+    const struct
+    {
+        bool        expression;
+        const char* text;
+    } searches[] = {
+        {false, "Needle in"},
+        {true, "Needle i[nm]"},
+        {true, "[A-Z]eedle i"},
+        {true, "(lost|found|Needle) (in|under)"},
+    };
+    const auto& search = searches[state.range(1)];
+    const Stage stage;
+    stage.Fill(static_cast<int>(state.range(0)) - 1);
+    stage->Append("the Needle in the last line", false);
+    wxTextLineSearchPanel* const bar = stage->GetSearchPanel();
+    bar->SetMatchCase(true);
+    bar->SetExpression(search.expression);
+    bar->SetText(search.text);
+    state.SetLabel(search.text);
+    PumpUntil([&] { return !bar->IsCounting(); });
+    for (auto _ : state)
+    {
+        bar->Find(true);
+        PumpUntil([&] { return !bar->IsSearching(); });
+        if (bar->GetHits() != 1 || stage->GetMarkedLine() != stage->GetLineCount() - 1)
+        {
+            state.SkipWithError("not found");
+        }
+    }
+}
+BENCHMARK(FindToTheLastLine)
+    ->ArgsProduct({{kMillion}, {0, 1, 2, 3}})
     ->UseRealTime()
     ->Unit(benchmark::kMillisecond);
 

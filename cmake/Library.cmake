@@ -4,6 +4,8 @@
 # header shows it.
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(PANGOCAIRO REQUIRED IMPORTED_TARGET pangocairo)
+# Regular expressions in the search of text views, in linear time. Inside, too.
+pkg_check_modules(RE2 REQUIRED IMPORTED_TARGET re2)
 
 # The port's own library, of the version that the toolkit was built for. Its headers are for
 # internal/port only.
@@ -17,7 +19,8 @@ pkg_check_modules(GTK REQUIRED gtk+-${CMAKE_MATCH_1}.0)
 add_library(wxTolvan_objects OBJECT)
 target_include_directories(wxTolvan_objects PUBLIC ${CMAKE_SOURCE_DIR})
 target_link_libraries(wxTolvan_objects
-    PUBLIC tolvan::vesta tolvan::platform tolvan::wx PkgConfig::PANGOCAIRO ${GTK_LINK_LIBRARIES}
+    PUBLIC tolvan::vesta tolvan::platform tolvan::wx PkgConfig::PANGOCAIRO PkgConfig::RE2
+           ${GTK_LINK_LIBRARIES}
     PRIVATE tolvan_warnings tolvan_sanitizers)
 target_precompile_headers(wxTolvan_objects PRIVATE <wx/wx.h> ${TOLVAN_STANDARD_HEADERS})
 # Programs reuse the library's precompiled header; the compiler takes it only for the same kind of
@@ -35,5 +38,6 @@ target_include_directories(wxTolvan PUBLIC
     $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}> $<INSTALL_INTERFACE:include/wxTolvan>)
 target_link_libraries(wxTolvan
     PUBLIC tolvan::vesta tolvan::platform tolvan::wx
-    PRIVATE $<BUILD_INTERFACE:PkgConfig::PANGOCAIRO> "$<BUILD_INTERFACE:${GTK_LINK_LIBRARIES}>"
+    PRIVATE $<BUILD_INTERFACE:PkgConfig::PANGOCAIRO> $<BUILD_INTERFACE:PkgConfig::RE2>
+            "$<BUILD_INTERFACE:${GTK_LINK_LIBRARIES}>"
             $<BUILD_INTERFACE:tolvan_sanitizers>)

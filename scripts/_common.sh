@@ -7,7 +7,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 # The one list of packages (Debian 12 names), by purpose.
 packages_build="build-essential cmake ninja-build ccache pkg-config libwxgtk3.2-dev libboost-dev
-    libspdlog-dev nlohmann-json3-dev libpango1.0-dev libgtk-3-dev zlib1g-dev libzstd-dev"
+    libspdlog-dev nlohmann-json3-dev libpango1.0-dev libgtk-3-dev zlib1g-dev libzstd-dev libre2-dev"
 packages_display="xvfb openbox xdotool imagemagick fonts-dejavu-core librsvg2-common"
 packages_test="libgtest-dev libxtst-dev xclip gzip zstd"
 packages_sanitizers="clang libclang-rt-dev llvm"

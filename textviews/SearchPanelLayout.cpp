@@ -1,4 +1,5 @@
-#include "appearance/wxtTextCtrl.h"
+#include "textviews/search/BarRows.h"
+#include "textviews/search/SearchField.h"
 #include "textviews/search/searchCancel.xpm"
 #include "textviews/wxTextLineSearchPanel.h"
 
@@ -9,18 +10,11 @@
 
 namespace
 {
-constexpr int    kFieldWidth = 220; // pixels
-constexpr int    kLeastField = 80;  // pixels, where there are two rows
-constexpr int    kGap = 6;          // pixels between the controls
-constexpr int    kMargin = 4;       // pixels around them
-constexpr int    kManyHits = 1'000'000;
-constexpr size_t kShownText = 200; // characters of the text that a notice is about
-
-wxString WithText(wxString notice, const wxString& text)
-{
-    notice.Replace("%s", text, false);
-    return notice;
-}
+constexpr int kFieldWidth = 220; // pixels
+constexpr int kLeastField = 80;  // pixels, where there is no room for more
+constexpr int kGap = 6;          // pixels between the controls
+constexpr int kMargin = 4;       // pixels around them
+constexpr int kManyHits = 1'000'000;
 } // namespace
 
 void wxTextLineSearchPanel::MakeControls()
@@ -28,12 +22,14 @@ void wxTextLineSearchPanel::MakeControls()
     m_Close = new wxtBitmapButton(this, wxID_ANY, wxBitmap(searchCancel_xpm), wxDefaultPosition,
                                   wxDefaultSize, wxBORDER_NONE);
     m_Close->SetToolTip(_("Close"));
-    m_Field = new wxtTextCtrl(this, wxID_ANY, wxEmptyString, wxDefaultPosition,
-                              wxSize(kFieldWidth, -1), wxTE_PROCESS_ENTER);
-    m_Field->AutoComplete(nullptr); // it is lines of text that are looked for
+    m_Field = new textviews::SearchField(this, kFieldWidth);
     m_Previous = new wxtButton(this, wxID_ANY, _("Previous"));
     m_Next = new wxtButton(this, wxID_ANY, _("Next"));
     m_MatchCase = new wxtCheckBox(this, wxID_ANY, _("Match Case"));
+    m_WholeWords = new wxtCheckBox(this, wxID_ANY, _("Whole Words"));
+    m_Expression = new wxtCheckBox(this, wxID_ANY, _("Regular Expression"));
+    m_MarkAll = new wxtCheckBox(this, wxID_ANY, _("Mark All"));
+    m_AsYouType = new wxtCheckBox(this, wxID_ANY, _("As You Type"));
     m_Stop = new wxtButton(this, wxID_ANY, _("Stop"));
     m_HitCount = new wxtStaticText(this, wxID_ANY, wxEmptyString);
     m_Message = new wxtStaticText(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
@@ -46,57 +42,93 @@ void wxTextLineSearchPanel::LayOutControls()
 {
     const wxSizerFlags one = wxSizerFlags().CentreVertical().Border(wxRIGHT, kGap);
     const wxSizerFlags wide = wxSizerFlags(1).CentreVertical();
-    auto* const        text = new wxBoxSizer(wxHORIZONTAL);
-    text->Add(m_Close, one);
-    text->Add(m_Field, wxSizerFlags(wide).Border(wxRIGHT, kGap));
-    text->Add(m_Previous, one);
-    text->Add(m_Next, one);
-    auto* const outcome = new wxBoxSizer(wxHORIZONTAL);
-    outcome->Add(m_MatchCase, one);
-    outcome->Add(m_HitCount, one);
-    outcome->Add(m_Stop, one);
-    outcome->Add(m_Message, wide);
-    outcome->SetMinSize(0, m_Stop->GetBestSize().y); // also while the button is hidden
-    m_Rows = new wxBoxSizer(wxHORIZONTAL);
-    m_Rows->Add(text, wxSizerFlags().Expand());
-    m_Rows->Add(outcome, wxSizerFlags(1).Expand().Border(wxTOP, 0));
+    m_FieldPart = new wxBoxSizer(wxHORIZONTAL);
+    m_FieldPart->Add(m_Close, one);
+    m_FieldPart->Add(m_Field, wxSizerFlags(wide).Border(wxRIGHT, kGap));
+    m_FieldPart->Add(m_Previous, one);
+    m_FieldPart->Add(m_Next, wxSizerFlags().CentreVertical());
+    m_OutcomePart = new wxBoxSizer(wxHORIZONTAL);
+    m_OutcomePart->Add(m_HitCount, one);
+    m_OutcomePart->Add(m_Stop, one);
+    m_OutcomePart->Add(m_Message, wide);
+    m_OutcomePart->SetMinSize(0, m_Stop->GetBestSize().y); // also while the button is hidden
+    m_Rows = new wxBoxSizer(wxVERTICAL);
     auto* const frame = new wxBoxSizer(wxVERTICAL);
     frame->Add(m_Rows, wxSizerFlags().Expand().Border(wxALL, kMargin));
     SetSizer(frame);
+    PutIntoRows(std::vector<int>(WidthsOfParts().size(), 0));
     Fit();
 }
 
 // With room for everything that may ever be shown, so that rows do not come and go with it.
-int wxTextLineSearchPanel::WidthOfOneRow() const
+std::vector<int> wxTextLineSearchPanel::WidthsOfParts() const
 {
-    const wxString notice = WithText(_("'%s' not found in that direction"), "0123456789");
-    int            width = kFieldWidth + GetTextExtent(HitsText(kManyHits, false)).x +
-                GetTextExtent(notice).x + 2 * kMargin + 2 * kGap;
-    for (const wxWindow* const control :
-         {static_cast<wxWindow*>(m_Close), static_cast<wxWindow*>(m_Previous),
-          static_cast<wxWindow*>(m_Next), static_cast<wxWindow*>(m_MatchCase),
-          static_cast<wxWindow*>(m_Stop)})
+    const auto widthOf = [](const wxWindow* control) { return control->GetBestSize().x; };
+    wxString   notice = _("'%s' not found in that direction");
+    notice.Replace("%s", "0123456789", false);
+    std::vector<int> widths{kFieldWidth + widthOf(m_Close) + widthOf(m_Previous) + widthOf(m_Next) +
+                            3 * kGap};
+    for (const wxWindow* const choice :
+         {m_MatchCase, m_WholeWords, m_Expression, m_MarkAll, m_AsYouType})
     {
-        width += control->GetBestSize().x + kGap;
+        widths.push_back(widthOf(choice));
     }
-    return width;
+    widths.push_back(GetTextExtent(TextFor(kManyHits, kManyHits, false)).x + widthOf(m_Stop) +
+                     GetTextExtent(notice).x + 3 * kGap);
+    return widths;
 }
 
-// True when there were as many rows as that width takes already.
+// True when they are there already.
 bool wxTextLineSearchPanel::ArrangeRows(int width)
 {
-    const bool two = width < WidthOfOneRow();
-    if (two == (m_Rows->GetOrientation() == wxVERTICAL))
+    const std::vector<int> widths = WidthsOfParts();
+    const int              room = width - 2 * kMargin;
+    const std::vector<int> rows = textviews::RowsFor(widths, kGap, room);
+    const int              least = room < widths.front() ? kLeastField : kFieldWidth;
+    if (rows == m_RowOfPart && m_Field->GetMinWidth() == least)
     {
         return true;
     }
-    m_Rows->SetOrientation(two ? wxVERTICAL : wxHORIZONTAL);
-    wxSizerItem* const outcome = m_Rows->GetItem(size_t{1});
-    outcome->SetProportion(two ? 0 : 1);
-    outcome->SetBorder(two ? kGap : 0);
-    m_Field->SetMinSize(wxSize(two ? kLeastField : kFieldWidth, m_Field->GetMinHeight()));
+    m_Field->SetMinSize(wxSize(least, m_Field->GetMinHeight()));
+    PutIntoRows(rows);
     InvalidateBestSize();
     return false;
+}
+
+// The outcome is as wide as its row lets it be, and so is the field in a row without that.
+void wxTextLineSearchPanel::PutIntoRows(const std::vector<int>& rows)
+{
+    for (wxSizerItem* const row : m_Rows->GetChildren())
+    {
+        while (!row->GetSizer()->IsEmpty())
+        {
+            row->GetSizer()->Detach(0);
+        }
+    }
+    m_Rows->Clear();
+    m_RowOfPart = rows;
+    const std::vector<wxtCheckBox*> choices{m_MatchCase, m_WholeWords, m_Expression, m_MarkAll,
+                                            m_AsYouType};
+    std::vector<wxBoxSizer*>        sizers;
+    const auto                      rowOf = [&](size_t part)
+    {
+        while (static_cast<int>(sizers.size()) <= rows[part])
+        {
+            sizers.push_back(new wxBoxSizer(wxHORIZONTAL));
+            const int gap = sizers.size() > 1 ? kGap : 0;
+            m_Rows->Add(sizers.back(), wxSizerFlags().Expand().Border(wxTOP, gap));
+        }
+        return sizers[static_cast<size_t>(rows[part])];
+    };
+    const auto one = [](int proportion)
+    { return wxSizerFlags(proportion).CentreVertical().Border(wxRIGHT, kGap); };
+    const bool isAlone = rows.front() != rows.back();
+    rowOf(0)->Add(m_FieldPart, one(isAlone ? 1 : 0));
+    for (size_t i = 0; i < choices.size(); ++i)
+    {
+        rowOf(i + 1)->Add(choices[i], one(0));
+    }
+    rowOf(rows.size() - 1)->Add(m_OutcomePart, wxSizerFlags(1).CentreVertical());
 }
 
 bool wxTextLineSearchPanel::InformFirstDirection(int direction, int size, int availableOtherDir)
@@ -117,37 +149,4 @@ void wxTextLineSearchPanel::OnSize(wxSizeEvent& event)
     {
         SetSize(event.GetSize().x, GetBestSize().y);
     }
-}
-
-wxString wxTextLineSearchPanel::HitsText(int hits, bool counted)
-{
-    return wxString::Format(wxPLURAL("%d hit", "%d hits", static_cast<unsigned>(hits)), hits) +
-           (counted ? wxString() : wxString::FromUTF8("\u2026"));
-}
-
-void wxTextLineSearchPanel::ShowMessage(const wxString& notice, const wxString& text)
-{
-    m_Notice = notice;
-    m_NoticeText = text;
-    m_Message->SetToolTip(WithText(notice, text.Left(kShownText))); // the row may be too short
-    FitMessage();
-}
-
-// Where the room is short it is the text that is shortened: what came of it has to stay readable.
-void wxTextLineSearchPanel::FitMessage()
-{
-    const wxClientDC dc(m_Message);
-    const int        room = m_Message->GetSize().x - dc.GetTextExtent(WithText(m_Notice, "")).x;
-    const wxString   text = wxControl::Ellipsize(m_NoticeText.Left(kShownText), dc, wxELLIPSIZE_END,
-                                                 std::max(room, 0), wxELLIPSIZE_FLAGS_NONE);
-    const wxString   message = WithText(m_Notice, text);
-    if (message != m_Message->GetLabelText())
-    {
-        m_Message->SetLabelText(message);
-    }
-}
-
-wxString wxTextLineSearchPanel::GetMessage() const
-{
-    return WithText(m_Notice, m_NoticeText);
 }

@@ -10,6 +10,7 @@
 #include "textviews/lines/LineStore.h"
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
+#include "textviews/search/VisibleHits.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "vesta/CallEntry.h"
 
@@ -47,6 +48,7 @@ void wxTextLineCtrl::DrawBitmap()
                            [&band](const wxRect& area) { return area.Intersects(band); });
     };
     m_Drawn->Show(geometry.scroll, geometry.FirstDrawnLine());
+    m_Hits->BeginPicture();
     for (int line = geometry.FirstDrawnLine(); line < end; ++line)
     {
         if (isStale(geometry.BandOf(line)))
@@ -57,6 +59,10 @@ void wxTextLineCtrl::DrawBitmap()
     }
     painter.Fill(geometry.BelowLines(), palette.Band({}));
     DrawFocus(palette, painter);
+    if (m_Hits->IsIncomplete())
+    {
+        CallAfter([this] { Redraw(); });
+    }
 }
 
 textviews::LineLook wxTextLineCtrl::LookOf(const textviews::LineState&   state,
@@ -75,6 +81,7 @@ void wxTextLineCtrl::DrawLine(const textviews::TextGeometry& geometry,
     const textviews::LineLook look = LookOf(StateOf(line), palette);
     painter.Fill(geometry.BandOf(line), look.band);
     DrawText(geometry, look, painter, line);
+    DrawMarks(geometry, look, painter, line);
     if (line == m_MarkedLine)
     {
         DrawHit(geometry, look, painter);

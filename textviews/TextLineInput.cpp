@@ -200,6 +200,7 @@ void wxTextLineCtrl::OnKey(wxKeyEvent& event)
     if (key == WXK_ESCAPE)
     {
         SelectNone();
+        StopSearch();
     }
     else if (key == WXK_F3)
     {

@@ -1,6 +1,7 @@
 #include "textviews/lines/LineStore.h"
 #include "textviews/lines/TextCells.h"
 #include "textviews/lines/TextGeometry.h"
+#include "textviews/search/FinderChoice.h"
 #include "textviews/search/LineSearch.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "textviews/wxTextLineSearchPanel.h"
@@ -30,6 +31,15 @@ void wxTextLineCtrl::ToggleSearch()
     }
 }
 
+// By a key.
+void wxTextLineCtrl::StopSearch()
+{
+    if (wxTextLineSearchPanel* const panel = GetSearchPanel())
+    {
+        panel->StopSearch();
+    }
+}
+
 // What the bar has looked for last, whether it is open or not; without a text the user is asked.
 void wxTextLineCtrl::FindAgain(bool forward)
 {
@@ -51,8 +61,17 @@ void wxTextLineCtrl::FindAgain(bool forward)
 bool wxTextLineCtrl::Search(const String& text, bool forward, bool caseSensitive)
 {
     CALL_ENTRY("wxTextLineCtrl::Search");
-    textviews::LineSearch search;
-    search.Begin(text, forward, caseSensitive, SearchStart(forward));
+    // From line to line, whatever else is in the last hit's.
+    textviews::SearchPlace start = SearchStart(forward);
+    if (m_MarkedLine != -1)
+    {
+        start = forward ? textviews::SearchPlace{m_MarkedLine + 1, 0}
+                        : textviews::SearchPlace{m_MarkedLine - 1, textviews::SearchPlace::k_End};
+    }
+    textviews::QueryProblem none;
+    textviews::LineSearch   search;
+    search.Begin(textviews::MakeFinder({text, caseSensitive, false, false}, none), forward, start,
+                 textviews::LineSearch::Unit::Line);
     while (search.Step(*m_Lines, kStep) == textviews::LineSearch::State::Running)
     {
     }
@@ -64,15 +83,29 @@ bool wxTextLineCtrl::Search(const String& text, bool forward, bool caseSensitive
     return true;
 }
 
-int wxTextLineCtrl::SearchStart(bool forward) const
+textviews::SearchPlace wxTextLineCtrl::SearchStart(bool forward) const
 {
-    if (m_MarkedLine != -1)
+    if (m_MarkedLine == -1)
     {
-        return forward ? m_MarkedLine + 1 : m_MarkedLine - 1;
+        return VisibleStart(forward);
     }
+    return {m_MarkedLine, forward ? m_MatchEnd : m_MatchBegin};
+}
+
+textviews::SearchPlace wxTextLineCtrl::VisibleStart(bool forward) const
+{
     const textviews::TextGeometry geometry = Geometry();
-    const int                     last = geometry.LineAt(geometry.client.y - 1);
-    return forward ? geometry.scroll.y / m_LineHeight : last == -1 ? m_Lines->Count() - 1 : last;
+    if (forward)
+    {
+        return {geometry.scroll.y / m_LineHeight, 0};
+    }
+    const int last = geometry.LineAt(geometry.client.y - 1);
+    return {last == -1 ? m_Lines->Count() - 1 : last, textviews::SearchPlace::k_End};
+}
+
+textviews::SearchPlace wxTextLineCtrl::ShownHit() const
+{
+    return {m_MarkedLine, m_MatchBegin};
 }
 
 void wxTextLineCtrl::ShowHit(const textviews::LineMatch& match)
@@ -80,6 +113,8 @@ void wxTextLineCtrl::ShowHit(const textviews::LineMatch& match)
     m_MarkedLine = match.line;
     m_MatchColumn = match.column;
     m_MatchLength = match.length;
+    m_MatchBegin = match.bytes.begin;
+    m_MatchEnd = match.bytes.end;
     ScrollIntoView(match);
     m_FollowEnd = false; // the next line could push it out of sight
     TellFollowing();

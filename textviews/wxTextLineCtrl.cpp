@@ -11,6 +11,7 @@
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
 #include "textviews/search/LineWatcher.h"
+#include "textviews/search/VisibleHits.h"
 #include "textviews/wxTextSource.h"
 #include "vesta/CallEntry.h"
 #include "vesta/Log.h"
@@ -79,6 +80,7 @@ wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
       m_Places(std::make_unique<textviews::ShownLines>()),
       m_Shown(static_cast<textviews::ShownLines*>(m_Places.get())),
       m_Colours(std::make_unique<textviews::StyleColours>()),
+      m_Hits(std::make_unique<textviews::VisibleHits>()),
       m_Selection(std::make_unique<textviews::TextSelection>()),
       m_Drawn(std::make_unique<textviews::DrawnLines>()),
       m_TextSize(textviews::_FontExtents::k_Points)
@@ -227,6 +229,7 @@ int wxTextLineCtrl::InsertSorted(const String& line)
         m_MarkedLine = textviews::IndexAfterInsert(m_MarkedLine, index);
         m_HoverLine = textviews::IndexAfterInsert(m_HoverLine, index);
         m_Places->Forget();
+        m_Hits->Forget();
     }
     m_Lines->Insert(index, line);
     return index;
@@ -314,6 +317,7 @@ void wxTextLineCtrl::Drop(int index)
     m_MarkedLine = textviews::IndexAfterErase(m_MarkedLine, index);
     m_HoverLine = textviews::IndexAfterErase(m_HoverLine, index);
     m_Places->Forget();
+    m_Hits->Forget();
 }
 
 void wxTextLineCtrl::Clear()
@@ -322,6 +326,7 @@ void wxTextLineCtrl::Clear()
     m_Lines->Clear();
     m_StoredCells = 0;
     m_Places->Forget();
+    m_Hits->Forget();
     SelectNone();
     m_MarkedLine = -1;
     for (size_t i = 0; i < m_Watchers.size(); ++i) // whoever hears of it may stop to watch

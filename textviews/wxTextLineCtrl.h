@@ -21,6 +21,7 @@ namespace textviews
 {
 class DrawnLines;
 class FollowButton;
+class HitFinder;
 class LineStore;
 class LinePainter;
 class LineWatcher;
@@ -29,10 +30,12 @@ class StyleColours;
 class TextPalette;
 class TextPlaces;
 class TextSelection;
+class VisibleHits;
 struct _FontExtents;
 struct LineLook;
 struct LineMatch;
 struct LineState;
+struct SearchPlace;
 struct TextGeometry;
 } // namespace textviews
 
@@ -154,9 +157,9 @@ public:
     void                   ToggleSearch();
     wxTextLineSearchPanel* GetSearchPanel() const; ///< Null once its parent destroyed it.
     /// Looks for the text, from the line after (before) the last hit, or from the first (last)
-    /// visible line when there was none, once round all lines. A hit is marked and scrolled into
-    /// view; without one the result is false and the last hit stays. Without `caseSensitive`,
-    /// letters are the same as their lower case.
+    /// visible line when there was none, once round all lines. The first hit in a line is marked
+    /// and scrolled into view; without one the result is false and the last hit stays. Without
+    /// `caseSensitive`, letters are the same as their lower case.
     bool Search(const String& text, bool forward, bool caseSensitive);
     int  GetMarkedLine() const { return m_MarkedLine; }   ///< The last hit; -1 for none.
     int  GetMatchColumn() const { return m_MatchColumn; } ///< Characters; -1 for none.
@@ -164,12 +167,17 @@ public:
 
     /// @name For the search
     /// What a search that goes on by itself needs of the view: its lines, and word of what becomes
-    /// of them; the line where one begins; the hit shown that was found.
+    /// of them; where one begins, from the last hit on or with what is seen; the hit shown that was
+    /// found, and where it begins, in line -1 when there is none; what finds the hits to be marked,
+    /// null for none.
     /// @{
     const textviews::LineStore& Lines() const { return *m_Lines; }
     void                        Watch(textviews::LineWatcher& watcher, bool on);
-    int                         SearchStart(bool forward) const;
+    textviews::SearchPlace      SearchStart(bool forward) const;
+    textviews::SearchPlace      VisibleStart(bool forward) const;
     void                        ShowHit(const textviews::LineMatch& match);
+    textviews::SearchPlace      ShownHit() const;
+    void                        MarkHits(std::shared_ptr<textviews::HitFinder> finder);
     /// @}
 
     /// @name Escape sequences
@@ -239,6 +247,9 @@ private:
     void DrawHit(const textviews::TextGeometry& geometry, const textviews::LineLook& look,
                  textviews::LinePainter& painter) const;
     std::vector<wxRect> HitRows(const textviews::TextGeometry& geometry) const;
+    void DrawMarks(const textviews::TextGeometry& geometry, const textviews::LineLook& look,
+                   textviews::LinePainter& painter, int line) const;
+    std::vector<wxRect> MarksOf(const textviews::TextGeometry& geometry, int line) const;
     void DrawFocus(const textviews::TextPalette& palette, textviews::LinePainter& painter) const;
     void AskForChangedLines();
 
@@ -268,6 +279,7 @@ private:
     void   ScrollIntoView(const textviews::LineMatch& match);
     void   MakeSearchPanel();
     void   FindAgain(bool forward);
+    void   StopSearch();
 
     const textviews::_FontExtents*            m_Font; ///< Never null.
     std::unique_ptr<textviews::LineStore>     m_Lines;
@@ -275,9 +287,12 @@ private:
     textviews::ShownLines*                    m_Shown; ///< It is the places.
     Escapes                                   m_Escapes = Escapes::Raw;
     std::unique_ptr<textviews::StyleColours>  m_Colours;
+    std::unique_ptr<textviews::VisibleHits>   m_Hits; ///< Those that are marked.
     int                                       m_MarkedLine = -1;
     int                                       m_MatchColumn = -1;
     int                                       m_MatchLength = 0;
+    size_t                                    m_MatchBegin = 0; ///< Bytes.
+    size_t                                    m_MatchEnd = 0;
     std::unique_ptr<textviews::TextSelection> m_Selection;
     std::unique_ptr<textviews::DrawnLines>    m_Drawn;
     int                                       m_LineLimit = 0;   ///< 0: none.

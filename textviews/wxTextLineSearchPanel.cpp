@@ -1,23 +1,32 @@
 #include "textviews/wxTextLineSearchPanel.h"
 
 #include "appearance/wxTolvanString.h"
-#include "appearance/wxtTextCtrl.h"
+#include "internal/input/PadKey.h"
 #include "textviews/search/BackgroundSearch.h"
+#include "textviews/search/SearchField.h"
+#include "textviews/search/SearchHistory.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/app.h>
 
+namespace
+{
+constexpr int kTypingDelay = 150; // milliseconds without a key after which it is looked for
+} // namespace
+
 wxTextLineSearchPanel::wxTextLineSearchPanel(wxTextLineCtrl* view, wxWindow* parent)
     : wxtPanel(parent),
       m_View(view),
-      m_Search(std::make_unique<textviews::BackgroundSearch>(view->Lines(), [this] { OnLines(); }))
+      m_Search(std::make_unique<textviews::BackgroundSearch>(view->Lines(), [this] { OnLines(); })),
+      m_History(std::make_unique<textviews::SearchHistory>())
 {
     CALL_ENTRY("wxTextLineSearchPanel::wxTextLineSearchPanel");
     Hide();
     MakeControls();
     LayOutControls();
     BindEvents();
+    Recall();
 }
 
 wxTextLineSearchPanel::~wxTextLineSearchPanel()
@@ -25,6 +34,7 @@ wxTextLineSearchPanel::~wxTextLineSearchPanel()
     if (m_View)
     {
         m_View->Watch(*m_Search, false);
+        m_View->MarkHits(nullptr);
     }
 }
 
@@ -50,7 +60,23 @@ void wxTextLineSearchPanel::BindEvents()
                  });
     m_Close->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Expand(); });
     m_Field->Bind(wxEVT_TEXT, &wxTextLineSearchPanel::OnTextChanged, this);
-    m_MatchCase->Bind(wxEVT_CHECKBOX, &wxTextLineSearchPanel::OnTextChanged, this);
+    for (wxtCheckBox* const choice : {m_MatchCase, m_WholeWords, m_Expression})
+    {
+        choice->Bind(wxEVT_CHECKBOX, &wxTextLineSearchPanel::OnTextChanged, this);
+    }
+    m_MarkAll->Bind(wxEVT_CHECKBOX,
+                    [this](wxCommandEvent&)
+                    {
+                        Remember();
+                        MarkHits();
+                    });
+    m_AsYouType->Bind(wxEVT_CHECKBOX,
+                      [this](wxCommandEvent& event)
+                      {
+                          Remember();
+                          OnTextChanged(event);
+                      });
+    m_TypingTimer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { FindTyped(); });
     Bind(wxEVT_CHAR_HOOK, &wxTextLineSearchPanel::OnKey, this);
     Bind(wxEVT_SIZE, &wxTextLineSearchPanel::OnSize, this);
     m_Message->Bind(wxEVT_SIZE,
@@ -70,7 +96,9 @@ void wxTextLineSearchPanel::Expand()
     if (!show)
     {
         StopSearch();
-        m_Search->Count(String(), false);
+        m_TypingTimer.Stop();
+        m_FirstScroll = -1;
+        m_Search->Count(false);
         KeepWatch();
         if (m_View)
         {
@@ -82,6 +110,7 @@ void wxTextLineSearchPanel::Expand()
         }
     }
     Show(show);
+    MarkHits();
     if (GetParent())
     {
         GetParent()->Layout();
@@ -92,7 +121,8 @@ void wxTextLineSearchPanel::Expand()
         if (self)
         {
             m_Field->SelectAll();
-            StartCounting();
+            Recall();
+            LookAnew();
         }
     }
 }
@@ -106,11 +136,15 @@ void wxTextLineSearchPanel::OnKey(wxKeyEvent& event)
     {
         Find(!event.ShiftDown());
     }
+    else if (key == WXK_ESCAPE && IsSearching())
+    {
+        StopSearch();
+    }
     else if (key == WXK_ESCAPE || (key == 'F' && event.ControlDown()))
     {
         Expand();
     }
-    else
+    else if (event.HasAnyModifiers() || !WalkHistory(internal::OffThePad(key)))
     {
         event.Skip();
     }
@@ -119,21 +153,91 @@ void wxTextLineSearchPanel::OnKey(wxKeyEvent& event)
 void wxTextLineSearchPanel::OnTextChanged(wxCommandEvent&)
 {
     CALL_ENTRY("wxTextLineSearchPanel::OnTextChanged");
-    StopSearch();
-    ShowMessage(wxEmptyString);
-    StartCounting();
+    LookAnew();
+    if (GetAsYouType() && IsShown())
+    {
+        m_TypingTimer.StartOnce(kTypingDelay);
+    }
 }
 
+textviews::SearchQuery wxTextLineSearchPanel::Query() const
+{
+    return {wxtFromWx(GetText()), GetMatchCase(), GetWholeWords(), GetExpression()};
+}
+
+// What is looked for has become another: what was found of it, too.
+void wxTextLineSearchPanel::LookAnew()
+{
+    StopSearch();
+    m_TypingTimer.Stop();
+    ShowMessage(wxEmptyString);
+    StartCounting();
+    ShowProblem();
+    MarkHits();
+}
+
+// The next hit from the one that is shown.
 void wxTextLineSearchPanel::Find(bool forward)
 {
     CALL_ENTRY("wxTextLineSearchPanel::Find");
-    const String text = wxtFromWx(GetText());
-    if (!m_View || text.empty())
+    m_TypingTimer.Stop();
+    if (!m_View || GetText().empty())
     {
         return;
     }
+    m_FirstScroll = -1; // from now on the place is that of the hit
+    m_FindsTyped = false;
+    RememberText();
+    Begin(forward, m_View->SearchStart(forward));
+}
+
+// What is typed shows its first hit from where the view stood before it was typed. Whoever scrolls
+// meanwhile begins there.
+void wxTextLineSearchPanel::FindTyped()
+{
+    if (!m_View)
+    {
+        return;
+    }
+    if (m_FirstScroll < 0 || m_View->GetScrollPos(wxVERTICAL) != m_TypedScroll)
+    {
+        m_FirstScroll = m_TypedScroll = m_View->GetScrollPos(wxVERTICAL);
+        m_FirstLine = m_View->VisibleStart(true).line;
+    }
+    m_FindsTyped = true;
+    if (GetText().empty() || m_Search->Problem().text)
+    {
+        FinishTyped(false);
+        return;
+    }
+    Begin(true, {m_FirstLine, 0});
+}
+
+// What is not found leaves the view where it was before.
+void wxTextLineSearchPanel::FinishTyped(bool found)
+{
+    if (!m_FindsTyped || !m_View)
+    {
+        return;
+    }
+    m_FindsTyped = false;
+    if (!found)
+    {
+        m_View->SetScrollPos(wxVERTICAL, m_FirstScroll);
+    }
+    m_TypedScroll = m_View->GetScrollPos(wxVERTICAL);
+}
+
+void wxTextLineSearchPanel::Begin(bool forward, const textviews::SearchPlace& start)
+{
+    m_Search->SetQuery(Query());
+    if (ShowProblem())
+    {
+        ShowOutcome();
+        return;
+    }
     ShowMessage(wxEmptyString);
-    m_Search->Find(text, forward, GetMatchCase(), m_View->SearchStart(forward));
+    m_Search->Find(forward, start);
     // Most searches end within the first slice: no need to show that one runs.
     m_Search->Work();
     KeepWatch();
@@ -152,6 +256,7 @@ void wxTextLineSearchPanel::StopSearch()
     if (IsSearching())
     {
         m_Search->StopSearch();
+        m_FindsTyped = false;
         KeepWatch();
         ShowSearching(false);
         ShowMessage(wxEmptyString);
@@ -161,46 +266,6 @@ void wxTextLineSearchPanel::StopSearch()
 bool wxTextLineSearchPanel::IsSearching() const
 {
     return m_Search->IsSearching();
-}
-
-// The count follows the lines in idle time, the label with it. A search may have lost them all.
-void wxTextLineSearchPanel::OnLines()
-{
-    if (!IsSearching() && m_Stop->IsShown())
-    {
-        ShowSearching(false);
-        ShowMessage(wxEmptyString);
-    }
-    wxWakeUpIdle();
-}
-
-// To whoever has asked by a key of the view while the bar is closed.
-void wxTextLineSearchPanel::ShowOutcome()
-{
-    if (!IsShown())
-    {
-        Show();
-        if (GetParent())
-        {
-            GetParent()->Layout();
-        }
-    }
-}
-
-void wxTextLineSearchPanel::FinishSearch()
-{
-    ShowSearching(false);
-    const textviews::LineSearch& search = m_Search->Outcome();
-    if (search.GetState() == textviews::LineSearch::State::NotFound)
-    {
-        ShowMessage(_("'%s' not found in that direction"), GetText());
-        ShowOutcome();
-        return;
-    }
-    m_View->ShowHit(search.Match());
-    ShowMessage(!search.HasWrapped() ? wxString()
-                : search.IsForward() ? _("Went on from the top")
-                                     : _("Went on from the bottom"));
 }
 
 void wxTextLineSearchPanel::OnIdle(wxIdleEvent& event)
@@ -220,17 +285,22 @@ void wxTextLineSearchPanel::OnIdle(wxIdleEvent& event)
         }
         event.RequestMore();
     }
-    else if (IsCounting())
+    else if (m_Search->HasCount())
     {
-        m_Search->Work();
-        ShowHits();
-        event.RequestMore(IsCounting());
+        m_Search->SetCurrent(m_View->ShownHit());
+        if (m_Search->HasWork())
+        {
+            m_Search->Work();
+            ShowHits();
+            event.RequestMore(m_Search->HasWork());
+        }
     }
 }
 
 void wxTextLineSearchPanel::StartCounting()
 {
-    m_Search->Count(wxtFromWx(GetText()), GetMatchCase());
+    m_Search->SetQuery(Query());
+    m_Search->Count(true);
     KeepWatch();
     if (IsCounting())
     {
@@ -239,34 +309,12 @@ void wxTextLineSearchPanel::StartCounting()
     ShowHits();
 }
 
-void wxTextLineSearchPanel::ShowHits()
+// Only while the bar shows what they are of.
+void wxTextLineSearchPanel::MarkHits()
 {
-    wxString text;
-    if (m_Search->HasCount())
+    if (m_View)
     {
-        text = HitsText(GetHits(), !IsCounting());
-    }
-    if (text != m_HitCount->GetLabel())
-    {
-        m_HitCount->SetLabel(text);
-        Layout();
-    }
-}
-
-void wxTextLineSearchPanel::ShowSearching(bool searching)
-{
-    if (searching)
-    {
-        ShowMessage(_("Searching") + wxString::FromUTF8("\u2026"));
-    }
-    if (m_Stop->IsShown() != searching)
-    {
-        if (m_Stop->HasFocus())
-        {
-            m_Field->SetFocus(); // a button that goes would take the keyboard with it
-        }
-        m_Stop->Show(searching);
-        Layout();
+        m_View->MarkHits(IsShown() && GetMarkAll() ? m_Search->Finder() : nullptr);
     }
 }
 
@@ -281,6 +329,16 @@ void wxTextLineSearchPanel::SetText(const wxString& text)
     m_Field->SetValue(text);
 }
 
+// As if the user had done so, but for what is remembered.
+void wxTextLineSearchPanel::Choose(wxtCheckBox* choice, bool on)
+{
+    if (on != choice->GetValue())
+    {
+        choice->SetValue(on);
+        LookAnew();
+    }
+}
+
 bool wxTextLineSearchPanel::GetMatchCase() const
 {
     return m_MatchCase->GetValue();
@@ -289,19 +347,49 @@ bool wxTextLineSearchPanel::GetMatchCase() const
 void wxTextLineSearchPanel::SetMatchCase(bool matchCase)
 {
     CALL_ENTRY("wxTextLineSearchPanel::SetMatchCase");
-    if (matchCase != GetMatchCase())
-    {
-        m_MatchCase->SetValue(matchCase);
-        StartCounting();
-    }
+    Choose(m_MatchCase, matchCase);
 }
 
-int wxTextLineSearchPanel::GetHits() const
+bool wxTextLineSearchPanel::GetWholeWords() const
 {
-    return m_Search->Hits();
+    return m_WholeWords->GetValue();
 }
 
-bool wxTextLineSearchPanel::IsCounting() const
+void wxTextLineSearchPanel::SetWholeWords(bool wholeWords)
 {
-    return m_Search->IsCounting();
+    CALL_ENTRY("wxTextLineSearchPanel::SetWholeWords");
+    Choose(m_WholeWords, wholeWords);
+}
+
+bool wxTextLineSearchPanel::GetExpression() const
+{
+    return m_Expression->GetValue();
+}
+
+void wxTextLineSearchPanel::SetExpression(bool expression)
+{
+    CALL_ENTRY("wxTextLineSearchPanel::SetExpression");
+    Choose(m_Expression, expression);
+}
+
+bool wxTextLineSearchPanel::GetMarkAll() const
+{
+    return m_MarkAll->GetValue();
+}
+
+void wxTextLineSearchPanel::SetMarkAll(bool markAll)
+{
+    CALL_ENTRY("wxTextLineSearchPanel::SetMarkAll");
+    Choose(m_MarkAll, markAll);
+}
+
+bool wxTextLineSearchPanel::GetAsYouType() const
+{
+    return m_AsYouType->GetValue();
+}
+
+void wxTextLineSearchPanel::SetAsYouType(bool asYouType)
+{
+    CALL_ENTRY("wxTextLineSearchPanel::SetAsYouType");
+    Choose(m_AsYouType, asYouType);
 }

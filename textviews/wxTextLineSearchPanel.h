@@ -4,23 +4,32 @@
 #include "vesta/Export.h"
 #include "vesta/String.h"
 
+#include <wx/timer.h>
 #include <wx/weakref.h>
 
+#include <cstdint>
 #include <memory>
+#include <vector>
 
 namespace textviews
 {
 class BackgroundSearch;
-}
+class SearchField;
+class SearchHistory;
+struct SearchPlace;
+struct SearchQuery;
+} // namespace textviews
 class wxBoxSizer;
 class wxTextLineCtrl;
-class wxtTextCtrl;
 
-/// The search bar of a text view: a field, previous and next, "Match Case", the number of lines
-/// with a hit, notices, and a button that closes it. Enter looks for the next hit, Shift+Enter for
-/// the previous one, Esc closes. A search through many lines runs in slices while the window stays
-/// alive, and its button stops it. Where all that does not fit into one row there are two, and the
-/// bar is higher. Main thread only.
+/// The search bar of a text view: a field, previous and next, what a hit is ("Match Case", "Whole
+/// Words", "Regular Expression"), whether all hits are marked and whether one looks while typing,
+/// the number of the hit that is shown and of all, notices, and a button that closes it. Enter
+/// looks for the next hit, Shift+Enter for the previous one, Up and Down bring back what was looked
+/// for, Esc stops a search and closes. A search through many lines runs in slices while the window
+/// stays alive, and its button stops it. Where all that does not fit into one row there are more,
+/// and the bar is higher. It keeps in the program's options what was looked for, and whether all
+/// are marked and one looks while typing. Main thread only.
 class TOLVAN_API wxTextLineSearchPanel : public wxtPanel
 {
 public:
@@ -40,9 +49,33 @@ public:
 
     wxString GetText() const;
     void     SetText(const wxString& text);
-    bool     GetMatchCase() const;
-    void     SetMatchCase(bool matchCase);
-    int      GetHits() const;    ///< Lines with a hit, as far as they are counted.
+
+    /// @name What a hit is
+    /// All off at first.
+    /// @{
+    bool GetMatchCase() const;
+    void SetMatchCase(bool matchCase);
+    bool GetWholeWords() const;
+    /// No letter, digit or underscore stands right before or after a hit.
+    void SetWholeWords(bool wholeWords);
+    bool GetExpression() const;
+    /// The text is a regular expression. One that is none finds nothing, and the bar says why.
+    void SetExpression(bool expression);
+    /// @}
+
+    /// @name Ways to look
+    /// Off until the user wants them, or a host; what the user wants is remembered.
+    /// @{
+    bool GetMarkAll() const;
+    void SetMarkAll(bool markAll); ///< All hits that are seen are marked while the bar is open.
+    bool GetAsYouType() const;
+    /// Typing shows the first hit from the first line on that was seen then; nothing else moves the
+    /// place, before Enter.
+    void SetAsYouType(bool asYouType);
+    /// @}
+
+    int      GetHits() const;    ///< All, as far as they are counted.
+    int      GetCurrent() const; ///< The number of the one that is shown; 0 when it is not known.
     bool     IsCounting() const; ///< Lines are left to be counted.
     wxString GetMessage() const; ///< The notice that is shown; empty for none.
 
@@ -50,38 +83,70 @@ public:
     bool InformFirstDirection(int direction, int size, int availableOtherDir) override;
 
 private:
-    void MakeControls();
-    void LayOutControls();
-    int  WidthOfOneRow() const;
-    bool ArrangeRows(int width);
-    void BindEvents();
-    void OnKey(wxKeyEvent& event);
-    void OnSize(wxSizeEvent& event);
-    void OnIdle(wxIdleEvent& event);
-    void OnTextChanged(wxCommandEvent& event);
+    void             MakeControls();
+    void             LayOutControls();
+    std::vector<int> WidthsOfParts() const;
+    bool             ArrangeRows(int width);
+    void             PutIntoRows(const std::vector<int>& rows);
+    void             BindEvents();
+    void             OnKey(wxKeyEvent& event);
+    void             OnSize(wxSizeEvent& event);
+    void             OnIdle(wxIdleEvent& event);
+    void             OnTextChanged(wxCommandEvent& event);
 
-    void            OnLines();
-    void            KeepWatch();
-    void            FinishSearch();
-    void            ShowOutcome();
-    void            StartCounting();
-    void            ShowHits();
-    static wxString HitsText(int hits, bool counted);
-    void            ShowMessage(const wxString& notice, const wxString& text = wxEmptyString);
-    void            FitMessage();
-    void            ShowSearching(bool searching);
+    textviews::SearchQuery Query() const;
+    void                   Choose(wxtCheckBox* choice, bool on);
+    void                   LookAnew();
+    void                   OnLines();
+    void                   KeepWatch();
+    void                   Begin(bool forward, const textviews::SearchPlace& start);
+    void                   FindTyped();
+    void                   FinishSearch();
+    void                   FinishTyped(bool found);
+    bool                   ShowProblem();
+    void                   ShowOutcome();
+    void                   StartCounting();
+    void                   MarkHits();
+
+    void     Recall();
+    void     Remember();
+    void     RememberText();
+    bool     WalkHistory(int key);
+    wxString TextFor(int64_t hits, int64_t current, bool counted) const;
+    void     ShowHits();
+    void     ShowNoHit();
+    void     ShowMessage(const wxString& notice, const wxString& text = wxEmptyString);
+    void     FitMessage();
+    void     ShowSearching(bool searching);
 
     wxWeakRef<wxTextLineCtrl>                    m_View;
     std::unique_ptr<textviews::BackgroundSearch> m_Search;
-    wxtTextCtrl*                                 m_Field = nullptr;
+    std::unique_ptr<textviews::SearchHistory>    m_History;
+    textviews::SearchField*                      m_Field = nullptr;
     wxtButton*                                   m_Previous = nullptr;
     wxtButton*                                   m_Next = nullptr;
     wxtButton*                                   m_Stop = nullptr;
     wxtCheckBox*                                 m_MatchCase = nullptr;
+    wxtCheckBox*                                 m_WholeWords = nullptr;
+    wxtCheckBox*                                 m_Expression = nullptr;
+    wxtCheckBox*                                 m_MarkAll = nullptr;
+    wxtCheckBox*                                 m_AsYouType = nullptr;
     wxtStaticText*                               m_HitCount = nullptr;
     wxtStaticText*                               m_Message = nullptr;
     wxtBitmapButton*                             m_Close = nullptr;
-    wxString    m_Notice;         ///< What the message says; "%s" stands for the text.
-    wxString    m_NoticeText;     ///< The text that it is about; empty for none.
-    wxBoxSizer* m_Rows = nullptr; ///< What is looked for, and what came of it.
+    wxString         m_Notice;     ///< What the message says; "%s" stands for the text.
+    wxString         m_NoticeText; ///< The text that it is about; empty for none.
+    wxBoxSizer*      m_Rows = nullptr;
+    wxBoxSizer*      m_FieldPart = nullptr;   ///< What is looked for,
+    wxBoxSizer*      m_OutcomePart = nullptr; ///< and what came of it.
+    std::vector<int> m_RowOfPart;             ///< Of these two and of what stands between them.
+
+    /// @name Looking while typing
+    /// @{
+    wxTimer m_TypingTimer;
+    bool    m_FindsTyped = false; ///< The search that runs is one of those.
+    int     m_FirstScroll = -1;   ///< Where the view stood before the first, pixels; -1: none yet.
+    int     m_FirstLine = 0;      ///< The first line that was seen there.
+    int     m_TypedScroll = 0;    ///< Where the latest one has left the view.
+    /// @}
 };

@@ -1,4 +1,6 @@
+#include "internal/drawing/ColorMix.h"
 #include "tests/textviews/TextViewTest.h"
+#include "textviews/search/SearchField.h"
 
 #include <wx/stopwatch.h>
 #include <wx/uiaction.h>
@@ -24,6 +26,34 @@ protected:
         Panel().Find(forward);
         EXPECT_EQ(m_View->GetMarkedLine(), line);
         EXPECT_EQ(Panel().GetMessage(), message);
+    }
+    /// Looks on; the hit and its number among all.
+    void ExpectHit(bool forward, int line, int column, int number) const
+    {
+        Panel().Find(forward);
+        EXPECT_TRUE(WaitFor([&] { return Panel().GetCurrent() == number; })) << number;
+        EXPECT_EQ(m_View->GetMarkedLine(), line);
+        EXPECT_EQ(m_View->GetMatchColumn(), column);
+    }
+    textviews::SearchField* Field() const
+    {
+        for (wxWindow* const child : Panel().GetChildren())
+        {
+            if (auto* const field = dynamic_cast<textviews::SearchField*>(child))
+            {
+                return field;
+            }
+        }
+        return nullptr;
+    }
+    /// By real keys.
+    void Type(const char* text) const
+    {
+        for (; *text; ++text)
+        {
+            Press(*text);
+        }
+        PumpEvents();
     }
     /// The control of the bar whose label ends with that.
     wxWindow* Labelled(const char* label) const
@@ -54,6 +84,132 @@ TEST_F(SearchPanelTest, TheBarFindsAndTells)
     ExpectFind(true, 2, "'LINE 2' not found in that direction");
     Panel().SetText("");
     ExpectFind(true, 2, "");
+}
+
+TEST_F(SearchPanelTest, GoesFromHitToHitAndTellsTheirNumbers)
+{
+    Append({"ab \xc3\xa4 ab", "x", "z AB"});
+    Panel().SetText("ab");
+    ExpectHits(3);
+    EXPECT_EQ(Panel().GetCurrent(), 0);
+    EXPECT_TRUE(Labelled("3 hits"));
+    ExpectHit(true, 0, 0, 1);
+    ExpectHit(true, 0, 5, 2);
+    EXPECT_TRUE(WaitFor([this] { return Labelled("2 of 3"); }));
+    ExpectHit(true, 2, 2, 3);
+    ExpectHit(false, 0, 5, 2);
+    ExpectHit(false, 0, 0, 1);
+    ExpectHit(false, 2, 2, 3);
+    EXPECT_EQ(Panel().GetMessage(), "Went on from the bottom");
+    m_View->Append("an ab before", true);
+    ExpectHits(4);
+    EXPECT_TRUE(WaitFor([this] { return Panel().GetCurrent() == 4; }));
+    ASSERT_TRUE(m_View->Search("x", true, true)); // it is a hit of something else
+    EXPECT_TRUE(WaitFor([this] { return Panel().GetCurrent() == 0; }));
+    EXPECT_TRUE(WaitFor([this] { return Labelled("4 hits"); }));
+    Panel().SetWholeWords(true);
+    Panel().SetMatchCase(true);
+    Append({"abab", "ab_"});
+    ExpectHits(3);
+    Panel().SetExpression(true);
+    Panel().SetText("[a\xc3\xa4]b?");
+    ExpectHits(4);
+}
+
+TEST_F(SearchPanelTest, TellsWhatIsWrongWithAnExpression)
+{
+    Append({"a(b", "c"});
+    Panel().SetText("a(b");
+    ExpectHits(1);
+    EXPECT_FALSE(Field()->ShowsNoHit());
+    Panel().SetExpression(true);
+    EXPECT_EQ(Panel().GetMessage(), "A closing parenthesis is missing");
+    EXPECT_EQ(Panel().GetHits(), 0);
+    for (const int scheme : {scheme_Light, scheme_Lighter, scheme_Dark, scheme_Darker})
+    {
+        UseColors(scheme, Frame());
+        PumpEvents();
+        const wxColour ground = Field()->GetBackgroundColour();
+        EXPECT_GE(internal::ContrastOf(Field()->GetForegroundColour(), ground),
+                  internal::k_TextContrast)
+            << scheme;
+        EXPECT_NE(ground, wxtGetColor(color_WindowBGLighter)) << scheme;
+    }
+    m_View->ToggleSearch();
+    Panel().Find(true); // by F3 in the text
+    EXPECT_TRUE(Panel().IsShown());
+    EXPECT_EQ(Panel().GetMessage(), "A closing parenthesis is missing");
+    EXPECT_EQ(m_View->GetMarkedLine(), -1);
+    Panel().SetText("a.b");
+    ExpectHits(1);
+    EXPECT_FALSE(Field()->ShowsNoHit());
+    EXPECT_EQ(Panel().GetMessage(), "");
+    EXPECT_EQ(Field()->GetBackgroundColour(), wxtGetColor(color_WindowBGLighter));
+}
+
+TEST_F(SearchPanelTest, LooksWhileTypingFromWhereTheViewStood)
+{
+    AppendNumbered(2000);
+    Panel().SetAsYouType(true);
+    m_View->SetScrollPos(wxVERTICAL, 1000 * m_View->LineHeight());
+    Focus(Field());
+    Type("line 11");
+    EXPECT_TRUE(WaitFor([this] { return m_View->GetMarkedLine() == 1100; }));
+    Type("7");
+    EXPECT_TRUE(WaitFor([this] { return m_View->GetMarkedLine() == 1170; }));
+    Press(WXK_BACK);
+    EXPECT_TRUE(WaitFor([this] { return m_View->GetMarkedLine() == 1100; }))
+        << "from the same place again";
+    Type("x");
+    EXPECT_TRUE(WaitFor([this] { return Field()->ShowsNoHit(); }));
+    EXPECT_TRUE(WaitFor(
+        [this] { return m_View->GetScrollPos(wxVERTICAL) == 1000 * m_View->LineHeight(); }));
+    Press(WXK_BACK);
+    EXPECT_TRUE(WaitFor([this] { return !Field()->ShowsNoHit(); }));
+    EXPECT_TRUE(
+        WaitFor([this] { return m_View->GetScrollPos(wxVERTICAL) > 1000 * m_View->LineHeight(); }));
+    Press(WXK_RETURN);
+    EXPECT_TRUE(WaitFor([this] { return m_View->GetMarkedLine() == 1101; }));
+    // From now on the place is that one.
+    Press('a', wxMOD_CONTROL);
+    Type("line 9");
+    EXPECT_TRUE(WaitFor([this] { return m_View->GetMarkedLine() == 9; }));
+    EXPECT_EQ(Panel().GetMessage(), "Went on from the top");
+}
+
+TEST_F(SearchPanelTest, RemembersWhatWasLookedForAndHow)
+{
+    Append({"one", "two"});
+    Focus(Field());
+    for (const char* const text : {"one", " t", "two"})
+    {
+        Press('a', wxMOD_CONTROL);
+        Type(text);
+        Press(text[0] == ' ' ? WXK_F3 : WXK_RETURN);
+        PumpEvents();
+    }
+    Press('a', wxMOD_CONTROL);
+    Type("dra");
+    for (const char* const text : {"two", " t", "one", "one"})
+    {
+        Press(WXK_UP);
+        EXPECT_TRUE(WaitFor([&] { return Panel().GetText() == text; })) << text;
+    }
+    for (const char* const text : {" t", "two", "dra", "dra"})
+    {
+        Press(WXK_DOWN);
+        EXPECT_TRUE(WaitFor([&] { return Panel().GetText() == text; })) << text;
+    }
+    // Another view of the program, or the next run.
+    Labelled("Mark All")->SetFocus();
+    Press(WXK_SPACE);
+    EXPECT_TRUE(WaitFor([this] { return Panel().GetMarkAll(); }));
+    auto* const other = new TestView(Frame());
+    other->ToggleSearch();
+    EXPECT_TRUE(other->GetSearchPanel()->GetMarkAll());
+    EXPECT_FALSE(other->GetSearchPanel()->GetAsYouType());
+    Press(WXK_UP);
+    EXPECT_TRUE(WaitFor([&] { return other->GetSearchPanel()->GetText() == "two"; }));
 }
 
 TEST_F(SearchPanelTest, TheOutcomeShowsAtEveryWidth)
@@ -108,7 +264,8 @@ TEST_F(SearchPanelTest, ALongSearchRunsInSlices)
     const std::function<void()> endings[] = {
         [] { wxUIActionSimulator().Char(WXK_SPACE); }, // on the button
         [this] { m_View->ToggleSearch(); },            // closing stops it too
-        [this] { m_View->Clear(); },                   // the lines may go
+        [] { wxUIActionSimulator().Char(WXK_ESCAPE); },
+        [this] { m_View->Clear(); }, // the lines may go
     };
     for (const auto& end : endings)
     {

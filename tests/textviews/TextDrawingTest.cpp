@@ -1,6 +1,7 @@
 #include "appearance/Contrast.h"
 #include "internal/drawing/ColorMix.h"
 #include "tests/textviews/TextViewTest.h"
+#include "textviews/drawing/HitMarks.h"
 #include "textviews/drawing/TextPalette.h"
 
 #include <wx/stopwatch.h>
@@ -89,6 +90,54 @@ TEST_F(TextViewTest, SelectedTextCanBeMadeReadable)
         m_View->SetReadableSelection(true);
         EXPECT_LT(nearest(), 2) << scheme;
     }
+}
+
+// In every scheme, and whatever else the line is; the one that was found last is marked otherwise.
+TEST_F(TextViewTest, AllHitsAreMarkedAndCanBeRead)
+{
+    Append({"a hit, a hit", "none", "\xe6\xbc\xa2 hit", String(300, 'x') + "hit"});
+    Panel().SetText("hit");
+    Panel().SetMarkAll(true);
+    Panel().Show();
+    Panel().SetMatchCase(true);
+    Drag(2, 2);
+    Panel().Find(true);
+    ASSERT_EQ(m_View->GetMatchColumn(), 2);
+    // Below the letters.
+    const auto cell = [&](const wxImage& picture, int line, int column)
+    { return PixelAt(CellOf(*m_View, picture, line, column), 1, m_View->LineHeight() - 2); };
+    for (const int scheme : {scheme_Light, scheme_Lighter, scheme_Dark, scheme_Darker})
+    {
+        UseColors(scheme, m_View);
+        const textviews::TextPalette palette(wxtGetColor(color_WindowBGLighter),
+                                             wxtGetColor(color_Selected),
+                                             wxtGetColor(color_TextBlue));
+        const auto                   markOf = [&](const textviews::LineState& state)
+        {
+            const textviews::HitMark mark = textviews::MarkOn(
+                palette.Band(state), wxtGetColor(color_Text), wxtGetColor(color_TextIndigo));
+            EXPECT_GE(internal::ContrastOf(mark.ink, mark.ground), internal::k_TextContrast);
+            const wxColour band = palette.Band(state);
+            EXPECT_GE(std::abs(mark.ground.Red() - band.Red()) +
+                          std::abs(mark.ground.Green() - band.Green()) +
+                          std::abs(mark.ground.Blue() - band.Blue()),
+                      40)
+                << scheme;
+            return mark.ground;
+        };
+        const wxImage picture = m_View->Picture();
+        EXPECT_EQ(cell(picture, 0, 9), markOf({false, false, true})) << Kept(picture, "marks");
+        EXPECT_EQ(cell(picture, 2, 3), markOf({true, true, false})) << Kept(picture, "marks");
+        EXPECT_NE(cell(picture, 0, 2), markOf({false, false, true})) << "this is the current one";
+        EXPECT_EQ(cell(picture, 1, 0), palette.Band({}));
+    }
+    m_View->SetScrollPos(wxHORIZONTAL, 250 * m_View->ColumnWidth());
+    const int      column = 300 - m_View->GetScrollPos(wxHORIZONTAL) / m_View->ColumnWidth();
+    const wxColour plain = wxtGetColor(color_WindowBGLighter);
+    EXPECT_EQ(cell(m_View->Picture(), 3, column - 1), plain);
+    EXPECT_NE(cell(m_View->Picture(), 3, column), plain);
+    m_View->ToggleSearch(); // closes the bar
+    EXPECT_EQ(cell(m_View->Picture(), 3, column), plain);
 }
 
 TEST_F(TextViewTest, EveryKindOfCharacterTakesItsCells)

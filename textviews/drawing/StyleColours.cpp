@@ -162,7 +162,7 @@ TextInks StyleColours::Of(const TextStyle& style, const wxColour& own, const wxC
 
 TextInks LineLook::InksOf(const TextStyle& style) const
 {
-    const TextInks inks = colours.Of(style, ink, band);
+    const TextInks inks = colours.Of(isUncoloured ? TextStyle() : style, ink, band);
     return isInverted ? Inverted(inks) : inks;
 }
 } // namespace textviews

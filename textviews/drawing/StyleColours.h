@@ -47,6 +47,7 @@ struct LineLook
     wxColour      ink; ///< The view's.
     wxColour      band;
     bool          isInverted = false;
+    bool          isUncoloured = false; ///< All is in the view's own style.
 
     TextInks InksOf(const TextStyle& style) const;
 };

@@ -270,6 +270,21 @@ std::vector<ShownCells> CellsOf(std::string_view line, const ShownPieces& pieces
     return found;
 }
 
+std::pair<size_t, size_t> BytesIn(const ShownPieces& pieces, const ShownCells& cells)
+{
+    size_t from = std::numeric_limits<size_t>::max();
+    size_t end = 0;
+    for (const ShownPiece& piece : pieces)
+    {
+        if (piece.End() > cells.first && piece.cell < cells.end)
+        {
+            from = std::min(from, piece.stored);
+            end = std::max(end, piece.stored + piece.bytes);
+        }
+    }
+    return {std::min(from, end), end};
+}
+
 std::string PlainText(std::string_view line, const ShownPieces& pieces)
 {
     std::string text;

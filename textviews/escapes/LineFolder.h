@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace textviews
@@ -77,6 +78,9 @@ struct ShownCells
 /// right.
 std::vector<ShownCells> CellsOf(std::string_view line, const ShownPieces& pieces, size_t from,
                                 size_t end);
+
+/// The bytes [from, end) of the stored line that all that is shown in those cells lies within.
+std::pair<size_t, size_t> BytesIn(const ShownPieces& pieces, const ShownCells& cells);
 
 /// What is shown as plain text, without a carriage return at the end of the line.
 std::string PlainText(std::string_view line, const ShownPieces& pieces);

@@ -1,5 +1,7 @@
 #include "textviews/search/BackgroundSearch.h"
 
+#include "textviews/search/FinderChoice.h"
+
 #include <chrono>
 
 namespace textviews
@@ -15,9 +17,25 @@ BackgroundSearch::BackgroundSearch(const LineStore& lines, std::function<void()>
 {
 }
 
-void BackgroundSearch::Find(const String& text, bool forward, bool matchCase, int start)
+void BackgroundSearch::SetQuery(const SearchQuery& query)
 {
-    m_Search.Begin(text, forward, matchCase, start);
+    if (query == m_Query)
+    {
+        return;
+    }
+    StopSearch();
+    Count(false);
+    m_Query = query;
+    m_Problem = {};
+    m_Finder = query.text.empty() ? nullptr : MakeFinder(query, m_Problem);
+}
+
+void BackgroundSearch::Find(bool forward, const SearchPlace& start)
+{
+    if (m_Finder)
+    {
+        m_Search.Begin(m_Finder, forward, start, LineSearch::Unit::Hit);
+    }
 }
 
 bool BackgroundSearch::IsSearching() const
@@ -25,17 +43,22 @@ bool BackgroundSearch::IsSearching() const
     return m_Search.GetState() == LineSearch::State::Running;
 }
 
-void BackgroundSearch::Count(const String& text, bool matchCase)
+void BackgroundSearch::Count(bool on)
 {
-    m_IsCounting = !text.empty();
-    if (m_IsCounting)
+    m_HasNumbersToFind = on && m_Finder;
+    if (m_HasNumbersToFind)
     {
-        m_Counter.Begin(text, matchCase);
+        m_Numbers.Begin(m_Finder, m_Lines.Count());
     }
     else
     {
-        m_Counter.Stop();
+        m_Numbers.Stop();
     }
+}
+
+void BackgroundSearch::SetCurrent(const SearchPlace& hit)
+{
+    m_HasNumbersToFind = (m_Numbers.SetCurrent(hit) && HasCount()) || m_HasNumbersToFind;
 }
 
 void BackgroundSearch::Work()
@@ -53,8 +76,8 @@ bool BackgroundSearch::Step()
     {
         return m_Search.Step(m_Lines, kStepBytes) == LineSearch::State::Running;
     }
-    m_IsCounting = m_IsCounting && !m_Counter.Step(m_Lines, kStepBytes);
-    return m_IsCounting;
+    m_HasNumbersToFind = m_HasNumbersToFind && !m_Numbers.Step(m_Lines, kStepBytes);
+    return m_HasNumbersToFind;
 }
 
 void BackgroundSearch::LineInserted(int line)
@@ -62,7 +85,7 @@ void BackgroundSearch::LineInserted(int line)
     m_Search.LineInserted(line);
     if (HasCount())
     {
-        m_Counter.LineInserted(m_Lines, line);
+        m_Numbers.LineInserted(line);
         CountOn();
     }
 }
@@ -72,7 +95,7 @@ void BackgroundSearch::LineErased(int line)
     m_Search.LineErased(line);
     if (HasCount())
     {
-        m_Counter.LineErased(m_Lines, line);
+        m_Numbers.LineErased(line);
         CountOn();
     }
 }
@@ -80,16 +103,16 @@ void BackgroundSearch::LineErased(int line)
 void BackgroundSearch::LinesCleared()
 {
     StopSearch();
-    m_Counter.LinesCleared();
-    m_IsCounting = HasCount();
+    m_Numbers.LinesCleared();
+    m_HasNumbersToFind = HasCount();
     m_Changed();
 }
 
 void BackgroundSearch::CountOn()
 {
-    if (!m_IsCounting)
+    if (!m_HasNumbersToFind)
     {
-        m_IsCounting = true;
+        m_HasNumbersToFind = true;
         m_Changed();
     }
 }

@@ -1,6 +1,7 @@
 #include "textviews/search/LineMatcher.h"
 
 #include "textviews/lines/TextCells.h"
+#include "textviews/search/WordEdges.h"
 
 #include <glib.h>
 
@@ -47,9 +48,11 @@ char LowerAscii(char c)
 }
 } // namespace
 
-LineMatcher::LineMatcher(const String& text, bool matchCase) : m_MatchCase(matchCase)
+LineMatcher::LineMatcher(const SearchQuery& query)
+    : m_MatchCase(query.matchCase), m_WholeWords(query.wholeWords)
 {
-    if (!matchCase)
+    const String& text = query.text;
+    if (!m_MatchCase)
     {
         m_FoldedCodes.resize(kTabledCodes);
         for (uint32_t code = 0; code < kTabledCodes; ++code)
@@ -113,26 +116,89 @@ void LineMatcher::PrepareFallbacks()
     }
 }
 
-bool LineMatcher::Continue(std::string_view line, Progress& progress, size_t budget) const
+size_t LineMatcher::Reach() const
 {
-    const size_t end = std::min(line.size(), progress.byte + budget);
-    if (m_Codes.empty())
+    constexpr size_t kLongestCharacter = 4; // bytes; another case of it may be longer than its own
+    return kLongestCharacter * (m_Codes.size() + 1);
+}
+
+// Where the text begins that ends there.
+size_t LineMatcher::StartOf(std::string_view line, size_t end, bool ascii) const
+{
+    if (ascii)
     {
-        progress.byte = line.size();
+        return end - m_Codes.size();
+    }
+    for (size_t i = 0; i < m_Codes.size(); ++i)
+    {
+        end = CharacterBefore(line, end);
+    }
+    return end;
+}
+
+// The end is looked at first: that is where most are none.
+bool LineMatcher::IsWord(std::string_view line, const ByteSpan& span) const
+{
+    if (span.end < line.size() && IsWordCode(NextCode(line, span.end).code))
+    {
         return false;
     }
-    while (progress.byte < end)
+    return span.begin == 0 || !IsWordCode(NextCode(line, CharacterBefore(line, span.begin)).code);
+}
+
+void LineMatcher::HitsIn(std::string_view line, const LinePiece& piece, size_t& from,
+                         size_t& budget, std::vector<ByteSpan>& hits)
+{
+    size_t byte = CharacterFrom(line, from);
+    size_t matched = 0;
+    bool   ascii = true; // since `from`
+    from = piece.end;
+    while (!m_Codes.empty() && byte < piece.seen && (matched > 0 || byte < piece.end))
     {
-        const SizedCode next = NextCode(line, progress.byte);
+        const SizedCode next = NextCode(line, byte);
         const uint32_t  code = Folded(next.code);
-        while (progress.matched > 0 && code != m_Codes[progress.matched])
+        while (matched > 0 && code != m_Codes[matched])
         {
-            progress.matched = m_Fallbacks[progress.matched];
+            matched = m_Fallbacks[matched];
         }
-        progress.matched += code == m_Codes[progress.matched] ? 1 : 0;
-        progress.byte += next.bytes;
-        ++progress.column;
-        if (progress.matched == m_Codes.size())
+        matched += code == m_Codes[matched] ? 1 : 0;
+        byte += next.bytes;
+        ascii = ascii && next.bytes == 1;
+        if (matched < m_Codes.size())
+        {
+            continue;
+        }
+        const ByteSpan span{StartOf(line, byte, ascii), byte};
+        if (span.begin >= piece.end)
+        {
+            break;
+        }
+        const bool isHit = !m_WholeWords || IsWord(line, span);
+        if (isHit)
+        {
+            hits.push_back(span);
+        }
+        matched = isHit ? 0 : m_Fallbacks[matched];
+    }
+    // A piece that was looked at costs its bytes, also where the text is short enough to end early.
+    budget -= std::min(budget, piece.seen - std::min(piece.begin, piece.seen) + 1);
+}
+
+// Whether the text is anywhere in it, as a word or not.
+bool LineMatcher::Holds(std::string_view line) const
+{
+    size_t matched = 0;
+    for (size_t byte = 0; byte < line.size();)
+    {
+        const SizedCode next = NextCode(line, byte);
+        const uint32_t  code = Folded(next.code);
+        while (matched > 0 && code != m_Codes[matched])
+        {
+            matched = m_Fallbacks[matched];
+        }
+        matched += code == m_Codes[matched] ? 1 : 0;
+        byte += next.bytes;
+        if (matched == m_Codes.size())
         {
             return true;
         }
@@ -140,39 +206,27 @@ bool LineMatcher::Continue(std::string_view line, Progress& progress, size_t bud
     return false;
 }
 
-bool LineMatcher::Find(std::string_view line, LineMatch& match) const
+const std::vector<int>& LineMatcher::LinesIn(const LineStore::Block& block, int from, int end,
+                                             bool onlyFirst)
 {
-    Progress progress;
-    if (!Continue(line, progress, line.size()))
-    {
-        return false;
-    }
-    match.column = static_cast<int>(progress.column) - Length();
-    match.length = Length();
-    return true;
-}
-
-const std::vector<int>& LineMatcher::HitsIn(const LineStore::Block& block, int from, int end,
-                                            bool onlyFirst)
-{
-    m_Hits.clear();
+    m_Lines.clear();
     if (m_Codes.empty() || from >= end)
     {
-        return m_Hits;
+        return m_Lines;
     }
     if (m_Quick && m_MatchCase)
     {
-        QuickHits(block, block.bytes, from, end, onlyFirst);
+        QuickLines(block, block.bytes, from, end, onlyFirst);
     }
     else if (m_Quick && KeepLowerCaseOf(block.bytes))
     {
-        QuickHits(block, m_LowerCase, from, end, onlyFirst);
+        QuickLines(block, m_LowerCase, from, end, onlyFirst);
     }
     else
     {
-        SlowHits(block, from, end, onlyFirst);
+        SlowLines(block, from, end, onlyFirst);
     }
-    return m_Hits;
+    return m_Lines;
 }
 
 // Both in one pass without a branch, which the compiler turns into vectors: the passes over a
@@ -194,8 +248,8 @@ bool LineMatcher::KeepLowerCaseOf(std::string_view bytes)
 // It may reach into the next line, which rules its own line out, or start within a character, and
 // is looked at again. Every look costs as much as the text is long: it goes on only in a line that
 // is long enough to hold the text, and so to pay for that.
-void LineMatcher::QuickHits(const LineStore::Block& block, std::string_view bytes, int from,
-                            int end, bool onlyFirst)
+void LineMatcher::QuickLines(const LineStore::Block& block, std::string_view bytes, int from,
+                             int end, bool onlyFirst)
 {
     const auto startOf = [&](int line)
     { return line < block.lineCount ? block.StartOf(line) : bytes.size(); };
@@ -209,7 +263,6 @@ void LineMatcher::QuickHits(const LineStore::Block& block, std::string_view byte
         return line;
     };
     const size_t limit = startOf(end);
-    LineMatch    ignored;
     for (int line = longEnough(from); line < end; line = longEnough(line + 1))
     {
         const size_t at = startOf(line);
@@ -219,9 +272,9 @@ void LineMatcher::QuickHits(const LineStore::Block& block, std::string_view byte
             return;
         }
         line = block.LineAt(at + hit);
-        if (at + hit + length <= startOf(line + 1) && Find(block.Line(line), ignored))
+        if (at + hit + length <= startOf(line + 1) && Holds(block.Line(line)))
         {
-            m_Hits.push_back(line);
+            m_Lines.push_back(line);
             if (onlyFirst)
             {
                 return;
@@ -230,14 +283,13 @@ void LineMatcher::QuickHits(const LineStore::Block& block, std::string_view byte
     }
 }
 
-void LineMatcher::SlowHits(const LineStore::Block& block, int from, int end, bool onlyFirst)
+void LineMatcher::SlowLines(const LineStore::Block& block, int from, int end, bool onlyFirst)
 {
-    LineMatch ignored;
     for (int line = from; line < end; ++line)
     {
-        if (Find(block.Line(line), ignored))
+        if (Holds(block.Line(line)))
         {
-            m_Hits.push_back(line);
+            m_Lines.push_back(line);
             if (onlyFirst)
             {
                 return;

@@ -6,29 +6,11 @@ namespace textviews
 {
 namespace
 {
-// A line from this many bytes on is looked through in pieces. Longer than any block of short lines.
-constexpr size_t kLongLine = 64 * 1024;
-
-bool IsLong(std::string_view bytes)
-{
-    return bytes.size() > kLongLine;
-}
+constexpr size_t kAsciiRun = 4096; // bytes that are looked at as a whole
 
 bool IsLong(const LineStore::Block& block)
 {
-    return IsLong(block.bytes);
-}
-
-// Whether it was there.
-bool Remove(std::vector<int>& lines, int line)
-{
-    const auto place = std::find(lines.begin(), lines.end(), line);
-    const bool isThere = place != lines.end();
-    if (isThere)
-    {
-        lines.erase(place);
-    }
-    return isThere;
+    return block.bytes.size() > kPieceBytes;
 }
 
 // Empty lines take time too.
@@ -36,33 +18,91 @@ size_t CostOf(const LineStore::Block& block)
 {
     return block.bytes.size() + static_cast<size_t>(block.lineCount);
 }
+
+void Pay(size_t& budget, size_t cost)
+{
+    budget -= std::min(budget, std::max<size_t>(cost, 1));
+}
+
+// Goes on to that byte, as far as the budget goes; whether it is there.
+bool Advance(std::string_view text, TextPlace& place, size_t byte, size_t& budget)
+{
+    constexpr TextPlace kFar{INT64_MAX, INT64_MAX, INT64_MAX};
+    while (static_cast<size_t>(place.byte) < byte && budget > 0)
+    {
+        const auto   at = static_cast<size_t>(place.byte);
+        const size_t size = std::min(byte - at, kAsciiRun);
+        TextPlace    limit = kFar;
+        limit.byte = static_cast<int64_t>(at + size);
+        if (IsAscii(text.substr(at, size)))
+        {
+            place.byte += static_cast<int64_t>(size);
+            place.column += static_cast<int64_t>(size);
+        }
+        else
+        {
+            AdvancePlace(text, place, limit);
+        }
+        if (static_cast<size_t>(place.byte) == at)
+        {
+            return true; // the byte lies within a character
+        }
+        Pay(budget, size);
+    }
+    return static_cast<size_t>(place.byte) >= byte;
+}
 } // namespace
 
-void LineSearch::Begin(const String& text, bool forward, bool matchCase, int start)
+void LineSearch::Begin(std::shared_ptr<HitFinder> finder, bool forward, const SearchPlace& start,
+                       Unit unit)
 {
-    m_Matcher = std::make_unique<LineMatcher>(text, matchCase);
-    m_Progress = {};
+    m_Finder = std::move(finder);
     m_State = State::Running;
+    m_Unit = unit;
     m_Forward = forward;
     m_Wrapped = false;
-    m_Next = m_Start = start;
+    m_Start = start;
+    GoTo(start.line);
+}
+
+void LineSearch::GoTo(int line)
+{
+    m_Next = line;
+    m_InLine = false;
+    m_Located = false;
+    m_Last = {};
+    m_Place = {};
     m_Match = {};
 }
 
-// Goes on from the other end once; false when the way round is complete.
+// Goes on from the other end once; false when the way round is complete, which ends with the other
+// part of the line that it began in.
 bool LineSearch::WrapIfAtEnd(int count)
 {
     if (!m_Wrapped && (m_Forward ? m_Next >= count : m_Next < 0))
     {
         m_Wrapped = true;
-        m_Next = m_Forward ? 0 : count - 1;
-        m_Progress = {};
+        GoTo(m_Forward ? 0 : count - 1);
     }
-    if (m_Forward)
+    if (m_Next < 0 || m_Next >= count)
     {
-        return m_Next < (m_Wrapped ? std::min(m_Start, count) : count);
+        return false;
     }
-    return m_Next > (m_Wrapped ? std::max(m_Start, -1) : -1);
+    const bool hasRest = m_Forward ? m_Start.byte > 0 : m_Start.byte != SearchPlace::k_End;
+    return !m_Wrapped || (m_Next == m_Start.line ? hasRest
+                          : m_Forward            ? m_Next < m_Start.line
+                                                 : m_Next > m_Start.line);
+}
+
+// The bytes of the line that hits may begin in.
+ByteSpan LineSearch::LimitsOf(int line) const
+{
+    if (line != m_Start.line)
+    {
+        return {0, SearchPlace::k_End};
+    }
+    return m_Forward == m_Wrapped ? ByteSpan{0, m_Start.byte}
+                                  : ByteSpan{m_Start.byte, SearchPlace::k_End};
 }
 
 LineSearch::State LineSearch::Step(const LineStore& lines, size_t budget)
@@ -77,224 +117,189 @@ LineSearch::State LineSearch::Step(const LineStore& lines, size_t budget)
             m_State = State::NotFound;
             break;
         }
-        const size_t used = LookThrough(lines.BlockOf(m_Next), left);
-        left -= std::min(left, std::max<size_t>(used, 1));
+        LookThrough(lines, left);
     }
     return m_State;
 }
 
-// The lines of the block that the search is due to look through.
+// The lines of the block that the search is due to look through, but for the rest of the line that
+// it began in.
 LineSearch::Range LineSearch::RangeIn(const LineStore::Block& block) const
 {
     const int end = block.firstLine + block.lineCount;
     if (m_Forward)
     {
-        return {m_Next, m_Wrapped ? std::min(end, m_Start) : end};
+        return {m_Next, m_Wrapped ? std::min(end, m_Start.line) : end};
     }
-    return {m_Wrapped ? std::max(block.firstLine, m_Start + 1) : block.firstLine, m_Next + 1};
+    return {m_Wrapped ? std::max(block.firstLine, m_Start.line + 1) : block.firstLine, m_Next + 1};
 }
 
-void LineSearch::MoveBeyond(const Range& range)
+void LineSearch::LookThrough(const LineStore& lines, size_t& budget)
 {
-    m_Next = m_Forward ? range.end : range.first - 1;
-    m_Progress = {};
+    const LineStore::Block block = lines.BlockOf(m_Next);
+    if (m_InLine || IsLong(block) || m_Next == m_Start.line)
+    {
+        m_InLine = LookThroughLine(block.Line(m_Next - block.firstLine), budget);
+        if (!m_InLine && m_State == State::Running)
+        {
+            GoTo(m_Next + (m_Forward ? 1 : -1));
+        }
+        return;
+    }
+    LookThroughShort(block, budget);
 }
 
-void LineSearch::TakeMatch(int line, const LineMatch& match)
-{
-    m_Match = match;
-    m_Match.line = line;
-    m_State = State::Found;
-}
-
-// Gives the number of bytes that were looked at.
-size_t LineSearch::LookThrough(const LineStore::Block& block, size_t budget)
+void LineSearch::LookThroughShort(const LineStore::Block& block, size_t& budget)
 {
     const Range range = RangeIn(block);
-    if (IsLong(block))
+    Pay(budget, CostOf(block));
+    std::vector<int> lines =
+        m_Finder->LinesIn(block, range.first - block.firstLine, range.end - block.firstLine,
+                          m_Forward && m_Finder->IsSureOfLines());
+    if (!m_Forward)
     {
-        const size_t before = m_Progress.byte;
-        const bool   found = m_Matcher->Continue(block.bytes, m_Progress, budget);
-        const size_t used = m_Progress.byte - before;
-        if (found)
+        std::reverse(lines.begin(), lines.end());
+    }
+    for (const int line : lines)
+    {
+        GoTo(block.firstLine + line);
+        m_InLine = LookThroughLine(block.Line(line), budget);
+        if (m_InLine || m_State != State::Running)
         {
-            const int length = m_Matcher->Length();
-            TakeMatch(m_Next, {m_Next, static_cast<int>(m_Progress.column) - length, length});
+            return;
         }
-        else if (m_Progress.byte >= block.bytes.size())
+    }
+    GoTo(m_Forward ? range.end : range.first - 1);
+}
+
+// Whether there is more of the line to look at.
+bool LineSearch::LookThroughLine(std::string_view text, size_t& budget)
+{
+    const ByteSpan limits = LimitsOf(m_Next);
+    const bool     fromItsEnd = !m_Forward && m_Unit == Unit::Hit;
+    if (!m_InLine)
+    {
+        const size_t end = std::min(limits.end, text.size());
+        m_Piece = fromItsEnd && end > 0 ? (end - 1) / kPieceBytes * kPieceBytes : 0;
+        m_Byte = std::max(m_Piece, limits.begin);
+    }
+    if (!m_Located)
+    {
+        const bool more =
+            fromItsEnd ? LookForLast(text, limits, budget) : LookForFirst(text, limits, budget);
+        if (!m_Located)
         {
-            MoveBeyond(range);
+            return more;
         }
-        return used;
     }
-    // Backwards the last one counts.
-    const std::vector<int>& hits = m_Matcher->HitsIn(block, range.first - block.firstLine,
-                                                     range.end - block.firstLine, m_Forward);
-    LineMatch               match;
-    if (!hits.empty() && m_Matcher->Find(block.Line(hits.back()), match))
+    Locate(text, budget);
+    return m_State == State::Running;
+}
+
+bool LineSearch::LookForFirst(std::string_view text, const ByteSpan& limits, size_t& budget)
+{
+    const size_t end = std::min(limits.end, text.size());
+    while (m_Byte < end)
     {
-        TakeMatch(block.firstLine + hits.back(), match);
+        if (budget == 0)
+        {
+            return true;
+        }
+        m_Hits.clear();
+        m_Finder->HitsIn(text, PieceAt(text, m_Byte, m_Finder->Reach()), m_Byte, budget, m_Hits);
+        if (!m_Hits.empty())
+        {
+            m_Located = m_Hits.front().begin < end;
+            m_Last = m_Hits.front();
+            return false;
+        }
     }
-    else
+    return false;
+}
+
+// From the last piece back to the first one.
+bool LineSearch::LookForLast(std::string_view text, const ByteSpan& limits, size_t& budget)
+{
+    const size_t end = std::min(limits.end, text.size());
+    while (m_Byte < end)
     {
-        MoveBeyond(range);
+        if (budget == 0)
+        {
+            return true;
+        }
+        const LinePiece piece = PieceAt(text, m_Piece, m_Finder->Reach());
+        m_Hits.clear();
+        m_Finder->HitsIn(text, piece, m_Byte, budget, m_Hits);
+        for (const ByteSpan& hit : m_Hits)
+        {
+            m_Last = hit.begin < end ? hit : m_Last;
+        }
+        if (m_Byte < piece.end && m_Byte < end)
+        {
+            continue;
+        }
+        if (m_Last.end > 0)
+        {
+            m_Located = true;
+            return false;
+        }
+        if (piece.begin <= limits.begin)
+        {
+            return false;
+        }
+        m_Piece = piece.begin - kPieceBytes;
+        m_Byte = std::max(m_Piece, limits.begin);
     }
-    return CostOf(block);
+    return false;
+}
+
+void LineSearch::Locate(std::string_view text, size_t& budget)
+{
+    const auto column = [this]
+    { return static_cast<int>(std::min<int64_t>(m_Place.column, INT32_MAX)); };
+    if (m_Match.column < 0)
+    {
+        if (!Advance(text, m_Place, m_Last.begin, budget))
+        {
+            return;
+        }
+        m_Match.column = column();
+    }
+    if (Advance(text, m_Place, m_Last.end, budget))
+    {
+        m_Match.line = m_Next;
+        m_Match.length = column() - m_Match.column;
+        m_Match.bytes = m_Last;
+        m_State = State::Found;
+    }
 }
 
 void LineSearch::LineInserted(int line)
 {
     m_Next += line <= m_Next ? 1 : 0;
-    m_Start += line <= m_Start ? 1 : 0;
+    m_Start.line += line <= m_Start.line ? 1 : 0;
 }
 
 void LineSearch::LineErased(int line)
 {
     if (line == m_Next)
     {
-        m_Progress = {};
-        m_Next -= m_Forward ? 0 : 1;
+        GoTo(m_Next - (m_Forward ? 0 : 1));
     }
     else if (line < m_Next)
     {
         --m_Next;
     }
-    // Backwards the lines behind the start are still due: the next of them moves into its place.
-    m_Start -= line < m_Start || (!m_Forward && line == m_Start) ? 1 : 0;
-}
-
-void HitCounter::Begin(const String& text, bool matchCase)
-{
-    m_Matcher = std::make_unique<LineMatcher>(text, matchCase);
-    LinesCleared();
-}
-
-void HitCounter::LinesCleared()
-{
-    m_Progress = m_LateProgress = {};
-    m_Next = 0;
-    m_Hits = 0;
-    m_LongHits.clear();
-    m_Late.clear();
-}
-
-bool HitCounter::Step(const LineStore& lines, size_t budget)
-{
-    size_t     left = budget;
-    const auto isCounted = [&] { return m_Next >= lines.Count() && m_Late.empty(); };
-    while (m_Matcher && !isCounted() && left > 0)
+    // Of the line that it began in nothing is left to look at. Backwards the lines behind it are
+    // still due: the next of them moves into its place.
+    if (line == m_Start.line)
     {
-        const size_t used =
-            m_Late.empty() ? CountIn(lines.BlockOf(m_Next), left) : CountLate(lines, left);
-        left -= std::min(left, std::max<size_t>(used, 1));
+        m_Start.line -= m_Forward ? 0 : 1;
+        m_Start.byte = m_Forward ? 0 : SearchPlace::k_End;
     }
-    return !m_Matcher || isCounted();
-}
-
-// Gives the number of bytes that were looked at, as the next one does.
-size_t HitCounter::CountIn(const LineStore::Block& block, size_t budget)
-{
-    if (IsLong(block))
+    else if (line < m_Start.line)
     {
-        const size_t before = m_Progress.byte;
-        const bool   found = m_Matcher->Continue(block.bytes, m_Progress, budget);
-        const size_t used = m_Progress.byte - before;
-        if (found)
-        {
-            ++m_Hits;
-            m_LongHits.push_back(m_Next);
-        }
-        if (found || m_Progress.byte >= block.bytes.size())
-        {
-            m_Progress = {};
-            ++m_Next;
-        }
-        return used;
+        --m_Start.line;
     }
-    const int from = m_Next - block.firstLine;
-    m_Hits += static_cast<int>(m_Matcher->HitsIn(block, from, block.lineCount, false).size());
-    m_Next = block.firstLine + block.lineCount;
-    return CostOf(block);
-}
-
-size_t HitCounter::CountLate(const LineStore& lines, size_t budget)
-{
-    const int              number = m_Late.front();
-    const std::string_view line = lines.Line(number);
-    const size_t           before = m_LateProgress.byte;
-    const bool             found = m_Matcher->Continue(line, m_LateProgress, budget);
-    const size_t           used = m_LateProgress.byte - before;
-    if (found)
-    {
-        ++m_Hits;
-        m_LongHits.push_back(number);
-    }
-    if (found || m_LateProgress.byte >= line.size())
-    {
-        m_LateProgress = {};
-        m_Late.erase(m_Late.begin());
-    }
-    return used;
-}
-
-// The numbers of the lines from that one on have changed.
-void HitCounter::Shift(int line, int by)
-{
-    m_Next += by;
-    for (std::vector<int>* const numbers : {&m_LongHits, &m_Late})
-    {
-        for (int& number : *numbers)
-        {
-            number += number >= line ? by : 0;
-        }
-    }
-}
-
-void HitCounter::LineInserted(const LineStore& lines, int line)
-{
-    LineMatch ignored;
-    if (line == m_Next)
-    {
-        m_Progress = {}; // it was another line's
-    }
-    if (!m_Matcher || line >= m_Next)
-    {
-        return;
-    }
-    Shift(line, 1);
-    if (IsLong(lines.Line(line)))
-    {
-        m_Late.push_back(line);
-    }
-    else
-    {
-        m_Hits += m_Matcher->Find(lines.Line(line), ignored) ? 1 : 0;
-    }
-}
-
-void HitCounter::LineErased(const LineStore& lines, int line)
-{
-    LineMatch ignored;
-    if (!m_Matcher || line > m_Next)
-    {
-        return;
-    }
-    if (line == m_Next)
-    {
-        m_Progress = {};
-        return;
-    }
-    if (IsLong(lines.Line(line)))
-    {
-        m_LateProgress =
-            !m_Late.empty() && m_Late.front() == line ? LineMatcher::Progress() : m_LateProgress;
-        m_Hits -= Remove(m_LongHits, line) ? 1 : 0;
-        Remove(m_Late, line);
-    }
-    else
-    {
-        m_Hits -= m_Matcher->Find(lines.Line(line), ignored) ? 1 : 0;
-    }
-    Shift(line, -1);
 }
 } // namespace textviews

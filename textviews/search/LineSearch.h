@@ -1,15 +1,33 @@
 #pragma once
 
-#include "textviews/lines/LineStore.h"
-#include "textviews/search/LineMatcher.h"
+#include "textviews/lines/TextCells.h"
+#include "textviews/search/HitFinder.h"
 
 #include <memory>
 #include <vector>
 
 namespace textviews
 {
-/// A search through the lines, done in steps. The unit is the line: at most one hit a line, the
-/// first one in it. Lines may come and go between the steps, if the search is told.
+/// Where in a line the text was found. Columns count characters.
+struct LineMatch
+{
+    int      line = -1;
+    int      column = -1;
+    int      length = 0;
+    ByteSpan bytes; ///< The same in bytes.
+};
+
+/// Where a search begins: a byte of a line.
+struct SearchPlace
+{
+    static constexpr size_t k_End = ~size_t{0}; ///< Behind the line's last byte.
+
+    int    line = 0;
+    size_t byte = 0;
+};
+
+/// A search through the lines, done in steps. Lines may come and go between the steps, if the
+/// search is told.
 class LineSearch
 {
 public:
@@ -20,10 +38,18 @@ public:
         Found,
         NotFound
     };
+    /// What a search goes on by.
+    enum class Unit
+    {
+        Line, ///< The first hit of each line.
+        Hit   ///< Each hit.
+    };
 
-    /// Begins at line `start` and goes once round all lines. A start before the first line (after
-    /// the last one) goes on from the other end.
-    void Begin(const String& text, bool forward, bool matchCase, int start);
+    /// Begins with hits that begin at the place or after it, backwards with those before it, and
+    /// goes once round all lines. A start before the first line (after the last one) goes on from
+    /// the other end.
+    void Begin(std::shared_ptr<HitFinder> finder, bool forward, const SearchPlace& start,
+               Unit unit);
     /// Goes on for about `budget` bytes.
     State Step(const LineStore& lines, size_t budget);
     void  Stop() { m_State = State::Idle; }
@@ -46,52 +72,35 @@ private:
         int end = 0;
     };
 
-    bool   WrapIfAtEnd(int count);
-    Range  RangeIn(const LineStore::Block& block) const;
-    size_t LookThrough(const LineStore::Block& block, size_t budget);
-    void   MoveBeyond(const Range& range);
-    void   TakeMatch(int line, const LineMatch& match);
+    bool     WrapIfAtEnd(int count);
+    Range    RangeIn(const LineStore::Block& block) const;
+    ByteSpan LimitsOf(int line) const;
+    void     LookThrough(const LineStore& lines, size_t& budget);
+    void     LookThroughShort(const LineStore::Block& block, size_t& budget);
+    bool     LookThroughLine(std::string_view text, size_t& budget);
+    bool     LookForFirst(std::string_view text, const ByteSpan& limits, size_t& budget);
+    bool     LookForLast(std::string_view text, const ByteSpan& limits, size_t& budget);
+    void     Locate(std::string_view text, size_t& budget);
+    void     GoTo(int line);
 
-    std::unique_ptr<LineMatcher> m_Matcher;
-    LineMatcher::Progress        m_Progress; ///< Within a long line.
-    State                        m_State = State::Idle;
-    bool                         m_Forward = true;
-    bool                         m_Wrapped = false;
-    int                          m_Next = 0;  ///< The line that is looked at next.
-    int                          m_Start = 0; ///< The line that the way round began at.
-    LineMatch                    m_Match;
-};
+    std::shared_ptr<HitFinder> m_Finder;
+    State                      m_State = State::Idle;
+    Unit                       m_Unit = Unit::Line;
+    bool                       m_Forward = true;
+    bool                       m_Wrapped = false;
+    int                        m_Next = 0; ///< The line that is looked at next.
+    SearchPlace                m_Start;    ///< Where the way round began.
+    LineMatch                  m_Match;
+    std::vector<ByteSpan>      m_Hits; ///< Of a piece of the line.
 
-/// Counts the lines that hold a text, in steps, and goes on as lines come.
-class HitCounter
-{
-public:
-    void Begin(const String& text, bool matchCase);
-    void Stop() { m_Matcher.reset(); }
-    bool IsActive() const { return m_Matcher != nullptr; }
-    /// Goes on for about `budget` bytes; true when all lines are counted.
-    bool Step(const LineStore& lines, size_t budget);
-    int  Hits() const { return m_Hits; } ///< So far.
-
-    /// To be told of every line that comes before others, after it came; of every line that goes,
-    /// before it goes.
+    /// @name Within the line
     /// @{
-    void LineInserted(const LineStore& lines, int line);
-    void LineErased(const LineStore& lines, int line);
-    void LinesCleared();
+    bool      m_InLine = false;  ///< It is being looked through.
+    size_t    m_Byte = 0;        ///< Where to go on.
+    size_t    m_Piece = 0;       ///< Backwards: where the piece begins.
+    ByteSpan  m_Last;            ///< Backwards: its last hit so far; empty for none.
+    bool      m_Located = false; ///< The hit is found; its column is being counted.
+    TextPlace m_Place;           ///< So far.
     /// @}
-
-private:
-    size_t CountIn(const LineStore::Block& block, size_t budget);
-    size_t CountLate(const LineStore& lines, size_t budget);
-    void   Shift(int line, int by);
-
-    std::unique_ptr<LineMatcher> m_Matcher;
-    LineMatcher::Progress        m_Progress;
-    LineMatcher::Progress        m_LateProgress; ///< In the first of `m_Late`.
-    int                          m_Next = 0;     ///< The first line that is not counted yet.
-    int                          m_Hits = 0;
-    std::vector<int>             m_LongHits; ///< Long lines among them: none is read again.
-    std::vector<int>             m_Late;     ///< Long lines that came before `m_Next`, to count.
 };
 } // namespace textviews
