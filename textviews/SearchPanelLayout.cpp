@@ -56,7 +56,10 @@ void wxTextLineSearchPanel::LayOutControls()
     auto* const frame = new wxBoxSizer(wxVERTICAL);
     frame->Add(m_Rows, wxSizerFlags().Expand().Border(wxALL, kMargin));
     SetSizer(frame);
-    PutIntoRows(std::vector<int>(WidthsOfParts().size(), 0));
+    // As wide as the field's part, whatever the rows: a host that asks for it must not get wide.
+    const std::vector<int> widths = WidthsOfParts();
+    PutIntoRows(textviews::RowsFor(widths, kGap, widths.front()));
+    SetMinSize(wxSize(widths.front() + 2 * kMargin, wxDefaultCoord));
     Fit();
 }
 

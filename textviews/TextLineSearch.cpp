@@ -124,7 +124,7 @@ void wxTextLineCtrl::ShowHit(const textviews::LineMatch& match)
 void wxTextLineCtrl::ScrollIntoView(const textviews::LineMatch& match)
 {
     AdjustScrollbars(); // they may take part of the view away
-    const std::string_view text = m_Lines->Line(match.line);
+    const std::string_view text = m_Lines->LineNow(match.line);
     const int64_t          first = m_Places->AtColumn(match.line, text, match.column).cell;
     const int64_t end = m_Places->AtColumn(match.line, text, match.column + match.length).cell;
     // Half a cell of margin on either side, as the text itself has.

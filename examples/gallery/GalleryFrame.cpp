@@ -120,6 +120,7 @@ void GalleryFrame::SetColumns(int columns)
     }
     else if (columns > m_Grid->GetCols())
     {
+        m_Grid->SetCols(columns); // a column has to be there before it can grow
         m_Grid->AddGrowableCol(static_cast<size_t>(columns - 1), 1);
     }
     m_Grid->SetCols(columns);

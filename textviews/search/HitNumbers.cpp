@@ -318,13 +318,13 @@ void HitNumbers::RankOn(const LineStore& lines, size_t& budget)
     while (m_Rank.line < m_Current.line && !m_Rank.done && budget > 0)
     {
         Pay(budget, 1);
-        if (GoThrough(lines.Line(m_Rank.line), m_Rank.from, m_Rank.before, budget))
+        if (GoThrough(lines.LineNow(m_Rank.line), m_Rank.from, m_Rank.before, budget))
         {
             ++m_Rank.line;
             m_Rank.from = 0;
         }
     }
-    const std::string_view line = lines.Line(m_Current.line);
+    const std::string_view line = lines.LineNow(m_Current.line);
     m_Number = 0;
     while (m_Rank.line == m_Current.line && !m_Rank.done && budget > 0)
     {
