@@ -4,17 +4,24 @@
 #include <array>
 #include <cctype>
 #include <filesystem>
+#include <map>
+#include <string_view>
 
 namespace
 {
 constexpr std::array<std::string_view, 4> kEndings = {".log", ".txt", ".out", ".err"};
+
+bool EndsWith(std::string_view text, std::string_view end)
+{
+    return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
+}
 
 // What the ending says of an archive. The viewer itself looks at the content.
 std::string_view WithoutArchive(std::string_view name)
 {
     for (const std::string_view ending : {".gz", ".zst"})
     {
-        if (name.size() > ending.size() && name.substr(name.size() - ending.size()) == ending)
+        if (name != ending && EndsWith(name, ending))
         {
             return name.substr(0, name.size() - ending.size());
         }
@@ -38,10 +45,8 @@ bool IsLogName(const String& leaf)
 {
     const std::string_view name = WithoutNumber(WithoutArchive(leaf));
     return std::any_of(kEndings.begin(), kEndings.end(),
-                       [name](std::string_view ending) {
-                           return name.size() > ending.size() &&
-                                  name.substr(name.size() - ending.size()) == ending;
-                       });
+                       [name](std::string_view ending)
+                       { return name != ending && EndsWith(name, ending); });
 }
 
 std::vector<Path> LogFilesOf(const Path& name)
@@ -64,4 +69,34 @@ std::vector<Path> LogFilesOf(const Path& name)
               [](const Path& a, const Path& b) { return a.Text() < b.Text(); });
     files.resize(std::min(files.size(), k_MostFiles));
     return files;
+}
+
+std::vector<String> NamesApart(const std::vector<Path>& files)
+{
+    std::map<String, std::vector<size_t>> sameName;
+    for (size_t i = 0; i < files.size(); ++i)
+    {
+        sameName[files[i].Leaf()].push_back(i);
+    }
+    std::vector<String> names(files.size());
+    for (const auto& [leaf, group] : sameName)
+    {
+        for (const size_t file : group)
+        {
+            const String& whole = files[file].Text();
+            names[file] = leaf;
+            const auto isTaken = [&](size_t other)
+            {
+                const String& text = files[other].Text();
+                return text != whole && EndsWith("/" + text, "/" + names[file]);
+            };
+            while (names[file].size() < whole.size() &&
+                   std::any_of(group.begin(), group.end(), isTaken))
+            {
+                const Path folder = String(whole.substr(0, whole.size() - names[file].size() - 1));
+                names[file] = folder.Leaf() + "/" + names[file];
+            }
+        }
+    }
+    return names;
 }

@@ -120,7 +120,7 @@ wxString LogPage::Title() const
     {
         return wxGetTranslation("Standard Input");
     }
-    const wxString name = InOneLine(File().Leaf());
+    const wxString name = InOneLine(m_Name.empty() ? File().Leaf() : m_Name);
     return name.length() <= kTitleLength
                ? name
                : name.Left(kTitleLength / 2) + wxUniChar(0x2026) + name.Right(kTitleLength / 2);

@@ -26,8 +26,10 @@ public:
 
     wxTextLineCtrl& Text();
     const Path&     File() const { return m_Reader.FileName(); }
-    wxString        Title() const;    ///< The file's name without its folder, if need be shortened.
-    wxString        FullName() const; ///< In one line, whatever it holds.
+    /// How it is called among the pages; at first the file's name without its folder.
+    void     SetName(const String& name) { m_Name = name; }
+    wxString Title() const;    ///< That name, if need be shortened.
+    wxString FullName() const; ///< In one line, whatever it holds.
     /// One line about the file: where it is, how much of it is shown, or what is wrong.
     wxString StatusText() const;
 
@@ -52,6 +54,7 @@ private:
     void ShowStored(const LogReader::Piece& piece);
     void EndFull();
 
+    String                       m_Name;
     FollowingText*               m_Text = nullptr; ///< Null until the page is shown.
     LogReader                    m_Reader;
     std::deque<LogReader::Piece> m_Pieces; ///< Have come and are not shown yet.

@@ -219,6 +219,12 @@ void LogViewFrame::BuildPages()
                           NoteClosed(m_Pages->GetPage(static_cast<size_t>(event.GetSelection())));
                       }
                   });
+    m_Pages->Bind(wxEVT_AUINOTEBOOK_PAGE_CLOSED,
+                  [this](wxAuiNotebookEvent& event)
+                  {
+                      event.Skip();
+                      NamePages();
+                  });
     panel->SetDropTarget(
         new _FileDrop([this](const std::vector<Path>& files) { OpenFiles(files); }));
 }
@@ -253,6 +259,7 @@ void LogViewFrame::OpenFiles(const std::vector<Path>& names)
     {
         OpenPage({file}, &file == &files.back());
     }
+    NamePages();
     FillRecent();
     if (LogPage* const page = CurrentPage())
     {
@@ -272,28 +279,64 @@ void LogViewFrame::ReopenFiles()
     {
         OpenPage(file, &file == &files.back());
     }
+    NamePages();
+}
+
+// In the notebook first, then in windows of their own.
+std::vector<LogPage*> LogViewFrame::AllPages() const
+{
+    std::vector<LogPage*> pages;
+    const auto            add = [&pages](wxWindow* window)
+    {
+        if (auto* const page = dynamic_cast<LogPage*>(window))
+        {
+            pages.push_back(page);
+        }
+    };
+    for (size_t i = 0; i < m_Pages->GetPageCount(); ++i)
+    {
+        add(m_Pages->GetPage(i));
+    }
+    for (wxWindow* const page : m_Pages->PagesInWindows())
+    {
+        add(page);
+    }
+    return pages;
+}
+
+// Files of the same name are told apart by their folders, as long as both are open.
+void LogViewFrame::NamePages()
+{
+    const std::vector<LogPage*> pages = AllPages();
+    std::vector<Path>           files;
+    for (const LogPage* const page : pages)
+    {
+        files.push_back(AbsoluteName(page->File()));
+    }
+    const std::vector<String> names = NamesApart(files);
+    for (size_t i = 0; i < pages.size(); ++i)
+    {
+        const wxString before = pages[i]->Title();
+        pages[i]->SetName(names[i]);
+        if (pages[i]->Title() != before)
+        {
+            m_Pages->SetCaption(pages[i], pages[i]->Title());
+        }
+    }
+    ShowTitle();
 }
 
 // In the order in which they came: where they are now is the layout's.
 void LogViewFrame::KeepFiles() const
 {
     std::vector<OpenedFile> files;
-    const auto              keep = [&files](const wxWindow* window)
+    for (const LogPage* const page : AllPages())
     {
-        const auto* const page = dynamic_cast<const LogPage*>(window);
-        if (page && !FileFollower::IsInput(page->File()))
+        if (!FileFollower::IsInput(page->File()))
         {
             files.push_back(page->Place());
             files.back().name = AbsoluteName(page->File());
         }
-    };
-    for (size_t i = 0; i < m_Pages->GetPageCount(); ++i)
-    {
-        keep(m_Pages->GetPage(i));
-    }
-    for (const wxWindow* const page : m_Pages->PagesInWindows())
-    {
-        keep(page);
     }
     KeepOpenedFiles(Options(), files);
 }
@@ -388,9 +431,14 @@ void LogViewFrame::ShowTitle()
 
 void LogViewFrame::OnOpen(wxCommandEvent&)
 {
-    wxFileDialog dialog(this, wxGetTranslation("Open"), wxString(), wxString(),
-                        wxFileSelectorDefaultWildcardStr,
-                        wxFD_OPEN | wxFD_MULTIPLE | wxFD_FILE_MUST_EXIST);
+    // Beside what is open: other logs of that work are there.
+    const LogPage* const page = CurrentPage();
+    const Path           folder = page && !FileFollower::IsInput(page->File())
+                                      ? Path(AbsoluteName(page->File())).Branch()
+                                      : Path();
+    wxFileDialog         dialog(this, wxGetTranslation("Open"), wxtToWx(folder.Text()), wxString(),
+                                wxFileSelectorDefaultWildcardStr,
+                                wxFD_OPEN | wxFD_MULTIPLE | wxFD_FILE_MUST_EXIST);
     if (dialog.ShowModal() != wxID_OK)
     {
         return;

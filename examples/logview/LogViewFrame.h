@@ -33,6 +33,9 @@ private:
     void     ShowStatus();
     LogPage* CurrentPage() const;
 
+    std::vector<LogPage*> AllPages() const;
+    void                  NamePages();
+
     void OpenPage(const OpenedFile& file, bool select);
     void ShowTitle();
     void FillRecent();

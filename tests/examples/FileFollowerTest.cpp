@@ -122,6 +122,25 @@ TEST_F(FileFollowerTest, CutsALineThatDoesNotEnd)
 
 using LogFilesTest = UserFolderTest;
 
+TEST_F(LogFilesTest, FilesOfOneNameAreToldApartByTheirFolders)
+{
+    const auto names = [](const std::vector<Path>& files)
+    {
+        String all;
+        for (const String& name : NamesApart(files))
+        {
+            all += name + " ";
+        }
+        return all;
+    };
+    EXPECT_EQ("a.log b.log ", names({"/x/a.log", "/x/b.log"}));
+    EXPECT_EQ("x/a.log y/a.log b.log ", names({"/x/a.log", "/y/a.log", "/y/b.log"}));
+    EXPECT_EQ("p/x/a.log q/x/a.log y/a.log ", names({"/p/x/a.log", "/q/x/a.log", "/q/y/a.log"}));
+    EXPECT_EQ("a.log a.log ", names({"/x/a.log", "/x/a.log"}));
+    EXPECT_EQ("/a.log x/a.log ", names({"/a.log", "/x/a.log"}));
+    EXPECT_EQ("a.log /a.log ", names({"a.log", "/a.log"}));
+}
+
 TEST_F(LogFilesTest, AFolderStandsForItsLogs)
 {
     for (const char* const name : {"b.log", "a.log.12", "a.log", "notes.txt", "picture.png", ".log",
