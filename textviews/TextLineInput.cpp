@@ -263,7 +263,8 @@ void wxTextLineCtrl::OnContextMenu(wxContextMenuEvent& event)
     const textviews::TextGeometry   geometry = Geometry();
     const int                       line = m_Selection->End();
     const wxRect band = line < 0 ? wxRect(0, 0, 1, m_LineHeight) : geometry.BandOf(line);
-    m_MenuPlace = wxPoint(m_ColumnWidth, std::clamp(band.GetBottom(), 0, geometry.client.y));
+    m_MenuPlace = wxPoint(geometry.textLeft + m_ColumnWidth,
+                          std::clamp(band.GetBottom(), 0, geometry.client.y));
     wxMouseEvent press(wxEVT_RIGHT_DOWN);
     press.SetEventObject(this);
     press.SetPosition(m_MenuPlace);

@@ -7,6 +7,7 @@
 #include "textviews/drawing/FontExtents.h"
 #include "textviews/drawing/StyleColours.h"
 #include "textviews/escapes/ShownLines.h"
+#include "textviews/gutter/Gutter.h"
 #include "textviews/lines/LineStore.h"
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
@@ -57,6 +58,7 @@ wxBEGIN_EVENT_TABLE(wxTextLineCtrl, wxDoubleBufferedWindow)
     EVT_CONTEXT_MENU(wxTextLineCtrl::OnContextMenu)
     EVT_KEY_DOWN(wxTextLineCtrl::OnKey)
     EVT_MOUSEWHEEL(wxTextLineCtrl::OnWheel)
+    EVT_SIZE(wxTextLineCtrl::OnSize)
     EVT_MENU_RANGE(id_SelectAll, id_CopyPlain, wxTextLineCtrl::OnMenu)
 wxEND_EVENT_TABLE()
 // clang-format on
@@ -70,6 +72,7 @@ wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
       m_Colours(std::make_unique<textviews::StyleColours>()),
       m_Selection(std::make_unique<textviews::TextSelection>()),
       m_Drawn(std::make_unique<textviews::DrawnLines>()),
+      m_Gutter(std::make_unique<textviews::Gutter>()),
       m_TextSize(textviews::_FontExtents::k_Points)
 {
     CALL_ENTRY("wxTextLineCtrl::wxTextLineCtrl");
@@ -156,6 +159,7 @@ int wxTextLineCtrl::DropOldest()
     {
         Drop(0);
     }
+    m_Gutter->dropped += count;
     LinesMoved();
     if (!follows)
     {
@@ -187,6 +191,7 @@ void wxTextLineCtrl::Extend(const String& line, int index)
         return;
     }
     m_LineCount = m_Lines->Count();
+    FitGutter();
     AdjustScrollbarsLater();
     GatherLater(); // a line that is not in view changes no picture
 }
@@ -196,16 +201,18 @@ void wxTextLineCtrl::Widen(std::string_view line)
     const auto width = [this](int64_t cells)
     { return internal::ScrollRange(Saturated(cells) + 1, m_ColumnWidth); };
     // No line has more cells than bytes. Most are not counted: they are shorter than the longest.
-    if (width(static_cast<int64_t>(line.size())) > m_ContentWidth &&
-        width(m_Shown->MostCellsOf(line)) > m_ContentWidth)
+    if (width(static_cast<int64_t>(line.size())) > m_TextWidth &&
+        width(m_Shown->MostCellsOf(line)) > m_TextWidth)
     {
-        m_ContentWidth = std::max(m_ContentWidth, width(m_Shown->CellCountOf(line)));
+        m_TextWidth = std::max(m_TextWidth, width(m_Shown->CellCountOf(line)));
+        FitContentWidth();
     }
 }
 
 void wxTextLineCtrl::MeasureAll()
 {
-    m_ContentWidth = 0;
+    m_TextWidth = 0;
+    FitContentWidth();
     for (int line = 0; line < m_Lines->Count();)
     {
         const textviews::LineStore::Block block = m_Lines->BlockOf(line);
@@ -220,6 +227,7 @@ void wxTextLineCtrl::MeasureAll()
 void wxTextLineCtrl::LinesMoved()
 {
     m_LineCount = m_Lines->Count();
+    FitGutter();
     AdjustScrollbarsLater();
     Redraw();
 }
@@ -257,6 +265,7 @@ void wxTextLineCtrl::Clear()
     m_Places->Forget();
     SelectNone();
     m_MarkedLine = -1;
+    m_Gutter->dropped = 0;
     for (size_t i = 0; i < m_Watchers.size(); ++i) // whoever hears of it may stop to watch
     {
         m_Watchers[i]->LinesCleared();

@@ -28,6 +28,8 @@ class TextPlaces;
 class TextSelection;
 struct _FontExtents;
 struct LineLook;
+struct Gutter;
+struct GutterRow;
 struct LineMatch;
 struct LineState;
 struct TextGeometry;
@@ -132,6 +134,16 @@ public:
     void SetHighlightLine(int line);
     int  GetHighlightLine() const { return m_HoverLine; }
 
+    /// @name Gutter
+    /// What a view tells of its lines at the left of the text, where it does not scroll sideways; a
+    /// click there is one on the line. None until a host wants it, and of a view that is too narrow
+    /// for it and text, only what there is room for.
+    /// @{
+    /// The numbers of lines, from 1 on. Those that a limit has dropped count.
+    void ShowLineNumbers(bool show);
+    bool HasLineNumbers() const;
+    /// @}
+
     /// Places the selected lines on the clipboard, each followed by a newline, as text and byte for
     /// byte as "application/octet-stream". Nothing selected places an empty text.
     void CopySelectionToClipboard();
@@ -207,6 +219,7 @@ public:
     void OnContextMenu(wxContextMenuEvent& event);
     void OnKey(wxKeyEvent& event);
     void OnWheel(wxMouseEvent& event);
+    void OnSize(wxSizeEvent& event);
     void OnMenu(wxCommandEvent& event);
     /// @}
 
@@ -231,6 +244,9 @@ private:
     std::vector<wxRect> HitRows(const textviews::TextGeometry& geometry) const;
     void DrawFocus(const textviews::TextPalette& palette, textviews::LinePainter& painter) const;
     void AskForChangedLines();
+    textviews::GutterRow GutterRowOf(int line) const;
+    void                 FitGutter();
+    void                 FitContentWidth();
 
     int                      InsertSorted(const String& line);
     void                     Extend(const String& line, int index);
@@ -268,6 +284,8 @@ private:
     int                                       m_MatchLength = 0;
     std::unique_ptr<textviews::TextSelection> m_Selection;
     std::unique_ptr<textviews::DrawnLines>    m_Drawn;
+    std::unique_ptr<textviews::Gutter>        m_Gutter;        ///< Never null.
+    int                                       m_TextWidth = 0; ///< Pixels of the longest line.
     int                                       m_LineLimit = 0; ///< 0: none.
     bool                m_Selecting = false; ///< The button is down, mouse captured.
     bool                m_MenuIsOpen = false;

@@ -1,0 +1,18 @@
+#include "textviews/gutter/Gutter.h"
+
+namespace textviews
+{
+GutterColumns Gutter::Wanted(int lineCount) const
+{
+    GutterColumns wanted;
+    wanted.digits = showNumbers ? DigitsFor(dropped + lineCount) : 0;
+    wanted.marks = wanted.digits > 0; // the text stays where it is when the first mark comes
+    return wanted;
+}
+
+void Gutter::Show(const GutterColumns& shown, int cellWidth)
+{
+    columns = shown;
+    layout = GutterLayout::Of(shown, cellWidth);
+}
+} // namespace textviews

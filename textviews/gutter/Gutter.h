@@ -1,0 +1,23 @@
+#pragma once
+
+#include "textviews/gutter/GutterLayout.h"
+
+namespace textviews
+{
+/// What stands left of the text of a view.
+struct Gutter
+{
+    bool          showNumbers = false;
+    int64_t       dropped = 0; ///< Lines that a limit has taken from the start.
+    GutterColumns columns;     ///< As they are shown.
+    GutterLayout  layout;      ///< Of those.
+
+    int64_t NumberOf(int line) const { return dropped + line + 1; }
+    /// What it would show of so many lines.
+    GutterColumns Wanted(int lineCount) const;
+    /// Shows those columns, in a font with cells of that width.
+    void Show(const GutterColumns& shown, int cellWidth);
+    /// Cells that are no longer seen of the text, the last one maybe in part.
+    int CellsTaken(int cellWidth) const { return (layout.width + cellWidth - 1) / cellWidth; }
+};
+} // namespace textviews
