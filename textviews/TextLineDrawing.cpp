@@ -131,7 +131,7 @@ void wxTextLineCtrl::DrawFocus(const textviews::TextPalette& palette,
     {
         return;
     }
-    const wxColour colour = wxtFocusColor({palette.Band({}), palette.Band({true, false, false})});
+    const wxColour colour = wxtFocusColor({palette.Band({}), palette.Band({true})});
     for (const wxRect& part : wxtFocusShape(wxRect(GetClientSize())))
     {
         painter.Fill(part, colour);
@@ -147,7 +147,8 @@ int wxTextLineCtrl::EndOfDrawnLines(const textviews::TextGeometry& geometry) con
 
 textviews::LineState wxTextLineCtrl::StateOf(int line) const
 {
-    return {m_Selection->Contains(line), line == m_HoverLine, line == m_MarkedLine};
+    return {m_Selection->Contains(line), line == m_HoverLine, line == m_MarkedLine,
+            m_Gutter->bookmarks.Has(line)};
 }
 
 // The hit is its cells with every colour inverted, in a box with rounded corners. The ports can't

@@ -19,12 +19,39 @@ bool wxTextLineCtrl::HasLineNumbers() const
     return m_Gutter->showNumbers;
 }
 
+void wxTextLineCtrl::ShowArrivalTimes(bool show)
+{
+    CALL_ENTRY("wxTextLineCtrl::ShowArrivalTimes");
+    m_Gutter->showTimes = show;
+    FitGutter();
+}
+
+bool wxTextLineCtrl::HasArrivalTimes() const
+{
+    return m_Gutter->showTimes;
+}
+
+void wxTextLineCtrl::KeepArrivalTimes()
+{
+    CALL_ENTRY("wxTextLineCtrl::KeepArrivalTimes");
+    if (!m_Gutter->arrivals)
+    {
+        m_Gutter->arrivals = std::make_unique<textviews::ArrivalTimes>(m_Lines->Count());
+        Watch(*m_Gutter->arrivals, true);
+        FitGutter();
+    }
+}
+
 textviews::GutterRow wxTextLineCtrl::GutterRowOf(int line) const
 {
     textviews::GutterRow row;
     if (m_Gutter->columns.digits > 0)
     {
         row.number = std::to_string(m_Gutter->NumberOf(line));
+    }
+    if (m_Gutter->columns.timeCells > 0)
+    {
+        row.time = m_Gutter->arrivals->TextOf(line);
     }
     return row;
 }

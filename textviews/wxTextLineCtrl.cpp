@@ -60,6 +60,7 @@ wxBEGIN_EVENT_TABLE(wxTextLineCtrl, wxDoubleBufferedWindow)
     EVT_MOUSEWHEEL(wxTextLineCtrl::OnWheel)
     EVT_SIZE(wxTextLineCtrl::OnSize)
     EVT_MENU_RANGE(id_SelectAll, id_CopyPlain, wxTextLineCtrl::OnMenu)
+    EVT_MENU_RANGE(id_GoToLine, id_RemoveBookmarks, wxTextLineCtrl::OnMenu)
 wxEND_EVENT_TABLE()
 // clang-format on
 
@@ -176,6 +177,7 @@ int wxTextLineCtrl::InsertSorted(const String& line)
         m_Selection->LineInserted(index);
         m_MarkedLine = textviews::IndexAfterInsert(m_MarkedLine, index);
         m_HoverLine = textviews::IndexAfterInsert(m_HoverLine, index);
+        m_MenuLine = textviews::IndexAfterInsert(m_MenuLine, index);
         m_Places->Forget();
     }
     m_Lines->Insert(index, line);
@@ -235,14 +237,22 @@ void wxTextLineCtrl::LinesMoved()
 void wxTextLineCtrl::Erase(int index)
 {
     CALL_ENTRY("wxTextLineCtrl::Erase");
-    if (index < 0 || index >= m_Lines->Count())
+    if (IsLine(index, "Erase"))
     {
-        LogWarning(SFormat("wxTextLineCtrl::Erase: there is no line %d among %d", index,
-                           m_Lines->Count()));
-        return;
+        Drop(index);
+        LinesMoved();
     }
-    Drop(index);
-    LinesMoved();
+}
+
+bool wxTextLineCtrl::IsLine(int line, const char* where) const
+{
+    const bool isLine = line >= 0 && line < m_Lines->Count();
+    if (!isLine)
+    {
+        LogWarning(SFormat("wxTextLineCtrl::%s: there is no line %d among %d", where, line,
+                           m_Lines->Count()));
+    }
+    return isLine;
 }
 
 void wxTextLineCtrl::Drop(int index)
@@ -255,6 +265,7 @@ void wxTextLineCtrl::Drop(int index)
     m_Selection->LineErased(index);
     m_MarkedLine = textviews::IndexAfterErase(m_MarkedLine, index);
     m_HoverLine = textviews::IndexAfterErase(m_HoverLine, index);
+    m_MenuLine = textviews::IndexAfterErase(m_MenuLine, index);
     m_Places->Forget();
 }
 
@@ -265,6 +276,7 @@ void wxTextLineCtrl::Clear()
     m_Places->Forget();
     SelectNone();
     m_MarkedLine = -1;
+    m_MenuLine = -1;
     m_Gutter->dropped = 0;
     for (size_t i = 0; i < m_Watchers.size(); ++i) // whoever hears of it may stop to watch
     {

@@ -6,7 +6,9 @@ GutterColumns Gutter::Wanted(int lineCount) const
 {
     GutterColumns wanted;
     wanted.digits = showNumbers ? DigitsFor(dropped + lineCount) : 0;
-    wanted.marks = wanted.digits > 0; // the text stays where it is when the first mark comes
+    wanted.timeCells = showTimes && arrivals ? arrivals->Cells() : 0;
+    wanted.marks = !(wanted == GutterColumns()) ||
+                   !bookmarks.IsEmpty(); // the text stays where it is when the first mark comes
     return wanted;
 }
 

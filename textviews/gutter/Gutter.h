@@ -1,6 +1,10 @@
 #pragma once
 
+#include "textviews/gutter/ArrivalTimes.h"
+#include "textviews/gutter/Bookmarks.h"
 #include "textviews/gutter/GutterLayout.h"
+
+#include <memory>
 
 namespace textviews
 {
@@ -8,9 +12,13 @@ namespace textviews
 struct Gutter
 {
     bool          showNumbers = false;
-    int64_t       dropped = 0; ///< Lines that a limit has taken from the start.
-    GutterColumns columns;     ///< As they are shown.
-    GutterLayout  layout;      ///< Of those.
+    bool          showTimes = false;
+    bool          offersCommands = false; ///< The user has keys and entries of the menu.
+    int64_t       dropped = 0;            ///< Lines that a limit has taken from the start.
+    GutterColumns columns;                ///< As they are shown.
+    GutterLayout  layout;                 ///< Of those.
+    Bookmarks     bookmarks;
+    std::unique_ptr<ArrivalTimes> arrivals; ///< Null until a host wants them kept.
 
     int64_t NumberOf(int line) const { return dropped + line + 1; }
     /// What it would show of so many lines.

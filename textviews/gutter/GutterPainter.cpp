@@ -47,6 +47,21 @@ void GutterPainter::DrawLine(int line, const LineState& state, const GutterRow& 
     m_Painter.SetInks({ink, ink, wxColour()});
     m_Painter.SetBold(false);
     DrawText(row.number, m_Layout.numberEnd, band.y);
+    DrawText(row.time, m_Layout.timeEnd, band.y);
+    if (state.bookmarked)
+    {
+        DrawRibbon(band, ground);
+    }
+}
+
+void GutterPainter::DrawRibbon(const wxRect& band, const wxColour& ground)
+{
+    const wxColour colour = wxtFocusColor({ground});
+    for (const wxRect& row :
+         RibbonRows(m_Layout.markLeft, band.y, m_Geometry.columnWidth, band.height))
+    {
+        m_Painter.Fill(row, colour);
+    }
 }
 
 void GutterPainter::DrawText(const std::string& text, int end, int top)

@@ -12,6 +12,7 @@ namespace textviews
 struct GutterRow
 {
     std::string number; ///< ASCII.
+    std::string time;   ///< The same.
 };
 
 /// Draws the gutter of a view, in the scheme's colours, over what text has left there.
@@ -26,6 +27,7 @@ public:
     void DrawBelowLines();
 
 private:
+    void DrawRibbon(const wxRect& band, const wxColour& ground);
     void DrawText(const std::string& text, int end, int top);
 
     LinePainter&        m_Painter;
