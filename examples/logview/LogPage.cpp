@@ -133,6 +133,10 @@ void LogPage::ReadSlice()
     const bool wasEmpty = m_Text->GetLineCount() == 0;
     const bool follows = IsFollowing();
     m_Reading = m_Follower.Read(kSlice);
+    if (!m_Reading)
+    {
+        m_Text->KeepArrivalTimes(); // what was there before came at some other time
+    }
     if (isFirst || m_Follower.CurrentState() != before)
     {
         LogInfo(wxtFromWx(StatusText()));
