@@ -177,16 +177,29 @@ void LogPage::OnKey(wxKeyEvent& event)
 
 void LogPage::ShowLine(const String& line)
 {
-    m_Text->Add(line);
+    AddLine(line);
+}
+
+// A line that has grown comes anew, and keeps its bookmark.
+int LogPage::AddLine(const String& line)
+{
+    const int index = m_Text->Add(line);
+    if (m_WasBookmarked && index >= 0)
+    {
+        m_Text->SetBookmark(index);
+    }
+    m_WasBookmarked = false;
+    return index;
 }
 
 void LogPage::ShowPartialLine(const String& line)
 {
     if (m_PartialLine >= 0 && m_PartialLine < m_Text->GetLineCount())
     {
+        m_WasBookmarked = m_Text->HasBookmark(m_PartialLine);
         m_Text->Erase(m_PartialLine);
     }
-    m_PartialLine = line.empty() ? -1 : m_Text->Add(line);
+    m_PartialLine = line.empty() ? -1 : AddLine(line);
 }
 
 void LogPage::ShowNotice(const String& text)

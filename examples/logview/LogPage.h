@@ -38,12 +38,14 @@ private:
     void OnIdle(wxIdleEvent& event);
     void OnKey(wxKeyEvent& event);
     void ShowLine(const String& line);
+    int  AddLine(const String& line);
     void ShowPartialLine(const String& line);
     void ShowNotice(const String& text);
 
     FollowingText* m_Text = nullptr; ///< Null until the page is shown.
     FileFollower   m_Follower;
     int            m_Ticks = 0;
-    int            m_PartialLine = -1; ///< Where the unfinished last line stands.
-    bool           m_Reading = false;  ///< A further slice is on its way.
+    int            m_PartialLine = -1;      ///< Where the unfinished last line stands.
+    bool           m_WasBookmarked = false; ///< The unfinished line that has been taken away.
+    bool           m_Reading = false;       ///< A further slice is on its way.
 };
