@@ -47,6 +47,10 @@ textviews::NumberedLines Numbered(const textviews::Gutter& gutter, int count, in
 
 wxString LinesText(const textviews::NumberedLines& lines)
 {
+    if (lines.last < lines.first)
+    {
+        return wxGetTranslation("There are no lines any more.");
+    }
     return wxString::Format(wxGetTranslation("The lines are %lld to %lld."),
                             static_cast<long long>(lines.first),
                             static_cast<long long>(lines.last));
@@ -220,7 +224,8 @@ bool wxTextLineCtrl::RunReadingCommand(int id)
     switch (id)
     {
     case id_GoToLine:
-        AskForLine();
+        // Not in the middle of a key or a menu: the view may be gone when the user has answered.
+        CallAfter(&wxTextLineCtrl::AskForLine);
         return true;
     case id_ToggleBookmark:
         ToggleBookmark();

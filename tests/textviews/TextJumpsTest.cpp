@@ -20,17 +20,28 @@ public:
                const std::function<wxString(const wxString&)>& problem)
         {
             text = s_Text;
+            if (s_Meanwhile)
+            {
+                s_Meanwhile();
+            }
             s_Problem = problem(text);
             return s_Problem.empty();
         };
     }
-    ~TextAnswer() { internal::g_UpperFloors.askText = m_Before; }
+    ~TextAnswer()
+    {
+        internal::g_UpperFloors.askText = m_Before;
+        s_Meanwhile = nullptr;
+    }
+    /// What becomes of the view while the user thinks.
+    static void            Meanwhile(const std::function<void()>& act) { s_Meanwhile = act; }
     static const wxString& Problem() { return s_Problem; }
 
 private:
     decltype(internal::UpperFloors::askText) m_Before;
     static inline wxString                   s_Text;
     static inline wxString                   s_Problem;
+    static inline std::function<void()>      s_Meanwhile;
 };
 
 using Indices = std::vector<int>;
@@ -64,6 +75,7 @@ TEST_F(TextViewTest, TheUserIsAskedForTheNumberThatTheGutterShows)
     {
         const TextAnswer given(text);
         m_View->Menu(wxTextLineCtrl::id_GoToLine);
+        PumpEvents();
         return m_View->GetSelectionEnd() < 0 ? String()
                                              : m_View->GetLine(m_View->GetSelectionEnd());
     };
@@ -77,6 +89,36 @@ TEST_F(TextViewTest, TheUserIsAskedForTheNumberThatTheGutterShows)
     EXPECT_FALSE(TextAnswer::Problem().empty());
     m_View->Clear();
     EXPECT_EQ(answer("1"), "") << "nobody is asked where there is no line";
+}
+
+TEST_F(TextViewTest, LinesAndTheViewMayGoWhileTheUserIsAsked)
+{
+    AppendNumbered(100);
+    m_View->OfferReadingCommands(true);
+    Focus(m_View);
+    wxUIActionSimulator input;
+    bool                isAsked = false;
+    const TextAnswer    given("50");
+    TextAnswer::Meanwhile(
+        [&]
+        {
+            isAsked = true;
+            m_View->Clear();
+        });
+    input.Char('G', wxMOD_CONTROL);
+    EXPECT_TRUE(WaitFor([&] { return isAsked; }));
+    EXPECT_TRUE(IsSelected(-1, -1));
+    EXPECT_FALSE(TextAnswer::Problem().empty());
+    AppendNumbered(100);
+    isAsked = false;
+    TextAnswer::Meanwhile(
+        [&]
+        {
+            isAsked = true;
+            m_View->Destroy();
+        });
+    input.Char('G', wxMOD_CONTROL);
+    EXPECT_TRUE(WaitFor([&] { return isAsked; }));
 }
 
 TEST_F(TextViewTest, BookmarksStayWithTheirLinesAndShowAGutter)
