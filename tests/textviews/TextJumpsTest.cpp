@@ -54,7 +54,7 @@ TEST_F(TextViewTest, ALineIsShownInTheMiddleSelectedAndNoLongerLeft)
     m_View->SetFollowing(true);
     m_View->GoToLine(500);
     EXPECT_TRUE(IsSelected(500, 500));
-    EXPECT_NEAR(m_View->MiddleOf(500), m_View->GetClientSize().y / 2, 1);
+    EXPECT_NEAR(2 * m_View->MiddleOf(500), m_View->GetClientSize().y, 2);
     m_View->GoToLine(999);
     EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), Bottom());
     EXPECT_FALSE(m_View->IsFollowing()) << "the next line would push it out of sight";
