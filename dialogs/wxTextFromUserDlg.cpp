@@ -2,12 +2,16 @@
 
 #include "appearance/wxtTextCtrl.h"
 #include "dialogs/messages/MessageText.h"
+#include "dialogs/wxQuestion.h"
 #include "internal/windows/Geometry.h"
+#include "internal/windows/UpperFloors.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/sizer.h>
 
 #include <algorithm>
+#include <functional>
+#include <utility>
 
 namespace
 {
@@ -22,6 +26,40 @@ wxSize MessageLimit(const wxWindow* window)
     const wxSize area = internal::DisplayAreaOf(window).GetSize();
     return wxSize(std::min(kMessageWidth, area.x / 2), area.y * 3 / 5);
 }
+
+using Problem = std::function<wxString(const wxString&)>;
+
+/// Tells what is wrong with a text, and leaves the dialog open.
+class _CheckedText : public wxValidator
+{
+public:
+    explicit _CheckedText(Problem problem) : m_Problem(std::move(problem)) {}
+
+    wxObject* Clone() const override { return new _CheckedText(m_Problem); }
+    bool      Validate(wxWindow* parent) override
+    {
+        const auto* const field = dynamic_cast<const wxTextEntry*>(GetWindow());
+        const wxString    problem = field ? m_Problem(field->GetValue()) : wxString();
+        if (!problem.empty())
+        {
+            wxTellProblem(problem, parent);
+        }
+        return problem.empty();
+    }
+    bool TransferToWindow() override { return true; }
+    bool TransferFromWindow() override { return true; }
+
+private:
+    Problem m_Problem;
+};
+
+bool AskText(wxWindow* parent, const wxString& message, const wxString& title, wxString& text,
+             const String& positionName, const Problem& problem)
+{
+    return wxTolvanTextFromUser(parent, message, title, text, positionName, _CheckedText(problem));
+}
+
+const bool kAsksForBelow = (internal::g_UpperFloors.askText = &AskText, true);
 } // namespace
 
 wxTextFromUserDlg::wxTextFromUserDlg(wxWindow* parent, const wxString& message,

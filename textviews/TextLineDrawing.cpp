@@ -7,6 +7,8 @@
 #include "textviews/drawing/PieceDrawing.h"
 #include "textviews/drawing/TextPalette.h"
 #include "textviews/escapes/ShownLines.h"
+#include "textviews/gutter/Gutter.h"
+#include "textviews/gutter/GutterPainter.h"
 #include "textviews/lines/LineStore.h"
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
@@ -24,6 +26,7 @@ textviews::TextGeometry wxTextLineCtrl::Geometry() const
     geometry.scroll = {GetScrollPos(wxHORIZONTAL), GetScrollPos(wxVERTICAL)};
     geometry.client = GetClientSize();
     geometry.lineCount = m_Lines->Count();
+    geometry.textLeft = m_Gutter->layout.width;
     return geometry;
 }
 
@@ -40,6 +43,7 @@ void wxTextLineCtrl::DrawBitmap()
     const std::unique_ptr<wxDC>   buffer = m_Buffer.NewDC();
     textviews::LinePainter        painter(*buffer, m_Font->font, geometry, *m_Places);
     const textviews::TextPalette  palette = Palette();
+    textviews::GutterPainter      gutter(painter, geometry, m_Gutter->layout, palette.Band({}));
     const int                     end = EndOfDrawnLines(geometry);
     const std::vector<wxRect>     stale = StaleAreas();
     const auto                    isStale = [&stale](const wxRect& band)
@@ -54,10 +58,12 @@ void wxTextLineCtrl::DrawBitmap()
         if (isStale(geometry.BandOf(line)))
         {
             DrawLine(geometry, palette, painter, line);
+            gutter.DrawLine(line, StateOf(line), GutterRowOf(line));
             m_Drawn->Draw(line, StateOf(line));
         }
     }
     painter.Fill(geometry.BelowLines(), palette.Band({}));
+    gutter.DrawBelowLines();
     DrawFocus(palette, painter);
     if (m_Hits->IsIncomplete())
     {
@@ -132,7 +138,7 @@ void wxTextLineCtrl::DrawFocus(const textviews::TextPalette& palette,
     {
         return;
     }
-    const wxColour colour = wxtFocusColor({palette.Band({}), palette.Band({true, false, false})});
+    const wxColour colour = wxtFocusColor({palette.Band({}), palette.Band({true})});
     for (const wxRect& part : wxtFocusShape(wxRect(GetClientSize())))
     {
         painter.Fill(part, colour);
@@ -148,7 +154,8 @@ int wxTextLineCtrl::EndOfDrawnLines(const textviews::TextGeometry& geometry) con
 
 textviews::LineState wxTextLineCtrl::StateOf(int line) const
 {
-    return {m_Selection->Contains(line), line == m_HoverLine, line == m_MarkedLine};
+    return {m_Selection->Contains(line), line == m_HoverLine, line == m_MarkedLine,
+            m_Gutter->bookmarks.Has(line)};
 }
 
 // The hit is its cells with every colour inverted, in a box with rounded corners. The ports can't

@@ -2,6 +2,7 @@
 #include "internal/input/PadKey.h"
 #include "internal/windows/UpperFloors.h"
 #include "textviews/drawing/FontExtents.h"
+#include "textviews/gutter/Gutter.h"
 #include "textviews/lines/LineStore.h"
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
@@ -144,11 +145,13 @@ void wxTextLineCtrl::OnMouseLeave(wxMouseEvent&)
     SetHighlightLine(-1);
 }
 
-void wxTextLineCtrl::OnRightClick(wxMouseEvent&)
+void wxTextLineCtrl::OnRightClick(wxMouseEvent& event)
 {
     CALL_ENTRY("wxTextLineCtrl::OnRightClick");
     if (TakeFocus())
     {
+        const bool isByKey = m_MenuPlace != wxDefaultPosition;
+        m_MenuLine = isByKey ? m_Selection->End() : Geometry().LineAt(event.GetY());
         wxMenu menu;
         HandleContextMenu(menu, true);
     }
@@ -170,6 +173,7 @@ void wxTextLineCtrl::HandleContextMenu(wxMenu& menu, bool addStandardItems)
                 menu.Append(entry.id, wxGetTranslation(entry.label));
             }
         }
+        AddReadingCommands(menu);
     }
     const wxWeakRef<wxTextLineCtrl> self(this);
     m_MenuIsOpen = true;
@@ -177,6 +181,7 @@ void wxTextLineCtrl::HandleContextMenu(wxMenu& menu, bool addStandardItems)
     if (self)
     {
         m_MenuIsOpen = false;
+        m_MenuLine = -1;
     }
 }
 
@@ -196,6 +201,10 @@ void wxTextLineCtrl::OnKey(wxKeyEvent& event)
             ScrollBy(event.ControlDown() ? scroll.withCtrl : scroll.plain, scroll.orientation);
             return;
         }
+    }
+    if (m_Gutter->offersCommands && RunReadingCommand(ReadingCommandOf(event)))
+    {
+        return;
     }
     if (key == WXK_ESCAPE)
     {
@@ -264,7 +273,8 @@ void wxTextLineCtrl::OnContextMenu(wxContextMenuEvent& event)
     const textviews::TextGeometry   geometry = Geometry();
     const int                       line = m_Selection->End();
     const wxRect band = line < 0 ? wxRect(0, 0, 1, m_LineHeight) : geometry.BandOf(line);
-    m_MenuPlace = wxPoint(m_ColumnWidth, std::clamp(band.GetBottom(), 0, geometry.client.y));
+    m_MenuPlace = wxPoint(geometry.textLeft + m_ColumnWidth,
+                          std::clamp(band.GetBottom(), 0, geometry.client.y));
     wxMouseEvent press(wxEVT_RIGHT_DOWN);
     press.SetEventObject(this);
     press.SetPosition(m_MenuPlace);
@@ -339,7 +349,10 @@ void wxTextLineCtrl::OnMenu(wxCommandEvent& event)
         ToggleSearch();
         break;
     default:
-        event.Skip();
+        if (!RunReadingCommand(event.GetId()))
+        {
+            event.Skip();
+        }
         break;
     }
 }

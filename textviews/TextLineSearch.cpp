@@ -133,6 +133,6 @@ void wxTextLineCtrl::ScrollIntoView(const textviews::LineMatch& match)
                                   (static_cast<int64_t>(match.line) + 1) * m_LineHeight};
     ScrollTo(wxVERTICAL,
              textviews::PositionShowing(down, GetScrollPos(wxVERTICAL), GetClientSize().y));
-    ScrollTo(wxHORIZONTAL,
-             textviews::PositionShowing(across, GetScrollPos(wxHORIZONTAL), GetClientSize().x));
+    const int room = GetClientSize().x - Geometry().textLeft;
+    ScrollTo(wxHORIZONTAL, textviews::PositionShowing(across, GetScrollPos(wxHORIZONTAL), room));
 }

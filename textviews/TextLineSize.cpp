@@ -1,5 +1,6 @@
 #include "internal/scrolling/ScrollModel.h"
 #include "textviews/drawing/FontExtents.h"
+#include "textviews/gutter/Gutter.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "vesta/CallEntry.h"
 
@@ -18,16 +19,19 @@ void wxTextLineCtrl::SetTextSize(int points)
     const bool follows = IsFollowing();
     const int  firstLine = GetScrollPos(wxVERTICAL) / m_LineHeight;
     const int  firstColumn = GetScrollPos(wxHORIZONTAL) / m_ColumnWidth;
-    const int  columns = m_ContentWidth / m_ColumnWidth;
+    const int  columns = m_TextWidth / m_ColumnWidth;
     m_TextSize = points;
     m_Font = &textviews::_FontExtents::Get(points);
     SetFont(m_Font->font);
     m_ColumnWidth = static_cast<int>(m_Font->columnWidth);
     m_LineHeight = static_cast<int>(m_Font->lineHeight);
-    m_ContentWidth = internal::ScrollRange(columns, m_ColumnWidth);
+    m_TextWidth = internal::ScrollRange(columns, m_ColumnWidth);
     const wxSize client = GetClientSize(); // a page is as many lines as are seen now
     m_VisibleColumns = internal::VisibleUnits(client.x, m_ColumnWidth);
     m_VisibleLines = internal::VisibleUnits(client.y, m_LineHeight);
+    m_Gutter->Show({}, m_ColumnWidth);
+    FitGutter();
+    FitContentWidth();
     AdjustScrollbars();
     ScrollTo(wxHORIZONTAL, static_cast<long long>(firstColumn) * m_ColumnWidth);
     ScrollTo(wxVERTICAL, static_cast<long long>(firstLine) * m_LineHeight);

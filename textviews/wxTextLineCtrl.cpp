@@ -7,6 +7,7 @@
 #include "textviews/drawing/FontExtents.h"
 #include "textviews/drawing/StyleColours.h"
 #include "textviews/escapes/ShownLines.h"
+#include "textviews/gutter/Gutter.h"
 #include "textviews/lines/LineStore.h"
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
@@ -69,7 +70,9 @@ wxBEGIN_EVENT_TABLE(wxTextLineCtrl, wxDoubleBufferedWindow)
     EVT_CONTEXT_MENU(wxTextLineCtrl::OnContextMenu)
     EVT_KEY_DOWN(wxTextLineCtrl::OnKey)
     EVT_MOUSEWHEEL(wxTextLineCtrl::OnWheel)
+    EVT_SIZE(wxTextLineCtrl::OnSize)
     EVT_MENU_RANGE(id_SelectAll, id_CopyPlain, wxTextLineCtrl::OnMenu)
+    EVT_MENU_RANGE(id_GoToLine, id_RemoveBookmarks, wxTextLineCtrl::OnMenu)
 wxEND_EVENT_TABLE()
 // clang-format on
 
@@ -83,6 +86,7 @@ wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
       m_Hits(std::make_unique<textviews::VisibleHits>()),
       m_Selection(std::make_unique<textviews::TextSelection>()),
       m_Drawn(std::make_unique<textviews::DrawnLines>()),
+      m_Gutter(std::make_unique<textviews::Gutter>()),
       m_TextSize(textviews::_FontExtents::k_Points)
 {
     CALL_ENTRY("wxTextLineCtrl::wxTextLineCtrl");
@@ -178,6 +182,7 @@ int wxTextLineCtrl::AppendStored(const std::shared_ptr<const wxTextSource>& sour
         m_StoredCells = std::max(m_StoredCells, cells);
         WidenTo(cells);
         m_LineCount = m_Lines->Count();
+        FitGutter();
         AdjustScrollbarsLater();
         GatherLater();
         DropOldest();
@@ -212,6 +217,7 @@ int wxTextLineCtrl::DropOldest()
     {
         Drop(0);
     }
+    m_Gutter->dropped += count;
     LinesMoved();
     if (!follows)
     {
@@ -228,6 +234,7 @@ int wxTextLineCtrl::InsertSorted(const String& line)
         m_Selection->LineInserted(index);
         m_MarkedLine = textviews::IndexAfterInsert(m_MarkedLine, index);
         m_HoverLine = textviews::IndexAfterInsert(m_HoverLine, index);
+        m_MenuLine = textviews::IndexAfterInsert(m_MenuLine, index);
         m_Places->Forget();
         m_Hits->Forget();
     }
@@ -244,6 +251,7 @@ void wxTextLineCtrl::Extend(const String& line, int index)
         return;
     }
     m_LineCount = m_Lines->Count();
+    FitGutter();
     AdjustScrollbarsLater();
     GatherLater(); // a line that is not in view changes no picture
 }
@@ -253,8 +261,8 @@ void wxTextLineCtrl::Widen(std::string_view line)
     const auto width = [this](int64_t cells)
     { return internal::ScrollRange(Saturated(cells) + 1, m_ColumnWidth); };
     // No line has more cells than bytes. Most are not counted: they are shorter than the longest.
-    if (width(static_cast<int64_t>(line.size())) > m_ContentWidth &&
-        width(m_Shown->MostCellsOf(line)) > m_ContentWidth)
+    if (width(static_cast<int64_t>(line.size())) > m_TextWidth &&
+        width(m_Shown->MostCellsOf(line)) > m_TextWidth)
     {
         WidenTo(m_Shown->CellCountOf(line));
     }
@@ -262,14 +270,14 @@ void wxTextLineCtrl::Widen(std::string_view line)
 
 void wxTextLineCtrl::WidenTo(int64_t cells)
 {
-    const int width = internal::ScrollRange(Saturated(cells) + 1, m_ColumnWidth);
-    m_ContentWidth = std::max(m_ContentWidth, width);
+    m_TextWidth = std::max(m_TextWidth, internal::ScrollRange(Saturated(cells) + 1, m_ColumnWidth));
+    FitContentWidth();
 }
 
 // Lines that lie in a file are not read for it: they are as wide as their bytes, at most.
 void wxTextLineCtrl::MeasureAll()
 {
-    m_ContentWidth = 0;
+    m_TextWidth = 0;
     WidenTo(m_StoredCells);
     for (int line = m_Lines->NextInMemory(0); line < m_Lines->Count();)
     {
@@ -285,6 +293,7 @@ void wxTextLineCtrl::MeasureAll()
 void wxTextLineCtrl::LinesMoved()
 {
     m_LineCount = m_Lines->Count();
+    FitGutter();
     AdjustScrollbarsLater();
     Redraw();
 }
@@ -292,14 +301,22 @@ void wxTextLineCtrl::LinesMoved()
 void wxTextLineCtrl::Erase(int index)
 {
     CALL_ENTRY("wxTextLineCtrl::Erase");
-    if (index < 0 || index >= m_Lines->Count())
+    if (IsLine(index, "Erase"))
     {
-        LogWarning(SFormat("wxTextLineCtrl::Erase: there is no line %d among %d", index,
-                           m_Lines->Count()));
-        return;
+        Drop(index);
+        LinesMoved();
     }
-    Drop(index);
-    LinesMoved();
+}
+
+bool wxTextLineCtrl::IsLine(int line, const char* where) const
+{
+    const bool isLine = line >= 0 && line < m_Lines->Count();
+    if (!isLine)
+    {
+        LogWarning(SFormat("wxTextLineCtrl::%s: there is no line %d among %d", where, line,
+                           m_Lines->Count()));
+    }
+    return isLine;
 }
 
 void wxTextLineCtrl::Drop(int index)
@@ -316,6 +333,7 @@ void wxTextLineCtrl::Drop(int index)
     m_Selection->LineErased(index);
     m_MarkedLine = textviews::IndexAfterErase(m_MarkedLine, index);
     m_HoverLine = textviews::IndexAfterErase(m_HoverLine, index);
+    m_MenuLine = textviews::IndexAfterErase(m_MenuLine, index);
     m_Places->Forget();
     m_Hits->Forget();
 }
@@ -329,6 +347,8 @@ void wxTextLineCtrl::Clear()
     m_Hits->Forget();
     SelectNone();
     m_MarkedLine = -1;
+    m_MenuLine = -1;
+    m_Gutter->dropped = 0;
     for (size_t i = 0; i < m_Watchers.size(); ++i) // whoever hears of it may stop to watch
     {
         m_Watchers[i]->LinesCleared();

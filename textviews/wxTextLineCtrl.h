@@ -33,6 +33,8 @@ class TextSelection;
 class VisibleHits;
 struct _FontExtents;
 struct LineLook;
+struct Gutter;
+struct GutterRow;
 struct LineMatch;
 struct LineState;
 struct SearchPlace;
@@ -81,6 +83,15 @@ public:
         Raw,     ///< Every byte is shown.
         Plain,   ///< They do what they would do in a terminal, but for colours and the like.
         Coloured ///< They do what they would do in a terminal.
+    };
+    /// Command ids of what a host may offer; see `OfferReadingCommands`.
+    enum ReadingId
+    {
+        id_GoToLine = 7321,
+        id_ToggleBookmark = 7322,
+        id_NextBookmark = 7323,
+        id_PreviousBookmark = 7324,
+        id_RemoveBookmarks = 7325
     };
 
     explicit wxTextLineCtrl(wxWindow* parent);
@@ -144,6 +155,45 @@ public:
     /// Shows the line under the pointer lighter; -1 for none.
     void SetHighlightLine(int line);
     int  GetHighlightLine() const { return m_HoverLine; }
+
+    /// @name Gutter
+    /// What a view tells of its lines at the left of the text, where it does not scroll sideways; a
+    /// click there is one on the line. None until a host wants it, and of a view that is too narrow
+    /// for it and text, only what there is room for.
+    /// @{
+    /// The numbers of lines, from 1 on. Those that a limit has dropped count.
+    void ShowLineNumbers(bool show);
+    bool HasLineNumbers() const;
+    /// When each line came, as "17:05:09", with the day where it changes: of lines that came since
+    /// `KeepArrivalTimes`, without which there are none to show.
+    void ShowArrivalTimes(bool show);
+    bool HasArrivalTimes() const;
+    /// Has the view remember when lines come, from now on: eight bytes for those that come one
+    /// after the other within a second.
+    void KeepArrivalTimes();
+    /// @}
+
+    /// @name Finding a place again
+    /// @{
+    /// Selects the line and shows it in the middle. An index without a line is logged and ignored.
+    void GoToLine(int line);
+    /// Asks the user for the number of a line, or "+100", "-5" or "50%", and goes there.
+    void AskForLine();
+    /// A mark in the gutter, which is there as long as there is one. It stays with its line. An
+    /// index without a line is logged and ignored.
+    void             SetBookmark(int line, bool on = true);
+    bool             HasBookmark(int line) const;
+    std::vector<int> GetBookmarks() const; ///< From top to bottom.
+    void             RemoveBookmarks();
+    /// Goes to the next (previous) bookmark from the selection's end, or what is seen, on, and past
+    /// the last (first) one to the first (last). False: there is none.
+    bool GoToBookmark(bool forward);
+    /// Whether the user has all this by keys (Ctrl+G, Ctrl+F2, F2, Shift+F2) and in the context
+    /// menu. Off until a host wants it.
+    void OfferReadingCommands(bool offer);
+    /// Which of those commands a key asks for; `wxID_NONE`: none of them.
+    static int ReadingCommandOf(const wxKeyEvent& event);
+    /// @}
 
     /// Places the selected lines on the clipboard, each followed by a newline, as text and byte for
     /// byte as "application/octet-stream". Nothing selected places an empty text.
@@ -225,6 +275,7 @@ public:
     void OnContextMenu(wxContextMenuEvent& event);
     void OnKey(wxKeyEvent& event);
     void OnWheel(wxMouseEvent& event);
+    void OnSize(wxSizeEvent& event);
     void OnMenu(wxCommandEvent& event);
     /// @}
 
@@ -252,6 +303,9 @@ private:
     std::vector<wxRect> MarksOf(const textviews::TextGeometry& geometry, int line) const;
     void DrawFocus(const textviews::TextPalette& palette, textviews::LinePainter& painter) const;
     void AskForChangedLines();
+    textviews::GutterRow GutterRowOf(int line) const;
+    void                 FitGutter();
+    void                 FitContentWidth();
 
     int                      InsertSorted(const String& line);
     void                     Extend(const String& line, int index);
@@ -262,6 +316,12 @@ private:
     void                     Drop(int index);
     int                      DropOldest();
     void                     LinesMoved();
+    bool                     IsLine(int line, const char* where) const;
+    int                      CurrentLine() const;
+    void                     ShowInMiddle(int line);
+    void                     ToggleBookmark();
+    bool                     RunReadingCommand(int id);
+    void                     AddReadingCommands(wxMenu& menu) const;
     void                     AutoScroll(int y);
     void                     ScrollBy(wxEventType type, int orientation);
     textviews::FollowButton* FollowButton() const;
@@ -295,6 +355,8 @@ private:
     size_t                                    m_MatchEnd = 0;
     std::unique_ptr<textviews::TextSelection> m_Selection;
     std::unique_ptr<textviews::DrawnLines>    m_Drawn;
+    std::unique_ptr<textviews::Gutter>        m_Gutter;          ///< Never null.
+    int                                       m_TextWidth = 0;   ///< Pixels of the longest line.
     int                                       m_LineLimit = 0;   ///< 0: none.
     int64_t                                   m_StoredCells = 0; ///< Of the widest line in a file.
     bool                m_Selecting = false; ///< The button is down, mouse captured.
@@ -306,8 +368,9 @@ private:
     bool                m_ToldFollowing = false;
     wxPoint             m_MenuPlace = wxDefaultPosition; ///< Client pixels; default: the pointer's.
     int                 m_HoverLine = -1;
-    wxWeakRef<wxWindow> m_SearchPanel;                   ///< Child of the parent.
-    std::vector<textviews::LineWatcher*> m_Watchers;     ///< Not owned.
+    int                 m_MenuLine = -1;             ///< The menu that is open was asked for there.
+    wxWeakRef<wxWindow> m_SearchPanel;               ///< Child of the parent.
+    std::vector<textviews::LineWatcher*> m_Watchers; ///< Not owned.
     wxWeakRef<wxWindow>                  m_FollowButton; ///< A child; none unless it is shown.
 
     wxDECLARE_EVENT_TABLE();

@@ -23,11 +23,27 @@ constexpr struct
 } kEscapeNames[] = {{wxTextLineCtrl::Escapes::Coloured, "coloured"},
                     {wxTextLineCtrl::Escapes::Plain, "plain"},
                     {wxTextLineCtrl::Escapes::Raw, "raw"}};
+const char* const kLineNumbers = "LineNumbers";
+const char* const kArrivalTimes = "ArrivalTimes";
 
 std::set<FollowingText*>& All()
 {
     static std::set<FollowingText*> s_All;
     return s_All;
+}
+
+bool IsWanted(const char* key)
+{
+    return Application::the_Application->Options().GetBool(kSection, key, false);
+}
+
+void Want(const char* key, bool wanted, void (wxTextLineCtrl::*show)(bool))
+{
+    Application::the_Application->Options().SetValue(kSection, key, wanted ? "1" : "0");
+    for (FollowingText* const text : All())
+    {
+        (text->*show)(wanted);
+    }
 }
 } // namespace
 
@@ -38,6 +54,9 @@ FollowingText::FollowingText(wxWindow* parent) : wxTextLineCtrl(parent)
     SetEscapes(WantedEscapes());
     const String size = Application::the_Application->Options().GetValue(kSection, kTextSize);
     SetTextSize(static_cast<int>(size.ToInt(GetTextSize())));
+    ShowLineNumbers(AreNumbersWanted());
+    ShowArrivalTimes(AreTimesWanted());
+    OfferReadingCommands(true);
     Bind(wxtEVT_TEXT_SIZE, [](wxCommandEvent& event) { WantTextSize(event.GetInt()); });
     SetFollowEnd(true);
     ShowFollowButton(true);
@@ -55,6 +74,26 @@ FollowingText::~FollowingText()
 bool FollowingText::IsReadableWanted()
 {
     return Application::the_Application->Options().GetBool(kSection, kReadable, true);
+}
+
+bool FollowingText::AreNumbersWanted()
+{
+    return IsWanted(kLineNumbers);
+}
+
+void FollowingText::WantNumbers(bool wanted)
+{
+    Want(kLineNumbers, wanted, &wxTextLineCtrl::ShowLineNumbers);
+}
+
+bool FollowingText::AreTimesWanted()
+{
+    return IsWanted(kArrivalTimes);
+}
+
+void FollowingText::WantTimes(bool wanted)
+{
+    Want(kArrivalTimes, wanted, &wxTextLineCtrl::ShowArrivalTimes);
 }
 
 void FollowingText::WantTextSize(int points)

@@ -22,6 +22,14 @@ public:
     /// a choice.
     static Escapes WantedEscapes();
     static void    WantEscapes(Escapes wanted);
+    /// Whether the user wants the numbers of lines, and the times at which they came, left of the
+    /// text; of all the program's logs, and kept.
+    /// @{
+    static bool AreNumbersWanted();
+    static void WantNumbers(bool wanted);
+    static bool AreTimesWanted();
+    static void WantTimes(bool wanted);
+    /// @}
     /// Points, of all the program's logs; kept.
     static void WantTextSize(int points);
 

@@ -218,6 +218,7 @@ void LogPage::LogState()
         }
         m_IsLogged = true;
         m_LoggedState = state;
+        m_Text->KeepArrivalTimes(); // what was there before came at some other time
     }
 }
 
@@ -266,19 +267,32 @@ void LogPage::OnKey(wxKeyEvent& event)
 
 void LogPage::ShowLine(const String& line)
 {
-    if (m_Text->Add(line) < 0)
+    if (AddLine(line) < 0)
     {
         EndFull();
     }
+}
+
+// A line that has grown comes anew, and keeps its bookmark.
+int LogPage::AddLine(const String& line)
+{
+    const int index = m_Text->Add(line);
+    if (m_WasBookmarked && index >= 0)
+    {
+        m_Text->SetBookmark(index);
+    }
+    m_WasBookmarked = false;
+    return index;
 }
 
 void LogPage::ShowPartialLine(const String& line)
 {
     if (m_PartialLine >= 0 && m_PartialLine < m_Text->GetLineCount())
     {
+        m_WasBookmarked = m_Text->HasBookmark(m_PartialLine);
         m_Text->Erase(m_PartialLine);
     }
-    m_PartialLine = line.empty() ? -1 : m_Text->Add(line);
+    m_PartialLine = line.empty() ? -1 : AddLine(line);
 }
 
 void LogPage::ShowNote(const String& text)

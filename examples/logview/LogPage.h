@@ -49,6 +49,7 @@ private:
     void OnIdle(wxIdleEvent& event);
     void OnKey(wxKeyEvent& event);
     void ShowLine(const String& line);
+    int  AddLine(const String& line);
     void ShowPartialLine(const String& line);
     void ShowNote(const String& text);
     void ShowStored(const LogReader::Piece& piece);
@@ -61,7 +62,8 @@ private:
     std::optional<OpenedFile>    m_Place;  ///< To be shown yet.
     int                          m_Ticks = 0;
     int                          m_PartialLine = -1; ///< Where the unfinished last line stands.
-    bool                         m_IsStarted = false;
-    bool                         m_IsLogged = false; ///< The state is, once all was read.
-    FileFollower::State          m_LoggedState = FileFollower::State::kMissing;
+    bool                m_WasBookmarked = false;     ///< The unfinished line that was taken away.
+    bool                m_IsStarted = false;
+    bool                m_IsLogged = false; ///< The state is, once all was read.
+    FileFollower::State m_LoggedState = FileFollower::State::kMissing;
 };

@@ -8,6 +8,7 @@
 #include "common/FollowingText.h"
 #include "common/LogLookChoice.h"
 #include "common/PreferencesDlg.h"
+#include "common/ReadingAids.h"
 #include "dialogs/wxQuestion.h"
 #include "dialogs/wxtAboutDlg.h"
 #include "logview/LogFiles.h"
@@ -134,12 +135,14 @@ void LogViewFrame::BuildMenus()
 
     auto* const edit = new wxMenu;
     AppendTextCommands(*edit);
+    AppendReadingCommands(*edit);
     edit->AppendSeparator();
     edit->Append(wxID_PREFERENCES, wxGetTranslation("&Preferences...\tCtrl+,"));
 
     auto* const view = new wxMenu;
     view->AppendCheckItem(id_Follow, wxGetTranslation("&Follow the End\tF5"))->Check();
     AppendEscapes(*view);
+    AppendGutterChoices(*view, *this);
     view->AppendSubMenu(new wxColorMenu, wxGetTranslation("&Colours"));
     view->AppendCheckItem(id_FullScreen, wxGetTranslation("F&ull Screen\tF11"));
 
@@ -194,6 +197,8 @@ void LogViewFrame::BuildMenus()
     Bind(wxEVT_MENU, &LogViewFrame::OnAbout, this, wxID_ABOUT);
     Bind(wxEVT_MENU, &LogViewFrame::OnTextCommand, this, wxTextLineCtrl::id_SelectAll,
          wxTextLineCtrl::id_CopyPlain);
+    Bind(wxEVT_MENU, &LogViewFrame::OnTextCommand, this, wxTextLineCtrl::id_GoToLine,
+         wxTextLineCtrl::id_RemoveBookmarks);
 }
 
 void LogViewFrame::BuildPages()

@@ -11,6 +11,7 @@
 #include "appearance/wxtStockControls.h"
 #include "common/EscapesMenu.h"
 #include "common/FollowingText.h"
+#include "common/ReadingAids.h"
 #include "tolvan/JobFactory.h"
 #include "vesta/Application.h"
 
@@ -57,6 +58,7 @@ JobWindow::JobWindow(FarmJobs& jobs, const FarmJob& job, const Resubmit& resubmi
     BuildViews();
     ShowDetails(job);
     ShowOutput(job);
+    m_Output->KeepArrivalTimes(); // what was there before came at some other time
     m_Jobs.Changed.Connect(this, [this](const FarmJobs::News& news) { OnNews(news); });
     wxSetWindowPos(this, kPositionName, CascadeOffset());
     m_Built = true;
@@ -81,6 +83,7 @@ void JobWindow::BuildMenus(const Resubmit& resubmit)
 
     auto* const edit = new wxMenu;
     AppendTextCommands(*edit);
+    AppendReadingCommands(*edit);
 
     auto* const view = new wxMenu;
     view->Append(id_SwitchPane, wxGetTranslation("Switch &Pane\tF6"));
@@ -88,6 +91,7 @@ void JobWindow::BuildMenus(const Resubmit& resubmit)
     view->Append(id_SashUp, wxGetTranslation("More Room for the &Output\tAlt+Up"));
     view->AppendSeparator();
     AppendEscapes(*view);
+    AppendGutterChoices(*view, *this);
 
     JobMenu::Own own;
     own.resubmit = [this, resubmit](const String& id) { resubmit(id, this); };
@@ -110,9 +114,9 @@ void JobWindow::BuildMenus(const Resubmit& resubmit)
     on(id_SwitchPane, [this] { m_Splitter->SwitchPane(); });
     on(id_SashDown, [this] { m_Splitter->MoveSash(kSashStep); });
     on(id_SashUp, [this] { m_Splitter->MoveSash(-kSashStep); });
-    Bind(
-        wxEVT_MENU, [this](wxCommandEvent& event) { m_Output->OnMenu(event); },
-        wxTextLineCtrl::id_SelectAll, wxTextLineCtrl::id_CopyPlain);
+    const auto pass = [this](wxCommandEvent& event) { m_Output->OnMenu(event); };
+    Bind(wxEVT_MENU, pass, wxTextLineCtrl::id_SelectAll, wxTextLineCtrl::id_CopyPlain);
+    Bind(wxEVT_MENU, pass, wxTextLineCtrl::id_GoToLine, wxTextLineCtrl::id_RemoveBookmarks);
     Bind(wxEVT_MENU, &JobWindow::OnCommand, this);
 }
 

@@ -100,6 +100,9 @@ void MonitorFrame::BindCommands()
     BindListCommands();
     Bind(wxEVT_MENU, &MonitorFrame::OnTextCommand, this, wxTextLineCtrl::id_SelectAll,
          wxTextLineCtrl::id_CopyPlain);
+    Bind(wxEVT_MENU, &MonitorFrame::OnTextCommand, this, wxTextLineCtrl::id_GoToLine,
+         wxTextLineCtrl::id_RemoveBookmarks);
+    Bind(wxEVT_CHAR_HOOK, &MonitorFrame::OnListKey, this);
     // Bound last, it is asked first: nobody else knows the ids of those menus.
     Bind(wxEVT_MENU, &MonitorFrame::OnJobCommand, this);
 }
@@ -175,6 +178,7 @@ wxWindow* MonitorFrame::BuildLog(wxWindow* parent)
     auto* const panel = new wxtPanel(parent);
     m_Log = new FollowingText(panel);
     m_Log->SetLineLimit(k_MostLiveLines);
+    m_Log->KeepArrivalTimes();
     return panel;
 }
 
@@ -265,6 +269,20 @@ void MonitorFrame::OnTextCommand(wxCommandEvent& event)
     {
         m_Log->OnMenu(event);
     }
+}
+
+// A list has no places of its own to find again: those keys are about the log there, too. A text
+// field keeps them.
+void MonitorFrame::OnListKey(wxKeyEvent& event)
+{
+    const int command = wxTextLineCtrl::ReadingCommandOf(event);
+    if (command == wxID_NONE || !m_Jobs->HasListFocus())
+    {
+        event.Skip();
+        return;
+    }
+    wxCommandEvent menu(wxEVT_MENU, command);
+    m_Log->OnMenu(menu);
 }
 
 void MonitorFrame::OnJobCommand(wxCommandEvent& event)

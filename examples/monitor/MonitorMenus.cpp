@@ -4,6 +4,7 @@
 
 #include "common/EscapesMenu.h"
 #include "common/FollowingText.h"
+#include "common/ReadingAids.h"
 #include "shell/OpenWindows.h"
 #include "shell/wxColorMenu.h"
 
@@ -27,6 +28,7 @@ wxMenu* EditMenu()
 {
     auto* const menu = new wxMenu;
     AppendTextCommands(*menu);
+    AppendReadingCommands(*menu);
     menu->Append(id_FilterJobs, wxGetTranslation("&Filter the List..."));
     menu->AppendSeparator();
     menu->Append(wxID_PREFERENCES, wxGetTranslation("&Preferences...\tCtrl+,"));
@@ -45,11 +47,12 @@ wxMenu* GroupMenu()
     return menu;
 }
 
-wxMenu* ViewMenu()
+wxMenu* ViewMenu(wxFrame& frame)
 {
     auto* const menu = new wxMenu;
     menu->Append(id_Refresh, wxGetTranslation("&Refresh\tF5"));
     menu->AppendCheckItem(id_Follow, wxGetTranslation("&Follow the Log\tCtrl+L"))->Check();
+    AppendGutterChoices(*menu, frame);
     menu->AppendSeparator();
     menu->AppendSubMenu(GroupMenu(), wxGetTranslation("&Group Jobs by"));
     menu->AppendCheckItem(id_FramesInTree, wxGetTranslation("Show Frames in the &Tree"));
@@ -77,7 +80,7 @@ void BuildMonitorMenus(wxFrame& frame, JobMenu* jobs)
     auto* const bar = new wxMenuBar;
     bar->Append(FileMenu(), wxGetTranslation("&File"));
     bar->Append(EditMenu(), wxGetTranslation("&Edit"));
-    bar->Append(ViewMenu(), wxGetTranslation("&View"));
+    bar->Append(ViewMenu(frame), wxGetTranslation("&View"));
     bar->Append(jobs, wxGetTranslation("&Job"));
     bar->Append(wxGetOpenWindowMenu(), wxGetTranslation("&Window"));
     bar->Append(HelpMenu(), wxGetTranslation("&Help"));

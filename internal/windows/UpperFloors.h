@@ -5,6 +5,7 @@
 #include <wx/frame.h>
 #include <wx/string.h>
 
+#include <functional>
 #include <vector>
 
 namespace internal
@@ -32,6 +33,14 @@ struct UpperFloors
     /// Tells why something that the user asked for could not be done.
     void (*tellProblem)(const wxString& message, wxWindow* parent) = [](const wxString&,
                                                                         wxWindow*) {};
+    /// Asks for a line of text, at first `text`, in a modal dialog that is known by the name; true:
+    /// OK was pressed and `text` is the answer. `problem` says what is wrong with a text that is to
+    /// be the answer, or nothing.
+    bool (*askText)(wxWindow* parent, const wxString& message, const wxString& title,
+                    wxString& text, const String& positionName,
+                    const std::function<wxString(const wxString&)>& problem) =
+        [](wxWindow*, const wxString&, const wxString&, wxString&, const String&,
+           const std::function<wxString(const wxString&)>&) { return false; };
     /// A frame of the program, not shown yet, for a page that leaves `owner`.
     wxFrame* (*makePageFrame)(wxWindow& owner, const wxString& title) =
         [](wxWindow& owner, const wxString& title)

@@ -29,10 +29,11 @@ const char* const kKeys[] = {
     "F3",        "F4",         "F5",        "F6",        "F10",      "F11",       "shift+F10",
     "Delete",    "ctrl+a",     "ctrl+c",    "ctrl+f",    "ctrl+n",   "ctrl+s",    "ctrl+v",
     "ctrl+x",    "ctrl+q",     "ctrl+z",    "BackSpace", "alt+Down", "ctrl+Home", "ctrl+End",
-    "ctrl+Next", "ctrl+Prior", "alt+Up",    "alt+j",     "alt+v",    "ctrl+l"};
+    "ctrl+Next", "ctrl+Prior", "alt+Up",    "alt+j",     "alt+v",    "ctrl+l",    "ctrl+g",
+    "ctrl+F2",   "F2",         "shift+F2"};
 // Neither separators nor dots: a typed name stays in the scratch folder.
-const char* const kWords[] = {"Orbit",   "1",        "70",  "abc",      "W",
-                              "FRAME 3", "not here", "x-y", "state:run"};
+const char* const kWords[] = {"Orbit",   "1",        "70",  "abc",       "W",
+                              "FRAME 3", "not here", "x-y", "state:run", "50%"};
 
 const char* const kDeeds[] = {"click",        "click",   "click", "click",
                               "double click", "context", "wheel", "drag"};

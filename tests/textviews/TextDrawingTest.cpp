@@ -272,6 +272,7 @@ TEST_F(TextViewTest, PartsMakeTheSamePictureAsTheWhole)
     const auto    any = [&random](int below)
     { return static_cast<int>(random() % static_cast<unsigned>(std::max(below, 1))); };
     AppendNumbered(100);
+    m_View->KeepArrivalTimes();
     m_View->SetFocus();
     PumpEvents();
     const std::function<void()> changes[] = {
@@ -289,6 +290,10 @@ TEST_F(TextViewTest, PartsMakeTheSamePictureAsTheWhole)
         [&] { m_View->Append("\x1b[4;32mline\x1b[0m 1\rL\x1b[7mI\x1b[41;1m", any(2) == 0); },
         [&] { m_View->SetEscapes(static_cast<wxTextLineCtrl::Escapes>(any(3))); },
         [&] { m_View->SetHighlightLine(any(m_View->GetLineCount())); },
+        [&] { m_View->ShowLineNumbers(any(3) > 0); },
+        [&] { m_View->ShowArrivalTimes(any(3) > 0); },
+        [&] { m_View->SetBookmark(any(20), any(3) > 0); },
+        [&] { m_View->GoToBookmark(any(2) == 0); },
         [&]
         {
             // Something else of the screen uncovers a part of it before the delay is over.

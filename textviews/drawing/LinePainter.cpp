@@ -134,4 +134,10 @@ int LinePainter::DrawCharacter(std::string_view text, size_t& byte, int x, int y
     }
     return base.cells;
 }
+
+void LinePainter::DrawPlain(std::string_view ascii, int x, int y)
+{
+    m_Painter.DrawAscii(ascii.data(), ascii.size(), x, y, m_Geometry.columnWidth);
+    m_Painter.Flush();
+}
 } // namespace textviews

@@ -11,11 +11,13 @@ struct LineState
 {
     bool selected = false;
     bool hover = false;
-    bool marked = false; ///< The search last hit it.
+    bool marked = false;     ///< The search last hit it.
+    bool bookmarked = false; ///< Its band has no colour of its own for that.
 
     bool operator==(const LineState& other) const
     {
-        return selected == other.selected && hover == other.hover && marked == other.marked;
+        return selected == other.selected && hover == other.hover && marked == other.marked &&
+               bookmarked == other.bookmarked;
     }
 };
 

@@ -64,12 +64,12 @@ int64_t TextGeometry::FirstDrawnCell() const
 
 int64_t TextGeometry::EndOfDrawnCells() const
 {
-    return scroll.x / columnWidth + client.x / columnWidth + 2;
+    return scroll.x / columnWidth + (client.x - textLeft) / columnWidth + 2;
 }
 
 int TextGeometry::XOf(int64_t cell) const
 {
-    return Saturated(cell * columnWidth + columnWidth / 2 - scroll.x);
+    return Saturated(textLeft + cell * columnWidth + columnWidth / 2 - scroll.x);
 }
 
 std::vector<wxRect> RoundedRows(const wxRect& rect, int radius)

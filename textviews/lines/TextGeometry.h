@@ -15,6 +15,7 @@ struct TextGeometry
     wxPoint scroll;           ///< Pixels scrolled off the top left.
     wxSize  client;
     int     lineCount = 0;
+    int     textLeft = 0; ///< Where text starts; what is left of it does not scroll sideways.
 
     /// The first line that is drawn: one above the visible ones, whose glyphs may hang over.
     int FirstDrawnLine() const;
@@ -28,7 +29,7 @@ struct TextGeometry
 
     int64_t FirstDrawnCell() const; ///< One to the left of the visible ones.
     int64_t EndOfDrawnCells() const;
-    /// Left edge of a cell. Text starts half a cell from the edge.
+    /// Left edge of a cell. Text starts half a cell from `textLeft`.
     int XOf(int64_t cell) const;
 };
 

@@ -1,0 +1,20 @@
+#include "textviews/gutter/Gutter.h"
+
+namespace textviews
+{
+GutterColumns Gutter::Wanted(int lineCount) const
+{
+    GutterColumns wanted;
+    wanted.digits = showNumbers ? DigitsFor(dropped + lineCount) : 0;
+    wanted.timeCells = showTimes && arrivals ? arrivals->Cells() : 0;
+    wanted.marks = !(wanted == GutterColumns()) ||
+                   !bookmarks.IsEmpty(); // the text stays where it is when the first mark comes
+    return wanted;
+}
+
+void Gutter::Show(const GutterColumns& shown, int cellWidth)
+{
+    columns = shown;
+    layout = GutterLayout::Of(shown, cellWidth);
+}
+} // namespace textviews

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "textviews/gutter/ArrivalTimes.h"
+#include "textviews/gutter/Bookmarks.h"
+#include "textviews/gutter/GutterLayout.h"
+
+#include <memory>
+
+namespace textviews
+{
+/// What stands left of the text of a view.
+struct Gutter
+{
+    bool          showNumbers = false;
+    bool          showTimes = false;
+    bool          offersCommands = false; ///< The user has keys and entries of the menu.
+    int64_t       dropped = 0;            ///< Lines that a limit has taken from the start.
+    GutterColumns columns;                ///< As they are shown.
+    GutterLayout  layout;                 ///< Of those.
+    Bookmarks     bookmarks;
+    std::unique_ptr<ArrivalTimes> arrivals; ///< Null until a host wants them kept.
+
+    int64_t NumberOf(int line) const { return dropped + line + 1; }
+    /// What it would show of so many lines.
+    GutterColumns Wanted(int lineCount) const;
+    /// Shows those columns, in a font with cells of that width.
+    void Show(const GutterColumns& shown, int cellWidth);
+    /// Cells that are no longer seen of the text, the last one maybe in part.
+    int CellsTaken(int cellWidth) const { return (layout.width + cellWidth - 1) / cellWidth; }
+};
+} // namespace textviews

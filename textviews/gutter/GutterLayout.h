@@ -1,0 +1,45 @@
+#pragma once
+
+#include <wx/gdicmn.h>
+
+#include <cstdint>
+#include <vector>
+
+namespace textviews
+{
+/// What a gutter shows of each line, from left to right.
+struct GutterColumns
+{
+    bool marks = false;
+    int  timeCells = 0; ///< Characters; 0: no times.
+    int  digits = 0;    ///< 0: no numbers.
+
+    bool operator==(const GutterColumns& other) const
+    {
+        return marks == other.marks && timeCells == other.timeCells && digits == other.digits;
+    }
+};
+
+/// Where the columns of a gutter are, in pixels from the view's left edge. Both texts are right
+/// aligned.
+struct GutterLayout
+{
+    int width = 0; ///< Of all of it; 0: there is none.
+    int markLeft = 0;
+    int timeEnd = 0;
+    int numberEnd = 0;
+
+    /// Columns of a font with cells of that width.
+    static GutterLayout Of(const GutterColumns& columns, int cellWidth);
+};
+
+/// How many digits the numbers of lines take as far as that one.
+int DigitsFor(int64_t lastNumber);
+
+/// What of the columns leaves room for text in a view that is `viewWidth` pixels wide: the times go
+/// first, then the numbers, then the marks.
+GutterColumns FittingColumns(const GutterColumns& wanted, int cellWidth, int viewWidth);
+
+/// The rows of pixels of a bookmark's ribbon in a row of the gutter that begins at `top`.
+std::vector<wxRect> RibbonRows(int left, int top, int cellWidth, int lineHeight);
+} // namespace textviews
