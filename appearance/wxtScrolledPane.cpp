@@ -3,6 +3,8 @@
 #include "internal/port/Scrollbars.h"
 #include "vesta/CallEntry.h"
 
+#include <wx/utils.h>
+
 #include <algorithm>
 
 namespace
@@ -52,9 +54,15 @@ void wxtScrolledPane::ScrollWindow(int dx, int dy, const wxRect* rect)
     internal::MoveContent(*this, [&] { wxScrolledWindow::ScrollWindow(dx, dy, rect); });
 }
 
-// The toolkit's own way leaves those out of sight that are wider than the pane.
+// The toolkit's own way leaves those out of sight that are wider than the pane. What is pressed is
+// seen there; moved away under the pointer, a double click would come to something else.
 bool wxtScrolledPane::ShouldScrollToChildOnFocus(wxWindow* child)
 {
+    const wxMouseState mouse = wxGetMouseState();
+    if (mouse.LeftIsDown() || mouse.MiddleIsDown() || mouse.RightIsDown())
+    {
+        return false;
+    }
     const wxRect place(ScreenToClient(child->GetScreenPosition()), child->GetSize());
     const wxRect view(GetClientSize());
     if (place.height <= view.height || !view.Intersects(place))

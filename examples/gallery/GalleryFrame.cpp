@@ -16,7 +16,7 @@
 
 namespace
 {
-constexpr int kBorder = 10;    // pixels
+constexpr int kBorder = 6;     // pixels
 constexpr int kUnderTitle = 3; // pixels; all sections fit a screen of 1024
 constexpr int kColumns = 2;
 constexpr int kLeastHeight = 240;  // pixels

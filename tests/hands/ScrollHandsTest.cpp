@@ -11,6 +11,7 @@
 
 #include <wx/platinfo.h>
 
+#include <algorithm>
 #include <map>
 
 namespace
@@ -333,4 +334,36 @@ TEST_F(ScrolledPaneTest, WhatTakesTheKeysComesIntoView)
         EXPECT_GE(place.y, 0) << i;
         EXPECT_LE(place.GetBottom(), pane->GetClientSize().y) << i;
     }
+}
+
+// Else a double click would come to two controls.
+TEST_F(ScrolledPaneTest, WhatIsPressedStaysUnderThePointer)
+{
+    auto* const pane = new wxtScrolledPane(Frame());
+    pane->SetSizer(new wxBoxSizer(wxVERTICAL));
+    std::vector<wxWindow*> fields;
+    for (int i = 0; i < 12; ++i)
+    {
+        fields.push_back(new wxtTextCtrl(pane, wxID_ANY));
+        fields.back()->SetMinSize(wxSize(300, 60));
+        pane->GetSizer()->Add(fields.back());
+    }
+    Frame()->SendSizeEvent(); // an only child fills the frame
+    Focus(fields[0]);
+    const int  height = pane->GetClientSize().y;
+    const auto cut = std::find_if(fields.begin(), fields.end(),
+                                  [height](const wxWindow* field)
+                                  { return field->GetRect().GetBottom() >= height; });
+    ASSERT_NE(fields.end(), cut);
+    const int top = (*cut)->GetPosition().y;
+    ASSERT_LT(top + 4, height) << "part of it is seen";
+    Hand          hand;
+    const wxPoint at = (*cut)->ClientToScreen(wxPoint(20, 2));
+    hand.Move(at.x, at.y);
+    hand.Button(1, true);
+    EXPECT_TRUE(WaitFor([&] { return wxWindow::FindFocus() == *cut; }));
+    EXPECT_EQ(top, (*cut)->GetPosition().y);
+    hand.Button(1, false);
+    PumpEvents();
+    EXPECT_EQ(top, (*cut)->GetPosition().y);
 }
