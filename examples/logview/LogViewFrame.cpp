@@ -314,6 +314,7 @@ void LogViewFrame::NamePages()
 {
     const std::vector<LogPage*> pages = AllPages();
     std::vector<Path>           files;
+    files.reserve(pages.size());
     for (const LogPage* const page : pages)
     {
         files.push_back(AbsoluteName(page->File()));
