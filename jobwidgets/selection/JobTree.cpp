@@ -5,10 +5,13 @@
 #include "jobwidgets/JobColors.h"
 #include "jobwidgets/JobMarks.h"
 #include "jobwidgets/selection/JobTreeModel.h"
+#include "listviews/wxDBListHeader.h"
 #include "vesta/Application.h"
 
 #include <wx/dc.h>
 #include <wx/intl.h>
+
+#include <algorithm>
 
 namespace jobwidgets
 {
@@ -37,8 +40,11 @@ JobTree::JobTree(wxWindow* parent, JobTreeModel& model, bool singleSelection)
 {
     for (const auto& title : kTitles)
     {
-        InsertColumn(GetColumnCount(), title.type, wxtFromWx(wxGetTranslation(title.title)),
-                     title.key, ConvertDialogToPixels(wxSize(title.width, -1)).x);
+        const int column = GetColumnCount();
+        const int width = ConvertDialogToPixels(wxSize(title.width, -1)).x;
+        InsertColumn(column, title.type, wxtFromWx(wxGetTranslation(title.title)), title.key,
+                     width);
+        SetColumnWidth(column, std::max(width, GetHeader()->TitleWidth(column)));
     }
     Bind(wxEVT_LIST_COL_CLICK, &JobTree::OnTitle, this);
 }
