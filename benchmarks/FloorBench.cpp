@@ -1,5 +1,6 @@
 #include "benchmarks/BenchSupport.h"
 #include "benchmarks/ListWorkload.h"
+#include "benchmarks/TextWorkload.h"
 
 #include <wx/dcclient.h>
 #include <wx/fontutil.h>
@@ -13,14 +14,17 @@
 #include <optional>
 #include <vector>
 
-/// What a repaint costs at the least in a window of this toolkit: the pictures of the list and of
-/// the chart, prepared as far as they can be, painted in each of the ways that there are. Of a view
-/// that keeps its picture the better buffered one is the floor.
+/// What a repaint costs at the least in a window of this toolkit: the pictures of the list, the log
+/// and the chart, prepared as far as they can be, painted in each of the ways that there are. Of a
+/// view that keeps its picture the better buffered one is the floor.
 
 namespace
 {
-constexpr int kRows = 41; // as many as the list shows
-constexpr int kPages = 7; // texts of their own, which take turns
+constexpr int kRows = 41;        // as many as the list shows
+constexpr int kLogPoints = 9;    // of a log's text
+constexpr int kLogHeight = 900;  // pixels that a log has for its lines
+constexpr int kAllOfIt = 100000; // pixels, more than any line has
+constexpr int kPages = 7;        // texts of their own, which take turns
 constexpr int kMargin = 4;
 constexpr int kChartTop = 1000;
 
@@ -139,14 +143,13 @@ private:
 /// The glyphs of all texts of a page, at their places.
 using Page = std::vector<cairo_glyph_t>;
 
-/// The font of the lists.
+/// Makes glyphs of texts.
 class Font
 {
 public:
-    Font()
+    explicit Font(const wxFont& font)
         : m_Context(gdk_pango_context_get()),
-          m_Font(
-              pango_context_load_font(m_Context, wxNORMAL_FONT->GetNativeFontInfo()->description))
+          m_Font(pango_context_load_font(m_Context, font.GetNativeFontInfo()->description))
     {
     }
     ~Font()
@@ -161,14 +164,14 @@ public:
     {
         return pango_cairo_font_get_scaled_font(reinterpret_cast<PangoCairoFont*>(m_Font));
     }
-    /// What of the text fits into a column.
-    void Add(Page& page, const String& text, double x, double y) const
+    /// What of the text begins within a width.
+    void Add(Page& page, const String& text, double x, double y, double width) const
     {
         cairo_glyph_t* glyphs = nullptr;
         int            count = 0;
         cairo_scaled_font_text_to_glyphs(Scaled(), x, y, text.data(), static_cast<int>(text.size()),
                                          &glyphs, &count, nullptr, nullptr, nullptr);
-        const double end = x + kCellColumnWidth - 4 * kMargin;
+        const double end = x + width;
         for (int i = 0; i < count && glyphs[i].x < end; ++i)
         {
             page.push_back(glyphs[i]);
@@ -181,18 +184,38 @@ private:
     PangoFont*    m_Font;
 };
 
-Page MakePage(const Font& font, int first)
+Page MakeListPage(const Font& font, int turn)
 {
-    Page page;
+    const int first = turn * kRows;
+    Page      page;
     for (int row = 0; row < kRows; ++row)
     {
         for (int column = 0; column < kCellColumns; ++column)
         {
             font.Add(page, WorkloadCell(first + row, column), column * kCellColumnWidth + kMargin,
-                     (row + 1) * kCellRowHeight - 2 * kMargin);
+                     (row + 1) * kCellRowHeight - 2 * kMargin, kCellColumnWidth - 4 * kMargin);
         }
     }
     return page;
+}
+
+Page MakeLogPage(const Font& font, int turn)
+{
+    cairo_font_extents_t extents;
+    cairo_scaled_font_extents(font.Scaled(), &extents);
+    const int lines = static_cast<int>(kLogHeight / extents.height);
+    Page      page;
+    for (int line = 0; line < lines; ++line)
+    {
+        font.Add(page, WorkloadLine(turn * lines + line), kMargin,
+                 line * extents.height + extents.ascent, kAllOfIt);
+    }
+    return page;
+}
+
+Page MakeEmptyPage(const Font&, int)
+{
+    return {};
 }
 
 void Clear(cairo_t* cairo)
@@ -209,30 +232,45 @@ void DrawPage(cairo_t* cairo, const Font& font, const Page& page)
     cairo_show_glyphs(cairo, page.data(), static_cast<int>(page.size()));
 }
 
-void MeasureList(benchmark::State& state, Way way, bool withText)
+using MakePage = Page (*)(const Font&, int turn);
+
+void MeasurePages(benchmark::State& state, Way way, const wxFont& ofText, MakePage make)
 {
     Canvas*        canvas = nullptr;
     wxFrame* const frame = OpenFrame(
         [&](wxFrame* parent) { return canvas = new Canvas(parent, wxDefaultSize, way, false); });
     {
-        const Font        font;
+        const Font        font(ofText);
         std::vector<Page> pages;
         pages.reserve(kPages);
         for (int i = 0; i < kPages; ++i)
         {
-            pages.push_back(withText ? MakePage(font, i * kRows) : Page());
+            pages.push_back(make(font, i));
         }
         size_t turn = 0;
         MeasureMedian(state,
                       [&]
                       {
                           const Page& page = pages[++turn % pages.size()];
-                          return canvas->Repaint(
-                              [&](cairo_t* cairo)
-                              { withText ? DrawPage(cairo, font, page) : Clear(cairo); });
+                          return canvas->Repaint([&](cairo_t* cairo)
+                                                 { DrawPage(cairo, font, page); });
                       });
     }
     CloseFrame(frame);
+}
+
+void MeasureList(benchmark::State& state, Way way)
+{
+    MeasurePages(state, way, *wxNORMAL_FONT, MakeListPage);
+}
+void MeasureLog(benchmark::State& state, Way way)
+{
+    const wxFont font(kLogPoints, wxFONTFAMILY_MODERN, wxFONTSTYLE_NORMAL, wxFONTWEIGHT_NORMAL);
+    MeasurePages(state, way, font, MakeLogPage);
+}
+void MeasureClearing(benchmark::State& state)
+{
+    MeasurePages(state, Way::Straight, *wxNORMAL_FONT, MakeEmptyPage);
 }
 
 // Bars of any heights.
@@ -282,8 +320,12 @@ void Register()
         const auto name = [&](const char* workload)
         { return std::string(workload) + "<" + each.name + ">"; };
         const Way way = each.way;
-        benchmark::RegisterBenchmark(name("ListRepaint").c_str(), [way](benchmark::State& state)
-                                     { MeasureList(state, way, true); })
+        benchmark::RegisterBenchmark(name("ListRepaint").c_str(),
+                                     [way](benchmark::State& state) { MeasureList(state, way); })
+            ->Arg(1000000)
+            ->Apply(Repaints);
+        benchmark::RegisterBenchmark(name("RepaintAnywhere").c_str(),
+                                     [way](benchmark::State& state) { MeasureLog(state, way); })
             ->Arg(1000000)
             ->Apply(Repaints);
         if (way != Way::Straight)
@@ -294,8 +336,7 @@ void Register()
                 ->Apply(Repaints);
         }
     }
-    benchmark::RegisterBenchmark("ListRepaint<floor: clearing only>", [](benchmark::State& state)
-                                 { MeasureList(state, Way::Straight, false); })
+    benchmark::RegisterBenchmark("ListRepaint<floor: clearing only>", MeasureClearing)
         ->Arg(1000000)
         ->Apply(Repaints);
 }

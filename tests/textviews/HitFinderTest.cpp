@@ -165,6 +165,53 @@ TEST(HitFinderTest, LinesHaveTheHitsThatTheyHaveAlone)
     }
 }
 
+// Lines without the texts that an expression needs are passed over, as long as that pays.
+TEST(HitFinderTest, LinesWithWhatAnExpressionNeedsAreNotPassedOver)
+{
+    std::mt19937        random(3);
+    const char* const   words[] = {"Frame", "fra", "me ", "LOST", "found", " 12", "\xc5\xbf", "-"};
+    std::vector<String> lines;
+    for (int i = 0; i < 9000; ++i)
+    {
+        // Blocks of nothing but ASCII, blocks of other texts, too.
+        const auto known = i % 3000 < 1500 ? 8 : 6;
+        String     line;
+        for (auto n = random() % 5; n > 0; --n)
+        {
+            line += words[random() % known];
+        }
+        lines.push_back(line);
+    }
+    const textviews::LineStore store = StoreOf(lines);
+    for (const char* const text :
+         {"frame \\d+", "(?i)frame.*LOST", "(lost|FOUND|Frame)-?", "[A-Z]rame", "^found$",
+          "fra.*12", "(?i)lost", "(Frame|fra|found|lost|LOST)(me | 12|-)(me | 12|-)", "."})
+    {
+        for (const bool matchCase : {false, true})
+        {
+            const auto          finder = FinderFor(text, matchCase, false, true);
+            const auto          alone = FinderFor(text, matchCase, false, true);
+            std::vector<String> passedOver;
+            for (int first = 0; first < store.Count();)
+            {
+                const auto block = store.BlockOf(first);
+                const auto found = finder->LinesIn(block, first % 2, block.lineCount, false);
+                for (int line = first % 2; line < block.lineCount; ++line)
+                {
+                    const String& bytes = lines[static_cast<size_t>(first + line)];
+                    if (!HitsIn(*alone, bytes).empty() &&
+                        !std::binary_search(found.begin(), found.end(), line))
+                    {
+                        passedOver.push_back(bytes);
+                    }
+                }
+                first += block.lineCount;
+            }
+            EXPECT_EQ(passedOver, std::vector<String>()) << text;
+        }
+    }
+}
+
 // The same hits wherever one begins, over the pieces' edges and through characters that lie on
 // them.
 TEST(HitFinderTest, LongLinesHaveTheSameHitsAsShortOnes)

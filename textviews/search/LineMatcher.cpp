@@ -1,5 +1,6 @@
 #include "textviews/search/LineMatcher.h"
 
+#include "internal/text/Folding.h"
 #include "textviews/lines/TextCells.h"
 #include "textviews/search/WordEdges.h"
 
@@ -40,11 +41,6 @@ SizedCode NextCode(std::string_view text, size_t byte)
     }
     const TextCell cell = CellAt(text, byte);
     return {cell.code, static_cast<size_t>(cell.bytes)};
-}
-
-char LowerAscii(char c)
-{
-    return static_cast<char>(c + (static_cast<unsigned char>(c - 'A') < 26 ? 'a' - 'A' : 0));
 }
 } // namespace
 
@@ -239,7 +235,7 @@ bool LineMatcher::KeepLowerCaseOf(std::string_view bytes)
                    [&allBits](char c)
                    {
                        allBits |= static_cast<unsigned char>(c);
-                       return LowerAscii(c);
+                       return internal::LowerAscii(c);
                    });
     return allBits < kAsciiCodes;
 }

@@ -105,9 +105,11 @@ re2::StringPiece PieceOf(std::string_view text)
 } // namespace
 
 RegexMatcher::RegexMatcher(std::unique_ptr<re2::RE2> expression,
-                           std::unique_ptr<re2::RE2> forBlocks, bool wholeWords)
+                           std::unique_ptr<re2::RE2> forBlocks, std::unique_ptr<LineSieve> sieve,
+                           bool wholeWords)
     : m_Expression(std::move(expression)),
       m_ForBlocks(std::move(forBlocks)),
+      m_Sieve(std::move(sieve)),
       m_WholeWords(wholeWords)
 {
 }
@@ -140,8 +142,8 @@ std::shared_ptr<HitFinder> RegexMatcher::Make(const SearchQuery& query, QueryPro
     }
     std::unique_ptr<re2::RE2> forBlocks =
         NamesTheText(query.text) ? nullptr : ForBlocks(text, query.matchCase);
-    return std::shared_ptr<HitFinder>(
-        new RegexMatcher(std::move(expression), std::move(forBlocks), query.wholeWords));
+    return std::shared_ptr<HitFinder>(new RegexMatcher(std::move(expression), std::move(forBlocks),
+                                                       LineSieve::Make(text), query.wholeWords));
 }
 
 size_t RegexMatcher::Reach() const
@@ -239,10 +241,30 @@ bool RegexMatcher::Holds(std::string_view text) const
     return m_Expression->Match(PieceOf(text), 0, text.size(), RE2::UNANCHORED, nullptr, 0);
 }
 
-// False where they are not all ASCII or hold newlines of their own.
+void RegexMatcher::LinesLeftBySieve(const LineStore::Block& block, int from, int end,
+                                    bool onlyFirst)
+{
+    for (const int line : m_Sieve->Rest(block, from, end))
+    {
+        if (Holds(block.Line(line)))
+        {
+            m_Lines.push_back(line);
+            if (onlyFirst)
+            {
+                break;
+            }
+        }
+    }
+    if (m_Sieve->IsWorthless())
+    {
+        m_Sieve.reset();
+    }
+}
+
+// False where they hold newlines of their own.
 bool RegexMatcher::Join(const LineStore::Block& block, int from, int end)
 {
-    if (!IsAscii(block.bytes) || block.bytes.find('\n') != std::string_view::npos)
+    if (block.bytes.find('\n') != std::string_view::npos)
     {
         return false;
     }
@@ -286,12 +308,17 @@ const std::vector<int>& RegexMatcher::LinesIn(const LineStore::Block& block, int
                                               bool onlyFirst)
 {
     m_Lines.clear();
-    if (m_ForBlocks && Join(block, from, end))
+    const bool ascii = IsAscii(block.bytes);
+    if (m_Sieve && ascii)
+    {
+        LinesLeftBySieve(block, from, end, onlyFirst);
+        return m_Lines;
+    }
+    if (m_ForBlocks && ascii && Join(block, from, end))
     {
         LinesInJoined(from, onlyFirst);
         return m_Lines;
     }
-    const bool ascii = IsAscii(block.bytes);
     for (int line = from; line < end; ++line)
     {
         const std::string_view text = block.Line(line);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "textviews/search/HitFinder.h"
+#include "textviews/search/LineSieve.h"
 #include "textviews/search/SearchQuery.h"
 
 #include <memory>
@@ -31,20 +32,22 @@ public:
 
 private:
     RegexMatcher(std::unique_ptr<re2::RE2> expression, std::unique_ptr<re2::RE2> forBlocks,
-                 bool wholeWords);
+                 std::unique_ptr<LineSieve> sieve, bool wholeWords);
 
     void HitsInText(std::string_view text, const LinePiece& piece, size_t& from, size_t& budget,
                     std::vector<ByteSpan>& hits) const;
     bool NextHit(std::string_view text, const LinePiece& piece, size_t from, ByteSpan& hit) const;
     bool Holds(std::string_view text) const;
+    void LinesLeftBySieve(const LineStore::Block& block, int from, int end, bool onlyFirst);
     bool Join(const LineStore::Block& block, int from, int end);
     void LinesInJoined(int from, bool onlyFirst);
 
-    std::unique_ptr<re2::RE2> m_Expression;
-    std::unique_ptr<re2::RE2> m_ForBlocks;  ///< The same for joined lines; null where that differs.
-    bool                      m_WholeWords; ///< The hit is the first group of the expression.
-    std::string               m_Joined;     ///< Lines, a newline after each.
-    std::vector<size_t>       m_Ends;       ///< Where their newlines are.
-    std::vector<int>          m_Lines;
+    std::unique_ptr<re2::RE2>  m_Expression;
+    std::unique_ptr<re2::RE2>  m_ForBlocks; ///< The same for joined lines; null where that differs.
+    std::unique_ptr<LineSieve> m_Sieve;     ///< Null where it would not pay.
+    bool                       m_WholeWords; ///< The hit is the first group of the expression.
+    std::string                m_Joined;     ///< Lines, a newline after each.
+    std::vector<size_t>        m_Ends;       ///< Where their newlines are.
+    std::vector<int>           m_Lines;
 };
 } // namespace textviews
