@@ -1,6 +1,5 @@
 #include "appearance/controls/ButtonState.h"
 #include "appearance/controls/ForeignKey.h"
-#include "appearance/controls/Mnemonic.h"
 #include "appearance/wxtButton.h"
 #include "internal/port/LostFocus.h"
 #include "vesta/CallEntry.h"
@@ -27,13 +26,8 @@ void wxtButton::Key(wxKeyEvent& event)
     EmulateClick();
 }
 
-void wxtButton::Mnemonic(wxKeyEvent& event)
+void wxtButton::Mnemonic(wxKeyEvent&)
 {
-    if (!appearance::IsMnemonicOf(*this, event))
-    {
-        event.Skip();
-        return;
-    }
     const wxWeakRef<wxtButton> self(this);
     SetFocus();
     if (self)

@@ -1,3 +1,4 @@
+#include "appearance/controls/MnemonicKeys.h"
 #include "appearance/tabs/NotebookParts.h"
 #include "appearance/wxTolvanString.h"
 #include "internal/input/MouseHold.h"
@@ -120,6 +121,7 @@ wxFrame* wxtNotebook::MoveToWindow(wxWindow* page, const wxRect& screen)
         internal::g_UpperFloors.bringToPlace(*frame, WindowName(page));
     }
     frame->Bind(wxEVT_CLOSE_WINDOW, &wxtNotebook::OnWindowClose, this);
+    appearance::WatchMnemonics(*frame); // of the page's controls, which are not made in it
     frame->Bind(wxEVT_CHAR_HOOK, &wxtNotebook::OnWindowKey, this);
     frame->Bind(wxEVT_ACTIVATE, &wxtNotebook::OnWindowActive, this);
     frame->Bind(wxEVT_IDLE,

@@ -7,6 +7,7 @@
 #include "appearance/controls/ForeignKey.h"
 #include "appearance/controls/ForeignPress.h"
 #include "appearance/controls/Mnemonic.h"
+#include "appearance/controls/MnemonicKeys.h"
 #include "internal/drawing/Emphasis.h"
 #include "internal/port/Enabling.h"
 #include "internal/port/LostFocus.h"
@@ -63,6 +64,7 @@ wxBEGIN_EVENT_TABLE(wxtButton, wxControl)
     EVT_CHAR_HOOK(wxtButton::KeyDown)
     EVT_KEY_DOWN(wxtButton::KeyDown)
     EVT_KEY_UP(wxtButton::Key)
+    wx__DECLARE_EVT0(appearance::EVT_MNEMONIC, wxKeyEventHandler(wxtButton::Mnemonic))
     EVT_MOVE(wxtButton::Move)
     EVT_SIZE(wxtButton::Size)
 wxEND_EVENT_TABLE()
@@ -93,10 +95,7 @@ wxtButton::wxtButton(wxWindow* parent, wxWindowID id, const wxString& label,
     wxSize initial = size;
     initial.SetDefaults(GetMinSize());
     SetSize(initial);
-    if (wxWindow* const top = wxGetTopLevelParent(this))
-    {
-        top->Bind(wxEVT_CHAR_HOOK, &wxtButton::Mnemonic, this);
-    }
+    appearance::WatchMnemonics(*this);
 }
 
 wxtButton::~wxtButton()

@@ -5,6 +5,7 @@
 #include "appearance/controls/ForeignKey.h"
 #include "appearance/controls/ForeignPress.h"
 #include "appearance/controls/Mnemonic.h"
+#include "appearance/controls/MnemonicKeys.h"
 #include "internal/port/Enabling.h"
 #include "vesta/CallEntry.h"
 
@@ -33,6 +34,7 @@ wxBEGIN_EVENT_TABLE(wxtCheckBox, wxCheckBoxBase)
     EVT_CHAR_HOOK(wxtCheckBox::KeyDown)
     EVT_KEY_DOWN(wxtCheckBox::KeyDown)
     EVT_KEY_UP(wxtCheckBox::Press)
+    wx__DECLARE_EVT0(appearance::EVT_MNEMONIC, wxKeyEventHandler(wxtCheckBox::Mnemonic))
     EVT_SIZE(wxtCheckBox::Size)
 wxEND_EVENT_TABLE()
 // clang-format on
@@ -53,10 +55,7 @@ wxtCheckBox::wxtCheckBox(wxWindow* parent, wxWindowID id, const wxString& label,
     LimitHeight();
     InvalidateBestSize();
     SetInitialSize(size);
-    if (wxWindow* const top = wxGetTopLevelParent(this))
-    {
-        top->Bind(wxEVT_CHAR_HOOK, &wxtCheckBox::Mnemonic, this);
-    }
+    appearance::WatchMnemonics(*this);
 }
 
 wxtCheckBox::~wxtCheckBox() = default;
@@ -185,13 +184,8 @@ void wxtCheckBox::Press(wxKeyEvent& event)
     Click(click);
 }
 
-void wxtCheckBox::Mnemonic(wxKeyEvent& event)
+void wxtCheckBox::Mnemonic(wxKeyEvent&)
 {
-    if (!appearance::IsMnemonicOf(*this, event))
-    {
-        event.Skip();
-        return;
-    }
     const wxWeakRef<wxtCheckBox> self(this);
     SetFocus();
     if (self)

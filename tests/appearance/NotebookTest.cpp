@@ -1,6 +1,7 @@
 #include "appearance/wxtNotebook.h"
 
 #include "appearance/ColorScheme.h"
+#include "appearance/wxtButton.h"
 #include "appearance/wxtDockArt.h"
 #include "tests/support/EventCounter.h"
 #include "tests/support/FrameTest.h"
@@ -263,6 +264,28 @@ TEST_F(NotebookTest, KeysLeadFromWindowToWindow)
         wxFrame* const front = row.isOwn ? own : Frame();
         EXPECT_TRUE(WaitFor([&] { return Look() == row.look && front->IsActive(); })) << Look();
     }
+}
+
+// A control's mnemonic works in the window that its page is in, and only where it is seen.
+TEST_F(NotebookTest, MnemonicsGoWithThePage)
+{
+    Add({"a", "b"});
+    auto* const        inA = new wxtButton(Page("a"), wxID_ANY, "&Go");
+    auto* const        inB = new wxtButton(Page("b"), wxID_ANY, "&Go");
+    const EventCounter a(inA, wxEVT_BUTTON);
+    const EventCounter b(inB, wxEVT_BUTTON);
+    inA->SetFocus();
+    Press('G', wxMOD_ALT);
+    EXPECT_TRUE(WaitFor([&] { return a.Count() == 1; }));
+    wxFrame* const own = m_Book->OpenWindow(Page("b"));
+    ASSERT_TRUE(WaitFor([&] { return own->IsActive(); }));
+    Press('G', wxMOD_ALT);
+    EXPECT_TRUE(WaitFor([&] { return b.Count() == 1; }));
+    own->Close();
+    ASSERT_TRUE(WaitFor([&] { return Frame()->IsActive() && inB->IsShownOnScreen(); }));
+    Press('G', wxMOD_ALT);
+    EXPECT_TRUE(WaitFor([&] { return b.Count() == 2; }));
+    EXPECT_EQ(a.Count(), 1);
 }
 
 // The pointer rests where the next tab comes.
