@@ -30,6 +30,7 @@ constexpr int kValueWidth = 110;
 constexpr int kSmallestName = 80;
 constexpr int kListHeight = 320;
 const wxSize  kSmallestList(180, 100);
+constexpr int kSpare = 16;     // of a list's width: some themes' scrollbars are wider than they say
 constexpr int kListShare = 45; // percent of the screen's width, of each list at first
 
 constexpr int     kGatherMs = 120; // what changes meanwhile is written and shown at once
@@ -40,7 +41,7 @@ wxSize FirstSizeOf(const dialogs::OneOfList& list)
 {
     const int screen = wxDisplay(&list).GetClientArea().width;
     const int bar = std::max(wxSystemSettings::GetMetric(wxSYS_VSCROLL_X), 0);
-    return {std::min(list.WidthOfColumns() + bar, screen * kListShare / 100), kListHeight};
+    return {std::min(list.WidthOfColumns() + bar + kSpare, screen * kListShare / 100), kListHeight};
 }
 } // namespace
 

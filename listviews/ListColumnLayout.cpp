@@ -1,3 +1,4 @@
+#include "internal/windows/Geometry.h"
 #include "listviews/columns/ColumnFit.h"
 #include "listviews/columns/ColumnLayout.h"
 #include "listviews/columns/ColumnMenu.h"
@@ -85,14 +86,20 @@ void wxDBListCtrl::FitAllColumns()
     WidthsChanged();
 }
 
-// No wider than the view, where both of its edges can be seen.
+// No wider than the view, where both of its edges can be seen. A list that is not shown yet has no
+// size of its own: then it is the screen's.
+int wxDBListCtrl::WidestFit() const
+{
+    return IsShownOnScreen() ? m_Body->GetClientSize().x : internal::DisplayAreaOf(this).width;
+}
+
 void wxDBListCtrl::FitWithin(int index, std::chrono::steady_clock::duration time)
 {
     const int title = m_Header->TitleWidth(index);
     const int cells = m_Body->WidestCell(index, time);
     if (m_Model->HasColumn(index)) // whoever gives the texts may have changed them
     {
-        const int most = std::max(m_Body->GetClientSize().x, title);
+        const int most = std::max(WidestFit(), title);
         m_Model->SetWidth(index,
                           std::clamp(std::max(title, cells), listviews::ListGeometry::k_LeastWidth,
                                      std::max(most, listviews::ListGeometry::k_LeastWidth)));

@@ -123,7 +123,8 @@ public:
     void ShowColumn(int index, bool show); ///< It keeps its width. The last one stays shown.
     bool IsColumnShown(int index) const;
     /// Makes it as wide as its title and its widest text among those seen and a sample of the
-    /// others, at most as wide as the view. A shown column only; takes 20 ms at most.
+    /// others, at most as wide as the view, or as the screen before the list is seen. A shown
+    /// column only; takes 20 ms at most.
     void FitColumn(int index);
     void FitAllColumns(); ///< Those that are shown; takes 100 ms at most.
     void ResetColumns();  ///< Order, widths and visibility are as when they were added.
@@ -231,6 +232,7 @@ private:
     void TellRowsChanged();
     void ColumnsChanged(); ///< There are others: what is held down in the titles is let go.
     void WidthsChanged();  ///< The content is as wide as the columns; everything is redrawn.
+    int  WidestFit() const;
     void FitWithin(int index, std::chrono::steady_clock::duration time);
     void Arrange(const listviews::ColumnPlan& plan);
     void ShowColumnMenu(const wxPoint& where);

@@ -7,6 +7,9 @@ namespace listviews
 {
 namespace
 {
+constexpr int kLeastRows = 64; // are looked at for longer: a font's first texts take their time
+constexpr int kPatience = 5;
+
 // Near the golden section of the rows, where steps spread best, and without a common divisor.
 long long StepOf(int count)
 {
@@ -22,12 +25,17 @@ long long StepOf(int count)
 int WidestRow(std::pair<int, int> seen, int count, std::chrono::steady_clock::duration time,
               const std::function<int(int row)>& measure)
 {
-    const auto end = std::chrono::steady_clock::now() + time;
+    const auto start = std::chrono::steady_clock::now();
+    const auto isTime = [&](int looked)
+    {
+        const int patience = looked < kLeastRows && time >= k_FitTime ? kPatience : 1;
+        return std::chrono::steady_clock::now() < start + patience * time;
+    };
     const int  visible = std::max(seen.second - seen.first, 0);
     const int  most = visible + std::min(count, k_MostSampledRows);
     const auto step = StepOf(std::max(count, 1));
     int        widest = 0;
-    for (int i = 0; i < most && std::chrono::steady_clock::now() < end; ++i)
+    for (int i = 0; i < most && isTime(i); ++i)
     {
         const int row =
             i < visible ? seen.first + i : static_cast<int>((i - visible) * step % count);

@@ -14,6 +14,7 @@
 #include <wx/listbase.h>
 
 #include <algorithm>
+#include <thread>
 
 namespace
 {
@@ -161,6 +162,14 @@ TEST_F(ListColumnsTest, ColumnsHideFitAndComeBack)
     EXPECT_EQ(m_List->GetBody()->GetClientSize().x, m_List->GetColumn(2).width)
         << "no wider than the view";
     EXPECT_EQ(listviews::ListGeometry::k_LeastWidth, m_List->GetColumn(3).width);
+    m_List->SetItem(2, 2, String(40, 'W'));
+    m_List->FitColumn(2);
+    const int whole = m_List->GetColumn(2).width;
+    m_List->Hide();
+    m_List->SetSize(80, 80);
+    m_List->FitColumn(2);
+    EXPECT_EQ(whole, m_List->GetColumn(2).width) << "what has no size yet limits nothing";
+    m_List->Show();
     for (int i = 0; i < 4; ++i)
     {
         m_List->ShowColumn(i, false);
@@ -322,6 +331,12 @@ TEST(ColumnFit, LooksAtAllRowsOfAFewAndAtASampleOfMany)
     EXPECT_EQ(10003U, seen.size());
     EXPECT_EQ(0, listviews::WidestRow({0, 0}, 0, 10s, look));
     EXPECT_EQ(0, listviews::WidestRow({0, 9}, 9, 0s, look)) << "no time";
+    const auto slowly = [&](int row)
+    {
+        std::this_thread::sleep_for(row == 0 ? listviews::k_FitTime : 0s);
+        return row;
+    };
+    EXPECT_EQ(26, listviews::WidestRow({0, 1}, 27, listviews::k_FitTime, slowly));
 }
 
 TEST_F(ListColumnsTest, SelectedRowsAreCopied)
