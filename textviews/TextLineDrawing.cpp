@@ -88,6 +88,7 @@ void wxTextLineCtrl::DrawLine(const textviews::TextGeometry& geometry,
     painter.Fill(geometry.BandOf(line), look.band);
     DrawText(geometry, look, painter, line);
     DrawMarks(geometry, look, painter, line);
+    DrawSpan(geometry, palette, painter, line);
     if (line == m_MarkedLine)
     {
         DrawHit(geometry, look, painter);
@@ -154,8 +155,10 @@ int wxTextLineCtrl::EndOfDrawnLines(const textviews::TextGeometry& geometry) con
 
 textviews::LineState wxTextLineCtrl::StateOf(int line) const
 {
+    const textviews::LineSpan& span = m_Selection->Span();
     return {m_Selection->Contains(line), line == m_HoverLine, line == m_MarkedLine,
-            m_Gutter->bookmarks.Has(line)};
+            m_Gutter->bookmarks.Has(line),
+            line == span.Line() ? span.Bytes() : textviews::ByteSpan{}};
 }
 
 // The hit is its cells with every colour inverted, in a box with rounded corners. The ports can't

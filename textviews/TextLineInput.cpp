@@ -70,7 +70,11 @@ void wxTextLineCtrl::OnLeftClick(wxMouseEvent& event)
     }
     m_Selecting = true;
     const int line = Geometry().LineAt(event.GetY());
-    if (event.ShiftDown() && !m_Selection->IsEmpty())
+    if (BeginPart(event, line))
+    {
+        // no lines, then
+    }
+    else if (event.ShiftDown() && !m_Selection->IsEmpty())
     {
         m_Selection->Drag(line, m_Lines->Count());
     }
@@ -99,7 +103,11 @@ void wxTextLineCtrl::OnMouseMove(wxMouseEvent& event)
     CALL_ENTRY("wxTextLineCtrl::OnMouseMove");
     const int line = Geometry().LineAt(event.GetY());
     SetHighlightLine(line);
-    if (m_Selecting)
+    if (m_Selecting && m_Selection->Span().Line() != -1)
+    {
+        DragPart(event.GetPosition());
+    }
+    else if (m_Selecting)
     {
         m_Selection->Drag(line, m_Lines->Count());
         GatherLater();

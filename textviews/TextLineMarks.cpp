@@ -41,15 +41,25 @@ std::vector<wxRect> wxTextLineCtrl::MarksOf(const textviews::TextGeometry& geome
         { return hit.begin == m_MatchBegin && hit.end == m_MatchEnd; };
         hits.erase(std::remove_if(hits.begin(), hits.end(), isCurrent), hits.end());
     }
+    return BoxesOf(geometry, line, hits);
+}
+
+// In what is seen of the line.
+std::vector<wxRect> wxTextLineCtrl::BoxesOf(const textviews::TextGeometry& geometry, int line,
+                                            const std::vector<textviews::ByteSpan>& parts) const
+{
+    const std::string_view text = m_Lines->Line(line);
+    const auto* const      pieces = m_Shown->PiecesOf(line, text);
     if (!pieces)
     {
-        return textviews::MarkBoxes(geometry, line, text, first, hits);
+        return textviews::MarkBoxes(geometry, line, text,
+                                    m_Places->AtCell(line, text, geometry.FirstDrawnCell()), parts);
     }
     std::vector<wxRect> boxes;
-    for (const textviews::ByteSpan& hit : hits)
+    for (const textviews::ByteSpan& part : parts)
     {
         for (const textviews::ShownCells& cells :
-             textviews::CellsOf(text, *pieces, hit.begin, hit.end))
+             textviews::CellsOf(text, *pieces, part.begin, part.end))
         {
             boxes.push_back(textviews::MarkBox(geometry, line, cells.first, cells.end));
         }

@@ -20,6 +20,10 @@ constexpr uint64_t kMostCopied = uint64_t{1} << 30; // bytes; lines may come fro
 
 String wxTextLineCtrl::SelectedText(bool plain) const
 {
+    if (const String part = GetSelectedPart(); !part.empty())
+    {
+        return plain ? String(m_Shown->PlainTextOf(part)) : part;
+    }
     const int first = std::max(m_Selection->First(), 0);
     const int last = std::min(m_Selection->Last(), m_Lines->Count() - 1);
     String    text;

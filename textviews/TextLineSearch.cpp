@@ -1,8 +1,10 @@
+#include "appearance/wxTolvanString.h"
 #include "textviews/lines/LineStore.h"
 #include "textviews/lines/TextCells.h"
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/search/FinderChoice.h"
 #include "textviews/search/LineSearch.h"
+#include "textviews/search/RegexMatcher.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "textviews/wxTextLineSearchPanel.h"
 #include "vesta/CallEntry.h"
@@ -10,6 +12,7 @@
 namespace
 {
 constexpr size_t kStep = 1024 * 1024; // bytes
+constexpr size_t kLongestPart = 1000; // bytes
 } // namespace
 
 void wxTextLineCtrl::MakeSearchPanel()
@@ -22,12 +25,28 @@ wxTextLineSearchPanel* wxTextLineCtrl::GetSearchPanel() const
     return static_cast<wxTextLineSearchPanel*>(m_SearchPanel.get());
 }
 
+// A part of a line that is selected is what the user wants to look for.
 void wxTextLineCtrl::ToggleSearch()
 {
     CALL_ENTRY("wxTextLineCtrl::ToggleSearch");
     if (wxTextLineSearchPanel* const panel = GetSearchPanel())
     {
+        if (!panel->IsShown())
+        {
+            LookForPart(*panel);
+        }
         panel->Expand();
+    }
+}
+
+// No text of a bar's length is longer; in an expression it stands for itself.
+void wxTextLineCtrl::LookForPart(wxTextLineSearchPanel& panel) const
+{
+    const String part = GetSelectedPart();
+    if (!part.empty() && part.size() <= kLongestPart)
+    {
+        panel.SetText(
+            wxtToWx(panel.GetExpression() ? textviews::RegexMatcher::Quoted(part) : part));
     }
 }
 
@@ -47,6 +66,10 @@ void wxTextLineCtrl::FindAgain(bool forward)
     if (!panel)
     {
         return;
+    }
+    if (panel->GetText().empty())
+    {
+        LookForPart(*panel);
     }
     if (!panel->GetText().empty())
     {

@@ -62,6 +62,7 @@ void ShowLateLines()
 // clang-format off
 wxBEGIN_EVENT_TABLE(wxTextLineCtrl, wxDoubleBufferedWindow)
     EVT_LEFT_DOWN(wxTextLineCtrl::OnLeftClick)
+    EVT_LEFT_DCLICK(wxTextLineCtrl::OnLeftDouble)
     EVT_LEFT_UP(wxTextLineCtrl::OnLeftUp)
     EVT_MOUSE_CAPTURE_LOST(wxTextLineCtrl::OnCaptureLoss)
     EVT_MOTION(wxTextLineCtrl::OnMouseMove)

@@ -31,7 +31,9 @@ class TextPalette;
 class TextPlaces;
 class TextSelection;
 class VisibleHits;
+enum class SpanUnit : int;
 struct _FontExtents;
+struct ByteSpan;
 struct LineLook;
 struct Gutter;
 struct GutterRow;
@@ -152,6 +154,13 @@ public:
     /// reads better. Off until a host wants it.
     void SetReadableSelection(bool on);
     bool HasReadableSelection() const { return m_ReadableSelection; }
+    /// Whether a part of one line can be selected, too: with Alt or Ctrl and a drag by characters,
+    /// with a double click and a drag by words, and with Shift and a click as far as there. Copying
+    /// and the search take that part. Off until a host wants it.
+    void SelectWithinLines(bool on);
+    bool SelectsWithinLines() const { return m_SelectsWithinLines; }
+    /// The part, as stored; empty when whole lines or nothing is selected.
+    String GetSelectedPart() const;
     /// Shows the line under the pointer lighter; -1 for none.
     void SetHighlightLine(int line);
     int  GetHighlightLine() const { return m_HoverLine; }
@@ -267,6 +276,7 @@ public:
     /// Handlers; a menu bar's commands of the ids above are passed on to `OnMenu`.
     /// @{
     void OnLeftClick(wxMouseEvent& event);
+    void OnLeftDouble(wxMouseEvent& event);
     void OnLeftUp(wxMouseEvent& event);
     void OnCaptureLoss(wxMouseCaptureLostEvent& event);
     void OnMouseMove(wxMouseEvent& event);
@@ -301,6 +311,10 @@ private:
     void DrawMarks(const textviews::TextGeometry& geometry, const textviews::LineLook& look,
                    textviews::LinePainter& painter, int line) const;
     std::vector<wxRect> MarksOf(const textviews::TextGeometry& geometry, int line) const;
+    void DrawSpan(const textviews::TextGeometry& geometry, const textviews::TextPalette& palette,
+                  textviews::LinePainter& painter, int line) const;
+    std::vector<wxRect> BoxesOf(const textviews::TextGeometry& geometry, int line,
+                                const std::vector<textviews::ByteSpan>& parts) const;
     void DrawFocus(const textviews::TextPalette& palette, textviews::LinePainter& painter) const;
     void AskForChangedLines();
     textviews::GutterRow GutterRowOf(int line) const;
@@ -326,18 +340,22 @@ private:
     void                     ScrollBy(wxEventType type, int orientation);
     textviews::FollowButton* FollowButton() const;
 
-    bool IsAtEnd() const;
-    void TellFollowing();
-    void ChangeTextSize(int points);
-    void SaveOrTell();
-    void OnCtrlKey(int key);
-    bool SelectByKey(int key, bool ctrl);
-    void ShowLine(int line);
+    bool                IsAtEnd() const;
+    void                TellFollowing();
+    void                ChangeTextSize(int points);
+    textviews::ByteSpan PartAt(const wxPoint& place, int line, textviews::SpanUnit by) const;
+    bool                BeginPart(const wxMouseEvent& event, int line);
+    void                DragPart(const wxPoint& place);
+    void                SaveOrTell();
+    void                OnCtrlKey(int key);
+    bool                SelectByKey(int key, bool ctrl);
+    void                ShowLine(int line);
 
     String SelectedText(bool plain) const;
     void   CopySelected(bool plain);
     void   ScrollIntoView(const textviews::LineMatch& match);
     void   MakeSearchPanel();
+    void   LookForPart(wxTextLineSearchPanel& panel) const;
     void   FindAgain(bool forward);
     void   StopSearch();
 
@@ -360,6 +378,7 @@ private:
     int                                       m_LineLimit = 0;   ///< 0: none.
     int64_t                                   m_StoredCells = 0; ///< Of the widest line in a file.
     bool                m_Selecting = false; ///< The button is down, mouse captured.
+    bool                m_SelectsWithinLines = false;
     bool                m_MenuIsOpen = false;
     bool                m_ReadableSelection = false;
     int                 m_TextSize;

@@ -57,6 +57,7 @@ FollowingText::FollowingText(wxWindow* parent) : wxTextLineCtrl(parent)
     ShowLineNumbers(AreNumbersWanted());
     ShowArrivalTimes(AreTimesWanted());
     OfferReadingCommands(true);
+    SelectWithinLines(true);
     Bind(wxtEVT_TEXT_SIZE, [](wxCommandEvent& event) { WantTextSize(event.GetInt()); });
     SetFollowEnd(true);
     ShowFollowButton(true);

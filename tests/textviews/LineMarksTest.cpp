@@ -1,6 +1,7 @@
 #include "textviews/gutter/ArrivalTimes.h"
 #include "textviews/gutter/Bookmarks.h"
 #include "textviews/jumps/LineTarget.h"
+#include "textviews/lines/TextSelection.h"
 
 #include <gtest/gtest.h>
 
@@ -172,4 +173,56 @@ TEST(LineMarksTest, ALineIsAskedForByNumberDistanceAndShare)
     }
     EXPECT_FALSE(LineAskedFor("1", {}));
     EXPECT_FALSE(LineAskedFor("50%", {}));
+}
+
+TEST(LineSpanTest, GoesByCharactersAndByWords)
+{
+    const struct
+    {
+        const char* text;
+        size_t      from;
+        size_t      to;
+        const char* words;
+        const char* characters;
+    } cases[] = {
+        {"frame_12 of 240", 2, 2, "frame_12", ""},
+        {"frame_12 of 240", 9, 3, "frame_12 of", "me_12 "},
+        {"frame_12 of 240", 3, 99, "frame_12 of 240", "me_12 of 240"},
+        {"a   b", 2, 2, "   ", ""},
+        {"a->b", 1, 3, "->b", "->"},
+        {"\xc3\xa4r\xc3\xa4 \xff", 4, 4, "\xc3\xa4r\xc3\xa4", ""}, // within a character
+        {"x\xff\xfe y", 2, 1, "\xff\xfe", "\xff"},
+        {"", 3, 5, "", ""},
+    };
+    for (const auto& c : cases)
+    {
+        const std::string text = c.text;
+        for (const auto by : {SpanUnit::Words, SpanUnit::Characters})
+        {
+            TextSelection selection;
+            selection.Click(3, 9);
+            const auto at = [&](size_t byte)
+            {
+                const size_t place = std::min(byte, text.size());
+                return by == SpanUnit::Words ? WordAt(text, place) : ByteSpan{place, place};
+            };
+            selection.BeginSpan(7, at(c.from), by);
+            selection.DragSpan(at(c.to));
+            EXPECT_TRUE(selection.IsEmpty()) << "no lines beside it";
+            const ByteSpan bytes = selection.Span().Bytes();
+            EXPECT_EQ(text.substr(bytes.begin, bytes.end - bytes.begin),
+                      by == SpanUnit::Words ? c.words : c.characters);
+            selection.LineInserted(2);
+            selection.LineErased(0);
+            selection.LineErased(0);
+            EXPECT_EQ(selection.Span().Line(), 6);
+            selection.LineErased(6);
+            EXPECT_TRUE(selection.Span().IsEmpty());
+            selection.BeginSpan(1, at(c.from), by);
+            selection.Drag(1, 2);
+            EXPECT_TRUE(selection.Span().IsEmpty()) << "nor it beside lines";
+        }
+    }
+    const std::string endless(100'000, 'x');
+    EXPECT_LT(WordAt(endless, 50'000).end, 80'000u);
 }

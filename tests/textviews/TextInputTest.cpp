@@ -107,6 +107,67 @@ TEST_F(TextInputTest, TheMouseSelectsAndScrollsByDragging)
     EXPECT_TRUE(IsSelected(3, 6)) << "the button is up";
 }
 
+// By double clicks and drags, where the host wants it; what is shown is what counts.
+TEST_F(TextInputTest, PartsOfALineAreSelectedCopiedAndLookedFor)
+{
+    m_View->Clear();
+    Append({"one two three", "plain", "e\x1b[31mrr\x1b[0mor \xc3\xa4 end"});
+    m_View->SetEscapes(wxTextLineCtrl::Escapes::Coloured);
+    const auto at = [this](int line, int cell)
+    {
+        return m_View->ClientToScreen(
+            wxPoint(m_View->ColumnWidth() * cell + m_View->ColumnWidth(), m_View->MiddleOf(line)));
+    };
+    const auto selects = [this](const String& part)
+    { return WaitFor([&] { return m_View->GetSelectedPart() == part; }); };
+    m_Input.MouseMove(at(0, 5));
+    m_Input.MouseDblClick();
+    PumpEvents();
+    EXPECT_TRUE(selects("")) << "not unless it is wanted";
+    EXPECT_TRUE(IsSelected(0, 0));
+    m_View->SelectWithinLines(true);
+    const auto noThirdClick = [] { WaitFor([] { return false; }, 1200); };
+    noThirdClick();
+    m_Input.MouseDblClick();
+    EXPECT_TRUE(selects("two"));
+    EXPECT_TRUE(IsSelected(-1, -1));
+    noThirdClick();
+    m_Input.MouseMove(at(2, 1));
+    m_Input.MouseClick();
+    EXPECT_TRUE(WaitFor([this] { return IsSelected(2, 2); })) << "a click selects lines";
+    m_Input.MouseDown();
+    EXPECT_TRUE(selects("e\x1b[31mrr\x1b[0mor")) << "what looks like a word";
+    m_Input.MouseMove(at(0, 6));
+    EXPECT_TRUE(selects("e\x1b[31mrr\x1b[0mor \xc3\xa4"));
+    m_Input.MouseUp();
+    EXPECT_TRUE(WaitFor([this] { return !m_View->IsSelecting(); }));
+    EXPECT_TRUE(Type('C', wxMOD_CONTROL,
+                     [this]
+                     { return PastedElsewhere("UTF8_STRING") == m_View->GetSelectedPart(); }));
+    m_View->CopyPlainTextToClipboard();
+    EXPECT_EQ("error \xc3\xa4", PastedElsewhere("UTF8_STRING"));
+
+    wxMouseEvent press(wxEVT_LEFT_DOWN);
+    press.SetAltDown(true);
+    const wxPoint half(m_View->ColumnWidth() / 2, 0);
+    press.SetPosition(m_View->ScreenToClient(at(0, 1) - half));
+    m_View->ProcessWindowEvent(press);
+    m_Input.MouseMove(at(1, 9) - half);
+    EXPECT_TRUE(selects("ne two t")) << "by characters, in its own line";
+    m_View->StopSelecting();
+    const wxImage part = m_View->Picture();
+    const auto    colour = [&](const wxImage& picture, int cell)
+    {
+        const wxPoint place = m_View->ScreenToClient(at(0, cell));
+        return PixelAt(picture, place.x, place.y);
+    };
+    EXPECT_NE(colour(part, 3), colour(part, 20)) << "of blanks";
+    EXPECT_EQ(colour(part, 3), colour(part, 7));
+    EXPECT_TRUE(Type('F', wxMOD_CONTROL, [this] { return Panel().GetText() == "ne two t"; }));
+    m_View->SelectAll();
+    EXPECT_TRUE(selects(""));
+}
+
 TEST_F(TextInputTest, DraggingInAnEmptyViewSelectsNothing)
 {
     m_View->Clear();

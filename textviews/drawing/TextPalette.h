@@ -1,5 +1,7 @@
 #pragma once
 
+#include "textviews/lines/ByteSpan.h"
+
 #include <wx/colour.h>
 
 #include <array>
@@ -9,15 +11,16 @@ namespace textviews
 /// What a line is, for the colour of its band.
 struct LineState
 {
-    bool selected = false;
-    bool hover = false;
-    bool marked = false;     ///< The search last hit it.
-    bool bookmarked = false; ///< Its band has no colour of its own for that.
+    bool     selected = false;
+    bool     hover = false;
+    bool     marked = false;     ///< The search last hit it.
+    bool     bookmarked = false; ///< Its band has no colour of its own for that.
+    ByteSpan span = {};          ///< What of it is selected, where that is not all.
 
     bool operator==(const LineState& other) const
     {
         return selected == other.selected && hover == other.hover && marked == other.marked &&
-               bookmarked == other.bookmarked;
+               bookmarked == other.bookmarked && span == other.span;
     }
 };
 

@@ -8,8 +8,27 @@
 
 namespace textviews
 {
+void TextSelection::BeginSpan(int line, const ByteSpan& what, SpanUnit by)
+{
+    Clear();
+    m_Span.Begin(line, what, by);
+}
+
+void TextSelection::Click(int line, int count)
+{
+    m_Span.Clear();
+    m_Anchor = m_End = line < count ? line : -1;
+}
+
+void TextSelection::Clear()
+{
+    m_Span.Clear();
+    m_Anchor = m_End = -1;
+}
+
 void TextSelection::Drag(int line, int count)
 {
+    m_Span.Clear();
     if (line == -1 && m_Anchor == -1)
     {
         return;
@@ -23,18 +42,21 @@ void TextSelection::Drag(int line, int count)
 
 void TextSelection::SelectAll(int count)
 {
+    m_Span.Clear();
     m_Anchor = count > 0 ? 0 : -1;
     m_End = count - 1;
 }
 
 void TextSelection::LineInserted(int line)
 {
+    m_Span.LineInserted(line);
     m_Anchor = IndexAfterInsert(m_Anchor, line);
     m_End = IndexAfterInsert(m_End, line);
 }
 
 void TextSelection::LineErased(int line)
 {
+    m_Span.LineErased(line);
     if (IsEmpty())
     {
         return;

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "textviews/lines/LineSpan.h"
+
 namespace textviews
 {
 /// The selected lines: all from the smaller to the larger of anchor and end. The anchor is where
-/// the mouse went down, the end follows it.
+/// the mouse went down, the end follows it. Or a part of one line: selecting the one leaves the
+/// other.
 class TextSelection
 {
 public:
@@ -14,13 +17,18 @@ public:
     int  Last() const { return m_Anchor < m_End ? m_End : m_Anchor; }
     bool Contains(int line) const { return line >= 0 && line >= First() && line <= Last(); }
 
+    /// The part of a line; with one no lines are selected.
+    const LineSpan& Span() const { return m_Span; }
+    void            BeginSpan(int line, const ByteSpan& what, SpanUnit by);
+    void            DragSpan(const ByteSpan& what) { m_Span.Drag(what); }
+
     /// Selects that line alone; a line at or beyond `count` selects nothing.
-    void Click(int line, int count) { m_Anchor = m_End = line < count ? line : -1; }
+    void Click(int line, int count);
     /// Selects as far as that line; -1 stands for below the last line, and selects to it. A
     /// selection that has no anchor yet gets it at the first line that it is dragged over.
     void Drag(int line, int count);
     void SelectAll(int count);
-    void Clear() { m_Anchor = m_End = -1; }
+    void Clear();
 
     /// Keep the selection on its lines when others come or go before them.
     /// @{
@@ -29,8 +37,9 @@ public:
     /// @}
 
 private:
-    int m_Anchor = -1;
-    int m_End = -1;
+    int      m_Anchor = -1;
+    int      m_End = -1;
+    LineSpan m_Span;
 };
 
 /// How many lines a key with Shift moves the selection's end down, in a view of `page` whole lines;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "textviews/lines/ByteSpan.h"
 #include "textviews/lines/LineStore.h"
 
 #include <string_view>
@@ -7,18 +8,6 @@
 
 namespace textviews
 {
-/// Bytes of a line, [begin, end).
-struct ByteSpan
-{
-    size_t begin = 0;
-    size_t end = 0;
-
-    bool operator==(const ByteSpan& other) const
-    {
-        return begin == other.begin && end == other.end;
-    }
-};
-
 /// A stretch of a line that is looked through at a time. Which hits a line has does not depend on
 /// where one begins to look: each piece is looked through for itself.
 struct LinePiece

@@ -2,7 +2,7 @@
 
 #include "internal/text/Folding.h"
 #include "textviews/lines/TextCells.h"
-#include "textviews/search/WordEdges.h"
+#include "textviews/lines/WordEdges.h"
 
 #include <glib.h>
 

@@ -116,6 +116,11 @@ RegexMatcher::RegexMatcher(std::unique_ptr<re2::RE2> expression,
 
 RegexMatcher::~RegexMatcher() = default;
 
+String RegexMatcher::Quoted(const String& text)
+{
+    return RE2::QuoteMeta(text);
+}
+
 std::shared_ptr<HitFinder> RegexMatcher::Make(const SearchQuery& query, QueryProblem& problem)
 {
     String     text = query.text;

@@ -21,6 +21,8 @@ class RegexMatcher final : public HitFinder
 public:
     /// Null when the text is no expression, and why.
     static std::shared_ptr<HitFinder> Make(const SearchQuery& query, QueryProblem& problem);
+    /// The expression that finds that text and nothing else.
+    static String Quoted(const String& text);
     ~RegexMatcher() override;
 
     size_t Reach() const override;
