@@ -60,6 +60,18 @@ bool wxDBListBody::DrawAsciiText(wxDC& dc, const String& text, const wxRect& roo
     return m_CellText && m_CellText->DrawsOn(dc) && m_CellText->DrawAscii(text, room);
 }
 
+void wxDBListBody::FillCell(wxDC& dc, const wxRect& rect, const wxColour& colour)
+{
+    if (m_CellText && m_CellText->DrawsOn(dc))
+    {
+        m_CellText->Fill(rect, colour);
+        return;
+    }
+    const wxDCPenChanger   pen(dc, *wxTRANSPARENT_PEN);
+    const wxDCBrushChanger brush(dc, wxBrush(colour));
+    dc.DrawRectangle(rect);
+}
+
 int wxDBListBody::CellTextWidth(wxDC& dc, const wxString& text) const
 {
     return m_CellText && m_CellText->DrawsOn(dc) ? m_CellText->Width(text)

@@ -111,7 +111,9 @@ wxRect wxDBTreeListCtrl::DrawTree(wxDC& dc, int row, const wxRect& rect, bool se
         selected ? internal::MixColours(wxtGetColor(color_WindowBGDarker),
                                         wxtGetColor(color_Selected), internal::k_SelectedRowShare)
                  : GetRowBGColor(row);
-    DrawTreeCell(dc, geometry, state, LookOf(state, wxtGetColor(color_Text), ground),
+    const auto fill = [&](const wxRect& part, const wxColour& colour)
+    { GetBody()->FillCell(dc, part, colour); };
+    DrawTreeCell(dc, fill, geometry, state, LookOf(state, wxtGetColor(color_Text), ground),
                  dc.GetContentScaleFactor());
     return geometry.Text();
 }

@@ -69,6 +69,8 @@ public:
     /// Draws a text within the room of a cell; false when it does not paint on that context now.
     bool DrawCellText(wxDC& dc, const wxString& text, const wxRect& room);
     bool DrawAsciiText(wxDC& dc, const String& text, const wxRect& room); ///< Or false, too.
+    /// Fills a part of a cell. Texts that were drawn before may come on top.
+    void FillCell(wxDC& dc, const wxRect& rect, const wxColour& colour);
 
     int CellTextWidth(wxDC& dc, const wxString& text) const; ///< Pixels.
     /// Pixels of the widest of the cells seen and of a sample of the others, as far as the time

@@ -18,40 +18,29 @@ constexpr double kHaloShare = 0.3;
 constexpr int kLeastSide = 11;
 constexpr int kOverSide = 5; // of a level over the expander's side
 
-/// Fills rectangles; a colour is set only when it is another one.
+/// Fills what of a rectangle lies in the cell.
 class _Brush
 {
 public:
-    explicit _Brush(wxDC& dc) : m_Dc(dc), m_Pen(dc, *wxTRANSPARENT_PEN), m_Before(dc.GetBrush()) {}
-    ~_Brush() { m_Dc.SetBrush(m_Before); }
-    _Brush(const _Brush&) = delete;
-    _Brush& operator=(const _Brush&) = delete;
+    _Brush(const FillRect& fill, const wxRect& cell) : m_Fill(fill), m_Cell(cell) {}
 
-    void Fill(const wxRect& rect, const wxColour& colour)
+    void Fill(const wxRect& rect, const wxColour& colour) const
     {
-        if (!colour.IsOk() || rect.IsEmpty())
+        const wxRect seen = wxRect(rect).Intersect(m_Cell);
+        if (colour.IsOk() && !seen.IsEmpty())
         {
-            return;
+            m_Fill(seen, colour);
         }
-        if (colour != m_Colour)
-        {
-            m_Colour = colour;
-            m_Dc.SetBrush(wxBrush(colour));
-        }
-        m_Dc.DrawRectangle(rect);
     }
-    wxDC& Dc() const { return m_Dc; }
 
 private:
-    wxDC&          m_Dc;
-    wxDCPenChanger m_Pen;
-    wxBrush        m_Before;
-    wxColour       m_Colour;
+    const FillRect& m_Fill;
+    const wxRect    m_Cell;
 };
 
 // The lines that lead to the node and past it, as far as they are seen. They leave room for the
 // expander.
-void DrawLines(_Brush& brush, const TreeCellGeometry& geometry, const TreeCellState& state,
+void DrawLines(const _Brush& brush, const TreeCellGeometry& geometry, const TreeCellState& state,
                const wxColour& colour)
 {
     const wxRect& cell = geometry.cell;
@@ -83,14 +72,11 @@ void DrawLines(_Brush& brush, const TreeCellGeometry& geometry, const TreeCellSt
     }
 }
 
-// Line by line: the edges of a polygon would be smoothed on one port and not on the other.
-void DrawArrow(_Brush& brush, const wxRect& box, bool down, const wxColour& colour, double scale)
+// Line by line: the edges of a polygon would be smoothed on one port and not on the other. `pixels`
+// of the drawing are one of the box.
+void DrawArrow(const FillRect& fill, const wxRect& box, bool down, const wxColour& colour,
+               int pixels)
 {
-    const int pixels = std::max(1, static_cast<int>(std::lround(scale)));
-    wxDC&     dc = brush.Dc();
-    double    before[2];
-    dc.GetUserScale(&before[0], &before[1]);
-    dc.SetUserScale(before[0] / pixels, before[1] / pixels);
     const int length = box.height / 2 * pixels; // from its base to its point
     const int x = (box.x + box.width / 2) * pixels + pixels / 2;
     const int y = (box.y + box.height / 2) * pixels + pixels / 2;
@@ -98,10 +84,23 @@ void DrawArrow(_Brush& brush, const wxRect& box, bool down, const wxColour& colo
     {
         const int half = length - 1 - i;
         const int at = i - length / 2;
-        brush.Fill(down ? wxRect(x - half, y + at, 2 * half + 1, 1)
-                        : wxRect(x + at, y - half, 1, 2 * half + 1),
-                   colour);
+        fill(down ? wxRect(x - half, y + at, 2 * half + 1, 1)
+                  : wxRect(x + at, y - half, 1, 2 * half + 1),
+             colour);
     }
+}
+
+void DrawFineArrow(wxDC& dc, const wxRect& cell, const wxRect& box, bool down,
+                   const wxColour& colour, int pixels)
+{
+    const wxDCClipper      clip(dc, cell);
+    const wxDCPenChanger   pen(dc, *wxTRANSPARENT_PEN);
+    const wxDCBrushChanger brush(dc, wxBrush(colour));
+    double                 before[2];
+    dc.GetUserScale(&before[0], &before[1]);
+    dc.SetUserScale(before[0] / pixels, before[1] / pixels);
+    DrawArrow([&dc](const wxRect& rect, const wxColour&) { dc.DrawRectangle(rect); }, box, down,
+              colour, pixels);
     dc.SetUserScale(before[0], before[1]);
 }
 } // namespace
@@ -146,16 +145,24 @@ TreeCellLook LookOf(const TreeCellState& state, const wxColour& text, const wxCo
     return look;
 }
 
-void DrawTreeCell(wxDC& dc, const TreeCellGeometry& geometry, const TreeCellState& state,
-                  const TreeCellLook& look, double scale)
+void DrawTreeCell(wxDC& dc, const FillRect& fill, const TreeCellGeometry& geometry,
+                  const TreeCellState& state, const TreeCellLook& look, double scale)
 {
-    const wxDCClipper clip(dc, geometry.cell);
-    _Brush            brush(dc);
+    const _Brush brush(fill, geometry.cell);
     DrawLines(brush, geometry, state, look.line);
-    if (state.hasExpander)
+    if (!state.hasExpander)
     {
-        brush.Fill(geometry.Expander(), look.halo);
-        DrawArrow(brush, geometry.Expander(), state.isOpen, look.arrow, scale);
+        return;
     }
+    const wxRect box = geometry.Expander();
+    brush.Fill(box, look.halo);
+    const int pixels = std::max(1, static_cast<int>(std::lround(scale)));
+    if (pixels > 1 && look.arrow.IsOk())
+    {
+        DrawFineArrow(dc, geometry.cell, box, state.isOpen, look.arrow, pixels);
+        return;
+    }
+    DrawArrow([&brush](const wxRect& rect, const wxColour& colour) { brush.Fill(rect, colour); },
+              box, state.isOpen, look.arrow, 1);
 }
 } // namespace listviews

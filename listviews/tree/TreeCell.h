@@ -3,6 +3,7 @@
 #include <wx/colour.h>
 #include <wx/gdicmn.h>
 
+#include <functional>
 #include <vector>
 
 class wxDC;
@@ -47,7 +48,11 @@ struct TreeCellLook
 /// `text`: the scheme's; `ground`: what it is drawn on.
 TreeCellLook LookOf(const TreeCellState& state, const wxColour& text, const wxColour& ground);
 
-/// Draws lines and expander. `scale`: pixels of the device in one of the context.
-void DrawTreeCell(wxDC& dc, const TreeCellGeometry& geometry, const TreeCellState& state,
-                  const TreeCellLook& look, double scale);
+/// Fills a rectangle of the context.
+using FillRect = std::function<void(const wxRect&, const wxColour&)>;
+
+/// Draws lines and expander by `fill`, but for what is finer than a pixel of the context. `scale`:
+/// pixels of the device in one of those.
+void DrawTreeCell(wxDC& dc, const FillRect& fill, const TreeCellGeometry& geometry,
+                  const TreeCellState& state, const TreeCellLook& look, double scale);
 } // namespace listviews
