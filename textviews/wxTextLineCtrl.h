@@ -135,7 +135,7 @@ public:
     /// Goes to the end and stays there, or stays here until the view is scrolled to its end.
     void SetFollowing(bool follow);
     bool IsFollowing() const; ///< The next line will be followed.
-    /// A small button in the corner that shows the state and switches it.
+    /// A small button in the corner, and one in the search bar, that show the state and switch it.
     void ShowFollowButton(bool show);
     /// @}
 

@@ -14,6 +14,7 @@
 namespace textviews
 {
 class BackgroundSearch;
+class FollowButton;
 class SearchField;
 class SearchHistory;
 struct SearchPlace;
@@ -24,7 +25,8 @@ class wxTextLineCtrl;
 
 /// The search bar of a text view: a field, previous and next, what a hit is ("Match Case", "Whole
 /// Words", "Regular Expression"), whether all hits are marked and whether one looks while typing,
-/// the number of the hit that is shown and of all, notices, and a button that closes it. Enter
+/// the number of the hit that is shown and of all, notices, a button that closes it, and in the bar
+/// of a view with a button to follow its end another one for that. Enter
 /// looks for the next hit, Shift+Enter for the previous one, Up and Down bring back what was looked
 /// for, Esc stops a search and closes. A search through many lines runs in slices while the window
 /// stays alive, and its button stops it. Where all that does not fit into one row there are more,
@@ -74,6 +76,12 @@ public:
     void SetAsYouType(bool asYouType);
     /// @}
 
+    /// @name Called by the view
+    /// @{
+    void ShowFollowButton(bool show); ///< Whether the bar has one.
+    void ShowFollowing(bool following);
+    /// @}
+
     int      GetHits() const;    ///< All, as far as they are counted.
     int      GetCurrent() const; ///< The number of the one that is shown; 0 when it is not known.
     bool     IsCounting() const; ///< Lines are left to be counted.
@@ -85,6 +93,7 @@ public:
 private:
     void             MakeControls();
     void             LayOutControls();
+    void             FitParts();
     std::vector<int> WidthsOfParts() const;
     bool             ArrangeRows(int width);
     void             PutIntoRows(const std::vector<int>& rows);
@@ -125,6 +134,7 @@ private:
     textviews::SearchField*                      m_Field = nullptr;
     wxtButton*                                   m_Previous = nullptr;
     wxtButton*                                   m_Next = nullptr;
+    textviews::FollowButton*                     m_Follow = nullptr;
     wxtButton*                                   m_Stop = nullptr;
     wxtCheckBox*                                 m_MatchCase = nullptr;
     wxtCheckBox*                                 m_WholeWords = nullptr;
