@@ -186,8 +186,7 @@ void wxTextLineCtrl::DrawHit(const textviews::TextGeometry& geometry,
 std::vector<wxRect> wxTextLineCtrl::HitRows(const textviews::TextGeometry& geometry) const
 {
     std::vector<wxRect> rows;
-    for (const textviews::ShownCells& cells : m_Shown->CellsOfHit(
-             m_MarkedLine, m_Lines->Line(m_MarkedLine), m_MatchColumn, m_MatchLength))
+    for (const textviews::ShownCells& cells : CellsOfHit())
     {
         const int left = geometry.XOf(cells.first);
         wxRect    box(left, geometry.TopOf(m_MarkedLine), geometry.XOf(cells.end) - left,

@@ -188,7 +188,7 @@ void wxTextLineSearchPanel::Find(bool forward)
     m_FirstScroll = -1; // from now on the place is that of the hit
     m_FindsTyped = false;
     RememberText();
-    Begin(forward, m_View->SearchStart(forward));
+    Begin(forward, m_View->SearchStart(forward, m_Search->LooksAtShown()));
 }
 
 // What is typed shows its first hit from where the view stood before it was typed. Whoever scrolls
@@ -287,7 +287,7 @@ void wxTextLineSearchPanel::OnIdle(wxIdleEvent& event)
     }
     else if (m_Search->HasCount())
     {
-        m_Search->SetCurrent(m_View->ShownHit());
+        m_Search->SetCurrent(m_View->ShownHit(m_Search->LooksAtShown()));
         if (m_Search->HasWork())
         {
             m_Search->Work();
@@ -307,6 +307,16 @@ void wxTextLineSearchPanel::StartCounting()
         wxWakeUpIdle();
     }
     ShowHits();
+}
+
+void wxTextLineSearchPanel::LookAtShown(bool shown)
+{
+    CALL_ENTRY("wxTextLineSearchPanel::LookAtShown");
+    StopSearch();
+    m_Search->LookAtShown(shown);
+    KeepWatch();
+    ShowHits();
+    wxWakeUpIdle();
 }
 
 // Only while the bar shows what they are of.

@@ -80,6 +80,8 @@ public:
     /// @{
     void ShowFollowButton(bool show); ///< Whether the bar has one.
     void ShowFollowing(bool following);
+    /// Whether hits are those in what is shown of the lines, or in their bytes.
+    void LookAtShown(bool shown);
     /// @}
 
     int      GetHits() const;    ///< All, as far as they are counted.

@@ -118,6 +118,50 @@ TEST_F(SearchPanelTest, GoesFromHitToHitAndTellsTheirNumbers)
     ExpectHits(4);
 }
 
+TEST_F(SearchPanelTest, FindsWhatIsShown)
+{
+    Append({"an er\x1b[31mror", "Loading\rDone\x1b[K", "\x1b[1merr\x1b[0mor error", "plain error"});
+    Panel().SetText("error");
+    Panel().SetMarkAll(true);
+    ExpectHits(2);
+    m_View->SetEscapes(wxTextLineCtrl::Escapes::Coloured);
+    ExpectHits(4);
+    ExpectHit(true, 0, 3, 1);
+    ExpectHit(true, 2, 0, 2);
+    ExpectHit(true, 2, 6, 3);
+    ExpectHit(false, 2, 0, 2);
+    EXPECT_EQ(m_View->GetMatchLength(), 5);
+    // The picture shows the hit as it does where nothing is hidden.
+    auto* const plain = new TestView(Frame());
+    plain->SetSize(m_View->GetSize());
+    for (const char* const line : {"an error", "Done", "error error", "plain error"})
+    {
+        plain->Append(line, false);
+    }
+    m_View->SetEscapes(wxTextLineCtrl::Escapes::Plain);
+    plain->GetSearchPanel()->Show();
+    plain->GetSearchPanel()->SetText("error");
+    plain->GetSearchPanel()->SetMarkAll(true);
+    plain->GetSearchPanel()->Find(true);
+    plain->GetSearchPanel()->Find(true);
+    EXPECT_TRUE(SamePixels(plain->Picture(), m_View->Picture()));
+    Panel().SetText("Doneing");
+    ExpectHits(0);
+    // A hit keeps its characters when they are shown another way.
+    Panel().SetText("error");
+    ExpectHit(true, 2, 6, 3);
+    m_View->SetEscapes(wxTextLineCtrl::Escapes::Raw);
+    EXPECT_EQ(m_View->GetMatchColumn(), 14);
+    ExpectHit(true, 3, 6, 2);
+    ASSERT_TRUE(m_View->Search("[31m", true, true)) << "by bytes";
+    m_View->SetEscapes(wxTextLineCtrl::Escapes::Coloured);
+    EXPECT_EQ(m_View->GetMatchColumn(), 6);
+    ExpectHit(true, 2, 0, 2);
+    ASSERT_TRUE(m_View->Search("or err", false, true));
+    EXPECT_TRUE(WaitFor([this] { return Panel().GetCurrent() == 0; }));
+    ExpectHit(true, 3, 6, 4);
+}
+
 TEST_F(SearchPanelTest, TellsWhatIsWrongWithAnExpression)
 {
     Append({"a(b", "c"});
