@@ -42,6 +42,8 @@ void wxTextLineSearchPanel::MakeControls()
     m_Expression = new wxtCheckBox(this, wxID_ANY, _("Regular Expression"));
     m_MarkAll = new wxtCheckBox(this, wxID_ANY, _("Mark All"));
     m_AsYouType = new wxtCheckBox(this, wxID_ANY, _("As You Type"));
+    m_OnlyMatching = new wxtCheckBox(this, wxID_ANY, _("Only Matching Lines"));
+    m_OnlyMatching->Hide();
     m_Stop = new wxtButton(this, wxID_ANY, _("Stop"));
     m_HitCount = new wxtStaticText(this, wxID_ANY, wxEmptyString);
     m_Message = new wxtStaticText(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
@@ -103,6 +105,18 @@ void wxTextLineSearchPanel::ShowFollowing(bool following)
     m_Follow->ShowState(following);
 }
 
+// Those that are there.
+std::vector<wxtCheckBox*> wxTextLineSearchPanel::Choices() const
+{
+    std::vector<wxtCheckBox*> choices{m_MatchCase, m_WholeWords, m_Expression, m_MarkAll,
+                                      m_AsYouType};
+    if (OffersOnlyMatching())
+    {
+        choices.push_back(m_OnlyMatching);
+    }
+    return choices;
+}
+
 // With room for everything that may ever be shown, so that rows do not come and go with it.
 std::vector<int> wxTextLineSearchPanel::WidthsOfParts() const
 {
@@ -112,8 +126,7 @@ std::vector<int> wxTextLineSearchPanel::WidthsOfParts() const
     const int        follow = m_Follow->IsShown() ? widthOf(m_Follow) + kGap : 0;
     std::vector<int> widths{kFieldWidth + widthOf(m_Close) + widthOf(m_Previous) + widthOf(m_Next) +
                             follow + 3 * kGap};
-    for (const wxWindow* const choice :
-         {m_MatchCase, m_WholeWords, m_Expression, m_MarkAll, m_AsYouType})
+    for (const wxtCheckBox* const choice : Choices())
     {
         widths.push_back(widthOf(choice));
     }
@@ -151,8 +164,7 @@ void wxTextLineSearchPanel::PutIntoRows(const std::vector<int>& rows)
     }
     m_Rows->Clear();
     m_RowOfPart = rows;
-    const std::vector<wxtCheckBox*> choices{m_MatchCase, m_WholeWords, m_Expression, m_MarkAll,
-                                            m_AsYouType};
+    const std::vector<wxtCheckBox*> choices = Choices();
     std::vector<wxBoxSizer*>        sizers;
     const auto                      rowOf = [&](size_t part)
     {

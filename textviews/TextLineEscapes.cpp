@@ -25,5 +25,6 @@ void wxTextLineCtrl::SetEscapes(Escapes escapes)
     }
     MeasureAll();
     AdjustScrollbars();
+    TellLook();
     Redraw();
 }

@@ -21,6 +21,7 @@ constexpr size_t kLongestPart = 1000; // bytes
 void wxTextLineCtrl::MakeSearchPanel()
 {
     m_SearchPanel = new wxTextLineSearchPanel(this, GetParent());
+    m_OwnsSearchPanel = true;
 }
 
 wxTextLineSearchPanel* wxTextLineCtrl::GetSearchPanel() const
@@ -51,6 +52,15 @@ void wxTextLineCtrl::LookForPart(wxTextLineSearchPanel& panel) const
     {
         panel.SetText(
             wxtToWx(panel.GetExpression() ? textviews::RegexMatcher::Quoted(part) : part));
+    }
+}
+
+void wxTextLineCtrl::ToggleOnlyMatching()
+{
+    wxTextLineSearchPanel* const panel = GetSearchPanel();
+    if (panel)
+    {
+        panel->ToggleOnlyMatching();
     }
 }
 

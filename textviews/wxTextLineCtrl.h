@@ -25,6 +25,7 @@ class HitFinder;
 class LineStore;
 class LinePainter;
 class LineWatcher;
+class MatchesView;
 class ShownLines;
 class StyleColours;
 class TextPalette;
@@ -87,6 +88,10 @@ public:
         Plain,   ///< They do what they would do in a terminal, but for colours and the like.
         Coloured ///< They do what they would do in a terminal.
     };
+    /// Whether only matching lines are shown below, where a host has a place for them; see
+    /// `wxTextLinePanes`.
+    static constexpr int id_OnlyMatching = 7341;
+
     /// Command ids of what a host may offer; see `OfferReadingCommands`.
     enum ReadingId
     {
@@ -299,6 +304,18 @@ protected:
     virtual void TellSaveProblem(const wxString& reason);
 
 private:
+    friend class textviews::MatchesView;
+
+    /// For a view of other lines, without a search bar of its own.
+    wxTextLineCtrl(wxWindow* parent, std::unique_ptr<textviews::LineStore> lines);
+
+    /// What another view's lines are there.
+    /// @{
+    virtual int64_t NumberOf(int line) const; ///< As it is shown left of the line.
+    virtual bool    IsMarked(int line) const; ///< By a bookmark.
+    virtual bool    IsQuiet(int) const { return false; }
+    /// @}
+
     textviews::TextGeometry Geometry() const;
     textviews::TextPalette  Palette() const;
     textviews::LineState    StateOf(int line) const;
@@ -365,6 +382,8 @@ private:
     void                               LookForPart(wxTextLineSearchPanel& panel) const;
     void                               FindAgain(bool forward);
     void                               StopSearch();
+    void                               ToggleOnlyMatching();
+    void                               TellLook();
 
     const textviews::_FontExtents*           m_Font; ///< Never null.
     std::unique_ptr<textviews::LineStore>    m_Lines;
@@ -397,6 +416,7 @@ private:
     int                 m_HoverLine = -1;
     int                 m_MenuLine = -1;             ///< The menu that is open was asked for there.
     wxWeakRef<wxWindow> m_SearchPanel;               ///< Child of the parent.
+    bool                m_OwnsSearchPanel = false;   ///< It goes with the view.
     std::vector<textviews::LineWatcher*> m_Watchers; ///< Not owned.
     wxWeakRef<wxWindow>                  m_FollowButton; ///< A child; none unless it is shown.
 

@@ -3,6 +3,7 @@
 #include "appearance/wxTolvanString.h"
 #include "internal/input/PadKey.h"
 #include "textviews/search/BackgroundSearch.h"
+#include "textviews/search/SearchCompanion.h"
 #include "textviews/search/SearchField.h"
 #include "textviews/search/SearchHistory.h"
 #include "textviews/wxTextLineCtrl.h"
@@ -76,6 +77,7 @@ void wxTextLineSearchPanel::BindEvents()
                           Remember();
                           OnTextChanged(event);
                       });
+    m_OnlyMatching->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { OnOnlyMatching(); });
     m_TypingTimer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { FindTyped(); });
     Bind(wxEVT_CHAR_HOOK, &wxTextLineSearchPanel::OnKey, this);
     Bind(wxEVT_SIZE, &wxTextLineSearchPanel::OnSize, this);
@@ -140,6 +142,10 @@ void wxTextLineSearchPanel::OnKey(wxKeyEvent& event)
     {
         StopSearch();
     }
+    else if (key == 'F' && event.ControlDown() && event.ShiftDown() && OffersOnlyMatching())
+    {
+        ToggleOnlyMatching();
+    }
     else if (key == WXK_ESCAPE || (key == 'F' && event.ControlDown()))
     {
         Expand();
@@ -174,6 +180,7 @@ void wxTextLineSearchPanel::LookAnew()
     StartCounting();
     ShowProblem();
     MarkHits();
+    TellCompanion();
 }
 
 // The next hit from the one that is shown.
@@ -275,6 +282,15 @@ void wxTextLineSearchPanel::OnIdle(wxIdleEvent& event)
     {
         return;
     }
+    // One slice at a time, the one's or the other's.
+    m_IsCompanionsTurn =
+        m_Companion && m_Companion->HasWork() && !(m_IsCompanionsTurn && HasOwnWork());
+    if (m_IsCompanionsTurn)
+    {
+        m_Companion->Work();
+        event.RequestMore();
+        return;
+    }
     if (IsSearching())
     {
         m_Search->Work();
@@ -297,6 +313,11 @@ void wxTextLineSearchPanel::OnIdle(wxIdleEvent& event)
     }
 }
 
+bool wxTextLineSearchPanel::HasOwnWork() const
+{
+    return m_Search->HasWork();
+}
+
 void wxTextLineSearchPanel::StartCounting()
 {
     m_Search->SetQuery(Query());
@@ -312,10 +333,15 @@ void wxTextLineSearchPanel::StartCounting()
 void wxTextLineSearchPanel::LookAtShown(bool shown)
 {
     CALL_ENTRY("wxTextLineSearchPanel::LookAtShown");
+    if (shown == m_Search->LooksAtShown())
+    {
+        return;
+    }
     StopSearch();
     m_Search->LookAtShown(shown);
     KeepWatch();
     ShowHits();
+    TellCompanion();
     wxWakeUpIdle();
 }
 

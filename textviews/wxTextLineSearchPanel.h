@@ -8,6 +8,7 @@
 #include <wx/weakref.h>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -15,6 +16,7 @@ namespace textviews
 {
 class BackgroundSearch;
 class FollowButton;
+class SearchCompanion;
 class SearchField;
 class SearchHistory;
 struct SearchPlace;
@@ -76,6 +78,18 @@ public:
     void SetAsYouType(bool asYouType);
     /// @}
 
+    /// @name Only matching lines
+    /// For a host that has a place for them, as `wxTextLinePanes`: the bar offers the choice, and
+    /// whoever shows the lines goes along with it; both null for none.
+    /// @{
+    void OfferOnlyMatching(std::function<void(bool)> onChoice);
+    bool OffersOnlyMatching() const { return m_OnOnlyMatching != nullptr; }
+    bool GetOnlyMatching() const;
+    void SetOnlyMatching(bool on);
+    void ToggleOnlyMatching(); ///< As if the user had: it is remembered.
+    void Accompany(textviews::SearchCompanion* companion);
+    /// @}
+
     /// @name Called by the view
     /// @{
     void ShowFollowButton(bool show); ///< Whether the bar has one.
@@ -93,17 +107,18 @@ public:
     bool InformFirstDirection(int direction, int size, int availableOtherDir) override;
 
 private:
-    void             MakeControls();
-    void             LayOutControls();
-    void             FitParts();
-    std::vector<int> WidthsOfParts() const;
-    bool             ArrangeRows(int width);
-    void             PutIntoRows(const std::vector<int>& rows);
-    void             BindEvents();
-    void             OnKey(wxKeyEvent& event);
-    void             OnSize(wxSizeEvent& event);
-    void             OnIdle(wxIdleEvent& event);
-    void             OnTextChanged(wxCommandEvent& event);
+    void                      MakeControls();
+    void                      LayOutControls();
+    void                      FitParts();
+    std::vector<wxtCheckBox*> Choices() const;
+    std::vector<int>          WidthsOfParts() const;
+    bool                      ArrangeRows(int width);
+    void                      PutIntoRows(const std::vector<int>& rows);
+    void                      BindEvents();
+    void                      OnKey(wxKeyEvent& event);
+    void                      OnSize(wxSizeEvent& event);
+    void                      OnIdle(wxIdleEvent& event);
+    void                      OnTextChanged(wxCommandEvent& event);
 
     textviews::SearchQuery Query() const;
     void                   Choose(wxtCheckBox* choice, bool on);
@@ -118,6 +133,10 @@ private:
     void                   ShowOutcome();
     void                   StartCounting();
     void                   MarkHits();
+
+    bool HasOwnWork() const;
+    void TellCompanion();
+    void OnOnlyMatching();
 
     void     Recall();
     void     Remember();
@@ -143,6 +162,10 @@ private:
     wxtCheckBox*                                 m_Expression = nullptr;
     wxtCheckBox*                                 m_MarkAll = nullptr;
     wxtCheckBox*                                 m_AsYouType = nullptr;
+    wxtCheckBox*                                 m_OnlyMatching = nullptr;
+    std::function<void(bool)>                    m_OnOnlyMatching; ///< None: it is not offered.
+    textviews::SearchCompanion*                  m_Companion = nullptr;
+    bool                                         m_IsCompanionsTurn = false;
     wxtStaticText*                               m_HitCount = nullptr;
     wxtStaticText*                               m_Message = nullptr;
     wxtBitmapButton*                             m_Close = nullptr;

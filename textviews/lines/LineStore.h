@@ -56,27 +56,29 @@ public:
     /// `late` is called, on a thread of the store's own, when lines can be had that `Line` did
     /// not have. `most` is for tests: no more lines can be counted.
     explicit LineStore(std::function<void()> late = {}, int most = INT_MAX - 1);
+    LineStore(LineStore&&) = default;
+    virtual ~LineStore() = default;
 
-    int      Count() const { return m_Count; }
+    virtual int Count() const { return m_Count; }
     uint64_t Bytes() const { return m_Bytes; } ///< Of all lines.
     bool     IsFull() const { return m_Count >= m_Most; }
 
     /// The line, for somebody who looks at a window: one whose disk does not answer at once is told
     /// to be on its way. An empty view when there is no line of that index.
-    std::string_view Line(int index) const;
+    virtual std::string_view Line(int index) const;
     /// The same for others: it waits for the disk.
-    std::string_view LineNow(int index) const;
+    virtual std::string_view LineNow(int index) const;
     /// The lines that lie together with that one; it must exist.
-    Block BlockOf(int index) const;
+    virtual Block BlockOf(int index) const;
     /// Notes that of the lines that lie together with that one.
     void Note(int index, Finding finding) const;
     /// Another number after every change of the lines.
     uint64_t Changes() const { return m_Changes; }
     /// That line, or the first one after it whose bytes are in memory; `Count()` when there is
     /// none.
-    int NextInMemory(int index) const;
+    virtual int NextInMemory(int index) const;
     /// Bytes of those lines, more or less: no line is read.
-    uint64_t RoughBytes(int first, int last) const;
+    virtual uint64_t RoughBytes(int first, int last) const;
 
     void Append(std::string_view line); ///< Nothing when the store is full.
     /// Adds lines that stay where they are. Gives how many: fewer when the store is full then.
