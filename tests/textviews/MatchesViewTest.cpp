@@ -127,6 +127,32 @@ TEST_F(MatchesViewTest, AClickAndEnterGoToTheLine)
     EXPECT_EQ(Matches().GetScrollPos(wxVERTICAL), position + m_View->LineHeight());
 }
 
+// Lines are found from the top on: what was seen and selected comes later.
+TEST_F(MatchesViewTest, AnotherSearchKeepsThePlace)
+{
+    for (int i = 300; i < 200'000; ++i)
+    {
+        m_View->Append(SFormat("line %d of very many ", i) + String(100, '.'), false);
+    }
+    LookFor("9 of");
+    const int rows = Matches().GetLineCount();
+    ASSERT_GT(rows, 10'000);
+    Matches().GoToLine(rows - 500);
+    const String line = Matches().GetLine(rows - 500);
+    const auto   top = [this]
+    { return Matches().GetLine(Matches().GetScrollPos(wxVERTICAL) / m_View->LineHeight()); };
+    const String seen = top();
+    m_Panes->SetLinesAround(0, 3);
+    Settle();
+    EXPECT_GT(Matches().GetLineCount(), 2 * rows);
+    EXPECT_EQ(Matches().GetLine(Matches().GetSelectionEnd()), line);
+    EXPECT_EQ(top(), seen);
+    Panel().SetText("no such line");
+    Settle();
+    EXPECT_EQ(Matches().GetLineCount(), 0);
+    EXPECT_EQ(Matches().GetSelectionEnd(), -1);
+}
+
 TEST_F(MatchesViewTest, TheChoicesAreRememberedAndThePaneKeepsItsHeight)
 {
     Focus(m_View);

@@ -131,10 +131,16 @@ void MatchesView::Keep()
     const int  rows = GetLineCount();
     const auto lineOf = [&](int row) { return row < 0 || row >= rows ? -1 : WholeLine(row); };
     const int  position = GetScrollPos(wxVERTICAL);
-    m_Kept.anchor = lineOf(GetSelectionAnchor());
-    m_Kept.end = lineOf(GetSelectionEnd());
-    m_Kept.top = lineOf(position / m_LineHeight);
-    m_Kept.below = position % m_LineHeight;
+    if (!m_Kept.isSelectionAway || !m_Selection->IsEmpty())
+    {
+        m_Kept.anchor = lineOf(GetSelectionAnchor());
+        m_Kept.end = lineOf(GetSelectionEnd());
+    }
+    if (!m_Kept.isTopAway || position != m_Kept.position)
+    {
+        m_Kept.top = lineOf(position / m_LineHeight);
+        m_Kept.below = position % m_LineHeight;
+    }
     m_Kept.follows = rows == 0 ? m_Whole->IsFollowing() : IsFollowing();
     wxWakeUpIdle();
 }
@@ -154,7 +160,9 @@ void MatchesView::ShowRows()
         return;
     }
     m_HasKept = false;
-    const int rows = GetLineCount();
+    const int  rows = GetLineCount();
+    const bool mayCome = HasWork();
+    m_Kept.isSelectionAway = mayCome && m_Kept.anchor >= 0 && RowOf(m_Kept.anchor) < 0;
     m_Selection->Clear();
     if (RowOf(m_Kept.anchor) >= 0)
     {
@@ -173,7 +181,9 @@ void MatchesView::ShowRows()
     FitContentWidth();
     AdjustScrollbars();
     const int top = m_Kept.top < 0 ? 0 : Picked().Search().Found().RowOf(m_Kept.top);
+    m_Kept.isTopAway = mayCome && m_Kept.top >= 0 && top >= rows;
     ScrollTo(wxVERTICAL, static_cast<long long>(top) * m_LineHeight + m_Kept.below);
+    m_Kept.position = GetScrollPos(wxVERTICAL);
     if (m_Kept.follows)
     {
         ScrollToBottom();
@@ -204,7 +214,9 @@ void MatchesView::LineErased(int line)
 void MatchesView::LinesCleared()
 {
     Keep();
-    m_Kept = {-1, -1, -1, 0, m_Kept.follows};
+    const bool follows = m_Kept.follows;
+    m_Kept = {};
+    m_Kept.follows = follows;
     Picked().Search().LinesCleared();
 }
 

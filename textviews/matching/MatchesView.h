@@ -43,6 +43,10 @@ private:
         int  top = -1;
         int  below = 0; ///< Pixels of that line that are scrolled away.
         bool follows = false;
+        /// Those lines are not found yet, and were not when the view was last scrolled there.
+        bool isSelectionAway = false;
+        bool isTopAway = false;
+        int  position = 0;
     };
 
     PickedLines&       Picked() { return static_cast<PickedLines&>(*m_Lines); }
