@@ -47,7 +47,8 @@ void wxTextLineCtrl::ToggleSearch()
 void wxTextLineCtrl::LookForPart(wxTextLineSearchPanel& panel) const
 {
     const String selected = GetSelectedPart();
-    const String part = m_Escapes == Escapes::Raw ? selected : m_Shown->PlainTextOf(selected);
+    const String part =
+        m_Escapes == Escapes::Raw ? selected : String(m_Shown->PlainTextOf(selected));
     if (!part.empty() && part.size() <= kLongestPart)
     {
         panel.SetText(
