@@ -3,6 +3,7 @@
 #include "listviews/wxDoubleBufferedWindow.h"
 #include "textviews/wxTextFinder.h"
 #include "textviews/wxTextLineCtrl.h"
+#include "textviews/wxTextLinePanes.h"
 #include "textviews/wxTextLineSearchPanel.h"
 
 #include <algorithm>
@@ -315,6 +316,87 @@ BENCHMARK(FindToTheLastLine)
     ->ArgsProduct({{kMillion}, {0, 1, 2, 3, 4}})
     ->UseRealTime()
     ->Unit(benchmark::kMillisecond);
+
+// The same where escape sequences are followed, in lines without any and in coloured ones. The
+// count, which comes before, is the first to read them so.
+void FindWhatIsShown(benchmark::State& state)
+{
+    const Stage  stage;
+    const ToLine line = Prepare(*stage.operator->(), state.range(1));
+    for (int i = 1; i < state.range(0); ++i)
+    {
+        stage->Append(line(i), false);
+    }
+    stage->Append("the Nee\x1b[1mdle in the last line", false);
+    wxTextLineSearchPanel* const bar = stage->GetSearchPanel();
+    bar->SetMatchCase(true);
+    const auto start = Clock::now();
+    bar->SetText("Needle in");
+    PumpUntil([&] { return !bar->IsCounting(); });
+    state.counters["count_ms"] = Seconds(Clock::now() - start) * 1e3;
+    for (auto _ : state)
+    {
+        bar->Find(true);
+        PumpUntil([&] { return !bar->IsSearching(); });
+        if (bar->GetHits() != 1 || stage->GetMarkedLine() != stage->GetLineCount() - 1)
+        {
+            state.SkipWithError("not found");
+        }
+    }
+}
+BENCHMARK(FindWhatIsShown)
+    ->Args({kMillion, kNotFound})
+    ->Args({kMillion, kWithColours})
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
+
+// Only the lines that match, in the pane below, until all are there: one in ten thousand, and all.
+void ShowOnlyMatching(benchmark::State& state)
+{
+    wxTextLinePanes* panes = nullptr;
+    View*            view = nullptr;
+    wxFrame* const   frame = OpenFrame(
+        [&](wxFrame* parent)
+        {
+            panes = new wxTextLinePanes(parent);
+            view = new View(panes->GetViewParent());
+            panes->ShowView(view);
+            return panes;
+        });
+    for (int i = 0; i < state.range(0); ++i)
+    {
+        view->Append(i % 10000 == 0 ? "a Needle" : WorkloadLine(i), false);
+    }
+    panes->SetOnlyMatching(true);
+    panes->SetLinesAround(static_cast<int>(state.range(2)), static_cast<int>(state.range(2)));
+    wxTextLineSearchPanel* const bar = view->GetSearchPanel();
+    bar->SetExpression(state.range(1) != 0);
+    for (auto _ : state)
+    {
+        bar->SetText("");
+        PumpEvents();
+        const size_t     before = ResidentBytes();
+        const SlicedWork work =
+            MeasureSlices([&] { bar->SetText(state.range(1) != 0 ? "." : "Needle"); },
+                          [&] { return !panes->IsMatchingComplete(); });
+        Report(state, work);
+        const int rows = panes->GetMatches()->GetLineCount();
+        state.counters["rows"] = rows;
+        state.counters["bytes_per_line"] =
+            (static_cast<double>(ResidentBytes()) - static_cast<double>(before)) /
+            static_cast<double>(state.range(0));
+        if (rows < state.range(0) / 10000)
+        {
+            state.SkipWithError("lines are missing");
+        }
+    }
+    CloseFrame(frame);
+}
+BENCHMARK(ShowOnlyMatching)
+    ->Args({10 * kMillion, 0, 0})
+    ->Args({10 * kMillion, 0, 5})
+    ->Args({10 * kMillion, 1, 0})
+    ->Apply(Once);
 
 // Lines that come in no order, with a repaint every so many.
 void AppendSorted(benchmark::State& state)

@@ -1,7 +1,10 @@
+#include "textviews/follow/FollowButton.h"
 #include "textviews/search/BarRows.h"
 #include "textviews/search/SearchField.h"
 #include "textviews/search/searchCancel.xpm"
+#include "textviews/wxTextLineCtrl.h"
 #include "textviews/wxTextLineSearchPanel.h"
+#include "vesta/CallEntry.h"
 
 #include <wx/dcclient.h>
 #include <wx/sizer.h>
@@ -25,11 +28,22 @@ void wxTextLineSearchPanel::MakeControls()
     m_Field = new textviews::SearchField(this, kFieldWidth);
     m_Previous = new wxtButton(this, wxID_ANY, _("Previous"));
     m_Next = new wxtButton(this, wxID_ANY, _("Next"));
+    m_Follow = new textviews::FollowButton(this,
+                                           [this]
+                                           {
+                                               if (m_View)
+                                               {
+                                                   m_View->SetFollowing(!m_View->IsFollowing());
+                                               }
+                                           });
+    m_Follow->Hide();
     m_MatchCase = new wxtCheckBox(this, wxID_ANY, _("Match Case"));
     m_WholeWords = new wxtCheckBox(this, wxID_ANY, _("Whole Words"));
     m_Expression = new wxtCheckBox(this, wxID_ANY, _("Regular Expression"));
     m_MarkAll = new wxtCheckBox(this, wxID_ANY, _("Mark All"));
     m_AsYouType = new wxtCheckBox(this, wxID_ANY, _("As You Type"));
+    m_OnlyMatching = new wxtCheckBox(this, wxID_ANY, _("Only Matching Lines"));
+    m_OnlyMatching->Hide();
     m_Stop = new wxtButton(this, wxID_ANY, _("Stop"));
     m_HitCount = new wxtStaticText(this, wxID_ANY, wxEmptyString);
     m_Message = new wxtStaticText(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
@@ -47,6 +61,7 @@ void wxTextLineSearchPanel::LayOutControls()
     m_FieldPart->Add(m_Field, wxSizerFlags(wide).Border(wxRIGHT, kGap));
     m_FieldPart->Add(m_Previous, one);
     m_FieldPart->Add(m_Next, wxSizerFlags().CentreVertical());
+    m_FieldPart->Add(m_Follow, wxSizerFlags().CentreVertical().Border(wxLEFT, kGap));
     m_OutcomePart = new wxBoxSizer(wxHORIZONTAL);
     m_OutcomePart->Add(m_HitCount, one);
     m_OutcomePart->Add(m_Stop, one);
@@ -56,11 +71,50 @@ void wxTextLineSearchPanel::LayOutControls()
     auto* const frame = new wxBoxSizer(wxVERTICAL);
     frame->Add(m_Rows, wxSizerFlags().Expand().Border(wxALL, kMargin));
     SetSizer(frame);
-    // As wide as the field's part, whatever the rows: a host that asks for it must not get wide.
+    FitParts();
+}
+
+// As wide as the field's part, whatever the rows: a host that asks for it must not get wide.
+void wxTextLineSearchPanel::FitParts()
+{
     const std::vector<int> widths = WidthsOfParts();
     PutIntoRows(textviews::RowsFor(widths, kGap, widths.front()));
     SetMinSize(wxSize(widths.front() + 2 * kMargin, wxDefaultCoord));
     Fit();
+}
+
+void wxTextLineSearchPanel::ShowFollowButton(bool show)
+{
+    CALL_ENTRY("wxTextLineSearchPanel::ShowFollowButton");
+    if (m_Follow->HasFocus())
+    {
+        m_Field->SetFocus(); // a button that goes would take the keyboard with it
+    }
+    m_Follow->Show(show);
+    ShowFollowing(m_View && m_View->IsFollowing());
+    FitParts();
+    if (GetParent())
+    {
+        GetParent()->Layout();
+    }
+}
+
+void wxTextLineSearchPanel::ShowFollowing(bool following)
+{
+    CALL_ENTRY("wxTextLineSearchPanel::ShowFollowing");
+    m_Follow->ShowState(following);
+}
+
+// Those that are there.
+std::vector<wxtCheckBox*> wxTextLineSearchPanel::Choices() const
+{
+    std::vector<wxtCheckBox*> choices{m_MatchCase, m_WholeWords, m_Expression, m_MarkAll,
+                                      m_AsYouType};
+    if (OffersOnlyMatching())
+    {
+        choices.push_back(m_OnlyMatching);
+    }
+    return choices;
 }
 
 // With room for everything that may ever be shown, so that rows do not come and go with it.
@@ -69,10 +123,10 @@ std::vector<int> wxTextLineSearchPanel::WidthsOfParts() const
     const auto widthOf = [](const wxWindow* control) { return control->GetBestSize().x; };
     wxString   notice = _("'%s' not found in that direction");
     notice.Replace("%s", "0123456789", false);
+    const int        follow = m_Follow->IsShown() ? widthOf(m_Follow) + kGap : 0;
     std::vector<int> widths{kFieldWidth + widthOf(m_Close) + widthOf(m_Previous) + widthOf(m_Next) +
-                            3 * kGap};
-    for (const wxWindow* const choice :
-         {m_MatchCase, m_WholeWords, m_Expression, m_MarkAll, m_AsYouType})
+                            follow + 3 * kGap};
+    for (const wxtCheckBox* const choice : Choices())
     {
         widths.push_back(widthOf(choice));
     }
@@ -110,8 +164,7 @@ void wxTextLineSearchPanel::PutIntoRows(const std::vector<int>& rows)
     }
     m_Rows->Clear();
     m_RowOfPart = rows;
-    const std::vector<wxtCheckBox*> choices{m_MatchCase, m_WholeWords, m_Expression, m_MarkAll,
-                                            m_AsYouType};
+    const std::vector<wxtCheckBox*> choices = Choices();
     std::vector<wxBoxSizer*>        sizers;
     const auto                      rowOf = [&](size_t part)
     {

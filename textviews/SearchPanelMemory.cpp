@@ -9,6 +9,7 @@ namespace
 const char* const kSection = "TextSearch";
 const char* const kMarkAll = "MarkAll";
 const char* const kAsYouType = "AsYouType";
+const char* const kOnlyMatching = "OnlyMatchingLines";
 const char* const kText = "Text"; // with a number from 1 on, the latest first
 
 // A program may have none.
@@ -45,6 +46,10 @@ void wxTextLineSearchPanel::Recall()
         m_MarkAll->SetValue(options->GetBool(kSection, kMarkAll, GetMarkAll()));
         m_AsYouType->SetValue(options->GetBool(kSection, kAsYouType, GetAsYouType()));
         m_History->Set(SavedTexts(*options));
+        if (OffersOnlyMatching())
+        {
+            SetOnlyMatching(options->GetBool(kSection, kOnlyMatching, GetOnlyMatching()));
+        }
     }
 }
 
@@ -55,6 +60,10 @@ void wxTextLineSearchPanel::Remember()
     {
         options->SetValue(kSection, kMarkAll, GetMarkAll() ? "1" : "0");
         options->SetValue(kSection, kAsYouType, GetAsYouType() ? "1" : "0");
+        if (OffersOnlyMatching())
+        {
+            options->SetValue(kSection, kOnlyMatching, GetOnlyMatching() ? "1" : "0");
+        }
     }
 }
 

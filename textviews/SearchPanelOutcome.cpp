@@ -69,7 +69,7 @@ void wxTextLineSearchPanel::FinishSearch()
     const bool                   found = search.GetState() == textviews::LineSearch::State::Found;
     if (found)
     {
-        m_View->ShowHit(search.Match());
+        m_View->ShowHit(search.Match(), m_Search->LooksAtShown());
         ShowMessage(!search.HasWrapped() ? wxString()
                     : search.IsForward() ? _("Went on from the top")
                                          : _("Went on from the bottom"));
@@ -86,6 +86,10 @@ void wxTextLineSearchPanel::FinishSearch()
 
 wxString wxTextLineSearchPanel::TextFor(int64_t hits, int64_t current, bool counted) const
 {
+    if (hits == 0 && !counted)
+    {
+        return _("Counting") + wxString::FromUTF8("\u2026"); // one may be shown already
+    }
     const int      all = Saturated(hits);
     const wxString text =
         current > 0

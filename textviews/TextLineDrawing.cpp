@@ -75,7 +75,8 @@ textviews::LineLook wxTextLineCtrl::LookOf(const textviews::LineState&   state,
                                            const textviews::TextPalette& palette) const
 {
     const wxColour& band = palette.Band(state);
-    const wxColour  ink = GetForegroundColour();
+    const wxColour  ink =
+        state.quiet ? wxtReadableColor(wxtGetColor(color_TextGrey), band) : GetForegroundColour();
     return {*m_Colours,
             m_ReadableSelection && state.selected ? textviews::ReadableInk(ink, band) : ink, band};
 }
@@ -156,9 +157,12 @@ int wxTextLineCtrl::EndOfDrawnLines(const textviews::TextGeometry& geometry) con
 textviews::LineState wxTextLineCtrl::StateOf(int line) const
 {
     const textviews::LineSpan& span = m_Selection->Span();
-    return {m_Selection->Contains(line), line == m_HoverLine, line == m_MarkedLine,
-            m_Gutter->bookmarks.Has(line),
-            line == span.Line() ? span.Bytes() : textviews::ByteSpan{}};
+    return {m_Selection->Contains(line),
+            line == m_HoverLine,
+            line == m_MarkedLine,
+            IsMarked(line),
+            line == span.Line() ? span.Bytes() : textviews::ByteSpan{},
+            IsQuiet(line)};
 }
 
 // The hit is its cells with every colour inverted, in a box with rounded corners. The ports can't
@@ -186,8 +190,7 @@ void wxTextLineCtrl::DrawHit(const textviews::TextGeometry& geometry,
 std::vector<wxRect> wxTextLineCtrl::HitRows(const textviews::TextGeometry& geometry) const
 {
     std::vector<wxRect> rows;
-    for (const textviews::ShownCells& cells : m_Shown->CellsOfHit(
-             m_MarkedLine, m_Lines->Line(m_MarkedLine), m_MatchColumn, m_MatchLength))
+    for (const textviews::ShownCells& cells : CellsOfHit())
     {
         const int left = geometry.XOf(cells.first);
         wxRect    box(left, geometry.TopOf(m_MarkedLine), geometry.XOf(cells.end) - left,

@@ -1,5 +1,7 @@
 #include "textviews/escapes/ShownLines.h"
+#include "textviews/search/VisibleHits.h"
 #include "textviews/wxTextLineCtrl.h"
+#include "textviews/wxTextLineSearchPanel.h"
 #include "vesta/CallEntry.h"
 
 void wxTextLineCtrl::SetEscapes(Escapes escapes)
@@ -9,9 +11,20 @@ void wxTextLineCtrl::SetEscapes(Escapes escapes)
     {
         return;
     }
+    const bool isShown = escapes != Escapes::Raw;
+    if (!isShown)
+    {
+        TakeHitAsStored();
+    }
     m_Escapes = escapes;
-    m_Shown->Show(escapes != Escapes::Raw, escapes == Escapes::Coloured);
+    m_Shown->Show(isShown, escapes == Escapes::Coloured);
+    m_Hits->Forget();
+    if (wxTextLineSearchPanel* const panel = GetSearchPanel())
+    {
+        panel->LookAtShown(isShown);
+    }
     MeasureAll();
     AdjustScrollbars();
+    TellLook();
     Redraw();
 }

@@ -1,5 +1,6 @@
 #include "textviews/follow/FollowButton.h"
 #include "textviews/wxTextLineCtrl.h"
+#include "textviews/wxTextLineSearchPanel.h"
 #include "vesta/CallEntry.h"
 
 wxDEFINE_EVENT(wxtEVT_TEXT_FOLLOW, wxCommandEvent);
@@ -46,13 +47,18 @@ void wxTextLineCtrl::ShowFollowButton(bool show)
     {
         return;
     }
+    if (wxTextLineSearchPanel* const panel = GetSearchPanel())
+    {
+        panel->ShowFollowButton(show);
+    }
     if (!show)
     {
         FollowButton()->Destroy();
+        m_FollowButton = nullptr;
         return;
     }
     auto* const button =
-        new textviews::FollowButton(this, [this] { SetFollowing(!IsFollowing()); });
+        new textviews::CornerFollowButton(this, [this] { SetFollowing(!IsFollowing()); });
     button->ShowState(IsFollowing());
     m_FollowButton = button;
 }
@@ -81,6 +87,10 @@ void wxTextLineCtrl::TellFollowing()
     if (textviews::FollowButton* const button = FollowButton())
     {
         button->ShowState(following);
+        if (wxTextLineSearchPanel* const panel = GetSearchPanel())
+        {
+            panel->ShowFollowing(following);
+        }
     }
     wxCommandEvent event(wxtEVT_TEXT_FOLLOW, GetId());
     event.SetEventObject(this);

@@ -42,12 +42,22 @@ void wxTextLineCtrl::KeepArrivalTimes()
     }
 }
 
+int64_t wxTextLineCtrl::NumberOf(int line) const
+{
+    return m_Gutter->NumberOf(line);
+}
+
+bool wxTextLineCtrl::IsMarked(int line) const
+{
+    return m_Gutter->bookmarks.Has(line);
+}
+
 textviews::GutterRow wxTextLineCtrl::GutterRowOf(int line) const
 {
     textviews::GutterRow row;
     if (m_Gutter->columns.digits > 0)
     {
-        row.number = std::to_string(m_Gutter->NumberOf(line));
+        row.number = std::to_string(NumberOf(line));
     }
     if (m_Gutter->columns.timeCells > 0)
     {

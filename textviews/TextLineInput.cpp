@@ -7,6 +7,7 @@
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
 #include "textviews/wxTextLineCtrl.h"
+#include "textviews/wxTextLineSearchPanel.h"
 #include "vesta/CallEntry.h"
 #include "vesta/Exception.h"
 
@@ -180,6 +181,11 @@ void wxTextLineCtrl::HandleContextMenu(wxMenu& menu, bool addStandardItems)
             {
                 menu.Append(entry.id, wxGetTranslation(entry.label));
             }
+            if (entry.id == id_Search && GetSearchPanel() && GetSearchPanel()->OffersOnlyMatching())
+            {
+                menu.AppendCheckItem(id_OnlyMatching, _("Only Matching Lines\tCtrl+Shift+F"))
+                    ->Check(GetSearchPanel()->GetOnlyMatching());
+            }
         }
         AddReadingCommands(menu);
     }
@@ -222,6 +228,10 @@ void wxTextLineCtrl::OnKey(wxKeyEvent& event)
     else if (key == WXK_F3)
     {
         FindAgain(!event.ShiftDown());
+    }
+    else if (event.ControlDown() && event.ShiftDown() && key == 'F')
+    {
+        ToggleOnlyMatching();
     }
     else if (event.ControlDown())
     {
@@ -355,6 +365,9 @@ void wxTextLineCtrl::OnMenu(wxCommandEvent& event)
         break;
     case id_Search:
         ToggleSearch();
+        break;
+    case id_OnlyMatching:
+        ToggleOnlyMatching();
         break;
     default:
         if (!RunReadingCommand(event.GetId()))

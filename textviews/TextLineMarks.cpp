@@ -23,28 +23,43 @@ void wxTextLineCtrl::MarkHits(std::shared_ptr<textviews::HitFinder> finder)
 // All hits in what is seen of the line, but for the one that the search has come to.
 std::vector<wxRect> wxTextLineCtrl::MarksOf(const textviews::TextGeometry& geometry, int line) const
 {
-    const std::string_view     text = m_Lines->Line(line);
+    const std::string_view     stored = m_Lines->Line(line);
     const int64_t              left = geometry.FirstDrawnCell();
     const int64_t              right = geometry.EndOfDrawnCells();
-    const textviews::TextPlace first = m_Places->AtCell(line, text, left);
-    const textviews::TextPlace last = m_Places->AtCell(line, text, right);
+    const textviews::TextPlace first = m_Places->AtCell(line, stored, left);
+    const textviews::TextPlace last = m_Places->AtCell(line, stored, right);
     textviews::ByteSpan seen{static_cast<size_t>(first.byte), static_cast<size_t>(last.byte) + 1};
-    const auto* const   pieces = m_Shown->PiecesOf(line, text);
-    if (pieces)
-    {
-        std::tie(seen.begin, seen.end) = textviews::BytesIn(*pieces, {left, right});
-    }
-    std::vector<textviews::ByteSpan> hits = m_Hits->In(line, text, seen);
+    textviews::ByteSpan current;
     if (line == m_MarkedLine)
     {
-        const auto isCurrent = [this](const textviews::ByteSpan& hit)
-        { return hit.begin == m_MatchBegin && hit.end == m_MatchEnd; };
-        hits.erase(std::remove_if(hits.begin(), hits.end(), isCurrent), hits.end());
+        current = HitBytes(true);
     }
-    return BoxesOf(geometry, line, hits);
+    const auto* const pieces = m_Shown->PiecesOf(line, stored);
+    std::string       shown;
+    if (pieces)
+    {
+        std::tie(seen.begin, seen.end) = textviews::TextIn(*pieces, {left, right});
+        shown = textviews::ShownText(stored, *pieces);
+    }
+    std::vector<textviews::ByteSpan> hits = m_Hits->In(line, pieces ? shown : stored, seen);
+    hits.erase(std::remove(hits.begin(), hits.end(), current), hits.end());
+    if (!pieces)
+    {
+        return BoxesOf(geometry, line, hits);
+    }
+    std::vector<wxRect> boxes;
+    for (const textviews::ByteSpan& hit : hits)
+    {
+        for (const textviews::ShownCells& cells :
+             textviews::CellsOfText(stored, *pieces, hit.begin, hit.end))
+        {
+            boxes.push_back(textviews::MarkBox(geometry, line, cells.first, cells.end));
+        }
+    }
+    return boxes;
 }
 
-// In what is seen of the line.
+// In what is seen of the line; parts of the stored one.
 std::vector<wxRect> wxTextLineCtrl::BoxesOf(const textviews::TextGeometry& geometry, int line,
                                             const std::vector<textviews::ByteSpan>& parts) const
 {

@@ -1,4 +1,5 @@
 #include "appearance/wxTolvanString.h"
+#include "textviews/escapes/ShownLines.h"
 #include "textviews/lines/LineStore.h"
 #include "textviews/lines/TextCells.h"
 #include "textviews/lines/TextGeometry.h"
@@ -9,6 +10,8 @@
 #include "textviews/wxTextLineSearchPanel.h"
 #include "vesta/CallEntry.h"
 
+#include <algorithm>
+
 namespace
 {
 constexpr size_t kStep = 1024 * 1024; // bytes
@@ -18,6 +21,7 @@ constexpr size_t kLongestPart = 1000; // bytes
 void wxTextLineCtrl::MakeSearchPanel()
 {
     m_SearchPanel = new wxTextLineSearchPanel(this, GetParent());
+    m_OwnsSearchPanel = true;
 }
 
 wxTextLineSearchPanel* wxTextLineCtrl::GetSearchPanel() const
@@ -42,11 +46,22 @@ void wxTextLineCtrl::ToggleSearch()
 // No text of a bar's length is longer; in an expression it stands for itself.
 void wxTextLineCtrl::LookForPart(wxTextLineSearchPanel& panel) const
 {
-    const String part = GetSelectedPart();
+    const String selected = GetSelectedPart();
+    const String part =
+        m_Escapes == Escapes::Raw ? selected : String(m_Shown->PlainTextOf(selected));
     if (!part.empty() && part.size() <= kLongestPart)
     {
         panel.SetText(
             wxtToWx(panel.GetExpression() ? textviews::RegexMatcher::Quoted(part) : part));
+    }
+}
+
+void wxTextLineCtrl::ToggleOnlyMatching()
+{
+    wxTextLineSearchPanel* const panel = GetSearchPanel();
+    if (panel)
+    {
+        panel->ToggleOnlyMatching();
     }
 }
 
@@ -85,7 +100,7 @@ bool wxTextLineCtrl::Search(const String& text, bool forward, bool caseSensitive
 {
     CALL_ENTRY("wxTextLineCtrl::Search");
     // From line to line, whatever else is in the last hit's.
-    textviews::SearchPlace start = SearchStart(forward);
+    textviews::SearchPlace start = SearchStart(forward, false);
     if (m_MarkedLine != -1)
     {
         start = forward ? textviews::SearchPlace{m_MarkedLine + 1, 0}
@@ -102,17 +117,18 @@ bool wxTextLineCtrl::Search(const String& text, bool forward, bool caseSensitive
     {
         return false;
     }
-    ShowHit(search.Match());
+    ShowHit(search.Match(), false);
     return true;
 }
 
-textviews::SearchPlace wxTextLineCtrl::SearchStart(bool forward) const
+textviews::SearchPlace wxTextLineCtrl::SearchStart(bool forward, bool asShown) const
 {
     if (m_MarkedLine == -1)
     {
         return VisibleStart(forward);
     }
-    return {m_MarkedLine, forward ? m_MatchEnd : m_MatchBegin};
+    const textviews::ByteSpan hit = HitBytes(asShown);
+    return {m_MarkedLine, forward ? hit.end : hit.begin};
 }
 
 textviews::SearchPlace wxTextLineCtrl::VisibleStart(bool forward) const
@@ -126,34 +142,97 @@ textviews::SearchPlace wxTextLineCtrl::VisibleStart(bool forward) const
     return {last == -1 ? m_Lines->Count() - 1 : last, textviews::SearchPlace::k_End};
 }
 
-textviews::SearchPlace wxTextLineCtrl::ShownHit() const
+textviews::SearchPlace wxTextLineCtrl::ShownHit(bool asShown) const
 {
-    return {m_MarkedLine, m_MatchBegin};
+    return {m_MarkedLine, m_MarkedLine == -1 ? 0 : HitBytes(asShown).begin};
 }
 
-void wxTextLineCtrl::ShowHit(const textviews::LineMatch& match)
+// In what is shown of the line, or in the stored one, whichever it was found in.
+textviews::ByteSpan wxTextLineCtrl::HitBytes(bool asShown) const
+{
+    const textviews::ByteSpan hit{m_MatchBegin, m_MatchEnd};
+    if (asShown == m_MatchIsShown)
+    {
+        return hit;
+    }
+    const auto* const pieces = m_Shown->PiecesOf(m_MarkedLine, m_Lines->LineNow(m_MarkedLine));
+    if (!pieces || hit.begin >= hit.end)
+    {
+        return hit;
+    }
+    const size_t begin = asShown ? textviews::TextByteOf(*pieces, hit.begin)
+                                 : textviews::StoredByteOf(*pieces, hit.begin);
+    const size_t last = asShown ? textviews::TextByteOf(*pieces, hit.end - 1)
+                                : textviews::StoredByteOf(*pieces, hit.end - 1);
+    return {begin, std::max(begin, last) + 1};
+}
+
+// Before lines are shown another way, in which it has other places.
+void wxTextLineCtrl::TakeHitAsStored()
+{
+    if (m_MarkedLine == -1 || !m_MatchIsShown)
+    {
+        return;
+    }
+    constexpr int64_t         kFar = INT64_MAX;
+    const std::string_view    line = m_Lines->LineNow(m_MarkedLine);
+    const textviews::ByteSpan hit = HitBytes(false);
+    textviews::TextPlace      place;
+    const auto                columnOf = [&](size_t byte)
+    {
+        textviews::AdvancePlace(line, place, {static_cast<int64_t>(byte), kFar, kFar});
+        return static_cast<int>(place.column);
+    };
+    m_MatchColumn = columnOf(hit.begin);
+    m_MatchLength = columnOf(hit.end) - m_MatchColumn;
+    m_MatchBegin = hit.begin;
+    m_MatchEnd = hit.end;
+    m_MatchIsShown = false;
+}
+
+void wxTextLineCtrl::ShowHit(const textviews::LineMatch& match, bool asShown)
 {
     m_MarkedLine = match.line;
     m_MatchColumn = match.column;
     m_MatchLength = match.length;
     m_MatchBegin = match.bytes.begin;
     m_MatchEnd = match.bytes.end;
-    ScrollIntoView(match);
+    m_MatchIsShown = asShown;
+    ScrollToHit();
     m_FollowEnd = false; // the next line could push it out of sight
     TellFollowing();
     Redraw();
 }
 
-void wxTextLineCtrl::ScrollIntoView(const textviews::LineMatch& match)
+std::vector<textviews::ShownCells> wxTextLineCtrl::CellsOfHit() const
+{
+    const std::string_view text = m_Lines->Line(m_MarkedLine);
+    const auto* const pieces = m_MatchIsShown ? m_Shown->PiecesOf(m_MarkedLine, text) : nullptr;
+    return pieces ? textviews::CellsOfText(text, *pieces, m_MatchBegin, m_MatchEnd)
+                  : m_Shown->CellsOfHit(m_MarkedLine, text, m_MatchColumn, m_MatchLength);
+}
+
+void wxTextLineCtrl::ScrollToHit()
 {
     AdjustScrollbars(); // they may take part of the view away
-    const std::string_view text = m_Lines->LineNow(match.line);
-    const int64_t          first = m_Places->AtColumn(match.line, text, match.column).cell;
-    const int64_t end = m_Places->AtColumn(match.line, text, match.column + match.length).cell;
+    m_Lines->LineNow(m_MarkedLine);
+    const std::vector<textviews::ShownCells> cells = CellsOfHit();
+    int64_t                                  first = 0;
+    int64_t                                  end = 0;
+    if (!cells.empty())
+    {
+        first = cells.front().first;
+        end = cells.back().end;
+    }
+    else if (!m_MatchIsShown) // in a sequence: what is shown next
+    {
+        const std::string_view text = m_Lines->LineNow(m_MarkedLine);
+        first = end = m_Places->AtColumn(m_MarkedLine, text, m_MatchColumn).cell;
+    }
     // Half a cell of margin on either side, as the text itself has.
     const textviews::Stretch across{first * m_ColumnWidth, (end + 1) * m_ColumnWidth};
-    const textviews::Stretch down{static_cast<int64_t>(match.line) * m_LineHeight,
-                                  (static_cast<int64_t>(match.line) + 1) * m_LineHeight};
+    const textviews::Stretch down{static_cast<int64_t>(m_MarkedLine) * m_LineHeight,
+                                  (static_cast<int64_t>(m_MarkedLine) + 1) * m_LineHeight};
     ScrollTo(wxVERTICAL,
              textviews::PositionShowing(down, GetScrollPos(wxVERTICAL), GetClientSize().y));
     const int room = GetClientSize().x - Geometry().textLeft;

@@ -39,6 +39,7 @@ void wxTextLineCtrl::SetTextSize(int points)
     {
         ScrollToBottom();
     }
+    TellLook();
     Redraw();
 }
 

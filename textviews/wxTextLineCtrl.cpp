@@ -73,14 +73,21 @@ wxBEGIN_EVENT_TABLE(wxTextLineCtrl, wxDoubleBufferedWindow)
     EVT_MOUSEWHEEL(wxTextLineCtrl::OnWheel)
     EVT_SIZE(wxTextLineCtrl::OnSize)
     EVT_MENU_RANGE(id_SelectAll, id_CopyPlain, wxTextLineCtrl::OnMenu)
+    EVT_MENU(id_OnlyMatching, wxTextLineCtrl::OnMenu)
     EVT_MENU_RANGE(id_GoToLine, id_RemoveBookmarks, wxTextLineCtrl::OnMenu)
 wxEND_EVENT_TABLE()
 // clang-format on
 
 wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
+    : wxTextLineCtrl(parent, std::make_unique<textviews::LineStore>(&ShowLateLines))
+{
+    MakeSearchPanel();
+}
+
+wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent, std::unique_ptr<textviews::LineStore> lines)
     : wxDoubleBufferedWindow(parent, wxID_ANY, wxBORDER_NONE | wxWANTS_CHARS),
       m_Font(&textviews::_FontExtents::Get()),
-      m_Lines(std::make_unique<textviews::LineStore>(&ShowLateLines)),
+      m_Lines(std::move(lines)),
       m_Places(std::make_unique<textviews::ShownLines>()),
       m_Shown(static_cast<textviews::ShownLines*>(m_Places.get())),
       m_Colours(std::make_unique<textviews::StyleColours>()),
@@ -103,7 +110,6 @@ wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent)
     m_LineHeight = static_cast<int>(m_Font->lineHeight);
     SetScrollbar(wxHORIZONTAL, 0, 0, 0);
     SetScrollbar(wxVERTICAL, 0, 0, 0);
-    MakeSearchPanel();
     const auto redraw = [this](wxFocusEvent& event)
     {
         event.Skip();
@@ -120,7 +126,7 @@ wxTextLineCtrl::~wxTextLineCtrl()
     {
         internal::ClosePopUps(); // its commands would go to a window that is no more
     }
-    if (m_SearchPanel && GetParent() && !GetParent()->IsBeingDeleted())
+    if (m_OwnsSearchPanel && m_SearchPanel && GetParent() && !GetParent()->IsBeingDeleted())
     {
         m_SearchPanel->Destroy();
     }
@@ -367,6 +373,14 @@ void wxTextLineCtrl::Watch(textviews::LineWatcher& watcher, bool on)
     }
 }
 
+void wxTextLineCtrl::TellLook()
+{
+    for (size_t i = 0; i < m_Watchers.size(); ++i)
+    {
+        m_Watchers[i]->LookChanged();
+    }
+}
+
 int wxTextLineCtrl::GetLineCount() const
 {
     return m_Lines->Count();
@@ -412,6 +426,7 @@ void wxTextLineCtrl::SetReadableSelection(bool on)
     if (on != m_ReadableSelection)
     {
         m_ReadableSelection = on;
+        TellLook();
         Redraw();
     }
 }

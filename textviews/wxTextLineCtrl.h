@@ -25,6 +25,7 @@ class HitFinder;
 class LineStore;
 class LinePainter;
 class LineWatcher;
+class MatchesView;
 class ShownLines;
 class StyleColours;
 class TextPalette;
@@ -33,13 +34,14 @@ class TextSelection;
 class VisibleHits;
 enum class SpanUnit : int;
 struct _FontExtents;
-struct ByteSpan;
 struct LineLook;
 struct Gutter;
 struct GutterRow;
+struct ByteSpan;
 struct LineMatch;
 struct LineState;
 struct SearchPlace;
+struct ShownCells;
 struct TextGeometry;
 } // namespace textviews
 
@@ -86,6 +88,10 @@ public:
         Plain,   ///< They do what they would do in a terminal, but for colours and the like.
         Coloured ///< They do what they would do in a terminal.
     };
+    /// Whether only matching lines are shown below, where a host has a place for them; see
+    /// `wxTextLinePanes`.
+    static constexpr int id_OnlyMatching = 7341;
+
     /// Command ids of what a host may offer; see `OfferReadingCommands`.
     enum ReadingId
     {
@@ -135,7 +141,7 @@ public:
     /// Goes to the end and stays there, or stays here until the view is scrolled to its end.
     void SetFollowing(bool follow);
     bool IsFollowing() const; ///< The next line will be followed.
-    /// A small button in the corner that shows the state and switches it.
+    /// A small button in the corner, and one in the search bar, that show the state and switch it.
     void ShowFollowButton(bool show);
     /// @}
 
@@ -220,22 +226,25 @@ public:
     /// and scrolled into view; without one the result is false and the last hit stays. Without
     /// `caseSensitive`, letters are the same as their lower case.
     bool Search(const String& text, bool forward, bool caseSensitive);
-    int  GetMarkedLine() const { return m_MarkedLine; }   ///< The last hit; -1 for none.
-    int  GetMatchColumn() const { return m_MatchColumn; } ///< Characters; -1 for none.
-    int  GetMatchLength() const { return m_MatchLength; } ///< Characters.
+    int  GetMarkedLine() const { return m_MarkedLine; } ///< The last hit; -1 for none.
+    /// Characters of the stored line, or, of a hit of the search bar where escape sequences are
+    /// followed, of what is shown of it; -1 for none.
+    int GetMatchColumn() const { return m_MatchColumn; }
+    int GetMatchLength() const { return m_MatchLength; } ///< The same characters.
 
     /// @name For the search
     /// What a search that goes on by itself needs of the view: its lines, and word of what becomes
     /// of them; where one begins, from the last hit on or with what is seen; the hit shown that was
     /// found, and where it begins, in line -1 when there is none; what finds the hits to be marked,
-    /// null for none.
+    /// null for none. With `asShown` places are those in what is shown of a line, as they are for
+    /// the hits that are marked, otherwise in the stored line.
     /// @{
     const textviews::LineStore& Lines() const { return *m_Lines; }
     void                        Watch(textviews::LineWatcher& watcher, bool on);
-    textviews::SearchPlace      SearchStart(bool forward) const;
+    textviews::SearchPlace      SearchStart(bool forward, bool asShown) const;
     textviews::SearchPlace      VisibleStart(bool forward) const;
-    void                        ShowHit(const textviews::LineMatch& match);
-    textviews::SearchPlace      ShownHit() const;
+    void                        ShowHit(const textviews::LineMatch& match, bool asShown);
+    textviews::SearchPlace      ShownHit(bool asShown) const;
     void                        MarkHits(std::shared_ptr<textviews::HitFinder> finder);
     /// @}
 
@@ -247,8 +256,8 @@ public:
     /// before it has set. After a carriage return within a line, as programs print it to tell how
     /// far they are, what follows stands in the place of what was there. A sequence that is wrong,
     /// too long or cut off by the line's end is shown as any text. Lines are stored, copied, saved
-    /// and searched byte by byte all the same, and columns of hits count characters of the stored
-    /// line.
+    /// and, by `Search`, searched byte by byte all the same. The search bar looks for what is
+    /// shown.
     /// @{
     void    SetEscapes(Escapes escapes);
     Escapes GetEscapes() const { return m_Escapes; }
@@ -295,6 +304,18 @@ protected:
     virtual void TellSaveProblem(const wxString& reason);
 
 private:
+    friend class textviews::MatchesView;
+
+    /// For a view of other lines, without a search bar of its own.
+    wxTextLineCtrl(wxWindow* parent, std::unique_ptr<textviews::LineStore> lines);
+
+    /// What another view's lines are there.
+    /// @{
+    virtual int64_t NumberOf(int line) const; ///< As it is shown left of the line.
+    virtual bool    IsMarked(int line) const; ///< By a bookmark.
+    virtual bool    IsQuiet(int) const { return false; }
+    /// @}
+
     textviews::TextGeometry Geometry() const;
     textviews::TextPalette  Palette() const;
     textviews::LineState    StateOf(int line) const;
@@ -351,26 +372,32 @@ private:
     bool                SelectByKey(int key, bool ctrl);
     void                ShowLine(int line);
 
-    String SelectedText(bool plain) const;
-    void   CopySelected(bool plain);
-    void   ScrollIntoView(const textviews::LineMatch& match);
-    void   MakeSearchPanel();
-    void   LookForPart(wxTextLineSearchPanel& panel) const;
-    void   FindAgain(bool forward);
-    void   StopSearch();
+    String                             SelectedText(bool plain) const;
+    void                               CopySelected(bool plain);
+    void                               ScrollToHit();
+    std::vector<textviews::ShownCells> CellsOfHit() const;
+    textviews::ByteSpan                HitBytes(bool asShown) const;
+    void                               TakeHitAsStored();
+    void                               MakeSearchPanel();
+    void                               LookForPart(wxTextLineSearchPanel& panel) const;
+    void                               FindAgain(bool forward);
+    void                               StopSearch();
+    void                               ToggleOnlyMatching();
+    void                               TellLook();
 
-    const textviews::_FontExtents*            m_Font; ///< Never null.
-    std::unique_ptr<textviews::LineStore>     m_Lines;
-    std::unique_ptr<textviews::TextPlaces>    m_Places;
-    textviews::ShownLines*                    m_Shown; ///< It is the places.
-    Escapes                                   m_Escapes = Escapes::Raw;
-    std::unique_ptr<textviews::StyleColours>  m_Colours;
-    std::unique_ptr<textviews::VisibleHits>   m_Hits; ///< Those that are marked.
-    int                                       m_MarkedLine = -1;
-    int                                       m_MatchColumn = -1;
-    int                                       m_MatchLength = 0;
-    size_t                                    m_MatchBegin = 0; ///< Bytes.
-    size_t                                    m_MatchEnd = 0;
+    const textviews::_FontExtents*           m_Font; ///< Never null.
+    std::unique_ptr<textviews::LineStore>    m_Lines;
+    std::unique_ptr<textviews::TextPlaces>   m_Places;
+    textviews::ShownLines*                   m_Shown; ///< It is the places.
+    Escapes                                  m_Escapes = Escapes::Raw;
+    std::unique_ptr<textviews::StyleColours> m_Colours;
+    std::unique_ptr<textviews::VisibleHits>  m_Hits; ///< Those that are marked.
+    int                                      m_MarkedLine = -1;
+    int                                      m_MatchColumn = -1;
+    int                                      m_MatchLength = 0;
+    size_t                                   m_MatchBegin = 0; ///< Bytes.
+    size_t                                   m_MatchEnd = 0;
+    bool m_MatchIsShown = false; ///< Places of the hit are those in what is shown of the line.
     std::unique_ptr<textviews::TextSelection> m_Selection;
     std::unique_ptr<textviews::DrawnLines>    m_Drawn;
     std::unique_ptr<textviews::Gutter>        m_Gutter;          ///< Never null.
@@ -389,6 +416,7 @@ private:
     int                 m_HoverLine = -1;
     int                 m_MenuLine = -1;             ///< The menu that is open was asked for there.
     wxWeakRef<wxWindow> m_SearchPanel;               ///< Child of the parent.
+    bool                m_OwnsSearchPanel = false;   ///< It goes with the view.
     std::vector<textviews::LineWatcher*> m_Watchers; ///< Not owned.
     wxWeakRef<wxWindow>                  m_FollowButton; ///< A child; none unless it is shown.
 

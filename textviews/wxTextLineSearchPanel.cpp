@@ -3,6 +3,7 @@
 #include "appearance/wxTolvanString.h"
 #include "internal/input/PadKey.h"
 #include "textviews/search/BackgroundSearch.h"
+#include "textviews/search/SearchCompanion.h"
 #include "textviews/search/SearchField.h"
 #include "textviews/search/SearchHistory.h"
 #include "textviews/wxTextLineCtrl.h"
@@ -76,6 +77,7 @@ void wxTextLineSearchPanel::BindEvents()
                           Remember();
                           OnTextChanged(event);
                       });
+    m_OnlyMatching->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { OnOnlyMatching(); });
     m_TypingTimer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { FindTyped(); });
     Bind(wxEVT_CHAR_HOOK, &wxTextLineSearchPanel::OnKey, this);
     Bind(wxEVT_SIZE, &wxTextLineSearchPanel::OnSize, this);
@@ -140,6 +142,10 @@ void wxTextLineSearchPanel::OnKey(wxKeyEvent& event)
     {
         StopSearch();
     }
+    else if (key == 'F' && event.ControlDown() && event.ShiftDown() && OffersOnlyMatching())
+    {
+        ToggleOnlyMatching();
+    }
     else if (key == WXK_ESCAPE || (key == 'F' && event.ControlDown()))
     {
         Expand();
@@ -174,6 +180,7 @@ void wxTextLineSearchPanel::LookAnew()
     StartCounting();
     ShowProblem();
     MarkHits();
+    TellCompanion();
 }
 
 // The next hit from the one that is shown.
@@ -188,7 +195,7 @@ void wxTextLineSearchPanel::Find(bool forward)
     m_FirstScroll = -1; // from now on the place is that of the hit
     m_FindsTyped = false;
     RememberText();
-    Begin(forward, m_View->SearchStart(forward));
+    Begin(forward, m_View->SearchStart(forward, m_Search->LooksAtShown()));
 }
 
 // What is typed shows its first hit from where the view stood before it was typed. Whoever scrolls
@@ -275,6 +282,15 @@ void wxTextLineSearchPanel::OnIdle(wxIdleEvent& event)
     {
         return;
     }
+    // One slice at a time, the one's or the other's.
+    m_IsCompanionsTurn =
+        m_Companion && m_Companion->HasWork() && !(m_IsCompanionsTurn && HasOwnWork());
+    if (m_IsCompanionsTurn)
+    {
+        m_Companion->Work();
+        event.RequestMore();
+        return;
+    }
     if (IsSearching())
     {
         m_Search->Work();
@@ -287,7 +303,7 @@ void wxTextLineSearchPanel::OnIdle(wxIdleEvent& event)
     }
     else if (m_Search->HasCount())
     {
-        m_Search->SetCurrent(m_View->ShownHit());
+        m_Search->SetCurrent(m_View->ShownHit(m_Search->LooksAtShown()));
         if (m_Search->HasWork())
         {
             m_Search->Work();
@@ -295,6 +311,11 @@ void wxTextLineSearchPanel::OnIdle(wxIdleEvent& event)
             event.RequestMore(m_Search->HasWork());
         }
     }
+}
+
+bool wxTextLineSearchPanel::HasOwnWork() const
+{
+    return m_Search->HasWork();
 }
 
 void wxTextLineSearchPanel::StartCounting()
@@ -307,6 +328,21 @@ void wxTextLineSearchPanel::StartCounting()
         wxWakeUpIdle();
     }
     ShowHits();
+}
+
+void wxTextLineSearchPanel::LookAtShown(bool shown)
+{
+    CALL_ENTRY("wxTextLineSearchPanel::LookAtShown");
+    if (shown == m_Search->LooksAtShown())
+    {
+        return;
+    }
+    StopSearch();
+    m_Search->LookAtShown(shown);
+    KeepWatch();
+    ShowHits();
+    TellCompanion();
+    wxWakeUpIdle();
 }
 
 // Only while the bar shows what they are of.

@@ -8,12 +8,15 @@
 #include <wx/weakref.h>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
 namespace textviews
 {
 class BackgroundSearch;
+class FollowButton;
+class SearchCompanion;
 class SearchField;
 class SearchHistory;
 struct SearchPlace;
@@ -24,7 +27,8 @@ class wxTextLineCtrl;
 
 /// The search bar of a text view: a field, previous and next, what a hit is ("Match Case", "Whole
 /// Words", "Regular Expression"), whether all hits are marked and whether one looks while typing,
-/// the number of the hit that is shown and of all, notices, and a button that closes it. Enter
+/// the number of the hit that is shown and of all, notices, a button that closes it, and in the bar
+/// of a view with a button to follow its end another one for that. Enter
 /// looks for the next hit, Shift+Enter for the previous one, Up and Down bring back what was looked
 /// for, Esc stops a search and closes. A search through many lines runs in slices while the window
 /// stays alive, and its button stops it. Where all that does not fit into one row there are more,
@@ -74,6 +78,26 @@ public:
     void SetAsYouType(bool asYouType);
     /// @}
 
+    /// @name Only matching lines
+    /// For a host that has a place for them, as `wxTextLinePanes`: the bar offers the choice, and
+    /// whoever shows the lines goes along with it; both null for none.
+    /// @{
+    void OfferOnlyMatching(std::function<void(bool)> onChoice);
+    bool OffersOnlyMatching() const { return m_OnOnlyMatching != nullptr; }
+    bool GetOnlyMatching() const;
+    void SetOnlyMatching(bool on);
+    void ToggleOnlyMatching(); ///< As if the user had: it is remembered.
+    void Accompany(textviews::SearchCompanion* companion);
+    /// @}
+
+    /// @name Called by the view
+    /// @{
+    void ShowFollowButton(bool show); ///< Whether the bar has one.
+    void ShowFollowing(bool following);
+    /// Whether hits are those in what is shown of the lines, or in their bytes.
+    void LookAtShown(bool shown);
+    /// @}
+
     int      GetHits() const;    ///< All, as far as they are counted.
     int      GetCurrent() const; ///< The number of the one that is shown; 0 when it is not known.
     bool     IsCounting() const; ///< Lines are left to be counted.
@@ -83,16 +107,18 @@ public:
     bool InformFirstDirection(int direction, int size, int availableOtherDir) override;
 
 private:
-    void             MakeControls();
-    void             LayOutControls();
-    std::vector<int> WidthsOfParts() const;
-    bool             ArrangeRows(int width);
-    void             PutIntoRows(const std::vector<int>& rows);
-    void             BindEvents();
-    void             OnKey(wxKeyEvent& event);
-    void             OnSize(wxSizeEvent& event);
-    void             OnIdle(wxIdleEvent& event);
-    void             OnTextChanged(wxCommandEvent& event);
+    void                      MakeControls();
+    void                      LayOutControls();
+    void                      FitParts();
+    std::vector<wxtCheckBox*> Choices() const;
+    std::vector<int>          WidthsOfParts() const;
+    bool                      ArrangeRows(int width);
+    void                      PutIntoRows(const std::vector<int>& rows);
+    void                      BindEvents();
+    void                      OnKey(wxKeyEvent& event);
+    void                      OnSize(wxSizeEvent& event);
+    void                      OnIdle(wxIdleEvent& event);
+    void                      OnTextChanged(wxCommandEvent& event);
 
     textviews::SearchQuery Query() const;
     void                   Choose(wxtCheckBox* choice, bool on);
@@ -107,6 +133,10 @@ private:
     void                   ShowOutcome();
     void                   StartCounting();
     void                   MarkHits();
+
+    bool HasOwnWork() const;
+    void TellCompanion();
+    void OnOnlyMatching();
 
     void     Recall();
     void     Remember();
@@ -125,12 +155,17 @@ private:
     textviews::SearchField*                      m_Field = nullptr;
     wxtButton*                                   m_Previous = nullptr;
     wxtButton*                                   m_Next = nullptr;
+    textviews::FollowButton*                     m_Follow = nullptr;
     wxtButton*                                   m_Stop = nullptr;
     wxtCheckBox*                                 m_MatchCase = nullptr;
     wxtCheckBox*                                 m_WholeWords = nullptr;
     wxtCheckBox*                                 m_Expression = nullptr;
     wxtCheckBox*                                 m_MarkAll = nullptr;
     wxtCheckBox*                                 m_AsYouType = nullptr;
+    wxtCheckBox*                                 m_OnlyMatching = nullptr;
+    std::function<void(bool)>                    m_OnOnlyMatching; ///< None: it is not offered.
+    textviews::SearchCompanion*                  m_Companion = nullptr;
+    bool                                         m_IsCompanionsTurn = false;
     wxtStaticText*                               m_HitCount = nullptr;
     wxtStaticText*                               m_Message = nullptr;
     wxtBitmapButton*                             m_Close = nullptr;

@@ -1,7 +1,7 @@
 #include "common/FollowingText.h"
 
 #include "appearance/wxtMenuKey.h"
-#include "textviews/wxTextLineSearchPanel.h"
+#include "textviews/wxTextLinePanes.h"
 #include "vesta/Application.h"
 
 #include <wx/menu.h>
@@ -47,7 +47,14 @@ void Want(const char* key, bool wanted, void (wxTextLineCtrl::*show)(bool))
 }
 } // namespace
 
-FollowingText::FollowingText(wxWindow* parent) : wxTextLineCtrl(parent)
+FollowingText::FollowingText(wxWindow* parent) : FollowingText(new wxTextLinePanes(parent))
+{
+    auto* const sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(GetParent()->GetParent(), 1, wxEXPAND);
+    parent->SetSizer(sizer);
+}
+
+FollowingText::FollowingText(wxTextLinePanes* panes) : wxTextLineCtrl(panes->GetViewParent())
 {
     All().insert(this);
     SetReadableSelection(IsReadableWanted());
@@ -61,10 +68,7 @@ FollowingText::FollowingText(wxWindow* parent) : wxTextLineCtrl(parent)
     Bind(wxtEVT_TEXT_SIZE, [](wxCommandEvent& event) { WantTextSize(event.GetInt()); });
     SetFollowEnd(true);
     ShowFollowButton(true);
-    auto* const sizer = new wxBoxSizer(wxVERTICAL);
-    sizer->Add(this, 1, wxEXPAND);
-    sizer->Add(GetSearchPanel(), 0, wxEXPAND);
-    parent->SetSizer(sizer);
+    panes->ShowView(this);
 }
 
 FollowingText::~FollowingText()
@@ -175,6 +179,7 @@ void AppendTextCommands(wxMenu& menu)
         {wxTextLineCtrl::id_CopyPlain, wxGetTranslation("Copy as Plain &Text"), ""},
         {wxTextLineCtrl::id_SelectAll, wxGetTranslation("Select &All"), "Ctrl+A"},
         {wxTextLineCtrl::id_Search, wxGetTranslation("&Search..."), "Ctrl+F"},
+        {wxTextLineCtrl::id_OnlyMatching, wxGetTranslation("Only &Matching Lines"), "Ctrl+Shift+F"},
     };
     for (const auto& entry : entries)
     {

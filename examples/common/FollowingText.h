@@ -2,6 +2,8 @@
 
 #include "textviews/wxTextLineCtrl.h"
 
+class wxTextLinePanes;
+
 /// What a view of live lines keeps, so that its program can run for months.
 constexpr int k_MostLiveLines = 1000000;
 
@@ -10,7 +12,8 @@ constexpr int k_MostLiveLines = 1000000;
 class FollowingText : public wxTextLineCtrl
 {
 public:
-    /// Fills the parent, with the search bar below.
+    /// Fills the parent, with the search bar below, and below that, if the user wants them, only
+    /// the lines that match.
     explicit FollowingText(wxWindow* parent);
     ~FollowingText() override;
 
@@ -39,6 +42,9 @@ public:
 
     /// Adds a line at the end; its index.
     int Add(const String& line);
+
+private:
+    explicit FollowingText(wxTextLinePanes* panes);
 };
 
 /// Appends what a menu bar offers of a text view, to be passed on to its `OnMenu`, with the keys at

@@ -197,6 +197,7 @@ void LogViewFrame::BuildMenus()
     Bind(wxEVT_MENU, &LogViewFrame::OnAbout, this, wxID_ABOUT);
     Bind(wxEVT_MENU, &LogViewFrame::OnTextCommand, this, wxTextLineCtrl::id_SelectAll,
          wxTextLineCtrl::id_CopyPlain);
+    Bind(wxEVT_MENU, &LogViewFrame::OnTextCommand, this, wxTextLineCtrl::id_OnlyMatching);
     Bind(wxEVT_MENU, &LogViewFrame::OnTextCommand, this, wxTextLineCtrl::id_GoToLine,
          wxTextLineCtrl::id_RemoveBookmarks);
 }

@@ -116,6 +116,7 @@ void JobWindow::BuildMenus(const Resubmit& resubmit)
     on(id_SashUp, [this] { m_Splitter->MoveSash(-kSashStep); });
     const auto pass = [this](wxCommandEvent& event) { m_Output->OnMenu(event); };
     Bind(wxEVT_MENU, pass, wxTextLineCtrl::id_SelectAll, wxTextLineCtrl::id_CopyPlain);
+    Bind(wxEVT_MENU, pass, wxTextLineCtrl::id_OnlyMatching);
     Bind(wxEVT_MENU, pass, wxTextLineCtrl::id_GoToLine, wxTextLineCtrl::id_RemoveBookmarks);
     Bind(wxEVT_MENU, &JobWindow::OnCommand, this);
 }

@@ -100,6 +100,7 @@ void MonitorFrame::BindCommands()
     BindListCommands();
     Bind(wxEVT_MENU, &MonitorFrame::OnTextCommand, this, wxTextLineCtrl::id_SelectAll,
          wxTextLineCtrl::id_CopyPlain);
+    Bind(wxEVT_MENU, &MonitorFrame::OnTextCommand, this, wxTextLineCtrl::id_OnlyMatching);
     Bind(wxEVT_MENU, &MonitorFrame::OnTextCommand, this, wxTextLineCtrl::id_GoToLine,
          wxTextLineCtrl::id_RemoveBookmarks);
     Bind(wxEVT_CHAR_HOOK, &MonitorFrame::OnListKey, this);

@@ -266,6 +266,61 @@ TEST(Escapes, AHitIsWhereItsCharactersAreShown)
     EXPECT_EQ(shown.PlainTextOf("a\x1b[2Kb"), " b");
 }
 
+TEST(Escapes, PlacesInTheTextThatIsShown)
+{
+    textviews::LineFolder folder;
+    const auto            textOf = [&folder](const std::string& line)
+    {
+        std::string text = "before|";
+        folder.AppendText(line, text);
+        return text.substr(7);
+    };
+    EXPECT_EQ(textOf("er\x1b[31mror\x1b[K\r"), "error\r");
+    EXPECT_EQ(textOf("Loading\rab\x1b[1Kc"), "  cding");
+    EXPECT_EQ(textOf("x\x1b[38;5;999m\x1b[2"), "x\x1b[38;5;999m\x1b[2");
+
+    const std::string line = "abcdef\rX\x1b[1m" + std::string(kWide) + "\x1b[1K";
+    const auto&       pieces = folder.Fold(line, false);
+    EXPECT_EQ(textviews::ShownText(line, pieces), "    ef") << "the cursor's cell is erased, too";
+    EXPECT_EQ(textviews::TextByteOf(pieces, 5), 5u);
+    EXPECT_EQ(textviews::TextByteOf(pieces, 0), 4u) << "what is not shown: the next that is";
+    EXPECT_EQ(textviews::TextByteOf(pieces, 8), 6u) << "there is none";
+    EXPECT_EQ(textviews::StoredByteOf(pieces, 1), 4u);
+    EXPECT_EQ(textviews::StoredByteOf(pieces, 5), 5u);
+    EXPECT_EQ(textviews::StoredByteOf(pieces, 6), 6u);
+
+    // Whatever the line is, the quick way and the pieces agree, and each byte has its cells.
+    const std::string_view parts[] = {"ab",      "\x1b[31m", "\r",       "\x1b[K", kWide,
+                                      "\x1b[1K", "\x1b[G",   "\xcc\x81", "\x1b",   "\x1b[38;9m",
+                                      "\xe6",    "\xa2",     "xyz"};
+    std::mt19937           random(5);
+    for (int round = 0; round < 20'000; ++round)
+    {
+        std::string stored;
+        for (auto i = random() % 9; i > 0; --i)
+        {
+            stored += parts[random() % std::size(parts)];
+        }
+        const auto&       shown = folder.Fold(stored, false);
+        const std::string text = textviews::ShownText(stored, shown);
+        const auto        cells = textviews::CellsOfText(stored, shown, 0, text.size());
+        ASSERT_EQ(cells.empty() ? 0 : cells.back().end, textviews::EndOf(shown)) << stored;
+        ASSERT_LE(cells.size(), 1u) << stored;
+        for (size_t byte = 0; byte < text.size(); ++byte)
+        {
+            const size_t from = textviews::StoredByteOf(shown, byte);
+            const size_t back = textviews::TextByteOf(shown, from);
+            ASSERT_GE(back, byte) << stored;
+            ASSERT_TRUE(text[byte] == stored[from] || text[byte] == ' ') << stored;
+        }
+        const auto [begin, end] =
+            textviews::TextIn(shown, {0, std::max<int64_t>(textviews::EndOf(shown), 1)});
+        ASSERT_TRUE(begin == 0 || shown.front().cells == 0) << stored;
+        ASSERT_TRUE(end == text.size() || shown.back().cells == 0) << stored;
+        ASSERT_EQ(textOf(stored), text) << stored;
+    }
+}
+
 TEST(Escapes, LongLinesAreCutIntoPieces)
 {
     std::string line = "\x1b[31m";

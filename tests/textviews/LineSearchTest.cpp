@@ -2,6 +2,8 @@
 #include "tests/textviews/SearchSupport.h"
 #include "textviews/search/ByteFinder.h"
 
+#include "textviews/search/HitNumbers.h"
+
 #include <gtest/gtest.h>
 
 #include <ctime>
@@ -289,4 +291,82 @@ TEST(LineSearchTest, LinesMayComeAndGoMeanwhile)
         }
         ASSERT_EQ(search.Step(store, 10'000'000), textviews::LineSearch::State::Found) << round;
     }
+}
+
+// A search through lines as they are shown is one through lines that are stored so.
+TEST(LineSearchTest, LooksAtWhatIsShown)
+{
+    const std::string_view parts[] = {"hit",     "hi",    "\x1b[31m",   "t\x1b[K",
+                                      "\r",      "a hit", "\x1b[m",     "\xc3\xa4",
+                                      "\x1b[1K", "T",     "h\x1b[1mit", " "};
+    std::mt19937           random(4);
+    const auto below = [&random](size_t end) { return random() % end; };
+    for (int round = 0; round < 40; ++round)
+    {
+        textviews::LineFolder folder;
+        textviews::LineStore  stored;
+        textviews::LineStore  shown;
+        for (auto i = 1 + below(3000); i > 0; --i)
+        {
+            std::string line(below(400) == 0 ? 70'000 : 0, '.');
+            for (auto n = below(5); n > 0 && (round % 2 == 0 || i % 997 == 0); --n)
+            {
+                line += parts[below(std::size(parts))];
+            }
+            line += i % 5 == 0 ? "plain hit\r" : "plain";
+            std::string text;
+            folder.AppendText(line, text);
+            stored.Append(line);
+            shown.Append(text);
+        }
+        textviews::SearchedLines lines(stored);
+        lines.ReadAsShown(true);
+        const auto finder = FinderFor(round % 3 ? "hit" : "h[iI]t", false, false, round % 3 == 0);
+        textviews::HitNumbers numbers[2];
+        for (auto& each : numbers)
+        {
+            each.Begin(finder, stored.Count());
+        }
+        while (!numbers[0].Step(lines, 1 + below(60'000)))
+        {
+        }
+        while (!numbers[1].Step(shown, 100'000))
+        {
+        }
+        ASSERT_EQ(numbers[0].Hits(), numbers[1].Hits());
+        for (int i = 0; i < 30; ++i)
+        {
+            const textviews::SearchPlace start{
+                static_cast<int>(below(static_cast<size_t>(stored.Count()))), below(20)};
+            textviews::LineSearch searches[2];
+            for (auto& each : searches)
+            {
+                each.Begin(finder, i % 2 == 0, start, textviews::LineSearch::Unit::Hit);
+            }
+            while (searches[0].Step(lines, 1 + below(60'000)) ==
+                   textviews::LineSearch::State::Running)
+            {
+            }
+            while (searches[1].Step(shown, 100'000) == textviews::LineSearch::State::Running)
+            {
+            }
+            ASSERT_EQ(searches[0].GetState(), searches[1].GetState());
+            ASSERT_EQ(searches[0].Match().line, searches[1].Match().line);
+            ASSERT_EQ(searches[0].Match().column, searches[1].Match().column);
+            ASSERT_TRUE(searches[0].Match().bytes == searches[1].Match().bytes);
+        }
+    }
+    // Lines that join others that were looked at.
+    textviews::LineStore     store = StoreOf({"plain", "text\r"});
+    textviews::SearchedLines lines(store);
+    lines.ReadAsShown(true);
+    EXPECT_EQ(lines.BlockOf(0).bytes, "plaintext\r");
+    EXPECT_EQ(store.BlockOf(0).finding, textviews::LineStore::Finding::Plain);
+    store.Insert(1, "a\x1b[mb");
+    EXPECT_EQ(lines.BlockOf(0).bytes, "plainabtext\r");
+    store.Append("c\x1b[md");
+    EXPECT_EQ(lines.LineNow(3), "cd");
+    EXPECT_EQ(lines.LineNow(4), "");
+    lines.ReadAsShown(false);
+    EXPECT_EQ(lines.LineNow(3), "c\x1b[md");
 }

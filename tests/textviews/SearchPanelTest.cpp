@@ -1,5 +1,6 @@
 #include "internal/drawing/ColorMix.h"
 #include "tests/textviews/TextViewTest.h"
+#include "textviews/follow/FollowButton.h"
 #include "textviews/search/SearchField.h"
 
 #include <wx/stopwatch.h>
@@ -35,17 +36,18 @@ protected:
         EXPECT_EQ(m_View->GetMarkedLine(), line);
         EXPECT_EQ(m_View->GetMatchColumn(), column);
     }
-    textviews::SearchField* Field() const
+    template <class Control> Control* Part() const
     {
         for (wxWindow* const child : Panel().GetChildren())
         {
-            if (auto* const field = dynamic_cast<textviews::SearchField*>(child))
+            if (auto* const part = dynamic_cast<Control*>(child))
             {
-                return field;
+                return part;
             }
         }
         return nullptr;
     }
+    textviews::SearchField* Field() const { return Part<textviews::SearchField>(); }
     /// By real keys.
     void Type(const char* text) const
     {
@@ -116,6 +118,50 @@ TEST_F(SearchPanelTest, GoesFromHitToHitAndTellsTheirNumbers)
     ExpectHits(4);
 }
 
+TEST_F(SearchPanelTest, FindsWhatIsShown)
+{
+    Append({"an er\x1b[31mror", "Loading\rDone\x1b[K", "\x1b[1merr\x1b[0mor error", "plain error"});
+    Panel().SetText("error");
+    Panel().SetMarkAll(true);
+    ExpectHits(2);
+    m_View->SetEscapes(wxTextLineCtrl::Escapes::Coloured);
+    ExpectHits(4);
+    ExpectHit(true, 0, 3, 1);
+    ExpectHit(true, 2, 0, 2);
+    ExpectHit(true, 2, 6, 3);
+    ExpectHit(false, 2, 0, 2);
+    EXPECT_EQ(m_View->GetMatchLength(), 5);
+    // The picture shows the hit as it does where nothing is hidden.
+    auto* const plain = new TestView(Frame());
+    plain->SetSize(m_View->GetSize());
+    for (const char* const line : {"an error", "Done", "error error", "plain error"})
+    {
+        plain->Append(line, false);
+    }
+    m_View->SetEscapes(wxTextLineCtrl::Escapes::Plain);
+    plain->GetSearchPanel()->Show();
+    plain->GetSearchPanel()->SetText("error");
+    plain->GetSearchPanel()->SetMarkAll(true);
+    plain->GetSearchPanel()->Find(true);
+    plain->GetSearchPanel()->Find(true);
+    EXPECT_TRUE(SamePixels(plain->Picture(), m_View->Picture()));
+    Panel().SetText("Doneing");
+    ExpectHits(0);
+    // A hit keeps its characters when they are shown another way.
+    Panel().SetText("error");
+    ExpectHit(true, 2, 6, 3);
+    m_View->SetEscapes(wxTextLineCtrl::Escapes::Raw);
+    EXPECT_EQ(m_View->GetMatchColumn(), 14);
+    ExpectHit(true, 3, 6, 2);
+    ASSERT_TRUE(m_View->Search("[31m", true, true)) << "by bytes";
+    m_View->SetEscapes(wxTextLineCtrl::Escapes::Coloured);
+    EXPECT_EQ(m_View->GetMatchColumn(), 6);
+    ExpectHit(true, 2, 0, 2);
+    ASSERT_TRUE(m_View->Search("or err", false, true));
+    EXPECT_TRUE(WaitFor([this] { return Panel().GetCurrent() == 0; }));
+    ExpectHit(true, 3, 6, 4);
+}
+
 TEST_F(SearchPanelTest, TellsWhatIsWrongWithAnExpression)
 {
     Append({"a(b", "c"});
@@ -175,6 +221,46 @@ TEST_F(SearchPanelTest, LooksWhileTypingFromWhereTheViewStood)
     Type("line 9");
     EXPECT_TRUE(WaitFor([this] { return m_View->GetMarkedLine() == 9; }));
     EXPECT_EQ(Panel().GetMessage(), "Went on from the top");
+}
+
+TEST_F(SearchPanelTest, SwitchesWhetherTheViewFollows)
+{
+    AppendNumbered(200);
+    auto* const button = Part<textviews::FollowButton>();
+    EXPECT_FALSE(button->IsShown());
+    m_View->SetFollowing(true);
+    m_View->ShowFollowButton(true);
+    EXPECT_TRUE(WaitFor([&] { return button->IsShownOnScreen() && button->GetSize().x > 0; }));
+    const auto is = [this](bool following)
+    { return WaitFor([=] { return m_View->IsFollowing() == following; }); };
+    const auto tells = [&](bool following)
+    {
+        return button->GetToolTipText() ==
+               (following ? "Stay here when lines come" : "Follow the end");
+    };
+    Focus(Field());
+    wxUIActionSimulator pointer;
+    for (const bool following : {false, true})
+    {
+        pointer.MouseMove(button->GetScreenRect().GetPosition() + button->GetSize() / 2);
+        PumpEvents();
+        pointer.MouseClick();
+        EXPECT_TRUE(is(following));
+        EXPECT_TRUE(tells(following));
+        EXPECT_TRUE(Field()->HasFocus());
+    }
+    Focus(button);
+    for (const int key : {WXK_SPACE, WXK_RETURN})
+    {
+        Press(key);
+        EXPECT_TRUE(is(key == WXK_RETURN)) << key;
+    }
+    m_View->ScrollToTop();
+    EXPECT_TRUE(tells(false));
+    Focus(button);
+    m_View->ShowFollowButton(false);
+    EXPECT_FALSE(button->IsShown());
+    EXPECT_TRUE(WaitFor([this] { return Field()->HasFocus(); }));
 }
 
 TEST_F(SearchPanelTest, RemembersWhatWasLookedForAndHow)

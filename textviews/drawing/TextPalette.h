@@ -16,11 +16,12 @@ struct LineState
     bool     marked = false;     ///< The search last hit it.
     bool     bookmarked = false; ///< Its band has no colour of its own for that.
     ByteSpan span = {};          ///< What of it is selected, where that is not all.
+    bool     quiet = false;      ///< Its band has none for that either: its text has.
 
     bool operator==(const LineState& other) const
     {
         return selected == other.selected && hover == other.hover && marked == other.marked &&
-               bookmarked == other.bookmarked && span == other.span;
+               bookmarked == other.bookmarked && span == other.span && quiet == other.quiet;
     }
 };
 

@@ -69,6 +69,47 @@ void CutFront(std::string_view line, ShownPiece& piece, int64_t cell)
     piece.cells -= place.cell;
 }
 
+// Those that begin before that byte of the stored line.
+void AppendPieces(std::string_view line, const ShownPieces& pieces, size_t end, std::string& text)
+{
+    int64_t cell = 0;
+    for (const ShownPiece& piece : pieces)
+    {
+        if (piece.stored < end)
+        {
+            text.append(static_cast<size_t>(piece.cell - cell), ' ');
+            text += piece.In(line);
+            cell = piece.End();
+        }
+    }
+}
+
+// Calls it for each piece with its first byte in the text, and with the empty cells before it.
+template <class Call> void ForPieces(const ShownPieces& pieces, const Call& call)
+{
+    size_t  byte = 0;
+    int64_t cell = 0;
+    for (const ShownPiece& piece : pieces)
+    {
+        const auto gap = static_cast<size_t>(piece.cell - cell);
+        call(piece, byte + gap, gap);
+        byte += gap + piece.bytes;
+        cell = piece.End();
+    }
+}
+
+void AddCells(std::vector<ShownCells>& found, const ShownCells& cells)
+{
+    if (!found.empty() && found.back().end == cells.first)
+    {
+        found.back().end = cells.end;
+    }
+    else
+    {
+        found.push_back(cells);
+    }
+}
+
 int64_t CellWithin(std::string_view line, const ShownPiece& piece, size_t byte)
 {
     TextPlace place;
@@ -102,6 +143,51 @@ int64_t LineFolder::MostCells(std::string_view line)
         escape = Find(line.substr(at + std::max<size_t>(bytes, 1)), k_Escape);
     }
     return static_cast<int64_t>(line.size() - hidden);
+}
+
+void LineFolder::AppendText(std::string_view line, std::string& text)
+{
+    const size_t before = text.size();
+    if (!AppendInOrder(line, text))
+    {
+        text.resize(before);
+        AppendPieces(line, Fold(line, false), line.size(), text);
+    }
+}
+
+// What stands between sequences, as long as none moves or erases what is there. Otherwise false.
+bool LineFolder::AppendInOrder(std::string_view line, std::string& text)
+{
+    using Kind = EscapeSequence::Kind;
+    if (Find(line.substr(0, line.size() - (EndsWithReturn(line) ? 1 : 0)), kReturn))
+    {
+        return false;
+    }
+    size_t      done = 0; // what stands before it has been taken
+    const char* escape = Find(line, k_Escape);
+    while (escape)
+    {
+        const auto           at = static_cast<size_t>(escape - line.data());
+        const EscapeSequence sequence = ReadEscapeSequence(line, at);
+        const bool           toEnd = sequence.parameters.empty() || sequence.parameters == "0";
+        if (sequence.kind == Kind::ToStart || (sequence.kind == Kind::Erase && !toEnd))
+        {
+            return false;
+        }
+        TextStyle  ignored;
+        const bool isWrong = sequence.kind == Kind::None ||
+                             (sequence.kind == Kind::Style && !IsSurelyRight(sequence.parameters) &&
+                              !ApplyStyleCodes(sequence.parameters, ignored));
+        if (!isWrong)
+        {
+            text += line.substr(done, at - done);
+            done = at + sequence.bytes;
+        }
+        const size_t next = isWrong ? at + 1 : done;
+        escape = Find(line.substr(next), k_Escape);
+    }
+    text += line.substr(done);
+    return true;
 }
 
 const ShownPieces& LineFolder::Fold(std::string_view line, bool coloured)
@@ -257,48 +343,101 @@ std::vector<ShownCells> CellsOf(std::string_view line, const ShownPieces& pieces
         {
             continue;
         }
-        const ShownCells cells{CellWithin(line, piece, first), CellWithin(line, piece, last)};
-        if (!found.empty() && found.back().end == cells.first)
-        {
-            found.back().end = cells.end;
-        }
-        else
-        {
-            found.push_back(cells);
-        }
+        AddCells(found, {CellWithin(line, piece, first), CellWithin(line, piece, last)});
     }
     return found;
 }
 
-std::pair<size_t, size_t> BytesIn(const ShownPieces& pieces, const ShownCells& cells)
+std::string ShownText(std::string_view line, const ShownPieces& pieces)
+{
+    std::string text;
+    AppendPieces(line, pieces, line.size(), text);
+    return text;
+}
+
+std::vector<ShownCells> CellsOfText(std::string_view line, const ShownPieces& pieces, size_t from,
+                                    size_t end)
+{
+    std::vector<ShownCells> found;
+    ForPieces(pieces,
+              [&](const ShownPiece& piece, size_t begin, size_t gap)
+              {
+                  const size_t gapFirst = std::max(from, begin - gap);
+                  const size_t gapEnd = std::min(end, begin);
+                  if (gapFirst < gapEnd)
+                  {
+                      const auto back = [&](size_t byte)
+                      { return piece.cell - static_cast<int64_t>(begin - byte); };
+                      AddCells(found, {back(gapFirst), back(gapEnd)});
+                  }
+                  const size_t first = std::max(from, begin);
+                  const size_t last = std::min(end, begin + piece.bytes);
+                  if (first < last)
+                  {
+                      AddCells(found, {CellWithin(line, piece, piece.stored + first - begin),
+                                       CellWithin(line, piece, piece.stored + last - begin)});
+                  }
+              });
+    return found;
+}
+
+std::pair<size_t, size_t> TextIn(const ShownPieces& pieces, const ShownCells& cells)
 {
     size_t from = std::numeric_limits<size_t>::max();
     size_t end = 0;
-    for (const ShownPiece& piece : pieces)
-    {
-        if (piece.End() > cells.first && piece.cell < cells.end)
-        {
-            from = std::min(from, piece.stored);
-            end = std::max(end, piece.stored + piece.bytes);
-        }
-    }
+    ForPieces(pieces,
+              [&](const ShownPiece& piece, size_t begin, size_t gap)
+              {
+                  if (piece.End() > cells.first &&
+                      piece.cell - static_cast<int64_t>(gap) < cells.end)
+                  {
+                      from = std::min(from, begin - gap);
+                      end = std::max(end, begin + piece.bytes);
+                  }
+              });
     return {std::min(from, end), end};
+}
+
+size_t TextByteOf(const ShownPieces& pieces, size_t stored)
+{
+    size_t nearest = std::numeric_limits<size_t>::max(); // of the stored bytes
+    size_t found = 0;
+    size_t all = 0;
+    ForPieces(pieces,
+              [&](const ShownPiece& piece, size_t begin, size_t)
+              {
+                  const size_t byte = std::max(stored, piece.stored);
+                  if (byte < piece.stored + piece.bytes && byte < nearest)
+                  {
+                      nearest = byte;
+                      found = begin + byte - piece.stored;
+                  }
+                  all = begin + piece.bytes;
+              });
+    return nearest == std::numeric_limits<size_t>::max() ? all : found;
+}
+
+size_t StoredByteOf(const ShownPieces& pieces, size_t byte)
+{
+    size_t found = 0;
+    bool   isFound = false;
+    ForPieces(pieces,
+              [&](const ShownPiece& piece, size_t begin, size_t)
+              {
+                  if (!isFound)
+                  {
+                      isFound = byte < begin + piece.bytes;
+                      found = isFound ? piece.stored + std::max(byte, begin) - begin
+                                      : piece.stored + piece.bytes;
+                  }
+              });
+    return found;
 }
 
 std::string PlainText(std::string_view line, const ShownPieces& pieces)
 {
     std::string text;
-    int64_t     cell = 0;
-    for (const ShownPiece& piece : pieces)
-    {
-        const bool isEnd = EndsWithReturn(line) && piece.stored + 1 == line.size();
-        if (!isEnd)
-        {
-            text.append(static_cast<size_t>(piece.cell - cell), ' ');
-            text += piece.In(line);
-            cell = piece.End();
-        }
-    }
+    AppendPieces(line, pieces, line.size() - (EndsWithReturn(line) ? 1 : 0), text);
     return text;
 }
 } // namespace textviews

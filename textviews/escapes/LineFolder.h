@@ -47,7 +47,14 @@ public:
     /// each piece has some thousand bytes at most. Valid until the next call.
     const ShownPieces& Fold(std::string_view line, bool coloured);
 
+    /// Appends the text that is shown, with spaces in cells between two pieces, and with a carriage
+    /// return at the end of the line. Several times as fast as by its pieces where the sequences
+    /// move nothing.
+    void AppendText(std::string_view line, std::string& text);
+
 private:
+    static bool AppendInOrder(std::string_view line, std::string& text);
+
     void Take(std::string_view line);
     void AddText(size_t from, size_t end);
     void Return();
@@ -79,8 +86,20 @@ struct ShownCells
 std::vector<ShownCells> CellsOf(std::string_view line, const ShownPieces& pieces, size_t from,
                                 size_t end);
 
-/// The bytes [from, end) of the stored line that all that is shown in those cells lies within.
-std::pair<size_t, size_t> BytesIn(const ShownPieces& pieces, const ShownCells& cells);
+/// @name Places in the text that is shown
+/// As `LineFolder::AppendText` appends it.
+/// @{
+std::string ShownText(std::string_view line, const ShownPieces& pieces);
+/// Where the bytes [from, end) of it are shown, from left to right.
+std::vector<ShownCells> CellsOfText(std::string_view line, const ShownPieces& pieces, size_t from,
+                                    size_t end);
+/// Its bytes [from, end) that all that is shown in those cells lies within.
+std::pair<size_t, size_t> TextIn(const ShownPieces& pieces, const ShownCells& cells);
+/// Its byte for one of the stored line; for one that is not shown, that of the next one that is.
+size_t TextByteOf(const ShownPieces& pieces, size_t stored);
+/// The stored byte for one of it; for a space that stands for nothing, that of the next one.
+size_t StoredByteOf(const ShownPieces& pieces, size_t byte);
+/// @}
 
 /// What is shown as plain text, without a carriage return at the end of the line.
 std::string PlainText(std::string_view line, const ShownPieces& pieces);

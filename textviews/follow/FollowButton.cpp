@@ -38,32 +38,30 @@ void DrawArrow(wxDC& dc, const wxSize& size, const wxColour& colour)
 }
 } // namespace
 
-FollowButton::FollowButton(wxWindow* view, std::function<void()> onClick)
-    : wxWindow(view, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE),
+FollowButton::FollowButton(wxWindow* parent, std::function<void()> onClick)
+    : wxWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE),
       m_OnClick(std::move(onClick))
 {
     Manage(this);
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     SetCursor(*wxSTANDARD_CURSOR);
+    const auto onPress = [this](wxMouseEvent&) { OnPress(); };
+    const auto onFocus = [this](wxFocusEvent& event)
+    {
+        event.Skip();
+        m_IsKeyDown = false;
+        Refresh();
+    };
     Bind(wxEVT_PAINT, &FollowButton::OnPaint, this);
-    Bind(wxEVT_LEFT_DOWN, &FollowButton::OnPress, this);
-    Bind(wxEVT_LEFT_DCLICK, &FollowButton::OnPress, this);
+    Bind(wxEVT_LEFT_DOWN, onPress);
+    Bind(wxEVT_LEFT_DCLICK, onPress);
     Bind(wxEVT_ENTER_WINDOW, [this](wxMouseEvent&) { SetHover(true); });
     Bind(wxEVT_LEAVE_WINDOW, [this](wxMouseEvent&) { SetHover(false); });
-    view->Bind(wxEVT_SIZE, &FollowButton::OnViewSize, this);
+    Bind(wxEVT_KEY_DOWN, &FollowButton::OnKey, this);
+    Bind(wxEVT_KEY_UP, [this](wxKeyEvent&) { m_IsKeyDown = false; });
+    Bind(wxEVT_SET_FOCUS, onFocus);
+    Bind(wxEVT_KILL_FOCUS, onFocus);
     ShowState(true);
-    Place();
-}
-
-FollowButton::~FollowButton()
-{
-    GetParent()->Unbind(wxEVT_SIZE, &FollowButton::OnViewSize, this);
-}
-
-void FollowButton::OnViewSize(wxSizeEvent& event)
-{
-    event.Skip();
-    Place();
 }
 
 void FollowButton::ShowState(bool following)
@@ -77,16 +75,14 @@ void FollowButton::ShowState(bool following)
     }
 }
 
-void FollowButton::Place()
+int FollowButton::Side() const
 {
-    const int    side = GetParent()->GetCharHeight() + kOverText;
-    const wxSize room = GetParent()->GetClientSize() - wxSize(kMargin, kMargin);
-    const wxRect place(room.x - side, room.y - side, side, side);
-    Show(place.x >= kMargin && place.y >= kMargin);
-    if (place != GetRect())
-    {
-        SetSize(place);
-    }
+    return GetParent()->GetCharHeight() + kOverText;
+}
+
+wxSize FollowButton::DoGetBestSize() const
+{
+    return {Side(), Side()};
 }
 
 void FollowButton::SetHover(bool hover)
@@ -125,18 +121,78 @@ void FollowButton::OnPaint(wxPaintEvent&)
     {
         DrawArrow(dc, GetClientSize(), ink);
     }
+    if (HasFocus())
+    {
+        wxtDrawFocus(dc, GetClientRect(), {ground});
+    }
 }
 
-// What comes of it may destroy the view.
-void FollowButton::OnPress(wxMouseEvent&)
+void FollowButton::OnPress()
 {
-    CALL_ENTRY("FollowButton::OnPress");
-    const wxWeakRef<wxWindow>   self(this);
-    const std::function<void()> onClick = m_OnClick;
-    GetParent()->SetFocus();
-    if (self && IsEnabled())
+    Click();
+}
+
+void FollowButton::Click()
+{
+    CALL_ENTRY("FollowButton::Click");
+    const std::function<void()> onClick = m_OnClick; // it may go with the view
+    if (IsEnabled())
     {
         onClick();
+    }
+}
+
+void FollowButton::OnKey(wxKeyEvent& event)
+{
+    const int  key = event.GetKeyCode();
+    const bool clicks = key == WXK_SPACE || key == WXK_RETURN || key == WXK_NUMPAD_ENTER;
+    if (!clicks || event.HasAnyModifiers())
+    {
+        event.Skip();
+    }
+    else if (!std::exchange(m_IsKeyDown, true)) // it repeats itself
+    {
+        Click();
+    }
+}
+
+CornerFollowButton::CornerFollowButton(wxWindow* view, std::function<void()> onClick)
+    : FollowButton(view, std::move(onClick))
+{
+    view->Bind(wxEVT_SIZE, &CornerFollowButton::OnViewSize, this);
+    Place();
+}
+
+CornerFollowButton::~CornerFollowButton()
+{
+    GetParent()->Unbind(wxEVT_SIZE, &CornerFollowButton::OnViewSize, this);
+}
+
+void CornerFollowButton::OnViewSize(wxSizeEvent& event)
+{
+    event.Skip();
+    Place();
+}
+
+void CornerFollowButton::Place()
+{
+    const int    side = Side();
+    const wxSize room = GetParent()->GetClientSize() - wxSize(kMargin, kMargin);
+    const wxRect place(room.x - side, room.y - side, side, side);
+    Show(place.x >= kMargin && place.y >= kMargin);
+    if (place != GetRect())
+    {
+        SetSize(place);
+    }
+}
+
+void CornerFollowButton::OnPress()
+{
+    const wxWeakRef<wxWindow> self(this);
+    GetParent()->SetFocus();
+    if (self)
+    {
+        Click();
     }
 }
 } // namespace textviews

@@ -8,29 +8,49 @@
 
 namespace textviews
 {
-/// The small button in the corner of a view that follows its end: lit while it does, and a click
-/// switches that. A child of the view, which destroys it. Keys and the focus stay with the view.
+/// The small button that tells whether a view follows its end: lit while it does, and a click, or a
+/// key when it has the focus, switches that.
 class FollowButton : public wxWindow, public wxtColorManaged
 {
 public:
-    FollowButton(wxWindow* view, std::function<void()> onClick);
-
-    ~FollowButton() override;
+    FollowButton(wxWindow* parent, std::function<void()> onClick);
 
     void ShowState(bool following); ///< Does nothing when that is shown already.
+    int  Side() const;              ///< Pixels of the square that it is.
 
-    bool AcceptsFocus() const override { return false; }
+protected:
+    /// A button of the mouse has gone down on it; what comes of it may destroy the view.
+    virtual void OnPress();
+    void         Click();
+
+    wxSize DoGetBestSize() const override;
 
 private:
-    /// Into the corner of the view. One that has no room for it has none.
-    void Place();
-    void OnViewSize(wxSizeEvent& event);
     void OnPaint(wxPaintEvent& event);
-    void OnPress(wxMouseEvent& event);
+    void OnKey(wxKeyEvent& event);
     void SetHover(bool hover);
 
     std::function<void()> m_OnClick;
     bool                  m_Following = false;
     bool                  m_Hover = false;
+    bool                  m_IsKeyDown = false; ///< The key that clicked it is held.
+};
+
+/// The one in the corner of the view, whose child it is. Keys and the focus stay with the view.
+class CornerFollowButton final : public FollowButton
+{
+public:
+    CornerFollowButton(wxWindow* view, std::function<void()> onClick);
+    ~CornerFollowButton() override;
+
+    bool AcceptsFocus() const override { return false; }
+
+protected:
+    void OnPress() override;
+
+private:
+    /// Into the corner of the view. One that has no room for it has none.
+    void Place();
+    void OnViewSize(wxSizeEvent& event);
 };
 } // namespace textviews

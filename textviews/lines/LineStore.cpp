@@ -128,11 +128,17 @@ LineStore::Block LineStore::BlockOf(int index) const
     Block        block;
     block.firstLine = FirstLineOf(leafIndex);
     block.lineCount = leaf.Count();
+    block.finding = leaf.finding;
     const Content content = ContentOf(leaf);
     block.starts = content.starts.data() + leaf.head;
     block.origin = *block.starts;
     block.bytes = {content.bytes.data() + block.origin, content.bytes.size() - block.origin};
     return block;
+}
+
+void LineStore::Note(int index, Finding finding) const
+{
+    m_Leaves[LeafOf(index)].finding = finding;
 }
 
 size_t LineStore::LeafOf(int index) const
@@ -203,6 +209,8 @@ void LineStore::Append(std::string_view line)
     Leaf& leaf = m_Leaves.back();
     leaf.starts.push_back(static_cast<uint32_t>(leaf.bytes.size()));
     leaf.bytes.insert(leaf.bytes.end(), line.begin(), line.end());
+    leaf.finding = Finding::None;
+    ++m_Changes;
     ++m_Count;
     m_Bytes += line.size();
 }
@@ -256,6 +264,8 @@ int LineStore::AppendStored(const std::shared_ptr<const wxTextSource>& source,
     leaf.stored.size += stretch.size;
     leaf.stored.lines += lines;
     leaf.storedBytes += stretch.bytes;
+    leaf.finding = Finding::None;
+    ++m_Changes;
     m_Count += lines;
     m_Bytes += stretch.bytes;
     return lines;
@@ -288,6 +298,7 @@ void LineStore::Insert(int index, std::string_view line)
     const int    at = std::max(index, 0);
     const size_t leaf = LeafOf(at);
     InsertIntoLeaf(leaf, at - FirstLineOf(leaf), line);
+    ++m_Changes;
     ++m_Count;
     m_Bytes += line.size();
 }
@@ -297,6 +308,7 @@ void LineStore::InsertIntoLeaf(size_t leafIndex, int line, std::string_view text
     Leaf& leaf = m_Leaves[leafIndex];
     TakeIntoMemory(leaf);
     leaf.Compact();
+    leaf.finding = Finding::None;
     const auto at = leaf.starts.begin() + line;
     const auto start = *at;
     const auto size = static_cast<uint32_t>(text.size());
@@ -356,6 +368,7 @@ void LineStore::Erase(int index)
     // Less than that may be left of a file that has lost lines since they were counted.
     m_Bytes -= std::min<uint64_t>(m_Bytes, LineNow(index).size());
     --m_Count;
+    ++m_Changes;
     EraseFromLeaf(leaf, index - FirstLineOf(leaf));
 }
 
@@ -417,6 +430,7 @@ void LineStore::MergeSmall(size_t leafIndex)
     }
     left.Compact();
     right.Compact();
+    left.finding = left.finding == right.finding ? left.finding : Finding::None;
     const auto before = static_cast<uint32_t>(left.bytes.size());
     left.bytes.insert(left.bytes.end(), right.bytes.begin(), right.bytes.end());
     for (const uint32_t start : right.starts)
@@ -434,6 +448,7 @@ void LineStore::Clear()
     m_Erased = 0;
     m_Count = 0;
     m_Bytes = 0;
+    ++m_Changes;
     m_Stored.Forget();
     if (trim)
     {

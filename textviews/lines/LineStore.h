@@ -30,6 +30,14 @@ public:
     static constexpr size_t k_LeafBytes = 32 * 1024; ///< Of lines in a leaf; a longer one is alone.
     static constexpr size_t k_LeafLines = 4096;      ///< In a leaf, where they are short or empty.
 
+    /// What somebody who has gone through all lines of a block has found.
+    enum class Finding : uint8_t
+    {
+        None,  ///< Nobody has, since lines have joined them.
+        Plain, ///< All are shown as they are stored, also where escape sequences are followed.
+        Folded ///< Some are not.
+    };
+
     /// Neighbouring lines that lie together, for whoever goes through all of them.
     struct Block
     {
@@ -38,6 +46,7 @@ public:
         std::string_view bytes;            ///< Of all lines, one after the other, no separators.
         const uint32_t*  starts = nullptr; ///< Where each line starts, from `origin` on.
         uint32_t         origin = 0;       ///< Value of `starts` that `bytes` begins at.
+        Finding          finding = Finding::None;
 
         std::string_view Line(int index) const; ///< Counted from `firstLine`.
         size_t           StartOf(int index) const { return starts[index] - origin; }
@@ -47,23 +56,29 @@ public:
     /// `late` is called, on a thread of the store's own, when lines can be had that `Line` did
     /// not have. `most` is for tests: no more lines can be counted.
     explicit LineStore(std::function<void()> late = {}, int most = INT_MAX - 1);
+    LineStore(LineStore&&) = default;
+    virtual ~LineStore() = default;
 
-    int      Count() const { return m_Count; }
+    virtual int Count() const { return m_Count; }
     uint64_t Bytes() const { return m_Bytes; } ///< Of all lines.
     bool     IsFull() const { return m_Count >= m_Most; }
 
     /// The line, for somebody who looks at a window: one whose disk does not answer at once is told
     /// to be on its way. An empty view when there is no line of that index.
-    std::string_view Line(int index) const;
+    virtual std::string_view Line(int index) const;
     /// The same for others: it waits for the disk.
-    std::string_view LineNow(int index) const;
+    virtual std::string_view LineNow(int index) const;
     /// The lines that lie together with that one; it must exist.
-    Block BlockOf(int index) const;
+    virtual Block BlockOf(int index) const;
+    /// Notes that of the lines that lie together with that one.
+    void Note(int index, Finding finding) const;
+    /// Another number after every change of the lines.
+    uint64_t Changes() const { return m_Changes; }
     /// That line, or the first one after it whose bytes are in memory; `Count()` when there is
     /// none.
-    int NextInMemory(int index) const;
+    virtual int NextInMemory(int index) const;
     /// Bytes of those lines, more or less: no line is read.
-    uint64_t RoughBytes(int first, int last) const;
+    virtual uint64_t RoughBytes(int first, int last) const;
 
     void Append(std::string_view line); ///< Nothing when the store is full.
     /// Adds lines that stay where they are. Gives how many: fewer when the store is full then.
@@ -85,6 +100,7 @@ private:
         uint32_t              head = 0;        ///< Lines at the front that are erased already.
         uint32_t              storedBytes = 0; ///< Of lines in a source, as the view has them.
         StoredPlace           stored;          ///< Without a source: the lines are in memory.
+        mutable Finding       finding = Finding::None;
 
         bool   IsStored() const { return stored.source != nullptr; }
         int    Count() const;
@@ -127,6 +143,7 @@ private:
     int64_t              m_Erased = 0; ///< Lines that were erased at the very start.
     int                  m_Count = 0;
     uint64_t             m_Bytes = 0;
+    uint64_t             m_Changes = 0;
     int                  m_Most;
 
     mutable StoredTexts m_Stored; ///< What was read lately.

@@ -30,6 +30,16 @@ void BackgroundSearch::SetQuery(const SearchQuery& query)
     m_Finder = query.text.empty() ? nullptr : MakeFinder(query, m_Problem);
 }
 
+void BackgroundSearch::LookAtShown(bool shown)
+{
+    if (shown != LooksAtShown())
+    {
+        StopSearch();
+        m_Lines.ReadAsShown(shown);
+        Count(HasCount());
+    }
+}
+
 void BackgroundSearch::Find(bool forward, const SearchPlace& start)
 {
     if (m_Finder)

@@ -25,6 +25,11 @@ public:
     /// What finds it; null when it is no expression.
     const std::shared_ptr<HitFinder>& Finder() const { return m_Finder; }
 
+    /// Reads lines from now on as they are shown, or as they are stored. Ends a search, and counts
+    /// anew.
+    void LookAtShown(bool shown);
+    bool LooksAtShown() const { return m_Lines.AreAsShown(); }
+
     /// Begins; see `LineSearch::Begin`. Not without something that finds it.
     void              Find(bool forward, const SearchPlace& start);
     void              StopSearch() { m_Search.Stop(); }
@@ -54,7 +59,7 @@ private:
     bool Step();
     void CountOn();
 
-    const LineStore&           m_Lines;
+    SearchedLines              m_Lines;
     std::function<void()>      m_Changed;
     SearchQuery                m_Query;
     QueryProblem               m_Problem;

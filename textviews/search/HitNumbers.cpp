@@ -60,7 +60,7 @@ bool HitNumbers::SetCurrent(const SearchPlace& hit)
     return isOther;
 }
 
-bool HitNumbers::Step(const LineStore& lines, size_t budget)
+bool HitNumbers::Step(const SearchedLines& lines, size_t budget)
 {
     size_t     left = budget;
     const auto hasRank = [this] { return m_Current.line < 0 || m_Rank.done; };
@@ -176,7 +176,7 @@ void HitNumbers::LineErased(int line)
 }
 
 // Counts on in the first chunk that is not counted.
-void HitNumbers::CountOn(const LineStore& lines, size_t& budget)
+void HitNumbers::CountOn(const SearchedLines& lines, size_t& budget)
 {
     const LineStore::Block block = lines.BlockOf(m_Open.firstLine);
     if (m_Chunks[m_Open.chunk].from > 0 || block.bytes.size() > kPieceBytes)
@@ -309,7 +309,7 @@ void HitNumbers::BeginRank()
     m_Rank.done = place.chunk >= m_Chunks.size();
 }
 
-void HitNumbers::RankOn(const LineStore& lines, size_t& budget)
+void HitNumbers::RankOn(const SearchedLines& lines, size_t& budget)
 {
     if (!m_Rank.begun)
     {

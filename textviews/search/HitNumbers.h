@@ -18,7 +18,7 @@ public:
     void Stop();
     bool IsActive() const { return m_Finder != nullptr; }
     /// Goes on for about `budget` bytes; true when there is nothing left to count.
-    bool    Step(const LineStore& lines, size_t budget);
+    bool    Step(const SearchedLines& lines, size_t budget);
     bool    IsCounted() const;              ///< All hits are.
     int64_t Hits() const { return m_Hits; } ///< So far.
 
@@ -62,14 +62,14 @@ private:
     ChunkPlace ChunkOf(int line) const;
     void       Uncount(size_t chunk);
     void       Reopen(const ChunkPlace& place);
-    void       CountOn(const LineStore& lines, size_t& budget);
+    void       CountOn(const SearchedLines& lines, size_t& budget);
     void       CountLine(std::string_view line, size_t& budget);
     void       CountLines(const LineStore::Block& block, size_t& budget);
     bool       GoThrough(std::string_view line, size_t& from, int64_t& hits, size_t& budget);
     void       SkipCounted();
     void       Close(int lines, size_t bytes, int64_t hits);
     void       BeginRank();
-    void       RankOn(const LineStore& lines, size_t& budget);
+    void       RankOn(const SearchedLines& lines, size_t& budget);
 
     std::shared_ptr<HitFinder> m_Finder;
     std::vector<Chunk>         m_Chunks; ///< All lines; none is empty.

@@ -105,7 +105,7 @@ ByteSpan LineSearch::LimitsOf(int line) const
                                   : ByteSpan{m_Start.byte, SearchPlace::k_End};
 }
 
-LineSearch::State LineSearch::Step(const LineStore& lines, size_t budget)
+LineSearch::State LineSearch::Step(const SearchedLines& lines, size_t budget)
 {
     size_t left = budget;
     while (m_State == State::Running && left > 0)
@@ -134,7 +134,7 @@ LineSearch::Range LineSearch::RangeIn(const LineStore::Block& block) const
     return {m_Wrapped ? std::max(block.firstLine, m_Start.line + 1) : block.firstLine, m_Next + 1};
 }
 
-void LineSearch::LookThrough(const LineStore& lines, size_t& budget)
+void LineSearch::LookThrough(const SearchedLines& lines, size_t& budget)
 {
     const LineStore::Block block = lines.BlockOf(m_Next);
     if (m_InLine || IsLong(block) || m_Next == m_Start.line)

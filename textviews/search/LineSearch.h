@@ -2,13 +2,14 @@
 
 #include "textviews/lines/TextCells.h"
 #include "textviews/search/HitFinder.h"
+#include "textviews/search/SearchedLines.h"
 
 #include <memory>
 #include <vector>
 
 namespace textviews
 {
-/// Where in a line the text was found. Columns count characters.
+/// Where in a line, as it was searched, the text was found. Columns count characters.
 struct LineMatch
 {
     int      line = -1;
@@ -51,7 +52,7 @@ public:
     void Begin(std::shared_ptr<HitFinder> finder, bool forward, const SearchPlace& start,
                Unit unit);
     /// Goes on for about `budget` bytes.
-    State Step(const LineStore& lines, size_t budget);
+    State Step(const SearchedLines& lines, size_t budget);
     void  Stop() { m_State = State::Idle; }
 
     State            GetState() const { return m_State; }
@@ -75,7 +76,7 @@ private:
     bool     WrapIfAtEnd(int count);
     Range    RangeIn(const LineStore::Block& block) const;
     ByteSpan LimitsOf(int line) const;
-    void     LookThrough(const LineStore& lines, size_t& budget);
+    void     LookThrough(const SearchedLines& lines, size_t& budget);
     void     LookThroughShort(const LineStore::Block& block, size_t& budget);
     bool     LookThroughLine(std::string_view text, size_t& budget);
     bool     LookForFirst(std::string_view text, const ByteSpan& limits, size_t& budget);

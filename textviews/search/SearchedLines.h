@@ -1,0 +1,48 @@
+#pragma once
+
+#include "textviews/escapes/LineFolder.h"
+#include "textviews/lines/LineStore.h"
+
+#include <string>
+#include <vector>
+
+namespace textviews
+{
+/// The lines of a view as a search reads them: as they are stored, or as they are shown where
+/// escape sequences are followed. Then places in a line are those in the text that it shows. Lines
+/// that lie together without any such sequence are read where they are, as fast as stored ones;
+/// what was found out about them is noted in the store. Main thread.
+class SearchedLines
+{
+public:
+    /// As they are stored.
+    SearchedLines(const LineStore& lines) : m_Lines(&lines) {} // NOLINT: it is the same, to read
+
+    void ReadAsShown(bool shown);
+    bool AreAsShown() const { return m_AreAsShown; }
+
+    int Count() const { return m_Lines->Count(); }
+    /// Either is valid until the next call, or the next change of the lines.
+    /// @{
+    LineStore::Block BlockOf(int index) const;
+    std::string_view LineNow(int index) const;
+    /// @}
+
+private:
+    bool IsFolded(const LineStore::Block& block) const;
+    bool IsKept(int index) const;
+    void Keep(const LineStore::Block& block) const;
+
+    const LineStore* m_Lines;
+    bool             m_AreAsShown = false;
+
+    /// @name The lines that were folded last
+    /// @{
+    mutable LineFolder            m_Folder;
+    mutable std::string           m_Bytes;
+    mutable std::vector<uint32_t> m_Starts;
+    mutable int                   m_First = 0;
+    mutable uint64_t              m_Changes = 0; ///< Of the store, at that time.
+    /// @}
+};
+} // namespace textviews
