@@ -310,8 +310,11 @@ TEST(Escapes, PlacesInTheTextThatIsShown)
         {
             const size_t from = textviews::StoredByteOf(shown, byte);
             const size_t back = textviews::TextByteOf(shown, from);
-            ASSERT_GE(back, byte) << stored;
-            ASSERT_TRUE(text[byte] == stored[from] || text[byte] == ' ') << stored;
+            if (text[byte] != ' ') // which stands for an empty cell here
+            {
+                ASSERT_EQ(back, byte) << stored;
+                ASSERT_EQ(text[byte], stored[from]) << stored;
+            }
         }
         const auto [begin, end] =
             textviews::TextIn(shown, {0, std::max<int64_t>(textviews::EndOf(shown), 1)});

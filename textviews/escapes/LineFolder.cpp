@@ -426,7 +426,7 @@ size_t StoredByteOf(const ShownPieces& pieces, size_t byte)
               {
                   if (!isFound)
                   {
-                      isFound = byte < begin + piece.bytes;
+                      isFound = piece.bytes > 0 && byte < begin + piece.bytes;
                       found = isFound ? piece.stored + std::max(byte, begin) - begin
                                       : piece.stored + piece.bytes;
                   }
