@@ -377,7 +377,7 @@ void ShowOnlyMatching(benchmark::State& state)
         PumpEvents();
         const size_t     before = ResidentBytes();
         const SlicedWork work =
-            MeasureSlices([&] { bar->SetText(state.range(1) != 0 ? "." : "Needle"); },
+            MeasureSlices([&] { bar->SetText(state.range(1) != 0 ? "^." : "Needle"); },
                           [&] { return !panes->IsMatchingComplete(); });
         Report(state, work);
         const int rows = panes->GetMatches()->GetLineCount();

@@ -300,7 +300,7 @@ TEST(LineSearchTest, LooksAtWhatIsShown)
                                       "\r",      "a hit", "\x1b[m",     "\xc3\xa4",
                                       "\x1b[1K", "T",     "h\x1b[1mit", " "};
     std::mt19937           random(4);
-    const auto below = [&random](size_t end) { return random() % end; };
+    const auto             below = [&random](size_t end) { return random() % end; };
     for (int round = 0; round < 40; ++round)
     {
         textviews::LineFolder folder;

@@ -174,14 +174,16 @@ TEST_F(MatchesViewTest, TheChoicesAreRememberedAndThePaneKeepsItsHeight)
     // By the hand: the sash, then the menu.
     wxUIActionSimulator pointer;
     const wxPoint sash = m_Panes->ClientToScreen(wxPoint(200, m_Panes->GetSashPosition() + 2));
+    const int     sashBefore = m_Panes->GetSashPosition();
     pointer.MouseMove(sash);
+    EXPECT_TRUE(WaitFor([&] { return wxGetMousePosition() == sash; }));
     PumpEvents();
     pointer.MouseDown();
-    PumpEvents();
+    EXPECT_TRUE(WaitFor([this] { return m_Panes->HasCapture(); }));
     for (const int moved : {20, 40})
     {
         pointer.MouseMove(sash - wxPoint(0, moved));
-        PumpEvents();
+        EXPECT_TRUE(WaitFor([&] { return m_Panes->GetSashPosition() == sashBefore - moved; }));
     }
     pointer.MouseUp();
     EXPECT_TRUE(WaitFor([this] { return m_Panes->GetMatchesHeight() == 170; }))

@@ -60,8 +60,8 @@ public:
     virtual ~LineStore() = default;
 
     virtual int Count() const { return m_Count; }
-    uint64_t Bytes() const { return m_Bytes; } ///< Of all lines.
-    bool     IsFull() const { return m_Count >= m_Most; }
+    uint64_t    Bytes() const { return m_Bytes; } ///< Of all lines.
+    bool        IsFull() const { return m_Count >= m_Most; }
 
     /// The line, for somebody who looks at a window: one whose disk does not answer at once is told
     /// to be on its way. An empty view when there is no line of that index.

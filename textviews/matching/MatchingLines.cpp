@@ -6,6 +6,8 @@ namespace textviews
 {
 namespace
 {
+constexpr size_t kCallCost = 64; // bytes that could be looked through in the time of a call
+
 void Pay(size_t& budget, size_t cost)
 {
     budget -= std::min(budget, std::max<size_t>(cost, 1));
@@ -90,7 +92,10 @@ bool MatchingLines::LookThroughLine(std::string_view line, size_t& budget)
     while (m_From < line.size() && budget > 0)
     {
         m_Found.clear();
-        m_Finder->HitsIn(line, PieceAt(line, m_From, m_Finder->Reach()), m_From, budget, m_Found);
+        const size_t from = m_From;
+        size_t       least = 1; // as little as it can: one hit is enough
+        m_Finder->HitsIn(line, PieceAt(line, m_From, m_Finder->Reach()), m_From, least, m_Found);
+        Pay(budget, m_From - from + kCallCost);
         if (!m_Found.empty())
         {
             m_HasHit = true;
