@@ -8,6 +8,7 @@
 #include "tests/support/Pictures.h"
 #include "vesta/Application.h"
 
+#include <wx/dcmemory.h>
 #include <wx/sizer.h>
 #include <wx/stopwatch.h>
 #include <wx/uiaction.h>
