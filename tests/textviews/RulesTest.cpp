@@ -14,6 +14,14 @@ wxImage LineOf(const TestView& view, const wxImage& picture, int line)
     return picture.GetSubImage(wxRect(0, line * view.LineHeight(), 500, view.LineHeight()));
 }
 
+// As it is once all that was asked for has been drawn.
+wxImage Shown(TestView& view)
+{
+    view.Redraw();
+    view.PaintNow();
+    return view.Picture();
+}
+
 int Count(const wxImage& image, const wxColour& colour)
 {
     return CountPixels(image, [&](const wxColour& pixel) { return pixel == colour; });
@@ -90,9 +98,9 @@ TEST_F(TextViewTest, RulesColourLinesAndMatches)
 {
     Append({"MMMM MMMM", "MMMM error MMMM", "MMMM info MMMM", "\x1b[34mMMMM\x1b[0m error MMMM"});
     Focus(m_View);
-    const wxImage without = m_View->Picture();
+    const wxImage without = Shown(*m_View);
     m_View->SetRules(wxStandardTextRules());
-    const wxImage raw = m_View->Picture();
+    const wxImage raw = Shown(*m_View);
     EXPECT_TRUE(SamePixels(LineOf(*m_View, raw, 0), LineOf(*m_View, without, 0)));
     const wxColour ground = wxtGetColor(color_WindowBGLighter);
     const wxColour red = wxtReadableColor(wxtGetColor(color_TextRed), ground);
@@ -106,16 +114,16 @@ TEST_F(TextViewTest, RulesColourLinesAndMatches)
     EXPECT_TRUE(has(raw, 2, own));
     // What a program has coloured keeps its colour.
     m_View->SetEscapes(wxTextLineCtrl::Escapes::Coloured);
-    const wxImage  coloured = m_View->Picture();
+    const wxImage  coloured = Shown(*m_View);
     const wxColour programs = wxtReadableColor(wxtGetColor(color_TextDarkBlue), ground);
     EXPECT_TRUE(has(coloured, 3, red));
     EXPECT_TRUE(has(coloured, 3, programs)) << Kept(coloured, "rules");
     EXPECT_FALSE(has(coloured, 3, own));
     // A selected line looks as without rules.
     Drag(1, 2);
-    const wxImage selected = m_View->Picture();
+    const wxImage selected = Shown(*m_View);
     m_View->SetRules({});
-    const wxImage plain = m_View->Picture();
+    const wxImage plain = Shown(*m_View);
     for (const int line : {1, 2})
     {
         EXPECT_TRUE(SamePixels(LineOf(*m_View, selected, line), LineOf(*m_View, plain, line)));
@@ -123,7 +131,7 @@ TEST_F(TextViewTest, RulesColourLinesAndMatches)
     m_View->SelectNone();
     m_View->SetEscapes(wxTextLineCtrl::Escapes::Raw);
     m_View->SetHighlightLine(-1);
-    EXPECT_TRUE(SamePixels(m_View->Picture(), without));
+    EXPECT_TRUE(SamePixels(Shown(*m_View), without));
 }
 
 TEST_F(TextViewTest, RulesColourLongLinesWhereverTheyAreSeen)
@@ -132,14 +140,14 @@ TEST_F(TextViewTest, RulesColourLongLinesWhereverTheyAreSeen)
     UseColors(scheme_Darker, m_View);
     m_View->Append(String(300'000, 'x') + "needle" + String(500, 'y'), false);
     m_View->SetRules({MatchRule("needle", green)});
-    EXPECT_EQ(Count(m_View->Picture(), green), 0);
+    EXPECT_EQ(Count(Shown(*m_View), green), 0);
     m_View->SetScrollPos(wxHORIZONTAL, m_View->ColumnWidth() * 299'980);
-    const auto shows = [&] { return Count(m_View->Picture(), green) > 0; };
-    EXPECT_TRUE(WaitFor(shows)) << Kept(m_View->Picture(), "long");
+    const auto shows = [&] { return Count(Shown(*m_View), green) > 0; };
+    EXPECT_TRUE(WaitFor(shows)) << Kept(Shown(*m_View), "long");
     // Lines that come before it, and go, take the colour along.
     m_View->Append("another", false);
     m_View->Erase(0);
-    EXPECT_EQ(Count(m_View->Picture(), green), 0);
+    EXPECT_EQ(Count(Shown(*m_View), green), 0);
 }
 
 TEST_F(TextViewTest, TheKeysGoFromErrorToError)

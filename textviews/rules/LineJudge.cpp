@@ -58,8 +58,8 @@ size_t BytesOf(const LineStore::Block& block, int from, int end)
 }
 } // namespace
 
-RuleJudge::RuleJudge(std::shared_ptr<const RuleSet> rules, bool folded)
-    : m_Rules(std::move(rules)), m_IsFolded(folded)
+RuleJudge::RuleJudge(const std::shared_ptr<const RuleSet>& rules, bool folded)
+    : m_Rules(std::make_shared<const RuleSet>(rules->ForMarks())), m_IsFolded(folded)
 {
 }
 

@@ -39,7 +39,7 @@ class RuleJudge final : public LineJudge
 {
 public:
     /// `folded`: lines are shown without their escape sequences.
-    RuleJudge(std::shared_ptr<const RuleSet> rules, bool folded);
+    RuleJudge(const std::shared_ptr<const RuleSet>& rules, bool folded);
 
     void Judge(const LineStore::Block& block, int& from, int end, size_t& budget,
                std::vector<MarkedLine>& marked) override;

@@ -16,10 +16,10 @@ RuleIndex::RuleIndex(const LineStore& lines, std::function<void()> changed)
 {
 }
 
-void RuleIndex::SetRules(std::shared_ptr<const RuleSet> rules, bool folded)
+void RuleIndex::SetRules(const std::shared_ptr<const RuleSet>& rules, bool folded)
 {
     StopFinding();
-    m_Rules.judge = rules ? std::make_unique<RuleJudge>(std::move(rules), folded) : nullptr;
+    m_Rules.judge = rules ? std::make_unique<RuleJudge>(rules, folded) : nullptr;
     Restart(m_Rules);
 }
 

@@ -20,7 +20,7 @@ public:
     RuleIndex(const LineStore& lines, std::function<void()> changed);
 
     /// Null: none. `folded`: lines are shown without their escape sequences. Ends a search.
-    void SetRules(std::shared_ptr<const RuleSet> rules, bool folded);
+    void SetRules(const std::shared_ptr<const RuleSet>& rules, bool folded);
     /// Of the search; null: none.
     void SetFinder(std::shared_ptr<HitFinder> finder);
     /// Keeps the bands up to date, or does not.

@@ -16,7 +16,7 @@ void Pay(size_t& budget, size_t cost)
 
 // Joins what a rule has found to what those before it have, where that leaves room. Both are in
 // order.
-void Take(RuleWork& work)
+void Take(RuleWork& work, int rule)
 {
     std::vector<RuleHit> all;
     all.reserve(work.hits.size() + work.found.size());
@@ -29,7 +29,7 @@ void Take(RuleWork& work)
         }
         if (taken == work.hits.end() || taken->bytes.begin >= span.end)
         {
-            all.push_back({span, static_cast<int>(work.rule)});
+            all.push_back({span, rule});
         }
     }
     all.insert(all.end(), taken, work.hits.end());
@@ -50,6 +50,18 @@ RuleSet::RuleSet(const std::vector<wxTextRule>& rules)
         }
     }
     m_Any = MakeAnyRuleFinder(m_Rules);
+    m_Sieve = RuleSieve::Make(m_Rules);
+}
+
+RuleSet::~RuleSet() = default;
+RuleSet::RuleSet(RuleSet&&) noexcept = default;
+
+RuleSet RuleSet::ForMarks() const
+{
+    const auto last =
+        std::find_if(m_Rules.rbegin(), m_Rules.rend(),
+                     [](const wxTextRule& rule) { return rule.kind >= wxTextRule::Kind::Warning; });
+    return RuleSet(std::vector<wxTextRule>(m_Rules.begin(), last.base()));
 }
 
 const std::vector<int>& RuleSet::LinesIn(const LineStore::Block& block, int from, int end) const
@@ -58,45 +70,46 @@ const std::vector<int>& RuleSet::LinesIn(const LineStore::Block& block, int from
     {
         return m_Any->LinesIn(block, from, end, false);
     }
-    m_Lines.resize(static_cast<size_t>(std::max(end - from, 0)));
+    m_Lines.resize(m_Rules.empty() ? 0 : static_cast<size_t>(std::max(end - from, 0)));
     std::iota(m_Lines.begin(), m_Lines.end(), from);
     return m_Lines;
 }
 
-// Most lines have nothing, which one look at a line of one piece tells. False: it has nothing.
-bool RuleSet::BeginWork(std::string_view line, RuleWork& work, size_t& budget) const
+// One look tells of a line of one piece which rules are worth another.
+void RuleSet::BeginWork(std::string_view line, RuleWork& work, size_t& budget) const
 {
     work.isBegun = true;
-    if (!m_Any || line.size() > kPieceBytes)
+    if (m_Sieve && line.size() <= kPieceBytes)
     {
-        return true;
+        Pay(budget, line.size() + 1);
+        m_Sieve->RulesIn(line, work.rules);
+        return;
     }
-    const uint32_t         start = 0;
-    const LineStore::Block one{0, 1, line, &start, 0};
-    Pay(budget, line.size() + 1);
-    return !m_Any->LinesIn(one, 0, 1, true).empty();
+    work.rules.resize(m_Rules.size());
+    std::iota(work.rules.begin(), work.rules.end(), 0);
 }
 
 bool RuleSet::GoOn(std::string_view line, size_t byte, RuleWork& work, size_t& budget) const
 {
-    if (!work.isBegun && !BeginWork(line, work, budget))
+    if (!work.isBegun)
     {
-        work.rule = m_Rules.size();
+        BeginWork(line, work, budget);
     }
-    while (work.rule < m_Rules.size() && budget > 0)
+    while (work.next < work.rules.size() && budget > 0)
     {
-        HitFinder&      finder = *m_Finders[work.rule];
+        const int       rule = work.rules[work.next];
+        HitFinder&      finder = *m_Finders[static_cast<size_t>(rule)];
         const LinePiece piece = PieceAt(line, byte, finder.Reach());
         work.from = std::max(work.from, piece.begin);
         finder.HitsIn(line, piece, work.from, budget, work.found);
         if (work.from >= piece.end)
         {
-            Take(work);
-            ++work.rule;
+            Take(work, rule);
+            ++work.next;
             work.from = 0;
         }
     }
-    return work.rule >= m_Rules.size();
+    return work.next >= work.rules.size();
 }
 
 wxTextRule::Kind RuleSet::KindOf(const RuleWork& work) const

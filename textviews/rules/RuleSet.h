@@ -10,6 +10,8 @@
 
 namespace textviews
 {
+class RuleSieve;
+
 /// Where a rule was found.
 struct RuleHit
 {
@@ -24,8 +26,9 @@ struct RuleWork
 
     /// @name The looking
     /// @{
-    size_t                rule = 0;
     bool                  isBegun = false;
+    std::vector<int>      rules;    ///< That may be in it.
+    size_t                next = 0; ///< Which of them is looked for next.
     size_t                from = 0; ///< Where that rule goes on.
     std::vector<ByteSpan> found;    ///< Of that rule.
     /// @}
@@ -38,9 +41,15 @@ class RuleSet
 public:
     /// Rules that are off, empty or no expression are left out.
     explicit RuleSet(const std::vector<wxTextRule>& rules);
+    ~RuleSet();
+    RuleSet(RuleSet&&) noexcept;
 
     bool                           IsEmpty() const { return m_Rules.empty(); }
     const std::vector<wxTextRule>& Rules() const { return m_Rules; } ///< Those that count.
+
+    /// Without those that come after the last one which says that a line is an error or a warning:
+    /// they can't change what it is.
+    RuleSet ForMarks() const;
 
     /// The lines of [from, end) of the block that a rule may be in. For blocks of short lines.
     /// Valid until the next call.
@@ -56,11 +65,12 @@ public:
     int LineRuleOf(const RuleWork& work) const;
 
 private:
-    bool BeginWork(std::string_view line, RuleWork& work, size_t& budget) const;
+    void BeginWork(std::string_view line, RuleWork& work, size_t& budget) const;
 
     std::vector<wxTextRule>                 m_Rules;
     std::vector<std::shared_ptr<HitFinder>> m_Finders; ///< One a rule.
     std::shared_ptr<HitFinder>              m_Any;     ///< Null: every line may have one.
+    std::unique_ptr<RuleSieve>              m_Sieve;   ///< Null: any may be in a line.
     mutable std::vector<int>                m_Lines;
 };
 } // namespace textviews
