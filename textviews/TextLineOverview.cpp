@@ -22,6 +22,22 @@ textviews::OverviewStrip* StripOf(const textviews::Ruling& ruling)
 {
     return static_cast<textviews::OverviewStrip*>(ruling.strip.get());
 }
+// Scrolling leaves them as they are.
+const std::vector<uint8_t>& RowsOf(textviews::Ruling& ruling, int height, int total)
+{
+    const textviews::LineBands&  rules = ruling.index.RuleBands();
+    const textviews::LineBands&  hits = ruling.index.HitBands();
+    const std::array<int64_t, 4> now{rules.Version(), hits.Version(), height, total};
+    if (now != ruling.rowsAre)
+    {
+        ruling.rowsAre = now;
+        ruling.rows = rules.Rows(height, total);
+        const std::vector<uint8_t> more = hits.Rows(height, total);
+        std::transform(ruling.rows.begin(), ruling.rows.end(), more.begin(), ruling.rows.begin(),
+                       [](auto one, auto other) { return static_cast<uint8_t>(one | other); });
+    }
+    return ruling.rows;
+}
 } // namespace
 
 void wxTextLineCtrl::ShowOverview(bool show)
@@ -101,10 +117,7 @@ void wxTextLineCtrl::UpdateOverview()
     }
     const textviews::StripScale scale = OverviewScale();
     textviews::StripPicture     picture;
-    picture.rows = m_Ruling->index.RuleBands().Rows(scale.height, scale.Total());
-    const auto hits = m_Ruling->index.HitBands().Rows(scale.height, scale.Total());
-    std::transform(picture.rows.begin(), picture.rows.end(), hits.begin(), picture.rows.begin(),
-                   [](auto one, auto other) { return static_cast<uint8_t>(one | other); });
+    picture.rows = RowsOf(*m_Ruling, scale.height, scale.Total());
     for (const int line : m_Gutter->bookmarks.All())
     {
         picture.rows[static_cast<size_t>(scale.RowOf(line))] |= textviews::k_BookmarkMark;

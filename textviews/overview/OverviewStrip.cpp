@@ -104,11 +104,16 @@ void OverviewStrip::ShowPicture(StripPicture picture)
     }
 }
 
-void OverviewStrip::DrawMarks(wxDC& dc, const StripSpan& lane, uint8_t bit,
-                              const wxColour& colour) const
+void OverviewStrip::DrawMarks(wxDC& dc, const StripSpan& lane, uint8_t bit, const wxColour& colour,
+                              bool inFrame) const
 {
+    const StripSpan& frame = m_Picture.frame;
     for (const StripSpan& rows : MarkedRows(m_Picture.rows, bit))
     {
+        if (inFrame && (rows.end <= frame.first || rows.first >= frame.end))
+        {
+            continue;
+        }
         Fill(dc, wxRect(lane.first, rows.first, lane.end - lane.first, rows.end - rows.first),
              colour);
     }
@@ -131,13 +136,13 @@ void OverviewStrip::OnPaint(wxPaintEvent&)
     {
         // Outside of the frame, and in it.
         dc.SetClippingRegion(wxRect(size));
-        DrawMarks(dc, lane, bit, MarkColour(name, ground));
+        DrawMarks(dc, lane, bit, MarkColour(name, ground), false);
         dc.DestroyClippingRegion();
         if (m_Picture.frame.end > m_Picture.frame.first)
         {
             dc.SetClippingRegion(0, m_Picture.frame.first, size.x,
                                  m_Picture.frame.end - m_Picture.frame.first);
-            DrawMarks(dc, lane, bit, MarkColour(name, frame));
+            DrawMarks(dc, lane, bit, MarkColour(name, frame), true);
             dc.DestroyClippingRegion();
         }
     };

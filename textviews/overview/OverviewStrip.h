@@ -52,7 +52,8 @@ private:
     void OnMotion(wxMouseEvent& event);
     void OnRelease(wxMouseEvent& event);
     void OnCaptureLoss(wxMouseCaptureLostEvent& event);
-    void DrawMarks(wxDC& dc, const StripSpan& lane, uint8_t bit, const wxColour& colour) const;
+    void DrawMarks(wxDC& dc, const StripSpan& lane, uint8_t bit, const wxColour& colour,
+                   bool inFrame) const;
 
     Acts         m_Acts;
     StripPicture m_Picture;

@@ -7,7 +7,9 @@
 #include <wx/weakref.h>
 #include <wx/window.h>
 
+#include <array>
 #include <chrono>
+#include <cstdint>
 #include <functional>
 #include <vector>
 
@@ -27,6 +29,9 @@ struct Ruling
     RuleIndex               index;
     wxTimer                 waiting;         ///< For a disk.
     bool                    finding = false; ///< What comes of it is still to be shown.
+
+    std::vector<uint8_t>   rows;      ///< Of the strip, but for bookmarks,
+    std::array<int64_t, 4> rowsAre{}; ///< when bands, height and lines were these.
 
     wxWeakRef<wxWindow>                   strip; ///< A child; none unless it is shown.
     wxWeakRef<wxWindow>                   note;  ///< A child; none before the first one.
