@@ -5,6 +5,7 @@
 #include "textviews/wxTextLineCtrl.h"
 #include "textviews/wxTextLinePanes.h"
 #include "textviews/wxTextLineSearchPanel.h"
+#include "textviews/wxTextRules.h"
 
 #include <algorithm>
 #include <chrono>
@@ -256,6 +257,105 @@ BENCHMARK(AppendColours)
     ->Iterations(3)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
+
+// The same with rules that colour lines and words, and by the second argument what else there is.
+enum Ruling
+{
+    kNoRules,
+    kRules,            // that are found in some lines
+    kRulesAndStrip,    // with the strip beside the text
+    kRulesAndSequences // all, and lines with escape sequences
+};
+
+const String& RuledLine(int line)
+{
+    static const std::vector<String> s_Lines = []
+    {
+        std::vector<String> lines;
+        for (int i = 0; i < 1000; ++i)
+        {
+            const char* const word = i % 50 == 7    ? " error: no file"
+                                     : i % 50 == 31 ? " warning"
+                                                    : "";
+            lines.push_back(WorkloadLine(i) + word);
+        }
+        return lines;
+    }();
+    return s_Lines[static_cast<size_t>(line) % s_Lines.size()];
+}
+
+ToLine PrepareRules(wxTextLineCtrl& view, long long ruling)
+{
+    view.SetRules(ruling == kNoRules ? std::vector<wxTextRule>() : wxStandardTextRules());
+    view.ShowOverview(ruling >= kRulesAndStrip);
+    const bool hasSequences = ruling == kRulesAndSequences;
+    view.SetEscapes(hasSequences ? wxTextLineCtrl::Escapes::Coloured
+                                 : wxTextLineCtrl::Escapes::Raw);
+    return hasSequences ? ColouredLine : RuledLine;
+}
+
+void RepaintRules(benchmark::State& state)
+{
+    const Stage  stage;
+    const ToLine line = PrepareRules(*stage.operator->(), state.range(1));
+    for (int i = 0; i < state.range(0); ++i)
+    {
+        stage->Append(line(i), false);
+    }
+    PumpEvents();
+    MeasureRepaints(state, stage);
+}
+BENCHMARK(RepaintRules)
+    ->ArgsProduct({{kMillion / 10}, {kNoRules, kRules, kRulesAndStrip, kRulesAndSequences}})
+    ->Apply(Repaints);
+
+// Appending, and then how long it takes in idle time until the strip knows all lines.
+void AppendRules(benchmark::State& state)
+{
+    for (auto _ : state)
+    {
+        const Stage  stage;
+        const ToLine line = PrepareRules(*stage.operator->(), state.range(1));
+        line(0); // the first one makes all
+        const auto start = Clock::now();
+        for (int i = 0; i < state.range(0); ++i)
+        {
+            stage->Append(line(i), false);
+        }
+        const auto appended = Clock::now();
+        state.SetIterationTime(Seconds(appended - start));
+        state.counters["append_ns"] =
+            Seconds(appended - start) * 1e9 / static_cast<double>(state.range(0));
+        PumpUntil([&] { return !stage->IsOverviewUnderWay(); });
+        state.counters["strip_ms"] = Seconds(Clock::now() - appended) * 1e3;
+    }
+}
+BENCHMARK(AppendRules)
+    ->ArgsProduct({{kMillion}, {kNoRules, kRules, kRulesAndStrip, kRulesAndSequences}})
+    ->Iterations(3)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+// From the top to an error in the last line, without a strip that would know the way.
+void FindTheLastError(benchmark::State& state)
+{
+    const Stage stage;
+    stage.Fill(static_cast<int>(state.range(0)) - 1);
+    stage->SetRules(wxStandardTextRules());
+    stage->Append("an error in the last line", false);
+    for (auto _ : state)
+    {
+        stage->SelectNone();
+        stage->ScrollToTop();
+        stage->FindError(true);
+        PumpUntil([&] { return !stage->IsFindingError(); });
+        if (stage->GetSelectionEnd() != stage->GetLineCount() - 1)
+        {
+            state.SkipWithError("not found");
+        }
+    }
+}
+BENCHMARK(FindTheLastError)->Arg(kMillion)->UseRealTime()->Unit(benchmark::kMillisecond);
 
 // From the top to a hit in the last line.
 void SearchToTheLastLine(benchmark::State& state)

@@ -12,6 +12,7 @@
 #include "textviews/lines/LineStore.h"
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
+#include "textviews/rules/Ruling.h"
 #include "textviews/search/VisibleHits.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "vesta/CallEntry.h"
@@ -53,6 +54,7 @@ void wxTextLineCtrl::DrawBitmap()
     };
     m_Drawn->Show(geometry.scroll, geometry.FirstDrawnLine());
     m_Hits->BeginPicture();
+    m_Ruling->visible.BeginPicture();
     for (int line = geometry.FirstDrawnLine(); line < end; ++line)
     {
         if (isStale(geometry.BandOf(line)))
@@ -65,7 +67,8 @@ void wxTextLineCtrl::DrawBitmap()
     painter.Fill(geometry.BelowLines(), palette.Band({}));
     gutter.DrawBelowLines();
     DrawFocus(palette, painter);
-    if (m_Hits->IsIncomplete())
+    UpdateOverview();
+    if (m_Hits->IsIncomplete() || m_Ruling->visible.IsIncomplete())
     {
         CallAfter([this] { Redraw(); });
     }
@@ -77,8 +80,11 @@ textviews::LineLook wxTextLineCtrl::LookOf(const textviews::LineState&   state,
     const wxColour& band = palette.Band(state);
     const wxColour  ink =
         state.quiet ? wxtReadableColor(wxtGetColor(color_TextGrey), band) : GetForegroundColour();
-    return {*m_Colours,
-            m_ReadableSelection && state.selected ? textviews::ReadableInk(ink, band) : ink, band};
+    textviews::LineLook look{
+        *m_Colours, m_ReadableSelection && state.selected ? textviews::ReadableInk(ink, band) : ink,
+        band};
+    look.isRuled = !state.selected && m_Ruling->visible.IsOn();
+    return look;
 }
 
 void wxTextLineCtrl::DrawLine(const textviews::TextGeometry& geometry,
@@ -100,6 +106,10 @@ void wxTextLineCtrl::DrawText(const textviews::TextGeometry& geometry,
                               const textviews::LineLook& look, textviews::LinePainter& painter,
                               int line) const
 {
+    if (look.isRuled && DrawRuled(geometry, look, painter, line))
+    {
+        return;
+    }
     const std::string_view              text = m_Lines->Line(line);
     const textviews::LinePainter::Cells seen{geometry.FirstDrawnCell(), geometry.EndOfDrawnCells()};
     if (const textviews::ShownPieces* const pieces = m_Shown->PiecesOf(line, text))
@@ -116,6 +126,7 @@ void wxTextLineCtrl::DrawText(const textviews::TextGeometry& geometry,
 void wxTextLineCtrl::AskForChangedLines()
 {
     TellFollowing();
+    UpdateOverview();
     const textviews::TextGeometry geometry = Geometry();
     if (geometry.scroll != m_Drawn->Scroll())
     {
@@ -141,7 +152,7 @@ void wxTextLineCtrl::DrawFocus(const textviews::TextPalette& palette,
         return;
     }
     const wxColour colour = wxtFocusColor({palette.Band({}), palette.Band({true})});
-    for (const wxRect& part : wxtFocusShape(wxRect(GetClientSize())))
+    for (const wxRect& part : wxtFocusShape(wxRect(GetClientSize() - wxSize(OverviewWidth(), 0))))
     {
         painter.Fill(part, colour);
     }
@@ -181,6 +192,7 @@ void wxTextLineCtrl::DrawHit(const textviews::TextGeometry& geometry,
     }
     textviews::LineLook inverted = look;
     inverted.isInverted = true;
+    inverted.isRuled = false;
     painter.ClipTo(rows);
     DrawText(geometry, inverted, painter, m_MarkedLine);
     painter.Unclip();

@@ -23,6 +23,7 @@ void wxTextLineCtrl::SetEscapes(Escapes escapes)
     {
         panel->LookAtShown(isShown);
     }
+    ReadRulesAnew();
     MeasureAll();
     AdjustScrollbars();
     TellLook();

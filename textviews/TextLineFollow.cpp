@@ -61,6 +61,7 @@ void wxTextLineCtrl::ShowFollowButton(bool show)
         new textviews::CornerFollowButton(this, [this] { SetFollowing(!IsFollowing()); });
     button->ShowState(IsFollowing());
     m_FollowButton = button;
+    button->KeepClearOf(OverviewWidth());
 }
 
 // Every way of scrolling comes here. Away from the end nobody wants to be taken back by the next

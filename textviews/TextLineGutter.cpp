@@ -85,8 +85,8 @@ void wxTextLineCtrl::FitGutter()
 
 void wxTextLineCtrl::FitContentWidth()
 {
-    m_ContentWidth =
-        std::min(m_TextWidth, INT_MAX - m_Gutter->layout.width) + m_Gutter->layout.width;
+    const int beside = m_Gutter->layout.width + OverviewWidth();
+    m_ContentWidth = std::min(m_TextWidth, INT_MAX - beside) + beside;
 }
 
 void wxTextLineCtrl::OnSize(wxSizeEvent& event)

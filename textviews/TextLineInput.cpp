@@ -224,6 +224,7 @@ void wxTextLineCtrl::OnKey(wxKeyEvent& event)
     {
         SelectNone();
         StopSearch();
+        StopFindingError();
     }
     else if (key == WXK_F3)
     {

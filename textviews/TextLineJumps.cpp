@@ -5,6 +5,7 @@
 #include "textviews/lines/LineStore.h"
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
+#include "textviews/rules/Ruling.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "vesta/CallEntry.h"
 
@@ -25,19 +26,32 @@ struct ReadingCommand
     const char* label;
     int         key; ///< 0: none.
     int         modifiers;
-    bool        needsBookmark;
+    enum Needs
+    {
+        kNothing,
+        kBookmark,
+        kRules
+    } needs;
 };
 
 constexpr ReadingCommand kCommands[] = {
-    {0, nullptr, 0, 0, false},
-    {wxTextLineCtrl::id_GoToLine, wxTRANSLATE("Go to Line...\tCtrl+G"), 'G', wxMOD_CONTROL, false},
-    {0, nullptr, 0, 0, false},
+    {0, nullptr, 0, 0, ReadingCommand::kNothing},
+    {wxTextLineCtrl::id_GoToLine, wxTRANSLATE("Go to Line...\tCtrl+G"), 'G', wxMOD_CONTROL,
+     ReadingCommand::kNothing},
+    {0, nullptr, 0, 0, ReadingCommand::kNothing},
     {wxTextLineCtrl::id_ToggleBookmark, wxTRANSLATE("Set or Remove Bookmark\tCtrl+F2"), WXK_F2,
-     wxMOD_CONTROL, false},
-    {wxTextLineCtrl::id_NextBookmark, wxTRANSLATE("Next Bookmark\tF2"), WXK_F2, wxMOD_NONE, true},
+     wxMOD_CONTROL, ReadingCommand::kNothing},
+    {wxTextLineCtrl::id_NextBookmark, wxTRANSLATE("Next Bookmark\tF2"), WXK_F2, wxMOD_NONE,
+     ReadingCommand::kBookmark},
     {wxTextLineCtrl::id_PreviousBookmark, wxTRANSLATE("Previous Bookmark\tShift+F2"), WXK_F2,
-     wxMOD_SHIFT, true},
-    {wxTextLineCtrl::id_RemoveBookmarks, wxTRANSLATE("Remove All Bookmarks"), 0, 0, true},
+     wxMOD_SHIFT, ReadingCommand::kBookmark},
+    {wxTextLineCtrl::id_RemoveBookmarks, wxTRANSLATE("Remove All Bookmarks"), 0, 0,
+     ReadingCommand::kBookmark},
+    {0, nullptr, 0, 0, ReadingCommand::kRules},
+    {wxTextLineCtrl::id_NextError, wxTRANSLATE("Next Error\tF8"), WXK_F8, wxMOD_NONE,
+     ReadingCommand::kRules},
+    {wxTextLineCtrl::id_PreviousError, wxTRANSLATE("Previous Error\tShift+F8"), WXK_F8, wxMOD_SHIFT,
+     ReadingCommand::kRules},
 };
 
 textviews::NumberedLines Numbered(const textviews::Gutter& gutter, int count, int current)
@@ -208,13 +222,17 @@ void wxTextLineCtrl::AddReadingCommands(wxMenu& menu) const
     }
     for (const ReadingCommand& command : kCommands)
     {
+        if (command.needs == ReadingCommand::kRules && !m_Ruling->index.CanFind())
+        {
+            continue;
+        }
         if (command.id == 0)
         {
             menu.AppendSeparator();
             continue;
         }
         menu.Append(command.id, wxGetTranslation(command.label))
-            ->Enable(!command.needsBookmark || !m_Gutter->bookmarks.IsEmpty());
+            ->Enable(command.needs != ReadingCommand::kBookmark || !m_Gutter->bookmarks.IsEmpty());
     }
 }
 
@@ -236,6 +254,10 @@ bool wxTextLineCtrl::RunReadingCommand(int id)
         return true;
     case id_RemoveBookmarks:
         RemoveBookmarks();
+        return true;
+    case id_NextError:
+    case id_PreviousError:
+        FindError(id == id_NextError);
         return true;
     default:
         return false;

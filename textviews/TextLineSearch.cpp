@@ -235,6 +235,6 @@ void wxTextLineCtrl::ScrollToHit()
                                   (static_cast<int64_t>(m_MarkedLine) + 1) * m_LineHeight};
     ScrollTo(wxVERTICAL,
              textviews::PositionShowing(down, GetScrollPos(wxVERTICAL), GetClientSize().y));
-    const int room = GetClientSize().x - Geometry().textLeft;
+    const int room = GetClientSize().x - Geometry().textLeft - OverviewWidth();
     ScrollTo(wxHORIZONTAL, textviews::PositionShowing(across, GetScrollPos(wxHORIZONTAL), room));
 }

@@ -11,6 +11,7 @@
 #include "textviews/lines/LineStore.h"
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
+#include "textviews/rules/Ruling.h"
 #include "textviews/search/LineWatcher.h"
 #include "textviews/search/VisibleHits.h"
 #include "textviews/wxTextSource.h"
@@ -75,6 +76,7 @@ wxBEGIN_EVENT_TABLE(wxTextLineCtrl, wxDoubleBufferedWindow)
     EVT_MENU_RANGE(id_SelectAll, id_CopyPlain, wxTextLineCtrl::OnMenu)
     EVT_MENU(id_OnlyMatching, wxTextLineCtrl::OnMenu)
     EVT_MENU_RANGE(id_GoToLine, id_RemoveBookmarks, wxTextLineCtrl::OnMenu)
+    EVT_MENU_RANGE(id_NextError, id_PreviousError, wxTextLineCtrl::OnMenu)
 wxEND_EVENT_TABLE()
 // clang-format on
 
@@ -95,6 +97,7 @@ wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent, std::unique_ptr<textviews::Line
       m_Selection(std::make_unique<textviews::TextSelection>()),
       m_Drawn(std::make_unique<textviews::DrawnLines>()),
       m_Gutter(std::make_unique<textviews::Gutter>()),
+      m_Ruling(std::make_unique<textviews::Ruling>(*m_Lines, &wxWakeUpIdle)),
       m_TextSize(textviews::_FontExtents::k_Points)
 {
     CALL_ENTRY("wxTextLineCtrl::wxTextLineCtrl");
@@ -115,6 +118,7 @@ wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent, std::unique_ptr<textviews::Line
         event.Skip();
         Redraw();
     };
+    Bind(wxEVT_IDLE, &wxTextLineCtrl::OnRulesIdle, this);
     Bind(wxEVT_SET_FOCUS, redraw);
     Bind(wxEVT_KILL_FOCUS, redraw);
 }
@@ -244,6 +248,7 @@ int wxTextLineCtrl::InsertSorted(const String& line)
         m_MenuLine = textviews::IndexAfterInsert(m_MenuLine, index);
         m_Places->Forget();
         m_Hits->Forget();
+        m_Ruling->visible.Forget();
     }
     m_Lines->Insert(index, line);
     return index;
@@ -343,6 +348,7 @@ void wxTextLineCtrl::Drop(int index)
     m_MenuLine = textviews::IndexAfterErase(m_MenuLine, index);
     m_Places->Forget();
     m_Hits->Forget();
+    m_Ruling->visible.Forget();
 }
 
 void wxTextLineCtrl::Clear()
@@ -352,6 +358,7 @@ void wxTextLineCtrl::Clear()
     m_StoredCells = 0;
     m_Places->Forget();
     m_Hits->Forget();
+    m_Ruling->visible.Forget();
     SelectNone();
     m_MarkedLine = -1;
     m_MenuLine = -1;

@@ -2,6 +2,7 @@
 
 #include "appearance/wxTolvanColors.h"
 #include "listviews/wxDoubleBufferedWindow.h"
+#include "textviews/wxTextRule.h"
 #include "vesta/Export.h"
 #include "vesta/Path.h"
 #include "vesta/String.h"
@@ -33,6 +34,10 @@ class TextPlaces;
 class TextSelection;
 class VisibleHits;
 enum class SpanUnit : int;
+struct RuleWork;
+struct StripScale;
+struct Ruling;
+struct ShownPiece;
 struct _FontExtents;
 struct LineLook;
 struct Gutter;
@@ -100,6 +105,12 @@ public:
         id_NextBookmark = 7323,
         id_PreviousBookmark = 7324,
         id_RemoveBookmarks = 7325
+    };
+    /// And of the lines that rules call errors.
+    enum RuleId
+    {
+        id_NextError = 7341,
+        id_PreviousError = 7342
     };
 
     explicit wxTextLineCtrl(wxWindow* parent);
@@ -246,6 +257,7 @@ public:
     void                        ShowHit(const textviews::LineMatch& match, bool asShown);
     textviews::SearchPlace      ShownHit(bool asShown) const;
     void                        MarkHits(std::shared_ptr<textviews::HitFinder> finder);
+    void                        ShowHitsInOverview(std::shared_ptr<textviews::HitFinder> finder);
     /// @}
 
     /// @name Escape sequences
@@ -263,6 +275,38 @@ public:
     Escapes GetEscapes() const { return m_Escapes; }
     /// As `CopySelectionToClipboard`, but what `Plain` shows of the lines.
     void CopyPlainTextToClipboard();
+    /// @}
+
+    /// @name Rules
+    /// What the lines are searched for while they are seen, to colour them: their text, or with
+    /// `SetEscapes` what is shown of it. None until a host or its user wants some. The first rule
+    /// that is found at a place has it, and what it is about, to itself. A rule's colour is made as
+    /// much lighter or darker as it takes to be read on its ground. A selected line, the hit of the
+    /// search and marked hits look as without rules; colours of the line's own escape sequences go
+    /// before those of a rule for lines, and after those of a rule for matches. What a line is, and
+    /// whether it is coloured as a whole, its first 64 KiB decide; one of more than 1 MiB that
+    /// holds escape sequences which are not shown has no rules.
+    /// @{
+    /// A rule with an expression that is none is found nowhere.
+    void                           SetRules(const std::vector<wxTextRule>& rules);
+    const std::vector<wxTextRule>& GetRules() const;
+
+    /// Begins to look for the next (previous) line that the rules call an error, from the
+    /// selection's end or what is seen on, once round all lines; where there is none, for the next
+    /// warning. It is selected and shown, at once or when it is found while the window lives on,
+    /// and a note in the view says when the way went past an end, and when there is neither.
+    void     FindError(bool forward);
+    bool     IsFindingError() const;
+    void     StopFindingError(); ///< As Esc does.
+    wxString GetNote() const;    ///< What is noted at the moment; empty: nothing.
+
+    /// A narrow strip beside the vertical scrollbar that shows where in all lines errors and
+    /// warnings of the rules are, hits of the search while its bar is open, and bookmarks; and
+    /// which lines are seen. A press or a drag scrolls there. It is worked out bit by bit while
+    /// nothing else happens. None until a host wants it.
+    void ShowOverview(bool show);
+    bool HasOverview() const;
+    bool IsOverviewUnderWay() const; ///< Lines are left to be looked at.
     /// @}
 
     /// @name Size of the text
@@ -324,6 +368,15 @@ private:
                                    const textviews::TextPalette& palette) const;
     void DrawText(const textviews::TextGeometry& geometry, const textviews::LineLook& look,
                   textviews::LinePainter& painter, int line) const;
+    bool DrawRuled(const textviews::TextGeometry& geometry, const textviews::LineLook& look,
+                   textviews::LinePainter& painter, int line) const;
+    void DrawRuledText(const textviews::TextGeometry& geometry, const textviews::LineLook& look,
+                       textviews::LinePainter& painter, int line, std::string_view text) const;
+    void DrawRuledPieces(const textviews::TextGeometry& geometry, const textviews::LineLook& look,
+                         textviews::LinePainter& painter, int line,
+                         const std::vector<textviews::ShownPiece>& pieces,
+                         const textviews::RuleWork&                work) const;
+    textviews::LineLook LookOfRules(const textviews::LineLook& look, int rule) const;
     void DrawLine(const textviews::TextGeometry& geometry, const textviews::TextPalette& palette,
                   textviews::LinePainter& painter, int line) const;
     void DrawHit(const textviews::TextGeometry& geometry, const textviews::LineLook& look,
@@ -347,6 +400,17 @@ private:
     void                     Widen(std::string_view line);
     void                     WidenTo(int64_t cells);
     void                     MeasureAll();
+    void                     ReadRulesAnew();
+    void                     FinishFinding();
+    void                     ShowNote(const wxString& text, bool stays = false);
+    void                     OnRulesIdle(wxIdleEvent& event);
+    int                      OverviewWidth() const;
+    textviews::StripScale    OverviewScale() const;
+    void                     FitOverview();
+    void                     UpdateOverview();
+    void                     ShowOverviewSoon();
+    void                     GoToRow(int row, bool isPress);
+    wxString                 TipOfRow(int row) const;
     void                     TellInserted(int first, int count);
     void                     Drop(int index);
     int                      DropOldest();
@@ -401,6 +465,7 @@ private:
     std::unique_ptr<textviews::TextSelection> m_Selection;
     std::unique_ptr<textviews::DrawnLines>    m_Drawn;
     std::unique_ptr<textviews::Gutter>        m_Gutter;          ///< Never null.
+    std::unique_ptr<textviews::Ruling>        m_Ruling;          ///< Never null.
     int                                       m_TextWidth = 0;   ///< Pixels of the longest line.
     int                                       m_LineLimit = 0;   ///< 0: none.
     int64_t                                   m_StoredCells = 0; ///< Of the widest line in a file.

@@ -36,6 +36,7 @@ wxTextLineSearchPanel::~wxTextLineSearchPanel()
     {
         m_View->Watch(*m_Search, false);
         m_View->MarkHits(nullptr);
+        m_View->ShowHitsInOverview(nullptr);
     }
 }
 
@@ -351,6 +352,7 @@ void wxTextLineSearchPanel::MarkHits()
     if (m_View)
     {
         m_View->MarkHits(IsShown() && GetMarkAll() ? m_Search->Finder() : nullptr);
+        m_View->ShowHitsInOverview(IsShown() ? m_Search->Finder() : nullptr);
     }
 }
 

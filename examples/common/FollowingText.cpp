@@ -1,6 +1,7 @@
 #include "common/FollowingText.h"
 
 #include "appearance/wxtMenuKey.h"
+#include "common/KeptRules.h"
 #include "textviews/wxTextLinePanes.h"
 #include "vesta/Application.h"
 
@@ -65,6 +66,8 @@ FollowingText::FollowingText(wxTextLinePanes* panes) : wxTextLineCtrl(panes->Get
     ShowArrivalTimes(AreTimesWanted());
     OfferReadingCommands(true);
     SelectWithinLines(true);
+    SetRules(ShownLogRules());
+    ShowOverview(IsOverviewWanted());
     Bind(wxtEVT_TEXT_SIZE, [](wxCommandEvent& event) { WantTextSize(event.GetInt()); });
     SetFollowEnd(true);
     ShowFollowButton(true);
@@ -74,6 +77,14 @@ FollowingText::FollowingText(wxTextLinePanes* panes) : wxTextLineCtrl(panes->Get
 FollowingText::~FollowingText()
 {
     All().erase(this);
+}
+
+void FollowingText::ForEach(const std::function<void(FollowingText&)>& act)
+{
+    for (FollowingText* const text : All())
+    {
+        act(*text);
+    }
 }
 
 bool FollowingText::IsReadableWanted()

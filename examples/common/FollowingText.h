@@ -2,6 +2,8 @@
 
 #include "textviews/wxTextLineCtrl.h"
 
+#include <functional>
+
 class wxTextLinePanes;
 
 /// What a view of live lines keeps, so that its program can run for months.
@@ -16,6 +18,9 @@ public:
     /// the lines that match.
     explicit FollowingText(wxWindow* parent);
     ~FollowingText() override;
+
+    /// All that the program has.
+    static void ForEach(const std::function<void(FollowingText&)>& act);
 
     /// Whether the user wants selected lines to be readable, which the scheme's own colours do not
     /// promise; without a choice they do. It is kept, and shown by all of the program.

@@ -2,6 +2,8 @@
 
 #include "appearance/wxtMenuKey.h"
 #include "common/FollowingText.h"
+#include "common/LogRules.h"
+#include "common/LogRulesDlg.h"
 
 #include <wx/frame.h>
 #include <wx/menu.h>
@@ -11,7 +13,10 @@ namespace
 enum
 {
     id_LineNumbers = 22400,
-    id_ArrivalTimes
+    id_ArrivalTimes,
+    id_ColourErrors,
+    id_Overview,
+    id_EditRules
 };
 
 void AppendWithKey(wxMenu& menu, int id, const wxString& label, const wxString& key)
@@ -43,10 +48,35 @@ void AppendReadingCommands(wxMenu& menu)
     menu.AppendSubMenu(bookmarks, wxGetTranslation("&Bookmarks"));
 }
 
+void AppendErrorCommands(wxMenu& menu)
+{
+    AppendWithKey(menu, wxTextLineCtrl::id_NextError, wxGetTranslation("Next &Error"), "F8");
+    AppendWithKey(menu, wxTextLineCtrl::id_PreviousError, wxGetTranslation("Pre&vious Error"),
+                  "Shift+F8");
+    menu.Bind(wxEVT_MENU_OPEN,
+              [&menu](wxMenuEvent& event)
+              {
+                  event.Skip();
+                  menu.Enable(wxTextLineCtrl::id_NextError, AreLogRulesWanted());
+                  menu.Enable(wxTextLineCtrl::id_PreviousError, AreLogRulesWanted());
+              });
+}
+
 void AppendGutterChoices(wxMenu& menu, wxFrame& frame)
 {
     AppendChoice(menu, frame, id_LineNumbers, wxGetTranslation("Line &Numbers"),
                  &FollowingText::AreNumbersWanted, &FollowingText::WantNumbers);
     AppendChoice(menu, frame, id_ArrivalTimes, wxGetTranslation("Arrival Ti&mes"),
                  &FollowingText::AreTimesWanted, &FollowingText::WantTimes);
+}
+
+void AppendRuleChoices(wxMenu& menu, wxFrame& frame)
+{
+    AppendChoice(menu, frame, id_ColourErrors, wxGetTranslation("Colour E&rrors and Warnings"),
+                 &AreLogRulesWanted, &WantLogRules);
+    menu.Append(id_EditRules, wxGetTranslation("Edit C&olour Rules..."));
+    frame.Bind(
+        wxEVT_MENU, [&frame](wxCommandEvent&) { LogRulesDlg(&frame).ShowModal(); }, id_EditRules);
+    AppendChoice(menu, frame, id_Overview, wxGetTranslation("O&verview Strip"), &IsOverviewWanted,
+                 &WantOverview);
 }

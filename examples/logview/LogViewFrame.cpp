@@ -136,6 +136,7 @@ void LogViewFrame::BuildMenus()
     auto* const edit = new wxMenu;
     AppendTextCommands(*edit);
     AppendReadingCommands(*edit);
+    AppendErrorCommands(*edit);
     edit->AppendSeparator();
     edit->Append(wxID_PREFERENCES, wxGetTranslation("&Preferences...\tCtrl+,"));
 
@@ -143,6 +144,7 @@ void LogViewFrame::BuildMenus()
     view->AppendCheckItem(id_Follow, wxGetTranslation("&Follow the End\tF5"))->Check();
     AppendEscapes(*view);
     AppendGutterChoices(*view, *this);
+    AppendRuleChoices(*view, *this);
     view->AppendSubMenu(new wxColorMenu, wxGetTranslation("&Colours"));
     view->AppendCheckItem(id_FullScreen, wxGetTranslation("F&ull Screen\tF11"));
 
@@ -200,6 +202,8 @@ void LogViewFrame::BuildMenus()
     Bind(wxEVT_MENU, &LogViewFrame::OnTextCommand, this, wxTextLineCtrl::id_OnlyMatching);
     Bind(wxEVT_MENU, &LogViewFrame::OnTextCommand, this, wxTextLineCtrl::id_GoToLine,
          wxTextLineCtrl::id_RemoveBookmarks);
+    Bind(wxEVT_MENU, &LogViewFrame::OnTextCommand, this, wxTextLineCtrl::id_NextError,
+         wxTextLineCtrl::id_PreviousError);
 }
 
 void LogViewFrame::BuildPages()

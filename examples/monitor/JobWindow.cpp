@@ -84,6 +84,7 @@ void JobWindow::BuildMenus(const Resubmit& resubmit)
     auto* const edit = new wxMenu;
     AppendTextCommands(*edit);
     AppendReadingCommands(*edit);
+    AppendErrorCommands(*edit);
 
     auto* const view = new wxMenu;
     view->Append(id_SwitchPane, wxGetTranslation("Switch &Pane\tF6"));
@@ -92,6 +93,7 @@ void JobWindow::BuildMenus(const Resubmit& resubmit)
     view->AppendSeparator();
     AppendEscapes(*view);
     AppendGutterChoices(*view, *this);
+    AppendRuleChoices(*view, *this);
 
     JobMenu::Own own;
     own.resubmit = [this, resubmit](const String& id) { resubmit(id, this); };
@@ -118,6 +120,7 @@ void JobWindow::BuildMenus(const Resubmit& resubmit)
     Bind(wxEVT_MENU, pass, wxTextLineCtrl::id_SelectAll, wxTextLineCtrl::id_CopyPlain);
     Bind(wxEVT_MENU, pass, wxTextLineCtrl::id_OnlyMatching);
     Bind(wxEVT_MENU, pass, wxTextLineCtrl::id_GoToLine, wxTextLineCtrl::id_RemoveBookmarks);
+    Bind(wxEVT_MENU, pass, wxTextLineCtrl::id_NextError, wxTextLineCtrl::id_PreviousError);
     Bind(wxEVT_MENU, &JobWindow::OnCommand, this);
 }
 

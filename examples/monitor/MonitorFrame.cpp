@@ -103,6 +103,8 @@ void MonitorFrame::BindCommands()
     Bind(wxEVT_MENU, &MonitorFrame::OnTextCommand, this, wxTextLineCtrl::id_OnlyMatching);
     Bind(wxEVT_MENU, &MonitorFrame::OnTextCommand, this, wxTextLineCtrl::id_GoToLine,
          wxTextLineCtrl::id_RemoveBookmarks);
+    Bind(wxEVT_MENU, &MonitorFrame::OnTextCommand, this, wxTextLineCtrl::id_NextError,
+         wxTextLineCtrl::id_PreviousError);
     Bind(wxEVT_CHAR_HOOK, &MonitorFrame::OnListKey, this);
     // Bound last, it is asked first: nobody else knows the ids of those menus.
     Bind(wxEVT_MENU, &MonitorFrame::OnJobCommand, this);

@@ -29,6 +29,7 @@ wxMenu* EditMenu()
     auto* const menu = new wxMenu;
     AppendTextCommands(*menu);
     AppendReadingCommands(*menu);
+    AppendErrorCommands(*menu);
     menu->Append(id_FilterJobs, wxGetTranslation("&Filter the List..."));
     menu->AppendSeparator();
     menu->Append(wxID_PREFERENCES, wxGetTranslation("&Preferences...\tCtrl+,"));
@@ -53,6 +54,7 @@ wxMenu* ViewMenu(wxFrame& frame)
     menu->Append(id_Refresh, wxGetTranslation("&Refresh\tF5"));
     menu->AppendCheckItem(id_Follow, wxGetTranslation("&Follow the Log\tCtrl+L"))->Check();
     AppendGutterChoices(*menu, frame);
+    AppendRuleChoices(*menu, frame);
     menu->AppendSeparator();
     menu->AppendSubMenu(GroupMenu(), wxGetTranslation("&Group Jobs by"));
     menu->AppendCheckItem(id_FramesInTree, wxGetTranslation("Show Frames in the &Tree"));

@@ -271,6 +271,12 @@ TEST_F(TextViewTest, PartsMakeTheSamePictureAsTheWhole)
     std::mt19937  random(4711);
     const auto    any = [&random](int below)
     { return static_cast<int>(random() % static_cast<unsigned>(std::max(below, 1))); };
+    std::vector<wxTextRule> rules(2);
+    rules[0].pattern = "7";
+    rules[0].colourName = color_TextGreen;
+    rules[1].pattern = "new";
+    rules[1].colourName = color_TextRed;
+    rules[1].part = wxTextRule::Part::Line;
     AppendNumbered(100);
     m_View->KeepArrivalTimes();
     m_View->SetFocus();
@@ -290,6 +296,7 @@ TEST_F(TextViewTest, PartsMakeTheSamePictureAsTheWhole)
         [&] { m_View->Append("\x1b[4;32mline\x1b[0m 1\rL\x1b[7mI\x1b[41;1m", any(2) == 0); },
         [&] { m_View->SetEscapes(static_cast<wxTextLineCtrl::Escapes>(any(3))); },
         [&] { m_View->SetHighlightLine(any(m_View->GetLineCount())); },
+        [&] { m_View->SetRules(any(2) ? rules : std::vector<wxTextRule>()); },
         [&] { m_View->ShowLineNumbers(any(3) > 0); },
         [&] { m_View->ShowArrivalTimes(any(3) > 0); },
         [&] { m_View->SetBookmark(any(20), any(3) > 0); },

@@ -48,6 +48,7 @@ struct LineLook
     wxColour      band;
     bool          isInverted = false;
     bool          isUncoloured = false; ///< All is in the view's own style.
+    bool          isRuled = false;      ///< Rules may colour it.
 
     TextInks InksOf(const TextStyle& style) const;
 };

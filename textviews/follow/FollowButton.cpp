@@ -174,10 +174,16 @@ void CornerFollowButton::OnViewSize(wxSizeEvent& event)
     Place();
 }
 
+void CornerFollowButton::KeepClearOf(int pixels)
+{
+    m_Right = pixels;
+    Place();
+}
+
 void CornerFollowButton::Place()
 {
     const int    side = Side();
-    const wxSize room = GetParent()->GetClientSize() - wxSize(kMargin, kMargin);
+    const wxSize room = GetParent()->GetClientSize() - wxSize(kMargin + m_Right, kMargin);
     const wxRect place(room.x - side, room.y - side, side, side);
     Show(place.x >= kMargin && place.y >= kMargin);
     if (place != GetRect())

@@ -43,6 +43,8 @@ public:
     CornerFollowButton(wxWindow* view, std::function<void()> onClick);
     ~CornerFollowButton() override;
 
+    void KeepClearOf(int pixels); ///< Of the view's right edge.
+
     bool AcceptsFocus() const override { return false; }
 
 protected:
@@ -52,5 +54,7 @@ private:
     /// Into the corner of the view. One that has no room for it has none.
     void Place();
     void OnViewSize(wxSizeEvent& event);
+
+    int m_Right = 0; ///< Pixels that something else has there.
 };
 } // namespace textviews

@@ -141,6 +141,16 @@ void LineStore::Note(int index, Finding finding) const
     m_Leaves[LeafOf(index)].finding = finding;
 }
 
+std::optional<LineStore::Block> LineStore::BlockSoon(int index) const
+{
+    const Leaf& leaf = m_Leaves[LeafOf(index)];
+    if (leaf.IsStored() && !m_Stored.Soon(leaf.stored))
+    {
+        return {};
+    }
+    return BlockOf(index);
+}
+
 size_t LineStore::LeafOf(int index) const
 {
     // A window on a stream erases its first line again and again.

@@ -8,6 +8,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -70,6 +71,8 @@ public:
     virtual std::string_view LineNow(int index) const;
     /// The lines that lie together with that one; it must exist.
     virtual Block BlockOf(int index) const;
+    /// The same for somebody who comes again: none as long as its disk does not answer.
+    virtual std::optional<Block> BlockSoon(int index) const;
     /// Notes that of the lines that lie together with that one.
     void Note(int index, Finding finding) const;
     /// Another number after every change of the lines.

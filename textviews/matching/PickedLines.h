@@ -22,9 +22,10 @@ public:
     std::string_view Line(int index) const override;
     std::string_view LineNow(int index) const override;
     /// That line and as many after it as are worth being handled together.
-    Block    BlockOf(int index) const override;
-    int      NextInMemory(int) const override { return Count(); } ///< None is measured.
-    uint64_t RoughBytes(int first, int last) const override;
+    Block                BlockOf(int index) const override;
+    std::optional<Block> BlockSoon(int index) const override { return BlockOf(index); }
+    int                  NextInMemory(int) const override { return Count(); } ///< None is measured.
+    uint64_t             RoughBytes(int first, int last) const override;
 
 private:
     int LineOf(int index) const;
