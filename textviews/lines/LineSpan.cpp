@@ -1,6 +1,6 @@
 #include "textviews/lines/LineSpan.h"
 
-#include "textviews/lines/TextSelection.h"
+#include "textviews/lines/LineIndex.h"
 #include "textviews/lines/WordEdges.h"
 
 #include <algorithm>

@@ -105,18 +105,4 @@ int LineAfter(int line, int step, int count)
 {
     return static_cast<int>(std::clamp<int64_t>(static_cast<int64_t>(line) + step, 0, count - 1));
 }
-
-int IndexAfterInsert(int index, int inserted)
-{
-    return index >= inserted && index != -1 ? index + 1 : index;
-}
-
-int IndexAfterErase(int index, int erased)
-{
-    if (index == erased)
-    {
-        return -1;
-    }
-    return index > erased ? index - 1 : index;
-}
 } // namespace textviews

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "textviews/lines/LineIndex.h"
 #include "textviews/lines/LineSpan.h"
 
 namespace textviews
@@ -47,9 +48,4 @@ private:
 int SelectionStep(int key, bool ctrl, int page);
 /// The line so many below that one, of `count`, at least one.
 int LineAfter(int line, int step, int count);
-
-/// The index of a line after another was inserted; -1 stays.
-int IndexAfterInsert(int index, int inserted);
-/// The index of a line after a line was erased; -1 when it was that line itself.
-int IndexAfterErase(int index, int erased);
 } // namespace textviews
