@@ -95,7 +95,7 @@ public:
     };
     /// Whether only matching lines are shown below, where a host has a place for them; see
     /// `wxTextLinePanes`.
-    static constexpr int id_OnlyMatching = 7341;
+    static constexpr int id_OnlyMatching = 7351;
 
     /// Command ids of what a host may offer; see `OfferReadingCommands`.
     enum ReadingId
