@@ -40,6 +40,8 @@ wxTextLinePanes::wxTextLinePanes(wxWindow* parent)
     Recall();
     Initialize(m_Upper);
     Bind(wxEVT_SIZE, &wxTextLinePanes::OnPaneSize, this);
+    // Both: a size event in the middle of a drag puts the sash where the height has it.
+    Bind(wxEVT_SPLITTER_SASH_POS_CHANGING, &wxTextLinePanes::OnSashMoved, this);
     Bind(wxEVT_SPLITTER_SASH_POS_CHANGED, &wxTextLinePanes::OnSashMoved, this);
     Bind(wxEVT_CHAR_HOOK, &wxTextLinePanes::OnPaneKey, this);
 }
@@ -217,7 +219,10 @@ void wxTextLinePanes::OnSashMoved(wxSplitterEvent& event)
     if (event.GetEventObject() == this && IsSplit())
     {
         m_Height = GetClientSize().y - GetSashSize() - event.GetSashPosition();
-        Keep(kHeight, m_Height);
+        if (event.GetEventType() == wxEVT_SPLITTER_SASH_POS_CHANGED)
+        {
+            Keep(kHeight, m_Height);
+        }
     }
 }
 

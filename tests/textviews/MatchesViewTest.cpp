@@ -186,8 +186,8 @@ TEST_F(MatchesViewTest, TheChoicesAreRememberedAndThePaneKeepsItsHeight)
         EXPECT_TRUE(WaitFor([&] { return m_Panes->GetSashPosition() == sashBefore - moved; }));
     }
     pointer.MouseUp();
-    EXPECT_TRUE(WaitFor([this] { return m_Panes->GetMatchesHeight() == 170; }))
-        << m_Panes->GetMatchesHeight();
+    EXPECT_TRUE(WaitFor([this] { return !m_Panes->HasCapture(); }));
+    EXPECT_EQ(m_Panes->GetMatchesHeight(), 170);
     // Another view of the program.
     auto* const other = new wxTextLinePanes(Frame());
     auto* const view = new TestView(other->GetViewParent());
