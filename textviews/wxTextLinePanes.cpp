@@ -46,7 +46,7 @@ wxTextLinePanes::wxTextLinePanes(wxWindow* parent)
     Bind(wxEVT_CHAR_HOOK, &wxTextLinePanes::OnPaneKey, this);
 }
 
-// Before the view, whose lines they are.
+// The matches before the view, whose lines they are; all while this can still hear of it.
 wxTextLinePanes::~wxTextLinePanes()
 {
     CALL_ENTRY("wxTextLinePanes::~wxTextLinePanes");
@@ -54,6 +54,7 @@ wxTextLinePanes::~wxTextLinePanes()
     {
         m_Matches->Destroy();
     }
+    DestroyChildren();
 }
 
 void wxTextLinePanes::Recall()
