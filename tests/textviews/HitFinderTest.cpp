@@ -322,6 +322,9 @@ TEST(VisibleHitsTest, LooksOnlyAtWhatIsSeen)
     EXPECT_GT(pictures, 1);
     EXPECT_LT(pictures, 20);
     EXPECT_EQ(visible.In(49, line, {0, 100}).size(), 25u);
+    // A line that the disk had not given yet.
+    EXPECT_TRUE(visible.In(50, "it is on its way", {0, 100}).empty());
+    EXPECT_EQ(visible.In(50, "aaaa, and then some more", {0, 100}).size(), 1u);
     visible.Forget();
     visible.BeginPicture();
     EXPECT_EQ(visible.In(49, "b aaaa", {0, 6}).size(), 1u);

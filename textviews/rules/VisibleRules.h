@@ -1,10 +1,9 @@
 #pragma once
 
+#include "textviews/lines/PictureCache.h"
 #include "textviews/rules/RuleSet.h"
 
-#include <map>
 #include <memory>
-#include <utility>
 
 namespace textviews
 {
@@ -19,28 +18,18 @@ public:
     const std::shared_ptr<const RuleSet>& Rules() const { return m_Rules; }
 
     /// Whenever the lines' numbers or contents change.
-    void Forget();
+    void Forget() { m_Known.Forget(); }
 
     /// Before the lines of a picture.
-    void BeginPicture();
+    void BeginPicture() { m_Known.BeginPicture(); }
     /// What has been found so far in the piece of the line that holds the byte. Valid until
     /// `Forget` or the next picture.
     const RuleWork& In(int line, std::string_view text, size_t byte);
     /// Some was not looked for in this picture: another one is due.
-    bool IsIncomplete() const { return m_Incomplete; }
+    bool IsIncomplete() const { return m_Known.IsIncomplete(); }
 
 private:
-    struct Known
-    {
-        RuleWork work;
-        size_t   size = 0; ///< Of the line: one whose disk was waited for is another one then.
-        char     first = 0;
-    };
-
-    std::shared_ptr<const RuleSet>          m_Rules;
-    std::map<std::pair<int, size_t>, Known> m_Known; ///< By line and piece.
-    size_t                                  m_KnownHits = 0;
-    size_t                                  m_Budget = 0;
-    bool                                    m_Incomplete = false;
+    std::shared_ptr<const RuleSet> m_Rules;
+    PictureCache<RuleWork>         m_Known;
 };
 } // namespace textviews

@@ -4,33 +4,10 @@
 
 namespace textviews
 {
-namespace
-{
-constexpr size_t kPictureBytes = 1024 * 1024; // some milliseconds
-constexpr size_t kMostPieces = 4096;          // more than a picture has
-constexpr size_t kMostHits = 1'000'000;
-} // namespace
-
 void VisibleHits::SetFinder(std::shared_ptr<HitFinder> finder)
 {
     m_Finder = std::move(finder);
     Forget();
-}
-
-void VisibleHits::Forget()
-{
-    m_Known.clear();
-    m_KnownHits = 0;
-}
-
-void VisibleHits::BeginPicture()
-{
-    m_Budget = kPictureBytes;
-    m_Incomplete = false;
-    if (m_Known.size() > kMostPieces || m_KnownHits > kMostHits)
-    {
-        Forget();
-    }
 }
 
 std::vector<ByteSpan> VisibleHits::In(int line, std::string_view text, const ByteSpan& bytes)
@@ -46,19 +23,20 @@ std::vector<ByteSpan> VisibleHits::In(int line, std::string_view text, const Byt
          at < std::min(bytes.end, text.size());)
     {
         const LinePiece piece = PieceAt(text, at, reach);
-        Known&          known =
-            m_Known.try_emplace({line, piece.begin}, Known{piece.begin, {}}).first->second;
-        const size_t before = known.hits.size();
-        while (known.from < piece.end && m_Budget > 0)
+        const auto      goOn = [&](Found& found, size_t& budget)
         {
-            m_Finder->HitsIn(text, piece, known.from, m_Budget, known.hits);
-        }
-        m_KnownHits += known.hits.size() - before;
-        m_Incomplete = m_Incomplete || known.from < piece.end;
-        const auto first =
-            std::partition_point(known.hits.begin(), known.hits.end(),
+            found.from = std::max(found.from, piece.begin);
+            while (found.from < piece.end && budget > 0)
+            {
+                m_Finder->HitsIn(text, piece, found.from, budget, found.hits);
+            }
+            return found.from >= piece.end;
+        };
+        const std::vector<ByteSpan>& known = m_Known.In(line, text, piece.begin, goOn).hits;
+        const auto                   first =
+            std::partition_point(known.begin(), known.end(),
                                  [&](const ByteSpan& hit) { return hit.end <= bytes.begin; });
-        for (auto hit = first; hit != known.hits.end() && hit->begin < bytes.end; ++hit)
+        for (auto hit = first; hit != known.end() && hit->begin < bytes.end; ++hit)
         {
             hits.push_back(*hit);
         }

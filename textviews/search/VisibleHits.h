@@ -1,10 +1,9 @@
 #pragma once
 
+#include "textviews/lines/PictureCache.h"
 #include "textviews/search/HitFinder.h"
 
-#include <map>
 #include <memory>
-#include <utility>
 #include <vector>
 
 namespace textviews
@@ -19,26 +18,23 @@ public:
     bool IsOn() const { return m_Finder != nullptr; }
 
     /// Whenever the lines' numbers or contents change.
-    void Forget();
+    void Forget() { m_Known.Forget(); }
 
     /// Before the lines of a picture.
-    void BeginPicture();
+    void BeginPicture() { m_Known.BeginPicture(); }
     /// The hits that lie at least in part in those bytes of the line, in order.
     std::vector<ByteSpan> In(int line, std::string_view text, const ByteSpan& bytes);
     /// Some were not looked for in this picture: another one is due.
-    bool IsIncomplete() const { return m_Incomplete; }
+    bool IsIncomplete() const { return m_Known.IsIncomplete(); }
 
 private:
-    struct Known
+    struct Found
     {
         size_t                from = 0; ///< Where to go on.
         std::vector<ByteSpan> hits;
     };
 
-    std::shared_ptr<HitFinder>              m_Finder;
-    std::map<std::pair<int, size_t>, Known> m_Known; ///< By line and piece.
-    size_t                                  m_KnownHits = 0;
-    size_t                                  m_Budget = 0;
-    bool                                    m_Incomplete = false;
+    std::shared_ptr<HitFinder> m_Finder;
+    PictureCache<Found>        m_Known;
 };
 } // namespace textviews
