@@ -216,7 +216,7 @@ void wxTextLineCtrl::OnKey(wxKeyEvent& event)
             return;
         }
     }
-    if (m_Gutter->offersCommands && RunReadingCommand(ReadingCommandOf(event)))
+    if (Whole().m_Gutter->offersCommands && RunReadingCommand(ReadingCommandOf(event)))
     {
         return;
     }

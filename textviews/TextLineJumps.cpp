@@ -148,6 +148,7 @@ void wxTextLineCtrl::SetBookmark(int line, bool on)
         m_Gutter->bookmarks.Set(line, on);
         Watch(m_Gutter->bookmarks, !m_Gutter->bookmarks.IsEmpty());
         FitGutter();
+        TellLook();
         GatherLater();
     }
 }
@@ -169,6 +170,7 @@ void wxTextLineCtrl::RemoveBookmarks()
     m_Gutter->bookmarks.Clear();
     Watch(m_Gutter->bookmarks, false);
     FitGutter();
+    TellLook();
     GatherLater();
 }
 
@@ -216,13 +218,14 @@ int wxTextLineCtrl::ReadingCommandOf(const wxKeyEvent& event)
 
 void wxTextLineCtrl::AddReadingCommands(wxMenu& menu) const
 {
-    if (!m_Gutter->offersCommands)
+    const wxTextLineCtrl& whole = Whole();
+    if (!whole.m_Gutter->offersCommands)
     {
         return;
     }
     for (const ReadingCommand& command : kCommands)
     {
-        if (command.needs == ReadingCommand::kRules && !m_Ruling->index.CanFind())
+        if (command.needs == ReadingCommand::kRules && !whole.m_Ruling->index.CanFind())
         {
             continue;
         }
@@ -232,11 +235,11 @@ void wxTextLineCtrl::AddReadingCommands(wxMenu& menu) const
             continue;
         }
         menu.Append(command.id, wxGetTranslation(command.label))
-            ->Enable(command.needs != ReadingCommand::kBookmark || !m_Gutter->bookmarks.IsEmpty());
+            ->Enable(command.needs != ReadingCommand::kBookmark ||
+                     !whole.m_Gutter->bookmarks.IsEmpty());
     }
 }
 
-// False: it is another command.
 bool wxTextLineCtrl::RunReadingCommand(int id)
 {
     switch (id)

@@ -93,10 +93,10 @@ void wxTextLineCtrl::FitOverview()
     Redraw();
 }
 
-void wxTextLineCtrl::ShowHitsInOverview(std::shared_ptr<textviews::HitFinder> finder)
+void wxTextLineCtrl::ShowHitsInOverview(std::shared_ptr<textviews::HitFinder> finder, bool asShown)
 {
     CALL_ENTRY("wxTextLineCtrl::ShowHitsInOverview");
-    m_Ruling->index.SetFinder(std::move(finder));
+    m_Ruling->index.SetFinder(std::move(finder), asShown);
 }
 
 textviews::StripScale wxTextLineCtrl::OverviewScale() const

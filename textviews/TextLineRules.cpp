@@ -56,6 +56,7 @@ void wxTextLineCtrl::SetRules(const std::vector<wxTextRule>& rules)
     auto ready = std::make_shared<const textviews::RuleSet>(rules);
     m_Ruling->visible.SetRules(ready->IsEmpty() ? nullptr : std::move(ready));
     ReadRulesAnew();
+    TellLook();
 }
 
 // Or what they are looked for in is another text now.

@@ -57,6 +57,7 @@ void wxTextLineCtrl::SelectWithinLines(bool on)
     {
         SelectNone();
     }
+    TellLook();
 }
 
 String wxTextLineCtrl::GetSelectedPart() const

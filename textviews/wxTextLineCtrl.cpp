@@ -126,6 +126,7 @@ wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent, std::unique_ptr<textviews::Line
 wxTextLineCtrl::~wxTextLineCtrl()
 {
     CALL_ENTRY("wxTextLineCtrl::~wxTextLineCtrl");
+    SendDestroyEvent(); // who shows its lines elsewhere leaves them while they are there
     if (m_MenuIsOpen)
     {
         internal::ClosePopUps(); // its commands would go to a window that is no more

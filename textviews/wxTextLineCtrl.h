@@ -257,7 +257,7 @@ public:
     void                        ShowHit(const textviews::LineMatch& match, bool asShown);
     textviews::SearchPlace      ShownHit(bool asShown) const;
     void                        MarkHits(std::shared_ptr<textviews::HitFinder> finder);
-    void                        ShowHitsInOverview(std::shared_ptr<textviews::HitFinder> finder);
+    void ShowHitsInOverview(std::shared_ptr<textviews::HitFinder> finder, bool asShown);
     /// @}
 
     /// @name Escape sequences
@@ -358,6 +358,9 @@ private:
     virtual int64_t NumberOf(int line) const; ///< As it is shown left of the line.
     virtual bool    IsMarked(int line) const; ///< By a bookmark.
     virtual bool    IsQuiet(int) const { return false; }
+    /// The view whose bookmarks and rules they are.
+    virtual const wxTextLineCtrl& Whole() const { return *this; }
+    virtual bool                  RunReadingCommand(int id); ///< False: it is another command.
     /// @}
 
     textviews::TextGeometry Geometry() const;
@@ -419,7 +422,6 @@ private:
     int                      CurrentLine() const;
     void                     ShowInMiddle(int line);
     void                     ToggleBookmark();
-    bool                     RunReadingCommand(int id);
     void                     AddReadingCommands(wxMenu& menu) const;
     void                     AutoScroll(int y);
     void                     ScrollBy(wxEventType type, int orientation);

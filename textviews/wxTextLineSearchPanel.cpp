@@ -36,7 +36,7 @@ wxTextLineSearchPanel::~wxTextLineSearchPanel()
     {
         m_View->Watch(*m_Search, false);
         m_View->MarkHits(nullptr);
-        m_View->ShowHitsInOverview(nullptr);
+        m_View->ShowHitsInOverview(nullptr, false);
     }
 }
 
@@ -340,6 +340,7 @@ void wxTextLineSearchPanel::LookAtShown(bool shown)
     }
     StopSearch();
     m_Search->LookAtShown(shown);
+    MarkHits();
     KeepWatch();
     ShowHits();
     TellCompanion();
@@ -352,7 +353,8 @@ void wxTextLineSearchPanel::MarkHits()
     if (m_View)
     {
         m_View->MarkHits(IsShown() && GetMarkAll() ? m_Search->Finder() : nullptr);
-        m_View->ShowHitsInOverview(IsShown() ? m_Search->Finder() : nullptr);
+        m_View->ShowHitsInOverview(IsShown() ? m_Search->Finder() : nullptr,
+                                   m_Search->LooksAtShown());
     }
 }
 

@@ -1,6 +1,7 @@
 #include "tests/textviews/SearchSupport.h"
 #include "textviews/overview/StripLayout.h"
 #include "textviews/rules/ErrorSearch.h"
+#include "textviews/rules/RuleIndex.h"
 #include "textviews/wxTextRules.h"
 
 #include <gtest/gtest.h>
@@ -346,4 +347,27 @@ TEST(StripLayoutTest, AMarkIsSeenAndTouchingOnesAreOne)
         EXPECT_GE(lanes.bookmarks.end - lanes.bookmarks.first, 2);
         EXPECT_GE(lanes.hits.end - lanes.hits.first, 3);
     }
+}
+
+TEST(RuleIndexTest, HitsAreThoseOfWhatIsSearched)
+{
+    const LineStore store = StoreOf({"er\x1b[31mror", "none", "error\rnone!", "an error"});
+    const auto      hitLines = [&](bool asShown)
+    {
+        RuleIndex index(store, [] {});
+        index.KeepBands(true);
+        index.SetFinder(FinderFor("error", true), asShown);
+        while (index.HasWork())
+        {
+            index.Work();
+        }
+        std::vector<int> lines;
+        for (int line = 0; (line = index.HitBands().NextMarked(line, true, k_HitMark)) >= 0; ++line)
+        {
+            lines.push_back(line);
+        }
+        return lines;
+    };
+    EXPECT_EQ(hitLines(true), (std::vector<int>{0, 3}));
+    EXPECT_EQ(hitLines(false), (std::vector<int>{2, 3}));
 }

@@ -1,5 +1,7 @@
+#include "appearance/Contrast.h"
 #include "tests/textviews/TextViewTest.h"
 #include "textviews/wxTextLinePanes.h"
+#include "textviews/wxTextRules.h"
 
 #include <wx/sizer.h>
 #include <wx/uiaction.h>
@@ -48,14 +50,17 @@ protected:
         }
         return all;
     }
-    void ClickRow(int row, int modifiers = wxMOD_NONE) const
+    void PointAtRow(int row) const
     {
         const int     height = m_View->LineHeight();
         const wxPoint place(100, row * height + height / 2 - Matches().GetScrollPos(wxVERTICAL));
-        wxUIActionSimulator pointer;
-        pointer.MouseMove(Matches().ClientToScreen(place));
+        wxUIActionSimulator().MouseMove(Matches().ClientToScreen(place));
         PumpEvents();
-        pointer.MouseClick(modifiers == wxMOD_NONE ? wxMOUSE_BTN_LEFT : wxMOUSE_BTN_RIGHT);
+    }
+    void ClickRow(int row, int modifiers = wxMOD_NONE) const
+    {
+        PointAtRow(row);
+        wxUIActionSimulator().MouseClick(modifiers == wxMOD_NONE ? wxMOUSE_BTN_LEFT : wxMOUSE_BTN_RIGHT);
         PumpEvents();
     }
 
@@ -222,6 +227,49 @@ TEST_F(MatchesViewTest, LooksAsTheViewDoes)
     EXPECT_EQ(ReadFile(file.Text()).substr(7 + 1 + 10 * 9), "line 29 \xff\x1b[1m\n");
 }
 
+TEST_F(MatchesViewTest, HasTheRulesAndCommandsOfTheView)
+{
+    m_View->OfferReadingCommands(true);
+    m_View->SelectWithinLines(true);
+    m_View->SetRules(wxStandardTextRules());
+    m_View->Append("an error in line 29", false);
+    LookFor("line 29");
+    ASSERT_EQ(Matches().GetLineCount(), 12);
+    Matches().ScrollToBottom();
+    const wxColour red =
+        wxtReadableColor(wxtGetColor(color_TextRed), wxtGetColor(color_WindowBGLighter));
+    const auto countRed = [&] {
+        return CountPixels(PictureOf(&Matches()),
+                           [&](const wxColour& each) { return each == red; });
+    };
+    EXPECT_TRUE(WaitFor([&] { return countRed() > 5; }));
+    m_View->SetRules({});
+    EXPECT_TRUE(WaitFor([&] { return countRed() == 0; }));
+    m_View->SetRules(wxStandardTextRules());
+
+    Matches().ScrollToTop();
+    ClickRow(1);
+    EXPECT_TRUE(WaitFor([this] { return m_View->GetSelectionEnd() == 290; }));
+    Press(WXK_F2, wxMOD_CONTROL);
+    EXPECT_EQ(m_View->GetBookmarks(), std::vector<int>{290});
+    ClickRow(3);
+    EXPECT_TRUE(WaitFor([this] { return m_View->GetSelectionEnd() == 292; }));
+    Press(WXK_F2);
+    EXPECT_EQ(m_View->GetSelectionEnd(), 290);
+    Press(WXK_F8);
+    EXPECT_TRUE(WaitFor([this] { return m_View->GetSelectionEnd() == 300; }));
+
+    // A part of a line stays on it when others come before.
+    PointAtRow(5);
+    wxUIActionSimulator().MouseDblClick();
+    PumpEvents();
+    const String part = Matches().GetSelectedPart();
+    EXPECT_TRUE(part == "line" || part == "294") << part.c_str();
+    m_View->Append("a line 29", true);
+    Settle();
+    EXPECT_EQ(Matches().GetSelectedPart(), part);
+}
+
 TEST_F(MatchesViewTest, ViewBarAndPaneMayGoInAnyOrder)
 {
     LookFor("line");
@@ -247,4 +295,13 @@ TEST_F(MatchesViewTest, ViewBarAndPaneMayGoInAnyOrder)
         }
         PumpEvents();
     }
+}
+
+TEST_F(MatchesViewTest, TheViewMayBeDeletedWhileThePaneIsOpen)
+{
+    LookFor("line");
+    EXPECT_EQ(Matches().GetLineCount(), 300);
+    delete m_View;
+    EXPECT_FALSE(m_Panes->GetMatches());
+    PumpEvents();
 }

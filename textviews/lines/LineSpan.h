@@ -28,6 +28,8 @@ public:
     /// As far as another word or place of its line.
     void Drag(const ByteSpan& what);
     void Clear() { *this = {}; }
+    /// It is in that line, whose number has become another.
+    void MoveTo(int line) { m_Line = line; }
 
     /// Keep it on its line; a line that is erased takes it along.
     /// @{

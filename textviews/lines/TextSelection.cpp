@@ -14,6 +14,12 @@ void TextSelection::BeginSpan(int line, const ByteSpan& what, SpanUnit by)
     m_Span.Begin(line, what, by);
 }
 
+void TextSelection::PutSpan(const LineSpan& span)
+{
+    Clear();
+    m_Span = span;
+}
+
 void TextSelection::Click(int line, int count)
 {
     m_Span.Clear();

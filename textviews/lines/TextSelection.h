@@ -22,6 +22,7 @@ public:
     const LineSpan& Span() const { return m_Span; }
     void            BeginSpan(int line, const ByteSpan& what, SpanUnit by);
     void            DragSpan(const ByteSpan& what) { m_Span.Drag(what); }
+    void            PutSpan(const LineSpan& span); ///< Selects it alone.
 
     /// Selects that line alone; a line at or beyond `count` selects nothing.
     void Click(int line, int count);

@@ -4,6 +4,7 @@
 #include "textviews/gutter/Gutter.h"
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
+#include "textviews/rules/Ruling.h"
 #include "textviews/search/VisibleHits.h"
 #include "textviews/wxTextLineSearchPanel.h"
 #include "vesta/CallEntry.h"
@@ -22,7 +23,7 @@ constexpr int kCount = static_cast<int>(std::size(kArounds));
 
 enum
 {
-    id_Before = 7351, ///< The first of them.
+    id_Before = 7361, ///< The first of them.
     id_After = id_Before + kCount,
     id_LastAfter = id_After + kCount - 1
 };
@@ -120,6 +121,11 @@ bool MatchesView::IsQuiet(int row) const
     return !Picked().Search().Found().IsMatch(row);
 }
 
+const wxTextLineCtrl& MatchesView::Whole() const
+{
+    return m_Whole ? *m_Whole : static_cast<const wxTextLineCtrl&>(*this);
+}
+
 // By the view's lines, before their rows become others.
 void MatchesView::Keep()
 {
@@ -131,10 +137,12 @@ void MatchesView::Keep()
     const int  rows = GetLineCount();
     const auto lineOf = [&](int row) { return row < 0 || row >= rows ? -1 : WholeLine(row); };
     const int  position = GetScrollPos(wxVERTICAL);
-    if (!m_Kept.isSelectionAway || !m_Selection->IsEmpty())
+    if (!m_Kept.isSelectionAway || !m_Selection->IsEmpty() || m_Selection->Span().Line() >= 0)
     {
         m_Kept.anchor = lineOf(GetSelectionAnchor());
         m_Kept.end = lineOf(GetSelectionEnd());
+        m_Kept.part = m_Selection->Span();
+        m_Kept.partLine = lineOf(m_Kept.part.Line());
     }
     if (!m_Kept.isTopAway || position != m_Kept.position)
     {
@@ -162,17 +170,24 @@ void MatchesView::ShowRows()
     m_HasKept = false;
     const int  rows = GetLineCount();
     const bool mayCome = HasWork();
-    m_Kept.isSelectionAway = mayCome && m_Kept.anchor >= 0 && RowOf(m_Kept.anchor) < 0;
+    const int  selected = std::max(m_Kept.anchor, m_Kept.partLine);
+    m_Kept.isSelectionAway = mayCome && selected >= 0 && RowOf(selected) < 0;
     m_Selection->Clear();
     if (RowOf(m_Kept.anchor) >= 0)
     {
         m_Selection->Click(RowOf(m_Kept.anchor), rows);
         m_Selection->Drag(std::max(RowOf(m_Kept.end), 0), rows);
     }
+    else if (RowOf(m_Kept.partLine) >= 0)
+    {
+        m_Kept.part.MoveTo(RowOf(m_Kept.partLine));
+        m_Selection->PutSpan(m_Kept.part);
+    }
     m_HoverLine = -1;
     m_MenuLine = -1;
     m_Places->Forget();
     m_Hits->Forget();
+    m_Ruling->visible.Forget();
     m_LineCount = rows;
     m_Gutter->dropped = rows > 0 ? NumberOf(rows - 1) - rows : 0;
     m_TextWidth = m_Whole->m_TextWidth;
@@ -195,7 +210,7 @@ void MatchesView::ShowRows()
 void MatchesView::LineInserted(int line)
 {
     Keep();
-    for (int* const kept : {&m_Kept.anchor, &m_Kept.end, &m_Kept.top})
+    for (int* const kept : {&m_Kept.anchor, &m_Kept.end, &m_Kept.partLine, &m_Kept.top})
     {
         *kept = IndexAfterInsert(*kept, line);
     }
@@ -207,6 +222,7 @@ void MatchesView::LineErased(int line)
     Keep();
     m_Kept.anchor = IndexAfterErase(m_Kept.anchor, line);
     m_Kept.end = IndexAfterErase(m_Kept.end, line);
+    m_Kept.partLine = IndexAfterErase(m_Kept.partLine, line);
     m_Kept.top -= line < m_Kept.top ? 1 : 0;
     Picked().Search().LineErased(line);
 }
@@ -225,6 +241,8 @@ void MatchesView::LookChanged()
     SetEscapes(m_Whole->GetEscapes());
     SetTextSize(m_Whole->GetTextSize());
     SetReadableSelection(m_Whole->HasReadableSelection());
+    SelectWithinLines(m_Whole->SelectsWithinLines());
+    SetRules(m_Whole->GetRules());
     Redraw();
 }
 
@@ -297,10 +315,32 @@ void MatchesView::OnRowClick(wxMouseEvent& event)
     const bool                isClick = m_Selecting;
     const wxWeakRef<wxWindow> self(this);
     OnLeftUp(event);
-    if (self && isClick && GetSelectionAnchor() == GetSelectionEnd())
+    if (self && isClick && m_Selection->Span().IsEmpty() &&
+        GetSelectionAnchor() == GetSelectionEnd())
     {
         GoToRow(GetSelectionEnd());
     }
+}
+
+// They are about the lines that these were picked from. Whoever hears of what comes of it may
+// destroy this.
+bool MatchesView::RunReadingCommand(int id)
+{
+    if (!m_Whole)
+    {
+        return false;
+    }
+    ShowRows();
+    if (id == id_ToggleBookmark)
+    {
+        if (GetLineCount() > 0)
+        {
+            const int line = WholeLine(CurrentLine());
+            m_Whole->SetBookmark(line, !m_Whole->HasBookmark(line));
+        }
+        return true;
+    }
+    return m_Whole->RunReadingCommand(id);
 }
 
 void MatchesView::MoveBy(int rows)
@@ -339,6 +379,13 @@ void MatchesView::OnRowKey(wxKeyEvent& event)
     case WXK_DOWN:
     case WXK_NUMPAD_DOWN:
         MoveBy(1);
+        break;
+    case WXK_ESCAPE:
+        if (m_Whole)
+        {
+            m_Whole->StopFindingError();
+        }
+        event.Skip();
         break;
     default:
         event.Skip();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "textviews/lines/LineSpan.h"
 #include "textviews/matching/PickedLines.h"
 #include "textviews/search/LineWatcher.h"
 #include "textviews/search/SearchCompanion.h"
@@ -40,13 +41,15 @@ private:
     {
         int  anchor = -1;
         int  end = -1;
+        int  partLine = -1; ///< Of which a part is selected.
         int  top = -1;
         int  below = 0; ///< Pixels of that line that are scrolled away.
         bool follows = false;
         /// Those lines are not found yet, and were not when the view was last scrolled there.
-        bool isSelectionAway = false;
-        bool isTopAway = false;
-        int  position = 0;
+        bool     isSelectionAway = false;
+        bool     isTopAway = false;
+        int      position = 0;
+        LineSpan part;
     };
 
     PickedLines&       Picked() { return static_cast<PickedLines&>(*m_Lines); }
@@ -55,6 +58,9 @@ private:
     int64_t NumberOf(int row) const override;
     bool    IsMarked(int row) const override;
     bool    IsQuiet(int row) const override;
+
+    const wxTextLineCtrl& Whole() const override;
+    bool                  RunReadingCommand(int id) override;
 
     void LineInserted(int line) override;
     void LineErased(int line) override;

@@ -12,7 +12,7 @@ constexpr size_t kStepBytes = 64 * 1024; // looked at between two looks at the c
 } // namespace
 
 RuleIndex::RuleIndex(const LineStore& lines, std::function<void()> changed)
-    : m_Lines(lines), m_Changed(std::move(changed))
+    : m_Lines(lines), m_Changed(std::move(changed)), m_Rules(lines), m_Hits(lines)
 {
 }
 
@@ -23,8 +23,9 @@ void RuleIndex::SetRules(const std::shared_ptr<const RuleSet>& rules, bool folde
     Restart(m_Rules);
 }
 
-void RuleIndex::SetFinder(std::shared_ptr<HitFinder> finder)
+void RuleIndex::SetFinder(std::shared_ptr<HitFinder> finder, bool asShown)
 {
+    m_Hits.searched.ReadAsShown(asShown);
     m_Hits.judge = finder ? std::make_unique<HitJudge>(std::move(finder)) : nullptr;
     Restart(m_Hits);
 }
@@ -93,7 +94,7 @@ bool RuleIndex::StepBands(Layer& layer)
         return false;
     }
     const LineBands::Range unknown = layer.bands.NextUnknown();
-    const auto             block = m_Lines.BlockSoon(unknown.first);
+    const auto             block = layer.searched.BlockSoon(unknown.first);
     m_IsWaiting = !block;
     if (!block)
     {

@@ -4,6 +4,7 @@
 #include "textviews/rules/LineBands.h"
 #include "textviews/rules/LineJudge.h"
 #include "textviews/search/LineWatcher.h"
+#include "textviews/search/SearchedLines.h"
 
 #include <functional>
 #include <memory>
@@ -21,8 +22,8 @@ public:
 
     /// Null: none. `folded`: lines are shown without their escape sequences. Ends a search.
     void SetRules(const std::shared_ptr<const RuleSet>& rules, bool folded);
-    /// Of the search; null: none.
-    void SetFinder(std::shared_ptr<HitFinder> finder);
+    /// Of the search; null: none. `asShown`: it looks at the lines as they are shown.
+    void SetFinder(std::shared_ptr<HitFinder> finder, bool asShown);
     /// Keeps the bands up to date, or does not.
     void KeepBands(bool on);
 
@@ -51,6 +52,9 @@ public:
 private:
     struct Layer
     {
+        explicit Layer(const LineStore& store) : searched(store) {}
+
+        SearchedLines              searched;
         LineBands                  bands;
         std::unique_ptr<LineJudge> judge; ///< Null: nothing is looked for.
 

@@ -48,27 +48,43 @@ void SearchedLines::Keep(const LineStore::Block& block) const
     m_Changes = m_Lines->Changes();
 }
 
-LineStore::Block SearchedLines::BlockOf(int index) const
+LineStore::Block SearchedLines::Kept() const
 {
-    if (!m_AreAsShown)
-    {
-        return m_Lines->BlockOf(index);
-    }
-    if (!IsKept(index))
-    {
-        const LineStore::Block block = m_Lines->BlockOf(index);
-        if (!IsFolded(block))
-        {
-            return block;
-        }
-        Keep(block);
-    }
     LineStore::Block kept;
     kept.firstLine = m_First;
     kept.lineCount = static_cast<int>(m_Starts.size());
     kept.bytes = m_Bytes;
     kept.starts = m_Starts.data();
     return kept;
+}
+
+LineStore::Block SearchedLines::AsShown(const LineStore::Block& block) const
+{
+    if (!IsFolded(block))
+    {
+        return block;
+    }
+    Keep(block);
+    return Kept();
+}
+
+LineStore::Block SearchedLines::BlockOf(int index) const
+{
+    if (!m_AreAsShown)
+    {
+        return m_Lines->BlockOf(index);
+    }
+    return IsKept(index) ? Kept() : AsShown(m_Lines->BlockOf(index));
+}
+
+std::optional<LineStore::Block> SearchedLines::BlockSoon(int index) const
+{
+    if (m_AreAsShown && IsKept(index))
+    {
+        return Kept();
+    }
+    const auto block = m_Lines->BlockSoon(index);
+    return block && m_AreAsShown ? AsShown(*block) : block;
 }
 
 std::string_view SearchedLines::LineNow(int index) const

@@ -3,6 +3,7 @@
 #include "textviews/escapes/LineFolder.h"
 #include "textviews/lines/LineStore.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,14 +25,18 @@ public:
     int Count() const { return m_Lines->Count(); }
     /// Either is valid until the next call, or the next change of the lines.
     /// @{
-    LineStore::Block BlockOf(int index) const;
-    std::string_view LineNow(int index) const;
+    LineStore::Block                BlockOf(int index) const;
+    std::optional<LineStore::Block> BlockSoon(int index) const; ///< As `LineStore::BlockSoon`.
+    std::string_view                LineNow(int index) const;
     /// @}
 
 private:
     bool IsFolded(const LineStore::Block& block) const;
     bool IsKept(int index) const;
     void Keep(const LineStore::Block& block) const;
+
+    LineStore::Block Kept() const;
+    LineStore::Block AsShown(const LineStore::Block& block) const;
 
     const LineStore* m_Lines;
     bool             m_AreAsShown = false;
