@@ -12,7 +12,9 @@
 #include "listviews/wxtListCtrl.h"
 #include "textviews/wxBarHistoryCtrl.h"
 #include "textviews/wxTextLineCtrl.h"
+#include "textviews/wxTextLinePanes.h"
 #include "textviews/wxTextLineSearchPanel.h"
+#include "textviews/wxTextRules.h"
 
 #include <wx/artprov.h>
 #include <wx/listbase.h>
@@ -24,6 +26,7 @@ namespace
 {
 constexpr int kGap = 6; // pixels
 const wxSize  kViewSize(600, 130);
+const wxSize  kTextSize(600, 240); // with the bar
 const wxSize  kChartSize(200, 50);
 const wxSize  kFieldSize(160, -1);
 const wxSize  kListSize(130, 70);
@@ -186,17 +189,41 @@ void AddList(wxWindow* parent, wxSizer* sizer)
     sizer->Add(list, 1, wxEXPAND);
 }
 
+// A job's output: every kind of line that it has.
+String OutputLine(int frame)
+{
+    switch (frame)
+    {
+    case 4:
+        return SFormat("FRAME %d/180 warning: the texture is small", frame);
+    case 6:
+        return SFormat("FRAME %d/180 error: no sample is left", frame);
+    default:
+        return SFormat("FRAME %d/180 \x1b[3%dmframe_%04d.png\x1b[0m took 0.%02d s", frame,
+                       frame % 3 + 4, frame, 40 + 7 * frame % 50);
+    }
+}
+
 void AddText(wxWindow* parent, wxSizer* sizer)
 {
-    auto* const text = new wxTextLineCtrl(parent);
-    text->SetMinSize(kViewSize);
-    for (int i = 1; i <= 12; ++i)
+    auto* const panes = new wxTextLinePanes(parent);
+    auto* const text = new wxTextLineCtrl(panes->GetViewParent());
+    for (int frame = 1; frame <= 60; ++frame)
     {
-        text->Append(SFormat("FRAME %d/180 frame_%04d.png took 0.%02d s", i, i, 40 + 7 * i % 50),
-                     false);
+        text->Append(OutputLine(frame), false);
     }
-    sizer->Add(text, 1, wxEXPAND);
-    sizer->Add(text->GetSearchPanel(), 0, wxEXPAND);
+    text->SetEscapes(wxTextLineCtrl::Escapes::Coloured);
+    text->SetRules(wxStandardTextRules());
+    text->ShowOverview(true);
+    text->ShowLineNumbers(true);
+    text->SetBookmark(2);
+    text->OfferReadingCommands(true);
+    text->SelectWithinLines(true);
+    text->SetFollowEnd(true);
+    text->ShowFollowButton(true);
+    panes->ShowView(text);
+    panes->SetMinSize(kTextSize);
+    sizer->Add(panes, 1, wxEXPAND);
     text->ToggleSearch();
     text->GetSearchPanel()->SetText("FRAME 3");
 }

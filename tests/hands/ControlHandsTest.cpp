@@ -10,6 +10,8 @@
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBTreeListCtrl.h"
 #include "listviews/wxtListCtrl.h"
+#include "textviews/wxTextLineCtrl.h"
+#include "textviews/wxTextLinePanes.h"
 
 #include <gtk/gtk.h>
 
@@ -30,7 +32,7 @@ struct Row
 };
 
 // Checked or not; what a field holds; the items of a check list; the selected
-// rows of a list.
+// rows of a list; of a text view what is selected, its bookmarks and the hit.
 wxString LookOf(wxWindow* control)
 {
     wxString look;
@@ -59,6 +61,24 @@ wxString LookOf(wxWindow* control)
         for (const int row : tree->GetSelection())
         {
             look << (isOfJobs ? wxtToWx(tree->GetDisplayText(row, 0)) : wxString() << row) << ",";
+        }
+    }
+    else if (const auto* const lines = dynamic_cast<wxTextLineCtrl*>(control))
+    {
+        const wxString part = wxtToWx(lines->GetSelectedPart());
+        look << (part.empty() ? wxString() : "'" + part + "'");
+        if (lines->GetSelectionAnchor() >= 0)
+        {
+            look << lines->GetSelectionAnchor() << "-" << lines->GetSelectionEnd();
+        }
+        look << " ";
+        for (const int line : lines->GetBookmarks())
+        {
+            look << line << ",";
+        }
+        if (lines->GetMarkedLine() >= 0)
+        {
+            look << " m" << lines->GetMarkedLine();
         }
     }
     else if (auto* const book = dynamic_cast<wxtNotebook*>(control))
@@ -280,6 +300,42 @@ const Row kJobs[] = {
     {"jobs", "enter press destroy leave release", "jobs", "gone"},
 };
 
+// The second line from the top is the fourth of the log, a warning; the sixth is an error; the
+// third has a bookmark.
+const Row kTexts[] = {
+    {"lines", "enter press release", "", "2-2 2,"},
+    {"lines", "enter press edge release", "", "2-4 2,"},
+    {"lines", "enter press leave release", "", nullptr},
+    {"lines", "enter double", "", "'FRAME' 2,"},
+    {"lines", "click shift+Down shift+Down shift+Up", "", "2-3 2,"},
+    {"lines", "click ctrl+a Escape", "", " 2,"},
+    {"lines", "click ctrl+F2 edge press release ctrl+F2 F2", "", "4-4 4,"},
+    {"lines", "click F8 shift+F8", "", "5-5 2,"},
+    {"lines", "enter press disable leave release enable", "", "2-2 2,"},
+    {"lines", "enter press hide leave release show shift+Down", "", nullptr},
+    {"lines", "enter press theme edge release", "", "2-4 2,"},
+    {"lines", "click ctrl+Next ctrl+Prior", "follow1 follow0", "2-2 2,"},
+    {"lines", "click ctrl+minus ctrl+0", "size8 size9", "2-2 2,"},
+    {"lines", "click F3 F3", "", "2-2 2, m29"},
+    {"lines", "focus notch+ notch-", "", " 2,"},
+    {"lines", "enter press destroy leave release", "", "gone"},
+
+    {"overview", "enter press release", "", ""},
+    {"overview", "enter press leave release", "", ""},
+    {"overview", "enter press theme release", "", ""},
+    {"overview", "enter press hide leave release freed show", "", ""},
+    {"overview", "enter press disable leave release freed enable", "", ""},
+    {"overview", "enter press destroy leave release freed", "", "gone"},
+    {"overview", "enter notch+ notch-", "", ""},
+
+    {"corner", "click click", "follow1 follow0", ""},
+    {"corner", "enter press leave release", "", ""},
+    {"corner", "enter press theme release", "follow1", ""},
+    {"corner", "enter press hide leave release show", "", ""},
+    {"corner", "enter press disable leave release enable", "", ""},
+    {"corner", "enter press destroy leave release", "", "gone"},
+};
+
 // Five pages, of which the first is shown; the hand goes to their tabs.
 const Row kTabs[] = {
     {"book", "enter press release", "", "S*sLFN"},
@@ -355,6 +411,9 @@ const Handled kHandledViews[] = {
     {"tree", "enter", "double", "deselect3", "enter double"},
     {"jobs", "", "click", "jobs", "focus Down Down"},
     {"jobs", "click leave enter", "double", "picked", "focus Return"},
+    {"lines", "focus", "ctrl+Next", "follow1", "focus ctrl+Prior"},
+    {"lines", "focus", "ctrl+minus", "size8", "focus ctrl+Next"},
+    {"corner", "", "click", "follow1", "click"},
     {"book", "title", "press release", "page1", "wider press release"},
     {"book", "click", "Right", "page1", "wider press release"},
     {"book", "box", "press release", "closing1", "wider press release"},
@@ -391,11 +450,13 @@ const std::vector<wxString> kStops = {"Default",
                                       "text",
                                       "Previous",
                                       "Next",
+                                      "follow",
                                       "Match Case",
                                       "Whole Words",
                                       "Regular Expression",
                                       "Mark All",
                                       "As You Type",
+                                      "Only Matching Lines",
                                       "text",
                                       "panel",
                                       "panel",
@@ -540,6 +601,11 @@ TEST_F(ControlHandsTest, JobsArePickedByPointerAndKeys)
     TryAll(kJobs);
 }
 
+TEST_F(ControlHandsTest, LinesAreSelectedFoundAndFollowed)
+{
+    TryAll(kTexts);
+}
+
 TEST_F(ControlHandsTest, PagesAreChosenMovedAndClosed)
 {
     TryAll(kTabs);
@@ -615,6 +681,9 @@ TEST_F(ControlHandsTest, WhatIsHeldMayGo)
                                       {"list", "title"},
                                       {"list", "edge"},
                                       {"lines", "enter"},
+                                      {"overview", "enter"},
+                                      {"corner", "enter"},
+                                      {"matches", "title"},
                                       {"listBox", "box"},
                                       {"book", "title"}})
     {
@@ -623,6 +692,11 @@ TEST_F(ControlHandsTest, WhatIsHeldMayGo)
         {
             SCOPED_TRACE(std::string(name) + ": " + place + " press " + end);
             Open();
+            if (std::string(name) == "matches")
+            {
+                First<wxTextLinePanes>()->SetOnlyMatching(true);
+                PumpEvents();
+            }
             const wxWeakRef<wxWindow> control(Named(name));
             const wxWeakRef<wxWindow> page(control->GetParent());
             Do(control, std::string(place) + " press " + end);

@@ -104,6 +104,8 @@ const struct
     {wxEVT_AUINOTEBOOK_BEGIN_DRAG, "drag", kItem},
     {wxEVT_AUINOTEBOOK_DRAG_DONE, "moved", kItem},
     {wxEVT_AUINOTEBOOK_TAB_RIGHT_DOWN, "tabright", kItem},
+    {wxtEVT_TEXT_FOLLOW, "follow", kItem},
+    {wxtEVT_TEXT_SIZE, "size", kItem},
 };
 
 void RunDialog(wxTopLevelWindow& parent)
@@ -384,7 +386,8 @@ wxPoint HandsTest::PlaceOf(wxWindow* control, const std::string& word) const
 {
     constexpr int kBeside = 60; // pixels off the edge of a column
     constexpr int kFar = 400;
-    constexpr int kBelow = 8; // pixels, in the first row of an open list
+    constexpr int kBelow = 8;   // pixels, in the first row of an open list
+    constexpr int kInText = 70; // pixels, right of the numbers of lines
     const auto    middle = [this](const wxRect& place)
     { return place.GetPosition() + wxPoint(place.width / 2 + m_Aside, place.height / 2); };
     const auto inClient = [](wxWindow* window, const wxRect& place)
@@ -416,6 +419,12 @@ wxPoint HandsTest::PlaceOf(wxWindow* control, const std::string& word) const
     if (word == "below")
     {
         return control->GetScreenRect().GetBottomLeft() + wxPoint(kBeside + m_Aside, kBelow);
+    }
+    if (const auto* const text = dynamic_cast<wxTextLineCtrl*>(control))
+    {
+        const int height = text->GetScrollRange(wxVERTICAL) / std::max(text->GetLineCount(), 1);
+        const int line = word == "title" ? 0 : word == "enter" ? 2 : 4;
+        return text->ClientToScreen(wxPoint(kInText + m_Aside, line * height + height / 2));
     }
     if (const auto* const tree = TreeOf(control))
     {

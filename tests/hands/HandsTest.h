@@ -37,6 +37,7 @@ protected:
     ///   title edge wider narrower
     ///                           of a list: to its second title, that one's right edge, off from
     ///                           there; of a notebook: to its second tab, to its third one
+    ///                           of a text view: to its first, third and fifth line
     ///   box below               to the third box of a check list, the cross of a notebook's second
     ///                           tab; to the first item of an open list
     ///   press release click     of the left button; "right" or "middle" before it: of that one

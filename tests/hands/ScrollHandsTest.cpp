@@ -70,12 +70,14 @@ protected:
     {
         auto* const text = First<wxTextLineCtrl>();
         m_View = text;
+        text->ToggleSearch(); // below its bar it is hardly higher than a thumb
+        PumpEvents();
         const wxSize client = m_View->GetClientSize();
         while (text->GetScrollRange(wxVERTICAL) < kTimes * client.y)
         {
-            const int line = text->Append(std::to_string(text->GetLineCount()), false);
-            m_Line = text->GetScrollRange(wxVERTICAL) / (line + 1);
+            text->Append(std::to_string(text->GetLineCount()), false);
         }
+        m_Line = text->GetScrollRange(wxVERTICAL) / text->GetLineCount();
         String wide;
         for (int i = 0; text->GetScrollRange(wxHORIZONTAL) < kTimes * client.x; ++i)
         {

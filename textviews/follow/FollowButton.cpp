@@ -1,13 +1,13 @@
 #include "textviews/follow/FollowButton.h"
 
 #include "appearance/Contrast.h"
+#include "appearance/controls/ForeignPress.h"
 #include "appearance/wxTolvanColors.h"
 #include "internal/port/ToolTips.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/dcclient.h>
 #include <wx/intl.h>
-#include <wx/weakref.h>
 
 #include <algorithm>
 #include <utility>
@@ -39,13 +39,12 @@ void DrawArrow(wxDC& dc, const wxSize& size, const wxColour& colour)
 } // namespace
 
 FollowButton::FollowButton(wxWindow* parent, std::function<void()> onClick)
-    : wxWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE),
+    : wxWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE, "follow"),
       m_OnClick(std::move(onClick))
 {
     Manage(this);
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     SetCursor(*wxSTANDARD_CURSOR);
-    const auto onPress = [this](wxMouseEvent&) { OnPress(); };
     const auto onFocus = [this](wxFocusEvent& event)
     {
         event.Skip();
@@ -53,14 +52,14 @@ FollowButton::FollowButton(wxWindow* parent, std::function<void()> onClick)
         Refresh();
     };
     Bind(wxEVT_PAINT, &FollowButton::OnPaint, this);
-    Bind(wxEVT_LEFT_DOWN, onPress);
-    Bind(wxEVT_LEFT_DCLICK, onPress);
+    Bind(wxEVT_LEFT_UP, &FollowButton::OnRelease, this);
     Bind(wxEVT_ENTER_WINDOW, [this](wxMouseEvent&) { SetHover(true); });
     Bind(wxEVT_LEAVE_WINDOW, [this](wxMouseEvent&) { SetHover(false); });
     Bind(wxEVT_KEY_DOWN, &FollowButton::OnKey, this);
     Bind(wxEVT_KEY_UP, [this](wxKeyEvent&) { m_IsKeyDown = false; });
     Bind(wxEVT_SET_FOCUS, onFocus);
     Bind(wxEVT_KILL_FOCUS, onFocus);
+    appearance::RefuseForeignRelease(*this);
     ShowState(true);
 }
 
@@ -127,9 +126,13 @@ void FollowButton::OnPaint(wxPaintEvent&)
     }
 }
 
-void FollowButton::OnPress()
+// A press that is let go elsewhere has been thought better of.
+void FollowButton::OnRelease(wxMouseEvent& event)
 {
-    Click();
+    if (IsShown() && GetClientRect().Contains(event.GetPosition()))
+    {
+        Click();
+    }
 }
 
 void FollowButton::Click()
@@ -159,6 +162,10 @@ void FollowButton::OnKey(wxKeyEvent& event)
 CornerFollowButton::CornerFollowButton(wxWindow* view, std::function<void()> onClick)
     : FollowButton(view, std::move(onClick))
 {
+    SetName("corner");
+    const auto onPress = [view](wxMouseEvent&) { view->SetFocus(); };
+    Bind(wxEVT_LEFT_DOWN, onPress);
+    Bind(wxEVT_LEFT_DCLICK, onPress);
     view->Bind(wxEVT_SIZE, &CornerFollowButton::OnViewSize, this);
     Place();
 }
@@ -189,16 +196,6 @@ void CornerFollowButton::Place()
     if (place != GetRect())
     {
         SetSize(place);
-    }
-}
-
-void CornerFollowButton::OnPress()
-{
-    const wxWeakRef<wxWindow> self(this);
-    GetParent()->SetFocus();
-    if (self)
-    {
-        Click();
     }
 }
 } // namespace textviews

@@ -19,14 +19,12 @@ public:
     int  Side() const;              ///< Pixels of the square that it is.
 
 protected:
-    /// A button of the mouse has gone down on it; what comes of it may destroy the view.
-    virtual void OnPress();
-    void         Click();
-
     wxSize DoGetBestSize() const override;
 
 private:
     void OnPaint(wxPaintEvent& event);
+    void OnRelease(wxMouseEvent& event);
+    void Click();
     void OnKey(wxKeyEvent& event);
     void SetHover(bool hover);
 
@@ -46,9 +44,6 @@ public:
     void KeepClearOf(int pixels); ///< Of the view's right edge.
 
     bool AcceptsFocus() const override { return false; }
-
-protected:
-    void OnPress() override;
 
 private:
     /// Into the corner of the view. One that has no room for it has none.

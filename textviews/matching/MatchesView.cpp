@@ -44,6 +44,7 @@ MatchesView::MatchesView(wxWindow* parent, wxTextLineCtrl& whole)
     : wxTextLineCtrl(parent, std::make_unique<PickedLines>(whole.Lines())), m_Whole(&whole)
 {
     CALL_ENTRY("MatchesView::MatchesView");
+    SetName("matches");
     m_SearchPanel = whole.GetSearchPanel();
     ShowLineNumbers(true);
     LookChanged();

@@ -2,6 +2,7 @@
 
 #include "appearance/wxTolvanColors.h"
 #include "internal/drawing/ColorMix.h"
+#include "internal/port/Enabling.h"
 #include "internal/port/ToolTips.h"
 #include "textviews/rules/LineJudge.h"
 #include "vesta/CallEntry.h"
@@ -51,7 +52,7 @@ void Fill(wxDC& dc, const wxRect& rect, const wxColour& colour)
 } // namespace
 
 OverviewStrip::OverviewStrip(wxWindow* view, Acts acts)
-    : wxWindow(view, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE),
+    : wxWindow(view, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE, "overview"),
       m_Acts(std::move(acts))
 {
     Manage(this);
@@ -63,6 +64,7 @@ OverviewStrip::OverviewStrip(wxWindow* view, Acts acts)
     Bind(wxEVT_MOTION, &OverviewStrip::OnMotion, this);
     Bind(wxEVT_LEFT_UP, &OverviewStrip::OnRelease, this);
     Bind(wxEVT_MOUSE_CAPTURE_LOST, &OverviewStrip::OnCaptureLoss, this);
+    Bind(internal::EVT_ENABLED, &OverviewStrip::OnEnabled, this);
     Bind(wxEVT_MOUSEWHEEL, [this](wxMouseEvent& event) { m_Acts.onWheel(event); });
     view->Bind(wxEVT_SIZE, &OverviewStrip::OnViewSize, this);
     Place();
@@ -192,6 +194,17 @@ void OverviewStrip::OnMotion(wxMouseEvent& event)
 void OverviewStrip::OnRelease(wxMouseEvent&)
 {
     CALL_ENTRY("OverviewStrip::OnRelease");
+    EndDrag();
+}
+
+void OverviewStrip::OnEnabled(internal::EnabledEvent& event)
+{
+    event.Skip();
+    EndDrag();
+}
+
+void OverviewStrip::EndDrag()
+{
     m_Dragging = false;
     if (HasCapture())
     {

@@ -9,6 +9,11 @@
 #include <functional>
 #include <vector>
 
+namespace internal
+{
+class EnabledEvent;
+}
+
 namespace textviews
 {
 /// What a strip shows.
@@ -52,6 +57,8 @@ private:
     void OnMotion(wxMouseEvent& event);
     void OnRelease(wxMouseEvent& event);
     void OnCaptureLoss(wxMouseCaptureLostEvent& event);
+    void OnEnabled(internal::EnabledEvent& event);
+    void EndDrag();
     void DrawMarks(wxDC& dc, const StripSpan& lane, uint8_t bit, const wxColour& colour,
                    bool inFrame) const;
 
