@@ -2,11 +2,11 @@
 
 #include "appearance/ColorScheme.h"
 #include "appearance/controls/ClickStatic.h"
-#include "appearance/controls/ForeignPress.h"
 #include "appearance/controls/collapse.xpm"
 #include "appearance/controls/expand.xpm"
 #include "appearance/wxtColorManaged.h"
 #include "appearance/wxtStockControls.h"
+#include "internal/input/ForeignPress.h"
 #include "vesta/Application.h"
 #include "vesta/CallEntry.h"
 
@@ -77,7 +77,7 @@ appearance::_ClickStatic::_ClickStatic(wxWindow* parent, wxWindowID id, const wx
     : wxtStaticText(parent, id, label)
 {
     Bind(wxEVT_LEFT_UP, &appearance::_ClickStatic::OnClick, this);
-    appearance::RefuseForeignRelease(*this);
+    internal::RefuseForeignRelease(*this);
 }
 
 void appearance::_ClickStatic::OnClick(wxMouseEvent& event)

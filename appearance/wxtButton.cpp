@@ -5,10 +5,10 @@
 #include "appearance/controls/ButtonState.h"
 #include "appearance/controls/FlatStyle.h"
 #include "appearance/controls/ForeignKey.h"
-#include "appearance/controls/ForeignPress.h"
 #include "appearance/controls/Mnemonic.h"
 #include "appearance/controls/MnemonicKeys.h"
 #include "internal/drawing/Emphasis.h"
+#include "internal/input/ForeignPress.h"
 #include "internal/port/Enabling.h"
 #include "internal/port/LostFocus.h"
 #include "vesta/CallEntry.h"
@@ -81,7 +81,7 @@ wxtButton::wxtButton(wxWindow* parent, wxWindowID id, const wxString& label,
     Manage(this);
     Bind(internal::EVT_ENABLED, &wxtButton::OnEnabled, this);
     Bind(internal::EVT_FOCUS_LOST, &wxtButton::OnFocusLost, this);
-    appearance::RefuseForeignRelease(*this);
+    internal::RefuseForeignRelease(*this);
     m_DisabledForegroundName = color_TextGrey;
     m_DisabledForegroundOffset = 0;
     m_DisabledBackgroundName = color_WindowBGDarker;

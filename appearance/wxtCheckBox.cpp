@@ -3,9 +3,9 @@
 #include "appearance/ColorScheme.h"
 #include "appearance/Contrast.h"
 #include "appearance/controls/ForeignKey.h"
-#include "appearance/controls/ForeignPress.h"
 #include "appearance/controls/Mnemonic.h"
 #include "appearance/controls/MnemonicKeys.h"
+#include "internal/input/ForeignPress.h"
 #include "internal/port/Enabling.h"
 #include "vesta/CallEntry.h"
 
@@ -49,7 +49,7 @@ wxtCheckBox::wxtCheckBox(wxWindow* parent, wxWindowID id, const wxString& label,
     Create(parent, id, position, size, style, validator, name);
     Manage(this);
     Bind(internal::EVT_ENABLED, &wxtCheckBox::OnEnabled, this);
-    appearance::RefuseForeignRelease(*this);
+    internal::RefuseForeignRelease(*this);
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     wxCheckBoxBase::SetLabel(label);
     LimitHeight();

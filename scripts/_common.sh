@@ -156,7 +156,7 @@ have_programs_ended()
 # whoever calls stays out of it: no Wayland, no sockets in the user's runtime folder.
 start_display()
 {
-    local number screen=${1:-1280x1024x24}
+    local number screen=${1:-1600x1200x24}
     make_scratch
     mkfifo "$scratch/number"
     Xvfb -displayfd 3 -screen 0 "$screen" -nolisten tcp -noreset \

@@ -127,7 +127,7 @@ TEST_F(ConfirmDialogTest, MessagesOfAnyLengthKeepTheButtonsOnTheScreen)
             PumpEvents();
             for (const wxWindow* const window : dialog.GetChildren())
             {
-                EXPECT_TRUE(wxRect(0, 0, 1280, 1024).Contains(window->GetScreenRect()))
+                EXPECT_TRUE(wxRect(wxGetDisplaySize()).Contains(window->GetScreenRect()))
                     << message.length() << " " << window->GetLabel();
             }
             wxWindow* const first = dialog.GetChildren().GetFirst()->GetData();

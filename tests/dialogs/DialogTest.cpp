@@ -121,9 +121,9 @@ TEST_F(DialogTest, EveryWayOutKeepsThePosition)
 // Whatever is stored, the buttons are on the screen.
 TEST_F(DialogTest, NoStoredGeometryHidesTheButtons)
 {
-    const wxRect area(0, 0, 1280, 1024);
+    const wxRect area(wxGetDisplaySize());
     for (const char* const stored :
-         {"5000, 5000, 400, 300", "-300, -200, 1, 1", "1200, 1000, 30000, 30000",
+         {"5000, 5000, 400, 300", "-300, -200, 1, 1", "1500, 1100, 30000, 30000",
           "99999999999, 0, 10, 10", "-5, -5, -5, -5", "nonsense", "1,2,3"})
     {
         Options().SetValue("Odd", "Window", stored);

@@ -1,8 +1,8 @@
 #include "textviews/follow/FollowButton.h"
 
 #include "appearance/Contrast.h"
-#include "appearance/controls/ForeignPress.h"
 #include "appearance/wxTolvanColors.h"
+#include "internal/input/ForeignPress.h"
 #include "internal/port/ToolTips.h"
 #include "vesta/CallEntry.h"
 
@@ -52,6 +52,9 @@ FollowButton::FollowButton(wxWindow* parent, std::function<void()> onClick)
         Refresh();
     };
     Bind(wxEVT_PAINT, &FollowButton::OnPaint, this);
+    const auto onPress = [this](wxMouseEvent&) { OnPress(); };
+    Bind(wxEVT_LEFT_DOWN, onPress);
+    Bind(wxEVT_LEFT_DCLICK, onPress);
     Bind(wxEVT_LEFT_UP, &FollowButton::OnRelease, this);
     Bind(wxEVT_ENTER_WINDOW, [this](wxMouseEvent&) { SetHover(true); });
     Bind(wxEVT_LEAVE_WINDOW, [this](wxMouseEvent&) { SetHover(false); });
@@ -59,7 +62,7 @@ FollowButton::FollowButton(wxWindow* parent, std::function<void()> onClick)
     Bind(wxEVT_KEY_UP, [this](wxKeyEvent&) { m_IsKeyDown = false; });
     Bind(wxEVT_SET_FOCUS, onFocus);
     Bind(wxEVT_KILL_FOCUS, onFocus);
-    appearance::RefuseForeignRelease(*this);
+    internal::RefuseForeignRelease(*this);
     ShowState(true);
 }
 
@@ -163,9 +166,6 @@ CornerFollowButton::CornerFollowButton(wxWindow* view, std::function<void()> onC
     : FollowButton(view, std::move(onClick))
 {
     SetName("corner");
-    const auto onPress = [view](wxMouseEvent&) { view->SetFocus(); };
-    Bind(wxEVT_LEFT_DOWN, onPress);
-    Bind(wxEVT_LEFT_DCLICK, onPress);
     view->Bind(wxEVT_SIZE, &CornerFollowButton::OnViewSize, this);
     Place();
 }
@@ -173,6 +173,11 @@ CornerFollowButton::CornerFollowButton(wxWindow* view, std::function<void()> onC
 CornerFollowButton::~CornerFollowButton()
 {
     GetParent()->Unbind(wxEVT_SIZE, &CornerFollowButton::OnViewSize, this);
+}
+
+void CornerFollowButton::OnPress()
+{
+    GetParent()->SetFocus();
 }
 
 void CornerFollowButton::OnViewSize(wxSizeEvent& event)

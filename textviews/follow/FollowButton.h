@@ -19,6 +19,9 @@ public:
     int  Side() const;              ///< Pixels of the square that it is.
 
 protected:
+    /// What is pressed takes no keys from where they are.
+    virtual void OnPress() {}
+
     wxSize DoGetBestSize() const override;
 
 private:
@@ -44,6 +47,9 @@ public:
     void KeepClearOf(int pixels); ///< Of the view's right edge.
 
     bool AcceptsFocus() const override { return false; }
+
+protected:
+    void OnPress() override;
 
 private:
     /// Into the corner of the view. One that has no room for it has none.

@@ -1,10 +1,10 @@
-#include "appearance/controls/ForeignPress.h"
+#include "internal/input/ForeignPress.h"
 
 #include <wx/stattext.h>
 
 #include <memory>
 
-namespace appearance
+namespace internal
 {
 namespace
 {
@@ -60,4 +60,4 @@ void RefuseForeignRelease(wxWindow& window)
         window.GetParent()->Bind(wxEVT_LEFT_UP, watchAround);
     }
 }
-} // namespace appearance
+} // namespace internal
