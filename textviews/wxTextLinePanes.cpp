@@ -217,11 +217,18 @@ void wxTextLinePanes::OnSashMoved(wxSplitterEvent& event)
 {
     CALL_ENTRY("wxTextLinePanes::OnSashMoved");
     event.Skip();
-    if (event.GetEventObject() == this && IsSplit())
+    if (event.GetEventObject() != this || !IsSplit())
+    {
+        return;
+    }
+    // The toolkit moves it, too, when the window is too small for a moment.
+    m_IsDragged = m_IsDragged || HasCapture();
+    if (m_IsDragged)
     {
         m_Height = GetClientSize().y - GetSashSize() - event.GetSashPosition();
         if (event.GetEventType() == wxEVT_SPLITTER_SASH_POS_CHANGED)
         {
+            m_IsDragged = false;
             Keep(kHeight, m_Height);
         }
     }

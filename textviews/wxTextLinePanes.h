@@ -62,6 +62,7 @@ private:
     wxWeakRef<wxWindow> m_View;
     wxWeakRef<wxWindow> m_Matches;
     int                 m_Height;
+    bool                m_IsDragged = false; ///< The sash, by the user.
     int                 m_Before = 0;
     int                 m_After = 0;
 };
