@@ -1,5 +1,7 @@
 #include "tests/hands/HandsTest.h"
 
+#include "gallery/FontSizes.h"
+
 #include "appearance/wxExpandablePanel.h"
 #include "appearance/wxTolvanString.h"
 #include "appearance/wxtCheckBox.h"
@@ -19,7 +21,7 @@
 
 namespace
 {
-constexpr int kColumnWidth = 90; // pixels, of the second column of the list
+constexpr int kColumnWidth = 90; // of the second column of the list, as the gallery has it
 
 // What a hand does to a control, what the host hears of it, and what a person
 // sees of the control afterwards; null when that is not looked at.
@@ -32,7 +34,8 @@ struct Row
 };
 
 // Checked or not; what a field holds; the items of a check list; the selected
-// rows of a list; of a text view what is selected, its bookmarks and the hit.
+// rows of a list, and another column that comes second, its width, or how much it is wider than at
+// first; of a text view what is selected, its bookmarks and the hit.
 wxString LookOf(wxWindow* control)
 {
     wxString look;
@@ -50,9 +53,15 @@ wxString LookOf(wxWindow* control)
         {
             look << row << ",";
         }
-        if (const int width = list->GetColumn(1).width; width != kColumnWidth)
+        const auto& second = list->GetColumn(1);
+        const int   width = second.width;
+        if (second.label != "State")
         {
-            look << "w" << width;
+            look << second.label;
+        }
+        else if (const int first = InFontOf(*list, kColumnWidth); width != first)
+        {
+            look << "w" << (width > first ? width - first : width);
         }
     }
     else if (auto* const tree = TreeOf(control))
@@ -234,7 +243,7 @@ const Row kLists[] = {
     {"list", "click o theme ctrl+a", "deselect1 select2 deselect2 select3 select0 select1 select2",
      "3,0,1,2,"},
     {"list", "click ctrl+Right ctrl+shift+Right ctrl+Return", "deselect1 select2 columns1 title1",
-     "2,w150"},
+     "2,Name"},
     {"list", "enter right press release", "deselect1 select2 right2", "2,"},
     {"list", "enter double", "deselect1 select2 open2", "2,"},
     {"list", "enter press disable leave release", "deselect1 select2", "2,"},
@@ -244,7 +253,7 @@ const Row kLists[] = {
     // Its second column is 90 pixels wide.
     {"list", "title press release", "title1", "1,"},
     {"list", "title double", "title1 title1", "1,"},
-    {"list", "title press leave release", "columns0", "1,w150"},
+    {"list", "title press leave release", "columns0", "1,Name"},
     {"list", "title right press release", "titleright1", "1,"},
     {"list", "title press wider release", "", "1,"},
     {"list", "title press wider Escape release", "", "1,"},
@@ -255,14 +264,14 @@ const Row kLists[] = {
     {"list", "title press refill release", "title1", ""},
     {"list", "title notch+ notch-", "", "1,"},
     {"list", "click title press release Down", "deselect1 select2 title1 deselect2 select3", "3,"},
-    {"list", "edge press wider release", "begin1 end1", "1,w150"},
+    {"list", "edge press wider release", "begin1 end1", "1,w60"},
     {"list", "edge press narrower release", "begin1 end1", "1,w20"},
     {"list", "edge double", "begin1 end1 columns1", nullptr},
     {"list", "edge right press wider release", "titleright2", "1,"},
-    {"list", "edge press wider theme release", "begin1 end1", "1,w150"},
+    {"list", "edge press wider theme release", "begin1 end1", "1,w60"},
     {"list", "edge press disable freed wider release enable", "begin1", "1,"},
     {"list", "edge press hide freed wider release show", "begin1", "1,"},
-    {"list", "edge press refill wider release", "begin1 end1", "w150"},
+    {"list", "edge press refill wider release", "begin1 end1", "w60"},
 
     // Its fourth row is selected, a job of the second node; the box is the first one's expander.
     {"tree", "box press release", "expanding0 expanded0", "15,"},
