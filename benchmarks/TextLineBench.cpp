@@ -196,6 +196,21 @@ void RepaintAnywhere(benchmark::State& state)
 }
 BENCHMARK(RepaintAnywhere)->Arg(1000)->Arg(kMillion)->Apply(Repaints);
 
+// The same lines, half of them so long that they take three rows: as they are, and wrapped.
+void RepaintWrapped(benchmark::State& state)
+{
+    const Stage stage;
+    stage->SetWrap(state.range(1) != 0);
+    for (int i = 0; i < state.range(0); ++i)
+    {
+        const String& line = WorkloadLine(i);
+        stage->Append(i % 2 == 0 ? line : line + line + line + line, false);
+    }
+    PumpEvents();
+    MeasureRepaints(state, stage);
+}
+BENCHMARK(RepaintWrapped)->ArgsProduct({{kMillion / 10}, {0, 1}})->Apply(Repaints);
+
 // The same lines, and by the second argument how they come and are shown.
 enum Colouring
 {

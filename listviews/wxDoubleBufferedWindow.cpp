@@ -171,8 +171,8 @@ internal::ScrollAxis wxDoubleBufferedWindow::DueAxis(int orientation) const
     {
         return internal::Adjusted(axis, client.x, m_ContentWidth, false);
     }
-    return internal::Adjusted(axis, client.y, internal::ScrollRange(m_LineCount, m_LineHeight),
-                              m_FollowEnd);
+    return internal::Adjusted(axis, m_EndThumb ? m_EndThumb() : client.y,
+                              internal::ScrollRange(m_LineCount, m_LineHeight), m_FollowEnd);
 }
 
 void wxDoubleBufferedWindow::AdjustScrollbars()
@@ -330,12 +330,18 @@ void wxDoubleBufferedWindow::Scroll(wxScrollWinEvent& event)
     ApplyDueScrollbars();
     const internal::ScrollAxis axis{GetScrollPos(orientation), GetScrollThumb(orientation),
                                     GetScrollRange(orientation)};
-    SetScrollPos(orientation,
-                 byHand ? axis.position
-                        : internal::ScrollTarget(event.GetEventType(), axis, m_LineHeight,
-                                                 internal::PageSize(orientation, ScrollUnits()),
-                                                 event.GetPosition()),
-                 true);
+    int                        target = axis.position;
+    if (!byHand && orientation == wxVERTICAL && m_ScrollRows)
+    {
+        target = m_ScrollRows(event.GetEventType(), event.GetPosition());
+    }
+    else if (!byHand)
+    {
+        target = internal::ScrollTarget(event.GetEventType(), axis, m_LineHeight,
+                                        internal::PageSize(orientation, ScrollUnits()),
+                                        event.GetPosition());
+    }
+    SetScrollPos(orientation, target, true);
     RedrawScrolled();
 }
 

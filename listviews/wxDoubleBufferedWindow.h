@@ -122,6 +122,14 @@ protected:
     bool                    m_KeepsDrawn = false;     ///< `DrawBitmap` draws the `StaleAreas` only.
     std::function<void()>   m_Gather;                 ///< Calls `Redraw` for areas.
 
+    /// @name For a view whose lines are not all as high as one another
+    /// Its scrollbar still has the height of a line for each. How much of that is seen at the end;
+    /// and where a vertical scroll event leads, given with the position that it names.
+    /// @{
+    std::function<int()>                 m_EndThumb;
+    std::function<int(wxEventType, int)> m_ScrollRows;
+    /// @}
+
     static std::set<wxDoubleBufferedWindow*> s_Windows;
 
 private:

@@ -1,6 +1,7 @@
 #include "appearance/Contrast.h"
 #include "internal/drawing/ColorMix.h"
 #include "internal/scrolling/ScrollModel.h"
+#include "textviews/drawing/Continuation.h"
 #include "textviews/drawing/DrawnLines.h"
 #include "textviews/drawing/FontExtents.h"
 #include "textviews/drawing/LinePainter.h"
@@ -14,10 +15,37 @@
 #include "textviews/lines/TextSelection.h"
 #include "textviews/rules/Ruling.h"
 #include "textviews/search/VisibleHits.h"
+#include "textviews/wrap/Wrapping.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "vesta/CallEntry.h"
 
 #include <algorithm>
+
+namespace
+{
+// Each line, or where lines wrap each row, that is drawn, with the number that the picture has it
+// under.
+template <class Act> void ForDrawn(textviews::TextGeometry& geometry, int end, const Act& act)
+{
+    for (int line = geometry.FirstDrawnLine(); line < end && !geometry.wraps; ++line)
+    {
+        act(line, line);
+    }
+    int drawn = geometry.FirstDrawnLine();
+    for (const textviews::TextRow& row : geometry.rows)
+    {
+        geometry.row = &row;
+        act(row.line, drawn++);
+    }
+    geometry.row = nullptr;
+}
+
+// What the gutter tells of a line stands at the first of its rows.
+bool BeginsLine(const textviews::TextGeometry& geometry)
+{
+    return !geometry.row || geometry.row->row == 0;
+}
+} // namespace
 
 textviews::TextGeometry wxTextLineCtrl::Geometry() const
 {
@@ -28,6 +56,11 @@ textviews::TextGeometry wxTextLineCtrl::Geometry() const
     geometry.client = GetClientSize();
     geometry.lineCount = m_Lines->Count();
     geometry.textLeft = m_Gutter->layout.width;
+    geometry.wraps = IsWrapped();
+    if (geometry.wraps)
+    {
+        geometry.rows = Wrap().RowsFrom(TopNow());
+    }
     return geometry;
 }
 
@@ -40,30 +73,34 @@ textviews::TextPalette wxTextLineCtrl::Palette() const
 void wxTextLineCtrl::DrawBitmap()
 {
     CALL_ENTRY("wxTextLineCtrl::DrawBitmap");
-    const textviews::TextGeometry geometry = Geometry();
-    const std::unique_ptr<wxDC>   buffer = m_Buffer.NewDC();
-    textviews::LinePainter        painter(*buffer, m_Font->font, geometry, *m_Places);
-    const textviews::TextPalette  palette = Palette();
-    textviews::GutterPainter      gutter(painter, geometry, m_Gutter->layout, palette.Band({}));
-    const int                     end = EndOfDrawnLines(geometry);
-    const std::vector<wxRect>     stale = StaleAreas();
-    const auto                    isStale = [&stale](const wxRect& band)
-    {
-        return std::any_of(stale.begin(), stale.end(),
-                           [&band](const wxRect& area) { return area.Intersects(band); });
-    };
-    m_Drawn->Show(geometry.scroll, geometry.FirstDrawnLine());
+    textviews::TextGeometry      geometry = Geometry();
+    const std::unique_ptr<wxDC>  buffer = m_Buffer.NewDC();
+    textviews::LinePainter       painter(*buffer, m_Font->font, geometry, *m_Places);
+    const textviews::TextPalette palette = Palette();
+    textviews::GutterPainter     gutter(painter, geometry, m_Gutter->layout, palette.Band({}));
+    const std::vector<wxRect>    stale =
+        geometry.wraps && !m_Drawn->IsAt(geometry.Place(), geometry.FirstDrawnLine())
+               ? std::vector<wxRect>{wxRect(geometry.client)}
+               : StaleAreas();
+    m_Drawn->Show(geometry.Place(), geometry.FirstDrawnLine());
     m_Hits->BeginPicture();
     m_Ruling->visible.BeginPicture();
-    for (int line = geometry.FirstDrawnLine(); line < end; ++line)
-    {
-        if (isStale(geometry.BandOf(line)))
-        {
-            DrawLine(geometry, palette, painter, line);
-            gutter.DrawLine(line, StateOf(line), GutterRowOf(line));
-            m_Drawn->Draw(line, StateOf(line));
-        }
-    }
+    ForDrawn(geometry, EndOfDrawnLines(geometry),
+             [&](int line, int drawn)
+             {
+                 const wxRect band = geometry.BandOf(line);
+                 if (std::any_of(stale.begin(), stale.end(),
+                                 [&band](const wxRect& area) { return area.Intersects(band); }))
+                 {
+                     DrawLine(geometry, palette, painter, line);
+                     textviews::LineState state = StateOf(line);
+                     m_Drawn->Draw(drawn, state);
+                     const bool begins = BeginsLine(geometry);
+                     state.bookmarked = state.bookmarked && begins;
+                     gutter.DrawLine(line, state,
+                                     begins ? GutterRowOf(line) : textviews::GutterRow());
+                 }
+             });
     painter.Fill(geometry.BelowLines(), palette.Band({}));
     gutter.DrawBelowLines();
     DrawFocus(palette, painter);
@@ -71,6 +108,12 @@ void wxTextLineCtrl::DrawBitmap()
     if (m_Hits->IsIncomplete() || m_Ruling->visible.IsIncomplete())
     {
         CallAfter([this] { Redraw(); });
+    }
+    if (geometry.wraps &&
+        !Wrap().IsSettled(TopNow(), GetScrollPos(wxVERTICAL),
+                          GetScrollRange(wxVERTICAL) - GetScrollThumb(wxVERTICAL)))
+    {
+        CallAfter(&wxTextLineCtrl::SettleTop);
     }
 }
 
@@ -93,6 +136,10 @@ void wxTextLineCtrl::DrawLine(const textviews::TextGeometry& geometry,
 {
     const textviews::LineLook look = LookOf(StateOf(line), palette);
     painter.Fill(geometry.BandOf(line), look.band);
+    if (geometry.row && geometry.row->row > 0)
+    {
+        textviews::DrawContinuation(painter, geometry, wxtGetColor(color_TextGrey), look.band);
+    }
     DrawText(geometry, look, painter, line);
     DrawMarks(geometry, look, painter, line);
     DrawSpan(geometry, palette, painter, line);
@@ -127,20 +174,20 @@ void wxTextLineCtrl::AskForChangedLines()
 {
     TellFollowing();
     UpdateOverview();
-    const textviews::TextGeometry geometry = Geometry();
-    if (geometry.scroll != m_Drawn->Scroll())
+    textviews::TextGeometry geometry = Geometry();
+    if (!m_Drawn->IsAt(geometry.Place(), geometry.FirstDrawnLine()))
     {
         Redraw();
         return;
     }
-    const int end = EndOfDrawnLines(geometry);
-    for (int line = geometry.FirstDrawnLine(); line < end; ++line)
-    {
-        if (!m_Drawn->IsAs(line, StateOf(line)))
-        {
-            Redraw(geometry.BandOf(line));
-        }
-    }
+    ForDrawn(geometry, EndOfDrawnLines(geometry),
+             [&](int line, int drawn)
+             {
+                 if (!m_Drawn->IsAs(drawn, StateOf(line)))
+                 {
+                     Redraw(geometry.BandOf(line));
+                 }
+             });
 }
 
 // Along the view's edges, which selected lines may reach too.
@@ -204,9 +251,9 @@ std::vector<wxRect> wxTextLineCtrl::HitRows(const textviews::TextGeometry& geome
     std::vector<wxRect> rows;
     for (const textviews::ShownCells& cells : CellsOfHit())
     {
-        const int left = geometry.XOf(cells.first);
-        wxRect    box(left, geometry.TopOf(m_MarkedLine), geometry.XOf(cells.end) - left,
-                      m_LineHeight);
+        const int left = geometry.XOf(geometry.Within(cells.first));
+        wxRect    box(left, geometry.TopOf(m_MarkedLine),
+                      geometry.XOf(geometry.Within(cells.end)) - left, m_LineHeight);
         // A hit of any length costs no more than what is seen of it.
         box.Intersect(wxRect(geometry.client).Inflate(m_LineHeight));
         if (!box.IsEmpty())

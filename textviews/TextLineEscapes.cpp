@@ -1,5 +1,6 @@
 #include "textviews/escapes/ShownLines.h"
 #include "textviews/search/VisibleHits.h"
+#include "textviews/wrap/Wrapping.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "textviews/wxTextLineSearchPanel.h"
 #include "vesta/CallEntry.h"
@@ -23,6 +24,7 @@ void wxTextLineCtrl::SetEscapes(Escapes escapes)
     {
         panel->LookAtShown(isShown);
     }
+    m_Wrap->Forget();
     ReadRulesAnew();
     MeasureAll();
     AdjustScrollbars();

@@ -1,4 +1,5 @@
 #include "textviews/follow/FollowButton.h"
+#include "textviews/wrap/Wrapping.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "textviews/wxTextLineSearchPanel.h"
 #include "vesta/CallEntry.h"
@@ -32,6 +33,10 @@ bool wxTextLineCtrl::IsFollowing() const
 
 bool wxTextLineCtrl::IsAtEnd() const
 {
+    if (IsWrapped())
+    {
+        return !(TopNow() < Wrap().End());
+    }
     return GetScrollPos(wxVERTICAL) + GetScrollThumb(wxVERTICAL) >= GetScrollRange(wxVERTICAL);
 }
 
@@ -68,6 +73,10 @@ void wxTextLineCtrl::ShowFollowButton(bool show)
 // line; at the end everybody does.
 void wxTextLineCtrl::SetScrollPos(int orientation, int position, bool refresh)
 {
+    if (orientation == wxVERTICAL && IsWrapped())
+    {
+        position = Wrap().MoveToPixel(position);
+    }
     wxDoubleBufferedWindow::SetScrollPos(orientation, position, refresh);
     if (m_MayFollow && orientation == wxVERTICAL)
     {

@@ -85,6 +85,11 @@ void wxTextLineCtrl::FitGutter()
 
 void wxTextLineCtrl::FitContentWidth()
 {
+    if (IsWrapped())
+    {
+        m_ContentWidth = 0; // nothing is beside the view
+        return;
+    }
     const int beside = m_Gutter->layout.width + OverviewWidth();
     m_ContentWidth = std::min(m_TextWidth, INT_MAX - beside) + beside;
 }

@@ -6,6 +6,7 @@
 #include "textviews/lines/LineStore.h"
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
+#include "textviews/wrap/Wrapping.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "textviews/wxTextLineSearchPanel.h"
 #include "vesta/CallEntry.h"
@@ -15,6 +16,8 @@
 #include <wx/weakref.h>
 
 #include <algorithm>
+#include <climits>
+#include <cstdlib>
 
 namespace
 {
@@ -243,9 +246,8 @@ void wxTextLineCtrl::OnKey(wxKeyEvent& event)
 // Moves the end of the selection, which begins with a line that is seen. False: it is another key.
 bool wxTextLineCtrl::SelectByKey(int key, bool ctrl)
 {
-    const int                     count = m_Lines->Count();
-    const textviews::TextGeometry geometry = Geometry();
-    const int step = textviews::SelectionStep(key, ctrl, geometry.client.y / m_LineHeight);
+    const int count = m_Lines->Count();
+    const int step = textviews::SelectionStep(key, ctrl, GetClientSize().y / m_LineHeight);
     if (step == 0)
     {
         return false;
@@ -256,11 +258,15 @@ bool wxTextLineCtrl::SelectByKey(int key, bool ctrl)
     }
     if (m_Selection->IsEmpty())
     {
-        m_Selection->Click(geometry.WholeLine(step > 0), count);
+        m_Selection->Click(Geometry().WholeLine(step > 0), count);
     }
     else
     {
-        m_Selection->Drag(textviews::LineAfter(m_Selection->End(), step, count), count);
+        const int  end = m_Selection->End();
+        const bool isByRows = IsWrapped() && std::abs(step) != 1 && std::abs(step) != INT_MAX;
+        m_Selection->Drag(isByRows ? Wrap().LineAfterRows(end, step)
+                                   : textviews::LineAfter(end, step, count),
+                          count);
     }
     GatherLater();
     ShowLine(m_Selection->End());
@@ -269,6 +275,11 @@ bool wxTextLineCtrl::SelectByKey(int key, bool ctrl)
 
 void wxTextLineCtrl::ShowLine(int line)
 {
+    if (IsWrapped())
+    {
+        GoToTop(Wrap().Showing(TopNow(), line));
+        return;
+    }
     const long long top = static_cast<long long>(line) * m_LineHeight;
     const long long last = top + m_LineHeight - GetClientSize().y;
     const int       position = GetScrollPos(wxVERTICAL);

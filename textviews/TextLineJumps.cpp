@@ -6,6 +6,7 @@
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
 #include "textviews/rules/Ruling.h"
+#include "textviews/wrap/Wrapping.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "vesta/CallEntry.h"
 
@@ -29,6 +30,7 @@ struct ReadingCommand
     enum Needs
     {
         kNothing,
+        kTick,
         kBookmark,
         kRules
     } needs;
@@ -47,6 +49,9 @@ constexpr ReadingCommand kCommands[] = {
      wxMOD_SHIFT, ReadingCommand::kBookmark},
     {wxTextLineCtrl::id_RemoveBookmarks, wxTRANSLATE("Remove All Bookmarks"), 0, 0,
      ReadingCommand::kBookmark},
+    {0, nullptr, 0, 0, ReadingCommand::kNothing},
+    {wxTextLineCtrl::id_WrapLines, wxTRANSLATE("Wrap Long Lines\tAlt+Z"), 'Z', wxMOD_ALT,
+     ReadingCommand::kTick},
     {0, nullptr, 0, 0, ReadingCommand::kRules},
     {wxTextLineCtrl::id_NextError, wxTRANSLATE("Next Error\tF8"), WXK_F8, wxMOD_NONE,
      ReadingCommand::kRules},
@@ -87,6 +92,11 @@ int wxTextLineCtrl::CurrentLine() const
 void wxTextLineCtrl::ShowInMiddle(int line)
 {
     AdjustScrollbars(); // they may take part of the view away
+    if (IsWrapped())
+    {
+        GoToTop(Wrap().Around({line, 0}, Wrap().Rows().RowsOf(line)));
+        return;
+    }
     const long long top = static_cast<long long>(line) * m_LineHeight;
     ScrollTo(wxVERTICAL, top - std::max(GetClientSize().y - m_LineHeight, 0) / 2);
 }
@@ -234,6 +244,11 @@ void wxTextLineCtrl::AddReadingCommands(wxMenu& menu) const
             menu.AppendSeparator();
             continue;
         }
+        if (command.needs == ReadingCommand::kTick)
+        {
+            menu.AppendCheckItem(command.id, wxGetTranslation(command.label))->Check(IsWrapped());
+            continue;
+        }
         menu.Append(command.id, wxGetTranslation(command.label))
             ->Enable(command.needs != ReadingCommand::kBookmark ||
                      !whole.m_Gutter->bookmarks.IsEmpty());
@@ -257,6 +272,9 @@ bool wxTextLineCtrl::RunReadingCommand(int id)
         return true;
     case id_RemoveBookmarks:
         RemoveBookmarks();
+        return true;
+    case id_WrapLines:
+        ChangeWrap();
         return true;
     case id_NextError:
     case id_PreviousError:

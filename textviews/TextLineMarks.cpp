@@ -53,7 +53,7 @@ std::vector<wxRect> wxTextLineCtrl::MarksOf(const textviews::TextGeometry& geome
         for (const textviews::ShownCells& cells :
              textviews::CellsOfText(stored, *pieces, hit.begin, hit.end))
         {
-            boxes.push_back(textviews::MarkBox(geometry, line, cells.first, cells.end));
+            textviews::AddMarkBox(geometry, line, cells.first, cells.end, boxes);
         }
     }
     return boxes;
@@ -76,7 +76,7 @@ std::vector<wxRect> wxTextLineCtrl::BoxesOf(const textviews::TextGeometry& geome
         for (const textviews::ShownCells& cells :
              textviews::CellsOf(text, *pieces, part.begin, part.end))
         {
-            boxes.push_back(textviews::MarkBox(geometry, line, cells.first, cells.end));
+            textviews::AddMarkBox(geometry, line, cells.first, cells.end, boxes);
         }
     }
     return boxes;

@@ -4,6 +4,7 @@
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/overview/OverviewStrip.h"
 #include "textviews/rules/Ruling.h"
+#include "textviews/wrap/Wrapping.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "vesta/CallEntry.h"
 
@@ -123,7 +124,13 @@ void wxTextLineCtrl::UpdateOverview()
         picture.rows[static_cast<size_t>(scale.RowOf(line))] |= textviews::k_BookmarkMark;
     }
     const int top = GetScrollPos(wxVERTICAL);
-    picture.frame = scale.FrameOf(top, static_cast<int64_t>(top) + GetClientSize().y);
+    int64_t   bottom = static_cast<int64_t>(top) + GetClientSize().y;
+    if (IsWrapped() && scale.lines > 0)
+    {
+        const textviews::TextRow last = Geometry().rows.back();
+        bottom = Wrap().PixelsBelow({last.line, last.row});
+    }
+    picture.frame = scale.FrameOf(top, bottom);
     strip->ShowPicture(std::move(picture));
     m_Ruling->shown = std::chrono::steady_clock::now();
 }
@@ -155,6 +162,12 @@ void wxTextLineCtrl::GoToRow(int row, bool isPress)
                 return;
             }
         }
+    }
+    if (IsWrapped())
+    {
+        AdjustScrollbars();
+        GoToTop(Wrap().Around(Wrap().PlaceAt(scale.TopFor(row, 0)), 1));
+        return;
     }
     ScrollTo(wxVERTICAL, scale.TopFor(row, GetClientSize().y));
 }

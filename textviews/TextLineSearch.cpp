@@ -6,6 +6,7 @@
 #include "textviews/search/FinderChoice.h"
 #include "textviews/search/LineSearch.h"
 #include "textviews/search/RegexMatcher.h"
+#include "textviews/wrap/Wrapping.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "textviews/wxTextLineSearchPanel.h"
 #include "vesta/CallEntry.h"
@@ -133,12 +134,12 @@ textviews::SearchPlace wxTextLineCtrl::SearchStart(bool forward, bool asShown) c
 
 textviews::SearchPlace wxTextLineCtrl::VisibleStart(bool forward) const
 {
-    const textviews::TextGeometry geometry = Geometry();
     if (forward)
     {
-        return {geometry.scroll.y / m_LineHeight, 0};
+        return {TopAnchor().line, 0};
     }
-    const int last = geometry.LineAt(geometry.client.y - 1);
+    const textviews::TextGeometry geometry = Geometry();
+    const int                     last = geometry.LineAt(geometry.client.y - 1);
     return {last == -1 ? m_Lines->Count() - 1 : last, textviews::SearchPlace::k_End};
 }
 
@@ -228,6 +229,11 @@ void wxTextLineCtrl::ScrollToHit()
     {
         const std::string_view text = m_Lines->LineNow(m_MarkedLine);
         first = end = m_Places->AtColumn(m_MarkedLine, text, m_MatchColumn).cell;
+    }
+    if (IsWrapped())
+    {
+        ShowWrappedCells(m_MarkedLine, first, end);
+        return;
     }
     // Half a cell of margin on either side, as the text itself has.
     const textviews::Stretch across{first * m_ColumnWidth, (end + 1) * m_ColumnWidth};

@@ -1,6 +1,7 @@
 #include "internal/scrolling/ScrollModel.h"
 #include "textviews/drawing/FontExtents.h"
 #include "textviews/gutter/Gutter.h"
+#include "textviews/wrap/Wrapping.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "vesta/CallEntry.h"
 
@@ -16,10 +17,10 @@ void wxTextLineCtrl::SetTextSize(int points)
     {
         return;
     }
-    const bool follows = IsFollowing();
-    const int  firstLine = GetScrollPos(wxVERTICAL) / m_LineHeight;
-    const int  firstColumn = GetScrollPos(wxHORIZONTAL) / m_ColumnWidth;
-    const int  columns = m_TextWidth / m_ColumnWidth;
+    const bool                  follows = IsFollowing();
+    const textviews::TextAnchor first = TopAnchor();
+    const int                   firstColumn = GetScrollPos(wxHORIZONTAL) / m_ColumnWidth;
+    const int                   columns = m_TextWidth / m_ColumnWidth;
     m_TextSize = points;
     m_Font = &textviews::_FontExtents::Get(points);
     SetFont(m_Font->font);
@@ -34,7 +35,7 @@ void wxTextLineCtrl::SetTextSize(int points)
     FitContentWidth();
     AdjustScrollbars();
     ScrollTo(wxHORIZONTAL, static_cast<long long>(firstColumn) * m_ColumnWidth);
-    ScrollTo(wxVERTICAL, static_cast<long long>(firstLine) * m_LineHeight);
+    GoToAnchor(first);
     if (follows)
     {
         ScrollToBottom();

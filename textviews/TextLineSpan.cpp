@@ -78,8 +78,7 @@ textviews::ByteSpan wxTextLineCtrl::PartAt(const wxPoint& place, int line,
                                            textviews::SpanUnit by) const
 {
     const bool    isNearest = by == textviews::SpanUnit::Characters;
-    const int     x = place.x - Geometry().XOf(0) + (isNearest ? m_ColumnWidth / 2 : 0);
-    const int64_t cell = std::max(x, 0) / m_ColumnWidth;
+    const int64_t cell = Geometry().CellAt(place, line, isNearest);
     const auto    text = m_Lines->Line(line);
     const auto*   pieces = m_Shown->PiecesOf(line, text);
     if (!pieces)
@@ -135,12 +134,24 @@ void wxTextLineCtrl::OnLeftDouble(wxMouseEvent& event)
     HoldMouse();
 }
 
-// Whatever the line that the pointer is on. One column for every motion outside the view.
+// Whatever the line that the pointer is on. One column for every motion outside the view, or where
+// lines wrap one row, as far as the line goes.
 void wxTextLineCtrl::DragPart(const wxPoint& place)
 {
     const textviews::LineSpan& span = m_Selection->Span();
     m_Selection->DragSpan(PartAt(place, span.Line(), span.Unit()));
     GatherLater();
+    if (IsWrapped())
+    {
+        const textviews::TextGeometry geometry = Geometry();
+        const bool                    isAbove = place.y < 0 && geometry.TopOf(span.Line()) < 0;
+        const bool isBelow = place.y >= geometry.client.y && geometry.GoesOn(span.Line());
+        if (isAbove || isBelow)
+        {
+            AutoScroll(place.y);
+        }
+        return;
+    }
     if (place.x < Geometry().textLeft)
     {
         ScrollBy(wxEVT_SCROLLWIN_LINEUP, wxHORIZONTAL);

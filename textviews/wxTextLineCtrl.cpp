@@ -14,6 +14,7 @@
 #include "textviews/rules/Ruling.h"
 #include "textviews/search/LineWatcher.h"
 #include "textviews/search/VisibleHits.h"
+#include "textviews/wrap/Wrapping.h"
 #include "textviews/wxTextSource.h"
 #include "vesta/CallEntry.h"
 #include "vesta/Log.h"
@@ -53,6 +54,7 @@ int Saturated(int64_t count)
 // On any thread, and which view it was may be no more.
 void ShowLateLines()
 {
+    textviews::Wrapping::LinesCame();
     if (wxTheApp)
     {
         wxTheApp->CallAfter(&wxDoubleBufferedWindow::RedrawAll);
@@ -75,7 +77,7 @@ wxBEGIN_EVENT_TABLE(wxTextLineCtrl, wxDoubleBufferedWindow)
     EVT_SIZE(wxTextLineCtrl::OnSize)
     EVT_MENU_RANGE(id_SelectAll, id_CopyPlain, wxTextLineCtrl::OnMenu)
     EVT_MENU(id_OnlyMatching, wxTextLineCtrl::OnMenu)
-    EVT_MENU_RANGE(id_GoToLine, id_RemoveBookmarks, wxTextLineCtrl::OnMenu)
+    EVT_MENU_RANGE(id_GoToLine, id_WrapLines, wxTextLineCtrl::OnMenu)
     EVT_MENU_RANGE(id_NextError, id_PreviousError, wxTextLineCtrl::OnMenu)
 wxEND_EVENT_TABLE()
 // clang-format on
@@ -98,6 +100,7 @@ wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent, std::unique_ptr<textviews::Line
       m_Drawn(std::make_unique<textviews::DrawnLines>()),
       m_Gutter(std::make_unique<textviews::Gutter>()),
       m_Ruling(std::make_unique<textviews::Ruling>(*m_Lines, &wxWakeUpIdle)),
+      m_Wrap(std::make_unique<textviews::Wrapping>(*m_Lines, *m_Shown)),
       m_TextSize(textviews::_FontExtents::k_Points)
 {
     CALL_ENTRY("wxTextLineCtrl::wxTextLineCtrl");
@@ -222,16 +225,22 @@ int wxTextLineCtrl::DropOldest()
     {
         return 0;
     }
-    const int       count = tooMany + m_LineLimit / kLimitBlocks;
-    const long long position = GetScrollPos(wxVERTICAL);
-    const bool      follows = IsFollowing();
+    const int                   count = tooMany + m_LineLimit / kLimitBlocks;
+    const long long             position = GetScrollPos(wxVERTICAL);
+    const bool                  follows = IsFollowing();
+    const textviews::TextAnchor first = TopAnchor();
     for (int i = 0; i < count; ++i)
     {
         Drop(0);
     }
     m_Gutter->dropped += count;
     LinesMoved();
-    if (!follows)
+    if (!follows && IsWrapped())
+    {
+        GoToAnchor(first.line < count ? textviews::TextAnchor()
+                                      : textviews::TextAnchor{first.line - count, first.cell});
+    }
+    else if (!follows)
     {
         ScrollTo(wxVERTICAL, position - static_cast<long long>(count) * m_LineHeight);
     }
@@ -247,6 +256,7 @@ int wxTextLineCtrl::InsertSorted(const String& line)
         m_MarkedLine = textviews::IndexAfterInsert(m_MarkedLine, index);
         m_HoverLine = textviews::IndexAfterInsert(m_HoverLine, index);
         m_MenuLine = textviews::IndexAfterInsert(m_MenuLine, index);
+        m_Wrap->LineInserted(index);
         m_Places->Forget();
         m_Hits->Forget();
         m_Ruling->visible.Forget();
@@ -347,6 +357,7 @@ void wxTextLineCtrl::Drop(int index)
     m_MarkedLine = textviews::IndexAfterErase(m_MarkedLine, index);
     m_HoverLine = textviews::IndexAfterErase(m_HoverLine, index);
     m_MenuLine = textviews::IndexAfterErase(m_MenuLine, index);
+    m_Wrap->LineErased(index);
     m_Places->Forget();
     m_Hits->Forget();
     m_Ruling->visible.Forget();

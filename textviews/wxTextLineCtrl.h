@@ -2,12 +2,11 @@
 
 #include "appearance/wxTolvanColors.h"
 #include "listviews/wxDoubleBufferedWindow.h"
+#include "textviews/wxTextLineEvents.h"
 #include "textviews/wxTextRule.h"
 #include "vesta/Export.h"
 #include "vesta/Path.h"
 #include "vesta/String.h"
-
-#include <wx/event.h>
 
 #include <cstdint>
 #include <memory>
@@ -33,6 +32,7 @@ class TextPalette;
 class TextPlaces;
 class TextSelection;
 class VisibleHits;
+class Wrapping;
 enum class SpanUnit : int;
 struct RuleWork;
 struct StripScale;
@@ -47,16 +47,10 @@ struct LineMatch;
 struct LineState;
 struct SearchPlace;
 struct ShownCells;
+struct TextAnchor;
 struct TextGeometry;
+struct ViewTop;
 } // namespace textviews
-
-/// A view follows its end, `GetInt()` 1, or no longer does, 0 (`wxCommandEvent`). It comes a moment
-/// later.
-wxDECLARE_EXPORTED_EVENT(TOLVAN_API, wxtEVT_TEXT_FOLLOW, wxCommandEvent);
-
-/// The user has changed the size of the text, `GetInt()` points (`wxCommandEvent`). It comes a
-/// moment later.
-wxDECLARE_EXPORTED_EVENT(TOLVAN_API, wxtEVT_TEXT_SIZE, wxCommandEvent);
 
 /// A read-only view of long logs and command output: whole lines of any bytes in one fixed-pitch
 /// font, with selection of lines, copying, saving, a context menu and a search bar. The line is the
@@ -104,7 +98,8 @@ public:
         id_ToggleBookmark = 7322,
         id_NextBookmark = 7323,
         id_PreviousBookmark = 7324,
-        id_RemoveBookmarks = 7325
+        id_RemoveBookmarks = 7325,
+        id_WrapLines = 7326
     };
     /// And of the lines that rules call errors.
     enum RuleId
@@ -320,13 +315,20 @@ public:
     int  GetTextSize() const { return m_TextSize; }
     /// @}
 
+    /// Whether a line that is wider than the view goes on in rows below. Scrolling is then by rows,
+    /// and not sideways; scroll positions still count lines. Off until a host wants it; with
+    /// `OfferReadingCommands` the user switches it (Alt+Z), and `wxtEVT_TEXT_WRAP` tells of that.
+    void SetWrap(bool on);
+    bool IsWrapped() const;
+
     void SetScrollPos(int orientation, int position, bool refresh = true) override;
+    bool ScrollLines(int lines) override;
+    bool ScrollPages(int pages) override;
 
     /// Pops the menu up at the pointer, with the standard entries at its end if wanted.
     void HandleContextMenu(wxMenu& menu, bool addStandardItems);
 
-    /// @name Handlers
-    /// Handlers; a menu bar's commands of the ids above are passed on to `OnMenu`.
+    /// @name Handlers; a menu bar's commands of the ids above are passed on to `OnMenu`.
     /// @{
     void OnLeftClick(wxMouseEvent& event);
     void OnLeftDouble(wxMouseEvent& event);
@@ -394,10 +396,9 @@ private:
                                 const std::vector<textviews::ByteSpan>& parts) const;
     void DrawFocus(const textviews::TextPalette& palette, textviews::LinePainter& painter) const;
     void AskForChangedLines();
-    textviews::GutterRow GutterRowOf(int line) const;
-    void                 FitGutter();
-    void                 FitContentWidth();
-
+    textviews::GutterRow     GutterRowOf(int line) const;
+    void                     FitGutter();
+    void                     FitContentWidth();
     int                      InsertSorted(const String& line);
     void                     Extend(const String& line, int index);
     void                     Widen(std::string_view line);
@@ -426,21 +427,27 @@ private:
     void                     AutoScroll(int y);
     void                     ScrollBy(wxEventType type, int orientation);
     textviews::FollowButton* FollowButton() const;
-
-    bool                IsAtEnd() const;
-    void                TellFollowing();
-    void                ChangeTextSize(int points);
-    textviews::ByteSpan PartAt(const wxPoint& place, int line, textviews::SpanUnit by) const;
-    bool                BeginPart(const wxMouseEvent& event, int line);
-    void                DragPart(const wxPoint& place);
-    void                SaveOrTell();
-    void                OnCtrlKey(int key);
-    bool                SelectByKey(int key, bool ctrl);
-    void                ShowLine(int line);
-
-    String                             SelectedText(bool plain) const;
-    void                               CopySelected(bool plain);
-    void                               ScrollToHit();
+    textviews::Wrapping&     Wrap() const; ///< It knows what there is room for now.
+    textviews::ViewTop       TopNow() const;
+    textviews::TextAnchor    TopAnchor() const;
+    void                     GoToTop(const textviews::ViewTop& top);
+    void                     GoToAnchor(const textviews::TextAnchor& anchor);
+    void                     SettleTop();
+    void                     ShowWrappedCells(int line, int64_t first, int64_t end);
+    void                     ChangeWrap();
+    bool                     IsAtEnd() const;
+    void                     TellFollowing();
+    void                     ChangeTextSize(int points);
+    textviews::ByteSpan      PartAt(const wxPoint& place, int line, textviews::SpanUnit by) const;
+    bool                     BeginPart(const wxMouseEvent& event, int line);
+    void                     DragPart(const wxPoint& place);
+    void                     SaveOrTell();
+    void                     OnCtrlKey(int key);
+    bool                     SelectByKey(int key, bool ctrl);
+    void                     ShowLine(int line);
+    String                   SelectedText(bool plain) const;
+    void                     CopySelected(bool plain);
+    void                     ScrollToHit();
     std::vector<textviews::ShownCells> CellsOfHit() const;
     textviews::ByteSpan                HitBytes(bool asShown) const;
     void                               TakeHitAsStored();
@@ -468,6 +475,7 @@ private:
     std::unique_ptr<textviews::DrawnLines>    m_Drawn;
     std::unique_ptr<textviews::Gutter>        m_Gutter;          ///< Never null.
     std::unique_ptr<textviews::Ruling>        m_Ruling;          ///< Never null.
+    std::unique_ptr<textviews::Wrapping>      m_Wrap;            ///< Never null.
     int                                       m_TextWidth = 0;   ///< Pixels of the longest line.
     int                                       m_LineLimit = 0;   ///< 0: none.
     int64_t                                   m_StoredCells = 0; ///< Of the widest line in a file.

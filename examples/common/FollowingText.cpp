@@ -26,6 +26,7 @@ constexpr struct
                     {wxTextLineCtrl::Escapes::Raw, "raw"}};
 const char* const kLineNumbers = "LineNumbers";
 const char* const kArrivalTimes = "ArrivalTimes";
+const char* const kWrap = "WrapLines";
 
 std::set<FollowingText*>& All()
 {
@@ -64,11 +65,13 @@ FollowingText::FollowingText(wxTextLinePanes* panes) : wxTextLineCtrl(panes->Get
     SetTextSize(static_cast<int>(size.ToInt(GetTextSize())));
     ShowLineNumbers(AreNumbersWanted());
     ShowArrivalTimes(AreTimesWanted());
+    SetWrap(IsWrapWanted());
     OfferReadingCommands(true);
     SelectWithinLines(true);
     SetRules(ShownLogRules());
     ShowOverview(IsOverviewWanted());
     Bind(wxtEVT_TEXT_SIZE, [](wxCommandEvent& event) { WantTextSize(event.GetInt()); });
+    Bind(wxtEVT_TEXT_WRAP, [](wxCommandEvent& event) { WantWrap(event.GetInt() != 0); });
     SetFollowEnd(true);
     ShowFollowButton(true);
     panes->ShowView(this);
@@ -110,6 +113,16 @@ bool FollowingText::AreTimesWanted()
 void FollowingText::WantTimes(bool wanted)
 {
     Want(kArrivalTimes, wanted, &wxTextLineCtrl::ShowArrivalTimes);
+}
+
+bool FollowingText::IsWrapWanted()
+{
+    return IsWanted(kWrap);
+}
+
+void FollowingText::WantWrap(bool wanted)
+{
+    Want(kWrap, wanted, &wxTextLineCtrl::SetWrap);
 }
 
 void FollowingText::WantTextSize(int points)

@@ -38,6 +38,11 @@ public:
     static bool AreTimesWanted();
     static void WantTimes(bool wanted);
     /// @}
+    /// Whether long lines go on in rows below, in all the program's logs; kept.
+    /// @{
+    static bool IsWrapWanted();
+    static void WantWrap(bool wanted);
+    /// @}
     /// Points, of all the program's logs; kept.
     static void WantTextSize(int points);
 

@@ -16,7 +16,8 @@ enum
     id_ArrivalTimes,
     id_ColourErrors,
     id_Overview,
-    id_EditRules
+    id_EditRules,
+    id_WrapLines
 };
 
 void AppendWithKey(wxMenu& menu, int id, const wxString& label, const wxString& key)
@@ -68,6 +69,8 @@ void AppendGutterChoices(wxMenu& menu, wxFrame& frame)
                  &FollowingText::AreNumbersWanted, &FollowingText::WantNumbers);
     AppendChoice(menu, frame, id_ArrivalTimes, wxGetTranslation("Arrival Ti&mes"),
                  &FollowingText::AreTimesWanted, &FollowingText::WantTimes);
+    AppendChoice(menu, frame, id_WrapLines, wxGetTranslation("&Wrap Long Lines\tAlt+Z"),
+                 &FollowingText::IsWrapWanted, &FollowingText::WantWrap);
 }
 
 void AppendRuleChoices(wxMenu& menu, wxFrame& frame)

@@ -8,8 +8,8 @@ class wxMenu;
 void AppendReadingCommands(wxMenu& menu);
 /// The same for the way from error to error.
 void AppendErrorCommands(wxMenu& menu);
-/// Appends whether all logs of the program show line numbers and arrival times, and has the frame,
-/// which the menu is for, act on it.
+/// Appends whether all logs of the program show line numbers and arrival times, and wrap long
+/// lines, and has the frame, which the menu is for, act on it.
 void AppendGutterChoices(wxMenu& menu, wxFrame& frame);
 /// Appends whether they are coloured by rules and have a strip beside them, and the dialog for
 /// those.

@@ -60,7 +60,8 @@ protected:
     void ClickRow(int row, int modifiers = wxMOD_NONE) const
     {
         PointAtRow(row);
-        wxUIActionSimulator().MouseClick(modifiers == wxMOD_NONE ? wxMOUSE_BTN_LEFT : wxMOUSE_BTN_RIGHT);
+        wxUIActionSimulator().MouseClick(modifiers == wxMOD_NONE ? wxMOUSE_BTN_LEFT
+                                                                 : wxMOUSE_BTN_RIGHT);
         PumpEvents();
     }
 
@@ -304,4 +305,26 @@ TEST_F(MatchesViewTest, TheViewMayBeDeletedWhileThePaneIsOpen)
     delete m_View;
     EXPECT_FALSE(m_Panes->GetMatches());
     PumpEvents();
+}
+
+TEST_F(MatchesViewTest, MatchesWrapAsTheViewDoes)
+{
+    for (int i = 0; i < 300; ++i)
+    {
+        m_View->Append(SFormat("long %d ", i) + String(300, '-') + " end", false);
+    }
+    m_View->SetWrap(true);
+    LookFor("long");
+    EXPECT_TRUE(Matches().IsWrapped());
+    Matches().ScrollLines(100);
+    const int top = Matches().GetScrollPos(wxVERTICAL) / m_View->LineHeight();
+    EXPECT_GT(top, 10);
+    EXPECT_LT(top, 100) << "of rows";
+    m_View->Append("another", false);
+    m_View->Append("a long one", false);
+    Settle();
+    EXPECT_EQ(Matches().GetScrollPos(wxVERTICAL) / m_View->LineHeight(), top);
+    m_View->SetWrap(false);
+    EXPECT_FALSE(Matches().IsWrapped());
+    EXPECT_EQ(Matches().GetScrollPos(wxVERTICAL) / m_View->LineHeight(), top);
 }

@@ -267,7 +267,7 @@ TEST_F(TextViewTest, AnInvalidColourDrawsNothingAndAssertsNothing)
 
 TEST_F(TextViewTest, PartsMakeTheSamePictureAsTheWhole)
 {
-    constexpr int kSteps = 120;
+    constexpr int kSteps = 160;
     std::mt19937  random(4711);
     const auto    any = [&random](int below)
     { return static_cast<int>(random() % static_cast<unsigned>(std::max(below, 1))); };
@@ -301,6 +301,9 @@ TEST_F(TextViewTest, PartsMakeTheSamePictureAsTheWhole)
         [&] { m_View->ShowArrivalTimes(any(3) > 0); },
         [&] { m_View->SetBookmark(any(20), any(3) > 0); },
         [&] { m_View->GoToBookmark(any(2) == 0); },
+        [&] { m_View->SetWrap(any(2) == 0); },
+        [&] { m_View->ScrollLines(any(7) - 3); },
+        [&] { m_View->Append(SFormat("a long line %d", any(1000)) + String(150, '7'), true); },
         [&]
         {
             // Something else of the screen uncovers a part of it before the delay is over.

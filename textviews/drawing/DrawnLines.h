@@ -9,16 +9,20 @@
 
 namespace textviews
 {
-/// How the lines of the picture looked when they were drawn.
+/// How the lines of the picture looked when they were drawn. Where lines wrap, each row counts as
+/// one.
 class DrawnLines
 {
 public:
-    const wxPoint& Scroll() const { return m_Scroll; } ///< Pixels scrolled off the top left.
-
-    /// Before lines are drawn: what is scrolled there begins with that line.
+    /// It begins with that line, scrolled there (as `TextGeometry::Place` tells).
+    bool IsAt(const wxPoint& scroll, int first) const
+    {
+        return scroll == m_Scroll && first == m_First;
+    }
+    /// Before lines are drawn that begin so.
     void Show(const wxPoint& scroll, int first)
     {
-        if (scroll != m_Scroll || first != m_First)
+        if (!IsAt(scroll, first))
         {
             m_Scroll = scroll;
             m_First = first;

@@ -30,11 +30,17 @@ HitMark MarkOn(const wxColour& band, const wxColour& ink, const wxColour& mark)
 }
 
 // A pixel of the band all around parts it from those beside it.
-wxRect MarkBox(const TextGeometry& geometry, int line, int64_t first, int64_t end)
+void AddMarkBox(const TextGeometry& geometry, int line, int64_t first, int64_t end,
+                std::vector<wxRect>& boxes)
 {
-    const int left = geometry.XOf(first);
-    return wxRect(left, geometry.TopOf(line) + 1, std::max(geometry.XOf(end) - left - 1, 1),
-                  std::max(geometry.lineHeight - 2, 1));
+    if (geometry.row && geometry.Within(first) >= geometry.Within(end))
+    {
+        return;
+    }
+    const int left = geometry.XOf(geometry.Within(first));
+    boxes.emplace_back(left, geometry.TopOf(line) + 1,
+                       std::max(geometry.XOf(geometry.Within(end)) - left - 1, 1),
+                       std::max(geometry.lineHeight - 2, 1));
 }
 
 std::vector<wxRect> MarkBoxes(const TextGeometry& geometry, int line, std::string_view text,
@@ -54,7 +60,7 @@ std::vector<wxRect> MarkBoxes(const TextGeometry& geometry, int line, std::strin
         const int64_t last = cellAt(hit.end);
         if (first < last)
         {
-            boxes.push_back(MarkBox(geometry, line, first, last));
+            AddMarkBox(geometry, line, first, last, boxes);
         }
     }
     return boxes;

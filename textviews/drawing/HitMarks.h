@@ -19,8 +19,10 @@ struct HitMark
 /// it is, or another ink.
 HitMark MarkOn(const wxColour& band, const wxColour& ink, const wxColour& mark);
 
-/// The mark of a hit that is shown in those cells.
-wxRect MarkBox(const TextGeometry& geometry, int line, int64_t first, int64_t end);
+/// Adds the mark of a hit that is shown in those cells, unless the row that all is about has none
+/// of them.
+void AddMarkBox(const TextGeometry& geometry, int line, int64_t first, int64_t end,
+                std::vector<wxRect>& boxes);
 
 /// Where the hits, in order, lie in the drawn cells of a line that begin at that place.
 std::vector<wxRect> MarkBoxes(const TextGeometry& geometry, int line, std::string_view text,

@@ -4,9 +4,14 @@ namespace textviews
 {
 namespace
 {
-constexpr size_t kLongLine = 16384;      // bytes from which a line is remembered
 constexpr size_t kMostPieces = 1u << 20; // remembered; those of a single line may be more
 } // namespace
+
+void ShownLines::RememberFrom(size_t bytes)
+{
+    m_RememberFrom = bytes;
+    Forget();
+}
 
 void ShownLines::Show(bool folded, bool coloured)
 {
@@ -21,7 +26,7 @@ const ShownPieces* ShownLines::PiecesOf(int line, std::string_view stored)
     {
         return nullptr;
     }
-    if (stored.size() < kLongLine)
+    if (stored.size() < m_RememberFrom)
     {
         return &m_Folder.Fold(stored, m_IsColoured);
     }

@@ -12,6 +12,10 @@ namespace textviews
 class ShownLines final : public TextPlaces
 {
 public:
+    static constexpr size_t k_LongLine = 16 * 1024; ///< Bytes; see `RememberFrom`.
+
+    /// How long folded lines are that are remembered; all is forgotten.
+    void RememberFrom(size_t bytes);
     /// What is remembered is forgotten.
     void Show(bool folded, bool coloured);
     bool IsFolded() const { return m_IsFolded; }
@@ -34,6 +38,7 @@ private:
     bool                       m_IsFolded = false;
     bool                       m_IsColoured = false;
     LineFolder                 m_Folder;
+    size_t                     m_RememberFrom = k_LongLine;
     std::map<int, ShownPieces> m_Long;           ///< By line.
     size_t                     m_LongPieces = 0; ///< In all of them.
 };

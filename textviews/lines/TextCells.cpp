@@ -182,6 +182,12 @@ TextPlace TextPlaces::Find(int line, std::string_view text, Axis axis, int64_t t
                                              [axis](int64_t value, const TextPlace& mark)
                                              { return value < mark.*axis; });
         place = *(beyond - 1);
+        // Where all characters have one byte each, one is found without going through them.
+        if (beyond != marks.end() && beyond->column - place.column == beyond->byte - place.byte)
+        {
+            const int64_t on = target - place.*axis;
+            return {place.byte + on, place.column + on, place.cell + on};
+        }
     }
     else if (IsAscii(text))
     {

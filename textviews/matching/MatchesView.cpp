@@ -6,6 +6,7 @@
 #include "textviews/lines/TextSelection.h"
 #include "textviews/rules/Ruling.h"
 #include "textviews/search/VisibleHits.h"
+#include "textviews/wrap/Wrapping.h"
 #include "textviews/wxTextLineSearchPanel.h"
 #include "vesta/CallEntry.h"
 
@@ -147,7 +148,9 @@ void MatchesView::Keep()
     }
     if (!m_Kept.isTopAway || position != m_Kept.position)
     {
-        m_Kept.top = lineOf(position / m_LineHeight);
+        const TextAnchor top = TopAnchor();
+        m_Kept.top = lineOf(top.line);
+        m_Kept.cell = top.cell;
         m_Kept.below = position % m_LineHeight;
     }
     m_Kept.follows = rows == 0 ? m_Whole->IsFollowing() : IsFollowing();
@@ -189,6 +192,7 @@ void MatchesView::ShowRows()
     m_Places->Forget();
     m_Hits->Forget();
     m_Ruling->visible.Forget();
+    m_Wrap->Switch(IsWrapped()); // it stands nowhere
     m_LineCount = rows;
     m_Gutter->dropped = rows > 0 ? NumberOf(rows - 1) - rows : 0;
     m_TextWidth = m_Whole->m_TextWidth;
@@ -198,7 +202,14 @@ void MatchesView::ShowRows()
     AdjustScrollbars();
     const int top = m_Kept.top < 0 ? 0 : Picked().Search().Found().RowOf(m_Kept.top);
     m_Kept.isTopAway = mayCome && m_Kept.top >= 0 && top >= rows;
-    ScrollTo(wxVERTICAL, static_cast<long long>(top) * m_LineHeight + m_Kept.below);
+    if (IsWrapped())
+    {
+        GoToAnchor({top, RowOf(m_Kept.top) == top ? m_Kept.cell : 0});
+    }
+    else
+    {
+        ScrollTo(wxVERTICAL, static_cast<long long>(top) * m_LineHeight + m_Kept.below);
+    }
     m_Kept.position = GetScrollPos(wxVERTICAL);
     if (m_Kept.follows)
     {
@@ -244,6 +255,7 @@ void MatchesView::LookChanged()
     SetReadableSelection(m_Whole->HasReadableSelection());
     SelectWithinLines(m_Whole->SelectsWithinLines());
     SetRules(m_Whole->GetRules());
+    SetWrap(m_Whole->IsWrapped());
     Redraw();
 }
 

@@ -39,12 +39,13 @@ private:
     /// What was seen and selected before lines came or went, by the view's own lines.
     struct Kept
     {
-        int  anchor = -1;
-        int  end = -1;
-        int  partLine = -1; ///< Of which a part is selected.
-        int  top = -1;
-        int  below = 0; ///< Pixels of that line that are scrolled away.
-        bool follows = false;
+        int     anchor = -1;
+        int     end = -1;
+        int     partLine = -1; ///< Of which a part is selected.
+        int     top = -1;
+        int     below = 0; ///< Pixels of that line that are scrolled away,
+        int64_t cell = 0;  ///< or where lines wrap, the cell of it that comes first.
+        bool    follows = false;
         /// Those lines are not found yet, and were not when the view was last scrolled there.
         bool     isSelectionAway = false;
         bool     isTopAway = false;
