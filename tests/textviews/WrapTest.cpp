@@ -144,17 +144,15 @@ TEST_F(WrapTest, TheFirstVisibleTextStays)
     m_View->ScrollLines(2); // into the line
     ASSERT_EQ(FirstLine(), 117);
     const wxImage there = Rows(0, PageRows());
-    const wxSize  size = Frame()->GetSize();
-    for (const int width : {300, 900})
+    const wxSize  size = m_View->GetSize();
+    const int     beside = size.x - m_View->GetClientSize().x;
+    for (const int width : {300, 500, size.x})
     {
-        Frame()->SetSize(width, size.y);
-        PumpEvents();
-        EXPECT_TRUE(WaitFor([&] { return Frame()->GetSize().x == width; }));
+        m_View->SetSize(width, size.y);
+        EXPECT_TRUE(WaitFor([&] { return m_View->GetClientSize().x == width - beside; }));
         Settle();
         EXPECT_EQ(FirstLine(), 117) << width;
     }
-    Frame()->SetSize(size);
-    EXPECT_TRUE(WaitFor([&] { return Frame()->GetSize() == size; }));
     EXPECT_TRUE(SamePixels(Rows(0, PageRows()), there)) << Kept(there, "there");
     m_View->SetTextSize(20);
     Settle();
@@ -198,8 +196,8 @@ TEST_F(WrapTest, AViewThatFollowsStaysAtTheLastRow)
     EXPECT_TRUE(showsEnd());
     m_View->Append(String(2000, 'x'), false);
     EXPECT_TRUE(showsEnd());
-    Frame()->SetSize(400, 300);
-    PumpEvents();
+    m_View->SetSize(400, 300);
+    EXPECT_TRUE(WaitFor([this] { return m_View->GetClientSize().y == 300; }));
     EXPECT_TRUE(showsEnd());
     m_View->ScrollLines(-1);
     EXPECT_FALSE(m_View->IsFollowing()) << "in a line that the scrollbar has few pixels for";

@@ -178,9 +178,16 @@ int Wrapping::MoveTo(const ViewTop& top)
     return m_Position;
 }
 
+// The scrollbar stays where it is put, between two rows, too: the toolkit moves its thumb on by and
+// by, and another place would stop it.
 int Wrapping::MoveToPixel(int position)
 {
-    return position == m_Position ? position : MoveTo(AtPixel(position));
+    if (position != m_Position)
+    {
+        MoveTo(AtPixel(position));
+        m_Position = std::clamp(position, 0, PixelsOf(End()));
+    }
+    return m_Position;
 }
 
 int Wrapping::MoveBy(wxEventType type, const ViewTop& top, int position)

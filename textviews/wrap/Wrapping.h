@@ -105,7 +105,7 @@ public:
     /// A scrollbar that stands there, and ends there, tells of that top.
     bool IsSettled(const ViewTop& top, int position, int end) const
     {
-        return position == PixelsOf(top) && end == PixelsOf(End());
+        return (position == PixelsOf(top) || AtPixel(position) == top) && end == PixelsOf(End());
     }
 
     /// Keep what is at the top; the scrollbar may follow later.
