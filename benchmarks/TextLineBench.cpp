@@ -204,7 +204,7 @@ void RepaintWrapped(benchmark::State& state)
     for (int i = 0; i < state.range(0); ++i)
     {
         const String& line = WorkloadLine(i);
-        stage->Append(i % 2 == 0 ? line : line + line + line + line, false);
+        stage->Append(i % 2 == 0 ? line : String(line + line + line + line), false);
     }
     PumpEvents();
     MeasureRepaints(state, stage);

@@ -24,6 +24,9 @@ constexpr uint32_t kDeletePicture = 0x2421;
 constexpr uint32_t kNewlinePicture = 0x2424;
 constexpr uint32_t kReplacement = 0xFFFD;
 
+constexpr uint64_t kHighBits = 0x8080808080808080u; // of a word that is not ASCII
+constexpr int64_t  kWordBytes = sizeof kHighBits;
+
 constexpr uint32_t kLastInvalid = kInvalidByteBase + 0xFF;
 
 uint32_t ShownFor(uint32_t code)
@@ -66,10 +69,9 @@ uint64_t WordAt(const char* bytes)
 
 bool IsAscii(std::string_view text)
 {
-    constexpr uint64_t kHighBits = 0x8080808080808080u;
-    constexpr size_t   kStride = 4 * sizeof(uint64_t);
-    const char*        at = text.data();
-    const char* const  end = at + text.size();
+    constexpr size_t  kStride = 4 * sizeof(uint64_t);
+    const char*       at = text.data();
+    const char* const end = at + text.size();
     for (; static_cast<size_t>(end - at) >= kStride; at += kStride)
     {
         if ((WordAt(at) | WordAt(at + 8) | WordAt(at + 16) | WordAt(at + 24)) & kHighBits)
@@ -113,6 +115,15 @@ void AdvancePlace(std::string_view text, TextPlace& place, const TextPlace& limi
     const auto size = static_cast<int64_t>(text.size());
     while (place.byte < size && place.column < limit.column)
     {
+        const int64_t room = std::min({size - place.byte, limit.byte - place.byte,
+                                       limit.column - place.column, limit.cell - place.cell});
+        if (room >= kWordBytes && (WordAt(text.data() + place.byte) & kHighBits) == 0)
+        {
+            place.byte += kWordBytes;
+            place.column += kWordBytes;
+            place.cell += kWordBytes;
+            continue;
+        }
         const TextCell next = CellAt(text, static_cast<size_t>(place.byte));
         if (place.cell + next.cells > limit.cell || place.byte + next.bytes > limit.byte)
         {
