@@ -96,7 +96,8 @@ TEST_F(TextViewTest, ColoursOfRulesCanBeReadInEveryScheme)
 
 TEST_F(TextViewTest, RulesColourLinesAndMatches)
 {
-    Append({"MMMM MMMM", "MMMM error MMMM", "MMMM info MMMM", "\x1b[34mMMMM\x1b[0m error MMMM"});
+    Append({"MMMM MMMM", "MMMM error MMMM", "MMMM info MMMM",
+            "\x1b[34m\u2588\u2588\x1b[0m error MMMM"});
     Focus(m_View);
     const wxImage without = Shown(*m_View);
     m_View->SetRules(wxStandardTextRules());
