@@ -275,8 +275,9 @@ TEST_F(WrapTest, AHitIsShownInItsRow)
         Settle();
         const wxImage with = m_View->Picture();
         m_View->SetHighlightLine(-1);
-        // The hit's box is the inverse of the band, somewhere in the middle of the view.
-        const wxColour band = PixelAt(with, 3, with.GetHeight() / 2);
+        // The hit's box is the inverse of the band, somewhere in the middle of the view, or a row
+        // higher.
+        const wxColour band = PixelAt(with, 3, (with.GetHeight() - m_View->LineHeight()) / 2);
         const wxColour box(255 - band.Red(), 255 - band.Green(), 255 - band.Blue());
         int            found = 0;
         for (int x = 0; x < with.GetWidth(); ++x)
