@@ -262,6 +262,48 @@ TEST_F(WrapTest, APointerMeansTheRowThatItIsOn)
     EXPECT_LE(end, text.find(m_View->GetSelectedPart()));
 }
 
+// By a real pointer, row by row, out of a long line too.
+TEST_F(WrapTest, DraggingPastAnEdgeScrollsByRows)
+{
+    Fill(60);
+    m_View->Append(String(8000, '='), false);
+    Fill(60);
+    m_View->GoToLine(55);
+    m_View->SelectNone();
+    Settle();
+    wxUIActionSimulator pointer;
+    const auto          moveTo = [&](int x, int y)
+    {
+        pointer.MouseMove(m_View->ClientToScreen(wxPoint(x, y)));
+        PumpEvents();
+    };
+    const int middle = m_View->GetClientSize().y / 2;
+    moveTo(60, middle);
+    EXPECT_TRUE(WaitFor([this] { return m_View->GetHighlightLine() > 0; }));
+    const int from = m_View->GetHighlightLine();
+    pointer.MouseDown();
+    EXPECT_TRUE(WaitFor([&] { return m_View->GetSelectionAnchor() == from; }));
+    int last = m_View->GetScrollPos(wxVERTICAL);
+    for (int i = 0; i < 150 && FirstLine() < 61; ++i)
+    {
+        moveTo(60 + i % 7, m_View->GetClientSize().y + 10);
+        EXPECT_GE(m_View->GetScrollPos(wxVERTICAL), last) << i;
+        EXPECT_LE(m_View->GetScrollPos(wxVERTICAL), last + m_View->LineHeight()) << i;
+        last = m_View->GetScrollPos(wxVERTICAL);
+    }
+    EXPECT_GE(FirstLine(), 61) << "beyond the long line";
+    EXPECT_GT(m_View->GetSelectionEnd(), 61);
+    for (int i = 0; i < 250 && FirstLine() >= 40; ++i)
+    {
+        moveTo(60 + i % 7, -10);
+    }
+    EXPECT_LT(FirstLine(), 40);
+    EXPECT_TRUE(WaitFor([&] { return m_View->GetSelectionEnd() < from; }));
+    EXPECT_EQ(m_View->GetSelectionAnchor(), from);
+    pointer.MouseUp();
+    EXPECT_TRUE(WaitFor([this] { return !m_View->IsSelecting(); }));
+}
+
 TEST_F(WrapTest, AHitIsShownInItsRow)
 {
     Fill(100);
