@@ -25,6 +25,17 @@ struct SearchQuery;
 class wxBoxSizer;
 class wxTextLineCtrl;
 
+/// What a search bar looks for, and how: what a host keeps to bring it back. A plain value.
+struct TOLVAN_API wxTextSearchState
+{
+    wxString text;
+    bool     matchCase = false;
+    bool     wholeWords = false;
+    bool     expression = false;
+    bool     isOpen = false;       ///< The bar is shown.
+    bool     onlyMatching = false; ///< So is the pane with matching lines, where there is one.
+};
+
 /// The search bar of a text view: a field, previous and next, what a hit is ("Match Case", "Whole
 /// Words", "Regular Expression"), whether all hits are marked and whether one looks while typing,
 /// the number of the hit that is shown and of all, notices, a button that closes it, and in the bar
@@ -65,6 +76,14 @@ public:
     bool GetExpression() const;
     /// The text is a regular expression. One that is none finds nothing, and the bar says why.
     void SetExpression(bool expression);
+    /// @}
+
+    /// @name To bring it back
+    /// @{
+    wxTextSearchState GetState() const;
+    /// Nothing is gone to, the keyboard stays where it is, and nothing of it is remembered as what
+    /// the user has chosen.
+    void SetState(const wxTextSearchState& state);
     /// @}
 
     /// @name Ways to look

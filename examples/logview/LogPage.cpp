@@ -2,6 +2,7 @@
 
 #include "appearance/wxTolvanString.h"
 #include "common/FollowingText.h"
+#include "textviews/wxTextLineSearchPanel.h"
 #include "textviews/wxTextSource.h"
 #include "vesta/Log.h"
 
@@ -31,11 +32,14 @@ wxString InOneLine(const String& name)
 } // namespace
 
 LogPage::LogPage(wxWindow* parent, const OpenedFile& file)
-    : wxtPanel(parent), m_Reader(file.name, [] { wxWakeUpIdle(); })
+    : wxtPanel(parent),
+      m_Reader(file.name, [] { wxWakeUpIdle(); }),
+      m_Opened(file),
+      m_Bookmarks(file.bookmarks.begin(), file.bookmarks.end())
 {
     if (!file.follows)
     {
-        m_Place = file;
+        m_Place = file.firstLine;
     }
     Bind(wxEVT_IDLE, &LogPage::OnIdle, this);
     Bind(wxEVT_CHAR_HOOK, &LogPage::OnKey, this);
@@ -53,6 +57,7 @@ void LogPage::NeedText()
             m_Text->SetFollowing(false);
         }
         Layout();
+        ReturnSearch();
     }
 }
 
@@ -80,11 +85,52 @@ void LogPage::Start()
 
 OpenedFile LogPage::Place() const
 {
-    if (m_Place || !m_Text)
+    OpenedFile place = m_Opened;
+    if (!m_Text)
     {
-        return m_Place.value_or(OpenedFile{File(), 0, true});
+        return place;
     }
-    return {File(), m_Text->FirstSeenLine(), IsFollowing()};
+    place.firstLine = m_Place.value_or(m_Text->FirstSeenLine());
+    place.follows = !m_Place && IsFollowing();
+    place.bookmarks = m_Text->GetBookmarks();
+    place.bookmarks.insert(place.bookmarks.end(), m_Bookmarks.begin(), m_Bookmarks.end());
+    if (const wxTextLineSearchPanel* const panel = m_Text->GetSearchPanel())
+    {
+        const wxTextSearchState state = panel->GetState();
+        place.search = {wxtFromWx(state.text), state.matchCase, state.wholeWords,
+                        state.expression,      state.isOpen,    state.onlyMatching};
+    }
+    return place;
+}
+
+void LogPage::ReturnSearch()
+{
+    const OpenedSearch&          search = m_Opened.search;
+    wxTextLineSearchPanel* const panel = m_Text->GetSearchPanel();
+    if (panel && (!search.text.empty() || search.isOpen || search.onlyMatching))
+    {
+        panel->SetState({wxtToWx(search.text), search.matchCase, search.wholeWords,
+                         search.expression, search.isOpen, search.onlyMatching});
+    }
+}
+
+bool LogPage::HasAll() const
+{
+    return m_Pieces.empty() && m_Reader.IsIdle();
+}
+
+// A file that has become shorter has lost them.
+void LogPage::ReturnBookmarks()
+{
+    while (!m_Bookmarks.empty() && m_Bookmarks.front() < m_Text->GetLineCount())
+    {
+        m_Text->SetBookmark(m_Bookmarks.front());
+        m_Bookmarks.pop_front();
+    }
+    if (HasAll())
+    {
+        m_Bookmarks.clear();
+    }
 }
 
 // The view stands at the start of its text until then. Whoever scrolls, or follows, meanwhile wants
@@ -101,10 +147,10 @@ void LogPage::ReturnToPlace()
         return;
     }
     // Less would be the end of the text, which the view would follow from then on.
-    const bool isThere = m_Text->GetLineCount() - m_Place->firstLine > m_Text->LinesInSight() + 1;
-    if (isThere || (m_Pieces.empty() && m_Reader.IsIdle()))
+    const bool isThere = m_Text->GetLineCount() - *m_Place > m_Text->LinesInSight() + 1;
+    if (isThere || HasAll())
     {
-        m_Text->ShowFrom(m_Place->firstLine);
+        m_Text->ShowFrom(*m_Place);
         m_Place.reset();
     }
 }
@@ -203,13 +249,14 @@ void LogPage::ShowPieces()
         wxWakeUpIdle();
     }
     ReturnToPlace();
+    ReturnBookmarks();
     LogState();
 }
 
 // When the file has been read for the first time, and when something is wrong or right again.
 void LogPage::LogState()
 {
-    if (m_Pieces.empty() && m_Reader.IsIdle())
+    if (HasAll())
     {
         const FileFollower::State state = m_Reader.StatusNow().state;
         if (!m_IsLogged || state != m_LoggedState)

@@ -11,14 +11,15 @@
 class FollowingText;
 class wxTextLineCtrl;
 
-/// One file in the viewer: its text and the search bar under it. The text is there, and the file is
-/// read, once the page is shown, so that hundreds of files may be open; a page that is hidden is
-/// looked after now and then. A thread reads, and the page shows what has come bit by bit, so that
-/// neither a huge file nor a slow disk holds up the program.
+/// One file in the viewer: its text and the search bar under it. The
+/// text is there, and the file is read, once the page is shown, so that hundreds of files may be
+/// open; a page that is hidden is looked after now and then. A thread reads, and the page shows
+/// what has come bit by bit, so that neither a huge file nor a slow disk holds up the program.
 class LogPage : public wxtPanel, private wxTimed
 {
 public:
-    /// At that place of the file, once there is so much of it; the user may scroll before.
+    /// At that place of the file, once there is so much of it; the user may scroll before. With
+    /// its bookmarks and its search.
     LogPage(wxWindow* parent, const OpenedFile& file);
     ~LogPage() override;
 
@@ -33,7 +34,7 @@ public:
     /// One line about the file: where it is, how much of it is shown, or what is wrong.
     wxString StatusText() const;
 
-    OpenedFile Place() const; ///< To come back to.
+    OpenedFile Place() const; ///< To come back to, with all that the user has made of it.
     bool       IsFollowing() const;
     /// Whether the view stays at the end of the text as it grows.
     void SetFollowing(bool follow);
@@ -44,7 +45,10 @@ private:
     void Start();
     void ShowPieces();
     void ShowPiece(const LogReader::Piece& piece);
+    bool HasAll() const;
     void ReturnToPlace();
+    void ReturnBookmarks();
+    void ReturnSearch();
     void LogState();
     void OnIdle(wxIdleEvent& event);
     void OnKey(wxKeyEvent& event);
@@ -58,8 +62,10 @@ private:
     String                       m_Name;
     FollowingText*               m_Text = nullptr; ///< Null until the page is shown.
     LogReader                    m_Reader;
-    std::deque<LogReader::Piece> m_Pieces; ///< Have come and are not shown yet.
-    std::optional<OpenedFile>    m_Place;  ///< To be shown yet.
+    std::deque<LogReader::Piece> m_Pieces;    ///< Have come and are not shown yet.
+    OpenedFile                   m_Opened;    ///< As it was opened.
+    std::optional<int>           m_Place;     ///< The first line that is to be seen yet.
+    std::deque<int>              m_Bookmarks; ///< To be set yet.
     int                          m_Ticks = 0;
     int                          m_PartialLine = -1; ///< Where the unfinished last line stands.
     bool                m_WasBookmarked = false;     ///< The unfinished line that was taken away.

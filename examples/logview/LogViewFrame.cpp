@@ -271,10 +271,7 @@ void LogViewFrame::OpenFiles(const std::vector<Path>& names)
     }
     NamePages();
     FillRecent();
-    if (LogPage* const page = CurrentPage())
-    {
-        page->Text().SetFocus();
-    }
+    FocusText();
     ShowStatus();
 }
 
@@ -405,6 +402,11 @@ void LogViewFrame::OpenPage(const OpenedFile& file, bool select)
 void LogViewFrame::RestoreLayout()
 {
     m_Pages->LoadLayout(kLayout);
+    FocusText();
+}
+
+void LogViewFrame::FocusText()
+{
     if (LogPage* const page = CurrentPage())
     {
         page->Text().SetFocus();
@@ -478,7 +480,7 @@ void LogViewFrame::NoteClosed(const wxWindow* page)
 {
     if (const auto* const closed = dynamic_cast<const LogPage*>(page))
     {
-        m_Closed.push_back(closed->File());
+        m_Closed.push_back(closed->Place());
     }
 }
 
@@ -486,9 +488,12 @@ void LogViewFrame::OnReopenPage(wxCommandEvent&)
 {
     if (!m_Closed.empty())
     {
-        const Path file = m_Closed.back();
+        const OpenedFile file = m_Closed.back();
         m_Closed.pop_back();
-        OpenFiles({file});
+        OpenPage(file, true);
+        NamePages();
+        FocusText();
+        ShowStatus();
     }
 }
 

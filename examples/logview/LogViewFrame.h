@@ -32,6 +32,7 @@ private:
     void     BuildStatusLine(wxtPanel* parent);
     void     ShowStatus();
     LogPage* CurrentPage() const;
+    void     FocusText();
 
     std::vector<LogPage*> AllPages() const;
     void                  NamePages();
@@ -60,5 +61,5 @@ private:
     wxTimer        m_StatusTimer;
     wxEndLater     m_End{*this};
 
-    std::vector<Path> m_Closed; ///< Files whose pages were closed, the latest last.
+    std::vector<OpenedFile> m_Closed; ///< What pages had that were closed, the latest last.
 };

@@ -2,11 +2,27 @@
 
 #include <algorithm>
 #include <climits>
+#include <map>
+#include <sstream>
 
 namespace
 {
 const char* const kRecent = "RecentFiles";
 const char* const kOpened = "OpenedFiles";
+const char* const kPages = "OpenedPages"; // what more is known of them, each key with its number
+const char* const kBookmarks = "Bookmarks";
+const char* const kSearch = "Search";
+const char* const kChoices = "SearchChoices";
+
+constexpr struct
+{
+    const char* name;
+    bool OpenedSearch::*isOn;
+} kChoiceNames[] = {{"MatchCase", &OpenedSearch::matchCase},
+                    {"WholeWords", &OpenedSearch::wholeWords},
+                    {"Expression", &OpenedSearch::expression},
+                    {"Bar", &OpenedSearch::isOpen},
+                    {"OnlyMatching", &OpenedSearch::onlyMatching}};
 
 // A value is "LINE FOLLOWS NAME": a name may hold anything.
 String ValueOf(const OpenedFile& file)
@@ -29,23 +45,34 @@ OpenedFile FileOf(const String& value)
             part(line + 1, follows) != 0};
 }
 
-// Numbered from 1 on, in the place of those that were there.
-template <typename Values>
-void SetAll(IniFile& options, const String& section, const Values& values)
+using Values = std::map<String, String>;
+
+// In the place of all that was there.
+void SetSection(IniFile& options, const String& section, const Values& values)
 {
     const WriteLock lock(options.Lock());
-    size_t          number = 0;
-    for (const String& value : values)
-    {
-        options.SetValue(section, String::FromInt(static_cast<int>(++number)), value);
-    }
     for (const String& key : options.Keys(section))
     {
-        if (key.ToInt(0) > static_cast<long long>(number))
+        if (values.count(key) == 0)
         {
             options.RemoveValue(section, key);
         }
     }
+    for (const auto& [key, value] : values)
+    {
+        options.SetValue(section, key, value);
+    }
+}
+
+// Numbered from 1 on.
+void SetAll(IniFile& options, const String& section, const std::vector<String>& texts)
+{
+    Values values;
+    for (const String& text : texts)
+    {
+        values[String::FromInt(static_cast<int>(values.size()) + 1)] = text;
+    }
+    SetSection(options, section, values);
 }
 
 std::vector<String> AllOf(const IniFile& options, const String& section)
@@ -60,6 +87,68 @@ std::vector<String> AllOf(const IniFile& options, const String& section)
         }
         values.push_back(value);
     }
+}
+
+String KeyOf(size_t file, const char* key)
+{
+    return SFormat("%zu.%s", file + 1, key);
+}
+
+String ChoicesOf(const OpenedSearch& search)
+{
+    String choices;
+    for (const auto& choice : kChoiceNames)
+    {
+        if (search.*choice.isOn)
+        {
+            choices += choices.empty() ? "" : " ";
+            choices += choice.name;
+        }
+    }
+    return choices;
+}
+
+OpenedSearch SearchOf(const String& text, const String& choices)
+{
+    OpenedSearch       search;
+    std::istringstream words(choices);
+    search.text = text;
+    for (std::string word; words >> word;)
+    {
+        for (const auto& choice : kChoiceNames)
+        {
+            search.*choice.isOn = search.*choice.isOn || word == choice.name;
+        }
+    }
+    return search;
+}
+
+String TextOf(const std::vector<int>& lines)
+{
+    String text;
+    for (const int line : lines)
+    {
+        text += text.empty() ? "" : " ";
+        text += String::FromInt(line);
+    }
+    return text;
+}
+
+std::vector<int> LinesOf(const String& text)
+{
+    std::vector<int>   lines;
+    std::istringstream words(text);
+    for (std::string word; words >> word;)
+    {
+        const long long line = String(word).ToInt(-1);
+        if (line >= 0 && line < INT_MAX)
+        {
+            lines.push_back(static_cast<int>(line));
+        }
+    }
+    std::sort(lines.begin(), lines.end());
+    lines.erase(std::unique(lines.begin(), lines.end()), lines.end());
+    return lines;
 }
 } // namespace
 
@@ -108,24 +197,41 @@ void RecentFiles::Save() const
 void KeepOpenedFiles(IniFile& options, const std::vector<OpenedFile>& files)
 {
     std::vector<String> values;
-    values.reserve(files.size());
+    Values              pages;
     for (const OpenedFile& file : files)
     {
+        const size_t number = values.size();
         values.push_back(ValueOf(file));
+        for (const auto& [key, value] :
+             {std::pair(kBookmarks, TextOf(file.bookmarks)), std::pair(kSearch, file.search.text),
+              std::pair(kChoices, ChoicesOf(file.search))})
+        {
+            if (!value.empty())
+            {
+                pages[KeyOf(number, key)] = value;
+            }
+        }
     }
     SetAll(options, kOpened, values);
+    SetSection(options, kPages, pages);
 }
 
 std::vector<OpenedFile> KeptOpenedFiles(const IniFile& options)
 {
     std::vector<OpenedFile> files;
+    size_t                  number = 0;
     for (const String& value : AllOf(options, kOpened))
     {
-        const OpenedFile file = FileOf(value);
+        const auto more = [&](const char* key)
+        { return options.GetValue(kPages, KeyOf(number, key)); };
+        OpenedFile file = FileOf(value);
         if (!file.name.IsEmpty()) // the user may have edited it
         {
+            file.bookmarks = LinesOf(more(kBookmarks));
+            file.search = SearchOf(more(kSearch), more(kChoices));
             files.push_back(file);
         }
+        ++number;
     }
     return files;
 }

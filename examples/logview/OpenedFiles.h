@@ -26,12 +26,25 @@ private:
     std::vector<Path> m_Names;
 };
 
+/// What the search bar of a page had.
+struct OpenedSearch
+{
+    String text;
+    bool   matchCase = false;
+    bool   wholeWords = false;
+    bool   expression = false;
+    bool   isOpen = false;       ///< The bar was shown.
+    bool   onlyMatching = false; ///< So were the matching lines.
+};
+
 /// A file that was open when the viewer was closed.
 struct OpenedFile
 {
-    Path name;
-    int  firstLine = 0; ///< The topmost one that was seen.
-    bool follows = true;
+    Path             name;
+    int              firstLine = 0; ///< The topmost one that was seen.
+    bool             follows = true;
+    std::vector<int> bookmarks = {}; ///< Lines, from top to bottom.
+    OpenedSearch     search = {};
 };
 
 void                    KeepOpenedFiles(IniFile& options, const std::vector<OpenedFile>& files);

@@ -46,10 +46,35 @@ TEST(OpenedFiles, ComeBackWithTheirPlaces)
     EXPECT_FALSE(files[0].follows);
     EXPECT_EQ(" \n\"odd\xff ", files[1].name.Text());
     EXPECT_TRUE(files[1].follows);
+    EXPECT_TRUE(files[1].bookmarks.empty());
     options.SetValue("OpenedFiles", "1", "nonsense");
     options.SetValue("OpenedFiles", "2", "-99999999999999 x /a b");
     files = KeptOpenedFiles(options);
     ASSERT_EQ(1u, files.size());
     EXPECT_EQ("/a b", files[0].name.Text());
     EXPECT_EQ(0, files[0].firstLine);
+}
+
+// Each stays with its file, whatever becomes of the others.
+TEST(OpenedFiles, ComeBackWithBookmarksAndSearches)
+{
+    IniFile    options;
+    OpenedFile first{"/a"};
+    first.bookmarks = {0, 7, 2147483646};
+    first.search = {" \"odd\n; text \xff", true, false, true, true, false};
+    OpenedFile second{"/b"};
+    second.search = {"", false, true, false, false, true};
+    KeepOpenedFiles(options, {second, second, first});
+    KeepOpenedFiles(options, {first, second});
+    const std::vector<OpenedFile> files = KeptOpenedFiles(options);
+    ASSERT_EQ(2u, files.size());
+    EXPECT_EQ(first.bookmarks, files[0].bookmarks);
+    EXPECT_EQ(first.search.text, files[0].search.text);
+    EXPECT_TRUE(files[0].search.matchCase && files[0].search.expression && files[0].search.isOpen);
+    EXPECT_FALSE(files[0].search.wholeWords || files[0].search.onlyMatching);
+    EXPECT_TRUE(files[1].search.wholeWords && files[1].search.onlyMatching);
+    EXPECT_TRUE(files[1].bookmarks.empty());
+    EXPECT_EQ(4u, options.Keys("OpenedPages").size());
+    options.SetValue("OpenedPages", "1.Bookmarks", "9 x -3 4 99999999999 4");
+    EXPECT_EQ((std::vector<int>{4, 9}), KeptOpenedFiles(options)[0].bookmarks);
 }

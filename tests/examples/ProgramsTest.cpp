@@ -165,6 +165,9 @@ TEST_F(ProgramsTest, ViewerComesBackWithWhatWasOpen)
     {
         Program viewer({LOGVIEW_PROGRAM, TempFile("1.log").Text(), TempFile("2.log").Text()});
         ASSERT_TRUE(PressKeys("2.log - Tolvan Log Viewer", "key ctrl+Prior"));
+        ASSERT_TRUE(WaitForLog(component_LogView, "1.log: 1 line"));
+        ASSERT_TRUE(PressKeys("1.log - Tolvan Log Viewer", "key ctrl+F2 ctrl+f"));
+        ASSERT_TRUE(PressKeys("1.log - Tolvan Log Viewer", "type 'a line'"));
         ASSERT_TRUE(PressKeys("1.log - Tolvan Log Viewer", "key ctrl+q"));
         EXPECT_EQ(0, ExitCodeOf(viewer));
     }
@@ -176,6 +179,12 @@ TEST_F(ProgramsTest, ViewerComesBackWithWhatWasOpen)
         ASSERT_TRUE(PressKeys("2.log - Tolvan Log Viewer", "key ctrl+q"));
         EXPECT_EQ(0, ExitCodeOf(viewer));
     }
+    IniFile options(UserFile("TolvanLogView.ini"));
+    EXPECT_TRUE(options.Load(false, false));
+    EXPECT_EQ("a line", options.GetValue("OpenedPages", "1.Search"));
+    EXPECT_EQ("Bar", options.GetValue("OpenedPages", "1.SearchChoices"));
+    EXPECT_EQ("0", options.GetValue("OpenedPages", "1.Bookmarks"));
+    EXPECT_FALSE(options.HasValue("OpenedPages", "2.Search"));
     Program viewer({LOGVIEW_PROGRAM, TempFile("3.log").Text()});
     ASSERT_TRUE(PressKeys("3.log - Tolvan Log Viewer", "key ctrl+Next"));
     ASSERT_TRUE(PressKeys("3.log - Tolvan Log Viewer", "key ctrl+q"));

@@ -388,3 +388,32 @@ TEST_F(SearchPanelTest, ViewAndBarMayGoInEitherOrder)
     m_View->Destroy();
     EXPECT_TRUE(WaitFor([&] { return !bar; })) << "the bar goes with its view";
 }
+
+// The keyboard and the place in the text are somebody else's.
+TEST_F(SearchPanelTest, ComesBackAsItWas)
+{
+    AppendNumbered(3000);
+    Panel().SetAsYouType(true);
+    Panel().Expand();
+    m_View->SetScrollPos(wxVERTICAL, 1000);
+    m_View->SetFocus();
+    Panel().SetState({"line 2.*", true, false, true, true, true});
+    EXPECT_TRUE(WaitFor([this] { return Panel().IsShown() && !Panel().IsCounting(); }));
+    EXPECT_EQ(Panel().GetHits(), 1111);
+    wxStopWatch time;
+    EXPECT_TRUE(WaitFor([&time] { return time.Time() > 400; })); // longer than a pause in typing
+    EXPECT_TRUE(m_View->HasFocus());
+    EXPECT_EQ(m_View->GetMarkedLine(), -1);
+    EXPECT_EQ(m_View->GetScrollPos(wxVERTICAL), 1000);
+    wxTextSearchState state = Panel().GetState();
+    EXPECT_EQ(state.text, "line 2.*");
+    EXPECT_TRUE(state.matchCase && state.expression && state.isOpen);
+    EXPECT_FALSE(state.wholeWords || state.onlyMatching) << "nobody offers that pane";
+    state.isOpen = false;
+    state.wholeWords = true;
+    Panel().SetState(state);
+    EXPECT_FALSE(Panel().IsShown());
+    EXPECT_FALSE(Panel().IsCounting());
+    EXPECT_TRUE(Panel().GetWholeWords());
+    ExpectFind(true, 200, "");
+}
