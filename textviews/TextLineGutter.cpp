@@ -1,3 +1,5 @@
+#include "appearance/wxTolvanString.h"
+#include "internal/text/OneLine.h"
 #include "textviews/gutter/Gutter.h"
 #include "textviews/gutter/GutterPainter.h"
 #include "textviews/lines/LineStore.h"
@@ -6,6 +8,20 @@
 
 #include <algorithm>
 #include <climits>
+
+namespace
+{
+constexpr size_t kOriginLength = 18; // characters that a place's name takes
+
+// Names of files differ at both ends.
+std::string ShortName(const String& name)
+{
+    const wxString whole = internal::OneLine(wxtToWx(name));
+    const size_t   half = kOriginLength / 2;
+    const wxString cut = whole.Left(half) + wxUniChar(0x2026) + whole.Right(half - 1);
+    return wxtFromWx(whole.length() <= kOriginLength ? whole : cut);
+}
+} // namespace
 
 void wxTextLineCtrl::ShowLineNumbers(bool show)
 {
@@ -42,6 +58,32 @@ void wxTextLineCtrl::KeepArrivalTimes()
     }
 }
 
+void wxTextLineCtrl::ShowOrigins(const std::vector<String>&   names,
+                                 std::function<int(int line)> originOf)
+{
+    CALL_ENTRY("wxTextLineCtrl::ShowOrigins");
+    m_Gutter->origins = names;
+    m_Gutter->originOf = std::move(originOf);
+    m_Gutter->shownOrigins.clear();
+    for (const String& name : names)
+    {
+        m_Gutter->shownOrigins.push_back(ShortName(name));
+    }
+    FitGutter();
+    TellLook();
+    Redraw();
+}
+
+const std::vector<String>& wxTextLineCtrl::GetOrigins() const
+{
+    return m_Gutter->origins;
+}
+
+int wxTextLineCtrl::OriginOf(int line) const
+{
+    return m_Gutter->originOf ? m_Gutter->originOf(line) : -1;
+}
+
 int64_t wxTextLineCtrl::NumberOf(int line) const
 {
     return m_Gutter->NumberOf(line);
@@ -62,6 +104,14 @@ textviews::GutterRow wxTextLineCtrl::GutterRowOf(int line) const
     if (m_Gutter->columns.timeCells > 0)
     {
         row.time = m_Gutter->arrivals->TextOf(line);
+    }
+    const int place = m_Gutter->columns.hasOrigins ? OriginOf(line) : -1;
+    if (place >= 0 && place < static_cast<int>(m_Gutter->shownOrigins.size()))
+    {
+        row.place = place;
+        row.origin = m_Gutter->columns.originCells > 0
+                         ? m_Gutter->shownOrigins[static_cast<size_t>(place)]
+                         : std::string();
     }
     return row;
 }

@@ -9,6 +9,7 @@
 #include "vesta/String.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -192,6 +193,13 @@ public:
     /// Has the view remember when lines come, from now on: eight bytes for those that come one
     /// after the other within a second.
     void KeepArrivalTimes();
+    /// Where each line comes from, where that is one of several places, as files that are merged:
+    /// the place's name, shortened if need be, and a bar, in a colour of its own that can be read
+    /// in every scheme; a narrow view has the bar only. `originOf` is asked for the number of a
+    /// line's place, from 0 on, whenever the line is drawn; another number stands for none of them.
+    /// No names: there is no such column.
+    void ShowOrigins(const std::vector<String>& names, std::function<int(int line)> originOf);
+    const std::vector<String>& GetOrigins() const; ///< The names.
     /// @}
 
     /// @name Finding a place again
@@ -359,6 +367,7 @@ private:
     /// @{
     virtual int64_t NumberOf(int line) const; ///< As it is shown left of the line.
     virtual bool    IsMarked(int line) const; ///< By a bookmark.
+    virtual int     OriginOf(int line) const; ///< The number of its place; -1: none is known.
     virtual bool    IsQuiet(int) const { return false; }
     /// The view whose bookmarks and rules they are.
     virtual const wxTextLineCtrl& Whole() const { return *this; }

@@ -2,6 +2,8 @@
 #include "internal/drawing/ColorMix.h"
 #include "tests/textviews/TextViewTest.h"
 
+#include <algorithm>
+
 namespace
 {
 wxRect LeftOf(const wxImage& image, int width)
@@ -128,4 +130,46 @@ TEST_F(TextViewTest, AHitIsScrolledOutOfTheGutter)
         EXPECT_LE(x + 7 * m_View->ColumnWidth(), m_View->GetClientSize().x) << size;
         EXPECT_EQ(left > width, size > 9);
     }
+}
+
+// The name has the ink that the bar is filled with.
+TEST_F(TextViewTest, PlacesThatLinesComeFromAreToldApartInEveryScheme)
+{
+    constexpr int kPlaces = 6;
+    AppendNumbered(20);
+    const int           range = m_View->VirtualWidth();
+    std::vector<String> names;
+    for (int i = 0; i < kPlaces; ++i)
+    {
+        names.push_back(SFormat("\xc3\xa4 %d\n.log", i));
+    }
+    m_View->ShowOrigins(names, [](int line) { return line < 10 ? line % kPlaces : 99; });
+    const int width = m_View->VirtualWidth() - range;
+    EXPECT_GT(width, 8 * m_View->ColumnWidth());
+    Drag(7, 8);
+    for (const int scheme : {scheme_Dark, scheme_Light, scheme_Lighter, scheme_Darker})
+    {
+        UseColors(scheme, m_View);
+        const wxImage         picture = m_View->Picture();
+        std::vector<wxColour> colours;
+        for (int line = 0; line < 10; ++line)
+        {
+            const int      y = line * m_View->LineHeight() + 5;
+            const wxColour bar = PixelAt(picture, width - 2, y);
+            EXPECT_GE(internal::ContrastOf(bar, PixelAt(picture, 4, y)), 4.5)
+                << "scheme " << scheme << " line " << line << Kept(picture, "places");
+            colours.push_back(bar);
+        }
+        for (int line = 0; line < kPlaces; ++line)
+        {
+            EXPECT_EQ(1, std::count(colours.begin(), colours.begin() + kPlaces,
+                                    colours[static_cast<size_t>(line)]))
+                << "scheme " << scheme << " line " << line << Kept(picture, "places");
+        }
+        EXPECT_EQ(colours[0], colours[6]);
+        const int none = 12 * m_View->LineHeight() + 5;
+        EXPECT_EQ(PixelAt(picture, width - 2, none), PixelAt(picture, 4, none));
+    }
+    m_View->ShowOrigins({}, nullptr);
+    EXPECT_EQ(m_View->VirtualWidth(), range);
 }

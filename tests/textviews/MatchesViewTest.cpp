@@ -328,3 +328,34 @@ TEST_F(MatchesViewTest, MatchesWrapAsTheViewDoes)
     EXPECT_FALSE(Matches().IsWrapped());
     EXPECT_EQ(Matches().GetScrollPos(wxVERTICAL) / m_View->LineHeight(), top);
 }
+
+// As in the view, for the lines that are there.
+TEST_F(MatchesViewTest, RowsTellWhereTheirLinesComeFrom)
+{
+    m_View->ShowOrigins({"a", "b"}, [](int line) { return line / 100 % 2; });
+    LookFor("line 99");
+    Panel().SetText("line .99");
+    Panel().SetExpression(true);
+    Settle();
+    ASSERT_EQ(Shown(), "line 199|line 299");
+    EXPECT_EQ(Matches().GetOrigins(), m_View->GetOrigins());
+    const auto barOf = [](const wxImage& picture, int top)
+    {
+        std::vector<wxColour> colours;
+        for (int x = 0; x < 120; ++x)
+        {
+            colours.push_back(PixelAt(picture, x, top));
+        }
+        return colours;
+    };
+    const int height = m_View->LineHeight();
+    EXPECT_TRUE(WaitFor(
+        [&]
+        {
+            const wxImage picture = PictureOf(&Matches());
+            return barOf(picture, 1) != barOf(picture, height + 1);
+        }))
+        << Kept(PictureOf(&Matches()), "rows");
+    m_View->ShowOrigins({}, nullptr);
+    EXPECT_TRUE(Matches().GetOrigins().empty());
+}

@@ -140,4 +140,13 @@ void LinePainter::DrawPlain(std::string_view ascii, int x, int y)
     m_Painter.DrawAscii(ascii.data(), ascii.size(), x, y, m_Geometry.columnWidth);
     m_Painter.Flush();
 }
+
+void LinePainter::DrawAt(std::string_view text, int x, int y)
+{
+    for (size_t byte = 0; byte < text.size();)
+    {
+        x += DrawCharacter(text, byte, x, y) * m_Geometry.columnWidth;
+    }
+    m_Painter.Flush();
+}
 } // namespace textviews

@@ -31,6 +31,8 @@ public:
     void DrawPart(int line, std::string_view text, int64_t cell, int64_t end);
     /// Draws printable ASCII characters, from that place on, cell by cell.
     void DrawPlain(std::string_view ascii, int x, int y);
+    /// Draws any text from that place on, cell by cell.
+    void DrawAt(std::string_view text, int x, int y);
     void Fill(const wxRect& rect, const wxColour& colour) { m_Painter.Fill(rect, colour); }
     /// Nothing waits to be drawn any more.
     void Flush() { m_Painter.Flush(); }

@@ -4,7 +4,12 @@
 #include "textviews/gutter/Bookmarks.h"
 #include "textviews/gutter/GutterLayout.h"
 
+#include "vesta/String.h"
+
+#include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace textviews
 {
@@ -18,7 +23,10 @@ struct Gutter
     GutterColumns columns;                ///< As they are shown.
     GutterLayout  layout;                 ///< Of those.
     Bookmarks     bookmarks;
-    std::unique_ptr<ArrivalTimes> arrivals; ///< Null until a host wants them kept.
+    std::unique_ptr<ArrivalTimes> arrivals;     ///< Null until a host wants them kept.
+    std::vector<String>           origins;      ///< The places that lines come from,
+    std::vector<std::string>      shownOrigins; ///< as they are shown,
+    std::function<int(int line)>  originOf;     ///< and the number of a line's.
 
     int64_t NumberOf(int line) const { return dropped + line + 1; }
     /// What it would show of so many lines.

@@ -10,6 +10,7 @@ namespace
 constexpr int kLeastDigits = 3;  // a log that begins would soon move sideways
 constexpr int kLeastText = 12;   // cells of text that a gutter leaves
 constexpr int kRibbonMargin = 2; // pixels above and below
+constexpr int kLeastBar = 3;     // pixels
 } // namespace
 
 GutterLayout GutterLayout::Of(const GutterColumns& columns, int cellWidth)
@@ -28,7 +29,14 @@ GutterLayout GutterLayout::Of(const GutterColumns& columns, int cellWidth)
     x += columns.timeCells > 0 && columns.digits > 0 ? cellWidth : 0;
     x += columns.digits * cellWidth;
     layout.numberEnd = x;
-    layout.width = x + (columns.timeCells > 0 || columns.digits > 0 ? margin : 0);
+    const bool hasText = columns.timeCells > 0 || columns.digits > 0;
+    x += hasText && columns.originCells > 0 ? cellWidth : 0;
+    layout.originLeft = x;
+    x += columns.originCells * cellWidth;
+    x += hasText || columns.originCells > 0 ? margin : 0;
+    layout.barLeft = x;
+    layout.barWidth = columns.hasOrigins ? std::max(cellWidth / 3, kLeastBar) : 0;
+    layout.width = x + layout.barWidth;
     return layout;
 }
 
@@ -57,7 +65,15 @@ GutterColumns FittingColumns(const GutterColumns& wanted, int cellWidth, int vie
     }
     if (!fits())
     {
+        columns.originCells = 0;
+    }
+    if (!fits())
+    {
         columns.marks = false;
+    }
+    if (!fits())
+    {
+        columns.hasOrigins = false;
     }
     return columns;
 }

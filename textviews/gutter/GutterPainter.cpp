@@ -3,6 +3,7 @@
 #include "appearance/Contrast.h"
 #include "appearance/wxTolvanColors.h"
 #include "internal/drawing/ColorMix.h"
+#include "textviews/gutter/OriginColours.h"
 
 namespace textviews
 {
@@ -48,10 +49,23 @@ void GutterPainter::DrawLine(int line, const LineState& state, const GutterRow& 
     m_Painter.SetBold(false);
     DrawText(row.number, m_Layout.numberEnd, band.y);
     DrawText(row.time, m_Layout.timeEnd, band.y);
+    DrawOrigin(row, band, ground);
     if (state.bookmarked)
     {
         DrawRibbon(band, ground);
     }
+}
+
+void GutterPainter::DrawOrigin(const GutterRow& row, const wxRect& band, const wxColour& ground)
+{
+    if (row.place < 0 || m_Layout.barWidth == 0)
+    {
+        return;
+    }
+    const wxColour ink = OriginColour(row.place, ground);
+    m_Painter.Fill({m_Layout.barLeft, band.y, m_Layout.barWidth, band.height}, ink);
+    m_Painter.SetInks({ink, ink, wxColour()});
+    m_Painter.DrawAt(row.origin, m_Layout.originLeft, band.y);
 }
 
 void GutterPainter::DrawRibbon(const wxRect& band, const wxColour& ground)

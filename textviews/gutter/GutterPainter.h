@@ -11,8 +11,10 @@ namespace textviews
 /// What the gutter tells of a line.
 struct GutterRow
 {
-    std::string number; ///< ASCII.
-    std::string time;   ///< The same.
+    std::string number;     ///< ASCII.
+    std::string time;       ///< The same.
+    std::string origin;     ///< The name of the place that it comes from; any text.
+    int         place = -1; ///< That one's number; -1: none is known.
 };
 
 /// Draws the gutter of a view, in the scheme's colours, over what text has left there.
@@ -28,6 +30,7 @@ public:
 
 private:
     void DrawRibbon(const wxRect& band, const wxColour& ground);
+    void DrawOrigin(const GutterRow& row, const wxRect& band, const wxColour& ground);
     void DrawText(const std::string& text, int end, int top);
 
     LinePainter&        m_Painter;

@@ -118,6 +118,11 @@ bool MatchesView::IsMarked(int row) const
     return m_Whole && m_Whole->IsMarked(WholeLine(row));
 }
 
+int MatchesView::OriginOf(int row) const
+{
+    return m_Whole ? m_Whole->OriginOf(WholeLine(row)) : -1;
+}
+
 bool MatchesView::IsQuiet(int row) const
 {
     return !Picked().Search().Found().IsMatch(row);
@@ -256,6 +261,10 @@ void MatchesView::LookChanged()
     SelectWithinLines(m_Whole->SelectsWithinLines());
     SetRules(m_Whole->GetRules());
     SetWrap(m_Whole->IsWrapped());
+    if (GetOrigins() != m_Whole->GetOrigins())
+    {
+        ShowOrigins(m_Whole->GetOrigins(), nullptr);
+    }
     Redraw();
 }
 

@@ -59,6 +59,7 @@ private:
     int64_t NumberOf(int row) const override;
     bool    IsMarked(int row) const override;
     bool    IsQuiet(int row) const override;
+    int     OriginOf(int row) const override;
 
     const wxTextLineCtrl& Whole() const override;
     bool                  RunReadingCommand(int id) override;
