@@ -3,6 +3,7 @@
 #include "logview/ByteStream.h"
 #include "logview/LineCutter.h"
 #include "logview/SpoolFile.h"
+#include "logview/TextFollower.h"
 #include "textviews/wxTextSource.h"
 #include "vesta/Path.h"
 #include "vesta/String.h"
@@ -16,15 +17,9 @@
 /// replaced; an archive it reads as the text that it holds, and "-" is the standard input. What
 /// cannot be read is left out, and told. Without a window or a thread: whoever owns it calls `Read`
 /// now and then.
-class FileFollower
+class FileFollower final : public TextFollower
 {
 public:
-    enum class State
-    {
-        kMissing,    ///< There is no such file (yet).
-        kUnreadable, ///< It is there but cannot be read (any further); `Problem` says why.
-        kFollowing
-    };
     using Stretches = std::vector<wxTextStretch>;
     using Source = std::shared_ptr<const wxTextSource>;
 
@@ -46,7 +41,7 @@ public:
     static bool IsInput(const Path& path) { return path.Text() == "-"; }
 
     FileFollower(const Path& path, Sink sink);
-    ~FileFollower();
+    ~FileFollower() override;
     FileFollower(const FileFollower&) = delete;
     FileFollower& operator=(const FileFollower&) = delete;
 
@@ -56,15 +51,14 @@ public:
     using OpenSource = std::function<Source(Descriptor file)>;
     void ReadThrough(OpenSource open) { m_OpenSource = std::move(open); }
 
-    /// Reads what has come since, at most about `limit` bytes. True when there may be more to read
-    /// at once. With 0 the file is only opened: it can be read even if another one takes its name.
-    bool Read(size_t limit);
+    bool Read(size_t limit) override;
+    /// Takes the unfinished last line for a finished one: what comes is another one.
+    void EndLine() { FinishLine(); }
 
     const Path&   FileName() const { return m_Path; }
-    State         CurrentState() const { return m_State; }
-    const String& Problem() const { return m_Problem; }
-    /// Bytes of text read so far of the file as it is now.
-    long long Position() const { return static_cast<long long>(m_Position + m_Tail); }
+    State         CurrentState() const override { return m_State; }
+    const String& Problem() const override { return m_Problem; }
+    long long     Position() const override { return static_cast<long long>(m_Position + m_Tail); }
 
 private:
     class _File;

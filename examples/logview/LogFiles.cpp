@@ -1,5 +1,7 @@
 #include "logview/LogFiles.h"
 
+#include "logview/FileFollower.h"
+
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -69,6 +71,13 @@ std::vector<Path> LogFilesOf(const Path& name)
               [](const Path& a, const Path& b) { return a.Text() < b.Text(); });
     files.resize(std::min(files.size(), k_MostFiles));
     return files;
+}
+
+String AbsoluteName(const Path& file)
+{
+    std::error_code failed;
+    const auto      name = std::filesystem::absolute(file.Text().c_str(), failed);
+    return failed || FileFollower::IsInput(file) ? file.Text() : String(name.string());
 }
 
 std::vector<String> NamesApart(const std::vector<Path>& files)

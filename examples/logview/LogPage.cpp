@@ -2,6 +2,7 @@
 
 #include "appearance/wxTolvanString.h"
 #include "common/FollowingText.h"
+#include "logview/LogFiles.h"
 #include "textviews/wxTextLineSearchPanel.h"
 #include "textviews/wxTextSource.h"
 #include "vesta/Log.h"
@@ -29,17 +30,34 @@ wxString InOneLine(const String& name)
         line.begin(), line.end(), [](const wxUniChar& c) { return c < 0x20; }, L' ');
     return line;
 }
+
+// Of files that are one text: all, or how many there are besides the first one.
+String NameOf(const std::vector<Path>& files)
+{
+    const std::vector<String> names = NamesApart(files);
+    String                    all;
+    for (const String& name : names)
+    {
+        all += (all.empty() ? "" : " + ") + name;
+    }
+    return all.size() <= kTitleLength ? all : names.front() + SFormat(" + %zu", names.size() - 1);
+}
 } // namespace
 
 LogPage::LogPage(wxWindow* parent, const OpenedFile& file)
     : wxtPanel(parent),
-      m_Reader(file.name, [] { wxWakeUpIdle(); }),
+      m_Reader(file.merged.empty() ? std::vector<Path>{file.name} : file.merged,
+               [] { wxWakeUpIdle(); }),
       m_Opened(file),
       m_Bookmarks(file.bookmarks.begin(), file.bookmarks.end())
 {
     if (!file.follows)
     {
         m_Place = file.firstLine;
+    }
+    if (IsMerged())
+    {
+        m_Name = NameOf(m_Reader.FileNames());
     }
     Bind(wxEVT_IDLE, &LogPage::OnIdle, this);
     Bind(wxEVT_CHAR_HOOK, &LogPage::OnKey, this);
@@ -57,6 +75,7 @@ void LogPage::NeedText()
             m_Text->SetFollowing(false);
         }
         Layout();
+        ShowOrigins();
         ReturnSearch();
     }
 }
@@ -162,7 +181,7 @@ bool LogPage::IsFollowing() const
 
 wxString LogPage::Title() const
 {
-    if (FileFollower::IsInput(File()))
+    if (IsInput() && !IsMerged())
     {
         return wxGetTranslation("Standard Input");
     }
@@ -174,12 +193,40 @@ wxString LogPage::Title() const
 
 wxString LogPage::FullName() const
 {
-    return FileFollower::IsInput(File()) ? Title() : InOneLine(File().Text());
+    wxString names;
+    for (const Path& file : m_Reader.FileNames())
+    {
+        names += (names.empty() ? "" : ", ") + InOneLine(file.Text());
+    }
+    return IsInput() && !IsMerged() ? Title() : names;
+}
+
+bool LogPage::IsInput() const
+{
+    const std::vector<Path>& files = m_Reader.FileNames();
+    return std::any_of(files.begin(), files.end(), &FileFollower::IsInput);
+}
+
+void LogPage::ShowOrigins()
+{
+    if (IsMerged())
+    {
+        m_Text->ShowOrigins(NamesApart(m_Reader.FileNames()),
+                            [this](int line) { return OriginOf(line); });
+    }
+}
+
+int LogPage::OriginOf(int line) const
+{
+    const auto index = static_cast<size_t>(line);
+    return line >= 0 && index < m_Origins.size() ? m_Origins[index] : -1;
 }
 
 wxString LogPage::StatusText() const
 {
-    const wxString          name = FullName();
+    const auto     count = static_cast<unsigned>(m_Reader.FileNames().size());
+    const wxString name =
+        IsMerged() ? wxString::Format(wxGetTranslation("%u files by time"), count) : FullName();
     const LogReader::Status status = m_Reader.StatusNow();
     switch (status.state)
     {
@@ -235,7 +282,8 @@ void LogPage::ShowPieces()
         const LogReader::Piece piece = std::move(m_Pieces.front());
         m_Pieces.pop_front();
         ShowPiece(piece);
-        if (i % kPiecesAtOnce == 0 && std::chrono::steady_clock::now() >= end)
+        const bool isLarge = piece.kind == LogReader::Kind::kStored; // of thousands of lines
+        if ((isLarge || i % kPiecesAtOnce == 0) && std::chrono::steady_clock::now() >= end)
         {
             break;
         }
@@ -345,7 +393,7 @@ void LogPage::ShowPartialLine(const String& line)
 void LogPage::ShowNote(const String& text)
 {
     m_PartialLine = -1;
-    LogInfo(File().Text() + ": " + text);
+    LogInfo(wxtFromWx(FullName()) + ": " + text);
     m_Text->Add("--- " + text + " ---");
 }
 
@@ -356,6 +404,7 @@ void LogPage::ShowStored(const LogReader::Piece& piece)
     {
         lines += stretch.lines;
     }
+    m_Origins.insert(m_Origins.end(), piece.origins.begin(), piece.origins.end());
     if (m_Text->AppendStored(piece.source, piece.stretches) < lines)
     {
         EndFull();

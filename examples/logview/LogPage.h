@@ -11,7 +11,7 @@
 class FollowingText;
 class wxTextLineCtrl;
 
-/// One file in the viewer: its text and the search bar under it. The
+/// One file in the viewer, or several that are one text: its text and the search bar under it. The
 /// text is there, and the file is read, once the page is shown, so that hundreds of files may be
 /// open; a page that is hidden is looked after now and then. A thread reads, and the page shows
 /// what has come bit by bit, so that neither a huge file nor a slow disk holds up the program.
@@ -25,9 +25,12 @@ public:
 
     bool Show(bool show = true) override;
 
-    wxTextLineCtrl& Text();
-    const Path&     File() const { return m_Reader.FileName(); }
-    /// How it is called among the pages; at first the file's name without its folder.
+    wxTextLineCtrl&          Text();
+    const Path&              File() const { return m_Reader.FileName(); } ///< The first one.
+    const std::vector<Path>& Files() const { return m_Reader.FileNames(); }
+    bool                     IsMerged() const { return m_Reader.FileNames().size() > 1; }
+    bool                     IsInput() const; ///< The standard input is in it.
+    /// How it is called among the pages; at first by the names of the files without their folders.
     void     SetName(const String& name) { m_Name = name; }
     wxString Title() const;    ///< That name, if need be shortened.
     wxString FullName() const; ///< In one line, whatever it holds.
@@ -57,6 +60,8 @@ private:
     void ShowPartialLine(const String& line);
     void ShowNote(const String& text);
     void ShowStored(const LogReader::Piece& piece);
+    void ShowOrigins();
+    int  OriginOf(int line) const;
     void EndFull();
 
     String                       m_Name;
@@ -66,6 +71,7 @@ private:
     OpenedFile                   m_Opened;    ///< As it was opened.
     std::optional<int>           m_Place;     ///< The first line that is to be seen yet.
     std::deque<int>              m_Bookmarks; ///< To be set yet.
+    std::deque<uint8_t>          m_Origins;   ///< Of merged lines: which file each is of.
     int                          m_Ticks = 0;
     int                          m_PartialLine = -1; ///< Where the unfinished last line stands.
     bool                m_WasBookmarked = false;     ///< The unfinished line that was taken away.

@@ -17,7 +17,7 @@ constexpr size_t kPieceBytes = 64;        // that a piece takes besides its text
 class LogReader::_Work
 {
 public:
-    _Work(const Path& file, std::function<void()> wake);
+    _Work(const std::vector<Path>& files, std::function<void()> wake);
 
     void              Run();
     bool              Look();
@@ -28,44 +28,52 @@ public:
     std::deque<Piece> Take();
 
 private:
+    std::unique_ptr<TextFollower> NewFollower(const std::vector<Path>& files);
+
     void Put(Piece piece);
     void Read(std::unique_lock<std::mutex>& lock);
     void NoteStatus();
 
-    const std::function<void()> m_Wake;
-    FileFollower                m_Follower; // the thread's, once there is one
-    std::mutex                  m_Mutex;
-    std::condition_variable     m_Condition;
-    std::deque<Piece>           m_Pieces;
-    size_t                      m_Bytes = 0;         // of the pieces
-    bool                        m_HasStored = false; // there have been lines on the disk
-    Status                      m_Status;
-    bool                        m_IsWanted = false; // somebody asks for what has come
-    bool                        m_IsReading = false;
-    bool                        m_IsStopped = false;
-    bool                        m_IsEnding = false;
+    const std::function<void()>   m_Wake;
+    std::unique_ptr<TextFollower> m_Follower; // the thread's, once there is one
+    std::mutex                    m_Mutex;
+    std::condition_variable       m_Condition;
+    std::deque<Piece>             m_Pieces;
+    size_t                        m_Bytes = 0;         // of the pieces
+    bool                          m_HasStored = false; // there have been lines on the disk
+    Status                        m_Status;
+    bool                          m_IsWanted = false; // somebody asks for what has come
+    bool                          m_IsReading = false;
+    bool                          m_IsStopped = false;
+    bool                          m_IsEnding = false;
 };
 
-LogReader::_Work::_Work(const Path& file, std::function<void()> wake)
-    : m_Wake(std::move(wake)),
-      m_Follower(file, {[this](const String& line) {
-                            Put({Kind::kLine, line, {}, {}});
-                        },
-                        [this](const String& line) {
-                            Put({Kind::kPartialLine, line, {}, {}});
-                        },
-                        [this](const String& how) {
-                            Put({Kind::kNote, how, {}, {}});
-                        },
-                        [this](const String& what) {
-                            Put({Kind::kNote, what, {}, {}});
-                        },
-                        [this](const auto& source, const auto& stretches) {
-                            Put({Kind::kStored, {}, source, stretches});
-                        }})
+LogReader::_Work::_Work(const std::vector<Path>& files, std::function<void()> wake)
+    : m_Wake(std::move(wake)), m_Follower(NewFollower(files))
 {
-    m_Follower.Read(0);
+    m_Follower->Read(0);
     NoteStatus();
+}
+
+std::unique_ptr<TextFollower> LogReader::_Work::NewFollower(const std::vector<Path>& files)
+{
+    if (files.size() > 1)
+    {
+        return std::make_unique<MergedFollower>(
+            files,
+            [this](const auto& text, const auto& lines, const auto& origins) {
+                Put({Kind::kStored, {}, text, lines, origins});
+            });
+    }
+    const auto put = [this](Kind kind) {
+        return [this, kind](const String& text) { Put({kind, text, {}, {}}); };
+    };
+    return std::make_unique<FileFollower>(
+        files.front(),
+        FileFollower::Sink{put(Kind::kLine), put(Kind::kPartialLine), put(Kind::kNote),
+                           put(Kind::kNote), [this](const auto& source, const auto& stretches) {
+                               Put({Kind::kStored, {}, source, stretches});
+                           }});
 }
 
 // Waits until there is room for more: nobody may be able to take it as fast as it is read.
@@ -77,7 +85,8 @@ void LogReader::_Work::Put(Piece piece)
     {
         return;
     }
-    m_Bytes += piece.text.size() + piece.stretches.size() * sizeof(wxTextStretch) + kPieceBytes;
+    m_Bytes += piece.text.size() + piece.stretches.size() * sizeof(wxTextStretch) +
+               piece.origins.size() + kPieceBytes;
     // Lines on the disk are found much faster than anybody can look at them: but for the first ones
     // nobody is disturbed.
     const bool isUrgent = piece.kind != Kind::kStored || !std::exchange(m_HasStored, true);
@@ -90,7 +99,7 @@ void LogReader::_Work::Put(Piece piece)
 
 void LogReader::_Work::NoteStatus()
 {
-    m_Status = {m_Follower.CurrentState(), m_Follower.Problem(), m_Follower.Position()};
+    m_Status = {m_Follower->CurrentState(), m_Follower->Problem(), m_Follower->Position()};
 }
 
 void LogReader::_Work::Run()
@@ -112,7 +121,7 @@ void LogReader::_Work::Read(std::unique_lock<std::mutex>& lock)
     {
         lock.unlock();
         hasMore = false;
-        Guarded("Reading a file", [&] { hasMore = m_Follower.Read(kSlice); });
+        Guarded("Reading a file", [&] { hasMore = m_Follower->Read(kSlice); });
         lock.lock();
         NoteStatus();
     }
@@ -165,7 +174,12 @@ std::deque<LogReader::Piece> LogReader::_Work::Take()
 }
 
 LogReader::LogReader(const Path& file, std::function<void()> wake)
-    : m_File(file), m_Work(std::make_shared<_Work>(file, std::move(wake)))
+    : LogReader(std::vector<Path>{file}, std::move(wake))
+{
+}
+
+LogReader::LogReader(const std::vector<Path>& files, std::function<void()> wake)
+    : m_Files(files), m_Work(std::make_shared<_Work>(files, std::move(wake)))
 {
 }
 

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "logview/FileFollower.h"
+#include "logview/MergedFollower.h"
 
 #include <deque>
 #include <functional>
 #include <memory>
 
-/// Follows a file on a thread of its own, so that no disk, however slow, holds up a window. Its
-/// functions are for one thread.
+/// Follows a file, or several as one text, on a thread of its own, so that no disk, however slow,
+/// holds up a window. Its functions are for one thread.
 ///
 /// A disk that does not answer holds up that thread only: at the end it is left behind with what it
 /// uses, and does nothing more.
@@ -28,6 +28,7 @@ public:
         String                  text;
         FileFollower::Source    source;
         FileFollower::Stretches stretches;
+        MergedFollower::Origins origins = {}; ///< Of the lines, where there are several files.
     };
     struct Status
     {
@@ -38,12 +39,17 @@ public:
 
     /// Opens the file. `wake` is called on the thread when there are pieces where there were none;
     /// those of a large file have to be taken now and then without that.
+    /// @{
     LogReader(const Path& file, std::function<void()> wake);
+    LogReader(const std::vector<Path>& files, std::function<void()> wake);
+    /// @}
     ~LogReader();
     LogReader(const LogReader&) = delete;
     LogReader& operator=(const LogReader&) = delete;
 
-    const Path& FileName() const { return m_File; }
+    const Path& FileName() const { return m_Files.front(); } ///< The first one's.
+    /// More than one: what is read is one text of them all.
+    const std::vector<Path>& FileNames() const { return m_Files; }
     /// Has it look for what has come since. True while it is still at that.
     bool   Look();
     void   Stop();         ///< It reads no further, whatever comes.
@@ -55,7 +61,7 @@ public:
 private:
     class _Work;
 
-    Path                   m_File;
+    std::vector<Path>      m_Files;
     std::shared_ptr<_Work> m_Work; ///< The thread's too.
     bool                   m_HasThread = false;
 };

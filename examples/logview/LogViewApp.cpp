@@ -11,6 +11,7 @@ const char* const kHelp =
     "or\n"
     "zstd has packed. A folder stands for the log files in it, - for the standard input.\n"
     "\n"
+    "  --merge             all of them as one text, in the order of their time stamps\n"
     "  --log-dir FOLDER    folder of the log file TolvanLogView.log\n"
     "  --verbose           debug lines in the log and on the console\n"
     "  --help, --version   say so and end\n";
@@ -41,7 +42,8 @@ public:
         {
             frame->ReopenFiles();
         }
-        frame->OpenFiles(std::vector<Path>(files.begin(), files.end()));
+        const std::vector<Path> names(files.begin(), files.end());
+        commandLine.Has("merge") ? frame->MergeFiles(names) : frame->OpenFiles(names);
         frame->RestoreLayout();
         frame->Show();
         return true;

@@ -11,6 +11,7 @@
 #include "common/ReadingAids.h"
 #include "dialogs/wxQuestion.h"
 #include "dialogs/wxtAboutDlg.h"
+#include "logview/ChosenFiles.h"
 #include "logview/LogFiles.h"
 #include "logview/LogPage.h"
 #include "shell/wxColorMenu.h"
@@ -18,14 +19,11 @@
 #include "vesta/File.h"
 #include "vesta/Log.h"
 
-#include <wx/dirdlg.h>
 #include <wx/dnd.h>
-#include <wx/filedlg.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <functional>
 #include <utility>
 
@@ -39,6 +37,7 @@ enum
     id_Follow = 22000,
     id_FullScreen,
     id_OpenFolder,
+    id_Merge,
     id_Reopen,
     id_ReopenAtStart,
     id_ClearRecent,
@@ -57,25 +56,6 @@ OptionsFile& Options()
 bool IsReopeningWanted()
 {
     return Options().GetBool(kSection, kReopenAtStart, true);
-}
-
-// The same from whatever folder the viewer is started.
-String AbsoluteName(const Path& file)
-{
-    std::error_code failed;
-    const auto      name = std::filesystem::absolute(file.Text().c_str(), failed);
-    return failed || FileFollower::IsInput(file) ? file.Text() : String(name.string());
-}
-
-// Their bytes, which need not be a text.
-std::vector<Path> PathsOf(const wxArrayString& names)
-{
-    std::vector<Path> paths;
-    for (const wxString& name : names)
-    {
-        paths.emplace_back(String(name.fn_str()));
-    }
-    return paths;
 }
 
 const wxSize kFirstSize(900, 600);    // pixels, before the user has chosen
@@ -121,6 +101,7 @@ void LogViewFrame::BuildMenus()
     auto* const file = new wxMenu;
     file->Append(wxID_OPEN, wxGetTranslation("&Open...\tCtrl+O"));
     file->Append(id_OpenFolder, wxGetTranslation("Open &Folder...\tCtrl+Shift+O"));
+    file->Append(id_Merge, wxGetTranslation("&Merge Files by Time...\tCtrl+M"));
     m_RecentMenu = new wxMenu;
     FillRecent();
     file->AppendSubMenu(m_RecentMenu, wxGetTranslation("Open Recen&t"));
@@ -160,6 +141,7 @@ void LogViewFrame::BuildMenus()
 
     Bind(wxEVT_MENU, &LogViewFrame::OnOpen, this, wxID_OPEN);
     Bind(wxEVT_MENU, &LogViewFrame::OnOpenFolder, this, id_OpenFolder);
+    Bind(wxEVT_MENU, &LogViewFrame::OnMerge, this, id_Merge);
     Bind(wxEVT_MENU, &LogViewFrame::OnClosePage, this, wxID_CLOSE);
     Bind(
         wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Enable(CurrentPage() != nullptr); },
@@ -249,32 +231,6 @@ void LogViewFrame::BuildStatusLine(wxtPanel* parent)
     parent->SetSizer(views);
 }
 
-void LogViewFrame::OpenFiles(const std::vector<Path>& names)
-{
-    std::vector<Path> files;
-    for (const Path& name : names)
-    {
-        if (!FileFollower::IsInput(name))
-        {
-            m_Recent.Add(AbsoluteName(name));
-        }
-        const std::vector<Path> some = LogFilesOf(name);
-        if (some.empty())
-        {
-            LogWarning("There is no log file in " + name.Text());
-        }
-        files.insert(files.end(), some.begin(), some.end());
-    }
-    for (const Path& file : files)
-    {
-        OpenPage({file}, &file == &files.back());
-    }
-    NamePages();
-    FillRecent();
-    FocusText();
-    ShowStatus();
-}
-
 void LogViewFrame::ReopenFiles()
 {
     if (!IsReopeningWanted())
@@ -314,8 +270,11 @@ std::vector<LogPage*> LogViewFrame::AllPages() const
 // Files of the same name are told apart by their folders, as long as both are open.
 void LogViewFrame::NamePages()
 {
-    const std::vector<LogPage*> pages = AllPages();
-    std::vector<Path>           files;
+    std::vector<LogPage*> pages = AllPages();
+    std::vector<Path>     files;
+    pages.erase(std::remove_if(pages.begin(), pages.end(),
+                               [](const LogPage* page) { return page->IsMerged(); }),
+                pages.end());
     files.reserve(pages.size());
     for (const LogPage* const page : pages)
     {
@@ -340,7 +299,7 @@ void LogViewFrame::KeepFiles() const
     std::vector<OpenedFile> files;
     for (const LogPage* const page : AllPages())
     {
-        if (!FileFollower::IsInput(page->File()))
+        if (!page->IsInput())
         {
             files.push_back(page->Place());
             files.back().name = AbsoluteName(page->File());
@@ -391,14 +350,6 @@ void LogViewFrame::OnRecent(wxCommandEvent& event)
         wxString::Format(wxGetTranslation("%s is no longer there."), wxtToWx(name.Text())), this);
 }
 
-void LogViewFrame::OpenPage(const OpenedFile& file, bool select)
-{
-    auto* const page = new LogPage(m_Pages, file);
-    m_Pages->AddPage(page, page->Title(), select);
-    m_Pages->SetPageToolTip(m_Pages->GetPageCount() - 1, page->FullName());
-    m_Pages->SetPageKey(page, AbsoluteName(file.name));
-}
-
 void LogViewFrame::RestoreLayout()
 {
     m_Pages->LoadLayout(kLayout);
@@ -442,59 +393,9 @@ void LogViewFrame::ShowTitle()
     }
 }
 
-void LogViewFrame::OnOpen(wxCommandEvent&)
-{
-    // Beside what is open: other logs of that work are there.
-    const LogPage* const page = CurrentPage();
-    const Path           folder = page && !FileFollower::IsInput(page->File())
-                                      ? Path(AbsoluteName(page->File())).Branch()
-                                      : Path();
-    wxFileDialog         dialog(this, wxGetTranslation("Open"), wxtToWx(folder.Text()), wxString(),
-                                wxFileSelectorDefaultWildcardStr,
-                                wxFD_OPEN | wxFD_MULTIPLE | wxFD_FILE_MUST_EXIST);
-    if (dialog.ShowModal() != wxID_OK)
-    {
-        return;
-    }
-    wxArrayString files;
-    dialog.GetPaths(files);
-    OpenFiles(PathsOf(files));
-}
-
-void LogViewFrame::OnOpenFolder(wxCommandEvent&)
-{
-    wxDirDialog dialog(this, wxGetTranslation("Open Folder"), wxString(),
-                       wxDD_DEFAULT_STYLE | wxDD_DIR_MUST_EXIST);
-    if (dialog.ShowModal() == wxID_OK)
-    {
-        OpenFiles({Path(String(dialog.GetPath().fn_str()))});
-    }
-}
-
 void LogViewFrame::OnClosePage(wxCommandEvent&)
 {
     m_Pages->ClosePage(m_Pages->GetCurrentPage());
-}
-
-void LogViewFrame::NoteClosed(const wxWindow* page)
-{
-    if (const auto* const closed = dynamic_cast<const LogPage*>(page))
-    {
-        m_Closed.push_back(closed->Place());
-    }
-}
-
-void LogViewFrame::OnReopenPage(wxCommandEvent&)
-{
-    if (!m_Closed.empty())
-    {
-        const OpenedFile file = m_Closed.back();
-        m_Closed.pop_back();
-        OpenPage(file, true);
-        NamePages();
-        FocusText();
-        ShowStatus();
-    }
 }
 
 // By what the view does, not by the tick: the user may have scrolled away from the end.

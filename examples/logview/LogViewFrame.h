@@ -21,6 +21,8 @@ public:
 
     /// A page each, and for a folder one for each log file in it; the last one is shown.
     void OpenFiles(const std::vector<Path>& names);
+    /// One page for all of them, in the order of their time stamps; for one alone as it is.
+    void MergeFiles(const std::vector<Path>& names);
     /// What was open when the viewer was closed, unless the user does not want that.
     void ReopenFiles();
     /// Puts the pages where they were when the viewer was closed with them.
@@ -44,6 +46,7 @@ private:
     void KeepFiles() const;
     void OnOpen(wxCommandEvent& event);
     void OnOpenFolder(wxCommandEvent& event);
+    void OnMerge(wxCommandEvent& event);
     void OnClosePage(wxCommandEvent& event);
     void NoteClosed(const wxWindow* page);
     void OnReopenPage(wxCommandEvent& event);

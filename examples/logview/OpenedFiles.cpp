@@ -13,6 +13,7 @@ const char* const kPages = "OpenedPages"; // what more is known of them, each ke
 const char* const kBookmarks = "Bookmarks";
 const char* const kSearch = "Search";
 const char* const kChoices = "SearchChoices";
+const char* const kMerged = "Merged"; // with a number from 1 on
 
 constexpr struct
 {
@@ -92,6 +93,25 @@ std::vector<String> AllOf(const IniFile& options, const String& section)
 String KeyOf(size_t file, const char* key)
 {
     return SFormat("%zu.%s", file + 1, key);
+}
+
+String MergedKeyOf(size_t file, size_t number)
+{
+    return KeyOf(file, kMerged) + String::FromInt(static_cast<int>(number) + 1);
+}
+
+std::vector<Path> MergedOf(const IniFile& options, size_t file)
+{
+    std::vector<Path> files;
+    for (;;)
+    {
+        const String name = options.GetValue(kPages, MergedKeyOf(file, files.size()));
+        if (name.empty())
+        {
+            return files;
+        }
+        files.emplace_back(name);
+    }
 }
 
 String ChoicesOf(const OpenedSearch& search)
@@ -211,6 +231,10 @@ void KeepOpenedFiles(IniFile& options, const std::vector<OpenedFile>& files)
                 pages[KeyOf(number, key)] = value;
             }
         }
+        for (size_t i = 0; i < file.merged.size(); ++i)
+        {
+            pages[MergedKeyOf(number, i)] = file.merged[i].Text();
+        }
     }
     SetAll(options, kOpened, values);
     SetSection(options, kPages, pages);
@@ -229,6 +253,7 @@ std::vector<OpenedFile> KeptOpenedFiles(const IniFile& options)
         {
             file.bookmarks = LinesOf(more(kBookmarks));
             file.search = SearchOf(more(kSearch), more(kChoices));
+            file.merged = MergedOf(options, number);
             files.push_back(file);
         }
         ++number;

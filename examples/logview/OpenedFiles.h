@@ -45,6 +45,8 @@ struct OpenedFile
     bool             follows = true;
     std::vector<int> bookmarks = {}; ///< Lines, from top to bottom.
     OpenedSearch     search = {};
+    /// Files that are one text, in the order of time; `name` is the first one. Empty: it is one.
+    std::vector<Path> merged = {};
 };
 
 void                    KeepOpenedFiles(IniFile& options, const std::vector<OpenedFile>& files);

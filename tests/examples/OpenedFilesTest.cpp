@@ -64,6 +64,7 @@ TEST(OpenedFiles, ComeBackWithBookmarksAndSearches)
     first.search = {" \"odd\n; text \xff", true, false, true, true, false};
     OpenedFile second{"/b"};
     second.search = {"", false, true, false, false, true};
+    second.merged = {"/b", "/c d"};
     KeepOpenedFiles(options, {second, second, first});
     KeepOpenedFiles(options, {first, second});
     const std::vector<OpenedFile> files = KeptOpenedFiles(options);
@@ -74,7 +75,10 @@ TEST(OpenedFiles, ComeBackWithBookmarksAndSearches)
     EXPECT_FALSE(files[0].search.wholeWords || files[0].search.onlyMatching);
     EXPECT_TRUE(files[1].search.wholeWords && files[1].search.onlyMatching);
     EXPECT_TRUE(files[1].bookmarks.empty());
-    EXPECT_EQ(4u, options.Keys("OpenedPages").size());
+    EXPECT_TRUE(files[0].merged.empty());
+    ASSERT_EQ(2u, files[1].merged.size());
+    EXPECT_EQ("/c d", files[1].merged[1].Text());
+    EXPECT_EQ(6u, options.Keys("OpenedPages").size());
     options.SetValue("OpenedPages", "1.Bookmarks", "9 x -3 4 99999999999 4");
     EXPECT_EQ((std::vector<int>{4, 9}), KeptOpenedFiles(options)[0].bookmarks);
 }

@@ -191,6 +191,35 @@ TEST_F(ProgramsTest, ViewerComesBackWithWhatWasOpen)
     EXPECT_EQ(0, ExitCodeOf(viewer));
 }
 
+// From the command line and from the menu, and again at the next start.
+TEST_F(ProgramsTest, ViewerMergesFiles)
+{
+    WriteFile(TempFile("1.log"), "2026-11-23 10:00:01 a\n2026-11-23 10:00:03 c\n");
+    WriteFile(TempFile("2.log"), "2026-11-23 10:00:02 b\n");
+    const String one = TempFile("1.log").Text();
+    const String two = TempFile("2.log").Text();
+    {
+        Program viewer({LOGVIEW_PROGRAM, "--merge", one, two});
+        ASSERT_TRUE(WaitForLog(component_LogView, "2 files by time: 3 lines"));
+        ASSERT_TRUE(PressKeys("1.log \\+ 2.log - Tolvan Log Viewer", "key ctrl+Home ctrl+F2"));
+        ASSERT_TRUE(PressKeys("1.log \\+ 2.log - Tolvan Log Viewer", "key ctrl+q"));
+        EXPECT_EQ(0, ExitCodeOf(viewer));
+    }
+    {
+        Program viewer({LOGVIEW_PROGRAM});
+        ASSERT_TRUE(PressKeys("1.log \\+ 2.log - Tolvan Log Viewer", "key ctrl+q"));
+        EXPECT_EQ(0, ExitCodeOf(viewer));
+    }
+    IniFile options(UserFile("TolvanLogView.ini"));
+    EXPECT_TRUE(options.Load(false, false));
+    EXPECT_EQ(two, options.GetValue("OpenedPages", "1.Merged2"));
+    Program viewer({LOGVIEW_PROGRAM, two, one});
+    ASSERT_TRUE(PressKeys("1.log - Tolvan Log Viewer", "key ctrl+m"));
+    ASSERT_TRUE(PressKeys("Merge Files by Time", "key Return"));
+    ASSERT_TRUE(PressKeys("2.log \\+ 1.log - Tolvan Log Viewer", "key ctrl+q"));
+    EXPECT_EQ(0, ExitCodeOf(viewer));
+}
+
 // The size of the window manager's frame must not be added with every start.
 TEST_F(ProgramsTest, TheWindowComesBackAsLargeAsItWas)
 {
