@@ -289,7 +289,7 @@ void wxTextLineSearchPanel::OnIdle(wxIdleEvent& event)
     if (m_IsCompanionsTurn)
     {
         m_Companion->Work();
-        event.RequestMore();
+        event.RequestMore(CanGoOn());
         return;
     }
     if (IsSearching())
@@ -300,7 +300,7 @@ void wxTextLineSearchPanel::OnIdle(wxIdleEvent& event)
             KeepWatch();
             FinishSearch();
         }
-        event.RequestMore();
+        event.RequestMore(CanGoOn());
     }
     else if (m_Search->HasCount())
     {
@@ -309,9 +309,16 @@ void wxTextLineSearchPanel::OnIdle(wxIdleEvent& event)
         {
             m_Search->Work();
             ShowHits();
-            event.RequestMore(m_Search->HasWork());
+            event.RequestMore(CanGoOn());
         }
     }
+}
+
+// What waits for a disk is woken by the view's store.
+bool wxTextLineSearchPanel::CanGoOn() const
+{
+    return (HasOwnWork() && !m_Search->IsWaiting()) ||
+           (m_Companion && m_Companion->HasWork() && !m_Companion->IsWaiting());
 }
 
 bool wxTextLineSearchPanel::HasOwnWork() const

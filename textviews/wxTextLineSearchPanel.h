@@ -154,6 +154,7 @@ private:
     void                   MarkHits();
 
     bool HasOwnWork() const;
+    bool CanGoOn() const;
     void TellCompanion();
     void OnOnlyMatching();
 

@@ -360,13 +360,12 @@ TEST(LineSearchTest, LooksAtWhatIsShown)
     textviews::LineStore     store = StoreOf({"plain", "text\r"});
     textviews::SearchedLines lines(store);
     lines.ReadAsShown(true);
-    EXPECT_EQ(lines.BlockOf(0).bytes, "plaintext\r");
+    EXPECT_EQ(lines.BlockOf(0)->bytes, "plaintext\r");
     EXPECT_EQ(store.BlockOf(0).finding, textviews::LineStore::Finding::Plain);
     store.Insert(1, "a\x1b[mb");
-    EXPECT_EQ(lines.BlockOf(0).bytes, "plainabtext\r");
+    EXPECT_EQ(lines.BlockOf(0)->bytes, "plainabtext\r");
     store.Append("c\x1b[md");
-    EXPECT_EQ(lines.LineNow(3), "cd");
-    EXPECT_EQ(lines.LineNow(4), "");
+    EXPECT_EQ(lines.LineOf(3), "cd");
     lines.ReadAsShown(false);
-    EXPECT_EQ(lines.LineNow(3), "c\x1b[md");
+    EXPECT_EQ(lines.LineOf(3), "c\x1b[md");
 }

@@ -1,4 +1,5 @@
 #include "internal/drawing/ColorMix.h"
+#include "tests/textviews/SlowText.h"
 #include "tests/textviews/TextViewTest.h"
 #include "textviews/follow/FollowButton.h"
 #include "textviews/search/SearchField.h"
@@ -415,5 +416,37 @@ TEST_F(SearchPanelTest, ComesBackAsItWas)
     EXPECT_FALSE(Panel().IsShown());
     EXPECT_FALSE(Panel().IsCounting());
     EXPECT_TRUE(Panel().GetWholeWords());
-    ExpectFind(true, 200, "");
+    Panel().Find(true);
+    EXPECT_TRUE(WaitFor([this] { return m_View->GetMarkedLine() == 200; }));
+}
+
+// Neither search nor count nor the pane of matches waits for a disk while the window does.
+TEST_F(SearchPanelTest, AClickIsAnsweredWhileASlowDiskIsSearched)
+{
+    constexpr int kLines = 4000;
+    AppendSlowly(*m_View, kLines);
+    EXPECT_TRUE(WaitFor([this] { return !m_View->RedrawPending(); }));
+    Panel().SetText("line 3999");
+    Panel().Find(true);
+    EXPECT_TRUE(Panel().IsSearching());
+    long longest = 0;
+    int  line = 0;
+    // By the real pointer, again and again.
+    const auto click = [&]
+    {
+        line = line % 5 + 1;
+        wxUIActionSimulator pointer;
+        const wxStopWatch   time;
+        pointer.MouseMove(m_View->ClientToScreen(wxPoint(20, m_View->MiddleOf(line))));
+        pointer.MouseClick();
+        EXPECT_TRUE(WaitFor( // the hit may scroll the line away that the pointer is at
+            [&] { return m_View->GetSelectionEnd() == line || !Panel().IsSearching(); }));
+        longest = std::max(longest, time.Time());
+        return !Panel().IsSearching();
+    };
+    EXPECT_TRUE(WaitFor(click));
+    EXPECT_EQ(m_View->GetMarkedLine(), kLines - 1);
+    EXPECT_LT(longest, 100);
+    ExpectHits(1);
+    EXPECT_TRUE(WaitFor([this] { return Panel().GetCurrent() == 1; }));
 }

@@ -50,7 +50,7 @@ void MatchSearch::Work()
     do
     {
         Step();
-    } while (HasWork() && std::chrono::steady_clock::now() < end);
+    } while (HasWork() && !IsWaiting() && std::chrono::steady_clock::now() < end);
 }
 
 void MatchSearch::Step()

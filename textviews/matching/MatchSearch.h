@@ -10,7 +10,7 @@ namespace textviews
 class MatchSearch
 {
 public:
-    explicit MatchSearch(const LineStore& lines) : m_Lines(lines) {}
+    explicit MatchSearch(const LineStore& lines) : m_Lines(lines) { m_Lines.WaitForDisk(false); }
 
     /// Begins anew with what is looked for; null: there are no matches.
     void SetFinder(std::shared_ptr<HitFinder> finder);
@@ -23,6 +23,8 @@ public:
     const MatchingLines&              Found() const { return m_Found; }
 
     bool HasWork() const { return m_HasNext || !m_Found.IsComplete(); }
+    /// It cannot go on before lines have come from a disk, which the view's store tells of.
+    bool IsWaiting() const { return (m_HasNext ? m_Next : m_Found).IsWaiting(); }
     void Work(); ///< For a slice of time.
 
     /// To be told of every line that comes, after it came, and of every line that goes.

@@ -71,6 +71,7 @@ private:
 
     void LookFor(const std::shared_ptr<HitFinder>& finder, bool shown) override;
     bool HasWork() const override;
+    bool IsWaiting() const override { return Picked().Search().IsWaiting(); }
     void Work() override;
 
     void Keep();

@@ -34,12 +34,19 @@ bool MatchingLines::HasGapBefore(int row) const
 
 bool MatchingLines::Step(const SearchedLines& lines, size_t budget)
 {
+    m_IsWaiting = false;
     while (m_Finder && !IsComplete() && budget > 0)
     {
         const int next = m_Due.Next(m_Next);
         m_From = next == m_Next ? m_From : 0;
         m_Next = next;
-        LookThrough(lines.BlockOf(m_Next), budget);
+        const std::optional<LineStore::Block> block = lines.BlockOf(m_Next);
+        if (!block)
+        {
+            m_IsWaiting = true;
+            break;
+        }
+        LookThrough(*block, budget);
     }
     return !m_Finder || IsComplete();
 }

@@ -32,6 +32,7 @@ public:
     void Begin(std::shared_ptr<HitFinder> finder, int lineCount, const LinesAround& around);
     /// Goes on for about `budget` bytes; true when there is nothing left to look at.
     bool Step(const SearchedLines& lines, size_t budget);
+    bool IsWaiting() const { return m_IsWaiting; } ///< For lines, since the last step.
     bool IsComplete() const { return m_Due.Size() == 0; }
     int  Matches() const { return m_Matches.Size(); } ///< So far.
 
@@ -68,6 +69,7 @@ private:
     int                        m_Next = 0; ///< None before it is due.
     size_t                     m_From = 0; ///< In that line: where to go on.
     bool                       m_HasHit = false;
+    bool                       m_IsWaiting = false;
     std::vector<ByteSpan>      m_Found;
 };
 } // namespace textviews

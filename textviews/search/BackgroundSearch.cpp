@@ -15,6 +15,7 @@ constexpr size_t kStepBytes = 128 * 1024; // looked at between two looks at the 
 BackgroundSearch::BackgroundSearch(const LineStore& lines, std::function<void()> changed)
     : m_Lines(lines), m_Changed(std::move(changed))
 {
+    m_Lines.WaitForDisk(false);
 }
 
 void BackgroundSearch::SetQuery(const SearchQuery& query)
@@ -74,7 +75,7 @@ void BackgroundSearch::SetCurrent(const SearchPlace& hit)
 void BackgroundSearch::Work()
 {
     const auto end = std::chrono::steady_clock::now() + kSlice;
-    while (Step() && std::chrono::steady_clock::now() < end)
+    while (Step() && !m_IsWaiting && std::chrono::steady_clock::now() < end)
     {
     }
 }
@@ -84,9 +85,12 @@ bool BackgroundSearch::Step()
 {
     if (IsSearching())
     {
-        return m_Search.Step(m_Lines, kStepBytes) == LineSearch::State::Running;
+        const LineSearch::State state = m_Search.Step(m_Lines, kStepBytes);
+        m_IsWaiting = m_Search.IsWaiting();
+        return state == LineSearch::State::Running;
     }
     m_HasNumbersToFind = m_HasNumbersToFind && !m_Numbers.Step(m_Lines, kStepBytes);
+    m_IsWaiting = m_Numbers.IsWaiting();
     return m_HasNumbersToFind;
 }
 

@@ -48,6 +48,8 @@ public:
 
     bool IsActive() const { return IsSearching() || HasCount(); }
     bool HasWork() const { return IsSearching() || m_HasNumbersToFind; }
+    /// It cannot go on before lines have come from a disk, which the view's store tells of.
+    bool IsWaiting() const { return m_IsWaiting; }
     /// Goes on for a slice of time with the search; while there is none, with the count.
     void Work();
 
@@ -67,5 +69,6 @@ private:
     LineSearch                 m_Search;
     HitNumbers                 m_Numbers;
     bool                       m_HasNumbersToFind = false;
+    bool                       m_IsWaiting = false;
 };
 } // namespace textviews

@@ -64,7 +64,8 @@ bool HitNumbers::Step(const SearchedLines& lines, size_t budget)
 {
     size_t     left = budget;
     const auto hasRank = [this] { return m_Current.line < 0 || m_Rank.done; };
-    while (m_Finder && left > 0 && !(IsCounted() && hasRank()))
+    m_IsWaiting = false;
+    while (m_Finder && left > 0 && !m_IsWaiting && !(IsCounted() && hasRank()))
     {
         if (IsCounted())
         {
@@ -178,7 +179,13 @@ void HitNumbers::LineErased(int line)
 // Counts on in the first chunk that is not counted.
 void HitNumbers::CountOn(const SearchedLines& lines, size_t& budget)
 {
-    const LineStore::Block block = lines.BlockOf(m_Open.firstLine);
+    const std::optional<LineStore::Block> found = lines.BlockOf(m_Open.firstLine);
+    m_IsWaiting = !found;
+    if (!found)
+    {
+        return;
+    }
+    const LineStore::Block& block = *found;
     if (m_Chunks[m_Open.chunk].from > 0 || block.bytes.size() > kPieceBytes)
     {
         CountLine(block.Line(m_Open.firstLine - block.firstLine), budget);
@@ -315,18 +322,33 @@ void HitNumbers::RankOn(const SearchedLines& lines, size_t& budget)
     {
         BeginRank();
     }
-    while (m_Rank.line < m_Current.line && !m_Rank.done && budget > 0)
+    while (m_Rank.line <= m_Current.line && !m_Rank.done && budget > 0)
     {
+        const std::optional<std::string_view> line = lines.LineOf(m_Rank.line);
+        m_IsWaiting = !line;
+        if (!line)
+        {
+            return;
+        }
+        if (m_Rank.line == m_Current.line)
+        {
+            RankWithin(*line, budget);
+            return;
+        }
         Pay(budget, 1);
-        if (GoThrough(lines.LineNow(m_Rank.line), m_Rank.from, m_Rank.before, budget))
+        if (GoThrough(*line, m_Rank.from, m_Rank.before, budget))
         {
             ++m_Rank.line;
             m_Rank.from = 0;
         }
     }
-    const std::string_view line = lines.LineNow(m_Current.line);
+}
+
+// In the line of the hit.
+void HitNumbers::RankWithin(std::string_view line, size_t& budget)
+{
     m_Number = 0;
-    while (m_Rank.line == m_Current.line && !m_Rank.done && budget > 0)
+    while (!m_Rank.done && budget > 0)
     {
         m_Found.clear();
         m_Rank.done = m_Rank.from >= line.size();

@@ -19,8 +19,9 @@ public:
     bool IsActive() const { return m_Finder != nullptr; }
     /// Goes on for about `budget` bytes; true when there is nothing left to count.
     bool    Step(const SearchedLines& lines, size_t budget);
-    bool    IsCounted() const;              ///< All hits are.
-    int64_t Hits() const { return m_Hits; } ///< So far.
+    bool    IsWaiting() const { return m_IsWaiting; } ///< For lines, since the last step.
+    bool    IsCounted() const;                        ///< All hits are.
+    int64_t Hits() const { return m_Hits; }           ///< So far.
 
     /// The hit whose number is wanted; line -1 for none. Whether it is another one than before.
     bool SetCurrent(const SearchPlace& hit);
@@ -70,6 +71,7 @@ private:
     void       Close(int lines, size_t bytes, int64_t hits);
     void       BeginRank();
     void       RankOn(const SearchedLines& lines, size_t& budget);
+    void       RankWithin(std::string_view line, size_t& budget);
 
     std::shared_ptr<HitFinder> m_Finder;
     std::vector<Chunk>         m_Chunks; ///< All lines; none is empty.
@@ -80,5 +82,6 @@ private:
     Rank                       m_Rank;
     int64_t                    m_Number = 0;
     std::vector<ByteSpan>      m_Found;
+    bool                       m_IsWaiting = false;
 };
 } // namespace textviews

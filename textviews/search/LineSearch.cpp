@@ -108,7 +108,8 @@ ByteSpan LineSearch::LimitsOf(int line) const
 LineSearch::State LineSearch::Step(const SearchedLines& lines, size_t budget)
 {
     size_t left = budget;
-    while (m_State == State::Running && left > 0)
+    m_IsWaiting = false;
+    while (m_State == State::Running && !m_IsWaiting && left > 0)
     {
         const int count = lines.Count();
         m_Next = m_Forward ? std::max(m_Next, 0) : std::min(m_Next, count - 1);
@@ -136,7 +137,13 @@ LineSearch::Range LineSearch::RangeIn(const LineStore::Block& block) const
 
 void LineSearch::LookThrough(const SearchedLines& lines, size_t& budget)
 {
-    const LineStore::Block block = lines.BlockOf(m_Next);
+    const std::optional<LineStore::Block> found = lines.BlockOf(m_Next);
+    m_IsWaiting = !found;
+    if (!found)
+    {
+        return;
+    }
+    const LineStore::Block& block = *found;
     if (m_InLine || IsLong(block) || m_Next == m_Start.line)
     {
         m_InLine = LookThroughLine(block.Line(m_Next - block.firstLine), budget);

@@ -56,6 +56,7 @@ public:
     void  Stop() { m_State = State::Idle; }
 
     State            GetState() const { return m_State; }
+    bool             IsWaiting() const { return m_IsWaiting; } ///< For lines, since the last step.
     bool             IsForward() const { return m_Forward; }
     bool             HasWrapped() const { return m_Wrapped; } ///< It went past an end.
     const LineMatch& Match() const { return m_Match; }        ///< Valid when found.
@@ -89,6 +90,7 @@ private:
     Unit                       m_Unit = Unit::Line;
     bool                       m_Forward = true;
     bool                       m_Wrapped = false;
+    bool                       m_IsWaiting = false;
     int                        m_Next = 0; ///< The line that is looked at next.
     SearchPlace                m_Start;    ///< Where the way round began.
     LineMatch                  m_Match;

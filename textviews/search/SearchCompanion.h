@@ -14,6 +14,8 @@ public:
     /// Null: for nothing. In lines as they are shown, or as they are stored.
     virtual void LookFor(const std::shared_ptr<HitFinder>& finder, bool shown) = 0;
     virtual bool HasWork() const = 0;
+    /// It cannot go on before lines have come from a disk, which the view's store tells of.
+    virtual bool IsWaiting() const = 0;
     virtual void Work() = 0; ///< For a slice.
 
 protected:

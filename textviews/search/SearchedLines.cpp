@@ -68,8 +68,12 @@ LineStore::Block SearchedLines::AsShown(const LineStore::Block& block) const
     return Kept();
 }
 
-LineStore::Block SearchedLines::BlockOf(int index) const
+std::optional<LineStore::Block> SearchedLines::BlockOf(int index) const
 {
+    if (!m_WaitsForDisk)
+    {
+        return BlockSoon(index);
+    }
     if (!m_AreAsShown)
     {
         return m_Lines->BlockOf(index);
@@ -87,13 +91,10 @@ std::optional<LineStore::Block> SearchedLines::BlockSoon(int index) const
     return block && m_AreAsShown ? AsShown(*block) : block;
 }
 
-std::string_view SearchedLines::LineNow(int index) const
+std::optional<std::string_view> SearchedLines::LineOf(int index) const
 {
-    if (!m_AreAsShown || index < 0 || index >= m_Lines->Count())
-    {
-        return m_Lines->LineNow(index);
-    }
-    const LineStore::Block block = BlockOf(index);
-    return block.Line(index - block.firstLine);
+    const std::optional<LineStore::Block> block = BlockOf(index);
+    return block ? std::optional<std::string_view>(block->Line(index - block->firstLine))
+                 : std::nullopt;
 }
 } // namespace textviews

@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace textviews
@@ -22,12 +23,17 @@ public:
     void ReadAsShown(bool shown);
     bool AreAsShown() const { return m_AreAsShown; }
 
+    /// Whether lines whose disk does not answer at once are waited for, as at first. Whoever works
+    /// in slices while a window lives comes again when they are there.
+    void WaitForDisk(bool wait) { m_WaitsForDisk = wait; }
+
     int Count() const { return m_Lines->Count(); }
-    /// Either is valid until the next call, or the next change of the lines.
+    /// The lines that lie together with that one, which must exist, or that line alone; none while
+    /// they are on their way. Valid until the next call, or the next change of the lines.
     /// @{
-    LineStore::Block                BlockOf(int index) const;
-    std::optional<LineStore::Block> BlockSoon(int index) const; ///< As `LineStore::BlockSoon`.
-    std::string_view                LineNow(int index) const;
+    std::optional<LineStore::Block> BlockOf(int index) const;
+    std::optional<LineStore::Block> BlockSoon(int index) const; ///< Does not wait in any case.
+    std::optional<std::string_view> LineOf(int index) const;
     /// @}
 
 private:
@@ -40,6 +46,7 @@ private:
 
     const LineStore* m_Lines;
     bool             m_AreAsShown = false;
+    bool             m_WaitsForDisk = true;
 
     /// @name The lines that were folded last
     /// @{
