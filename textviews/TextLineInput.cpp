@@ -1,6 +1,4 @@
-#include "appearance/wxTolvanString.h"
 #include "internal/input/PadKey.h"
-#include "internal/windows/UpperFloors.h"
 #include "textviews/drawing/FontExtents.h"
 #include "textviews/gutter/Gutter.h"
 #include "textviews/lines/LineStore.h"
@@ -10,7 +8,6 @@
 #include "textviews/wxTextLineCtrl.h"
 #include "textviews/wxTextLineSearchPanel.h"
 #include "vesta/CallEntry.h"
-#include "vesta/Exception.h"
 
 #include <wx/menu.h>
 #include <wx/weakref.h>
@@ -228,6 +225,7 @@ void wxTextLineCtrl::OnKey(wxKeyEvent& event)
         SelectNone();
         StopSearch();
         StopFindingError();
+        StopSaving();
     }
     else if (key == WXK_F3)
     {
@@ -388,24 +386,4 @@ void wxTextLineCtrl::OnMenu(wxCommandEvent& event)
         }
         break;
     }
-}
-
-// A key or a menu has no caller that could handle the failure: the user has to hear of it.
-void wxTextLineCtrl::SaveOrTell()
-{
-    try
-    {
-        SaveAs();
-    }
-    catch (Exception* exception)
-    {
-        const std::unique_ptr<Exception> owner(exception);
-        exception->Log();
-        TellSaveProblem(wxtToWx(exception->Text() + "\n" + exception->Text2()));
-    }
-}
-
-void wxTextLineCtrl::TellSaveProblem(const wxString& reason)
-{
-    internal::g_UpperFloors.tellProblem(reason, wxGetTopLevelParent(this));
 }

@@ -5,10 +5,8 @@
 #include "textviews/lines/TextSelection.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "vesta/CallEntry.h"
-#include "vesta/OutputFile.h"
 
 #include <wx/clipbrd.h>
-#include <wx/filedlg.h>
 
 #include <algorithm>
 #include <utility>
@@ -79,36 +77,4 @@ void wxTextLineCtrl::CopySelected(bool plain)
                                                          { return std::move(text); }));
     wxTheClipboard->Flush();
     wxTheClipboard->Close();
-}
-
-void wxTextLineCtrl::SaveAs()
-{
-    CALL_ENTRY("wxTextLineCtrl::SaveAs");
-    const wxString name = wxFileSelector(
-        wxASCII_STR(wxFileSelectorPromptStr), wxEmptyString, wxEmptyString, wxEmptyString,
-        wxASCII_STR(wxFileSelectorDefaultWildcardStr), wxFD_SAVE | wxFD_OVERWRITE_PROMPT, this);
-    if (!name.empty())
-    {
-        SaveTo(Path(String(name.fn_str())));
-    }
-}
-
-void wxTextLineCtrl::SaveTo(const Path& path) const
-{
-    CALL_ENTRY("wxTextLineCtrl::SaveTo");
-    const String endOfLine = OutputFile::k_EndOfLine;
-    OutputFile   file(path);
-    const int    count = m_Lines->Count();
-    for (int line = 0; line < count;)
-    {
-        const textviews::LineStore::Block block = m_Lines->BlockOf(line);
-        for (int i = 0; i < block.lineCount; ++i)
-        {
-            const std::string_view text = block.Line(i);
-            file.Write(text.data(), text.size());
-            file.Write(endOfLine);
-        }
-        line = block.firstLine + block.lineCount;
-    }
-    file.Close();
 }

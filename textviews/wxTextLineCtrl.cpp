@@ -12,6 +12,7 @@
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
 #include "textviews/rules/Ruling.h"
+#include "textviews/saving/SaveRun.h"
 #include "textviews/search/LineWatcher.h"
 #include "textviews/search/VisibleHits.h"
 #include "textviews/wrap/Wrapping.h"
@@ -122,6 +123,7 @@ wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent, std::unique_ptr<textviews::Line
         Redraw();
     };
     Bind(wxEVT_IDLE, &wxTextLineCtrl::OnRulesIdle, this);
+    Bind(wxEVT_IDLE, &wxTextLineCtrl::OnSaveIdle, this);
     Bind(wxEVT_SET_FOCUS, redraw);
     Bind(wxEVT_KILL_FOCUS, redraw);
 }

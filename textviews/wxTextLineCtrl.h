@@ -14,6 +14,7 @@
 #include <string_view>
 #include <vector>
 
+class Exception;
 class wxMenu;
 class wxTextLineSearchPanel;
 class wxTextSource;
@@ -27,6 +28,7 @@ class LineStore;
 class LinePainter;
 class LineWatcher;
 class MatchesView;
+class SaveRun;
 class ShownLines;
 class StyleColours;
 class TextPalette;
@@ -227,10 +229,20 @@ public:
     /// Places the selected lines on the clipboard, each followed by a newline, as text and byte for
     /// byte as "application/octet-stream". Nothing selected places an empty text.
     void CopySelectionToClipboard();
-    /// Asks for a file and writes all lines to it. Throws an `Exception*` when that fails.
+    /// @name Saving
+    /// Byte for byte, each line followed by the platform's end of line.
+    /// @{
+    /// Asks for a file and begins to save to it. Throws an `Exception*` when that fails.
     void SaveAs();
-    /// Writes all lines, each followed by the platform's end of line. Throws an `Exception*`.
+    /// Writes the lines that are there now, as many as a moment allows at once and the others while
+    /// the window lives on; a note in the view says how far it is. Throws an `Exception*` when that
+    /// fails at once; later the user is told. One at a time: another one ends it.
+    void BeginSaving(const Path& path);
+    bool IsSaving() const { return m_Saving != nullptr; }
+    void StopSaving(); ///< As Esc does. What the file held before stays.
+    /// Writes all lines before it returns, however long that takes. Throws an `Exception*`.
     void SaveTo(const Path& path) const;
+    /// @}
 
     /// Shows or hides the search bar.
     void                   ToggleSearch();
@@ -451,6 +463,10 @@ private:
     bool                     BeginPart(const wxMouseEvent& event, int line);
     void                     DragPart(const wxPoint& place);
     void                     SaveOrTell();
+    void                     TellSaveProblem(const Exception& exception);
+    void                     SaveOn(int ms);
+    void                     EndSaving();
+    void                     OnSaveIdle(wxIdleEvent& event);
     void                     OnCtrlKey(int key);
     bool                     SelectByKey(int key, bool ctrl);
     void                     ShowLine(int line);
@@ -485,6 +501,7 @@ private:
     std::unique_ptr<textviews::Gutter>        m_Gutter;          ///< Never null.
     std::unique_ptr<textviews::Ruling>        m_Ruling;          ///< Never null.
     std::unique_ptr<textviews::Wrapping>      m_Wrap;            ///< Never null.
+    std::unique_ptr<textviews::SaveRun>       m_Saving;          ///< Null: none.
     int                                       m_TextWidth = 0;   ///< Pixels of the longest line.
     int                                       m_LineLimit = 0;   ///< 0: none.
     int64_t                                   m_StoredCells = 0; ///< Of the widest line in a file.

@@ -1,10 +1,13 @@
 #include "tests/support/Thrown.h"
+#include "tests/textviews/SlowText.h"
 #include "tests/textviews/TextViewTest.h"
 
 #include <wx/filedlg.h>
 #include <wx/modalhook.h>
+#include <wx/stopwatch.h>
 #include <wx/uiaction.h>
 
+#include <algorithm>
 #include <climits>
 
 namespace
@@ -284,6 +287,51 @@ TEST_F(TextInputTest, AKeySavesByteForByteAndTellsOfAFailure)
     const SelectorAnswer answer("/proc/nothing");
     EXPECT_TRUE(Type('S', wxMOD_CONTROL, [&] { return answer.m_Messages > 0; }));
     EXPECT_NE(TextThrown([this] { m_View->SaveTo("/proc/nothing"); }), "");
+}
+
+// The window lives on, and the file is as it was until all is written.
+TEST_F(TextInputTest, SavingFromASlowDiskHoldsNobodyUp)
+{
+    const Path path = TempFile("saved.txt");
+    WriteFile(path, "before");
+    m_View->Clear();
+    AppendSlowly(*m_View, 4000);
+    m_View->Append("partial", false);
+    const auto save = [this, &path]
+    {
+        const SelectorAnswer answer(path);
+        EXPECT_TRUE(Type('S', wxMOD_CONTROL, [this] { return m_View->IsSaving(); }));
+        EXPECT_EQ(answer.m_Messages, 0);
+    };
+    save();
+    EXPECT_TRUE(m_View->GetNote().StartsWith("Saving: "));
+    EXPECT_TRUE(Type(WXK_ESCAPE, wxMOD_NONE, [this] { return !m_View->IsSaving(); }));
+    EXPECT_EQ(m_View->GetNote(), "Saving was stopped");
+    EXPECT_EQ(ReadFile(path), "before");
+    save();
+    m_View->Erase(4000); // the last line has grown
+    m_View->Append("partial line", false);
+    m_View->Append("too late", false);
+    long longest = 0;
+    EXPECT_TRUE(WaitFor(
+        [&]
+        {
+            const wxStopWatch time;
+            PumpEvents();
+            longest = std::max(longest, time.Time());
+            return !m_View->IsSaving();
+        }));
+    EXPECT_LT(longest, 100);
+    EXPECT_EQ(m_View->GetNote(), "Saved");
+    const String text = ReadFile(path);
+    EXPECT_EQ(text.size(), 4000u * 41 + 13);
+    EXPECT_EQ(text.substr(text.size() - 13), "partial line\n");
+    AppendSlowly(*m_View, 2000); // the others are known by now
+    save();
+    m_View->Clear();
+    const SelectorAnswer answer(path);
+    EXPECT_TRUE(WaitFor([&] { return answer.m_Messages > 0; })) << "what is lost is told";
+    EXPECT_TRUE(ReadFile(path) == text);
 }
 
 // It would keep the pointer for itself, and send its commands nowhere.

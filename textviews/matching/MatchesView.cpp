@@ -88,6 +88,7 @@ void MatchesView::Leave()
     {
         return;
     }
+    EndSaving();
     m_Whole->Watch(*this, false);
     m_Whole = nullptr;
     Picked().Search().SetFinder(nullptr);
@@ -103,6 +104,7 @@ void MatchesView::Leave()
 
 void MatchesView::SetAround(const LinesAround& around)
 {
+    StopSaving();
     Keep();
     Picked().Search().SetAround(around);
     wxWakeUpIdle();
@@ -273,6 +275,7 @@ void MatchesView::LookFor(const std::shared_ptr<HitFinder>& finder, bool shown)
     MatchSearch& search = Picked().Search();
     if (finder != search.Finder())
     {
+        StopSaving(); // half of the file would be of other lines
         Keep();
         search.SetFinder(finder);
         MarkHits(finder);

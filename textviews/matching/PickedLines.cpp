@@ -27,14 +27,45 @@ LineStore::Block PickedLines::BlockOf(int index) const
 {
     m_Together.clear();
     m_Starts.clear();
-    for (int line = index;
-         line < Count() && m_Together.size() < k_LeafBytes && m_Starts.size() < k_LeafLines; ++line)
+    for (int line = index; line < Count() && HasRoom(); ++line)
     {
-        m_Starts.push_back(static_cast<uint32_t>(m_Together.size()));
-        m_Together += LineNow(line);
+        Gather(LineNow(line));
     }
+    return Gathered(index);
+}
+
+std::optional<LineStore::Block> PickedLines::BlockSoon(int index) const
+{
+    m_Together.clear();
+    m_Starts.clear();
+    for (int line = index; line < Count() && HasRoom(); ++line)
+    {
+        const int  whole = LineOf(line);
+        const auto block = m_Whole.BlockSoon(whole);
+        if (!block)
+        {
+            break;
+        }
+        Gather(block->Line(whole - block->firstLine));
+    }
+    return m_Starts.empty() ? std::nullopt : std::optional<Block>(Gathered(index));
+}
+
+bool PickedLines::HasRoom() const
+{
+    return m_Together.size() < k_LeafBytes && m_Starts.size() < k_LeafLines;
+}
+
+void PickedLines::Gather(std::string_view line) const
+{
+    m_Starts.push_back(static_cast<uint32_t>(m_Together.size()));
+    m_Together += line;
+}
+
+LineStore::Block PickedLines::Gathered(int first) const
+{
     Block block;
-    block.firstLine = index;
+    block.firstLine = first;
     block.lineCount = static_cast<int>(m_Starts.size());
     block.bytes = m_Together;
     block.starts = m_Starts.data();

@@ -23,12 +23,15 @@ public:
     std::string_view LineNow(int index) const override;
     /// That line and as many after it as are worth being handled together.
     Block                BlockOf(int index) const override;
-    std::optional<Block> BlockSoon(int index) const override { return BlockOf(index); }
+    std::optional<Block> BlockSoon(int index) const override;
     int                  NextInMemory(int) const override { return Count(); } ///< None is measured.
     uint64_t             RoughBytes(int first, int last) const override;
 
 private:
-    int LineOf(int index) const;
+    int   LineOf(int index) const;
+    bool  HasRoom() const;
+    void  Gather(std::string_view line) const;
+    Block Gathered(int first) const;
 
     const LineStore& m_Whole;
     MatchSearch      m_Search;
