@@ -26,6 +26,7 @@ public:
     {
         std::unique_lock<std::mutex> lock(m_Mutex);
         m_Condition.wait(lock, [this] { return !m_IsStill; });
+        ++m_Reads;
         const size_t end = std::min({m_Text.size(), m_BadFrom, offset + count});
         problem = end == m_BadFrom ? EIO : 0;
         return end <= offset ? 0 : m_Text.copy(buffer, end - offset, offset);
@@ -38,8 +39,9 @@ public:
         m_Condition.notify_all();
     }
 
-    std::string m_Text;
-    size_t      m_BadFrom = std::string::npos;
+    std::string              m_Text;
+    size_t                   m_BadFrom = std::string::npos;
+    mutable std::atomic<int> m_Reads{0};
 
 private:
     mutable std::mutex              m_Mutex;
@@ -261,6 +263,30 @@ TEST(StoredLines, ADiskThatStandsStillHoldsNobodyUp)
     source->StandStill(false);
     EXPECT_TRUE(WaitFor([&] { return told > 0 && store.Line(7000) == "line 7000"; }));
     EXPECT_EQ("line 19999", store.LineNow(19999));
+}
+
+// For whoever goes through all lines without waiting, either way, while those before are looked at.
+TEST(StoredLines, TheNextOnesAreReadAhead)
+{
+    std::string text;
+    for (int i = 0; i < 40000; ++i)
+    {
+        text += "line " + std::to_string(i) + "\n";
+    }
+    for (const bool forward : {true, false})
+    {
+        textviews::LineStore store;
+        const auto           source = Store(store, text);
+        const int            line = store.Count() / 2;
+        const auto           first = store.BlockSoon(line);
+        ASSERT_TRUE(first);
+        const int next = forward ? first->firstLine + first->lineCount : first->firstLine - 1;
+        EXPECT_EQ(1, source->m_Reads);
+        const auto second = store.BlockSoon(next);
+        ASSERT_TRUE(second);
+        EXPECT_EQ("line " + std::to_string(next), second->Line(next - second->firstLine));
+        EXPECT_TRUE(WaitFor([&] { return source->m_Reads == 2 + 4; })) << source->m_Reads;
+    }
 }
 
 TEST(StoredLines, EndWhereTheyCannotBeCountedAnyMore)

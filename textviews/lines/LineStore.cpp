@@ -8,6 +8,7 @@ namespace textviews
 namespace
 {
 constexpr size_t   kMergeBytes = LineStore::k_LeafBytes / 4; // smaller leaves look for a neighbour
+constexpr int      kLeavesAhead = 4;                         // that are read before they are wanted
 constexpr size_t   kFirstStarts = 256;                       // lines
 constexpr uint64_t kTrimBytes = uint64_t{16} * 1024 * 1024;  // bytes freed that are worth a trim
 
@@ -143,12 +144,33 @@ void LineStore::Note(int index, Finding finding) const
 
 std::optional<LineStore::Block> LineStore::BlockSoon(int index) const
 {
-    const Leaf& leaf = m_Leaves[LeafOf(index)];
-    if (leaf.IsStored() && !m_Stored.Soon(leaf.stored))
+    const size_t leaf = LeafOf(index);
+    if (!m_Leaves[leaf].IsStored())
     {
-        return {};
+        return BlockOf(index);
     }
-    return BlockOf(index);
+    const bool isThere = m_Stored.Soon(m_Leaves[leaf].stored) != nullptr;
+    ReadAhead(leaf);
+    return isThere ? std::optional<Block>(BlockOf(index)) : std::nullopt;
+}
+
+// Whoever goes through all lines wants the next ones of them while these are looked at.
+void LineStore::ReadAhead(size_t leaf) const
+{
+    const bool isForward = leaf == m_LastSoon + 1;
+    if (isForward || leaf + 1 == m_LastSoon)
+    {
+        size_t next = leaf;
+        for (int i = 0; i < kLeavesAhead; ++i)
+        {
+            next += isForward ? 1 : ~size_t{0};
+            if (next < m_Leaves.size() && m_Leaves[next].IsStored())
+            {
+                m_Stored.Ahead(m_Leaves[next].stored);
+            }
+        }
+    }
+    m_LastSoon = leaf;
 }
 
 size_t LineStore::LeafOf(int index) const

@@ -130,6 +130,7 @@ private:
     std::string_view LineOf(const Leaf& leaf, int index) const;
     void             TakeIntoMemory(Leaf& leaf);
 
+    void   ReadAhead(size_t leaf) const;
     size_t LeafOf(int index) const;
     int    FirstLineOf(size_t leaf) const;
     void   BeginLastLeaf(size_t firstSize);
@@ -149,6 +150,7 @@ private:
     uint64_t             m_Changes = 0;
     int                  m_Most;
 
-    mutable StoredTexts m_Stored; ///< What was read lately.
+    mutable StoredTexts m_Stored;       ///< What was read lately.
+    mutable size_t      m_LastSoon = 0; ///< The leaf that somebody who comes again had last.
 };
 } // namespace textviews

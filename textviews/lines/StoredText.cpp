@@ -100,12 +100,14 @@ public:
     explicit _Work(std::function<void()> late) : m_Late(std::move(late)) {}
 
     bool TakeFinished(const StoredPlace& place, StoredText& text);
+    void AskLast(const StoredPlace& place);
     void Run();
     void End();
 
 private:
     bool TakeNow(const StoredPlace& place, StoredText& text);
     void Ask(const StoredPlace& place);
+    bool IsKnown(const StoredPlace& place) const;
 
     const std::function<void()> m_Late;
     std::mutex                  m_Mutex;
@@ -131,10 +133,28 @@ bool StoredTexts::_Work::TakeNow(const StoredPlace& place, StoredText& text)
     return true;
 }
 
-void StoredTexts::_Work::Ask(const StoredPlace& place)
+bool StoredTexts::_Work::IsKnown(const StoredPlace& place) const
 {
     const auto isIt = [&](const StoredPlace& other) { return IsSame(other, place); };
-    if (isIt(m_Reading) || std::any_of(m_Wishes.begin(), m_Wishes.end(), isIt))
+    return isIt(m_Reading) || std::any_of(m_Wishes.begin(), m_Wishes.end(), isIt);
+}
+
+// After all that somebody waits for.
+void StoredTexts::_Work::AskLast(const StoredPlace& place)
+{
+    const std::lock_guard<std::mutex> lock(m_Mutex);
+    const bool                        isFinished = std::any_of(m_Finished.begin(), m_Finished.end(),
+                                                               [&](const Entry& e) { return IsSame(e.place, place); });
+    if (!isFinished && !IsKnown(place) && m_Wishes.size() < kMostWishes)
+    {
+        m_Wishes.push_front(place);
+        m_Condition.notify_all();
+    }
+}
+
+void StoredTexts::_Work::Ask(const StoredPlace& place)
+{
+    if (IsKnown(place))
     {
         return;
     }
@@ -266,13 +286,26 @@ const StoredText* StoredTexts::Soon(const StoredPlace& place)
     {
         return kept;
     }
+    StoredText text;
+    return Work().TakeFinished(place, text) ? &Keep(place, std::move(text)) : nullptr;
+}
+
+void StoredTexts::Ahead(const StoredPlace& place)
+{
+    if (!Find(place))
+    {
+        Work().AskLast(place);
+    }
+}
+
+StoredTexts::_Work& StoredTexts::Work()
+{
     if (!m_Work)
     {
         m_Work = std::make_shared<_Work>(m_Late);
         std::thread([work = m_Work] { work->Run(); }).detach();
     }
-    StoredText text;
-    return m_Work->TakeFinished(place, text) ? &Keep(place, std::move(text)) : nullptr;
+    return *m_Work;
 }
 
 void StoredTexts::Forget()

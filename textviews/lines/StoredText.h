@@ -49,6 +49,8 @@ public:
     /// behind the scenes.
     const StoredText* Soon(const StoredPlace& place);
     /// @}
+    /// Has it read behind the scenes when nothing else is: somebody will soon want it.
+    void Ahead(const StoredPlace& place);
     void Forget();
 
 private:
@@ -59,6 +61,7 @@ private:
         StoredText  text;
     };
 
+    _Work&            Work();
     const StoredText* Find(const StoredPlace& place);
     const StoredText& Keep(const StoredPlace& place, StoredText text);
 
