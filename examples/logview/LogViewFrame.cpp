@@ -237,6 +237,7 @@ void LogViewFrame::ReopenFiles()
     {
         return;
     }
+    m_IsReopened = true;
     const std::vector<OpenedFile> files = KeptOpenedFiles(Options());
     for (const OpenedFile& file : files)
     {
@@ -352,7 +353,13 @@ void LogViewFrame::OnRecent(wxCommandEvent& event)
 
 void LogViewFrame::RestoreLayout()
 {
+    wxWindow* const named = m_IsReopened ? nullptr : CurrentPage();
     m_Pages->LoadLayout(kLayout);
+    const int index = named ? m_Pages->GetPageIndex(named) : wxNOT_FOUND;
+    if (index != wxNOT_FOUND)
+    {
+        m_Pages->SetSelection(static_cast<size_t>(index));
+    }
     FocusText();
 }
 

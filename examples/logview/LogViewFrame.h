@@ -25,7 +25,8 @@ public:
     void MergeFiles(const std::vector<Path>& names);
     /// What was open when the viewer was closed, unless the user does not want that.
     void ReopenFiles();
-    /// Puts the pages where they were when the viewer was closed with them.
+    /// Puts the pages where they were when the viewer was closed with them. What was asked for by
+    /// name stays in front.
     void RestoreLayout();
 
 private:
@@ -60,6 +61,7 @@ private:
     wxtNotebook*   m_Pages = nullptr;
     wxtStaticText* m_Status = nullptr;
     wxMenu*        m_RecentMenu = nullptr;
+    bool           m_IsReopened = false;
     RecentFiles    m_Recent;
     wxTimer        m_StatusTimer;
     wxEndLater     m_End{*this};
