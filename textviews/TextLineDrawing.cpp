@@ -97,8 +97,12 @@ void wxTextLineCtrl::DrawBitmap()
                      m_Drawn->Draw(drawn, state);
                      const bool begins = BeginsLine(geometry);
                      state.bookmarked = state.bookmarked && begins;
-                     gutter.DrawLine(line, state,
-                                     begins ? GutterRowOf(line) : textviews::GutterRow());
+                     textviews::GutterRow row = GutterRowOf(line);
+                     if (!begins) // its place is that of the whole line
+                     {
+                         row = {{}, {}, {}, row.place};
+                     }
+                     gutter.DrawLine(line, state, row);
                  }
              });
     painter.Fill(geometry.BelowLines(), palette.Band({}));
