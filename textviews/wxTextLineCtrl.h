@@ -3,6 +3,7 @@
 #include "appearance/wxTolvanColors.h"
 #include "listviews/wxDoubleBufferedWindow.h"
 #include "textviews/wxTextLineEvents.h"
+#include "textviews/wxTextLineParts.h"
 #include "textviews/wxTextRule.h"
 #include "vesta/Export.h"
 #include "vesta/Path.h"
@@ -19,41 +20,6 @@ class wxMenu;
 class wxTextLineSearchPanel;
 class wxTextSource;
 struct wxTextStretch;
-namespace textviews
-{
-class DrawnLines;
-class FollowButton;
-class HitFinder;
-class LineStore;
-class LinePainter;
-class LineWatcher;
-class MatchesView;
-class SaveRun;
-class ShownLines;
-class StyleColours;
-class TextPalette;
-class TextPlaces;
-class TextSelection;
-class VisibleHits;
-class Wrapping;
-enum class SpanUnit : int;
-struct RuleWork;
-struct StripScale;
-struct Ruling;
-struct ShownPiece;
-struct _FontExtents;
-struct LineLook;
-struct Gutter;
-struct GutterRow;
-struct ByteSpan;
-struct LineMatch;
-struct LineState;
-struct SearchPlace;
-struct ShownCells;
-struct TextAnchor;
-struct TextGeometry;
-struct ViewTop;
-} // namespace textviews
 
 /// A read-only view of long logs and command output: whole lines of any bytes in one fixed-pitch
 /// font, with selection of lines, copying, saving, a context menu and a search bar. The line is the
