@@ -25,9 +25,14 @@ void Manual(benchmark::internal::Benchmark* benchmark, int iterations)
 }
 } // namespace
 
+double Seconds(Clock::duration time)
+{
+    return std::chrono::duration<double>(time).count();
+}
+
 double SecondsSince(Clock::time_point start)
 {
-    return std::chrono::duration<double>(Clock::now() - start).count();
+    return Seconds(Clock::now() - start);
 }
 
 double ProcessorSeconds()

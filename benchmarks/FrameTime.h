@@ -13,6 +13,7 @@
 /// its controls are to blame for. The rest is the display server's work and waiting for it.
 
 using Clock = std::chrono::steady_clock;
+double Seconds(Clock::duration time);
 double SecondsSince(Clock::time_point start);
 
 /// Of this process, all its threads, since its start.

@@ -1,87 +1,15 @@
 #include "benchmarks/BenchSupport.h"
+#include "benchmarks/TextLineStage.h"
 #include "benchmarks/TextWorkload.h"
-#include "listviews/wxDoubleBufferedWindow.h"
 #include "textviews/wxTextFinder.h"
-#include "textviews/wxTextLineCtrl.h"
-#include "textviews/wxTextLinePanes.h"
-#include "textviews/wxTextLineSearchPanel.h"
 #include "textviews/wxTextRules.h"
 
 #include <algorithm>
-#include <chrono>
 #include <random>
 
 namespace
 {
-constexpr int      kMillion = 1000000;
 constexpr unsigned kSeed = 7;
-
-double Seconds(Clock::duration time)
-{
-    return std::chrono::duration<double>(time).count();
-}
-
-/// The view with a count of its paintings, and a way to force one.
-class View : public wxTextLineCtrl
-{
-public:
-    using wxTextLineCtrl::wxTextLineCtrl;
-
-    void Repaint()
-    {
-        const int before = m_Drawn;
-        m_Stale = true;
-        Refresh(false);
-        Update();
-        PumpUntil([&] { return m_Drawn > before; });
-    }
-
-    int Drawn() const { return m_Drawn; }
-
-protected:
-    void DrawBitmap() override
-    {
-        wxTextLineCtrl::DrawBitmap();
-        ++m_Drawn;
-    }
-
-private:
-    int m_Drawn = 0;
-};
-
-/// A view in a frame of its own.
-class Stage
-{
-public:
-    Stage()
-    {
-        m_Frame = OpenFrame([this](wxFrame* frame) { return m_View = new View(frame); });
-        m_View->Repaint();
-    }
-    ~Stage() { CloseFrame(m_Frame); }
-
-    View* operator->() const { return m_View; }
-
-    void Fill(int count) const
-    {
-        for (int i = 0; i < count; ++i)
-        {
-            m_View->Append(WorkloadLine(i), false);
-        }
-        PumpEvents();
-    }
-    /// Handles the events, and paints everything.
-    void Show() const
-    {
-        PumpEvents();
-        m_View->Repaint();
-        WaitForDisplay();
-    }
-
-private:
-    wxFrame* m_Frame;
-    View*    m_View = nullptr;
-};
 
 // Lines appended one by one, events handled and a repaint forced every so many.
 void AppendAndRepaint(benchmark::State& state)
@@ -90,7 +18,7 @@ void AppendAndRepaint(benchmark::State& state)
     WorkloadLines();
     for (auto _ : state)
     {
-        const Stage stage;
+        const TextLineStage stage;
         stage->SetFollowEnd(true);
         stage.Show();
         const int        drawn = stage->Drawn();
@@ -147,7 +75,7 @@ void ShowStored(benchmark::State& state)
     const auto       text = std::make_shared<Text>(count);
     for (auto _ : state)
     {
-        const Stage stage;
+        const TextLineStage stage;
         stage->SetFollowEnd(true);
         stage.Show();
         const size_t     before = ResidentBytes();
@@ -172,7 +100,7 @@ void ShowStored(benchmark::State& state)
 BENCHMARK(ShowStored)->Arg(kMillion)->Arg(10 * kMillion)->Apply(Once);
 
 // Full repaints at random places; the median.
-void MeasureRepaints(benchmark::State& state, const Stage& stage)
+void MeasureRepaints(benchmark::State& state, const TextLineStage& stage)
 {
     std::mt19937 random(kSeed);
     MeasureMedian(state,
@@ -190,7 +118,7 @@ void MeasureRepaints(benchmark::State& state, const Stage& stage)
 
 void RepaintAnywhere(benchmark::State& state)
 {
-    const Stage stage;
+    const TextLineStage stage;
     stage.Fill(static_cast<int>(state.range(0)));
     MeasureRepaints(state, stage);
 }
@@ -199,7 +127,7 @@ BENCHMARK(RepaintAnywhere)->Arg(1000)->Arg(kMillion)->Apply(Repaints);
 // The same lines, half of them so long that they take three rows: as they are, and wrapped.
 void RepaintWrapped(benchmark::State& state)
 {
-    const Stage stage;
+    const TextLineStage stage;
     stage->SetWrap(state.range(1) != 0);
     for (int i = 0; i < state.range(0); ++i)
     {
@@ -212,27 +140,10 @@ void RepaintWrapped(benchmark::State& state)
 BENCHMARK(RepaintWrapped)->ArgsProduct({{kMillion / 10}, {0, 1}})->Apply(Repaints);
 
 // The same lines, and by the second argument how they come and are shown.
-enum Colouring
-{
-    kWithout,    // without colours
-    kNotFound,   // a view that looks for colours, and there are none
-    kNotShown,   // with colours, all bytes of which are shown
-    kWithColours // with colours
-};
-
-using ToLine = const String& (*)(int);
-
-ToLine Prepare(wxTextLineCtrl& view, long long colouring)
-{
-    const bool isFollowed = colouring == kNotFound || colouring == kWithColours;
-    view.SetEscapes(isFollowed ? wxTextLineCtrl::Escapes::Coloured : wxTextLineCtrl::Escapes::Raw);
-    return colouring == kNotShown || colouring == kWithColours ? ColouredLine : WorkloadLine;
-}
-
 void RepaintColours(benchmark::State& state)
 {
-    const Stage  stage;
-    const ToLine line = Prepare(*stage.operator->(), state.range(1));
+    const TextLineStage stage;
+    const ToLine        line = Prepare(*stage, state.range(1));
     for (int i = 0; i < state.range(0); ++i)
     {
         stage->Append(line(i), false);
@@ -251,8 +162,8 @@ void AppendColours(benchmark::State& state)
 {
     for (auto _ : state)
     {
-        const Stage  stage;
-        const ToLine line = Prepare(*stage.operator->(), state.range(1));
+        const TextLineStage stage;
+        const ToLine        line = Prepare(*stage, state.range(1));
         line(0); // the first one makes all
         const auto start = Clock::now();
         for (int i = 0; i < state.range(0); ++i)
@@ -311,8 +222,8 @@ ToLine PrepareRules(wxTextLineCtrl& view, long long ruling)
 
 void RepaintRules(benchmark::State& state)
 {
-    const Stage  stage;
-    const ToLine line = PrepareRules(*stage.operator->(), state.range(1));
+    const TextLineStage stage;
+    const ToLine        line = PrepareRules(*stage, state.range(1));
     for (int i = 0; i < state.range(0); ++i)
     {
         stage->Append(line(i), false);
@@ -329,8 +240,8 @@ void AppendRules(benchmark::State& state)
 {
     for (auto _ : state)
     {
-        const Stage  stage;
-        const ToLine line = PrepareRules(*stage.operator->(), state.range(1));
+        const TextLineStage stage;
+        const ToLine        line = PrepareRules(*stage, state.range(1));
         line(0); // the first one makes all
         const auto start = Clock::now();
         for (int i = 0; i < state.range(0); ++i)
@@ -351,176 +262,14 @@ BENCHMARK(AppendRules)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
 
-// From the top to an error in the last line, without a strip that would know the way.
-void FindTheLastError(benchmark::State& state)
-{
-    const Stage stage;
-    stage.Fill(static_cast<int>(state.range(0)) - 1);
-    stage->SetRules(wxStandardTextRules());
-    stage->Append("an error in the last line", false);
-    for (auto _ : state)
-    {
-        stage->SelectNone();
-        stage->ScrollToTop();
-        stage->FindError(true);
-        PumpUntil([&] { return !stage->IsFindingError(); });
-        if (stage->GetSelectionEnd() != stage->GetLineCount() - 1)
-        {
-            state.SkipWithError("not found");
-        }
-    }
-}
-BENCHMARK(FindTheLastError)->Arg(kMillion)->UseRealTime()->Unit(benchmark::kMillisecond);
-
-// From the top to a hit in the last line.
-void SearchToTheLastLine(benchmark::State& state)
-{
-    const Stage stage;
-    stage.Fill(static_cast<int>(state.range(0)) - 1);
-    stage->Append("the Needle in the last line", false);
-    const bool matchCase = state.range(1) != 0;
-    for (auto _ : state)
-    {
-        // The line after the hit is the first one.
-        if (!stage->Search("Needle in", true, matchCase) ||
-            stage->GetMarkedLine() != stage->GetLineCount() - 1)
-        {
-            state.SkipWithError("not found");
-        }
-    }
-}
-BENCHMARK(SearchToTheLastLine)
-    ->Args({kMillion, 1})
-    ->Args({kMillion, 0})
-    ->UseRealTime()
-    ->Unit(benchmark::kMillisecond);
-
-// The same by the search bar, in slices: plain texts, and regular expressions of several kinds.
-void FindToTheLastLine(benchmark::State& state)
-{
-    const struct
-    {
-        bool        expression;
-        const char* text;
-    } searches[] = {
-        {false, "Needle in"},       {true, "Needle i[nm]"},
-        {true, "[A-Z]eedle i"},     {true, "(lost|found|Needle) (in|under)"},
-        {true, "[A-Z]\\w+ \\w+ t"}, // needs no certain text
-    };
-    const auto& search = searches[state.range(1)];
-    const Stage stage;
-    stage.Fill(static_cast<int>(state.range(0)) - 1);
-    stage->Append("the Needle in the last line", false);
-    wxTextLineSearchPanel* const bar = stage->GetSearchPanel();
-    bar->SetMatchCase(true);
-    bar->SetExpression(search.expression);
-    bar->SetText(search.text);
-    state.SetLabel(search.text);
-    PumpUntil([&] { return !bar->IsCounting(); });
-    for (auto _ : state)
-    {
-        bar->Find(true);
-        PumpUntil([&] { return !bar->IsSearching(); });
-        if (bar->GetHits() != 1 || stage->GetMarkedLine() != stage->GetLineCount() - 1)
-        {
-            state.SkipWithError("not found");
-        }
-    }
-}
-BENCHMARK(FindToTheLastLine)
-    ->ArgsProduct({{kMillion}, {0, 1, 2, 3, 4}})
-    ->UseRealTime()
-    ->Unit(benchmark::kMillisecond);
-
-// The same where escape sequences are followed, in lines without any and in coloured ones. The
-// count, which comes before, is the first to read them so.
-void FindWhatIsShown(benchmark::State& state)
-{
-    const Stage  stage;
-    const ToLine line = Prepare(*stage.operator->(), state.range(1));
-    for (int i = 1; i < state.range(0); ++i)
-    {
-        stage->Append(line(i), false);
-    }
-    stage->Append("the Nee\x1b[1mdle in the last line", false);
-    wxTextLineSearchPanel* const bar = stage->GetSearchPanel();
-    bar->SetMatchCase(true);
-    const auto start = Clock::now();
-    bar->SetText("Needle in");
-    PumpUntil([&] { return !bar->IsCounting(); });
-    state.counters["count_ms"] = Seconds(Clock::now() - start) * 1e3;
-    for (auto _ : state)
-    {
-        bar->Find(true);
-        PumpUntil([&] { return !bar->IsSearching(); });
-        if (bar->GetHits() != 1 || stage->GetMarkedLine() != stage->GetLineCount() - 1)
-        {
-            state.SkipWithError("not found");
-        }
-    }
-}
-BENCHMARK(FindWhatIsShown)
-    ->Args({kMillion, kNotFound})
-    ->Args({kMillion, kWithColours})
-    ->UseRealTime()
-    ->Unit(benchmark::kMillisecond);
-
-// Only the lines that match, in the pane below, until all are there: one in ten thousand, and all.
-void ShowOnlyMatching(benchmark::State& state)
-{
-    wxTextLinePanes* panes = nullptr;
-    View*            view = nullptr;
-    wxFrame* const   frame = OpenFrame(
-        [&](wxFrame* parent)
-        {
-            panes = new wxTextLinePanes(parent);
-            view = new View(panes->GetViewParent());
-            panes->ShowView(view);
-            return panes;
-        });
-    for (int i = 0; i < state.range(0); ++i)
-    {
-        view->Append(i % 10000 == 0 ? "a Needle" : WorkloadLine(i), false);
-    }
-    panes->SetOnlyMatching(true);
-    panes->SetLinesAround(static_cast<int>(state.range(2)), static_cast<int>(state.range(2)));
-    wxTextLineSearchPanel* const bar = view->GetSearchPanel();
-    bar->SetExpression(state.range(1) != 0);
-    for (auto _ : state)
-    {
-        bar->SetText("");
-        PumpEvents();
-        const size_t     before = ResidentBytes();
-        const SlicedWork work =
-            MeasureSlices([&] { bar->SetText(state.range(1) != 0 ? "^." : "Needle"); },
-                          [&] { return !panes->IsMatchingComplete(); });
-        Report(state, work);
-        const int rows = panes->GetMatches()->GetLineCount();
-        state.counters["rows"] = rows;
-        state.counters["bytes_per_line"] =
-            (static_cast<double>(ResidentBytes()) - static_cast<double>(before)) /
-            static_cast<double>(state.range(0));
-        if (rows < state.range(0) / 10000)
-        {
-            state.SkipWithError("lines are missing");
-        }
-    }
-    CloseFrame(frame);
-}
-BENCHMARK(ShowOnlyMatching)
-    ->Args({10 * kMillion, 0, 0})
-    ->Args({10 * kMillion, 0, 5})
-    ->Args({10 * kMillion, 1, 0})
-    ->Apply(Once);
-
 // Lines that come in no order, with a repaint every so many.
 void AppendSorted(benchmark::State& state)
 {
     const std::vector<String>& lines = UnsortedLines();
     for (auto _ : state)
     {
-        const Stage      stage;
-        const FrameWatch watch;
+        const TextLineStage stage;
+        const FrameWatch    watch;
         for (size_t i = 0; i < lines.size(); ++i)
         {
             stage->Append(lines[i], true);
@@ -541,8 +290,8 @@ BENCHMARK(AppendSorted)
 // A window on a stream: every line that comes pushes the first one out.
 void StreamThroughWindow(benchmark::State& state)
 {
-    const Stage stage;
-    const int   window = static_cast<int>(state.range(0));
+    const TextLineStage stage;
+    const int           window = static_cast<int>(state.range(0));
     stage.Fill(window);
     int next = 0;
     for (auto _ : state)
@@ -552,6 +301,7 @@ void StreamThroughWindow(benchmark::State& state)
     }
 }
 BENCHMARK(StreamThroughWindow)->Arg(100000)->Iterations(kMillion);
+
 // A stream without end, with a frame sixty times in what would be a second of 100,000 lines: the
 // longest time that its lines kept the program, and what memory grows by once the view is full.
 void StreamIntoLimit(benchmark::State& state)
@@ -562,7 +312,7 @@ void StreamIntoLimit(benchmark::State& state)
     WorkloadLines();
     for (auto _ : state)
     {
-        const Stage stage;
+        const TextLineStage stage;
         stage->SetFollowEnd(true);
         stage->SetLineLimit(limit);
         stage.Fill(limit + limit / 16); // with what is dropped at once

@@ -39,9 +39,8 @@ void wxTextLineCtrl::FindError(bool forward)
         return;
     }
     // From no selection on, the first line that is seen may be the next one.
-    const bool isSelected = m_MenuLine >= 0 || !m_Selection->IsEmpty();
-    const int  from = CurrentLine();
-    index.Find(forward ? from + (isSelected ? 1 : 0) : from - 1, forward);
+    const int from = CurrentLine();
+    index.Find(forward ? from + (IsPlaceChosen() ? 1 : 0) : from - 1, forward);
     index.Work();
     Watch(index, index.IsActive());
     if (index.IsFinding())

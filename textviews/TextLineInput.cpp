@@ -28,7 +28,7 @@ struct KeyScroll
 };
 
 // Home and End scroll sideways with Ctrl too: the way to the first and the last line is Ctrl with
-// Page Up and Page Down, and the menu.
+// Page Up and Page Down, and the menu, although that shows other keys.
 const KeyScroll kKeyScrolls[] = {
     {WXK_HOME, wxEVT_SCROLLWIN_TOP, wxEVT_SCROLLWIN_TOP, wxHORIZONTAL},
     {WXK_END, wxEVT_SCROLLWIN_BOTTOM, wxEVT_SCROLLWIN_BOTTOM, wxHORIZONTAL},
@@ -75,7 +75,7 @@ void wxTextLineCtrl::OnLeftClick(wxMouseEvent& event)
     {
         // no lines, then
     }
-    else if (event.ShiftDown() && !m_Selection->IsEmpty())
+    else if (event.ShiftDown() && m_Selection->Place() != -1)
     {
         m_Selection->Drag(line, m_Lines->Count());
     }
@@ -160,7 +160,7 @@ void wxTextLineCtrl::OnRightClick(wxMouseEvent& event)
     if (TakeFocus())
     {
         const bool isByKey = m_MenuPlace != wxDefaultPosition;
-        m_MenuLine = isByKey ? m_Selection->End() : Geometry().LineAt(event.GetY());
+        m_MenuLine = isByKey ? m_Selection->Place() : Geometry().LineAt(event.GetY());
         wxMenu menu;
         HandleContextMenu(menu, true);
     }
@@ -216,7 +216,7 @@ void wxTextLineCtrl::OnKey(wxKeyEvent& event)
             return;
         }
     }
-    if (Whole().m_Gutter->offersCommands && RunReadingCommand(ReadingCommandOf(event)))
+    if (OffersReadingCommands() && RunReadingCommand(ReadingCommandOf(event)))
     {
         return;
     }
@@ -226,6 +226,7 @@ void wxTextLineCtrl::OnKey(wxKeyEvent& event)
         StopSearch();
         StopFindingError();
         StopSaving();
+        StopCopying();
     }
     else if (key == WXK_F3)
     {
@@ -254,13 +255,13 @@ bool wxTextLineCtrl::SelectByKey(int key, bool ctrl)
     {
         return true;
     }
-    if (m_Selection->IsEmpty())
+    if (m_Selection->Place() == -1)
     {
         m_Selection->Click(Geometry().WholeLine(step > 0), count);
     }
     else
     {
-        const int  end = m_Selection->End();
+        const int  end = m_Selection->Place();
         const bool isByRows = IsWrapped() && std::abs(step) != 1 && std::abs(step) != INT_MAX;
         m_Selection->Drag(isByRows ? Wrap().LineAfterRows(end, step)
                                    : textviews::LineAfter(end, step, count),
@@ -299,7 +300,7 @@ void wxTextLineCtrl::OnContextMenu(wxContextMenuEvent& event)
     }
     const wxWeakRef<wxTextLineCtrl> self(this);
     const textviews::TextGeometry   geometry = Geometry();
-    const int                       line = m_Selection->End();
+    const int                       line = m_Selection->Place();
     const wxRect band = line < 0 ? wxRect(0, 0, 1, m_LineHeight) : geometry.BandOf(line);
     m_MenuPlace = wxPoint(geometry.textLeft + m_ColumnWidth,
                           std::clamp(band.GetBottom(), 0, geometry.client.y));
@@ -321,7 +322,7 @@ void wxTextLineCtrl::OnCtrlKey(int key)
         SelectAll();
         break;
     case 'C':
-        CopySelectionToClipboard();
+        BeginCopying();
         break;
     case 'F':
         ToggleSearch();
@@ -359,10 +360,10 @@ void wxTextLineCtrl::OnMenu(wxCommandEvent& event)
         SelectNone();
         break;
     case id_Copy:
-        CopySelectionToClipboard();
+        BeginCopying();
         break;
     case id_CopyPlain:
-        CopyPlainTextToClipboard();
+        BeginCopying(true);
         break;
     case id_ScrollToTop:
         ScrollToTop();

@@ -76,12 +76,17 @@ wxString LinesText(const textviews::NumberedLines& lines)
 }
 } // namespace
 
+bool wxTextLineCtrl::IsPlaceChosen() const
+{
+    return m_MenuLine >= 0 || m_Selection->Place() != -1;
+}
+
 // Where the keys are: there is no caret.
 int wxTextLineCtrl::CurrentLine() const
 {
-    if (m_MenuLine >= 0 || !m_Selection->IsEmpty())
+    if (IsPlaceChosen())
     {
-        return m_MenuLine >= 0 ? m_MenuLine : m_Selection->End();
+        return m_MenuLine >= 0 ? m_MenuLine : m_Selection->Place();
     }
     const textviews::TextGeometry geometry = Geometry();
     const int                     first = geometry.WholeLine(true);
@@ -188,8 +193,7 @@ bool wxTextLineCtrl::GoToBookmark(bool forward)
 {
     CALL_ENTRY("wxTextLineCtrl::GoToBookmark");
     // From no selection on, the first line that is seen may be the next one.
-    const bool isSelected = m_MenuLine >= 0 || !m_Selection->IsEmpty();
-    const int  from = CurrentLine() - (isSelected || !forward ? 0 : 1);
+    const int  from = CurrentLine() - (IsPlaceChosen() || !forward ? 0 : 1);
     const auto line = m_Gutter->bookmarks.Next(from, forward);
     if (line)
     {
@@ -213,6 +217,12 @@ void wxTextLineCtrl::OfferReadingCommands(bool offer)
     m_Gutter->offersCommands = offer;
 }
 
+bool wxTextLineCtrl::OffersReadingCommands() const
+{
+    CALL_ENTRY("wxTextLineCtrl::OffersReadingCommands");
+    return Whole().m_Gutter->offersCommands;
+}
+
 int wxTextLineCtrl::ReadingCommandOf(const wxKeyEvent& event)
 {
     CALL_ENTRY("wxTextLineCtrl::ReadingCommandOf");
@@ -229,7 +239,7 @@ int wxTextLineCtrl::ReadingCommandOf(const wxKeyEvent& event)
 void wxTextLineCtrl::AddReadingCommands(wxMenu& menu) const
 {
     const wxTextLineCtrl& whole = Whole();
-    if (!whole.m_Gutter->offersCommands)
+    if (!OffersReadingCommands())
     {
         return;
     }

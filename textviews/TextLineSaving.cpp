@@ -1,7 +1,7 @@
 #include "appearance/wxTolvanString.h"
 #include "internal/windows/UpperFloors.h"
 #include "textviews/lines/LineStore.h"
-#include "textviews/saving/SaveRun.h"
+#include "textviews/saving/LineSinks.h"
 #include "textviews/wxTextLineCtrl.h"
 #include "vesta/CallEntry.h"
 #include "vesta/Exception.h"
@@ -12,13 +12,17 @@
 
 namespace
 {
-constexpr int kFirstMs = 50; // most logs are saved by then
+constexpr int kFirstMs = 50; // most logs are saved by then, most texts copied
 constexpr int kSliceMs = 8;
 } // namespace
 
 void wxTextLineCtrl::SaveAs()
 {
     CALL_ENTRY("wxTextLineCtrl::SaveAs");
+    if (IsSaving())
+    {
+        return; // the note says so, and what is under way is not lost
+    }
     const wxWeakRef<wxWindow> self(this);
     const wxString            name = wxFileSelector(
                    wxASCII_STR(wxFileSelectorPromptStr), wxEmptyString, wxEmptyString, wxEmptyString,
@@ -52,80 +56,97 @@ void wxTextLineCtrl::SaveTo(const Path& path) const
 void wxTextLineCtrl::BeginSaving(const Path& path)
 {
     CALL_ENTRY("wxTextLineCtrl::BeginSaving");
-    EndSaving();
-    m_Saving = std::make_unique<textviews::SaveRun>(*m_Lines, path);
-    Watch(*m_Saving, true);
-    SaveOn(kFirstMs);
-    if (m_Saving)
+    EndRun(m_Saving);
+    m_Saving = std::make_unique<textviews::LineRun>(*m_Lines, 0, m_Lines->Count(),
+                                                    std::make_unique<textviews::FileSink>(path));
+    Begin(m_Saving);
+}
+
+void wxTextLineCtrl::Begin(Run& run)
+{
+    Watch(*run, true);
+    RunOn(run, kFirstMs);
+    if (run)
     {
         wxWakeUpIdle();
     }
 }
 
-void wxTextLineCtrl::SaveOn(int ms)
+void wxTextLineCtrl::RunOn(Run& run, int ms)
 {
     try
     {
-        m_Saving->Work(std::chrono::milliseconds(ms));
+        run->Work(std::chrono::milliseconds(ms));
     }
     catch (Exception*)
     {
-        EndSaving();
+        EndRun(run);
         ShowNote({});
         throw;
     }
-    if (m_Saving->IsDone())
+    if (run->IsDone())
     {
-        EndSaving();
+        EndRun(run);
         return;
     }
-    ShowNote(wxString::Format(wxGetTranslation("Saving: %d %% (Esc stops)"), m_Saving->Percent()),
-             true);
+    const wxString format = &run == &m_Saving ? wxGetTranslation("Saving: %d %% (Esc stops)")
+                                              : wxGetTranslation("Copying: %d %% (Esc stops)");
+    ShowNote(wxString::Format(format, run->Percent()), true);
 }
 
-void wxTextLineCtrl::EndSaving()
+void wxTextLineCtrl::EndRun(Run& run)
 {
-    if (m_Saving)
+    if (run)
     {
-        Watch(*m_Saving, false);
-        m_Saving = nullptr;
+        Watch(*run, false);
+        run = nullptr;
+    }
+}
+
+void wxTextLineCtrl::StopRun(Run& run, const wxString& note)
+{
+    if (run)
+    {
+        EndRun(run);
+        ShowNote(note);
     }
 }
 
 void wxTextLineCtrl::StopSaving()
 {
     CALL_ENTRY("wxTextLineCtrl::StopSaving");
-    if (IsSaving())
-    {
-        EndSaving();
-        ShowNote(wxGetTranslation("Saving was stopped"));
-    }
+    StopRun(m_Saving, wxGetTranslation("Saving was stopped"));
 }
 
 // A disk that is waited for wakes it up.
-void wxTextLineCtrl::OnSaveIdle(wxIdleEvent& event)
+void wxTextLineCtrl::OnRunIdle(wxIdleEvent& event)
 {
     event.Skip();
-    if (!m_Saving)
+    for (Run* const run : {&m_Saving, &m_Copying})
     {
-        return;
+        if (!*run)
+        {
+            continue;
+        }
+        try
+        {
+            RunOn(*run, kSliceMs);
+        }
+        catch (Exception* exception)
+        {
+            const std::shared_ptr<Exception> owner(exception);
+            CallAfter([this, owner] { TellSaveProblem(*owner); }); // it waits for the user
+            continue;
+        }
+        if (!*run)
+        {
+            ShowNote(run == &m_Saving ? wxGetTranslation("Saved") : wxGetTranslation("Copied"));
+        }
+        if (*run && !(*run)->IsWaiting())
+        {
+            event.RequestMore();
+        }
     }
-    try
-    {
-        SaveOn(kSliceMs);
-    }
-    catch (Exception* exception)
-    {
-        const std::shared_ptr<Exception> owner(exception);
-        CallAfter([this, owner] { TellSaveProblem(*owner); }); // it waits for the user
-        return;
-    }
-    if (!m_Saving)
-    {
-        ShowNote(wxGetTranslation("Saved"));
-        return;
-    }
-    event.RequestMore(!m_Saving->IsWaiting());
 }
 
 // A key or a menu has no caller that could handle the failure: the user has to hear of it.

@@ -12,7 +12,7 @@
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/lines/TextSelection.h"
 #include "textviews/rules/Ruling.h"
-#include "textviews/saving/SaveRun.h"
+#include "textviews/saving/LineRun.h"
 #include "textviews/search/LineWatcher.h"
 #include "textviews/search/VisibleHits.h"
 #include "textviews/wrap/Wrapping.h"
@@ -123,7 +123,7 @@ wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent, std::unique_ptr<textviews::Line
         Redraw();
     };
     Bind(wxEVT_IDLE, &wxTextLineCtrl::OnRulesIdle, this);
-    Bind(wxEVT_IDLE, &wxTextLineCtrl::OnSaveIdle, this);
+    Bind(wxEVT_IDLE, &wxTextLineCtrl::OnRunIdle, this);
     Bind(wxEVT_SET_FOCUS, redraw);
     Bind(wxEVT_KILL_FOCUS, redraw);
 }
@@ -423,7 +423,7 @@ void wxTextLineCtrl::SelectAll()
 void wxTextLineCtrl::SelectNone()
 {
     CALL_ENTRY("wxTextLineCtrl::SelectNone");
-    if (!m_Selection->IsEmpty())
+    if (m_Selection->Place() != -1)
     {
         m_Selection->Clear();
         StopSelecting();

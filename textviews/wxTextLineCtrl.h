@@ -188,6 +188,7 @@ public:
     /// Whether the user has all this by keys (Ctrl+G, Ctrl+F2, F2, Shift+F2) and in the context
     /// menu. Off until a host wants it.
     void OfferReadingCommands(bool offer);
+    bool OffersReadingCommands() const;
     /// Which of those commands a key asks for; `wxID_NONE`: none of them.
     static int ReadingCommandOf(const wxKeyEvent& event);
     /// @}
@@ -195,14 +196,17 @@ public:
     /// Places the selected lines on the clipboard, each followed by a newline, as text and byte for
     /// byte as "application/octet-stream". Nothing selected places an empty text.
     void CopySelectionToClipboard();
+    /// The same as keys do it, while the window lives on. `plain`: as `CopyPlainTextToClipboard`.
+    void BeginCopying(bool plain = false);
+    bool IsCopying() const { return m_Copying != nullptr; }
+    void StopCopying(); ///< As Esc does. The clipboard stays as it is.
     /// @name Saving
     /// Byte for byte, each line followed by the platform's end of line.
     /// @{
-    /// Asks for a file and begins to save to it. Throws an `Exception*` when that fails.
+    /// Asks for a file, unless one is being saved, and begins. Throws an `Exception*`.
     void SaveAs();
-    /// Writes the lines that are there now, as many as a moment allows at once and the others while
-    /// the window lives on; a note in the view says how far it is. Throws an `Exception*` when that
-    /// fails at once; later the user is told. One at a time: another one ends it.
+    /// Writes the lines that are there now, while the window lives on; a note says how far it is.
+    /// Throws what fails at once; later the user is told. One at a time: another one ends it.
     void BeginSaving(const Path& path);
     bool IsSaving() const { return m_Saving != nullptr; }
     void StopSaving(); ///< As Esc does. What the file held before stays.
@@ -407,6 +411,7 @@ private:
     int                      DropOldest();
     void                     LinesMoved();
     bool                     IsLine(int line, const char* where) const;
+    bool                     IsPlaceChosen() const;
     int                      CurrentLine() const;
     void                     ShowInMiddle(int line);
     void                     ToggleBookmark();
@@ -430,15 +435,18 @@ private:
     void                     DragPart(const wxPoint& place);
     void                     SaveOrTell();
     void                     TellSaveProblem(const Exception& exception);
-    void                     SaveOn(int ms);
-    void                     EndSaving();
-    void                     OnSaveIdle(wxIdleEvent& event);
-    void                     OnCtrlKey(int key);
-    bool                     SelectByKey(int key, bool ctrl);
-    void                     ShowLine(int line);
-    String                   SelectedText(bool plain) const;
-    void                     CopySelected(bool plain);
-    void                     ScrollToHit();
+    using Run = std::unique_ptr<textviews::LineRun>;
+    void                               Begin(Run& run);
+    void                               RunOn(Run& run, int ms);
+    void                               EndRun(Run& run);
+    void                               StopRun(Run& run, const wxString& note);
+    void                               OnRunIdle(wxIdleEvent& event);
+    void                               OnCtrlKey(int key);
+    bool                               SelectByKey(int key, bool ctrl);
+    void                               ShowLine(int line);
+    String                             SelectedText(bool plain) const;
+    bool                               IsTooMuchToCopy();
+    void                               ScrollToHit();
     std::vector<textviews::ShownCells> CellsOfHit() const;
     textviews::ByteSpan                HitBytes(bool asShown) const;
     void                               TakeHitAsStored();
@@ -467,7 +475,8 @@ private:
     std::unique_ptr<textviews::Gutter>        m_Gutter;          ///< Never null.
     std::unique_ptr<textviews::Ruling>        m_Ruling;          ///< Never null.
     std::unique_ptr<textviews::Wrapping>      m_Wrap;            ///< Never null.
-    std::unique_ptr<textviews::SaveRun>       m_Saving;          ///< Null: none.
+    std::unique_ptr<textviews::LineRun>       m_Saving;          ///< Null: none.
+    std::unique_ptr<textviews::LineRun>       m_Copying;         ///< Null: none.
     int                                       m_TextWidth = 0;   ///< Pixels of the longest line.
     int                                       m_LineLimit = 0;   ///< 0: none.
     int64_t                                   m_StoredCells = 0; ///< Of the widest line in a file.

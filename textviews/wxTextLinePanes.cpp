@@ -13,6 +13,7 @@
 namespace
 {
 constexpr int     kFirstHeight = 180; // pixels
+constexpr int     kLeastLines = 3;    // of the view, where the lower pane can become so low
 const char* const kSection = "TextSearch";
 const char* const kHeight = "MatchingHeight"; // pixels
 const char* const kBefore = "LinesBefore";
@@ -195,14 +196,25 @@ void wxTextLinePanes::SetMatchesHeight(int height)
     PlaceSash();
 }
 
-// The lower pane keeps its height; what the window gains or loses is the upper one's.
+// Some lines, with the bar below them.
+int wxTextLinePanes::LeastUpper() const
+{
+    const auto* const     view = static_cast<const wxTextLineCtrl*>(m_View.get());
+    const wxWindow* const bar = view ? view->GetSearchPanel() : nullptr;
+    const int             lines = view ? kLeastLines * view->GetCharHeight() : 0;
+    return std::max(lines + (bar && bar->IsShown() ? bar->GetSize().y : 0), GetMinimumPaneSize());
+}
+
+// The lower pane keeps its height as long as the upper one has room; what the window gains or loses
+// is the upper one's.
 void wxTextLinePanes::PlaceSash()
 {
     const int least = GetMinimumPaneSize();
     if (IsSplit())
     {
-        SetSashPosition(
-            std::max(GetClientSize().y - GetSashSize() - std::max(m_Height, least), least));
+        const int room = GetClientSize().y - GetSashSize();
+        const int lower = std::min(m_Height, room - LeastUpper());
+        SetSashPosition(std::max(room - std::max(lower, least), least));
     }
 }
 

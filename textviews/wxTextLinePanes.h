@@ -52,6 +52,7 @@ public:
 private:
     void                    Recall();
     void                    ShowMatches(bool show);
+    int                     LeastUpper() const;
     void                    PlaceSash();
     void                    OnPaneSize(wxSizeEvent& event);
     void                    OnSashMoved(wxSplitterEvent& event);

@@ -11,7 +11,7 @@ class LineStore;
 class LinePainter;
 class LineWatcher;
 class MatchesView;
-class SaveRun;
+class LineRun;
 class ShownLines;
 class StyleColours;
 class TextPalette;

@@ -151,10 +151,24 @@ void wxTextLineSearchPanel::OnKey(wxKeyEvent& event)
     {
         Expand();
     }
-    else if (event.HasAnyModifiers() || !WalkHistory(internal::OffThePad(key)))
+    else if (!RunReadingCommand(event) &&
+             (event.HasAnyModifiers() || !WalkHistory(internal::OffThePad(key))))
     {
         event.Skip();
     }
+}
+
+// As in the view: whoever looks for something goes on to the next error, too.
+bool wxTextLineSearchPanel::RunReadingCommand(const wxKeyEvent& event)
+{
+    const int id = wxTextLineCtrl::ReadingCommandOf(event);
+    if (id == wxID_NONE || !m_View || !m_View->OffersReadingCommands())
+    {
+        return false;
+    }
+    wxCommandEvent command(wxEVT_MENU, id);
+    m_View->OnMenu(command);
+    return true;
 }
 
 void wxTextLineSearchPanel::OnTextChanged(wxCommandEvent&)

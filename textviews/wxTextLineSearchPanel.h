@@ -162,6 +162,7 @@ private:
     void     Remember();
     void     RememberText();
     bool     WalkHistory(int key);
+    bool     RunReadingCommand(const wxKeyEvent& event);
     wxString TextFor(int64_t hits, int64_t current, bool counted) const;
     void     ShowHits();
     void     ShowNoHit();

@@ -38,20 +38,39 @@ int ItemTextWidth(const wxWindow& window, const wxString& text);
 int GuessedTextWidth(int charWidth, size_t characters);
 /// @}
 
-/// Finds items by how they begin, without regard to case, as a user types it: the first from
-/// `start` on, going round; -1 when there is none.
-template <class TextOf>
-int FindByStart(const wxString& typed, int start, int count, const TextOf& textOf)
+/// The first item from `start` on, going round, whose text in small letters the condition is true
+/// of; -1 when there is none.
+template <class TextOf, class Condition>
+int FindItem(int start, int count, const TextOf& textOf, const Condition& isWanted)
 {
-    const wxString wanted = typed.Lower();
     for (int i = 0; i < count; ++i)
     {
         const int item = (start + i) % count;
-        if (textOf(item).Left(wanted.length()).Lower() == wanted)
+        if (isWanted(wxString(textOf(item)).Lower()))
         {
             return item;
         }
     }
     return -1;
+}
+
+/// Finds items by how they begin, without regard to case, as a user types it.
+template <class TextOf>
+int FindByStart(const wxString& typed, int start, int count, const TextOf& textOf)
+{
+    return FindItem(start, count, textOf,
+                    [wanted = typed.Lower()](const wxString& text)
+                    { return text.StartsWith(wanted); });
+}
+
+/// The same, and where none begins so, by what they hold anywhere: names of many files begin alike.
+template <class TextOf>
+int FindByTyping(const wxString& typed, int start, int count, const TextOf& textOf)
+{
+    const int found = FindByStart(typed, start, count, textOf);
+    return found >= 0 ? found
+                      : FindItem(start, count, textOf,
+                                 [wanted = typed.Lower()](const wxString& text)
+                                 { return text.find(wanted) != wxString::npos; });
 }
 } // namespace appearance

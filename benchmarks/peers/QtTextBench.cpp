@@ -95,8 +95,7 @@ void AppendInBatches(benchmark::State& state, int batch)
             stage.Show();
         }
         Report(state, watch.Shown());
-        state.counters["append_ns"] =
-            std::chrono::duration<double>(appending).count() * 1e9 / count;
+        state.counters["append_ns"] = Seconds(appending) * 1e9 / count;
         state.counters["bytes_per_line"] = static_cast<double>(ResidentBytes() - before) / count;
         if (stage->widget->blockCount() != count)
         {

@@ -7,7 +7,6 @@
 #include <wx/textctrl.h>
 
 #include <algorithm>
-#include <chrono>
 #include <memory>
 #include <random>
 
@@ -18,11 +17,6 @@ namespace
 constexpr int      kMillion = 1000000;
 constexpr int      kHundredThousand = 100000;
 constexpr unsigned kSeed = 7;
-
-double Seconds(Clock::duration time)
-{
-    return std::chrono::duration<double>(time).count();
-}
 
 struct StyledText
 {

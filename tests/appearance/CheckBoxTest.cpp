@@ -112,6 +112,7 @@ TEST_F(CheckBoxTest, ARadioButtonThatIsCheckedElsewhereLeavesTheUserAlone)
     wxFrame     other(nullptr, wxID_ANY, "Other", wxPoint(50, 50), wxSize(200, 100));
     auto* const field = new wxTextCtrl(&other, wxID_ANY);
     other.Show();
+    EXPECT_TRUE(WaitFor([&] { return other.IsActive(); })) << "keys go to it";
     Focus(field);
     button->SetValue(true);
     for (const char* const typed : {"a", "aa"})

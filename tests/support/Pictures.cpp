@@ -1,12 +1,14 @@
 #include "tests/support/Pictures.h"
 
+#include "tests/support/FrameTest.h"
+#include "tests/support/ScreenGrab.h"
+
 #include <wx/dcmemory.h>
-#include <wx/filefn.h>
 #include <wx/filename.h>
 #include <wx/image.h>
-#include <wx/utils.h>
 #include <wx/window.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
@@ -23,24 +25,38 @@ wxImage Drawn(const wxSize& size, const wxColour& background,
     return bitmap.ConvertToImage();
 }
 
+namespace
+{
+constexpr int kSettleMs = 60; // what the program has just done is on the screen by then
+
+wxImage ImageOf(const ScreenGrab& grab)
+{
+    wxImage image;
+    if (grab.width > 0)
+    {
+        image.Create(grab.width, grab.height, false);
+        std::copy(grab.pixels.begin(), grab.pixels.end(), image.GetData());
+    }
+    return image;
+}
+
+void Settle()
+{
+    WaitFor([] { return false; }, kSettleMs);
+}
+} // namespace
+
 wxImage PictureOfScreen()
 {
-    // Another program's: the toolkit's own screen context leaves out other programs' windows.
-    const wxString file = wxFileName::CreateTempFileName("tolvan-screen");
-    wxImage        image;
-    // Its windows must not be disabled meanwhile: that would be the picture.
-    if (wxExecute("import -silent -window root bmp3:" + file, wxEXEC_SYNC | wxEXEC_NODISABLE) == 0)
-    {
-        image.LoadFile(file, wxBITMAP_TYPE_BMP);
-    }
-    wxRemoveFile(file);
-    return image;
+    Settle();
+    return ImageOf(GrabScreen());
 }
 
 wxImage PictureOf(wxWindow* window)
 {
+    Settle();
     const wxRect area(window->ClientToScreen(wxPoint(0, 0)), window->GetClientSize());
-    return PictureOfScreen().GetSubImage(area);
+    return ImageOf(GrabScreen(area.x, area.y, area.width, area.height));
 }
 
 wxColour PixelAt(const wxImage& image, int x, int y)

@@ -173,6 +173,14 @@ TEST_F(MatchesViewTest, TheChoicesAreRememberedAndThePaneKeepsItsHeight)
     Frame()->SetClientSize(size.x, size.y + 90);
     EXPECT_TRUE(WaitFor([&] { return m_Panes->GetSize().y == size.y + 90; }));
     EXPECT_EQ(Matches().GetSize().y, 130);
+    const int lines = 3 * m_View->GetCharHeight();
+    const int low = Panel().GetSize().y + lines + m_Panes->GetMinimumPaneSize() + 10;
+    Frame()->SetClientSize(size.x, low);
+    EXPECT_TRUE(WaitFor([&] { return m_Panes->GetSize().y == low; }));
+    EXPECT_GE(m_View->GetSize().y, lines);
+    Frame()->SetClientSize(size.x, size.y + 90);
+    EXPECT_TRUE(WaitFor([&] { return m_Panes->GetSize().y == size.y + 90; }));
+    EXPECT_EQ(Matches().GetSize().y, 130);
     m_Panes->SetLinesAround(1, 0);
     Settle();
     EXPECT_EQ(Shown(), "line 14|line 15|line 149|line 150|line 151|line 152|line 153|line 154|"

@@ -420,6 +420,22 @@ TEST_F(SearchPanelTest, ComesBackAsItWas)
     EXPECT_TRUE(WaitFor([this] { return m_View->GetMarkedLine() == 200; }));
 }
 
+TEST_F(SearchPanelTest, TheKeysOfReadingCommandsActOnTheViewFromTheField)
+{
+    AppendNumbered(50);
+    m_View->GoToLine(20);
+    Focus(Field());
+    Press(WXK_F2, wxMOD_CONTROL);
+    EXPECT_TRUE(m_View->GetBookmarks().empty()) << "not offered";
+    m_View->OfferReadingCommands(true);
+    Press(WXK_F2, wxMOD_CONTROL);
+    EXPECT_EQ(m_View->GetBookmarks(), std::vector<int>{20});
+    m_View->GoToLine(0);
+    Press(WXK_F2);
+    EXPECT_TRUE(WaitFor([this] { return m_View->GetSelectionEnd() == 20; }));
+    EXPECT_TRUE(Field()->HasFocus());
+}
+
 // Neither search nor count nor the pane of matches waits for a disk while the window does.
 TEST_F(SearchPanelTest, AClickIsAnsweredWhileASlowDiskIsSearched)
 {
@@ -429,8 +445,8 @@ TEST_F(SearchPanelTest, AClickIsAnsweredWhileASlowDiskIsSearched)
     Panel().SetText("line 3999");
     Panel().Find(true);
     EXPECT_TRUE(Panel().IsSearching());
-    long longest = 0;
-    int  line = 0;
+    Answers answers;
+    int     line = 0;
     // By the real pointer, again and again.
     const auto click = [&]
     {
@@ -441,12 +457,12 @@ TEST_F(SearchPanelTest, AClickIsAnsweredWhileASlowDiskIsSearched)
         pointer.MouseClick();
         EXPECT_TRUE(WaitFor( // the hit may scroll the line away that the pointer is at
             [&] { return m_View->GetSelectionEnd() == line || !Panel().IsSearching(); }));
-        longest = std::max(longest, time.Time());
+        answers.Add(time.Time());
         return !Panel().IsSearching();
     };
     EXPECT_TRUE(WaitFor(click));
     EXPECT_EQ(m_View->GetMarkedLine(), kLines - 1);
-    EXPECT_LT(longest, 100);
+    EXPECT_TRUE(answers.AreQuick());
     ExpectHits(1);
     EXPECT_TRUE(WaitFor([this] { return Panel().GetCurrent() == 1; }));
 }

@@ -4,6 +4,7 @@
 #include "textviews/wxTextLineCtrl.h"
 #include "textviews/wxTextSource.h"
 
+#include <algorithm>
 #include <chrono>
 #include <memory>
 #include <string>
@@ -25,6 +26,24 @@ public:
 
 private:
     std::string m_Text;
+};
+
+/// How long a window took to answer, again and again; in milliseconds. A busy machine adds to some
+/// of the times, waiting for the disk to most of them.
+class Answers
+{
+public:
+    void Add(long time) { m_Times.push_back(time); }
+    /// Most came in a tenth of a second.
+    bool AreQuick() const
+    {
+        const auto slow =
+            std::count_if(m_Times.begin(), m_Times.end(), [](long time) { return time >= 100; });
+        return slow * 2 < static_cast<long>(m_Times.size());
+    }
+
+private:
+    std::vector<long> m_Times;
 };
 
 /// Adds "line 0000 xxx" and so on, which lie on such a disk: some eight hundred in a block.

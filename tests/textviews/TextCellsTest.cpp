@@ -12,6 +12,12 @@ TEST(TextCells, ShowsWhatHasNoGlyph)
     EXPECT_EQ(textviews::CellAt("\x1b", 0).shown, 0x241Bu);
     EXPECT_EQ(textviews::CellAt("\x7f", 0).shown, 0x2421u);
     EXPECT_EQ(textviews::CellAt("\xc2\x85", 0).shown, 0xFFFDu);
+    for (const char* const invisible : {"\xe2\x80\x8b", "\xe2\x80\xae", "\xe2\x81\xa6"})
+    {
+        EXPECT_EQ(textviews::CellAt(invisible, 0).shown, 0xFFFDu) << "no line looks like another";
+        EXPECT_EQ(textviews::CellCount(invisible), 1);
+    }
+    EXPECT_EQ(textviews::CellCount("\xe2\x80\x8d"), 0) << "a joiner is part of a picture";
     EXPECT_EQ(textviews::CellAt("\xe9", 0).shown, 0xE9u) << "a Latin-1 byte shows as its character";
     EXPECT_NE(textviews::CellAt("\xe9", 0).code, textviews::CellAt("\xc3\xa9", 0).code)
         << "but is not the same";

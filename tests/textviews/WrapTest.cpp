@@ -377,7 +377,7 @@ TEST_F(WrapTest, VeryLongLinesStayAlive)
         m_View->Mouse(wxEVT_LEFT_UP, 60, 40);
         m_View->Redraw();
         m_View->PaintNow();
-        EXPECT_LT(watch.Time(), 200) << what;
+        EXPECT_LT(watch.Time(), 1000) << what; // some ten of a machine that is not busy
     };
     quick("the end");
     m_View->ScrollLines(-3);

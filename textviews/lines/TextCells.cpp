@@ -29,6 +29,17 @@ constexpr int64_t  kWordBytes = sizeof kHighBits;
 
 constexpr uint32_t kLastInvalid = kInvalidByteBase + 0xFF;
 
+// Those that order and part text without a look of their own, and could make a line look like
+// another one. Joiners are not among them: they are what some letters and pictures are made with.
+// Nor is the byte order mark, which files begin with.
+bool IsInvisible(uint32_t code)
+{
+    return code == 0x200B || code == 0x200E || code == 0x200F || // of no width, directions
+           (code >= 0x202A && code <= 0x202E) ||                 // embeddings and overrides
+           (code >= 0x2060 && code <= 0x2064) ||                 // word joiner, invisible signs
+           (code >= 0x2066 && code <= 0x2069);                   // isolates
+}
+
 uint32_t ShownFor(uint32_t code)
 {
     if (code < 0x20)
@@ -39,7 +50,7 @@ uint32_t ShownFor(uint32_t code)
     {
         return kDeletePicture;
     }
-    if (code >= 0x80 && code < 0xA0)
+    if ((code >= 0x80 && code < 0xA0) || IsInvisible(code))
     {
         return kReplacement;
     }
@@ -52,7 +63,7 @@ int CellsFor(uint32_t code)
     {
         return 1;
     }
-    if (g_unichar_iszerowidth(code))
+    if (!IsInvisible(code) && g_unichar_iszerowidth(code))
     {
         return 0;
     }

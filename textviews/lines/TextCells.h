@@ -11,7 +11,8 @@ namespace textviews
 /// Characters, columns and cells of a line. A column counts characters; a cell is one place of the
 /// grid that lines are drawn on. Most characters take one cell; wide ones (Chinese, Japanese,
 /// Korean, pictures) take two; combining marks take none and sit on the character before them.
-/// Control characters take one, and so does every byte that is no valid text.
+/// Control characters take one, those that are invisible among them, and so does every byte that is
+/// no valid text.
 
 struct TextCell
 {

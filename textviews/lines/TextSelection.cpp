@@ -34,6 +34,10 @@ void TextSelection::Clear()
 
 void TextSelection::Drag(int line, int count)
 {
+    if (m_Anchor == -1)
+    {
+        m_Anchor = m_Span.Line();
+    }
     m_Span.Clear();
     if (line == -1 && m_Anchor == -1)
     {

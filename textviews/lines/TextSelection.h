@@ -11,9 +11,12 @@ namespace textviews
 class TextSelection
 {
 public:
-    int  Anchor() const { return m_Anchor; } ///< -1 when nothing is selected.
-    int  End() const { return m_End; }       ///< -1 when nothing is selected.
-    bool IsEmpty() const { return m_Anchor == -1; }
+    int  Anchor() const { return m_Anchor; }        ///< -1 when nothing is selected.
+    int  End() const { return m_End; }              ///< -1 when nothing is selected.
+    bool IsEmpty() const { return m_Anchor == -1; } ///< No lines are selected.
+    /// Where keys and menus go on: the end, or the line that a part of is selected; -1 when nothing
+    /// is.
+    int  Place() const { return m_Span.Line() == -1 ? m_End : m_Span.Line(); }
     int  First() const { return m_Anchor < m_End ? m_Anchor : m_End; }
     int  Last() const { return m_Anchor < m_End ? m_End : m_Anchor; }
     bool Contains(int line) const { return line >= 0 && line >= First() && line <= Last(); }
@@ -27,7 +30,8 @@ public:
     /// Selects that line alone; a line at or beyond `count` selects nothing.
     void Click(int line, int count);
     /// Selects as far as that line; -1 stands for below the last line, and selects to it. A
-    /// selection that has no anchor yet gets it at the first line that it is dragged over.
+    /// selection that has no anchor yet gets it at the line of the part that was selected, or else
+    /// at the first line that it is dragged over.
     void Drag(int line, int count);
     void SelectAll(int count);
     void Clear();

@@ -88,7 +88,8 @@ void MatchesView::Leave()
     {
         return;
     }
-    EndSaving();
+    EndRun(m_Saving);
+    EndRun(m_Copying);
     m_Whole->Watch(*this, false);
     m_Whole = nullptr;
     Picked().Search().SetFinder(nullptr);
@@ -105,6 +106,7 @@ void MatchesView::Leave()
 void MatchesView::SetAround(const LinesAround& around)
 {
     StopSaving();
+    StopCopying();
     Keep();
     Picked().Search().SetAround(around);
     wxWakeUpIdle();
@@ -276,6 +278,7 @@ void MatchesView::LookFor(const std::shared_ptr<HitFinder>& finder, bool shown)
     if (finder != search.Finder())
     {
         StopSaving(); // half of the file would be of other lines
+        StopCopying();
         Keep();
         search.SetFinder(finder);
         MarkHits(finder);
@@ -376,7 +379,7 @@ void MatchesView::MoveBy(int rows)
     {
         return;
     }
-    const int from = GetSelectionEnd();
+    const int from = m_Selection->Place();
     const int row = from < 0 ? Geometry().WholeLine(true) : LineAfter(from, rows, count);
     m_Selection->Click(row, count);
     ShowLine(row);
@@ -395,7 +398,7 @@ void MatchesView::OnRowKey(wxKeyEvent& event)
     {
     case WXK_RETURN:
     case WXK_NUMPAD_ENTER:
-        GoToRow(GetSelectionEnd());
+        GoToRow(m_Selection->Place());
         break;
     case WXK_UP:
     case WXK_NUMPAD_UP:

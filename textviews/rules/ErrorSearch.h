@@ -1,6 +1,7 @@
 #pragma once
 
 #include "textviews/rules/LineJudge.h"
+#include "textviews/search/SearchState.h"
 
 #include <vector>
 
@@ -11,13 +12,7 @@ namespace textviews
 class ErrorSearch
 {
 public:
-    enum class State
-    {
-        Idle,
-        Running,
-        Found,
-        NotFound
-    };
+    using State = SearchState;
 
     /// Begins with that line; one before the first (behind the last) stands for the other end.
     void Begin(int line, bool forward, int lineCount);

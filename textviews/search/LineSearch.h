@@ -2,6 +2,7 @@
 
 #include "textviews/lines/TextCells.h"
 #include "textviews/search/HitFinder.h"
+#include "textviews/search/SearchState.h"
 #include "textviews/search/SearchedLines.h"
 
 #include <memory>
@@ -32,13 +33,7 @@ struct SearchPlace
 class LineSearch
 {
 public:
-    enum class State
-    {
-        Idle,
-        Running,
-        Found,
-        NotFound
-    };
+    using State = SearchState;
     /// What a search goes on by.
     enum class Unit
     {

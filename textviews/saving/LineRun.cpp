@@ -1,4 +1,4 @@
-#include "textviews/saving/SaveRun.h"
+#include "textviews/saving/LineRun.h"
 
 #include "vesta/Exception.h"
 
@@ -6,12 +6,12 @@
 
 namespace textviews
 {
-SaveRun::SaveRun(const LineStore& lines, const Path& path)
-    : m_Lines(lines), m_File(path), m_End(lines.Count())
+LineRun::LineRun(const LineStore& lines, int first, int end, std::unique_ptr<LineSink> sink)
+    : m_Lines(lines), m_Sink(std::move(sink)), m_First(first), m_Next(first), m_End(end)
 {
 }
 
-void SaveRun::Work(std::chrono::milliseconds slice)
+void LineRun::Work(std::chrono::milliseconds slice)
 {
     const auto end = std::chrono::steady_clock::now() + slice;
     m_IsWaiting = false;
@@ -20,11 +20,11 @@ void SaveRun::Work(std::chrono::milliseconds slice)
         m_End = std::min(m_End, m_Lines.Count()); // nobody tells of picked lines
         if (m_HasLost)
         {
-            Exception::Throw("SaveRun", "Work", 0, "Lines have gone before they were saved");
+            Exception::Throw("LineRun", "Work", 0, "Lines have gone before they were written");
         }
         if (m_Next >= m_End)
         {
-            m_File.Close();
+            m_Sink->Finish();
             m_IsDone = true;
             break;
         }
@@ -32,33 +32,32 @@ void SaveRun::Work(std::chrono::milliseconds slice)
         m_IsWaiting = !block;
         if (block)
         {
-            Write(*block);
+            Take(*block);
         }
     }
 }
 
-void SaveRun::Write(const LineStore::Block& block)
+void LineRun::Take(const LineStore::Block& block)
 {
-    const String endOfLine = OutputFile::k_EndOfLine;
-    const int    end = std::min(block.firstLine + block.lineCount, m_End);
+    const int end = std::min(block.firstLine + block.lineCount, m_End);
     for (; m_Next < end; ++m_Next)
     {
-        const std::string_view text = block.Line(m_Next - block.firstLine);
-        m_File.Write(text.data(), text.size());
-        m_File.Write(endOfLine);
+        m_Sink->Take(block.Line(m_Next - block.firstLine));
     }
 }
 
-int SaveRun::Percent() const
+int LineRun::Percent() const
 {
-    return m_End == 0 ? 100 : static_cast<int>(int64_t{100} * m_Next / m_End);
+    const int count = m_End - m_First;
+    return count <= 0 ? 100 : static_cast<int>(int64_t{100} * (m_Next - m_First) / count);
 }
 
 // What comes at the end came too late, unless it is a line that was there and has grown.
-void SaveRun::LineInserted(int line)
+void LineRun::LineInserted(int line)
 {
     if (line < m_Next)
     {
+        m_First += line <= m_First ? 1 : 0;
         ++m_Next;
         ++m_End;
     }
@@ -73,7 +72,7 @@ void SaveRun::LineInserted(int line)
     }
 }
 
-void SaveRun::LineErased(int line)
+void LineRun::LineErased(int line)
 {
     if (line >= m_End)
     {
@@ -81,13 +80,14 @@ void SaveRun::LineErased(int line)
     }
     m_Replaced += line == m_End - 1 ? 1 : 0;
     m_HasLost = m_HasLost || (line >= m_Next && line < m_End - 1);
+    m_First -= line < m_First ? 1 : 0;
     m_Next -= line < m_Next ? 1 : 0;
     --m_End;
 }
 
-void SaveRun::LinesCleared()
+void LineRun::LinesCleared()
 {
     m_HasLost = m_Next < m_End;
-    m_Next = m_End = 0;
+    m_First = m_Next = m_End = 0;
 }
 } // namespace textviews
