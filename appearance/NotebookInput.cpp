@@ -18,7 +18,13 @@ bool wxtNotebook::ClosePage(wxWindow* page)
     {
         return false;
     }
+    const wxWeakRef<wxWindow> outer = m_Closing; // its handler closes this one, too
+    m_Closing = page;
     const bool isAllowed = Send(wxEVT_AUINOTEBOOK_PAGE_CLOSE, index, m_curPage);
+    if (book)
+    {
+        m_Closing = outer;
+    }
     if (!book || !isAllowed || !closed)
     {
         return !closed;
@@ -200,7 +206,7 @@ void wxtNotebook::ShowPageList()
     if (tabs)
     {
         const wxRect place = tabs->GetScreenRect();
-        OpenChooser(*this, wxPoint(place.GetRight() + 1, place.GetBottom() + 1), false, true);
+        OpenChooser(*this, wxPoint(place.GetRight(), place.GetBottom() + 1), false, true);
     }
 }
 

@@ -265,6 +265,7 @@ void wxtNotebook::Dock(wxWindow* page, wxAuiTabCtrl* tabs, size_t place)
     const auto found = std::find_if(windows.begin(), windows.end(), isIts);
     const std::unique_ptr<appearance::PageWindow> window = std::move(*found);
     windows.erase(found);
+    const bool hadKeys = window->frame && window->frame->IsActive();
     if (window->frame)
     {
         internal::EndMouseHold(*window->frame);
@@ -282,7 +283,7 @@ void wxtNotebook::Dock(wxWindow* page, wxAuiTabCtrl* tabs, size_t place)
     wxAuiTabCtrl& target = tabs ? *tabs : *now;
     MoveTo(page, target, std::min(place, target.GetPageCount()));
     const int old = m_curPage;
-    ShowPage(page, false);
+    ShowPage(page, hadKeys);
     m_IsQuiet = wasQuiet;
     // Later: whoever brings the page back goes on with the notebook.
     auto* const changed = new wxAuiNotebookEvent(wxEVT_AUINOTEBOOK_PAGE_CHANGED, GetId());

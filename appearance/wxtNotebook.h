@@ -6,6 +6,7 @@
 #include "vesta/String.h"
 
 #include <wx/aui/auibook.h>
+#include <wx/weakref.h>
 
 #include <functional>
 #include <memory>
@@ -92,6 +93,9 @@ public:
     /// Closes a page as the user does: asks (`PAGE_CLOSE`), deletes it and tells (`PAGE_CLOSED`).
     /// False when it is still there.
     bool ClosePage(wxWindow* page);
+    /// For handlers of `PAGE_CLOSE`: the page that it is about. One that has a window of its own
+    /// has no index, and the event's selection is `wxNOT_FOUND` then. Null at other times.
+    wxWindow* ClosingPage() const { return m_Closing; }
 
     /// The page to that side (`wxLEFT` and so on) of the pane that it lies in, which has other
     /// pages besides.
@@ -218,5 +222,6 @@ private:
     String                 m_Name; ///< Of the layout.
     bool                   m_AllowsWindows = true;
     bool                   m_IsQuiet = false;   ///< Pages are selected without events.
+    wxWeakRef<wxWindow>    m_Closing;           ///< The page that `PAGE_CLOSE` is sent for.
     const wxWindowBase*    m_Leaving = nullptr; ///< A page that is being destroyed.
 };

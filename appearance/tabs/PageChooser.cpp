@@ -2,6 +2,7 @@
 
 #include "appearance/inputs/ListKeys.h"
 #include "internal/input/PadKey.h"
+#include "internal/port/TypedKey.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/event.h>
@@ -181,7 +182,7 @@ bool PageChooser::TakesKey(wxKeyEvent& event)
 
 void PageChooser::Type(wxKeyEvent& event)
 {
-    const wxUniChar typed(event.GetUnicodeKey());
+    const wxUniChar typed = internal::TypedBy(event);
     if (event.HasModifiers() || typed.GetValue() < ' ')
     {
         return;
@@ -190,6 +191,6 @@ void PageChooser::Type(wxKeyEvent& event)
     m_Typed = now - m_LastTyped > kTypingPause ? wxString() : m_Typed;
     m_LastTyped = now;
     m_Typed += typed;
-    m_List->MarkByStart(m_Typed);
+    m_List->MarkByTyping(m_Typed);
 }
 } // namespace appearance

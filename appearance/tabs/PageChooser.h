@@ -29,7 +29,7 @@ public:
     PageChooser(wxWindow& owner, std::vector<Page> pages, int marked, Chosen chosen);
     ~PageChooser() override;
 
-    /// Below a point of the screen.
+    /// Below a point of the screen, and left of it.
     void OpenBelow(const wxPoint& screen);
     /// Around a point, once Ctrl has been held for a moment.
     void OpenWhileHeld(const wxPoint& screen);

@@ -69,7 +69,7 @@ void PageList::Open(const wxPoint& screen, bool centred)
     const wxRect display =
         wxDisplay(index == wxNOT_FOUND ? 0U : static_cast<unsigned>(index)).GetClientArea();
     wxRect place(screen, BestSize(display));
-    place.Offset(centred ? -place.width / 2 : 0, centred ? -place.height / 2 : 0);
+    place.Offset(centred ? -place.width / 2 : 1 - place.width, centred ? -place.height / 2 : 0);
     place = internal::MovedInto(display, place);
     m_Seen = (place.height - 2 * kFrame) / RowHeight();
     SetSize(place);
@@ -89,10 +89,10 @@ void PageList::Mark(int row)
     ScrollTo(std::max(std::min(m_First, m_Marked), m_Marked - m_Seen + 1));
 }
 
-void PageList::MarkByStart(const wxString& typed)
+void PageList::MarkByTyping(const wxString& typed)
 {
     const int start = m_Marked + (typed.length() == 1 ? 1 : 0);
-    const int found = FindByStart(
+    const int found = FindByTyping(
         typed, start, Count(), [this](int row) { return m_Rows[static_cast<size_t>(row)].text; });
     if (found >= 0)
     {

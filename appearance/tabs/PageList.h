@@ -22,15 +22,16 @@ public:
 
     PageList(wxWindow* parent, std::vector<Row> rows);
 
-    /// Shows it with its corner there, or as near as the display lets it be; `centred`: its middle.
+    /// Shows it with its upper right corner there, or as near as the display lets it be; `centred`:
+    /// its middle.
     void Open(const wxPoint& screen, bool centred);
 
     int  Marked() const { return m_Marked; }
     int  Count() const { return static_cast<int>(m_Rows.size()); }
     int  PageLength() const { return m_Seen; } ///< Rows.
     void Mark(int row);
-    /// Marks the next row that begins like this; without regard to case.
-    void MarkByStart(const wxString& typed);
+    /// Marks the next row that begins like this, or else has it in it; without regard to case.
+    void MarkByTyping(const wxString& typed);
 
     std::function<void()> m_OnPicked; ///< The marked row was clicked.
 

@@ -267,6 +267,32 @@ TEST_F(NotebookTest, KeysLeadFromWindowToWindow)
     }
 }
 
+// Whatever had the keys of the frame that it comes back to.
+TEST_F(NotebookTest, APageComesBackWithTheKeys)
+{
+    Add({"a", "b"});
+    auto* const field = new wxtButton(Page("b"), wxID_ANY, "Go");
+    (new wxtButton(Page("a"), wxID_ANY, "Go"))->SetFocus();
+    wxFrame* const own = m_Book->OpenWindow(Page("b"));
+    ASSERT_TRUE(WaitFor([&] { return own->IsActive(); }));
+    own->Close();
+    EXPECT_TRUE(WaitFor([&] { return Frame()->IsActive() && field->HasFocus(); }));
+}
+
+// Also what is typed with Shift; with real keys.
+TEST_F(NotebookTest, ThePageListIsGoneThroughByTyping)
+{
+    Add({"a", "b_1", "b_2"});
+    Page("a")->SetFocus();
+    m_Book->ShowPageList();
+    for (const auto& [key, modifiers] :
+         {std::pair<int, int>('B', 0), {'-', wxMOD_SHIFT}, {'2', 0}, {WXK_RETURN, 0}})
+    {
+        Press(key, modifiers);
+    }
+    EXPECT_TRUE(WaitFor([&] { return Look() == "ab_1b_2**"; })) << Look();
+}
+
 // A control's mnemonic works in the window that its page is in, and only where it is seen.
 TEST_F(NotebookTest, MnemonicsGoWithThePage)
 {

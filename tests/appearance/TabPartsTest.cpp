@@ -1,3 +1,4 @@
+#include "appearance/inputs/ItemDrawing.h"
 #include "appearance/tabs/DropPlace.h"
 #include "appearance/tabs/TabLayout.h"
 #include "appearance/tabs/TabRow.h"
@@ -220,4 +221,21 @@ TEST(TabLayoutTest, NoOtherTextIsOne)
     }
     EXPECT_TRUE(TabLayout::OfText("tabs1"));
     EXPECT_TRUE(TabLayout::OfText("tabs1 / 5 0 0 0 6 4 0 %4 %zz"));
+}
+
+TEST(PageListTest, TypingFindsABeginningBeforeAnythingInside)
+{
+    const std::vector<wxString> names = {"0011.log", "0012 error.log", L"\u00c4rger.log", "errors"};
+    const auto                  found = [&](const wxString& typed, int start)
+    {
+        return appearance::FindByTyping(typed, start, 4,
+                                        [&](int row) { return names[static_cast<size_t>(row)]; });
+    };
+    EXPECT_EQ(3, found("Err", 0));
+    EXPECT_EQ(1, found("error.", 0));
+    EXPECT_EQ(1, found("001", 1));
+    EXPECT_EQ(0, found("1.log", 3)); // goes round
+    EXPECT_EQ(2, found(L"\u00e4", 0));
+    EXPECT_EQ(-1, found("nothing", 0));
+    EXPECT_EQ(-1, appearance::FindByTyping("x", 1, 0, [](int) { return wxString(); }));
 }
