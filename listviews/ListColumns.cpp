@@ -190,6 +190,13 @@ void wxDBListCtrl::SetHighlightColumn(int index)
     }
 }
 
+// Points of the titles' events lie above the rows.
+bool wxDBListCtrl::IsOnTitles(const wxListEvent& event) const
+{
+    const int above = -event.GetPoint().y;
+    return above > 0 && above <= m_Header->GetSize().y;
+}
+
 int wxDBListCtrl::FindColumnByType(int type) const
 {
     return m_Model->FindType(type);

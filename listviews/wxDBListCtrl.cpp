@@ -260,6 +260,12 @@ bool wxDBListCtrl::IsSelecting() const
     return m_Body->Selecting().IsBusy() || (m_Refresh && m_Refresh->IsBusy());
 }
 
+void wxDBListCtrl::SelectAllRows()
+{
+    CALL_ENTRY("wxDBListCtrl::SelectAllRows");
+    m_Keys->SelectAll();
+}
+
 bool wxDBListCtrl::FinishSelecting()
 {
     CALL_ENTRY("wxDBListCtrl::FinishSelecting");

@@ -52,9 +52,9 @@ wxDECLARE_EXPORTED_EVENT(TOLVAN_API, wxtEVT_LIST_COLUMNS, wxListEvent);
 ///
 /// Users hide, show, fit and move columns, in a menu of the titles, by hand and by keys: Ctrl+Left
 /// and Ctrl+Right go from title to title, with Shift they take the column along; Ctrl+Enter clicks
-/// the title, Ctrl+Shift+F10 opens the menu, and Ctrl with the plus of the numeric pad fits all. A
-/// derived class that answers for a cell goes by its column's `type` or `key`, not by its index, or
-/// says that the columns stay (`AllowColumnMoves`).
+/// the title, also with Shift, Ctrl+Shift+F10 opens the menu, and Ctrl with the plus of the numeric
+/// pad fits all. A derived class that answers for a cell goes by its column's `type` or `key`, not
+/// by its index, or says that the columns stay (`AllowColumnMoves`).
 ///
 /// Indexes of rows and columns count from 0 in the order shown. An operation on a row or a column
 /// that the list does not have does nothing; asked for one, it answers with an empty one. Main
@@ -129,6 +129,9 @@ public:
     void FitAllColumns(); ///< Those that are shown; takes 100 ms at most.
     void ResetColumns();  ///< Order, widths and visibility are as when they were added.
     void AllowColumnMoves(bool allow); ///< By hands and keys; so it is at first.
+    /// Whether a pressed title was let go on the titles: what a handler of `wxEVT_LIST_COL_CLICK`
+    /// asks before it sorts, since the event comes wherever the mouse is let go. True of keys.
+    bool IsOnTitles(const wxListEvent& event) const;
     /// Replaces the images of the titles, the sort arrows too.
     void SetHeaderImages(const std::vector<wxBitmapBundle>& images);
     /// Keeps the widths in the options file, as "120, 80, 200".
@@ -164,6 +167,7 @@ public:
     /// @{
     bool IsSelecting() const; ///< There are rows to be told of that the user has (de)selected.
     bool FinishSelecting();   ///< Tells of them now. False when a handler has destroyed the list.
+    void SelectAllRows();     ///< As Ctrl+A does; nothing in a list for one row.
     /// @}
 
     const wxCursor& GetCurrentCursor() const;

@@ -228,7 +228,13 @@ void wxDBListHeader::OnRDown(wxMouseEvent& event)
 void wxDBListHeader::AskForMenu(int column, const wxPoint& where)
 {
     CALL_ENTRY("wxDBListHeader::AskForMenu");
-    GiveUpMove();
+    if (!GiveUpMove() && m_Model.pressedColumn >= 0)
+    {
+        // The menu gets the release.
+        LetMouseGo();
+        m_Model.pressedColumn = -1;
+        Redraw();
+    }
     const wxPoint inBody = where - wxPoint(0, GetSize().y);
     if (TellList(wxEVT_LIST_COL_RIGHT_CLICK, inBody, column, -1) == Outcome::Passed)
     {

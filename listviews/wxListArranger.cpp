@@ -248,7 +248,8 @@ void wxListArranger::Sort(std::vector<listviews::SortRule> rules)
 void wxListArranger::OnTitle(wxListEvent& event)
 {
     event.Skip();
-    if (m_List && event.GetColumn() >= 0 && event.GetColumn() < m_List->GetColumnCount())
+    if (m_List && m_List->IsOnTitles(event) && event.GetColumn() >= 0 &&
+        event.GetColumn() < m_List->GetColumnCount())
     {
         ClickTitle(m_List->GetColumn(event.GetColumn()).type, wxGetKeyState(WXK_SHIFT));
     }

@@ -84,7 +84,7 @@ void JobTree::SortBy(int type, bool descending)
 void JobTree::OnTitle(wxListEvent& event)
 {
     event.Skip();
-    if (event.GetColumn() < 0 || event.GetColumn() >= GetColumnCount())
+    if (!IsOnTitles(event) || event.GetColumn() < 0 || event.GetColumn() >= GetColumnCount())
     {
         return;
     }

@@ -42,8 +42,8 @@ constexpr struct
     {WXK_RIGHT, mod_Control, KeyAction::NextTitle},
     {WXK_LEFT, mod_Both, KeyAction::MoveTitleLeft},
     {WXK_RIGHT, mod_Both, KeyAction::MoveTitleRight},
-    {WXK_RETURN, mod_Control, KeyAction::ClickTitle},
-    {WXK_NUMPAD_ENTER, mod_Control, KeyAction::ClickTitle},
+    {WXK_RETURN, mod_Control | mod_Both, KeyAction::ClickTitle},
+    {WXK_NUMPAD_ENTER, mod_Control | mod_Both, KeyAction::ClickTitle},
     {WXK_F10, mod_Both, KeyAction::TitleMenu},
     {WXK_NUMPAD_ADD, mod_Control, KeyAction::FitAll},
 };

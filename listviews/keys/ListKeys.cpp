@@ -130,10 +130,7 @@ bool ListKeys::Do(KeyAction action, KeyModifiers modifiers)
         }
         return true;
     case KeyAction::SelectAll:
-        if (!m_Parts.singleSelection)
-        {
-            m_Rows.All();
-        }
+        SelectAll();
         return true;
     case KeyAction::Activate:
         if (!HasFocusRow())
@@ -154,6 +151,14 @@ bool ListKeys::Do(KeyAction action, KeyModifiers modifiers)
         return true;
     default:
         return false;
+    }
+}
+
+void ListKeys::SelectAll()
+{
+    if (!m_Parts.singleSelection)
+    {
+        m_Rows.All();
     }
 }
 

@@ -32,6 +32,8 @@ public:
 
     explicit ListKeys(const Parts& parts);
 
+    void SelectAll(); ///< Nothing in a list for one row.
+
 private:
     void OnKey(wxKeyEvent& event);
     void OnCharacter(wxKeyEvent& event);

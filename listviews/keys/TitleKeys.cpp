@@ -59,7 +59,9 @@ bool TitleKeys::Do(KeyAction action)
         {
             return false;
         }
-        m_Header.SendListEvent(wxEVT_LIST_COL_CLICK, title.GetPosition(), m_Model.titleCursor, -1);
+        m_Header.SendListEvent(wxEVT_LIST_COL_CLICK,
+                               title.GetPosition() - wxPoint(0, m_Header.GetSize().y),
+                               m_Model.titleCursor, -1);
         return true;
     case KeyAction::TitleMenu:
         m_Header.AskForMenu(HasCursor() ? m_Model.titleCursor : m_Model.MainColumn(),

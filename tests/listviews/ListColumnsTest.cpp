@@ -104,6 +104,30 @@ protected:
 };
 } // namespace
 
+// The event comes wherever the mouse is let go; the handler is told where.
+TEST_F(ListColumnsTest, AHandlerKnowsOfATitleThatWasLetGoElsewhere)
+{
+    std::string where;
+    m_List->Bind(wxEVT_LIST_COL_CLICK,
+                 [&](wxListEvent& event) { where += m_List->IsOnTitles(event) ? "on " : "off "; });
+    for (const int down : {0, 60, -40})
+    {
+        MoveTo(50);
+        m_Input.MouseDown();
+        PumpEvents();
+        m_Input.MouseMove(Header()->ClientToScreen(wxPoint(50, 8 + down)));
+        m_Input.MouseUp();
+        Told();
+    }
+    for (const int modifiers : {+wxMOD_CONTROL, wxMOD_CONTROL | wxMOD_SHIFT})
+    {
+        m_List->SetFocus();
+        Press(WXK_RIGHT, wxMOD_CONTROL);
+        Press(WXK_RETURN, modifiers);
+    }
+    EXPECT_TRUE(WaitFor([&] { return where == "on off off on on "; })) << where;
+}
+
 TEST_F(ListColumnsTest, TitlesAreDraggedToTheirPlaces)
 {
     const struct
