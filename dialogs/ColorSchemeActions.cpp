@@ -170,16 +170,32 @@ void wxColorSchemeDlg::Export()
     }
 }
 
+// A button that cannot be used once more gives the keys to the one that takes its deed back.
 void wxColorSchemeDlg::Undo()
 {
+    const String typed = wxtFromWx(m_Value->GetValue());
+    const bool   isTaken = dialogs::TypedColour(typed).IsOk();
+    if (!isTaken && typed != dialogs::ColourText(m_Edit->shown[Row()]))
+    {
+        ShowValue(); // what was typed last, and is no colour yet, is the first to go
+        return;
+    }
     m_Edit->history.Undo();
     ShowPresent();
+    if (!FindFocus() && !m_Edit->history.CanUndo())
+    {
+        m_Redo->SetFocus();
+    }
 }
 
 void wxColorSchemeDlg::Redo()
 {
     m_Edit->history.Redo();
     ShowPresent();
+    if (!FindFocus() && !m_Edit->history.CanRedo())
+    {
+        m_Undo->SetFocus();
+    }
 }
 
 void wxColorSchemeDlg::Pick()

@@ -26,12 +26,14 @@ namespace
 // Pixels.
 constexpr int kBorder = 12;
 constexpr int kGap = 6;
-constexpr int kValueWidth = 110;
-constexpr int kSmallestName = 80;
 constexpr int kListHeight = 320;
 const wxSize  kSmallestList(180, 100);
 constexpr int kSpare = 16;     // of a list's width: some themes' scrollbars are wider than they say
 constexpr int kListShare = 45; // percent of the screen's width, of each list at first
+
+// Characters.
+constexpr int kValueWidth = 14;
+constexpr int kSmallestName = 10;
 
 constexpr int     kGatherMs = 120; // what changes meanwhile is written and shown at once
 const char* const kPositionName = "Colour Scheme";
@@ -113,10 +115,11 @@ wxSizer* wxColorSchemeDlg::NewValueRow()
 {
     auto* const row = new wxBoxSizer(wxHORIZONTAL);
     m_Name = NewOneLine(color_Text);
-    m_Name->SetMinSize(wxSize(kSmallestName, m_Name->GetCharHeight()));
+    const int character = GetCharWidth();
+    m_Name->SetMinSize(wxSize(kSmallestName * character, m_Name->GetCharHeight()));
     m_Sample = new dialogs::ColourSample(this);
-    m_Value =
-        new wxtTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxSize(kValueWidth, -1));
+    m_Value = new wxtTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition,
+                              wxSize(kValueWidth * character, -1));
     m_Value->AutoComplete(nullptr); // a colour is no word of the farm's
     m_Value->Bind(wxEVT_TEXT, &wxColorSchemeDlg::OnValue, this);
     m_Value->Bind(wxEVT_KILL_FOCUS,

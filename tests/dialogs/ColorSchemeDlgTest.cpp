@@ -193,11 +193,24 @@ TEST_F(ColorSchemeDlgTest, WhatIsTypedIsShownAtOnceAndTakenBack)
             EXPECT_FALSE(dialog.Validate());
             ASSERT_TRUE(WaitFor([] { return wxtGetColor(color_WindowBGLighter) == kRed; }));
             EXPECT_EQ("scheme = 5\nWindowBGLighter = #FF0000\n; mine\n", Ini());
+            Press('Z', wxMOD_CONTROL); // what is no colour goes first, and the colour stays
+            ASSERT_TRUE(WaitFor([&] { return field->GetValue() == "#FF0000"; }));
+            EXPECT_EQ("scheme = 5\nWindowBGLighter = #FF0000\n; mine\n", Ini());
             Press('Z', wxMOD_CONTROL);
             ASSERT_TRUE(WaitFor([&] { return Ini() == "scheme = 5\n; mine\n"; }));
             EXPECT_EQ("#5C5C5C", field->GetValue());
             Press('Z', wxMOD_CONTROL | wxMOD_SHIFT);
             ASSERT_TRUE(WaitFor([&] { return field->GetValue() == "#FF0000"; }));
+            const auto button = [&](const wxString& label)
+            { return wxWindow::FindWindowByLabel(label, &dialog); };
+            Focus(button("&Undo"));
+            Press(WXK_SPACE);
+            EXPECT_TRUE(WaitFor([&] { return button("&Redo")->HasFocus(); }));
+            Press(WXK_SPACE);
+            EXPECT_TRUE(WaitFor([&] { return field->GetValue() == "#FF0000"; }));
+            EXPECT_TRUE(WaitFor([&] { return button("&Undo")->HasFocus(); }))
+                << "all is done again";
+            Focus(field);
             Press(key);
         };
         const bool isKept = Run(dialog, act) == wxID_OK;
