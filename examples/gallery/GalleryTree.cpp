@@ -100,6 +100,12 @@ void AddTree(wxWindow* parent, wxSizer* sizer)
     tree->Open(3);
     tree->GetBody()->SendListEvent(wxEVT_LIST_ITEM_SELECTED, wxPoint(0, 0), 0, 3);
     tree->Bind(wxEVT_LIST_COL_CLICK,
-               [tree](wxListEvent& event) { SortByTitle(*tree, event.GetColumn()); });
+               [tree](wxListEvent& event)
+               {
+                   if (tree->IsOnTitles(event) && event.GetColumn() >= 0)
+                   {
+                       SortByTitle(*tree, event.GetColumn());
+                   }
+               });
     sizer->Add(tree, 1, wxEXPAND);
 }

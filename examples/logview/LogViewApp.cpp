@@ -1,6 +1,7 @@
 #include "logview/LogViewFrame.h"
 
 #include "common/CommandHelp.h"
+#include "common/EndRequest.h"
 #include "shell/wxTolvanApp.h"
 #include "tolvan/Components.h"
 
@@ -36,7 +37,7 @@ public:
         {
             return false;
         }
-        auto* const frame = new LogViewFrame;
+        auto* const frame = new LogViewFrame(m_End);
         const auto& files = commandLine.Arguments();
         if (files.empty())
         {
@@ -48,6 +49,9 @@ public:
         frame->Show();
         return true;
     }
+
+private:
+    EndRequest m_End{*this};
 };
 } // namespace
 

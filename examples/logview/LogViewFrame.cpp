@@ -1,14 +1,17 @@
 #include "logview/LogViewFrame.h"
 
 #include "appearance/wxTolvanString.h"
+#include "appearance/wxtMenuKey.h"
 #include "appearance/wxtNotebook.h"
 #include "appearance/wxtStockControls.h"
 #include "common/AboutInfo.h"
+#include "common/EndRequest.h"
 #include "common/EscapesMenu.h"
 #include "common/FollowingText.h"
 #include "common/LogLookChoice.h"
 #include "common/PreferencesDlg.h"
 #include "common/ReadingAids.h"
+#include "common/SavingQuestion.h"
 #include "dialogs/wxQuestion.h"
 #include "dialogs/wxtAboutDlg.h"
 #include "logview/ChosenFiles.h"
@@ -59,7 +62,7 @@ bool IsReopeningWanted()
 }
 
 const wxSize kFirstSize(900, 600);    // pixels, before the user has chosen
-const wxSize kSmallestSize(320, 200); // pixels
+const wxSize kSmallestSize(400, 340); // pixels: some lines beside the whole search bar
 
 // The name of the kept layout.
 const char* const kLayout = "LogView";
@@ -82,14 +85,16 @@ private:
 };
 } // namespace
 
-LogViewFrame::LogViewFrame()
+LogViewFrame::LogViewFrame(const EndRequest& end)
     : wxTolvanFrame(wxGetTranslation("Tolvan Log Viewer"), wxDefaultPosition, kFirstSize),
+      m_EndRequest(end),
       m_Recent(Options())
 {
     SetMinSize(kSmallestSize);
     BuildMenus();
     BuildPages();
     Bind(wxEVT_CLOSE_WINDOW, &LogViewFrame::OnClose, this);
+    Bind(wxEVT_CHAR_HOOK, &LogViewFrame::OnKey, this);
     m_StatusTimer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { ShowStatus(); });
     m_StatusTimer.Start(kStatusMs);
     LoadWindowPosition();
@@ -117,6 +122,10 @@ void LogViewFrame::BuildMenus()
     auto* const edit = new wxMenu;
     AppendTextCommands(*edit);
     AppendReadingCommands(*edit);
+    wxtShowMenuKey(*edit->Append(wxTextLineCtrl::id_ScrollToTop, wxGetTranslation("F&irst Line")),
+                   "Ctrl+Home");
+    wxtShowMenuKey(*edit->Append(wxTextLineCtrl::id_ScrollToBottom, wxGetTranslation("&Last Line")),
+                   "Ctrl+End");
     AppendErrorCommands(*edit);
     edit->AppendSeparator();
     edit->Append(wxID_PREFERENCES, wxGetTranslation("&Preferences...\tCtrl+,"));
@@ -205,11 +214,14 @@ void LogViewFrame::BuildPages()
     m_Pages->Bind(wxEVT_AUINOTEBOOK_PAGE_CLOSE,
                   [this](wxAuiNotebookEvent& event)
                   {
-                      event.Skip();
-                      if (event.GetSelection() != wxNOT_FOUND) // it has a window of its own
+                      const wxWeakRef<wxWindow> page = m_Pages->ClosingPage();
+                      if (!MayEndSaving(page ? wxGetTopLevelParent(page) : nullptr, page))
                       {
-                          NoteClosed(m_Pages->GetPage(static_cast<size_t>(event.GetSelection())));
+                          event.Veto();
+                          return;
                       }
+                      event.Skip();
+                      NoteClosed(page);
                   });
     m_Pages->Bind(wxEVT_AUINOTEBOOK_PAGE_CLOSED,
                   [this](wxAuiNotebookEvent& event)
@@ -445,6 +457,11 @@ void LogViewFrame::OnClose(wxCloseEvent& event)
 {
     if (m_End.Begin())
     {
+        return;
+    }
+    if (event.CanVeto() && !m_EndRequest.IsMade() && !MayEndSaving(this, nullptr))
+    {
+        event.Veto();
         return;
     }
     SaveWindowPosition();

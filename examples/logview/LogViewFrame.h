@@ -9,6 +9,7 @@
 
 #include <vector>
 
+class EndRequest;
 class LogPage;
 class wxtNotebook;
 class wxtStaticText;
@@ -17,7 +18,8 @@ class wxtStaticText;
 class LogViewFrame : public wxTolvanFrame
 {
 public:
-    LogViewFrame();
+    /// `end` must outlive it.
+    explicit LogViewFrame(const EndRequest& end);
 
     /// A page each, and for a folder one for each log file in it; the last one is shown.
     void OpenFiles(const std::vector<Path>& names);
@@ -56,15 +58,17 @@ private:
     void OnPreferences(wxCommandEvent& event);
     void OnAbout(wxCommandEvent& event);
     void OnTextCommand(wxCommandEvent& event);
+    void OnKey(wxKeyEvent& event);
     void OnClose(wxCloseEvent& event);
 
-    wxtNotebook*   m_Pages = nullptr;
-    wxtStaticText* m_Status = nullptr;
-    wxMenu*        m_RecentMenu = nullptr;
-    bool           m_IsReopened = false;
-    RecentFiles    m_Recent;
-    wxTimer        m_StatusTimer;
-    wxEndLater     m_End{*this};
+    const EndRequest& m_EndRequest;
+    wxtNotebook*      m_Pages = nullptr;
+    wxtStaticText*    m_Status = nullptr;
+    wxMenu*           m_RecentMenu = nullptr;
+    bool              m_IsReopened = false;
+    RecentFiles       m_Recent;
+    wxTimer           m_StatusTimer;
+    wxEndLater        m_End{*this};
 
     std::vector<OpenedFile> m_Closed; ///< What pages had that were closed, the latest last.
 };

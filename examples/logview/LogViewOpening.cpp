@@ -139,9 +139,11 @@ void LogViewFrame::OnMerge(wxCommandEvent&)
     }
 }
 
+// What came from the standard input does not come again.
 void LogViewFrame::NoteClosed(const wxWindow* page)
 {
-    if (const auto* const closed = dynamic_cast<const LogPage*>(page))
+    const auto* const closed = dynamic_cast<const LogPage*>(page);
+    if (closed && !closed->IsInput())
     {
         m_Closed.push_back(closed->Place());
     }

@@ -69,7 +69,6 @@ JobList::JobList(wxWindow* parent, FarmJobs& jobs, Actions actions)
                  ShowMenu(*where);
              }
          });
-    GetHeader()->Bind(wxEVT_LEFT_UP, &JobList::OnTitleRelease, this);
     SetModel(&m_Model);
     Arrange();
     m_Jobs.Changed.Connect(this,
@@ -303,16 +302,9 @@ void JobList::ShowMenu(const wxPoint& where)
     }
 }
 
-// Before the header tells of the click, which it does wherever the button is let go.
-void JobList::OnTitleRelease(wxMouseEvent& event)
-{
-    event.Skip();
-    m_IsReleasedOutside = !GetHeader()->GetClientRect().Contains(event.GetPosition());
-}
-
 void JobList::OnTitle(wxListEvent& event)
 {
-    if (event.GetColumn() >= 0 && !std::exchange(m_IsReleasedOutside, false))
+    if (event.GetColumn() >= 0 && IsOnTitles(event))
     {
         SortBy(Clicked(m_Order, GetColumn(event.GetColumn()).type, wxGetKeyState(WXK_SHIFT)));
     }

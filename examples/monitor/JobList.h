@@ -83,7 +83,6 @@ private:
 
     void SortBy(JobOrder order);
     void OnActivate(wxListEvent& event);
-    void OnTitleRelease(wxMouseEvent& event);
     void OnTitle(wxListEvent& event);
     void ShowMenu(const wxPoint& where);
 
@@ -95,7 +94,6 @@ private:
     std::vector<Kept>        m_Kept;
     jobwidgets::ClosedGroups m_Closed;
     bool                     m_ShowsFrames = false;
-    bool                     m_IsReleasedOutside = false; ///< A title, with the mouse.
     bool                     m_IsStale = true;
     bool                     m_IsListStale = true;
     std::optional<wxPoint>   m_MenuDue; ///< Where the menu is to be shown once rows are arranged.

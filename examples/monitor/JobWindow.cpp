@@ -12,6 +12,8 @@
 #include "common/EscapesMenu.h"
 #include "common/FollowingText.h"
 #include "common/ReadingAids.h"
+#include "common/SavingQuestion.h"
+#include "shell/OpenWindows.h"
 #include "tolvan/JobFactory.h"
 #include "vesta/Application.h"
 
@@ -50,8 +52,7 @@ JobWindow::JobWindow(FarmJobs& jobs, const FarmJob& job, const Resubmit& resubmi
     : wxTolvanFrame(wxtToWx(OneLine(job.name, kMostTitle)), wxDefaultPosition, kFirstSize),
       m_Jobs(jobs),
       m_Id(job.id),
-      m_Type(JobFactory::s_JobFactory->GetTypeInfo(UID(job.type), true)),
-      m_Shown(job.output.Begin())
+      m_Type(JobFactory::s_JobFactory->GetTypeInfo(UID(job.type), true))
 {
     m_Jobs.Watch(m_Id, true);
     BuildMenus(resubmit);
@@ -61,6 +62,10 @@ JobWindow::JobWindow(FarmJobs& jobs, const FarmJob& job, const Resubmit& resubmi
     m_Output->KeepArrivalTimes(); // what was there before came at some other time
     m_Jobs.Changed.Connect(this, [this](const FarmJobs::News& news) { OnNews(news); });
     wxSetWindowPos(this, kPositionName, CascadeOffset());
+    wxOpenUserWindow(this, job.product);
+    // The handler that is bound last comes first: a window that stays is kept in the menu of
+    // windows.
+    Bind(wxEVT_CLOSE_WINDOW, &JobWindow::OnClose, this);
     m_Built = true;
 }
 
@@ -227,6 +232,12 @@ void JobWindow::OnCommand(wxCommandEvent& event)
     {
         event.Skip();
     }
+}
+
+void JobWindow::OnClose(wxCloseEvent& event)
+{
+    const bool stays = event.CanVeto() && !MayEndSaving(this, this);
+    stays ? event.Veto() : event.Skip();
 }
 
 void JobWindow::OnKill()

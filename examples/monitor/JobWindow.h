@@ -39,6 +39,7 @@ private:
     void OnNews(const FarmJobs::News& news);
     void OnKill();
     void OnCommand(wxCommandEvent& event);
+    void OnClose(wxCloseEvent& event);
 
     FarmJobs&                            m_Jobs;
     String                               m_Id;

@@ -2,8 +2,6 @@
 
 #include "monitor/FarmJobs.h"
 
-#include "shell/OpenWindows.h"
-
 #include <iterator>
 #include <utility>
 
@@ -26,7 +24,6 @@ void JobWindows::Open(const String& id)
     {
         auto* const window = new JobWindow(m_Jobs, *job, m_Resubmit);
         m_Windows.emplace(id, window);
-        wxOpenUserWindow(window, job->product);
         window->Show();
     }
 }

@@ -12,7 +12,6 @@
 #include "listviews/wxDBListHeader.h"
 #include "vesta/Application.h"
 
-#include <wx/listbase.h>
 #include <wx/sizer.h>
 
 #include <algorithm>
@@ -185,15 +184,8 @@ void JobsPane::CopyRows()
 
 void JobsPane::SelectAllRows()
 {
-    const Filtered* const         part = FindFocused();
-    const wxWeakRef<wxDBListCtrl> list((part ? part : &m_JobsPart)->list);
-    for (int row = 0; list && row < list->GetItemCount(); ++row)
-    {
-        if (!list->IsRowSelected(row))
-        {
-            list->GetBody()->SendListEvent(wxEVT_LIST_ITEM_SELECTED, wxPoint(0, 0), 0, row);
-        }
-    }
+    const Filtered* const part = FindFocused();
+    (part ? part : &m_JobsPart)->list->SelectAllRows();
 }
 
 void JobsPane::OpenFilter()

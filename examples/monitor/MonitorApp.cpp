@@ -1,6 +1,7 @@
 #include "monitor/MonitorFrame.h"
 
 #include "common/CommandHelp.h"
+#include "common/EndRequest.h"
 #include "common/StartTime.h"
 #include "master/StartMaster.h"
 #include "shell/wxTolvanApp.h"
@@ -9,7 +10,6 @@
 #include "vesta/Platform.h"
 #include "vesta/UID.h"
 
-#include <atomic>
 #include <cstdio>
 
 namespace
@@ -46,7 +46,7 @@ private:
     std::shared_ptr<FarmFeed> m_Feed;
     FarmJobs                  m_Jobs;
     wxWeakRef<MonitorFrame>   m_Frame;
-    std::atomic<bool>         m_IsToldToEnd{false};
+    EndRequest                m_End{*this};
 };
 
 String ProductName(const String& type)
@@ -61,15 +61,6 @@ MonitorApp::MonitorApp()
 {
     SetApplicationName("Tolvan Monitor");
     SetAppDisplayName("Tolvan Monitor");
-    // Here, before the application's own slots: they have the window closed.
-    const auto end = [this] { m_IsToldToEnd = true; };
-    ShutdownMsg::s_Signal.Connect(this, [end](const boost::shared_ptr<ShutdownMsg>&) { end(); });
-    Bind(wxEVT_QUERY_END_SESSION,
-         [end](wxCloseEvent& event)
-         {
-             event.Skip();
-             end();
-         });
 }
 
 bool MonitorApp::Startup(CommandLine& commandLine)
@@ -123,7 +114,7 @@ void MonitorApp::BuildFrame()
 {
     m_Frame =
         new MonitorFrame({m_Feed, m_Jobs, [this](const Message& message) { return Send(message); },
-                          [this] { return m_IsToldToEnd.load(); }});
+                          [this] { return m_End.IsMade(); }});
     // The connection may have come before there was a window to tell of it.
     m_Frame->OnConnection(IsConnected());
 }

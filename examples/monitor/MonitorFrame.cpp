@@ -15,6 +15,7 @@
 #include "common/FollowingText.h"
 #include "common/LogLookChoice.h"
 #include "common/PreferencesDlg.h"
+#include "common/SavingQuestion.h"
 #include "dialogs/wxQuestion.h"
 #include "dialogs/wxtAboutDlg.h"
 #include "shell/wxTolvanApp.h"
@@ -24,6 +25,7 @@
 
 #include <wx/menu.h>
 #include <wx/sizer.h>
+#include <wx/textentry.h>
 
 #include <algorithm>
 
@@ -105,7 +107,7 @@ void MonitorFrame::BindCommands()
          wxTextLineCtrl::id_RemoveBookmarks);
     Bind(wxEVT_MENU, &MonitorFrame::OnTextCommand, this, wxTextLineCtrl::id_NextError,
          wxTextLineCtrl::id_PreviousError);
-    Bind(wxEVT_CHAR_HOOK, &MonitorFrame::OnListKey, this);
+    Bind(wxEVT_CHAR_HOOK, &MonitorFrame::OnReadingKey, this);
     // Bound last, it is asked first: nobody else knows the ids of those menus.
     Bind(wxEVT_MENU, &MonitorFrame::OnJobCommand, this);
 }
@@ -274,12 +276,15 @@ void MonitorFrame::OnTextCommand(wxCommandEvent& event)
     }
 }
 
-// A list has no places of its own to find again: those keys are about the log there, too. A text
-// field keeps them.
-void MonitorFrame::OnListKey(wxKeyEvent& event)
+// Nothing but the log has places to find again: those keys are about it wherever the keyboard is. A
+// text field keeps them.
+void MonitorFrame::OnReadingKey(wxKeyEvent& event)
 {
-    const int command = wxTextLineCtrl::ReadingCommandOf(event);
-    if (command == wxID_NONE || !m_Jobs->HasListFocus())
+    const int       command = wxTextLineCtrl::ReadingCommandOf(event);
+    wxWindow* const focus = FindFocus();
+    const bool      isElsewhere = focus && !m_Splitter->GetWindow2()->IsDescendant(focus) &&
+                             !dynamic_cast<const wxTextEntry*>(focus);
+    if (command == wxID_NONE || !isElsewhere)
     {
         event.Skip();
         return;
@@ -359,7 +364,7 @@ void MonitorFrame::OnClose(wxCloseEvent& event)
     {
         return;
     }
-    if (!mustEnd && !MayQuit())
+    if (!mustEnd && !(MayQuit() && MayEndSaving(this, nullptr)))
     {
         event.Veto();
         return;

@@ -52,7 +52,7 @@ private:
     void ShareHeights();
     void ShowJobMenu(const std::vector<String>& ids, const wxPoint& where);
     void OnTextCommand(wxCommandEvent& event);
-    void OnListKey(wxKeyEvent& event);
+    void OnReadingKey(wxKeyEvent& event);
     void OnJobCommand(wxCommandEvent& event);
     void OnSubmit();
     void Resubmit(const String& id, wxWindow* parent);
