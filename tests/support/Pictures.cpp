@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 wxImage Drawn(const wxSize& size, const wxColour& background,
               const std::function<void(wxMemoryDC&)>& draw)
@@ -27,7 +28,8 @@ wxImage Drawn(const wxSize& size, const wxColour& background,
 
 namespace
 {
-constexpr int kSettleMs = 60; // what the program has just done is on the screen by then
+constexpr int kSettleMs = 60; // what the program has just done is mostly on the screen by then
+constexpr int kMostSettleMs = 2000; // what moves all the time never stands still
 
 wxImage ImageOf(const ScreenGrab& grab)
 {
@@ -40,23 +42,30 @@ wxImage ImageOf(const ScreenGrab& grab)
     return image;
 }
 
-void Settle()
+// A busy machine may need longer to draw: until it shows the same twice.
+ScreenGrab Settled(const wxRect& area)
 {
     WaitFor([] { return false; }, kSettleMs);
+    ScreenGrab grab;
+    const auto stands = [&]
+    {
+        ScreenGrab now = GrabScreen(area.x, area.y, area.width, area.height);
+        std::swap(now, grab);
+        return now.width > 0 && now.pixels == grab.pixels;
+    };
+    WaitFor(stands, kMostSettleMs);
+    return grab;
 }
 } // namespace
 
 wxImage PictureOfScreen()
 {
-    Settle();
-    return ImageOf(GrabScreen());
+    return ImageOf(Settled({}));
 }
 
 wxImage PictureOf(wxWindow* window)
 {
-    Settle();
-    const wxRect area(window->ClientToScreen(wxPoint(0, 0)), window->GetClientSize());
-    return ImageOf(GrabScreen(area.x, area.y, area.width, area.height));
+    return ImageOf(Settled(wxRect(window->ClientToScreen(wxPoint(0, 0)), window->GetClientSize())));
 }
 
 wxColour PixelAt(const wxImage& image, int x, int y)
