@@ -3,6 +3,7 @@
 #include "appearance/wxTolvanString.h"
 #include "internal/input/MouseHold.h"
 #include "internal/input/PadKey.h"
+#include "internal/port/MenuKeys.h"
 #include "internal/windows/Geometry.h"
 #include "internal/windows/UpperFloors.h"
 #include "vesta/CallEntry.h"
@@ -177,29 +178,48 @@ void wxtNotebook::OnWindowActive(wxActivateEvent& event)
     }
 }
 
-// Of a page in a window the keys that lead to other pages work as they do in the notebook.
 void wxtNotebook::OnWindowKey(wxKeyEvent& event)
 {
     CALL_ENTRY("wxtNotebook::OnWindowKey");
-    const int       key = internal::OffThePad(event.GetKeyCode());
-    const auto*     window = dynamic_cast<wxWindow*>(event.GetEventObject());
-    wxWindow* const page =
-        PageIn(window ? wxGetTopLevelParent(const_cast<wxWindow*>(window)) : nullptr);
+    auto* const     window = dynamic_cast<wxWindow*>(event.GetEventObject());
+    wxWindow* const page = PageIn(window ? wxGetTopLevelParent(window) : nullptr);
+    auto* const     host = dynamic_cast<wxFrame*>(wxGetTopLevelParent(this));
+    if (!page || (!OnPageKey(page, event) && !(host && internal::PressMenuKey(*host, event))))
+    {
+        event.Skip();
+    }
+}
+
+// Of a page in a window the keys that lead to other pages work as they do in the notebook.
+bool wxtNotebook::OnPageKey(wxWindow* page, const wxKeyEvent& event)
+{
+    const int  key = internal::OffThePad(event.GetKeyCode());
     const bool isPage = key == WXK_PAGEUP || key == WXK_PAGEDOWN;
-    if (page && event.RawControlDown() && !event.AltDown() && key == WXK_TAB)
+    if (event.RawControlDown() && !event.AltDown() && key == WXK_TAB)
     {
         ChooseByUse(page, !event.ShiftDown());
-        return;
+        return true;
     }
-    wxWindow* const neighbour = page && event.GetModifiers() == wxMOD_CONTROL && isPage
+    wxWindow* const neighbour = event.GetModifiers() == wxMOD_CONTROL && isPage
                                     ? Neighbour(*WindowOf(page), key == WXK_PAGEUP ? -1 : 1)
                                     : nullptr;
     if (neighbour)
     {
         BringUp(neighbour);
-        return;
     }
-    event.Skip();
+    return neighbour != nullptr;
+}
+
+wxWindow* wxtNotebook::PageInUse() const
+{
+    for (const auto& window : m_Parts->windows)
+    {
+        if (window->page && window->frame && window->frame->IsActive())
+        {
+            return window->page;
+        }
+    }
+    return GetCurrentPage();
 }
 
 // Of the place among the tabs that the page came from; null when there are no tabs.
@@ -225,6 +245,7 @@ wxWindow* wxtNotebook::Neighbour(const appearance::PageWindow& window, int steps
 // The page is shown, has the keys, and its window is in front of the others.
 void wxtNotebook::BringUp(wxWindow* page)
 {
+    CALL_ENTRY("wxtNotebook::BringUp");
     const wxWeakRef<wxWindow> aimed(page);
     const bool                isInTabs = FindPage(page) != wxNOT_FOUND;
     if ((!isInTabs && !WindowOf(page)) || (isInTabs && !Select(page, true)) || !aimed)
@@ -236,7 +257,7 @@ void wxtNotebook::BringUp(wxWindow* page)
     {
         top->Restore();
     }
-    if (top && !top->IsActive())
+    if (top && top->IsShown() && !top->IsActive())
     {
         top->Raise();
     }

@@ -37,7 +37,8 @@ struct TabLayout;
 /// Ctrl is held, pages in windows of their own among them; Ctrl+PgUp and Ctrl+PgDn go to the
 /// neighbours in the tabs, with Shift they move the tab. The same keys work in a page's own window:
 /// its neighbours are those of the place that it came from, and the window of the page that is
-/// chosen comes to the front. When a tab has the keys the arrows, Home and End select, Enter and
+/// chosen comes to the front. So do the keys of the menus of the notebook's frame: a command of
+/// theirs is about `PageInUse`. When a tab has the keys the arrows, Home and End select, Enter and
 /// Down lead into the page, Delete closes it, and the menu key opens the menu of the tab, as a
 /// right click does.
 ///
@@ -116,6 +117,12 @@ public:
     /// Brings a page back to where it was.
     void                   CloseWindow(wxWindow* page);
     std::vector<wxWindow*> PagesInWindows() const;
+    /// The page that the user is at: that of the window that is active, else the notebook's current
+    /// one. Null when there is none.
+    wxWindow* PageInUse() const;
+    /// Shows a page, in front of other windows where it has one of its own, and gives it the keys;
+    /// nothing happens for what is no page.
+    void BringUp(wxWindow* page);
     /// @}
 
     /// @name Layout
@@ -208,9 +215,9 @@ private:
     wxWindow*               PageIn(const wxObject* frame) const;
     void                    OnWindowClose(wxCloseEvent& event);
     void                    OnWindowKey(wxKeyEvent& event);
+    bool                    OnPageKey(wxWindow* page, const wxKeyEvent& event);
     void                    OnWindowActive(wxActivateEvent& event);
     wxWindow*               Neighbour(const appearance::PageWindow& window, int steps) const;
-    void                    BringUp(wxWindow* page);
     String                  WindowName(const wxWindow* page) const;
     void                    KeepWindowPlaces() const;
     void                    TellOfMove(wxWindow* page);

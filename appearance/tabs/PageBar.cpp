@@ -2,6 +2,7 @@
 
 #include "appearance/tabs/NotebookParts.h"
 #include "internal/input/MouseHold.h"
+#include "internal/port/ToolTips.h"
 #include "vesta/CallEntry.h"
 
 #include <wx/dcclient.h>
@@ -29,6 +30,9 @@ PageBar::PageBar(wxFrame& frame, wxtNotebook& book, wxWindow* page)
     Bind(wxEVT_LEFT_UP, &PageBar::OnRelease, this);
     Bind(wxEVT_MOTION, &PageBar::OnMotion, this);
     Bind(wxEVT_LEAVE_WINDOW, &PageBar::OnLeave, this);
+    Bind(wxEVT_MIDDLE_DOWN, &PageBar::OnMiddle, this);
+    Bind(wxEVT_MIDDLE_DCLICK, &PageBar::OnMiddle, this);
+    Bind(wxEVT_MIDDLE_UP, &PageBar::OnMiddle, this);
     Bind(wxEVT_RIGHT_DOWN, &PageBar::OnRightDown, this);
     Bind(wxEVT_MOUSE_CAPTURE_LOST, &PageBar::OnCaptureLost, this);
 }
@@ -61,6 +65,25 @@ bool PageBar::IsOnSlot(const wxPoint& point) const
     return art && art->SlotIn(*this, window->info, TabRect()).Contains(point);
 }
 
+bool PageBar::IsOnTab(const wxPoint& point) const
+{
+    return Window() && TabRect().Contains(point);
+}
+
+// The same as in the notebook's row of tabs.
+void PageBar::SetTip(const wxPoint& point)
+{
+    wxString tip;
+    if (IsOnTab(point))
+    {
+        const wxAuiNotebookPage& page = Window()->info;
+        const auto&              art = static_cast<wxtTabArt&>(*m_Book->GetArtProvider());
+        const bool               isShort = art.IsShortened(*this, page, TabRect().width, true);
+        tip = page.tooltip.empty() && isShort ? page.caption : page.tooltip;
+    }
+    internal::SetToolTipHere(*this, tip);
+}
+
 void PageBar::OnPaint(wxPaintEvent&)
 {
     CALL_ENTRY("PageBar::OnPaint");
@@ -85,7 +108,7 @@ void PageBar::OnPress(wxMouseEvent& event)
     CALL_ENTRY("PageBar::OnPress");
     m_PressPoint = event.GetPosition();
     m_IsSlotPressed = IsOnSlot(m_PressPoint);
-    m_IsPressed = !m_IsSlotPressed && Window() && TabRect().Contains(m_PressPoint);
+    m_IsPressed = !m_IsSlotPressed && IsOnTab(m_PressPoint);
     Refresh();
     if (event.LeftDClick() && m_IsPressed)
     {
@@ -128,6 +151,7 @@ void PageBar::OnMotion(wxMouseEvent& event)
         m_Book->m_Parts->drag->Follow(screen, isHeld);
         return;
     }
+    SetTip(event.GetPosition());
     const bool isOnSlot = IsOnSlot(event.GetPosition());
     if (isOnSlot != m_IsSlotHovered)
     {
@@ -147,10 +171,23 @@ void PageBar::OnLeave(wxMouseEvent&)
     Refresh();
 }
 
+// Closes at the release, as the tabs of the notebook do.
+void PageBar::OnMiddle(wxMouseEvent& event)
+{
+    CALL_ENTRY("PageBar::OnMiddle");
+    const bool isOnTab = IsOnTab(event.GetPosition());
+    const bool wasPressed = std::exchange(m_IsMiddlePressed, !event.MiddleUp() && isOnTab);
+    if (event.MiddleUp() && isOnTab && wasPressed && m_Book->HasFlag(wxAUI_NB_MIDDLE_CLICK_CLOSE) &&
+        !m_Book->m_Parts->drag)
+    {
+        m_Book->ClosePage(m_Page);
+    }
+}
+
 void PageBar::OnRightDown(wxMouseEvent& event)
 {
     CALL_ENTRY("PageBar::OnRightDown");
-    if (Window() && TabRect().Contains(event.GetPosition()))
+    if (IsOnTab(event.GetPosition()))
     {
         m_Book->ShowTabMenu(m_Page);
     }

@@ -31,7 +31,8 @@ struct PageWindow
 };
 
 /// The bar at the top of such a window, with the page's tab, which is dragged back into the
-/// notebook, and brings the page back at a double click or by its close button. Goes with the page.
+/// notebook, brings the page back at a double click or by its close button, and closes it at a
+/// middle click. Goes with the page.
 class PageBar : public wxWindow, public wxtColorManaged
 {
 public:
@@ -44,13 +45,16 @@ private:
     PageWindow* Window() const;
     wxRect      TabRect() const;
     bool        IsOnSlot(const wxPoint& point) const;
+    bool        IsOnTab(const wxPoint& point) const;
     bool        IsDragStart(const wxPoint& point) const;
+    void        SetTip(const wxPoint& point);
 
     void OnPaint(wxPaintEvent& event);
     void OnPress(wxMouseEvent& event);
     void OnRelease(wxMouseEvent& event);
     void OnMotion(wxMouseEvent& event);
     void OnLeave(wxMouseEvent& event);
+    void OnMiddle(wxMouseEvent& event);
     void OnRightDown(wxMouseEvent& event);
     void OnCaptureLost(wxMouseCaptureLostEvent& event);
 
@@ -58,6 +62,7 @@ private:
     wxWeakRef<wxWindow>    m_Page;
     wxPoint                m_PressPoint;
     bool                   m_IsPressed = false;
+    bool                   m_IsMiddlePressed = false;
     bool                   m_IsSlotPressed = false;
     bool                   m_IsSlotHovered = false;
 };

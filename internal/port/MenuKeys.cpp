@@ -1,5 +1,7 @@
 #include "internal/port/MenuKeys.h"
 
+#include <wx/event.h>
+#include <wx/frame.h>
 #include <wx/menuitem.h>
 
 #include <gtk/gtk.h>
@@ -58,5 +60,13 @@ bool WriteKey(const wxMenuItem& item, const wxAcceleratorEntry& key)
                                GTK_ACCEL_VISIBLE);
     g_object_set_data(G_OBJECT(widget), kWritten, widget);
     return true;
+}
+
+bool PressMenuKey(const wxFrame& frame, const wxKeyEvent& key)
+{
+    const int flags = (key.ControlDown() ? wxACCEL_CTRL : 0) |
+                      (key.ShiftDown() ? wxACCEL_SHIFT : 0) | (key.AltDown() ? wxACCEL_ALT : 0);
+    const guint port = gdk_keyval_to_lower(key.GetRawKeyCode());
+    return gtk_accel_groups_activate(G_OBJECT(frame.GetHandle()), port, PortModifiers(flags));
 }
 } // namespace internal

@@ -9,6 +9,7 @@
 #include "vesta/Application.h"
 
 #include <wx/dcmemory.h>
+#include <wx/menu.h>
 #include <wx/sizer.h>
 #include <wx/stopwatch.h>
 #include <wx/uiaction.h>
@@ -277,6 +278,57 @@ TEST_F(NotebookTest, APageComesBackWithTheKeys)
     ASSERT_TRUE(WaitFor([&] { return own->IsActive(); }));
     own->Close();
     EXPECT_TRUE(WaitFor([&] { return Frame()->IsActive() && field->HasFocus(); }));
+}
+
+// With real keys and a real pointer.
+TEST_F(NotebookTest, APagesWindowHasTheKeysOfTheMenus)
+{
+    Add({"a", "b", "c"});
+    auto* const menu = new wxMenu;
+    menu->Append(wxID_CLOSE, "Close\tCtrl+W");
+    menu->AppendCheckItem(wxID_ICONIZE_FRAME, "Tick\tF11");
+    menu->Append(wxID_OPEN, "Open\tCtrl+O")->Enable(false);
+    auto* const bar = new wxMenuBar;
+    bar->Append(menu, "&Menu");
+    Frame()->SetMenuBar(bar);
+    std::vector<wxWindow*> used;
+    Frame()->Bind(wxEVT_MENU,
+                  [&](wxCommandEvent& event)
+                  {
+                      used.push_back(m_Book->PageInUse());
+                      if (event.GetId() == wxID_CLOSE)
+                      {
+                          m_Book->ClosePage(used.back());
+                      }
+                  });
+    wxWindow* const b = Page("b");
+    wxFrame* const  own = m_Book->OpenWindow(b);
+    ASSERT_TRUE(WaitFor([&] { return own->IsActive() && b->IsShownOnScreen(); }));
+    Press(WXK_F11);
+    EXPECT_TRUE(WaitFor([&] { return used.size() == 1; }));
+    EXPECT_TRUE(bar->IsChecked(wxID_ICONIZE_FRAME));
+    Press('O', wxMOD_CONTROL);
+    Press('W', wxMOD_CONTROL);
+    EXPECT_TRUE(WaitFor([&] { return used.size() == 2 && Frame()->IsActive(); }));
+    EXPECT_EQ((std::vector<wxWindow*>{b, b}), used) << "what is disabled has no key";
+    Press(WXK_F11);
+    EXPECT_TRUE(WaitFor([&] { return used.size() == 3; }));
+    EXPECT_EQ(m_Book->GetCurrentPage(), used.back());
+    EXPECT_FALSE(bar->IsChecked(wxID_ICONIZE_FRAME));
+    EXPECT_EQ(2u, m_Book->GetPageCount());
+
+    wxFrame* const other = m_Book->OpenWindow(Page("c"));
+    ASSERT_TRUE(WaitFor([&] { return other->IsActive(); }));
+    other->SetPosition(wxPoint(700, 100));
+    wxWindow* const     tab = other->GetChildren().front();
+    wxUIActionSimulator input;
+    EXPECT_TRUE(
+        WaitFor([&] { return tab->IsShownOnScreen() && tab->GetScreenPosition().x >= 700; }));
+    input.MouseMove(tab->GetScreenPosition() + wxPoint(10, 10));
+    PumpEvents();
+    input.MouseClick(wxMOUSE_BTN_MIDDLE);
+    EXPECT_TRUE(WaitFor([&] { return m_Book->PagesInWindows().empty(); }));
+    EXPECT_EQ(1u, m_Book->GetPageCount()) << "closed, and not brought back";
 }
 
 // Also what is typed with Shift; with real keys.
