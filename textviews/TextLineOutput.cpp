@@ -39,24 +39,17 @@ String wxTextLineCtrl::SelectedText(bool plain) const
     {
         return plain ? String(m_Shown->PlainTextOf(part)) : part;
     }
-    const int first = std::max(m_Selection->First(), 0);
-    const int last = std::min(m_Selection->Last(), m_Lines->Count() - 1);
-    String    text;
-    // Growing would take twice the memory, and that of a log may be much.
-    text.reserve(m_Lines->RoughBytes(first, last) + static_cast<size_t>(last - first + 1));
+    const int    first = std::max(m_Selection->First(), 0);
+    const int    last = std::min(m_Selection->Last(), m_Lines->Count() - 1);
+    String       text;
+    const size_t bytes = m_Lines->RoughBytes(first, last) + static_cast<size_t>(last - first + 1);
+    textviews::TextSink sink(plain ? m_Shown : nullptr, bytes,
+                             [&text](String all) { text = std::move(all); });
     for (int line = first; line <= last; ++line)
     {
-        const std::string_view bytes = m_Lines->LineNow(line);
-        if (plain)
-        {
-            text += m_Shown->PlainTextOf(bytes);
-        }
-        else
-        {
-            text += bytes;
-        }
-        text += '\n';
+        sink.Take(m_Lines->LineNow(line), line < last && m_Lines->GoesOn(line));
     }
+    sink.Finish();
     return text;
 }
 

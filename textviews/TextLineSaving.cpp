@@ -25,7 +25,7 @@ void wxTextLineCtrl::SaveAs()
     }
     const wxWeakRef<wxWindow> self(this);
     const wxString            name = wxFileSelector(
-                   wxASCII_STR(wxFileSelectorPromptStr), wxEmptyString, wxEmptyString, wxEmptyString,
+                   wxGetTranslation("Save As"), wxEmptyString, wxEmptyString, wxEmptyString,
                    wxASCII_STR(wxFileSelectorDefaultWildcardStr), wxFD_SAVE | wxFD_OVERWRITE_PROMPT, this);
     if (!name.empty() && self)
     {
@@ -46,7 +46,10 @@ void wxTextLineCtrl::SaveTo(const Path& path) const
         {
             const std::string_view text = block.Line(i);
             file.Write(text.data(), text.size());
-            file.Write(endOfLine);
+            if (!m_Lines->GoesOn(line + i))
+            {
+                file.Write(endOfLine);
+            }
         }
         line = block.firstLine + block.lineCount;
     }

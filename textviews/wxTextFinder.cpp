@@ -41,7 +41,7 @@ public:
     {
         const size_t tabs = TabsIn(line);
         const size_t bytes = line.size() + tabs * textviews::k_TabGrowth;
-        if (m_Found.size() == m_First || !Fits(m_Found.back(), bytes))
+        if (m_Found.size() == m_First || m_Found.back().goesOn || !Fits(m_Found.back(), bytes))
         {
             wxTextStretch stretch;
             stretch.offset = m_Offset + static_cast<uint64_t>(line.data() - m_Bytes.data());
@@ -60,6 +60,8 @@ public:
             stretch.cells = std::max(stretch.cells, cells);
         }
     }
+
+    void CutHere() { m_Found.back().goesOn = true; }
 
 private:
     static bool Fits(const wxTextStretch& stretch, size_t bytes)
@@ -117,6 +119,10 @@ size_t wxFindTextLines(std::string_view bytes, uint64_t offset,
         }
         const auto size = static_cast<size_t>(lineEnd - line);
         found.Add({line, size}, size + feed);
+        if (feed == 0)
+        {
+            found.CutHere();
+        }
         line = lineEnd + feed;
     }
     return static_cast<size_t>(line - bytes.data());

@@ -344,6 +344,15 @@ bool wxTextLineCtrl::IsLine(int line, const char* where) const
     return isLine;
 }
 
+void wxTextLineCtrl::SetGoesOn(int line)
+{
+    CALL_ENTRY("wxTextLineCtrl::SetGoesOn");
+    if (IsLine(line, "SetGoesOn"))
+    {
+        m_Lines->SetGoesOn(line);
+    }
+}
+
 void wxTextLineCtrl::Drop(int index)
 {
     if (!m_Watchers.empty())

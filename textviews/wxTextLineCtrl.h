@@ -89,6 +89,9 @@ public:
     /// many it could add: 2,147,483,646 lines at most are in a view.
     int AppendStored(const std::shared_ptr<const wxTextSource>& source,
                      const std::vector<wxTextStretch>&          stretches);
+    /// The line was too long and has been cut; the next one is the rest of it: no line feed comes
+    /// between them when they are saved or copied. An index without a line is logged and ignored.
+    void SetGoesOn(int line);
     /// Removes the line; those after it move up. An index without a line is logged and ignored.
     void Erase(int index);
     /// Removes all lines. The scrollbars stay as they are until the next `Append` or `Erase`, so

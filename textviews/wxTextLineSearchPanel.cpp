@@ -202,6 +202,20 @@ void wxTextLineSearchPanel::LookAnew()
 void wxTextLineSearchPanel::Find(bool forward)
 {
     CALL_ENTRY("wxTextLineSearchPanel::Find");
+    if (m_View)
+    {
+        Find(forward, m_View->SearchStart(forward, m_Search->LooksAtShown()));
+    }
+}
+
+void wxTextLineSearchPanel::FindFrom(int line)
+{
+    CALL_ENTRY("wxTextLineSearchPanel::FindFrom");
+    Find(true, {line, 0});
+}
+
+void wxTextLineSearchPanel::Find(bool forward, const textviews::SearchPlace& start)
+{
     m_TypingTimer.Stop();
     if (!m_View || GetText().empty())
     {
@@ -210,7 +224,7 @@ void wxTextLineSearchPanel::Find(bool forward)
     m_FirstScroll = -1; // from now on the place is that of the hit
     m_FindsTyped = false;
     RememberText();
-    Begin(forward, m_View->SearchStart(forward, m_Search->LooksAtShown()));
+    Begin(forward, start);
 }
 
 // What is typed shows its first hit from where the view stood before it was typed. Whoever scrolls

@@ -58,6 +58,8 @@ public:
 
     /// Begins to look for the field's text; the result comes later.
     void Find(bool forward);
+    /// The same, for the first hit in this line or a later one.
+    void FindFrom(int line);
     /// Ends a search that runs; what was hit before stays.
     void StopSearch();
     bool IsSearching() const;
@@ -144,6 +146,7 @@ private:
     void                   LookAnew();
     void                   OnLines();
     void                   KeepWatch();
+    void                   Find(bool forward, const textviews::SearchPlace& start);
     void                   Begin(bool forward, const textviews::SearchPlace& start);
     void                   FindTyped();
     void                   FinishSearch();

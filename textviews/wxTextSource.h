@@ -41,5 +41,6 @@ struct wxTextStretch
     uint32_t size = 0;   ///< Bytes in the source.
     uint32_t bytes = 0;  ///< Of the lines as the view has them: no line feeds, tabs as spaces.
     int      lines = 0;
-    int64_t  cells = 0; ///< Of the widest line, unless one found by the same call is wider.
+    int64_t  cells = 0;      ///< Of the widest line, unless one found by the same call is wider.
+    bool     goesOn = false; ///< The last line was cut: the stretch behind is the rest of it.
 };

@@ -1,6 +1,6 @@
 #include "textviews/gutter/ArrivalTimes.h"
-#include "textviews/gutter/Bookmarks.h"
 #include "textviews/jumps/LineTarget.h"
+#include "textviews/lines/MarkedLines.h"
 #include "textviews/lines/TextSelection.h"
 
 #include <gtest/gtest.h>
@@ -41,7 +41,7 @@ TEST(LineMarksTest, MarksAndTimesStayWithTheirLines)
     std::mt19937 random(99);
     const auto   any = [&random](size_t below) { return below == 0 ? 0 : random() % below; };
     int64_t      now = kNoon;
-    Bookmarks    marks;
+    MarkedLines  marks;
     ArrivalTimes times(3, [&now] { return Time::Seconds(now); });
     std::vector<PlainLine> lines(3);
     for (int step = 0; step < 20000; ++step)
@@ -88,7 +88,7 @@ TEST(LineMarksTest, MarksAndTimesStayWithTheirLines)
 
 TEST(LineMarksTest, TheNextMarkIsFoundRoundTheEnds)
 {
-    Bookmarks marks;
+    MarkedLines marks;
     EXPECT_FALSE(marks.Next(3, true));
     for (const int line : {4, 9, 20})
     {

@@ -87,6 +87,46 @@ TEST(LineStore, AgreesWithAVector)
     }
 }
 
+// As long as it is followed by its rest.
+TEST(LineStore, ALineThatGoesOnStaysSoWhateverComesAndGoes)
+{
+    textviews::LineStore store = StoreOf({"before", "a1", "a2", "a3", "b"});
+    const auto           goingOn = [&store]
+    {
+        std::string all;
+        for (int line = 0; line < store.Count(); ++line)
+        {
+            all += std::string(store.Line(line)) + (store.GoesOn(line) ? "" : "|");
+        }
+        return all;
+    };
+    store.SetGoesOn(1);
+    store.SetGoesOn(2);
+    store.SetGoesOn(5);
+    EXPECT_EQ(goingOn(), "before|a1a2a3|b|");
+    store.Erase(0);
+    store.Insert(0, "x");
+    store.Insert(1, "y");
+    EXPECT_EQ(goingOn(), "x|y|a1a2a3|b|");
+    store.Erase(3);
+    EXPECT_EQ(goingOn(), "x|y|a1a3|b|") << "the middle has gone";
+    store.Erase(3);
+    EXPECT_EQ(goingOn(), "x|y|a1|b|") << "so has its end";
+    store.SetGoesOn(2);
+    store.Insert(3, "z");
+    EXPECT_EQ(goingOn(), "x|y|a1|z|b|") << "that is no rest of it";
+    store.SetGoesOn(3);
+    store.Erase(4);
+    store.Append("grown");
+    EXPECT_EQ(goingOn(), "x|y|a1|zgrown|") << "an unfinished line comes anew";
+    store.Clear();
+    store.Append("c");
+    store.Append("c");
+    store.Append("c");
+    store.Append("c");
+    EXPECT_EQ(goingOn(), "c|c|c|c|");
+}
+
 TEST(LineStore, ALineThatDoesNotExistDoesNoHarm)
 {
     textviews::LineStore store = StoreOf({"one"});

@@ -200,6 +200,10 @@ TEST(StoredLines, ALineThatDoesNotEndIsCut)
     textviews::LineStore store;
     Store(store, piece + sign + piece + "\nnext\n");
     ExpectSame(store, {piece, sign + piece.substr(2), "xx", "next"});
+    for (int line = -1; line < 5; ++line)
+    {
+        EXPECT_EQ(line == 0 || line == 1, store.GoesOn(line)) << line;
+    }
 }
 
 // There are as many lines as before, and they say what has become of them.

@@ -311,6 +311,17 @@ TEST_F(TextInputTest, AKeySavesByteForByteAndTellsOfAFailure)
         EXPECT_EQ(answer.m_Messages, 0);
     }
     EXPECT_EQ(ReadFile(path), "first\n" + odd + "\n\nlast\n");
+    m_View->SetGoesOn(0);
+    m_View->SetGoesOn(3);
+    m_View->SaveTo(path);
+    EXPECT_EQ(ReadFile(path), "first" + odd + "\n\nlast\n");
+    m_View->Clear();
+    Append({"ab", "cd", "ef"});
+    m_View->SetGoesOn(0);
+    m_View->SetGoesOn(2);
+    m_View->SelectAll();
+    m_View->CopySelectionToClipboard();
+    EXPECT_EQ(PastedElsewhere("UTF8_STRING"), "abcd\nef\n");
     const SelectorAnswer answer("/proc/nothing");
     EXPECT_TRUE(Type('S', wxMOD_CONTROL, [&] { return answer.m_Messages > 0; }));
     EXPECT_NE(TextThrown([this] { m_View->SaveTo("/proc/nothing"); }), "");

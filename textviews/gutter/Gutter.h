@@ -1,8 +1,8 @@
 #pragma once
 
 #include "textviews/gutter/ArrivalTimes.h"
-#include "textviews/gutter/Bookmarks.h"
 #include "textviews/gutter/GutterLayout.h"
+#include "textviews/lines/MarkedLines.h"
 
 #include "vesta/String.h"
 
@@ -22,7 +22,7 @@ struct Gutter
     int64_t       dropped = 0;            ///< Lines that a limit has taken from the start.
     GutterColumns columns;                ///< As they are shown.
     GutterLayout  layout;                 ///< Of those.
-    Bookmarks     bookmarks;
+    MarkedLines   bookmarks;
     std::unique_ptr<ArrivalTimes> arrivals;     ///< Null until a host wants them kept.
     std::vector<String>           origins;      ///< The places that lines come from,
     std::vector<std::string>      shownOrigins; ///< as they are shown,

@@ -300,7 +300,19 @@ int LineStore::AppendStored(const std::shared_ptr<const wxTextSource>& source,
     ++m_Changes;
     m_Count += lines;
     m_Bytes += stretch.bytes;
+    if (stretch.goesOn && lines == stretch.lines)
+    {
+        SetGoesOn(m_Count - 1);
+    }
     return lines;
+}
+
+void LineStore::SetGoesOn(int index)
+{
+    if (index >= 0 && index < m_Count)
+    {
+        m_GoingOn.Set(index, true);
+    }
 }
 
 // Only there can they be changed.
@@ -329,6 +341,8 @@ void LineStore::Insert(int index, std::string_view line)
     }
     const int    at = std::max(index, 0);
     const size_t leaf = LeafOf(at);
+    m_GoingOn.Set(at - 1, false); // it does not go on with that one
+    m_GoingOn.LineInserted(at);
     InsertIntoLeaf(leaf, at - FirstLineOf(leaf), line);
     ++m_Changes;
     ++m_Count;
@@ -397,6 +411,11 @@ void LineStore::Erase(int index)
         return;
     }
     const size_t leaf = LeafOf(index);
+    if (!GoesOn(index) && index + 1 < m_Count)
+    {
+        m_GoingOn.Set(index - 1, false); // its end has gone; the last line may come anew
+    }
+    m_GoingOn.LineErased(index);
     // Less than that may be left of a file that has lost lines since they were counted.
     m_Bytes -= std::min<uint64_t>(m_Bytes, LineNow(index).size());
     --m_Count;
@@ -477,6 +496,7 @@ void LineStore::Clear()
     const bool trim = m_Bytes >= kTrimBytes;
     std::deque<Leaf>().swap(m_Leaves);
     std::vector<int64_t>().swap(m_FirstLines);
+    m_GoingOn = MarkedLines();
     m_Erased = 0;
     m_Count = 0;
     m_Bytes = 0;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "textviews/lines/MarkedLines.h"
 #include "textviews/lines/StoredText.h"
 
 #include <climits>
@@ -83,6 +84,12 @@ public:
     /// Bytes of those lines, more or less: no line is read.
     virtual uint64_t RoughBytes(int first, int last) const;
 
+    /// Whether the line after that one is the same line, which was too long to be one here: what
+    /// leaves the store has no line feed between them.
+    virtual bool GoesOn(int index) const { return index + 1 < m_Count && m_GoingOn.Has(index); }
+    /// An index without a line: nothing.
+    void SetGoesOn(int index);
+
     void Append(std::string_view line); ///< Nothing when the store is full.
     /// Adds lines that stay where they are. Gives how many: fewer when the store is full then.
     int AppendStored(const std::shared_ptr<const wxTextSource>& source,
@@ -145,6 +152,7 @@ private:
     std::deque<Leaf>     m_Leaves;     ///< None is empty.
     std::vector<int64_t> m_FirstLines; ///< Index of each leaf's first line, plus `m_Erased`.
     int64_t              m_Erased = 0; ///< Lines that were erased at the very start.
+    MarkedLines          m_GoingOn;
     int                  m_Count = 0;
     uint64_t             m_Bytes = 0;
     uint64_t             m_Changes = 0;

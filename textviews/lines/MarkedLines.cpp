@@ -1,10 +1,10 @@
-#include "textviews/gutter/Bookmarks.h"
+#include "textviews/lines/MarkedLines.h"
 
 #include <iterator>
 
 namespace textviews
 {
-void Bookmarks::Set(int line, bool on)
+void MarkedLines::Set(int line, bool on)
 {
     if (on)
     {
@@ -16,7 +16,7 @@ void Bookmarks::Set(int line, bool on)
     }
 }
 
-std::vector<int> Bookmarks::All() const
+std::vector<int> MarkedLines::All() const
 {
     std::vector<int> lines;
     lines.reserve(m_Lines.size());
@@ -27,7 +27,7 @@ std::vector<int> Bookmarks::All() const
     return lines;
 }
 
-std::optional<int> Bookmarks::Next(int line, bool forward) const
+std::optional<int> MarkedLines::Next(int line, bool forward) const
 {
     if (m_Lines.empty())
     {
@@ -49,7 +49,7 @@ std::optional<int> Bookmarks::Next(int line, bool forward) const
 }
 
 // Of a stream every line comes behind them.
-void Bookmarks::LineInserted(int line)
+void MarkedLines::LineInserted(int line)
 {
     if (!m_Lines.empty() && *m_Lines.rbegin() >= m_Erased + line)
     {
@@ -57,7 +57,7 @@ void Bookmarks::LineInserted(int line)
     }
 }
 
-void Bookmarks::LineErased(int line)
+void MarkedLines::LineErased(int line)
 {
     m_Lines.erase(m_Erased + line);
     if (line == 0)
@@ -70,7 +70,7 @@ void Bookmarks::LineErased(int line)
     }
 }
 
-void Bookmarks::ShiftFrom(int line, int by)
+void MarkedLines::ShiftFrom(int line, int by)
 {
     const auto           first = m_Lines.lower_bound(m_Erased + line);
     std::vector<int64_t> moved(first, m_Lines.end());

@@ -9,9 +9,9 @@
 
 namespace textviews
 {
-/// The lines that a user has marked to come back to. They stay with their lines when it is told of
-/// those that come and go. Main thread.
-class Bookmarks final : public LineWatcher
+/// Some lines of a text, few of them, such as those that a user has marked to come back to. They
+/// stay the same ones when it is told of those that come and go. Main thread.
+class MarkedLines final : public LineWatcher
 {
 public:
     bool IsEmpty() const { return m_Lines.empty(); }

@@ -327,13 +327,22 @@ void MatchesView::DrawGaps()
     }
 }
 
-// Whoever hears that the view there is scrolled may destroy this one.
+// The search goes on from there. Whoever hears that the view there is scrolled may destroy this
+// one.
 void MatchesView::GoToRow(int row)
 {
     ShowRows();
-    if (m_Whole && row >= 0 && row < GetLineCount())
+    if (!m_Whole || row < 0 || row >= GetLineCount())
     {
-        m_Whole->GoToLine(WholeLine(row));
+        return;
+    }
+    const int                 line = WholeLine(row);
+    const bool                isMatch = !IsQuiet(row);
+    const wxWeakRef<wxWindow> self(this);
+    m_Whole->GoToLine(line);
+    if (self && isMatch && GetSearchPanel())
+    {
+        GetSearchPanel()->FindFrom(line);
     }
 }
 

@@ -23,6 +23,11 @@ std::string_view PickedLines::LineNow(int index) const
     return m_Whole.LineNow(LineOf(index));
 }
 
+bool PickedLines::GoesOn(int index) const
+{
+    return m_Whole.GoesOn(LineOf(index)) && LineOf(index + 1) == LineOf(index) + 1;
+}
+
 LineStore::Block PickedLines::BlockOf(int index) const
 {
     m_Together.clear();

@@ -21,6 +21,7 @@ public:
     int              Count() const override { return m_Search.Found().Rows(); }
     std::string_view Line(int index) const override;
     std::string_view LineNow(int index) const override;
+    bool             GoesOn(int index) const override;
     /// That line and as many after it as are worth being handled together.
     Block                BlockOf(int index) const override;
     std::optional<Block> BlockSoon(int index) const override;

@@ -42,7 +42,8 @@ void LineRun::Take(const LineStore::Block& block)
     const int end = std::min(block.firstLine + block.lineCount, m_End);
     for (; m_Next < end; ++m_Next)
     {
-        m_Sink->Take(block.Line(m_Next - block.firstLine));
+        m_Sink->Take(block.Line(m_Next - block.firstLine),
+                     m_Next + 1 < m_End && m_Lines.GoesOn(m_Next));
     }
 }
 

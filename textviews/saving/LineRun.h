@@ -14,7 +14,8 @@ class LineSink
 {
 public:
     virtual ~LineSink() = default;
-    virtual void Take(std::string_view line) = 0;
+    /// `goesOn`: the next one is the rest of this line.
+    virtual void Take(std::string_view line, bool goesOn) = 0;
     virtual void Finish() = 0; ///< All have come.
 };
 

@@ -10,10 +10,13 @@ FileSink::FileSink(const Path& path) : m_File(path)
 {
 }
 
-void FileSink::Take(std::string_view line)
+void FileSink::Take(std::string_view line, bool goesOn)
 {
     m_File.Write(line.data(), line.size());
-    m_File.Write(m_EndOfLine);
+    if (!goesOn)
+    {
+        m_File.Write(m_EndOfLine);
+    }
 }
 
 void FileSink::Finish()
@@ -27,7 +30,7 @@ TextSink::TextSink(ShownLines* shown, size_t bytes, Done done)
     m_Text.reserve(bytes);
 }
 
-void TextSink::Take(std::string_view line)
+void TextSink::Take(std::string_view line, bool goesOn)
 {
     if (m_Shown)
     {
@@ -37,7 +40,10 @@ void TextSink::Take(std::string_view line)
     {
         m_Text += line;
     }
-    m_Text += '\n';
+    if (!goesOn)
+    {
+        m_Text += '\n';
+    }
 }
 
 void TextSink::Finish()

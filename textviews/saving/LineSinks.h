@@ -17,7 +17,7 @@ class FileSink final : public LineSink
 public:
     explicit FileSink(const Path& path);
 
-    void Take(std::string_view line) override;
+    void Take(std::string_view line, bool goesOn) override;
     void Finish() override;
 
 private:
@@ -35,7 +35,7 @@ public:
     /// come, because growing would take twice the memory, and that of a log may be much.
     TextSink(ShownLines* shown, size_t bytes, Done done);
 
-    void Take(std::string_view line) override;
+    void Take(std::string_view line, bool goesOn) override;
     void Finish() override;
 
 private:
