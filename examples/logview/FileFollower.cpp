@@ -57,6 +57,7 @@ FileFollower::FileFollower(const Path& path, Sink sink)
       m_OpenSource([](Descriptor file) { return std::make_shared<wxTextFile>(std::move(file)); }),
       m_MostInMemory(kMostInMemory)
 {
+    m_Cutter.TellOfCuts(m_Sink.onCut);
 }
 
 FileFollower::~FileFollower() = default;
@@ -116,13 +117,20 @@ uint64_t FileFollower::SizeNow() const
 
 // Whether the name stands for another file than the one that is open, or the open one is gone for
 // good. While the name stands for none, as between the two steps of a rotation, it is kept.
-bool FileFollower::WasReplaced() const
+bool FileFollower::WasReplaced()
 {
     struct stat named = {};
     struct stat opened = {};
-    return m_File && stat(m_Path.Text().c_str(), &named) == 0 &&
-           (!m_File->Stat(opened) || named.st_ino != opened.st_ino ||
-            named.st_dev != opened.st_dev);
+    if (!m_File)
+    {
+        return false;
+    }
+    if (stat(m_Path.Text().c_str(), &named) != 0)
+    {
+        m_State = errno == ENOENT && m_State == State::kFollowing ? State::kGone : m_State;
+        return false;
+    }
+    return !m_File->Stat(opened) || named.st_ino != opened.st_ino || named.st_dev != opened.st_dev;
 }
 
 // The one that has begun.

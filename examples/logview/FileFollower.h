@@ -35,6 +35,8 @@ public:
         std::function<void(const String& what)> onNote = {};
         /// More lines, of a large file, which stay where they are. Without it all are told.
         std::function<void(const Source& source, const Stretches& stretches)> onStored = {};
+        /// The line told of last was too long to be one: the next one is the rest of it.
+        std::function<void()> onCut = {};
     };
 
     /// Whether a name stands for the standard input.
@@ -66,7 +68,7 @@ private:
     bool     Open();
     void     Close();
     uint64_t SizeNow() const;
-    bool     WasReplaced() const;
+    bool     WasReplaced();
     void     LookForCut();
     void     LookForArchive();
     void     Restart(const String& how);

@@ -54,6 +54,10 @@ void LineCutter::TakePart(const char* bytes, size_t count)
         m_Partial.resize(cut);
         FinishLine();
         m_Partial = rest;
+        if (m_OnCut)
+        {
+            m_OnCut();
+        }
     }
 }
 

@@ -15,8 +15,10 @@ public:
     /// unfinished, which replaces what it was told before; of an empty one when that line has been
     /// finished, and comes with `onLine` next, or is gone.
     LineCutter(OnLine onLine, OnLine onPartialLine);
+    /// A line that does not end is cut after `k_LongestTextLine` bytes. `onCut` is told of it
+    /// behind `onLine`: what comes is the same line.
+    void TellOfCuts(std::function<void()> onCut) { m_OnCut = std::move(onCut); }
 
-    /// A line that does not end is cut after `k_LongestTextLine` bytes.
     void Take(const char* bytes, size_t count);
     /// Tells of the unfinished line.
     void ShowPartial();
@@ -32,8 +34,9 @@ private:
     void FinishLine();
     void ForgetShown();
 
-    OnLine m_OnLine;
-    OnLine m_OnPartialLine;
-    String m_Partial;   ///< Of the last line, whose end has not come yet.
-    size_t m_Shown = 0; ///< Bytes of it that were told of.
+    OnLine                m_OnLine;
+    OnLine                m_OnPartialLine;
+    std::function<void()> m_OnCut;
+    String                m_Partial;   ///< Of the last line, whose end has not come yet.
+    size_t                m_Shown = 0; ///< Bytes of it that were told of.
 };

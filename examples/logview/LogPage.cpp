@@ -60,7 +60,6 @@ LogPage::LogPage(wxWindow* parent, const OpenedFile& file)
         m_Name = NameOf(m_Reader.FileNames());
     }
     Bind(wxEVT_IDLE, &LogPage::OnIdle, this);
-    Bind(wxEVT_CHAR_HOOK, &LogPage::OnKey, this);
 }
 
 LogPage::~LogPage() = default;
@@ -236,21 +235,26 @@ wxString LogPage::StatusText() const
         return wxString::Format(wxGetTranslation("%s cannot be read: %s"), name,
                                 wxtToWx(status.problem));
     case FileFollower::State::kFollowing:
+    case FileFollower::State::kGone:
         break;
     }
     const int  lines = m_Text ? m_Text->GetLineCount() : 0;
     const auto grouped = [](wxLongLong_t number)
     { return wxNumberFormatter::ToString(number, wxNumberFormatter::Style_WithThousandsSep); };
-    const wxString text =
+    wxString text =
         wxString::Format(wxGetTranslation("%s: %s line, %s bytes", "%s: %s lines, %s bytes",
                                           static_cast<unsigned>(lines)),
                          name, grouped(lines), grouped(status.position));
-    if (!m_Text || m_Text->GetReachableLines() == lines)
+    if (m_Text && m_Text->GetReachableLines() != lines)
     {
-        return text;
+        text += wxString::Format(wxGetTranslation("; the first %s can be scrolled to"),
+                                 grouped(m_Text->GetReachableLines()));
     }
-    return text + wxString::Format(wxGetTranslation("; the first %s can be scrolled to"),
-                                   grouped(m_Text->GetReachableLines()));
+    if (status.state == FileFollower::State::kGone)
+    {
+        text += wxGetTranslation("; the file is no longer there");
+    }
+    return text;
 }
 
 void LogPage::SetFollowing(bool follow)
@@ -327,6 +331,9 @@ void LogPage::ShowPiece(const LogReader::Piece& piece)
     case LogReader::Kind::kPartialLine:
         ShowPartialLine(piece.text);
         break;
+    case LogReader::Kind::kCut:
+        m_Text->SetGoesOn(m_Text->GetLineCount() - 1);
+        break;
     case LogReader::Kind::kNote:
         ShowNote(piece.text);
         break;
@@ -343,19 +350,6 @@ void LogPage::OnIdle(wxIdleEvent& event)
     if (m_IsStarted)
     {
         ShowPieces();
-    }
-    event.Skip();
-}
-
-// A window that a page has for itself has no menu bar, and so none of its keys; those of the text
-// are the view's own.
-void LogPage::OnKey(wxKeyEvent& event)
-{
-    const auto* const frame = dynamic_cast<wxFrame*>(wxGetTopLevelParent(this));
-    if (event.GetKeyCode() == WXK_F5 && !event.HasAnyModifiers() && frame && !frame->GetMenuBar())
-    {
-        SetFollowing(!IsFollowing());
-        return;
     }
     event.Skip();
 }

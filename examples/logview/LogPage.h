@@ -54,7 +54,6 @@ private:
     void ReturnSearch();
     void LogState();
     void OnIdle(wxIdleEvent& event);
-    void OnKey(wxKeyEvent& event);
     void ShowLine(const String& line);
     int  AddLine(const String& line);
     void ShowPartialLine(const String& line);

@@ -69,11 +69,14 @@ std::unique_ptr<TextFollower> LogReader::_Work::NewFollower(const std::vector<Pa
         return [this, kind](const String& text) { Put({kind, text, {}, {}}); };
     };
     return std::make_unique<FileFollower>(
-        files.front(),
-        FileFollower::Sink{put(Kind::kLine), put(Kind::kPartialLine), put(Kind::kNote),
-                           put(Kind::kNote), [this](const auto& source, const auto& stretches) {
-                               Put({Kind::kStored, {}, source, stretches});
-                           }});
+        files.front(), FileFollower::Sink{put(Kind::kLine), put(Kind::kPartialLine),
+                                          put(Kind::kNote), put(Kind::kNote),
+                                          [this](const auto& source, const auto& stretches) {
+                                              Put({Kind::kStored, {}, source, stretches});
+                                          },
+                                          [this] {
+                                              Put({Kind::kCut, {}, {}, {}});
+                                          }});
 }
 
 // Waits until there is room for more: nobody may be able to take it as fast as it is read.

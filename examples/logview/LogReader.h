@@ -18,6 +18,7 @@ public:
     {
         kLine,
         kPartialLine, ///< In place of the one before; empty: without one.
+        kCut,         ///< Behind a line: the next one is the rest of it.
         kNote,        ///< Between two lines.
         kStored
     };

@@ -153,7 +153,7 @@ void LogViewFrame::BuildMenus()
     Bind(wxEVT_MENU, &LogViewFrame::OnMerge, this, id_Merge);
     Bind(wxEVT_MENU, &LogViewFrame::OnClosePage, this, wxID_CLOSE);
     Bind(
-        wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Enable(CurrentPage() != nullptr); },
+        wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Enable(PageInUse() != nullptr); },
         wxID_CLOSE);
     Bind(wxEVT_MENU, &LogViewFrame::OnRecent, this, id_Recent, id_LastRecent);
     Bind(
@@ -179,8 +179,7 @@ void LogViewFrame::BuildMenus()
     Bind(wxEVT_MENU, &LogViewFrame::OnFollow, this, id_Follow);
     Bind(
         wxEVT_UPDATE_UI,
-        [this](wxUpdateUIEvent& event)
-        { event.Check(CurrentPage() && CurrentPage()->IsFollowing()); },
+        [this](wxUpdateUIEvent& event) { event.Check(PageInUse() && PageInUse()->IsFollowing()); },
         id_Follow);
     Bind(wxEVT_MENU, &LogViewFrame::OnFullScreen, this, id_FullScreen);
     Bind(
@@ -388,6 +387,12 @@ LogPage* LogViewFrame::CurrentPage() const
     return dynamic_cast<LogPage*>(m_Pages->GetCurrentPage());
 }
 
+// Commands are about it: their keys work in the windows of pages, too.
+LogPage* LogViewFrame::PageInUse() const
+{
+    return dynamic_cast<LogPage*>(m_Pages->PageInUse());
+}
+
 void LogViewFrame::ShowStatus()
 {
     const LogPage* const page = CurrentPage();
@@ -414,13 +419,13 @@ void LogViewFrame::ShowTitle()
 
 void LogViewFrame::OnClosePage(wxCommandEvent&)
 {
-    m_Pages->ClosePage(m_Pages->GetCurrentPage());
+    m_Pages->ClosePage(m_Pages->PageInUse());
 }
 
 // By what the view does, not by the tick: the user may have scrolled away from the end.
 void LogViewFrame::OnFollow(wxCommandEvent&)
 {
-    if (LogPage* const page = CurrentPage())
+    if (LogPage* const page = PageInUse())
     {
         page->SetFollowing(!page->IsFollowing());
     }
@@ -428,7 +433,11 @@ void LogViewFrame::OnFollow(wxCommandEvent&)
 
 void LogViewFrame::OnFullScreen(wxCommandEvent&)
 {
-    ShowFullScreen(!IsFullScreen(), wxFULLSCREEN_NOBORDER | wxFULLSCREEN_NOCAPTION);
+    const LogPage* const page = PageInUse();
+    auto* const          window =
+        page ? dynamic_cast<wxTopLevelWindow*>(wxGetTopLevelParent(const_cast<LogPage*>(page)))
+                      : this;
+    window->ShowFullScreen(!window->IsFullScreen(), wxFULLSCREEN_NOBORDER | wxFULLSCREEN_NOCAPTION);
 }
 
 void LogViewFrame::OnPreferences(wxCommandEvent&)
@@ -447,7 +456,7 @@ void LogViewFrame::OnAbout(wxCommandEvent&)
 
 void LogViewFrame::OnTextCommand(wxCommandEvent& event)
 {
-    if (LogPage* const page = CurrentPage())
+    if (LogPage* const page = PageInUse())
     {
         page->Text().OnMenu(event);
     }

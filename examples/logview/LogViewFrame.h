@@ -21,7 +21,8 @@ public:
     /// `end` must outlive it.
     explicit LogViewFrame(const EndRequest& end);
 
-    /// A page each, and for a folder one for each log file in it; the last one is shown.
+    /// A page each, and for a folder one for each log file in it; the last one is shown. A file
+    /// that has a page already gets no second one.
     void OpenFiles(const std::vector<Path>& names);
     /// One page for all of them, in the order of their time stamps; for one alone as it is.
     void MergeFiles(const std::vector<Path>& names);
@@ -37,29 +38,32 @@ private:
     void     BuildStatusLine(wxtPanel* parent);
     void     ShowStatus();
     LogPage* CurrentPage() const;
+    LogPage* PageInUse() const;
     void     FocusText();
 
     std::vector<LogPage*> AllPages() const;
     void                  NamePages();
 
-    void OpenPage(const OpenedFile& file, bool select);
-    void ShowTitle();
-    void FillRecent();
-    void OnRecent(wxCommandEvent& event);
-    void KeepFiles() const;
-    void OnOpen(wxCommandEvent& event);
-    void OnOpenFolder(wxCommandEvent& event);
-    void OnMerge(wxCommandEvent& event);
-    void OnClosePage(wxCommandEvent& event);
-    void NoteClosed(const wxWindow* page);
-    void OnReopenPage(wxCommandEvent& event);
-    void OnFollow(wxCommandEvent& event);
-    void OnFullScreen(wxCommandEvent& event);
-    void OnPreferences(wxCommandEvent& event);
-    void OnAbout(wxCommandEvent& event);
-    void OnTextCommand(wxCommandEvent& event);
-    void OnKey(wxKeyEvent& event);
-    void OnClose(wxCloseEvent& event);
+    void     OpenPage(const OpenedFile& file, bool select);
+    void     OpenPage(const OpenedFile& file, bool select, size_t place);
+    LogPage* PageOf(const Path& file) const;
+    void     ShowTitle();
+    void     FillRecent();
+    void     OnRecent(wxCommandEvent& event);
+    void     KeepFiles() const;
+    void     OnOpen(wxCommandEvent& event);
+    void     OnOpenFolder(wxCommandEvent& event);
+    void     OnMerge(wxCommandEvent& event);
+    void     OnClosePage(wxCommandEvent& event);
+    void     NoteClosed(const wxWindow* page);
+    void     OnReopenPage(wxCommandEvent& event);
+    void     OnFollow(wxCommandEvent& event);
+    void     OnFullScreen(wxCommandEvent& event);
+    void     OnPreferences(wxCommandEvent& event);
+    void     OnAbout(wxCommandEvent& event);
+    void     OnTextCommand(wxCommandEvent& event);
+    void     OnKey(wxKeyEvent& event);
+    void     OnClose(wxCloseEvent& event);
 
     const EndRequest& m_EndRequest;
     wxtNotebook*      m_Pages = nullptr;
@@ -70,5 +74,10 @@ private:
     wxTimer           m_StatusTimer;
     wxEndLater        m_End{*this};
 
-    std::vector<OpenedFile> m_Closed; ///< What pages had that were closed, the latest last.
+    struct ClosedPage
+    {
+        OpenedFile file;
+        size_t     place; ///< Among the notebook's pages.
+    };
+    std::vector<ClosedPage> m_Closed; ///< The latest last.
 };

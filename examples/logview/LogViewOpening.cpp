@@ -32,12 +32,30 @@ void LogViewFrame::OpenFiles(const std::vector<Path>& names)
     }
     for (const Path& file : files)
     {
-        OpenPage({file}, &file == &files.back());
+        if (!PageOf(file))
+        {
+            OpenPage({file}, &file == &files.back());
+        }
     }
     NamePages();
     FillRecent();
-    FocusText();
+    if (!files.empty())
+    {
+        m_Pages->BringUp(PageOf(files.back()));
+    }
     ShowStatus();
+}
+
+// Null when it has none for itself.
+LogPage* LogViewFrame::PageOf(const Path& file) const
+{
+    const String                name = AbsoluteName(file);
+    const std::vector<LogPage*> pages = AllPages();
+    const auto                  found =
+        std::find_if(pages.begin(), pages.end(),
+                     [&name](const LogPage* page)
+                     { return !page->IsMerged() && AbsoluteName(page->File()) == name; });
+    return found == pages.end() ? nullptr : *found;
 }
 
 void LogViewFrame::MergeFiles(const std::vector<Path>& names)
@@ -80,9 +98,15 @@ void LogViewFrame::MergeFiles(const std::vector<Path>& names)
 
 void LogViewFrame::OpenPage(const OpenedFile& file, bool select)
 {
+    OpenPage(file, select, m_Pages->GetPageCount());
+}
+
+void LogViewFrame::OpenPage(const OpenedFile& file, bool select, size_t place)
+{
     auto* const page = new LogPage(m_Pages, file);
-    m_Pages->AddPage(page, page->Title(), select);
-    m_Pages->SetPageToolTip(m_Pages->GetPageCount() - 1, page->FullName());
+    place = std::min(place, m_Pages->GetPageCount());
+    m_Pages->InsertPage(place, page, page->Title(), select);
+    m_Pages->SetPageToolTip(place, page->FullName());
     String key = AbsoluteName(file.name);
     for (const Path& other : file.merged)
     {
@@ -94,7 +118,7 @@ void LogViewFrame::OpenPage(const OpenedFile& file, bool select)
 void LogViewFrame::OnOpen(wxCommandEvent&)
 {
     // Beside what is open: other logs of that work are there.
-    const LogPage* const page = CurrentPage();
+    const LogPage* const page = PageInUse();
     const Path           folder = page && !FileFollower::IsInput(page->File())
                                       ? Path(AbsoluteName(page->File())).Branch()
                                       : Path();
@@ -131,7 +155,7 @@ void LogViewFrame::OnMerge(wxCommandEvent&)
             open.emplace_back(AbsoluteName(page->File()));
         }
     }
-    const LogPage* const current = CurrentPage();
+    const LogPage* const current = PageInUse();
     MergeFilesDlg dialog(this, current && current->IsMerged() ? current->Files() : open, open);
     if (dialog.ShowModal() == wxID_OK)
     {
@@ -145,7 +169,9 @@ void LogViewFrame::NoteClosed(const wxWindow* page)
     const auto* const closed = dynamic_cast<const LogPage*>(page);
     if (closed && !closed->IsInput())
     {
-        m_Closed.push_back(closed->Place());
+        const int index = m_Pages->GetPageIndex(const_cast<wxWindow*>(page));
+        m_Closed.push_back({closed->Place(), index == wxNOT_FOUND ? m_Pages->GetPageCount()
+                                                                  : static_cast<size_t>(index)});
     }
 }
 
@@ -153,11 +179,11 @@ void LogViewFrame::OnReopenPage(wxCommandEvent&)
 {
     if (!m_Closed.empty())
     {
-        const OpenedFile file = m_Closed.back();
+        const ClosedPage closed = m_Closed.back();
         m_Closed.pop_back();
-        OpenPage(file, true);
+        OpenPage(closed.file, true, closed.place);
         NamePages();
-        FocusText();
+        m_Pages->BringUp(m_Pages->GetCurrentPage());
         ShowStatus();
     }
 }

@@ -13,7 +13,8 @@ public:
     {
         kMissing,    ///< There is no such file (yet).
         kUnreadable, ///< It is there but cannot be read (any further); `Problem` says why.
-        kFollowing
+        kFollowing,
+        kGone ///< As before, but its name stands for no file any more.
     };
 
     virtual ~TextFollower() = default;

@@ -18,7 +18,10 @@ protected:
         : m_File(TempFile("log")),
           m_Follower(m_File, {[this](const String& line) { m_Lines.push_back(line); },
                               [this](const String& line) { m_Partial = line; },
-                              [this](const String& how) { m_Restarts.push_back(how); }})
+                              [this](const String& how) { m_Restarts.push_back(how); },
+                              {},
+                              {},
+                              [this] { m_CutAfter.push_back(m_Lines.size()); }})
     {
     }
 
@@ -35,11 +38,12 @@ protected:
     }
     using Lines = std::vector<String>;
 
-    Path         m_File;
-    Lines        m_Lines;
-    String       m_Partial;
-    Lines        m_Restarts;
-    FileFollower m_Follower;
+    Path                m_File;
+    Lines               m_Lines;
+    String              m_Partial;
+    Lines               m_Restarts;
+    std::vector<size_t> m_CutAfter; // so many lines
+    FileFollower        m_Follower;
 };
 } // namespace
 
@@ -75,11 +79,13 @@ TEST_F(FileFollowerTest, SurvivesTruncationAndReadsARotatedFileToItsEnd)
     const String old = m_File.Text() + ".1";
     ASSERT_EQ(0, rename(m_File.Text().c_str(), old.c_str()));
     ReadAll(); // between the two steps of a rotation: no file of that name
+    EXPECT_EQ(FileFollower::State::kGone, m_Follower.CurrentState());
     std::ofstream(old, std::ios::app) << "late\n";
     ReadAll();
     Append("fresh\n");
     ReadAll();
     EXPECT_EQ((Lines{"late", "fresh"}), m_Lines);
+    EXPECT_EQ(FileFollower::State::kFollowing, m_Follower.CurrentState());
     EXPECT_EQ(2u, m_Restarts.size());
 }
 
@@ -118,6 +124,7 @@ TEST_F(FileFollowerTest, CutsALineThatDoesNotEnd)
     ReadAll();
     EXPECT_EQ("xx" + sign, m_Lines.back());
     EXPECT_EQ("", m_Partial);
+    EXPECT_EQ((std::vector<size_t>{1, 2}), m_CutAfter);
 }
 
 using LogFilesTest = UserFolderTest;
