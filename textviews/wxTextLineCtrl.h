@@ -89,8 +89,8 @@ public:
     /// many it could add: 2,147,483,646 lines at most are in a view.
     int AppendStored(const std::shared_ptr<const wxTextSource>& source,
                      const std::vector<wxTextStretch>&          stretches);
-    /// The line was too long and has been cut; the next one is the rest of it: no line feed comes
-    /// between them when they are saved or copied. An index without a line is logged and ignored.
+    /// The line was cut and the next one is its rest: they are saved and copied as one. An index
+    /// without a line is logged and ignored.
     void SetGoesOn(int line);
     /// Removes the line; those after it move up. An index without a line is logged and ignored.
     void Erase(int index);
@@ -113,8 +113,7 @@ public:
     /// then on scrolling away from the end, or a hit of the search, ends it, and scrolling to the
     /// end begins it anew; hosts hear of it by `wxtEVT_TEXT_FOLLOW`.
     /// @{
-    /// On: from the moment on when the view stands at its end. Off: for good.
-    void SetFollowEnd(bool follow);
+    void SetFollowEnd(bool follow); ///< On: once the view stands at its end. Off: for good.
     bool GetFollowEnd() const { return m_FollowEnd; }
     /// Goes to the end and stays there, or stays here until the view is scrolled to its end.
     void SetFollowing(bool follow);
@@ -128,8 +127,7 @@ public:
 
     void SelectAll();
     void SelectNone();
-    /// Ends a selection by the mouse.
-    void StopSelecting();
+    void StopSelecting();            ///< By the mouse.
     int  GetSelectionAnchor() const; ///< -1 when nothing is selected.
     int  GetSelectionEnd() const;    ///< -1 when nothing is selected.
     bool IsSelecting() const { return m_Selecting; }
