@@ -5,6 +5,7 @@
 #include "textviews/lines/TextGeometry.h"
 #include "textviews/search/FinderChoice.h"
 #include "textviews/search/LineSearch.h"
+#include "textviews/search/MarkedHit.h"
 #include "textviews/search/RegexMatcher.h"
 #include "textviews/wrap/Wrapping.h"
 #include "textviews/wxTextLineCtrl.h"
@@ -143,6 +144,16 @@ textviews::SearchPlace wxTextLineCtrl::VisibleStart(bool forward) const
     return {last == -1 ? m_Lines->Count() - 1 : last, textviews::SearchPlace::k_End};
 }
 
+int wxTextLineCtrl::GetMatchColumn() const
+{
+    return m_Hit->column;
+}
+
+int wxTextLineCtrl::GetMatchLength() const
+{
+    return m_Hit->length;
+}
+
 textviews::SearchPlace wxTextLineCtrl::ShownHit(bool asShown) const
 {
     return {m_MarkedLine, m_MarkedLine == -1 ? 0 : HitBytes(asShown).begin};
@@ -151,8 +162,8 @@ textviews::SearchPlace wxTextLineCtrl::ShownHit(bool asShown) const
 // In what is shown of the line, or in the stored one, whichever it was found in.
 textviews::ByteSpan wxTextLineCtrl::HitBytes(bool asShown) const
 {
-    const textviews::ByteSpan hit{m_MatchBegin, m_MatchEnd};
-    if (asShown == m_MatchIsShown)
+    const textviews::ByteSpan hit = m_Hit->bytes;
+    if (asShown == m_Hit->isShown)
     {
         return hit;
     }
@@ -171,7 +182,7 @@ textviews::ByteSpan wxTextLineCtrl::HitBytes(bool asShown) const
 // Before lines are shown another way, in which it has other places.
 void wxTextLineCtrl::TakeHitAsStored()
 {
-    if (m_MarkedLine == -1 || !m_MatchIsShown)
+    if (m_MarkedLine == -1 || !m_Hit->isShown)
     {
         return;
     }
@@ -184,21 +195,16 @@ void wxTextLineCtrl::TakeHitAsStored()
         textviews::AdvancePlace(line, place, {static_cast<int64_t>(byte), kFar, kFar});
         return static_cast<int>(place.column);
     };
-    m_MatchColumn = columnOf(hit.begin);
-    m_MatchLength = columnOf(hit.end) - m_MatchColumn;
-    m_MatchBegin = hit.begin;
-    m_MatchEnd = hit.end;
-    m_MatchIsShown = false;
+    m_Hit->column = columnOf(hit.begin);
+    m_Hit->length = columnOf(hit.end) - m_Hit->column;
+    m_Hit->bytes = hit;
+    m_Hit->isShown = false;
 }
 
 void wxTextLineCtrl::ShowHit(const textviews::LineMatch& match, bool asShown)
 {
     m_MarkedLine = match.line;
-    m_MatchColumn = match.column;
-    m_MatchLength = match.length;
-    m_MatchBegin = match.bytes.begin;
-    m_MatchEnd = match.bytes.end;
-    m_MatchIsShown = asShown;
+    *m_Hit = {match.column, match.length, match.bytes, asShown};
     ScrollToHit();
     m_FollowEnd = false; // the next line could push it out of sight
     TellFollowing();
@@ -208,9 +214,9 @@ void wxTextLineCtrl::ShowHit(const textviews::LineMatch& match, bool asShown)
 std::vector<textviews::ShownCells> wxTextLineCtrl::CellsOfHit() const
 {
     const std::string_view text = m_Lines->Line(m_MarkedLine);
-    const auto* const pieces = m_MatchIsShown ? m_Shown->PiecesOf(m_MarkedLine, text) : nullptr;
-    return pieces ? textviews::CellsOfText(text, *pieces, m_MatchBegin, m_MatchEnd)
-                  : m_Shown->CellsOfHit(m_MarkedLine, text, m_MatchColumn, m_MatchLength);
+    const auto* const pieces = m_Hit->isShown ? m_Shown->PiecesOf(m_MarkedLine, text) : nullptr;
+    return pieces ? textviews::CellsOfText(text, *pieces, m_Hit->bytes.begin, m_Hit->bytes.end)
+                  : m_Shown->CellsOfHit(m_MarkedLine, text, m_Hit->column, m_Hit->length);
 }
 
 void wxTextLineCtrl::ScrollToHit()
@@ -225,10 +231,10 @@ void wxTextLineCtrl::ScrollToHit()
         first = cells.front().first;
         end = cells.back().end;
     }
-    else if (!m_MatchIsShown) // in a sequence: what is shown next
+    else if (!m_Hit->isShown) // in a sequence: what is shown next
     {
         const std::string_view text = m_Lines->LineNow(m_MarkedLine);
-        first = end = m_Places->AtColumn(m_MarkedLine, text, m_MatchColumn).cell;
+        first = end = m_Places->AtColumn(m_MarkedLine, text, m_Hit->column).cell;
     }
     if (IsWrapped())
     {

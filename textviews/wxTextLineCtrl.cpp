@@ -14,6 +14,7 @@
 #include "textviews/rules/Ruling.h"
 #include "textviews/saving/LineRun.h"
 #include "textviews/search/LineWatcher.h"
+#include "textviews/search/MarkedHit.h"
 #include "textviews/search/VisibleHits.h"
 #include "textviews/wrap/Wrapping.h"
 #include "textviews/wxTextSource.h"
@@ -97,6 +98,7 @@ wxTextLineCtrl::wxTextLineCtrl(wxWindow* parent, std::unique_ptr<textviews::Line
       m_Shown(static_cast<textviews::ShownLines*>(m_Places.get())),
       m_Colours(std::make_unique<textviews::StyleColours>()),
       m_Hits(std::make_unique<textviews::VisibleHits>()),
+      m_Hit(std::make_unique<textviews::MarkedHit>()),
       m_Selection(std::make_unique<textviews::TextSelection>()),
       m_Drawn(std::make_unique<textviews::DrawnLines>()),
       m_Gutter(std::make_unique<textviews::Gutter>()),
@@ -168,6 +170,12 @@ int wxTextLineCtrl::Append(const String& line, bool sorted)
     TellInserted(index, 1);
     Extend(line, index);
     return std::max(index - DropOldest(), -1);
+}
+
+int wxTextLineCtrl::Append(const String& line, Time came)
+{
+    const textviews::ArrivalTimes::AllCame then(m_Gutter->arrivals.get(), came);
+    return Append(line, false);
 }
 
 void wxTextLineCtrl::TellInserted(int first, int count)

@@ -8,6 +8,7 @@
 #include "vesta/Export.h"
 #include "vesta/Path.h"
 #include "vesta/String.h"
+#include "vesta/Time.h"
 
 #include <cstdint>
 #include <functional>
@@ -84,6 +85,8 @@ public:
     /// is not less than it, byte by byte, among lines that the caller keeps sorted. It does not
     /// scroll. -1: the limit has dropped it with the oldest ones.
     int Append(const String& line, bool sorted);
+    /// Adds a line at the end that came at that time, if it is kept; `Time()`: nobody knows when.
+    int Append(const String& line, Time came);
     /// Adds lines at the end that stay in a source, as `wxFindTextLines` has found them, and are
     /// read when they are seen: one costs less than a byte. They are lines as all others. Gives how
     /// many it could add: 2,147,483,646 lines at most are in a view.
@@ -226,8 +229,8 @@ public:
     int  GetMarkedLine() const { return m_MarkedLine; } ///< The last hit; -1 for none.
     /// Characters of the stored line, or, of a hit of the search bar where escape sequences are
     /// followed, of what is shown of it; -1 for none.
-    int GetMatchColumn() const { return m_MatchColumn; }
-    int GetMatchLength() const { return m_MatchLength; } ///< The same characters.
+    int GetMatchColumn() const;
+    int GetMatchLength() const; ///< The same characters.
 
     /// @name For the search
     /// What a search that goes on by itself needs of the view: its lines, and word of what becomes
@@ -458,19 +461,15 @@ private:
     void                               ToggleOnlyMatching();
     void                               TellLook();
 
-    const textviews::_FontExtents*           m_Font; ///< Never null.
-    std::unique_ptr<textviews::LineStore>    m_Lines;
-    std::unique_ptr<textviews::TextPlaces>   m_Places;
-    textviews::ShownLines*                   m_Shown; ///< It is the places.
-    Escapes                                  m_Escapes = Escapes::Raw;
-    std::unique_ptr<textviews::StyleColours> m_Colours;
-    std::unique_ptr<textviews::VisibleHits>  m_Hits; ///< Those that are marked.
-    int                                      m_MarkedLine = -1;
-    int                                      m_MatchColumn = -1;
-    int                                      m_MatchLength = 0;
-    size_t                                   m_MatchBegin = 0; ///< Bytes.
-    size_t                                   m_MatchEnd = 0;
-    bool m_MatchIsShown = false; ///< Places of the hit are those in what is shown of the line.
+    const textviews::_FontExtents*            m_Font; ///< Never null.
+    std::unique_ptr<textviews::LineStore>     m_Lines;
+    std::unique_ptr<textviews::TextPlaces>    m_Places;
+    textviews::ShownLines*                    m_Shown; ///< It is the places.
+    Escapes                                   m_Escapes = Escapes::Raw;
+    std::unique_ptr<textviews::StyleColours>  m_Colours;
+    std::unique_ptr<textviews::VisibleHits>   m_Hits; ///< Those that are marked.
+    int                                       m_MarkedLine = -1;
+    std::unique_ptr<textviews::MarkedHit>     m_Hit; ///< Never null.
     std::unique_ptr<textviews::TextSelection> m_Selection;
     std::unique_ptr<textviews::DrawnLines>    m_Drawn;
     std::unique_ptr<textviews::Gutter>        m_Gutter;          ///< Never null.

@@ -31,6 +31,7 @@ struct GutterRow;
 struct ByteSpan;
 struct LineMatch;
 struct LineState;
+struct MarkedHit;
 struct SearchPlace;
 struct ShownCells;
 struct TextAnchor;

@@ -63,7 +63,7 @@ void FarmChanges::AddJob(const Message& message)
 void FarmChanges::AddLine(const Message& message)
 {
     Output& job = output[message.Get(p_Id)];
-    job.lines.push_back(message.Get("Line"));
+    job.lines.push_back({message.Get("Line"), Time(message.GetInt("Time"))});
     if (job.lines.size() > k_MostLines)
     {
         job.lines.pop_front();

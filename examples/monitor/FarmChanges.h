@@ -1,5 +1,6 @@
 #pragma once
 
+#include "monitor/TimedLine.h"
 #include "tolvan/Message.h"
 #include "vesta/String.h"
 
@@ -17,8 +18,8 @@ public:
 
     struct Output
     {
-        std::deque<String> lines;
-        long long          skipped = 0; ///< Lines before those.
+        std::deque<TimedLine> lines;
+        long long             skipped = 0; ///< Lines before those.
     };
 
     /// Takes a message of the master; whether it changed anything.

@@ -16,23 +16,29 @@ void FarmFeed::OnMessage(const Message& message)
         return;
     }
     const bool          changes = m_Changes.Add(message);
-    std::vector<String> lines = m_Text.LinesFor(message, Time::CurrentTime());
+    const Time          now = Time::CurrentTime();
+    std::vector<String> lines = m_Text.LinesFor(message, now);
     // A job's change may show in its details alone.
     if (changes || !lines.empty())
     {
-        Add(std::move(lines));
+        const Time came(message.GetInt("Time"));
+        Add(std::move(lines), message.Type() == msg_Output && came != Time() ? came : now);
     }
 }
 
 void FarmFeed::OnConnection(bool connected)
 {
     const std::lock_guard<std::mutex> lock(m_Mutex);
-    Add(m_Text.LinesForConnection(connected, Time::CurrentTime()));
+    const Time                        now = Time::CurrentTime();
+    Add(m_Text.LinesForConnection(connected, now), now);
 }
 
-void FarmFeed::Add(std::vector<String> lines)
+void FarmFeed::Add(std::vector<String> lines, Time came)
 {
-    std::move(lines.begin(), lines.end(), std::back_inserter(m_Lines));
+    for (String& line : lines)
+    {
+        m_Lines.push_back({std::move(line), came});
+    }
     if (!std::exchange(m_Awake, true))
     {
         m_Wake();

@@ -2,6 +2,7 @@
 
 #include "monitor/FarmChanges.h"
 #include "monitor/FarmText.h"
+#include "monitor/TimedLine.h"
 
 #include <deque>
 #include <functional>
@@ -16,9 +17,9 @@ public:
     /// What waited.
     struct Batch
     {
-        std::deque<String> lines; ///< Of the farm's log.
-        FarmChanges        changes;
-        bool               more = false; ///< Further lines wait.
+        std::deque<TimedLine> lines; ///< Of the farm's log.
+        FarmChanges           changes;
+        bool                  more = false; ///< Further lines wait.
     };
 
     /// `wake` is called, on any thread, when something begins to wait.
@@ -32,12 +33,12 @@ public:
     Batch Take(size_t limit);
 
 private:
-    void Add(std::vector<String> lines);
+    void Add(std::vector<String> lines, Time came);
 
     std::function<void()> m_Wake;
     std::mutex            m_Mutex;
     FarmText              m_Text;
-    std::deque<String>    m_Lines;
+    std::deque<TimedLine> m_Lines;
     FarmChanges           m_Changes;
     bool                  m_Awake = false; ///< The window knows that something waits.
 };

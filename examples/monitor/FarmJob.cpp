@@ -137,7 +137,7 @@ std::vector<DetailRow> JobPanelRows(const FarmJob& job, Time now)
     std::vector<DetailRow> rows = JobDetailRows(job, now);
     if (!job.output.Lines().empty())
     {
-        AddRow(rows, "Last Output", job.output.Lines().back(), true);
+        AddRow(rows, "Last Output", job.output.Lines().back().text, true);
     }
     return rows;
 }

@@ -94,10 +94,10 @@ void FarmJobs::ApplyOutput(const FarmChanges& changes, News& news)
         }
         JobOutput& kept = found->second->output;
         kept.Skip(output.skipped);
-        for (const String& line : output.lines)
+        for (const TimedLine& line : output.lines)
         {
             kept.Add(line);
-            found->second->frames.Add(line);
+            found->second->frames.Add(line.text);
         }
         news.changed.insert(id);
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vesta/String.h"
+#include "monitor/TimedLine.h"
 
 #include <deque>
 
@@ -17,10 +17,10 @@ public:
         m_Limit = lines;
         Shorten();
     }
-    void Add(const String& line)
+    void Add(const TimedLine& line)
     {
         m_Lines.push_back(line);
-        m_Bytes += line.size();
+        m_Bytes += line.text.size();
         ++m_End;
         Shorten();
     }
@@ -40,7 +40,7 @@ public:
         m_Bytes = 0;
     }
 
-    const std::deque<String>& Lines() const { return m_Lines; }
+    const std::deque<TimedLine>& Lines() const { return m_Lines; }
     long long End() const { return m_End; } ///< The number of the line that comes next.
     /// The number of the first line that is still here.
     long long Begin() const { return m_End - static_cast<long long>(m_Lines.size()); }
@@ -50,13 +50,13 @@ private:
     {
         while (m_Lines.size() > m_Limit || (m_Bytes > k_MostBytes && m_Lines.size() > 1))
         {
-            m_Bytes -= m_Lines.front().size();
+            m_Bytes -= m_Lines.front().text.size();
             m_Lines.pop_front();
         }
     }
 
-    std::deque<String> m_Lines;
-    size_t             m_Bytes = 0;
-    size_t             m_Limit = 100;
-    long long          m_End = 0;
+    std::deque<TimedLine> m_Lines;
+    size_t                m_Bytes = 0;
+    size_t                m_Limit = 100;
+    long long             m_End = 0;
 };

@@ -35,7 +35,8 @@ enum
 {
     id_SwitchPane = 22100,
     id_SashDown,
-    id_SashUp
+    id_SashUp,
+    id_Follow
 };
 
 const wxSize kFirstSize(760, 560); // pixels, before the user has chosen
@@ -59,7 +60,6 @@ JobWindow::JobWindow(FarmJobs& jobs, const FarmJob& job, const Resubmit& resubmi
     BuildViews();
     ShowDetails(job);
     ShowOutput(job);
-    m_Output->KeepArrivalTimes(); // what was there before came at some other time
     m_Jobs.Changed.Connect(this, [this](const FarmJobs::News& news) { OnNews(news); });
     wxSetWindowPos(this, kPositionName, CascadeOffset());
     wxOpenUserWindow(this, job.product);
@@ -96,6 +96,7 @@ void JobWindow::BuildMenus(const Resubmit& resubmit)
     view->Append(id_SashDown, wxGetTranslation("More Room for the &Details\tAlt+Down"));
     view->Append(id_SashUp, wxGetTranslation("More Room for the &Output\tAlt+Up"));
     view->AppendSeparator();
+    view->AppendCheckItem(id_Follow, wxGetTranslation("&Follow the Output\tCtrl+L"))->Check();
     AppendEscapes(*view);
     AppendGutterChoices(*view, *this);
     AppendRuleChoices(*view, *this);
@@ -121,6 +122,10 @@ void JobWindow::BuildMenus(const Resubmit& resubmit)
     on(id_SwitchPane, [this] { m_Splitter->SwitchPane(); });
     on(id_SashDown, [this] { m_Splitter->MoveSash(kSashStep); });
     on(id_SashUp, [this] { m_Splitter->MoveSash(-kSashStep); });
+    on(id_Follow, [this] { m_Output->SetFollowing(!m_Output->IsFollowing()); });
+    Bind(
+        wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Check(m_Output->IsFollowing()); },
+        id_Follow);
     const auto pass = [this](wxCommandEvent& event) { m_Output->OnMenu(event); };
     Bind(wxEVT_MENU, pass, wxTextLineCtrl::id_SelectAll, wxTextLineCtrl::id_CopyPlain);
     Bind(wxEVT_MENU, pass, wxTextLineCtrl::id_OnlyMatching);
@@ -163,6 +168,7 @@ void JobWindow::BuildOutput(wxtPanel& pane)
 {
     m_Output = new FollowingText(&pane);
     m_Output->SetLineLimit(k_MostLiveLines);
+    m_Output->KeepArrivalTimes();
 }
 
 void JobWindow::ShowDetails(const FarmJob& job)
@@ -190,7 +196,7 @@ void JobWindow::ShowOutput(const FarmJob& job)
     const auto& lines = output.Lines();
     for (auto i = static_cast<size_t>(m_Shown - output.Begin()); i < lines.size(); ++i)
     {
-        m_Output->Add(lines[i]);
+        m_Output->Append(lines[i].text, lines[i].came);
     }
     m_Shown = output.End();
 }

@@ -23,6 +23,7 @@
 #include "vesta/Log.h"
 #include "vesta/UID.h"
 
+#include <wx/display.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
 #include <wx/textentry.h>
@@ -45,6 +46,17 @@ constexpr int kGoodLog = 240;     // pixels
 
 const wxSize kFirstSize(1100, 800);   // pixels, before the user has chosen
 const wxSize kSmallestSize(640, 480); // pixels: a few rows of each view
+const wxSize kSmallestChars(64, 28);  // the same, in characters
+
+// In fonts of any size, as far as the screen has room.
+wxSize SmallestSize(const wxWindow& window)
+{
+    wxSize size = kSmallestChars;
+    size.Scale(window.GetCharWidth(), window.GetCharHeight());
+    size.IncTo(kSmallestSize);
+    size.DecTo(wxDisplay(&window).GetClientArea().GetSize());
+    return size;
+}
 
 // The user looks at one of the program's windows.
 bool IsAnyActive()
@@ -66,7 +78,7 @@ MonitorFrame::MonitorFrame(const Program& program)
       m_JobMenu(new JobMenu(program.jobs, *this, OwnCommands(false))),
       m_PopUp(std::make_unique<JobMenu>(program.jobs, *this, OwnCommands(true)))
 {
-    SetMinSize(kSmallestSize);
+    SetMinSize(SmallestSize(*this));
     BuildMonitorMenus(*this, m_JobMenu);
     BuildViews();
     BindCommands();
@@ -196,9 +208,9 @@ void MonitorFrame::TakeNews()
 {
     const FarmFeed::Batch batch = m_Program.feed->Take(kLinesAtOnce);
     m_Program.jobs.Apply(batch.changes);
-    for (const String& line : batch.lines)
+    for (const TimedLine& line : batch.lines)
     {
-        m_Log->Add(line);
+        m_Log->Append(line.text, line.came);
     }
     m_Header->ShowSummary(m_Program.jobs.Summarize());
     if (m_SharesHeights && m_Program.jobs.Summarize().jobs > 0)

@@ -111,7 +111,7 @@ TEST_F(FarmJobsTest, OutputKeepsItsEndAndCountsWhatIsMissing)
     Apply({Line("a", "lost"), Message(msg_Skipped).Set(p_Id, "a").Set("Count", 5), Line("a", "z")});
     EXPECT_EQ(157, output.End());
     EXPECT_EQ(156, output.Begin());
-    EXPECT_EQ("z", output.Lines().back());
+    EXPECT_EQ("z", output.Lines().back().text);
     Apply({JobMessage("a", state_Waiting)}); // runs anew
     EXPECT_TRUE(output.Lines().empty());
     EXPECT_EQ(157, m_Jobs.Summarize().outputLines);

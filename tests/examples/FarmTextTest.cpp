@@ -96,4 +96,10 @@ TEST(FarmFeed, WakesOnceForAllThatWaits)
     feed.OnMessage(JobMessage(state_Waiting, 0));
     EXPECT_EQ(2, wakes);
     EXPECT_EQ(1u, feed.Take(10).changes.jobs.size());
+    Message line(msg_Output);
+    line.Set(p_Id, "1").Set("Line", "x").Set("Time", Time::Seconds(5).ToMicroseconds());
+    feed.OnMessage(line);
+    batch = feed.Take(10);
+    EXPECT_EQ(Time::Seconds(5), batch.lines.back().came) << "not the time of its coming here";
+    EXPECT_EQ(Time::Seconds(5), batch.changes.output["1"].lines.back().came);
 }

@@ -134,6 +134,18 @@ TEST(LineMarksTest, ABatchOfOneSecondTakesOneEntryAndTheDayIsToldWhereItChanges)
     EXPECT_EQ(times.Entries(), 1u);
     EXPECT_EQ(times.Cells(), 8) << "one day is left";
     EXPECT_EQ(times.TextOf(0), date.substr(11));
+    {
+        const ArrivalTimes::AllCame then(&times, Time::Seconds(now - 5));
+        times.LineInserted(2);
+    }
+    {
+        const ArrivalTimes::AllCame nobodyKnows(&times, Time());
+        times.LineInserted(3);
+    }
+    times.LineInserted(4);
+    EXPECT_EQ(times.Of(2), Time::Seconds(now - 5)) << "told by somebody else";
+    EXPECT_FALSE(times.Of(3));
+    EXPECT_EQ(times.Of(4), Time::Seconds(now));
 }
 
 TEST(LineMarksTest, ALineIsAskedForByNumberDistanceAndShare)

@@ -31,6 +31,29 @@ ArrivalTimes::ArrivalTimes(int known, Clock clock) : m_Clock(std::move(clock)), 
     }
 }
 
+ArrivalTimes::AllCame::AllCame(ArrivalTimes* times, Time came) : m_Times(times)
+{
+    if (m_Times)
+    {
+        m_Times->m_Came = came;
+    }
+}
+
+ArrivalTimes::AllCame::~AllCame()
+{
+    if (m_Times)
+    {
+        m_Times->m_Came.reset();
+    }
+}
+
+// 0 stands for nobody's knowledge; so does what does not fit.
+uint32_t ArrivalTimes::SecondNow() const
+{
+    const int64_t second = (m_Came ? *m_Came : m_Clock()).ToSeconds();
+    return second < 0 || second > UINT32_MAX ? 0 : static_cast<uint32_t>(second);
+}
+
 size_t ArrivalTimes::RunOf(int line) const
 {
     const auto after =
@@ -75,8 +98,8 @@ int ArrivalTimes::Cells() const
 
 void ArrivalTimes::LineInserted(int line)
 {
-    const auto second = static_cast<uint32_t>(std::max<int64_t>(m_Clock().ToSeconds(), 1));
-    const int  count = m_Count++;
+    const uint32_t second = SecondNow();
+    const int      count = m_Count++;
     if (line < count)
     {
         InsertAt(line, second);

@@ -21,6 +21,20 @@ public:
     /// `known`: lines that are there already, of which nobody knows.
     explicit ArrivalTimes(int known, Clock clock = &Time::CurrentTime);
 
+    /// While it lives, lines have come at that time (`Time()`: nobody knows), whatever the clock
+    /// says. `times` may be null.
+    class AllCame
+    {
+    public:
+        AllCame(ArrivalTimes* times, Time came);
+        ~AllCame();
+        AllCame(const AllCame&) = delete;
+        AllCame& operator=(const AllCame&) = delete;
+
+    private:
+        ArrivalTimes* m_Times;
+    };
+
     /// None of a line that was there before, and of no line.
     std::optional<Time> Of(int line) const;
     /// The first and the last known one are of different days: a day has to be told.
@@ -52,10 +66,13 @@ private:
     void     Shift(size_t run, int by);
     void     CompareDays();
 
-    Clock    m_Clock;
-    Runs     m_Runs; ///< None has no lines.
-    uint32_t m_Erased = 0;
-    int      m_Count = 0;
-    bool     m_SpansDays = false;
+    uint32_t SecondNow() const;
+
+    Clock               m_Clock;
+    std::optional<Time> m_Came; ///< In the clock's place.
+    Runs                m_Runs; ///< None has no lines.
+    uint32_t            m_Erased = 0;
+    int                 m_Count = 0;
+    bool                m_SpansDays = false;
 };
 } // namespace textviews
