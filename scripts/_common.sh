@@ -9,6 +9,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 packages_build="build-essential cmake ninja-build ccache pkg-config libwxgtk3.2-dev libboost-dev
     libspdlog-dev nlohmann-json3-dev libpango1.0-dev libgtk-3-dev zlib1g-dev libzstd-dev libre2-dev"
 packages_display="xvfb openbox xdotool imagemagick fonts-dejavu-core librsvg2-common"
+packages_pictures="zstd"
 packages_test="libgtest-dev libxtst-dev xclip gzip zstd"
 packages_sanitizers="clang libclang-rt-dev llvm"
 packages_check="git clang clang-format clang-tidy doxygen"
