@@ -184,16 +184,18 @@ public:
         while (m_Problem.empty() && !m_HasEnded)
         {
             pollfd    input{m_Descriptor, POLLIN, 0};
-            const int ready = poll(&input, 1, 0);
+            const int ready = poll(&input, 1, m_LastRead >= kMuch ? kPatienceMs : 0);
             if (ready == 0)
             {
+                m_LastRead = 0;
                 return 0;
             }
             const ssize_t read = ready > 0 ? ::read(m_Descriptor, buffer, count) : -1;
             if (read >= 0)
             {
                 m_HasEnded = read == 0 && (input.revents & POLLHUP) != 0;
-                return static_cast<size_t>(read);
+                m_LastRead = static_cast<size_t>(read);
+                return m_LastRead;
             }
             if (errno == EAGAIN)
             {
@@ -208,8 +210,14 @@ public:
     }
 
 private:
-    int  m_Descriptor;
-    bool m_HasEnded = false;
+    // A pipe holds little. Whoever has written that much at once is about to go on, and would be
+    // read at a pipe a look if nobody waited for it.
+    static constexpr size_t kMuch = 4096; // bytes
+    static constexpr int    kPatienceMs = 10;
+
+    int    m_Descriptor;
+    size_t m_LastRead = 0;
+    bool   m_HasEnded = false;
 };
 
 bool BeginsWith(std::string_view bytes, std::string_view mark)

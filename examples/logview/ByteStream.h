@@ -14,7 +14,7 @@ public:
     virtual ~ByteStream() = default;
 
     /// The next bytes, at most so many. 0: there are none now. What may take long is not waited
-    /// for, but for a disk.
+    /// for, but for a disk, and for moments for a pipe that is written to without a break.
     virtual size_t Read(char* buffer, size_t count) = 0;
     /// Why nothing more will come, for the user; empty while all is well.
     const String& Problem() const { return m_Problem; }

@@ -1,5 +1,6 @@
 #include "logview/FileFollower.h"
 #include "tests/support/UserFolderTest.h"
+#include "tests/support/WaitFor.h"
 
 #include <unistd.h>
 
@@ -7,6 +8,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <thread>
 
 namespace
 {
@@ -295,5 +297,34 @@ TEST_F(LargeFileTest, FollowsTheStandardInput)
     EXPECT_EQ(lines.back(), m_Lines.back());
     EXPECT_GT(m_StoredLines, 0);
     EXPECT_EQ(FileFollower::State::kFollowing, follower->CurrentState());
+    dup2(kept.Get(), STDIN_FILENO);
+}
+
+// A pipe holds 64 KiB.
+TEST_F(LargeFileTest, WhoeverWritesWithoutABreakIsReadWithoutOne)
+{
+    Descriptor reading;
+    Descriptor writing;
+    ASSERT_TRUE(Descriptor::MakePipe(reading, writing));
+    const Descriptor kept(dup(STDIN_FILENO));
+    ASSERT_EQ(STDIN_FILENO, dup2(reading.Get(), STDIN_FILENO));
+    const auto   follower = Follow("-");
+    const String text = TextOf(std::vector<String>(40'000, String(99, 'x')));
+    std::thread  writer(
+        [&]
+        {
+            EXPECT_TRUE(writing.WriteAll(text.data(), text.size()));
+            writing.Close();
+        });
+    int looks = 0;
+    EXPECT_TRUE(WaitFor(
+        [&]
+        {
+            ++looks;
+            ReadAll(*follower);
+            return follower->Position() == static_cast<long long>(text.size());
+        }));
+    writer.join();
+    EXPECT_LT(looks, 30) << "of a pipe each they would be 61";
     dup2(kept.Get(), STDIN_FILENO);
 }
