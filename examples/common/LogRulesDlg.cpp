@@ -141,7 +141,7 @@ wxSizer* LogRulesDlg::NewList()
         buttons->Add(button, 0, wxEXPAND);
     }
     column->Add(buttons, 0, wxEXPAND | wxTOP, kGap);
-    column->Add(NewButton(wxGetTranslation("&Standard Rules"), &LogRulesDlg::Restore), 0,
+    column->Add(NewButton(wxGetTranslation("&Standard Rules"), &LogRulesDlg::RestoreRules), 0,
                 wxEXPAND | wxTOP, kGap);
     return column;
 }
@@ -342,7 +342,7 @@ void LogRulesDlg::Move(int by)
     }
 }
 
-void LogRulesDlg::Restore()
+void LogRulesDlg::RestoreRules()
 {
     m_Rules = wxStandardTextRules();
     FillList(0);

@@ -43,7 +43,7 @@ private:
     void MoveUp() { Move(-1); }
     void MoveDown() { Move(1); }
     void Move(int by);
-    void Restore();
+    void RestoreRules();
     void PickColour();
 
     std::vector<wxTextRule> m_Rules;

@@ -30,8 +30,8 @@ public:
     const std::vector<Path>& Files() const { return m_Reader.FileNames(); }
     bool                     IsMerged() const { return m_Reader.FileNames().size() > 1; }
     bool                     IsInput() const; ///< The standard input is in it.
-    /// How it is called among the pages; at first by the names of the files without their folders.
-    void     SetName(const String& name) { m_Name = name; }
+    /// Gives it its name among the pages; at first by the names of the files without their folders.
+    void     CallIt(const String& name) { m_Name = name; }
     wxString Title() const;    ///< That name, if need be shortened.
     wxString FullName() const; ///< In one line, whatever it holds.
     /// One line about the file: where it is, how much of it is shown, or what is wrong.

@@ -296,7 +296,7 @@ void LogViewFrame::NamePages()
     for (size_t i = 0; i < pages.size(); ++i)
     {
         const wxString before = pages[i]->Title();
-        pages[i]->SetName(names[i]);
+        pages[i]->CallIt(names[i]);
         if (pages[i]->Title() != before)
         {
             m_Pages->SetCaption(pages[i], pages[i]->Title());
