@@ -261,18 +261,18 @@ TEST_F(MatchesViewTest, HasTheRulesAndCommandsOfTheView)
     ClickRow(1);
     EXPECT_TRUE(WaitFor([this] { return m_View->GetSelectionEnd() == 290; }));
     Press(WXK_F2, wxMOD_CONTROL);
-    EXPECT_EQ(m_View->GetBookmarks(), std::vector<int>{290});
+    EXPECT_TRUE(WaitFor([this] { return m_View->GetBookmarks() == std::vector<int>{290}; }));
     ClickRow(3);
     EXPECT_TRUE(WaitFor([this] { return m_View->GetSelectionEnd() == 292; }));
     Press(WXK_F2);
-    EXPECT_EQ(m_View->GetSelectionEnd(), 290);
+    EXPECT_TRUE(WaitFor([this] { return m_View->GetSelectionEnd() == 290; }));
     Press(WXK_F8);
     EXPECT_TRUE(WaitFor([this] { return m_View->GetSelectionEnd() == 300; }));
 
     // A part of a line stays on it when others come before.
     PointAtRow(5);
     wxUIActionSimulator().MouseDblClick();
-    PumpEvents();
+    EXPECT_TRUE(WaitFor([this] { return !Matches().GetSelectedPart().empty(); }));
     const String part = Matches().GetSelectedPart();
     EXPECT_TRUE(part == "line" || part == "294") << part.c_str();
     m_View->Append("a line 29", true);
