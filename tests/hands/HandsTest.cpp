@@ -25,6 +25,7 @@
 
 #include <gtk/gtk.h>
 
+#include <algorithm>
 #include <map>
 #include <set>
 #include <sstream>
@@ -58,6 +59,33 @@ bool IsInPlace(const wxWindow* control)
     GtkAllocation place;
     gtk_widget_get_allocation(control->GetHandle(), &place);
     return !control->IsShown() || control->GetPosition() == wxPoint(place.x, place.y);
+}
+
+// Whether a scrollbar of the view is about to come or to go, which follows the view's size a moment
+// later and takes along what stands beside it.
+bool IsScrollbarDue(const wxWindow* window)
+{
+    constexpr int     kRoom = 64; // pixels: smaller views have none
+    const auto* const view = dynamic_cast<const wxDoubleBufferedWindow*>(window);
+    if (!view || !view->IsShownOnScreen() || view->GetSize().x < kRoom || view->GetSize().y < kRoom)
+    {
+        return false;
+    }
+    const auto isDue = [view](int orientation)
+    {
+        const bool isNeeded = view->GetScrollRange(orientation) > view->GetScrollThumb(orientation);
+        const bool isThere = view->wxWindow::GetScrollRange(orientation) >
+                             view->wxWindow::GetScrollThumb(orientation);
+        return isNeeded != isThere;
+    };
+    return isDue(wxHORIZONTAL) || isDue(wxVERTICAL);
+}
+
+bool IsAnyScrollbarDueIn(const wxWindow* window)
+{
+    const wxWindowList& children = window->GetChildren();
+    return IsScrollbarDue(window) ||
+           std::any_of(children.begin(), children.end(), IsAnyScrollbarDueIn);
 }
 
 enum Number
@@ -210,6 +238,7 @@ void HandsTest::Settle()
         m_Page->Layout();
         m_Page->Refresh();
         EXPECT_TRUE(WaitFor([&] { return painted.Count() > 0; }));
+        EXPECT_TRUE(WaitFor([this] { return !IsAnyScrollbarDueIn(m_Page); }));
     }
     PumpEvents();
 }
