@@ -1,5 +1,6 @@
 #include "internal/scrolling/ScrollModel.h"
 #include "textviews/escapes/ShownLines.h"
+#include "textviews/follow/OwnMove.h"
 #include "textviews/gutter/Gutter.h"
 #include "textviews/lines/LineStore.h"
 #include "textviews/lines/TextGeometry.h"
@@ -90,6 +91,7 @@ textviews::TextAnchor wxTextLineCtrl::TopAnchor() const
 
 void wxTextLineCtrl::GoToAnchor(const textviews::TextAnchor& anchor)
 {
+    const textviews::OwnMove move(m_MayFollow);
     if (IsWrapped())
     {
         GoToTop(Wrap().TopOf(anchor));
@@ -128,9 +130,11 @@ void wxTextLineCtrl::SettleTop()
 {
     if (IsWrapped())
     {
+        const textviews::OwnMove move(m_MayFollow);
         const textviews::ViewTop top = TopNow();
         AdjustScrollbars();
         GoToTop(top);
+        TellFollowing();
     }
 }
 

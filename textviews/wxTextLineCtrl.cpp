@@ -7,6 +7,7 @@
 #include "textviews/drawing/FontExtents.h"
 #include "textviews/drawing/StyleColours.h"
 #include "textviews/escapes/ShownLines.h"
+#include "textviews/follow/OwnMove.h"
 #include "textviews/gutter/Gutter.h"
 #include "textviews/lines/LineStore.h"
 #include "textviews/lines/TextGeometry.h"
@@ -252,6 +253,7 @@ int wxTextLineCtrl::DropOldest()
     }
     else if (!follows)
     {
+        const textviews::OwnMove move(m_MayFollow);
         ScrollTo(wxVERTICAL, position - static_cast<long long>(count) * m_LineHeight);
     }
     return count;
