@@ -61,8 +61,7 @@ JobList::JobList(wxWindow* parent, FarmJobs& jobs, Actions actions)
          [this](wxCommandEvent& event)
          {
              event.Skip();
-             m_Closed.OpenNew(*this);
-             BringBack();
+             OnArranged();
              m_Actions.selectionChanged(); // whatever was asked for meanwhile
              if (const auto where = std::exchange(m_MenuDue, std::nullopt))
              {
@@ -104,7 +103,7 @@ void JobList::RestoreLayout()
 
 void JobList::SaveLayout()
 {
-    m_Closed.Note(*this);
+    NoteClosed();
     OptionsFile&                      options = Application::the_Application->Options();
     const OptionsFile::PauseAutoWrite pause(options);
     SaveColumnLayout(kSection, kWidths);
@@ -167,11 +166,19 @@ void JobList::Arrange()
 {
     m_IsListStale = false;
     m_Model.now = Time::CurrentTime();
-    m_Closed.Note(*this);
+    NoteClosed();
     if (m_Grouping == JobGrouping::kState)
     {
         Keep(); // what has another state moves to another group
     }
+    ArrangeRows();
+}
+
+// While a menu is open the list may have rows ready that are shown once it is closed.
+void JobList::ArrangeRows()
+{
+    m_IsOldDue = IsArranging();
+    m_IsOutdated = true;
     m_Model.rows.Arrange(m_Jobs.InOrder(), m_Grouping, m_ShowsFrames);
     ModelChanged();
 }
@@ -195,13 +202,12 @@ void JobList::ShowFrames(bool show)
 void JobList::ArrangeAs(JobGrouping grouping, bool showsFrames)
 {
     m_IsListStale = false;
-    m_Closed.Note(*this);
+    NoteClosed();
     Keep();
     m_Closed.StartAnew();
     m_Grouping = grouping;
     m_ShowsFrames = showsFrames;
-    m_Model.rows.Arrange(m_Jobs.InOrder(), m_Grouping, m_ShowsFrames);
-    ModelChanged();
+    ArrangeRows();
 }
 
 String JobList::GetDisplayText(int row, int column)

@@ -70,11 +70,14 @@ private:
     void OnTick() override;
     void Arrange();
     void ArrangeAs(JobGrouping grouping, bool showsFrames);
+    void ArrangeRows();
     void DrawProgress(wxDC& dc, wxDBTreeNode node, const wxRect& rect);
 
     /// @name Groups and what moves between them
     /// @{
     void                                  Keep();
+    void                                  NoteClosed();
+    void                                  OnArranged();
     void                                  BringBack();
     void                                  OpenAgain(const std::vector<Kept>& moved);
     std::unordered_map<wxDBTreeNode, int> RowsByNode();
@@ -94,7 +97,9 @@ private:
     std::vector<Kept>        m_Kept;
     jobwidgets::ClosedGroups m_Closed;
     bool                     m_ShowsFrames = false;
-    bool                     m_IsStale = true;
-    bool                     m_IsListStale = true;
-    std::optional<wxPoint>   m_MenuDue; ///< Where the menu is to be shown once rows are arranged.
+    bool m_IsOutdated = false; ///< The rows that are shown are older than the model.
+    bool m_IsOldDue = false;   ///< So are those that are shown next.
+    bool m_IsStale = true;
+    bool m_IsListStale = true;
+    std::optional<wxPoint> m_MenuDue; ///< Where the menu is to be shown once rows are arranged.
 };

@@ -73,7 +73,7 @@ std::vector<FrameId> JobList::SelectedFrames()
 // Notes what the user has made of the rows, before jobs come to stand elsewhere.
 void JobList::Keep()
 {
-    if (!m_Kept.empty() || IsArranging())
+    if (!m_Kept.empty() || m_IsOutdated)
     {
         return; // the rows that are shown are older than the model already
     }
@@ -110,6 +110,27 @@ std::unordered_map<wxDBTreeNode, int> JobList::RowsByNode()
     return rows;
 }
 
+void JobList::NoteClosed()
+{
+    if (!m_IsOutdated)
+    {
+        m_Closed.Note(*this);
+    }
+}
+
+// The rows that have been made stand for what the model has, unless they were made before it got
+// that: others follow them then.
+void JobList::OnArranged()
+{
+    const bool isOld = std::exchange(m_IsOldDue, false) && IsArranging();
+    m_IsOutdated = m_IsOutdated && isOld;
+    if (!m_IsOutdated)
+    {
+        m_Closed.OpenNew(*this);
+        BringBack();
+    }
+}
+
 void JobList::BringBack()
 {
     std::vector<Kept> moved = std::exchange(m_Kept, {});
@@ -119,7 +140,7 @@ void JobList::BringBack()
         return path.empty() || path == kept.path;
     };
     moved.erase(std::remove_if(moved.begin(), moved.end(), isInPlace), moved.end());
-    if (moved.empty() || IsArranging())
+    if (moved.empty())
     {
         return;
     }
