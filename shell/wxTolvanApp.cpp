@@ -7,8 +7,10 @@
 #include "internal/port/HiddenFrames.h"
 #include "internal/port/MenuReports.h"
 #include "internal/port/PressedWindow.h"
+#include "internal/port/ToolTips.h"
 #include "shell/OpenWindows.h"
 #include "shell/app/LayoutWatch.h"
+#include "shell/app/PointerWatch.h"
 #include "shell/app/ProgramWords.h"
 #include "shell/app/TopWindow.h"
 #include "shell/app/wxTolvanLog.h"
@@ -125,9 +127,11 @@ bool wxTolvanApp::OnInit()
     wxLogStatus("Set wxLog to use VestaLib Log");
     m_TopWindowWatch = std::make_unique<shell::TopWindowWatch>();
     m_LayoutWatch = std::make_unique<shell::LayoutWatch>();
+    m_PointerWatch = std::make_unique<shell::PointerWatch>();
     internal::EndOldMenuReports();
     internal::KeepPressedWindow();
     internal::ForgetHiddenFrames();
+    internal::KeepToolTipsBelow();
     ConnectSignals();
     wxSystemOptions::SetOption("msw.notebook.themed-background", 0);
 
@@ -257,6 +261,7 @@ int wxTolvanApp::OnExit()
     }
     Options().WriteOut();
     HasSlots::DisconnectAll();
+    m_PointerWatch.reset();
     m_LayoutWatch.reset();
     m_TopWindowWatch.reset();
     ExitedSignal.Emit();

@@ -14,6 +14,7 @@
 namespace shell
 {
 class LayoutWatch;
+class PointerWatch;
 class TopWindowWatch;
 } // namespace shell
 class wxTolvanApp;
@@ -112,6 +113,7 @@ private:
 
     std::unique_ptr<shell::TopWindowWatch> m_TopWindowWatch;
     std::unique_ptr<shell::LayoutWatch>    m_LayoutWatch;
+    std::unique_ptr<shell::PointerWatch>   m_PointerWatch;
     std::atomic<bool>                      m_IsToClose{false}; ///< Asked, and not done yet.
 
     wxDECLARE_EVENT_TABLE();

@@ -12,4 +12,11 @@ namespace internal
 void SetToolTipHere(wxWindow& window, const wxString& text);
 /// Hides what is open, too.
 void UnsetToolTipHere(wxWindow& window);
+
+/// Has the port look whether a tooltip is to be open where the pointer is.
+void LookAtToolTip(const wxWindow& window);
+
+/// From now on no tooltip opens in a window below a menu or a modal dialog, as the port would have
+/// it, over those. Main thread, when the port has started.
+void KeepToolTipsBelow();
 } // namespace internal

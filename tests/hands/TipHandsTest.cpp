@@ -1,8 +1,12 @@
 #include "appearance/wxTolvanString.h"
+#include "appearance/wxtCheckBox.h"
 #include "listviews/wxDBListBody.h"
 #include "listviews/wxDBListHeader.h"
 #include "listviews/wxtListCtrl.h"
 #include "tests/hands/HandsTest.h"
+#include "tests/support/EventCounter.h"
+
+#include <gtk/gtk.h>
 
 namespace
 {
@@ -26,9 +30,74 @@ protected:
             << text << " at " << left << ", the pointer at " << screen.x;
     }
 
+    /// Whether one would be shown where the pointer is.
+    static bool HasTip(const wxWindow& window)
+    {
+        auto* const tip = static_cast<GtkTooltip*>(g_object_new(GTK_TYPE_TOOLTIP, nullptr));
+        gboolean    isShown = FALSE;
+        g_signal_emit_by_name(window.m_wxwindow, "query-tooltip", 1, 1, FALSE, tip, &isShown);
+        g_object_unref(tip);
+        return isShown;
+    }
+
+    /// A window has all input from now on, as a dialog has, until `LetIn`.
+    void ShutOut()
+    {
+        m_Above = new wxFrame(m_Frame, wxID_ANY, "Above", m_Frame->GetScreenPosition(),
+                              wxSize(100, 40), wxFRAME_FLOAT_ON_PARENT);
+        gtk_window_set_modal(GTK_WINDOW(m_Above->GetHandle()), TRUE);
+        m_Above->Show();
+        EXPECT_TRUE(WaitFor([] { return gtk_grab_get_current() != nullptr; }));
+        PumpEvents();
+    }
+
+    void LetIn()
+    {
+        m_Above->Destroy();
+        EXPECT_TRUE(WaitFor([] { return gtk_grab_get_current() == nullptr; }));
+    }
+
+    wxWeakRef<wxFrame> m_Above;
+
     static constexpr int kNear = 70; // pixels; tips are centred
 };
 } // namespace
+
+// Whatever the pointer does there.
+TEST_F(TipHandsTest, NoTipIsShownBelowAWindowThatHasTheInput)
+{
+    auto* const list = First<wxtListCtrl>();
+    list->SetColumnWidth(0, 150);
+    auto* const header = list->GetHeader();
+    ExpectTip(header, wxPoint(50, 10), "Name");
+    ShutOut();
+    EXPECT_TRUE(WaitFor([&] { return m_Hand.TipLeft() == -1; }));
+    auto* const above = new wxtCheckBox(m_Above, wxID_ANY, "Above");
+    above->SetToolTip("What is there");
+    EXPECT_FALSE(HasTip(*header)) << "the pointer is on it";
+    EXPECT_TRUE(HasTip(*above));
+    LetIn();
+    EXPECT_TRUE(HasTip(*header));
+}
+
+TEST_F(TipHandsTest, WhatThePointerLeavesBelowSuchAWindowHearsOfIt)
+{
+    wxWindow* const    button = Named("Normal");
+    const EventCounter left(button, wxEVT_LEAVE_WINDOW);
+    for (const bool leaves : {false, true})
+    {
+        Do(button, "leave enter");
+        const int before = left.Count();
+        ShutOut();
+        if (leaves)
+        {
+            Do(button, "leave");
+        }
+        LetIn();
+        PumpEvents();
+        EXPECT_EQ(leaves ? 1 : 0, left.Count() - before);
+    }
+}
 
 TEST_F(TipHandsTest, ATipComesUpWhereItsTextLies)
 {
