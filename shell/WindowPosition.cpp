@@ -44,6 +44,11 @@ bool Place(wxWindow* window, const String& text, const String& frameExtents, int
     wxRect place = *geometry;
     place.Offset(offset, offset);
     auto* const top = window->IsTopLevel() ? dynamic_cast<wxTopLevelWindow*>(window) : nullptr;
+    if (top && !top->IsShown())
+    {
+        // A new window says that it is in the screen's corner: the toolkit would not take it there.
+        top->Move(place.GetPosition() + wxPoint(1, 1));
+    }
     if (!top || top->IsShown() || !shell::PlaceWithFrame(*top, place, frameExtents))
     {
         window->SetSize(place, wxSIZE_AUTO);

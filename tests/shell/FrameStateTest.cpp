@@ -14,8 +14,8 @@ namespace
 class MainFrame : public wxTolvanFrame
 {
 public:
-    explicit MainFrame(const wxSize& size = wxSize(500, 300))
-        : wxTolvanFrame("Main", wxPoint(100, 120), size)
+    explicit MainFrame(const wxSize& size = wxSize(500, 300), const wxPoint& place = {100, 120})
+        : wxTolvanFrame("Main", place, size)
     {
     }
     void Finish() { m_Built = true; }
@@ -43,9 +43,8 @@ protected:
     static OptionsFile& Options() { return TestApp::Get().Options(); }
 
     // As a program does: positions first, then the window is shown.
-    static MainFrame* Open()
+    static MainFrame* Open(MainFrame* frame = new MainFrame)
     {
-        auto* const frame = new MainFrame;
         frame->LoadWindowPosition();
         frame->Finish();
         frame->Show();
@@ -135,6 +134,24 @@ TEST_F(FrameStateTest, UnusablePlacesCentreTheWindow)
                        std::abs(middle.y - area.height / 2) < 60;
             }))
             << text << ": " << frame->GetPosition().x << ", " << frame->GetPosition().y;
+    }
+}
+
+TEST_F(FrameStateTest, AFrameComesBackToItsPlace)
+{
+    const wxRect  area = wxDisplay(0u).GetClientArea();
+    const wxPoint corner = area.GetPosition();
+    const wxSize  large = area.GetSize() * 3 / 4; // a window manager would centre it
+    for (const wxPoint& place : {corner, corner + wxPoint(30, 40)})
+    {
+        const wxRect geometry(place, large);
+        Options().SetValue("Window", "Window", internal::FormatGeometry(geometry));
+        Options().SetValue("Window", "Frame", "1, 1, 20, 5");
+        MainFrame* const frame = Open(new MainFrame(wxDefaultSize, wxDefaultPosition));
+        EXPECT_EQ(internal::FormatGeometry(wxRect(place, frame->GetSize())),
+                  internal::FormatGeometry(frame->GetRect()));
+        frame->Destroy();
+        WaitFor([] { return !wxTolvanFrame::s_Frame; });
     }
 }
 
