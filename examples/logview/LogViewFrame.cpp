@@ -393,6 +393,13 @@ LogPage* LogViewFrame::PageInUse() const
     return dynamic_cast<LogPage*>(m_Pages->PageInUse());
 }
 
+// The user goes on there when a dialog of a command is closed.
+wxTopLevelWindow* LogViewFrame::WindowInUse()
+{
+    LogPage* const page = PageInUse();
+    return page ? dynamic_cast<wxTopLevelWindow*>(wxGetTopLevelParent(page)) : this;
+}
+
 void LogViewFrame::ShowStatus()
 {
     const LogPage* const page = CurrentPage();
@@ -433,17 +440,14 @@ void LogViewFrame::OnFollow(wxCommandEvent&)
 
 void LogViewFrame::OnFullScreen(wxCommandEvent&)
 {
-    const LogPage* const page = PageInUse();
-    auto* const          window =
-        page ? dynamic_cast<wxTopLevelWindow*>(wxGetTopLevelParent(const_cast<LogPage*>(page)))
-                      : this;
+    wxTopLevelWindow* const window = WindowInUse();
     window->ShowFullScreen(!window->IsFullScreen(), wxFULLSCREEN_NOBORDER | wxFULLSCREEN_NOCAPTION);
 }
 
 void LogViewFrame::OnPreferences(wxCommandEvent&)
 {
     const auto     makeLook = [](wxWindow* parent) { return new LogLookChoice(parent); };
-    PreferencesDlg dialog(this, {{wxGetTranslation("Logs"), makeLook, false}});
+    PreferencesDlg dialog(WindowInUse(), {{wxGetTranslation("Logs"), makeLook, false}});
     dialog.ShowModal();
 }
 
@@ -451,7 +455,7 @@ void LogViewFrame::OnAbout(wxCommandEvent&)
 {
     wxtAboutBox(AboutInfo(wxGetTranslation("Tolvan Log Viewer"),
                           wxGetTranslation("Shows log files and follows them as they grow.")),
-                this);
+                WindowInUse());
 }
 
 void LogViewFrame::OnTextCommand(wxCommandEvent& event)

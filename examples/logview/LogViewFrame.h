@@ -41,6 +41,8 @@ private:
     LogPage* PageInUse() const;
     void     FocusText();
 
+    wxTopLevelWindow* WindowInUse();
+
     std::vector<LogPage*> AllPages() const;
     void                  NamePages();
 

@@ -122,9 +122,9 @@ void LogViewFrame::OnOpen(wxCommandEvent&)
     const Path           folder = page && !FileFollower::IsInput(page->File())
                                       ? Path(AbsoluteName(page->File())).Branch()
                                       : Path();
-    wxFileDialog         dialog(this, wxGetTranslation("Open"), wxtToWx(folder.Text()), wxString(),
-                                wxFileSelectorDefaultWildcardStr,
-                                wxFD_OPEN | wxFD_MULTIPLE | wxFD_FILE_MUST_EXIST);
+    wxFileDialog dialog(WindowInUse(), wxGetTranslation("Open"), wxtToWx(folder.Text()), wxString(),
+                        wxFileSelectorDefaultWildcardStr,
+                        wxFD_OPEN | wxFD_MULTIPLE | wxFD_FILE_MUST_EXIST);
     if (dialog.ShowModal() != wxID_OK)
     {
         return;
@@ -136,7 +136,7 @@ void LogViewFrame::OnOpen(wxCommandEvent&)
 
 void LogViewFrame::OnOpenFolder(wxCommandEvent&)
 {
-    wxDirDialog dialog(this, wxGetTranslation("Open Folder"), wxString(),
+    wxDirDialog dialog(WindowInUse(), wxGetTranslation("Open Folder"), wxString(),
                        wxDD_DEFAULT_STYLE | wxDD_DIR_MUST_EXIST);
     if (dialog.ShowModal() == wxID_OK)
     {
@@ -156,7 +156,8 @@ void LogViewFrame::OnMerge(wxCommandEvent&)
         }
     }
     const LogPage* const current = PageInUse();
-    MergeFilesDlg dialog(this, current && current->IsMerged() ? current->Files() : open, open);
+    MergeFilesDlg dialog(WindowInUse(), current && current->IsMerged() ? current->Files() : open,
+                         open);
     if (dialog.ShowModal() == wxID_OK)
     {
         MergeFiles(dialog.Chosen());

@@ -11,6 +11,8 @@ namespace internal
 {
 namespace
 {
+bool s_areRefused = false;
+
 bool IsBelowOther(GtkWidget* widget)
 {
     GtkWidget* const holder = gtk_grab_get_current();
@@ -22,7 +24,7 @@ bool IsBelowOther(GtkWidget* widget)
 gboolean MayShow(GtkWidget* widget, gint x, gint y, gboolean isByKey, GtkTooltip* tip)
 {
     gboolean isShown = FALSE;
-    if (!IsBelowOther(widget))
+    if ((!s_areRefused || isByKey) && !IsBelowOther(widget))
     {
         g_signal_chain_from_overridden_handler(widget, x, y, isByKey, tip, &isShown);
     }
@@ -57,6 +59,11 @@ void SetToolTipHere(wxWindow& window, const wxString& text)
         UnsetToolTipHere(window);
         window.SetToolTip(text);
     }
+}
+
+void RefuseToolTips(bool refuse)
+{
+    s_areRefused = refuse;
 }
 
 void KeepToolTipsBelow()

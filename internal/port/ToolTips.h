@@ -16,6 +16,9 @@ void UnsetToolTipHere(wxWindow& window);
 /// Has the port look whether a tooltip is to be open where the pointer is.
 void LookAtToolTip(const wxWindow& window);
 
+/// While tooltips are refused the pointer opens none, whatever the port takes for a reason.
+void RefuseToolTips(bool refuse);
+
 /// From now on no tooltip opens in a window below a menu or a modal dialog, as the port would have
 /// it, over those. Main thread, when the port has started.
 void KeepToolTipsBelow();

@@ -34,6 +34,7 @@ PointerWatch::~PointerWatch()
 int PointerWatch::FilterEvent(wxEvent& event)
 {
     const wxEventType type = event.GetEventType();
+    NoteTyping(event);
     if (type == wxEVT_ENTER_WINDOW || type == wxEVT_MOTION)
     {
         auto* const window = dynamic_cast<wxWindow*>(event.GetEventObject());
@@ -53,6 +54,23 @@ int PointerWatch::FilterEvent(wxEvent& event)
         TellThoseLetIn();
     }
     return Event_Skip;
+}
+
+// The port looks for a tooltip again when a window opens or a tooltip is set anywhere, and tells of
+// the pointer then, too.
+void PointerWatch::NoteTyping(const wxEvent& event)
+{
+    const wxEventType type = event.GetEventType();
+    if (type == wxEVT_CHAR_HOOK || type == wxEVT_KEY_DOWN)
+    {
+        m_TypedAt = wxGetMousePosition();
+        internal::RefuseToolTips(true);
+    }
+    else if (m_TypedAt && type == wxEVT_MOTION && wxGetMousePosition() != *m_TypedAt)
+    {
+        m_TypedAt.reset();
+        internal::RefuseToolTips(false);
+    }
 }
 
 void PointerWatch::NoteShutOut()

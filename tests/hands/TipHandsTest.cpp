@@ -80,6 +80,18 @@ TEST_F(TipHandsTest, NoTipIsShownBelowAWindowThatHasTheInput)
     EXPECT_TRUE(HasTip(*header));
 }
 
+TEST_F(TipHandsTest, NoTipComesUpWhileSomebodyTypes)
+{
+    auto* const list = First<wxtListCtrl>();
+    list->SetColumnWidth(0, 150);
+    auto* const header = list->GetHeader();
+    ExpectTip(header, wxPoint(50, 10), "Name");
+    Do(Named("Normal"), "focus a");
+    EXPECT_FALSE(HasTip(*header));
+    ExpectTip(header, wxPoint(60, 10), "Name");
+    EXPECT_TRUE(HasTip(*header));
+}
+
 TEST_F(TipHandsTest, WhatThePointerLeavesBelowSuchAWindowHearsOfIt)
 {
     wxWindow* const    button = Named("Normal");
