@@ -14,6 +14,7 @@
 
 #include <wx/app.h>
 #include <wx/control.h>
+#include <wx/dcclient.h>
 #include <wx/utils.h>
 
 #include <utility>
@@ -32,6 +33,12 @@ JobPanel::JobPanel(wxWindow* parent, const FarmJobs& jobs, const FarmJob& job, O
     CreateInfrastructure(wxGetTranslation("Shows or hides the job's details"), true);
     UnsetToolTip(); // over the details it would only be in the way
     Bind(wxEVT_BUTTON, &JobPanel::OnToggle, this, id_Expand);
+    Bind(wxEVT_SIZE,
+         [this](wxSizeEvent& event)
+         {
+             event.Skip();
+             FitCaption();
+         });
     if (IsExpanded())
     {
         BuildContent();
@@ -72,19 +79,34 @@ void JobPanel::ShowCaption(const FarmJob& job)
     {
         return;
     }
-    m_CollapsedCaption = wxControl::EscapeMnemonics(wxtToWx(text));
-    m_ExpandedCaption = m_CollapsedCaption;
-    wxWindow* const caption = FindWindow(id_Caption);
-    if (auto* const label = dynamic_cast<wxtStaticText*>(caption))
+    if (auto* const label = dynamic_cast<wxtStaticText*>(FindWindow(id_Caption)))
     {
         label->m_ForegroundName = wxtJobStateColor(job.state);
         label->KeepReadable();
     }
-    if (caption)
+    FitCaption();
+}
+
+// As much as there is room for: the state is at its end.
+void JobPanel::FitCaption()
+{
+    wxWindow* const caption = FindWindow(id_Caption);
+    if (!caption)
+    {
+        return;
+    }
+    const wxClientDC dc(caption);
+    const int        room = GetClientSize().x - caption->GetPosition().x;
+    const wxString   text = wxtToWx(m_ShownCaption);
+    const wxString   fitting =
+        wxControl::Ellipsize(text, dc, wxELLIPSIZE_MIDDLE, room, wxELLIPSIZE_FLAGS_NONE);
+    m_CollapsedCaption = wxControl::EscapeMnemonics(fitting);
+    m_ExpandedCaption = m_CollapsedCaption;
+    if (caption->GetLabel() != m_CollapsedCaption)
     {
         caption->SetLabel(m_CollapsedCaption);
+        Layout();
     }
-    Layout();
 }
 
 bool JobPanel::ShowDetails(const FarmJob& job)

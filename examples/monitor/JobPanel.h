@@ -33,6 +33,7 @@ public:
 
 private:
     void ShowCaption(const FarmJob& job);
+    void FitCaption();
     bool ShowDetails(const FarmJob& job);
     void BuildContent();
     void OnToggle(wxCommandEvent& event);
