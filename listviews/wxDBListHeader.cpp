@@ -188,6 +188,8 @@ void wxDBListHeader::OnLUp(wxMouseEvent& event)
 {
     CALL_ENTRY("wxDBListHeader::OnLUp");
     LetMouseGo();
+    // The title that was pressed is not the one that the pointer rests on now.
+    m_PointerX = GetClientRect().Contains(event.GetPosition()) ? event.GetX() : -1;
     if (IsResizing())
     {
         m_Model.resizeStart = -1;

@@ -111,6 +111,22 @@ TEST_F(TipHandsTest, WhatThePointerLeavesBelowSuchAWindowHearsOfIt)
     }
 }
 
+TEST_F(TipHandsTest, TheTitleBelowOneThatWasDraggedIsUnderThePointer)
+{
+    auto* const list = First<wxtListCtrl>();
+    list->SetColumnWidth(0, 150);
+    auto* const header = list->GetHeader();
+    const auto  at = [&](int x) { MoveTo(header->ClientToScreen(wxPoint(x, 10))); };
+    at(50);
+    Button(1, true);
+    at(100);
+    at(165); // on the second title, where the first one stays at its place
+    Button(1, false);
+    EXPECT_EQ("Name", list->GetColumn(0).label);
+    EXPECT_TRUE(WaitFor([&] { return header->GetToolTipText() == "State"; }))
+        << header->GetToolTipText();
+}
+
 TEST_F(TipHandsTest, ATipComesUpWhereItsTextLies)
 {
     auto* const list = First<wxtListCtrl>();
