@@ -49,12 +49,13 @@ bool IsInPage(const wxWindow* window)
 }
 } // namespace
 
-// In a page they are the text's own; on a tab they are about its page.
+// In a page they are the text's own; on a tab they are about its page. Who the key was for: when it
+// has opened a dialog meanwhile, nobody has the focus yet.
 void LogViewFrame::OnKey(wxKeyEvent& event)
 {
-    wxWindow* const focused = FindFocus();
-    auto* const     text = dynamic_cast<wxTextLineCtrl*>(focused);
-    int             command = wxID_NONE;
+    auto* const focused = dynamic_cast<wxWindow*>(event.GetEventObject());
+    auto* const text = dynamic_cast<wxTextLineCtrl*>(focused);
+    int         command = wxID_NONE;
     if (text || !IsInPage(focused))
     {
         command = CommandIn(kEndKeys, event);
