@@ -6,6 +6,8 @@
 
 #include <gtk/gtk.h>
 
+#include <algorithm>
+
 namespace internal
 {
 namespace
@@ -62,11 +64,24 @@ bool WriteKey(const wxMenuItem& item, const wxAcceleratorEntry& key)
     return true;
 }
 
+// By what is written on the key in any of the keyboard's scripts: the one in use may lack the
+// letters that menus name.
 bool PressMenuKey(const wxFrame& frame, const wxKeyEvent& key)
 {
     const int flags = (key.ControlDown() ? wxACCEL_CTRL : 0) |
                       (key.ShiftDown() ? wxACCEL_SHIFT : 0) | (key.AltDown() ? wxACCEL_ALT : 0);
-    const guint port = gdk_keyval_to_lower(key.GetRawKeyCode());
-    return gtk_accel_groups_activate(G_OBJECT(frame.GetHandle()), port, PortModifiers(flags));
+    const auto press = [&](guint value)
+    {
+        return gtk_accel_groups_activate(G_OBJECT(frame.GetHandle()), gdk_keyval_to_lower(value),
+                                         PortModifiers(flags)) != FALSE;
+    };
+    guint* values = nullptr;
+    gint   count = 0;
+    gdk_keymap_get_entries_for_keycode(
+        gdk_keymap_get_for_display(gtk_widget_get_display(frame.GetHandle())), key.GetRawKeyFlags(),
+        nullptr, &values, &count);
+    const bool isPressed = press(key.GetRawKeyCode()) || std::any_of(values, values + count, press);
+    g_free(values);
+    return isPressed;
 }
 } // namespace internal
