@@ -39,6 +39,26 @@ private:
 
 /// Keeps all that it is told in one list, notes in brackets. What is stored it reads at once, in
 /// leaves as the view does.
+/// The standard input is a pipe for as long as it lives.
+class PipedInput
+{
+public:
+    PipedInput() : m_Kept(dup(STDIN_FILENO))
+    {
+        EXPECT_TRUE(Descriptor::MakePipe(m_Reading, writing));
+        EXPECT_EQ(STDIN_FILENO, dup2(m_Reading.Get(), STDIN_FILENO));
+    }
+    ~PipedInput() { dup2(m_Kept.Get(), STDIN_FILENO); }
+    PipedInput(const PipedInput&) = delete;
+    PipedInput& operator=(const PipedInput&) = delete;
+
+    Descriptor writing;
+
+private:
+    Descriptor m_Kept;
+    Descriptor m_Reading;
+};
+
 class LargeFileTest : public UserFolderTest
 {
 protected:
@@ -272,49 +292,40 @@ TEST_F(LargeFileTest, ABrokenArchiveShowsWhatCanBeRead)
 
 TEST_F(LargeFileTest, FollowsTheStandardInput)
 {
-    Descriptor reading;
-    Descriptor writing;
-    ASSERT_TRUE(Descriptor::MakePipe(reading, writing));
-    const Descriptor kept(dup(STDIN_FILENO));
-    ASSERT_EQ(STDIN_FILENO, dup2(reading.Get(), STDIN_FILENO));
+    PipedInput input;
     const auto follower = Follow("-");
     ReadAll(*follower); // nothing yet: it does not wait
     const std::vector<String> lines(1000, String(29, 'x'));
-    EXPECT_TRUE(writing.WriteAll("one\ntw", 6));
+    EXPECT_TRUE(input.writing.WriteAll("one\ntw", 6));
     ReadAll(*follower);
     EXPECT_EQ("tw", m_Partial);
-    EXPECT_TRUE(writing.WriteAll("o\n", 2));
+    EXPECT_TRUE(input.writing.WriteAll("o\n", 2));
     const String text = TextOf(lines);
     for (const size_t from : {0, 15000}) // the second half is beyond what is kept in memory
     {
-        EXPECT_TRUE(writing.WriteAll(text.data() + from, 15000));
+        EXPECT_TRUE(input.writing.WriteAll(text.data() + from, 15000));
         ReadAll(*follower);
     }
-    writing.Close();
+    input.writing.Close();
     ReadAll(*follower);
     ASSERT_EQ(2 + lines.size(), m_Lines.size()) << "no note";
     EXPECT_EQ("two", m_Lines[1]);
     EXPECT_EQ(lines.back(), m_Lines.back());
     EXPECT_GT(m_StoredLines, 0);
     EXPECT_EQ(FileFollower::State::kFollowing, follower->CurrentState());
-    dup2(kept.Get(), STDIN_FILENO);
 }
 
 // A pipe holds 64 KiB.
 TEST_F(LargeFileTest, WhoeverWritesWithoutABreakIsReadWithoutOne)
 {
-    Descriptor reading;
-    Descriptor writing;
-    ASSERT_TRUE(Descriptor::MakePipe(reading, writing));
-    const Descriptor kept(dup(STDIN_FILENO));
-    ASSERT_EQ(STDIN_FILENO, dup2(reading.Get(), STDIN_FILENO));
+    PipedInput   input;
     const auto   follower = Follow("-");
     const String text = TextOf(std::vector<String>(40'000, String(99, 'x')));
     std::thread  writer(
         [&]
         {
-            EXPECT_TRUE(writing.WriteAll(text.data(), text.size()));
-            writing.Close();
+            EXPECT_TRUE(input.writing.WriteAll(text.data(), text.size()));
+            input.writing.Close();
         });
     int looks = 0;
     EXPECT_TRUE(WaitFor(
@@ -326,5 +337,4 @@ TEST_F(LargeFileTest, WhoeverWritesWithoutABreakIsReadWithoutOne)
         }));
     writer.join();
     EXPECT_LT(looks, 30) << "of a pipe each they would be 61";
-    dup2(kept.Get(), STDIN_FILENO);
 }

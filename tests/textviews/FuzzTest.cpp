@@ -1,9 +1,6 @@
+#include "tests/textviews/PanesTest.h"
 #include "tests/textviews/RandomLines.h"
-#include "tests/textviews/TextViewTest.h"
-#include "textviews/wxTextLinePanes.h"
 #include "textviews/wxTextRules.h"
-
-#include <wx/sizer.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -19,17 +16,11 @@ constexpr int kLimit = 4000;
 constexpr int kAtOnce = 100;
 
 /// A view with its pane, rules, strip and search bar, and what its lines have to be.
-class FuzzTest : public FrameTest
+class FuzzTest : public PanesTest
 {
 protected:
-    FuzzTest() : m_Panes(new wxTextLinePanes(Frame()))
+    FuzzTest()
     {
-        m_View = new TestView(m_Panes->GetViewParent());
-        m_Panes->ShowView(m_View);
-        auto* const sizer = new wxBoxSizer(wxVERTICAL);
-        sizer->Add(m_Panes, 1, wxEXPAND);
-        Frame()->SetSizer(sizer);
-        Frame()->Layout();
         m_View->SetLineLimit(kLimit);
         m_View->OfferReadingCommands(true);
         m_View->KeepArrivalTimes();
@@ -57,8 +48,6 @@ protected:
 
     std::mt19937       m_Random{20261124};
     std::deque<String> m_Lines; ///< The last of them are those of the view.
-    wxTextLinePanes*   m_Panes;
-    TestView*          m_View;
 };
 
 void FuzzTest::AppendSome()

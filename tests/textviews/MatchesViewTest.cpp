@@ -1,26 +1,17 @@
 #include "appearance/Contrast.h"
-#include "tests/textviews/TextViewTest.h"
-#include "textviews/wxTextLinePanes.h"
+#include "tests/textviews/PanesTest.h"
 #include "textviews/wxTextRules.h"
 
-#include <wx/sizer.h>
 #include <wx/uiaction.h>
 
 namespace
 {
 /// A view with a pane for the lines that match, which is open.
-class MatchesViewTest : public FrameTest
+class MatchesViewTest : public PanesTest
 {
 protected:
-    MatchesViewTest() : m_Panes(new wxTextLinePanes(Frame()))
+    MatchesViewTest()
     {
-        m_View = new TestView(m_Panes->GetViewParent());
-        m_Panes->ShowView(m_View);
-        auto* const sizer = new wxBoxSizer(wxVERTICAL);
-        sizer->Add(m_Panes, 1, wxEXPAND);
-        Frame()->SetSizer(sizer);
-        Frame()->Layout();
-        EXPECT_TRUE(WaitFor([this] { return m_View->Drawn() > 0; }));
         for (int i = 0; i < 300; ++i)
         {
             m_View->Append(SFormat("line %d", i), false);
@@ -64,9 +55,6 @@ protected:
                                                                  : wxMOUSE_BTN_RIGHT);
         PumpEvents();
     }
-
-    wxTextLinePanes* m_Panes;
-    TestView*        m_View;
 };
 } // namespace
 
