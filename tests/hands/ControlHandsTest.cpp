@@ -339,8 +339,7 @@ const Row kTexts[] = {
 
     {"corner", "click click", "follow1 follow0", ""},
     {"corner", "enter press leave release", "", ""},
-    // A view's scrollbars go and come with the scheme, and the corner moves with them.
-    {"corner", "enter press theme enter release", "follow1", ""},
+    {"corner", "enter press theme release", "follow1", ""},
     {"corner", "enter press hide leave release show", "", ""},
     {"corner", "enter press disable leave release enable", "", ""},
     {"corner", "enter press destroy leave release", "", "gone"},

@@ -563,7 +563,7 @@ bool HandsTest::DoWord(wxWindow* control, const std::string& word)
     {
         return false;
     }
-    m_Moves = m_Moves || word == "hide" || word == "show" || word == "destroy" || word == "theme";
+    m_Moves = m_Moves || word == "hide" || word == "show" || word == "destroy";
     deed->second();
     PumpEvents();
     return true;

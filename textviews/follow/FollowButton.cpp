@@ -167,6 +167,13 @@ CornerFollowButton::CornerFollowButton(wxWindow* view, std::function<void()> onC
 {
     SetName("corner");
     view->Bind(wxEVT_SIZE, &CornerFollowButton::OnViewSize, this);
+    Bind(wxEVT_LEFT_UP,
+         [this](wxMouseEvent& event)
+         {
+             event.Skip();
+             m_IsHeld = false;
+             CallAfter(&CornerFollowButton::Place); // the release is looked at where it stood
+         });
     Place();
 }
 
@@ -177,6 +184,7 @@ CornerFollowButton::~CornerFollowButton()
 
 void CornerFollowButton::OnPress()
 {
+    m_IsHeld = true;
     GetParent()->SetFocus();
 }
 
@@ -192,8 +200,14 @@ void CornerFollowButton::KeepClearOf(int pixels)
     Place();
 }
 
+// What is pressed stays under the pointer: scrollbars go and come with the scheme, say.
 void CornerFollowButton::Place()
 {
+    m_IsHeld = m_IsHeld && wxGetMouseState().LeftIsDown();
+    if (m_IsHeld)
+    {
+        return;
+    }
     const int    side = Side();
     const wxSize room = GetParent()->GetClientSize() - wxSize(kMargin + m_Right, kMargin);
     const wxRect place(room.x - side, room.y - side, side, side);

@@ -56,6 +56,7 @@ private:
     void Place();
     void OnViewSize(wxSizeEvent& event);
 
-    int m_Right = 0; ///< Pixels that something else has there.
+    bool m_IsHeld = false; ///< By the pointer: it stays where it is.
+    int  m_Right = 0;      ///< Pixels that something else has there.
 };
 } // namespace textviews
